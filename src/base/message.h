@@ -1,0 +1,22 @@
+// Lines for the console. The text of a message is data and stands beside the family that says it; its slots are
+// checked when compiling. No line ends in blanks.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "base/platform.h"
+
+namespace zaview {
+
+// Writes one line (blanks at its end are dropped) and its line end, and flushes.
+void SayLine(const Console& console, std::string_view line);
+
+template <typename... Args>
+void Say(const Console& console, fmt::format_string<Args...> text, Args&&... args) {
+  SayLine(console, fmt::format(text, std::forward<Args>(args)...));
+}
+
+}  // namespace zaview

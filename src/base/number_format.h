@@ -1,0 +1,38 @@
+// How numbers are printed: table cells, sentences, defaults of prompts. -0 prints as 0.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <fmt/format.h>
+
+namespace zaview {
+
+inline constexpr int kCellWidth = 13;  // columns of a table cell; every 4-byte value fits
+
+// A table cell without padding: 7 significant digits ("9.810000", "-1.659560E-05", "1234567.0"), "NaN", "Inf", "-Inf".
+void AppendCell(std::string& out, float value);
+
+// The same right-justified in `width` columns.
+void AppendPaddedCell(std::string& out, float value, int width = kCellWidth);
+
+// A number in a sentence or behind a label: at most 7 significant digits, no trailing zeros ("9.81", "1e-30", "NaN").
+std::string SentenceNumber(float value);
+
+// The shortest text that reads back to the same value: the default of a prompt.
+std::string DefaultNumber(float value);
+
+// For messages: Say(console, "  time= {} at step {}", Shown{t}, step).
+struct Shown {
+  float value;
+};
+
+}  // namespace zaview
+
+template <>
+struct fmt::formatter<zaview::Shown> : fmt::formatter<std::string_view> {
+  template <typename Context>
+  auto format(zaview::Shown number, Context& context) const {
+    return fmt::formatter<std::string_view>::format(zaview::SentenceNumber(number.value), context);
+  }
+};

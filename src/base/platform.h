@@ -1,0 +1,73 @@
+// The machine as this program sees it: console, files and clock, each a small record of function pointers.
+// `self` is handed back on every call. platform_posix.h fills the real ones; a test fills its own.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zaview {
+
+struct Console {
+  void* self = nullptr;
+  // One line of input without its end; false at the end of input (line is then untouched).
+  bool (*read_line)(void* self, std::string& line) = nullptr;
+  void (*write)(void* self, std::string_view text) = nullptr;
+  void (*flush)(void* self) = nullptr;
+  bool input_is_terminal = false;  // false: answers are echoed, so that a piped log reads like a session
+  // The progress line of a long load; on anything but a terminal both do nothing.
+  void (*show_progress)(void* self, std::string_view text) = nullptr;
+  void (*remove_progress)(void* self) = nullptr;
+};
+
+using FileHandle = int;
+inline constexpr FileHandle kNoFile = -1;
+
+enum class WriteHow : std::uint8_t { create_new, truncate, append };  // create_new fails if the name exists
+
+struct FileFacts {
+  bool exists = false;
+  bool plain = false;      // a regular file (links are followed)
+  bool directory = false;
+  std::int64_t size = -1;  // bytes; -1 where there is no such thing (pipes)
+  unsigned mode = 0;       // permission bits
+  std::string target;      // the name behind all links; the name itself if it is no link
+};
+
+struct Files {
+  void* self = nullptr;
+  FileHandle (*open_read)(void* self, const std::string& name) = nullptr;  // kNoFile for directories as well
+  std::int64_t (*read)(void* self, FileHandle file, char* to, std::size_t size) = nullptr;  // 0 at the end, -1: fault
+  FileHandle (*open_write)(void* self, const std::string& name, WriteHow how, unsigned mode) = nullptr;
+  bool (*write)(void* self, FileHandle file, std::string_view bytes) = nullptr;  // all or false
+  bool (*resize)(void* self, FileHandle file, std::int64_t size) = nullptr;
+  bool (*close)(void* self, FileHandle file) = nullptr;  // false: what was written is not safe
+  FileFacts (*facts)(void* self, const std::string& name) = nullptr;
+  bool (*rename)(void* self, const std::string& from, const std::string& to) = nullptr;
+  bool (*remove)(void* self, const std::string& name) = nullptr;
+  // Names in a directory ("" is the working directory), in no order; false if it can't be listed.
+  bool (*list)(void* self, const std::string& directory, std::vector<std::string>& names) = nullptr;
+};
+
+struct Clock {
+  void* self = nullptr;
+  double (*seconds)(void* self) = nullptr;  // since any fixed moment, steady
+};
+
+// The graphics window. There is none yet: `available` is what graphics commands and options ask for.
+struct WindowSystem {
+  bool available = false;
+};
+
+struct Platform {
+  Console console;
+  Files files;
+  Clock clock;
+  WindowSystem window;
+  void* self = nullptr;
+  [[noreturn]] void (*exit)(void* self, int status) = nullptr;
+};
+
+}  // namespace zaview

@@ -1,0 +1,21 @@
+// Text without a ship: trimming, capitals, columns, words. ASCII only; blanks, tabs and carriage returns are white.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zaview {
+
+[[nodiscard]] bool IsWhite(char c);                       // blank, tab, carriage return
+[[nodiscard]] std::string_view TrimEnd(std::string_view text);
+[[nodiscard]] std::string_view TrimStart(std::string_view text);
+[[nodiscard]] std::string_view Trim(std::string_view text);
+[[nodiscard]] bool IsBlank(std::string_view text);
+[[nodiscard]] std::string Capitals(std::string_view text);
+[[nodiscard]] bool StartsWith(std::string_view text, std::string_view beginning);
+[[nodiscard]] bool Contains(std::string_view text, std::string_view part);
+// Blank-padded comparison: trailing blanks don't count.
+[[nodiscard]] bool SamePadded(std::string_view a, std::string_view b);
+
+}  // namespace zaview

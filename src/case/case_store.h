@@ -1,0 +1,89 @@
+// The one case in store: its control data, its histories, the steps in use. Histories are non-dimensional, angles in
+// radians. Data only; a read fills a new store and moves it here when it is good.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "case/step_history.h"
+#include "control/control_records.h"
+
+namespace zaview {
+
+enum class FileKind : signed char {
+  standard_output = -1, unknown = 0, primary = 1, pressure = 2, geometry = 3, balance_check = 4, beam = 5
+};
+
+struct OutputLabels {  // of the preamble
+  int VERSION = 0;     // 0 or below: read as the current layout
+  bool gyre = false;
+  FileKind kind = FileKind::unknown;
+};
+
+struct GeometryFileEntry {  // of the parsing data
+  int NCOMPR = 0;
+  int SYMINPF = 0;
+  Triple GSHIFT{}, GORIG{}, GROT{};
+};
+
+struct DerivedShip {  // of the derived data echo, non-dimensional
+  double mass = 0;
+  std::array<Triple, 3> inertia{};
+  Triple centre{};  // centre of gravity in ship axes
+};
+
+// Sectional loads. Kinds 1 to 3 are vertical, horizontal and axial/torsional at X cuts, 4 to 6 the same at Y cuts.
+struct SectionLoads {
+  int ibcax = 0, IVM = 0, IHM = 0, ITM = 0, ibcay = 0, ivmy = 0, ihmy = 0, itmy = 0;
+  int NBCA = 0;    // X cuts
+  int nycut = 0;   // Y cuts
+  std::vector<Triple> x_cuts, y_cuts;  // of the derived data, ship axes, non-dimensional
+  std::vector<int> x_kinds, y_kinds;   // active kinds in file order
+};
+
+struct DerivedCache {  // which derived arrays are built
+  bool motion = false, vmgshp = false, vmgg = false, accg = false, force_ship = false, maneuver = false;
+  bool point_motion = false;
+  std::array<double, 3> point{};  // for which point_motion is built, INPUT axes and units
+};
+
+struct CaseStore {
+  std::string file_name;  // as opened
+  std::string base_name;  // without directory, ".XML" and ".out"
+  OutputLabels labels;
+  int NSHIP = 0;
+  std::vector<GeometryFileEntry> geometry_files;
+  std::vector<DerivedShip> ships;
+  std::vector<std::vector<double>> unnamed_derived;  // what stands behind the cuts, by line
+  ControlRecords control;
+  SectionLoads loads;
+
+  bool irf_case = false;
+  bool tadm_case = false;
+  bool has_case = false;  // a header has been accepted
+  bool has_other_force = true;
+  [[nodiscard]] bool time_history() const { return !irf_case && !tadm_case; }
+
+  int nstep_expected = 0;  // NSTEP of the echo
+  int first_read = 1, last_read = 0;    // steps in store
+  int first_step = 1, last_step = 0;    // steps in use, after trimming
+  int skip_effective = 0;               // initial steps left out of statistics
+  int current_step = 1;
+  [[nodiscard]] bool has_steps() const { return last_read >= first_read; }
+
+  // As read.
+  StepHistory time, pmgg, vmg, acc;
+  StepHistory force;                        // component 6 (slot - 1) + i
+  std::array<StepHistory, 6> load_force;    // [kind - 1], a component a cut
+  std::array<StepHistory, 6> load_moment;
+  StepHistory rudder_cmd, rudder_ang, prop_rps;
+
+  // Made on first need (derived_arrays.h, point_motion.h).
+  StepHistory motion, vmgshp, vmgg, accg, force_ship, maneuver, point_motion;
+  DerivedCache built;
+
+  std::vector<int> kmstep;  // key steps
+};
+
+}  // namespace zaview

@@ -1,0 +1,38 @@
+// What the user has set and what survives a read: scales, signs, delimiter, trims, skips, statistics settings. Data only.
+#pragma once
+
+#include <array>
+
+#include "base/table_text.h"
+
+namespace zaview {
+
+struct OutputScales {  // shown = stored x scale; six slots: translations, rotations
+  float T = 1;
+  std::array<float, 6> position{1, 1, 1, 1, 1, 1}, velocity{1, 1, 1, 1, 1, 1}, acceleration{1, 1, 1, 1, 1, 1};
+  std::array<float, 6> force{1, 1, 1, 1, 1, 1};
+  float load_force = 1, load_moment = 1;
+  float angle = 1;      // rudder angles, slip, heading
+  float prop_rps = 1;
+};
+
+struct OutputSettings {
+  float GRAVOUT = 9.81F, RHOOUT = 1025.0F, LENOUT = 1.0F, ANGOUT = 1.0F;
+  std::array<bool, 4> user_scale{};  // set by the user: not taken from the next file
+  OutputScales scales;               // made by set_output_scales
+  std::array<float, 6> cnvfac{1, 1, 1, 1, 1, 1};
+  Separator separator = Separator::space;
+
+  int trim_initial = 0, trim_terminal = 0, trim_abort = 200;
+  int skip_initial = -1;  // -1: the default of the case
+  int skip_terminal = 0;
+  int step_stride = 1;
+  int kmstep_interval = 1000;
+
+  float confidence_probability = 0.95F;
+  float ndtf_length = 0, ndtf_beam = 0;  // output length units; 0: not set
+  int autocorrelation_rate = 1;
+  float autocorrelation_cutoff = 0.05F;
+};
+
+}  // namespace zaview

@@ -1,0 +1,41 @@
+// Shown values of a quantity over the steps in use: stored x scale x sign factor.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/output_settings.h"
+
+namespace zaview {
+
+struct QuantityRequest {
+  int iqnt = 1;
+  int curve = 0;                    // 1..; 0: all
+  std::array<double, 3> point{};    // point quantities: INPUT axes and units
+  std::array<float, 4> missile{};   // C1..C4 of quantity 48
+};
+
+struct PlotData {
+  int n = 0;                            // points first_step, first_step + step_stride, .. last_step
+  std::vector<float> x;                 // time in output units
+  std::vector<std::vector<float>> y;    // a vector a curve asked for
+  std::vector<std::string> labels;      // the same curves
+};
+
+enum class PlotFault : std::uint8_t { none, not_valid, no_wave, no_memory, logic };
+
+[[nodiscard]] PlotFault SetPlotData(const Console& console, const OutputSettings& settings,
+                                    const QuantityRequest& request, CaseStore& case_store, PlotData& data);
+
+// The points a statistic takes: first_step + skip <= step <= last_step - skip_terminal. Indices into PlotData from 0.
+struct StatRange {
+  int first = 0;   // first point
+  int n = 0;       // points; 0 or below: too many skipped
+};
+[[nodiscard]] StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings);
+
+}  // namespace zaview

@@ -1,0 +1,19 @@
+// Motion of a ship-fixed point (x y z in INPUT axes and units) over all steps in store.
+//   r = point in ship axes less the CG; p = CG + R r; v = vmg(1:3) + R (w x r);
+//   a = R (acc(1:3) + w' x r + w x (w x r)), w = vmg(4:6), w' = acc(4:6), products in ship axes. Results are global.
+// point_motion 1..3 p, 4..6 v, 7..9 a; 10..12 wait for the incident wave.
+#pragma once
+
+#include <array>
+
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/output_settings.h"
+
+namespace zaview {
+
+// False: out of memory. The same point as last time costs nothing and prints nothing.
+[[nodiscard]] bool NodePointMot(const Console& console, const OutputSettings& settings,
+                                const std::array<double, 3>& point, CaseStore& case_store);
+
+}  // namespace zaview

@@ -1,0 +1,25 @@
+// The command line: one walk over the arguments, each option a row.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "frame/session.h"
+
+namespace zaview {
+
+enum class LineEnd : std::uint8_t { go_on, stop };  // stop: the run ends with `status`
+
+struct CommandLineResult {
+  LineEnd end = LineEnd::go_on;
+  int status = 0;
+};
+
+// Title box, version line and the walk; usage behind any error. Reads no output file.
+[[nodiscard]] CommandLineResult ParseCommandLine(Session& session, std::span<const std::string> arguments);
+
+// The whole of the start-up: ParseCommandLine, then the files, the start-up script, the initial plot.
+[[nodiscard]] CommandLineResult read_defaults_and_arguments(Session& session, std::span<const std::string> arguments);
+
+}  // namespace zaview

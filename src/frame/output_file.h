@@ -1,0 +1,37 @@
+// Where a table goes: the console, or a file that appears when it is complete. A file is written beside its target and
+// moved over it at close; APPEND is one write. A link is followed and the old file's mode is kept; what is no plain
+// file, or stands in a folder that takes no new file, is written in place. A failure leaves the old file whole.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/platform.h"
+
+namespace zaview {
+
+enum class OpenHow : std::uint8_t { replace, append };
+
+struct OutputFile {
+  const Platform* platform = nullptr;
+  std::string name;          // as given; blank: the console
+  bool to_console = true;
+  bool had_text = false;     // appending behind something: tables then set off with an empty line
+  bool failed = false;       // a write failed: close will discard
+  // Below: the business of output_file.cpp.
+  FileHandle file = kNoFile;
+  std::string target;        // behind links
+  std::string beside;        // the temporary name, blank if written in place
+  std::string pending;       // bytes not yet written (all of them for APPEND)
+  OpenHow how = OpenHow::replace;
+};
+
+// False: it can't be opened (nothing is left behind). Told before any computing.
+[[nodiscard]] bool OpenOutput(const Platform& platform, std::string_view name, OpenHow how, OutputFile& out);
+void WriteOutput(OutputFile& out, std::string_view text);
+// False: a write failed; the target is as it was. The console always succeeds.
+[[nodiscard]] bool CloseOutput(OutputFile& out);
+void DiscardOutput(OutputFile& out);
+
+}  // namespace zaview

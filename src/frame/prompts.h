@@ -1,0 +1,30 @@
+// Console questions. Each shows a prompt and a default, reads one line and understands QUIT and BLANK. End of input
+// counts as QUIT, so that piped input stops a dialogue and not the process. If input is no terminal the answer is
+// echoed.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/platform.h"
+
+namespace zaview {
+
+enum class Answer : std::uint8_t { ok, quit, end_of_input };  // end_of_input is told apart for loops that must stop
+
+inline constexpr std::size_t kAnswerLine = 256;  // columns of an answer; the rest is dropped
+
+// "prompt [shown] "; an empty answer takes `fallback`, BLANK gives an empty answer. On QUIT the answer is untouched.
+[[nodiscard]] Answer ask_text(const Console& console, std::string_view prompt, std::string_view fallback,
+                              std::string& answer);
+// A bad number repeats the question; an empty answer keeps `value` when has_default. Integers: nearest, halves away.
+[[nodiscard]] Answer ask_integer(const Console& console, std::string_view prompt, bool has_default, int& value);
+[[nodiscard]] Answer ask_real(const Console& console, std::string_view prompt, bool has_default, float& value);
+// values.size() (1 to 64) reals on one line; fewer: asked again; more: ignored.
+[[nodiscard]] Answer VINPUT(const Console& console, std::string_view prompt, bool has_default, std::span<float> values);
+// "Hit RETURN to continue...", one line read and ignored.
+void pause_for_return(const Console& console);
+
+}  // namespace zaview

@@ -1,0 +1,36 @@
+// What command line, menu, script and views tell each other. Data only.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zaview {
+
+enum class SkipPrompt : std::int8_t { none = -1, ask = 1, silent = 2 };  // may a read ask for the steps to skip
+
+struct RunState {
+  int plot_module = 0;      // 0 text menu, 1 data plot, 2 motion animation, 3 geometry plot
+  int change_module = 0;    // above 0: a view asks for that plot module next
+  int plot_suboption = 0;   // above 0: a plot is wanted (script) or to be continued (menu)
+  bool view_is_new = false;
+  bool exit_requested = false;
+  bool redraw = false;
+  bool script_active = false;
+  bool script_is_init = false;  // the session stays open behind the script
+  std::string script_file_name;
+  SkipPrompt skip_prompt = SkipPrompt::ask;
+
+  int initial_plot = 0;  // 0 none, 1 time history, 2 motion animation, 3 trajectory, 4 geometry
+  bool open_options_menu = false;
+  int ensemble_mode = 3;  // 3 automatic, 1 forced
+  int restart_mode = -1;  // -1 unset, 1 combine, 0 keep the last
+  bool do_eta = false;
+  bool debug_flow = false;
+  int plot_colours = 0;  // 0 as they are, 1 reversed, 2 black, 3 white background
+  int selected_ship = 1;
+  float selected_vcg = 0.0F;
+  std::vector<std::string> file_args;
+};
+
+}  // namespace zaview

@@ -1,0 +1,23 @@
+// All state of a run, owned by main and handed on. Only the roof, script/ and views/ see it; everything below takes the
+// records it needs.
+#pragma once
+
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/output_settings.h"
+#include "frame/file_units.h"
+#include "frame/run_state.h"
+#include "script/script_state.h"
+
+namespace zaview {
+
+struct Session {
+  Platform platform;
+  FileUnits units;
+  RunState run;
+  OutputSettings output;
+  CaseStore case_store;
+  ScriptState script;
+};
+
+}  // namespace zaview

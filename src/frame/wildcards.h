@@ -1,0 +1,19 @@
+// Names with wild cards.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/platform.h"
+
+namespace zaview {
+
+// `*` or `?`, or a `[` ahead of a `]`.
+[[nodiscard]] bool has_wildcards(std::string_view name);
+
+// The files whose names match, sorted by byte, without directories and dot files (unless the pattern's own last part
+// begins with a dot). Wild cards act in every part of the path.
+void list_matching_files(const Files& files, const std::string& pattern, std::vector<std::string>& names);
+
+}  // namespace zaview

@@ -1,0 +1,31 @@
+// Averages of the highest 1/N peaks with a confidence half width that respects clusters of dependent peaks.
+#pragma once
+
+#include <span>
+
+#include "stats/peaks.h"
+#include "stats/record_stats.h"
+
+namespace zaview {
+
+struct PeakAverage {
+  float xpkN = 0, xpkNci = 0;
+  int npN = 0, Nclpks = 0, Mclmax = 0;  // kept peaks, clusters, largest cluster
+};
+
+// iopt 0: with interval; 1: average only. fact -1 ranks the most negative first.
+void CalcPeakAvgN(int N, int iopt, const PeakList& peaks, float fact, int ndti, float probCoef, PeakAverage& out);
+
+struct RecordPeakStats {
+  float xpkN = 0, xpkNb = 0, xpkNt = 0, xpkNci = 0, xpkNbci = 0, xpkNtci = 0;
+  int Npks = 0, Npksb = 0, Npkst = 0, ndti = 0;
+};
+
+[[nodiscard]] StatFault CalcRecordPeakStats(int N, int iopt, std::span<const float> x, float prob,
+                                            RecordPeakStats& out);
+
+// Several N of one record at once: peaks and dependence length are found once. out[j] belongs to N[j].
+[[nodiscard]] StatFault CalcRecordPeakStats(std::span<const int> N, int iopt, std::span<const float> x, float prob,
+                                            std::span<RecordPeakStats> out);
+
+}  // namespace zaview

@@ -1,0 +1,23 @@
+// The one wave of a regular case, for transfer functions: ISEA 1 with one component, or ISEA 3. Non-dimensional.
+// ISEA 1: w as given, w^2 = k tanh(k h) (deep: k = w^2). ISEA 3: k = (nominal w)^2 and, by its order n with e = k A,
+// w^2 = (1 + e^2 + 1.25 e^4) k where powers of e above n are dropped.
+#pragma once
+
+#include "control/control_records.h"
+
+namespace zaview {
+
+struct RegularWave {
+  double w = 0;     // frequency
+  double k = 0;     // wave number
+  double A = 0;     // amplitude, without wave scaling
+  double beta = 0;  // heading, radians
+};
+
+// False: the case isn't one regular wave.
+[[nodiscard]] bool FindRegularWave(const ControlRecords& records, RegularWave& wave);
+
+// k of w^2 = k tanh(k h); h at or below 1e-6 is deep water. Newton in double, to double precision.
+[[nodiscard]] double WaveNumber(double w, double h);
+
+}  // namespace zaview
