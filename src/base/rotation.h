@@ -12,8 +12,8 @@ struct Rotation {
 };
 
 [[nodiscard]] Rotation ShipToGlobal(double roll, double pitch, double yaw);
-[[nodiscard]] Vector3 ToGlobal(const Rotation& rotation, const Vector3& ship);    // R v
-[[nodiscard]] Vector3 ToShip(const Rotation& rotation, const Vector3& global);    // R' v
+[[nodiscard]] Vector3 ToGlobal(const Rotation& rotation, const Vector3& ship);  // R v
+[[nodiscard]] Vector3 ToShip(const Rotation& rotation, const Vector3& global);  // R' v
 [[nodiscard]] Vector3 Cross(const Vector3& a, const Vector3& b);
 
 }  // namespace zaview

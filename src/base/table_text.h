@@ -17,7 +17,8 @@ struct TableLayout {
   std::vector<int> widths;  // of the columns, only used with SPACE
 };
 
-// The layout whose columns are as wide as 13 or the names; a first column of `label_width` (0: none) holds row labels.
+// The layout whose columns are as wide as 13 or the names, trailing blanks of a name included: a column of row labels
+// is as wide as the name that heads it ("Statistic     ").
 TableLayout LayoutFor(Separator separator, std::span<const std::string> names);
 
 // One line with the column names. With COMMA and TAB a name is trimmed, and put in double quotes if it holds the

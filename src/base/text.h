@@ -7,7 +7,7 @@
 
 namespace zaview {
 
-[[nodiscard]] bool IsWhite(char c);                       // blank, tab, carriage return
+[[nodiscard]] bool IsWhite(char c);  // blank, tab, carriage return
 [[nodiscard]] std::string_view TrimEnd(std::string_view text);
 [[nodiscard]] std::string_view TrimStart(std::string_view text);
 [[nodiscard]] std::string_view Trim(std::string_view text);
