@@ -29,7 +29,7 @@ enum class WriteHow : std::uint8_t { create_new, truncate, append };  // create_
 
 struct FileFacts {
   bool exists = false;
-  bool plain = false;      // a regular file (links are followed)
+  bool plain = false;  // a regular file (links are followed)
   bool directory = false;
   std::int64_t size = -1;  // bytes; -1 where there is no such thing (pipes)
   unsigned mode = 0;       // permission bits
@@ -40,6 +40,7 @@ struct Files {
   void* self = nullptr;
   FileHandle (*open_read)(void* self, const std::string& name) = nullptr;  // kNoFile for directories as well
   std::int64_t (*read)(void* self, FileHandle file, char* to, std::size_t size) = nullptr;  // 0 at the end, -1: fault
+  // mode: permission bits the file gets; 0: those of any new file, an old one keeps its own.
   FileHandle (*open_write)(void* self, const std::string& name, WriteHow how, unsigned mode) = nullptr;
   bool (*write)(void* self, FileHandle file, std::string_view bytes) = nullptr;  // all or false
   bool (*resize)(void* self, FileHandle file, std::int64_t size) = nullptr;

@@ -15,22 +15,24 @@ enum class OpenHow : std::uint8_t { replace, append };
 
 struct OutputFile {
   const Platform* platform = nullptr;
-  std::string name;          // as given; blank: the console
+  std::string name;  // as given; blank: the console
   bool to_console = true;
-  bool had_text = false;     // appending behind something: tables then set off with an empty line
-  bool failed = false;       // a write failed: close will discard
+  bool had_text = false;  // appending behind something: tables then set off with an empty line
+  bool failed = false;    // a write failed: close will discard
   // Below: the business of output_file.cpp.
   FileHandle file = kNoFile;
-  std::string target;        // behind links
-  std::string beside;        // the temporary name, blank if written in place
-  std::string pending;       // bytes not yet written (all of them for APPEND)
+  std::string target;   // behind links
+  std::string beside;   // the temporary name, blank if written in place
+  std::string pending;  // bytes not yet written (all of them for APPEND)
   OpenHow how = OpenHow::replace;
+  bool made = false;       // the target itself was made by the open
+  bool cut_first = false;  // in place over an old file, which is still whole: emptied ahead of the first bytes
 };
 
 // False: it can't be opened (nothing is left behind). Told before any computing.
 [[nodiscard]] bool OpenOutput(const Platform& platform, std::string_view name, OpenHow how, OutputFile& out);
 void WriteOutput(OutputFile& out, std::string_view text);
-// False: a write failed; the target is as it was. The console always succeeds.
+// False: a write failed; the target is as it was, unless it had to be written in place. The console always succeeds.
 [[nodiscard]] bool CloseOutput(OutputFile& out);
 void DiscardOutput(OutputFile& out);
 

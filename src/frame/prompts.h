@@ -3,6 +3,7 @@
 // echoed.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -15,6 +16,12 @@ namespace zaview {
 enum class Answer : std::uint8_t { ok, quit, end_of_input };  // end_of_input is told apart for loops that must stop
 
 inline constexpr std::size_t kAnswerLine = 256;  // columns of an answer; the rest is dropped
+
+// One line as typed (no QUIT, no BLANK): the ground of all questions and menus. "prompt [shown] " stands ahead of it;
+// of a prompt of several lines the last one waits. At the end of input the answer is untouched.
+[[nodiscard]] Answer ReadAnswer(const Console& console, std::string_view prompt, std::string_view shown,
+                                std::string& answer);
+[[nodiscard]] bool IsQuit(std::string_view answer);  // begins with QUIT, Quit or quit
 
 // "prompt [shown] "; an empty answer takes `fallback`, BLANK gives an empty answer. On QUIT the answer is untouched.
 [[nodiscard]] Answer ask_text(const Console& console, std::string_view prompt, std::string_view fallback,

@@ -1,0 +1,258 @@
+#include "base/platform_posix.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace zaview {
+
+namespace {
+
+constexpr std::size_t kConsoleBuffer = 1 << 16;
+constexpr std::size_t kKeptInputLine = 4096;  // columns kept of an input line; the rest is passed over
+constexpr mode_t kNewFileMode = 0666;         // less what the user's mask takes away
+constexpr int kLinkHops = 40;                 // as the system itself: a longer chain is a loop
+
+struct PosixMachine {
+  std::string out;       // console text not yet written
+  std::vector<char> in;  // input read: [in_begin, in_end) is not yet taken
+  std::size_t in_begin = 0, in_end = 0;
+  bool progress_on_terminal = false;
+  bool progress_shown = false;
+  std::vector<std::string> unfinished;  // files made new and neither renamed nor removed: a run that is cut off by its
+                                        // console takes them away
+};
+
+PosixMachine& Of(void* self) {
+  return *static_cast<PosixMachine*>(self);
+}
+
+bool WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file, bytes.data(), std::min(bytes.size(), static_cast<std::size_t>(SSIZE_MAX)));
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+ssize_t ReadSome(int file, char* to, std::size_t size) {
+  for (;;) {
+    const ssize_t n = ::read(file, to, std::min(size, static_cast<std::size_t>(SSIZE_MAX)));
+    if (n >= 0 || errno != EINTR) return n;
+  }
+}
+
+// Nobody listens to the console any more (a closed pipe, a full disk).
+[[noreturn]] void EndWithoutConsole(const PosixMachine& machine) {
+  for (const std::string& name : machine.unfinished) ::unlink(name.c_str());
+  ::_exit(1);
+}
+
+void RemoveProgress(void* self) {
+  PosixMachine& machine = Of(self);
+  if (!machine.progress_shown) return;
+  machine.progress_shown = false;
+  WriteAll(STDERR_FILENO, "\r\033[K");
+}
+
+void ShowProgress(void* self, std::string_view text) {
+  PosixMachine& machine = Of(self);
+  if (!machine.progress_on_terminal) return;
+  machine.progress_shown = true;
+  std::string line = "\r";
+  line.append(text).append("\033[K");
+  WriteAll(STDERR_FILENO, line);
+}
+
+void FlushConsole(void* self) {
+  PosixMachine& machine = Of(self);
+  if (machine.out.empty()) return;
+  RemoveProgress(self);
+  if (!WriteAll(STDOUT_FILENO, machine.out)) EndWithoutConsole(machine);
+  machine.out.clear();
+}
+
+void WriteConsole(void* self, std::string_view text) {
+  PosixMachine& machine = Of(self);
+  if (machine.out.size() + text.size() > kConsoleBuffer) FlushConsole(self);
+  if (text.size() <= kConsoleBuffer) {
+    machine.out += text;
+    return;
+  }
+  if (!WriteAll(STDOUT_FILENO, text)) EndWithoutConsole(machine);
+}
+
+bool FillInput(PosixMachine& machine) {
+  machine.in.resize(kConsoleBuffer);
+  const ssize_t n = ReadSome(STDIN_FILENO, machine.in.data(), machine.in.size());
+  machine.in_begin = 0;
+  machine.in_end = n > 0 ? static_cast<std::size_t>(n) : 0;
+  return n > 0;
+}
+
+bool ReadLine(void* self, std::string& line) {
+  FlushConsole(self);
+  PosixMachine& machine = Of(self);
+  std::string kept;
+  bool any = false;
+  for (;;) {
+    if (machine.in_begin == machine.in_end && !FillInput(machine)) break;
+    any = true;
+    const char* const begin = machine.in.data() + machine.in_begin;
+    const char* const end = machine.in.data() + machine.in_end;
+    const char* const line_end = std::find(begin, end, '\n');
+    kept.append(begin, std::min(static_cast<std::size_t>(line_end - begin), kKeptInputLine - kept.size()));
+    machine.in_begin += static_cast<std::size_t>(line_end - begin);
+    if (line_end == end) continue;
+    ++machine.in_begin;
+    break;
+  }
+  if (any) line = std::move(kept);
+  return any;
+}
+
+FileHandle OpenRead(void*, const std::string& name) {
+  const int file = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+  if (file < 0) return kNoFile;
+  struct stat facts {};
+  if (::fstat(file, &facts) == 0 && !S_ISDIR(facts.st_mode)) return file;
+  ::close(file);
+  return kNoFile;
+}
+
+std::int64_t ReadFile(void*, FileHandle file, char* to, std::size_t size) {
+  return ReadSome(file, to, size);
+}
+
+FileHandle OpenWrite(void* self, const std::string& name, WriteHow how, unsigned mode) {
+  const int ways[] = {O_CREAT | O_EXCL, O_CREAT | O_TRUNC, O_CREAT | O_APPEND};
+  const int file =
+      ::open(name.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | ways[static_cast<std::size_t>(how)], kNewFileMode);
+  if (file < 0) return kNoFile;
+  if (mode != 0) static_cast<void>(::fchmod(file, mode));  // refused by some file systems: no reason to fail
+  if (how == WriteHow::create_new) Of(self).unfinished.push_back(name);
+  return file;
+}
+
+bool WriteFile(void*, FileHandle file, std::string_view bytes) {
+  return WriteAll(file, bytes);
+}
+
+bool ResizeFile(void*, FileHandle file, std::int64_t size) {
+  return ::ftruncate(file, size) == 0;
+}
+
+bool CloseFile(void*, FileHandle file) {
+  return ::close(file) == 0 || errno == EINTR;
+}
+
+// The name behind all links, also where it doesn't exist yet.
+std::string BehindLinks(std::string name) {
+  for (int hops = 0; hops < kLinkHops; ++hops) {
+    char to[PATH_MAX];
+    const ssize_t size = ::readlink(name.c_str(), to, sizeof to);
+    if (size <= 0 || static_cast<std::size_t>(size) == sizeof to) return name;
+    const std::string target(to, static_cast<std::size_t>(size));
+    const std::size_t slash = name.rfind('/');
+    name = target[0] == '/' || slash == std::string::npos ? target : name.substr(0, slash + 1) + target;
+  }
+  return name;
+}
+
+FileFacts Facts(void*, const std::string& name) {
+  FileFacts facts;
+  facts.target = name;
+  struct stat found {};
+  facts.exists = ::stat(name.c_str(), &found) == 0;
+  if (!facts.exists) {
+    facts.target = BehindLinks(name);
+    return facts;
+  }
+  facts.plain = S_ISREG(found.st_mode);
+  facts.directory = S_ISDIR(found.st_mode);
+  facts.mode = static_cast<unsigned>(found.st_mode) & 07777U;
+  if (!facts.plain) return facts;
+  facts.size = found.st_size;
+  facts.target = BehindLinks(name);
+  // Links of the process table (/dev/fd/3) name an open file by a text that need not be its name: not to be replaced.
+  struct stat behind {};
+  const bool same =
+      ::stat(facts.target.c_str(), &behind) == 0 && behind.st_dev == found.st_dev && behind.st_ino == found.st_ino;
+  if (same && name.compare(0, 5, "/dev/") != 0 && name.compare(0, 6, "/proc/") != 0) return facts;
+  facts.plain = false;
+  facts.target = name;
+  return facts;
+}
+
+void Forget(PosixMachine& machine, const std::string& name) {
+  const auto found = std::find(machine.unfinished.begin(), machine.unfinished.end(), name);
+  if (found != machine.unfinished.end()) machine.unfinished.erase(found);
+}
+
+bool Rename(void* self, const std::string& from, const std::string& to) {
+  if (std::rename(from.c_str(), to.c_str()) != 0) return false;
+  Forget(Of(self), from);
+  return true;
+}
+
+bool Remove(void* self, const std::string& name) {
+  Forget(Of(self), name);
+  return ::unlink(name.c_str()) == 0;
+}
+
+bool List(void*, const std::string& directory, std::vector<std::string>& names) {
+  DIR* const open = ::opendir(directory.empty() ? "." : directory.c_str());
+  if (open == nullptr) return false;
+  while (const dirent* entry = ::readdir(open)) names.emplace_back(entry->d_name);
+  ::closedir(open);
+  return true;
+}
+
+double Seconds(void*) {
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+}
+
+[[noreturn]] void Exit(void* self, int status) {
+  FlushConsole(self);
+  std::exit(status);
+}
+
+// A run may be started with its standard files closed; a file opened later must not become the console.
+void FillStandardFiles() {
+  for (int file = STDIN_FILENO; file <= STDERR_FILENO; ++file)
+    if (::fcntl(file, F_GETFD) < 0) static_cast<void>(::open("/dev/null", file == STDIN_FILENO ? O_RDONLY : O_WRONLY));
+}
+
+}  // namespace
+
+Platform PosixPlatform() {
+  static PosixMachine machine;  // standard input and output are one a process themselves
+  FillStandardFiles();
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+  machine.progress_on_terminal = ::isatty(STDERR_FILENO) == 1;
+
+  Platform platform;
+  platform.self = &machine;
+  platform.exit = Exit;
+  platform.console = {&machine,     ReadLine,      WriteConsole, FlushConsole, ::isatty(STDIN_FILENO) == 1,
+                      ShowProgress, RemoveProgress};
+  platform.files = {&machine,  OpenRead, ReadFile, OpenWrite, WriteFile, ResizeFile,
+                    CloseFile, Facts,    Rename,   Remove,    List};
+  platform.clock = {&machine, Seconds};
+  return platform;
+}
+
+}  // namespace zaview
