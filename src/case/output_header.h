@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/line_source.h"
 #include "base/platform.h"
@@ -11,9 +12,15 @@
 
 namespace zaview {
 
+inline constexpr std::string_view kNoDelimiters = "ERR407 - Input echo section delimiters not found while reading {}";
+inline constexpr std::string_view kNotAnOutputFile = "         File is probably not a ZAVO output file";
+inline constexpr std::string_view kNotPrimary = "ERR485 - File is not a ZAVO Primary Output File: {}";
+inline constexpr std::string_view kReadingInput = "Reading ZAVO input data from output file...";
+
 enum class HeaderStatus : std::uint8_t { ok, failed };  // failed: the message has been said
 
-// Fills labels, control, NSHIP, geometry_files, ships, loads of a fresh case. name: the file as opened.
+// Fills labels, control, NSHIP, geometry_files, ships, loads, unnamed_derived, nstep_expected (NSTEP, not checked) and
+// has_other_force of a fresh case. name: the file as opened. NSHIP may be 0; of several ships control is the first's.
 [[nodiscard]] HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const std::string& name,
                                             CaseStore& fresh);
 

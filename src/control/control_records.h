@@ -8,8 +8,8 @@
 
 namespace zaview {
 
-inline constexpr int MAXDYN = 3;      // ships
-inline constexpr int MAXCMP = 100;    // geometry components
+inline constexpr int MAXDYN = 3;    // ships
+inline constexpr int MAXCMP = 100;  // geometry components
 inline constexpr int MAXSTA = 121;
 inline constexpr int MAXWL = 121;
 inline constexpr int MAXFEG = 5000;
@@ -23,8 +23,8 @@ inline constexpr int MXBK = 5;
 inline constexpr int MXVSTA = 20;
 inline constexpr int MXEFOR = 100;
 inline constexpr int MXPOTH = 3;
-inline constexpr int MAXBCA = 25;     // load cuts
-inline constexpr int MAXBMP = 350;    // mass points
+inline constexpr int MAXBCA = 25;   // load cuts
+inline constexpr int MAXBMP = 350;  // mass points
 inline constexpr int MAXGWL = 23;
 inline constexpr int MAXGWB = 11;
 
@@ -44,11 +44,11 @@ struct WaveModeInput {  // ISEA 5
 struct SeawayInput {  // record 21
   int ISEA = 0;
   std::vector<WaveComponentInput> waves;
-  int WSPEC = 0;  // order of ISEA 3
-  double SIGWHT = 0, TMODAL = 0;                                                   // 2
-  double VWIND10 = 0, FETCH = 0, PEAKPRM = 0;                                      // 6 (PEAKPRM also 8)
+  int WSPEC = 0;                                                                      // order of ISEA 3
+  double SIGWHT = 0, TMODAL = 0;                                                      // 2
+  double VWIND10 = 0, FETCH = 0, PEAKPRM = 0;                                         // 6 (PEAKPRM also 8)
   double SIGWHT1 = 0, TMODAL1 = 0, SHAPE1 = 0, SIGWHT2 = 0, TMODAL2 = 0, SHAPE2 = 0;  // 7
-  double TOMODAL = 0;                                                              // 8
+  double TOMODAL = 0;                                                                 // 8
   double SEAHD = 0, SPREAD = 0;
   int NFREQ = 0, NHEAD = 0, IWVRLZ = 0;
   int WAVEDIM1 = 0, WAVEDIM2 = 0;
@@ -95,7 +95,7 @@ struct ControlRecords {
   std::string FPOUT, FGOUT, FSOUT, FBOUT;  // 07 to 10
   std::array<int, 20> AUXOUT{};            // 11; the first is the unformatted mode
   int IVEC = 0;
-  int ZVOTYP = 0, MOTYPE = 2, MIXED = 0;   // 13; MOTYPE 0 forced, 1 impulsive, 2 free
+  int ZVOTYP = 0, MOTYPE = 2, MIXED = 0;  // 13; MOTYPE 0 forced, 1 impulsive, 2 free
   int IFSMIX = 0, NXFS = 0, NYFS = 0, IMSMIX = 0, NXMS = 0, NZMS = 0;
   double XMIX = 0, YMIX = 0, ZMIX = 0;
   std::string FIRF0;
@@ -104,22 +104,22 @@ struct ControlRecords {
   double DTH = 0;
   int IRST = 0;
   std::string FRST, FBDMEM, FWLMEM;
-  double USHIP = 0, UCURNT = 0, DCURNT = 0, WDEPTH = 0;  // 15
-  Sextet PMGIN{}, VMGSHP{};                              // 16, 17
-  Sextet AMPM{}, OMEGM{};                                // 18, 19
-  std::array<int, 6> SWTCH{};                            // 20
-  SeawayInput seaway;                                    // 21
+  double USHIP = 0, UCURNT = 0, DCURNT = 0, WDEPTH = 0;          // 15
+  Sextet PMGIN{}, VMGSHP{};                                      // 16, 17
+  Sextet AMPM{}, OMEGM{};                                        // 18, 19
+  std::array<int, 6> SWTCH{};                                    // 20
+  SeawayInput seaway;                                            // 21
   double GRAVIN = 9.81, RHOIN = 1025, LENIN = 1, ANGIN = 1;      // 22
   double GRAVOUT = 9.81, RHOOUT = 1025, LENOUT = 1, ANGOUT = 1;  // 23
-  Triple GSHIFT{}, GORIG{}, GROT{};                      // 24
-  double SMA = 0;                                        // 25
-  std::array<Triple, 3> SMI{};                           // SMI[i][j]: row i, column j
-  Triple RGRAV{};                                        // 26
-  int SYMGEO = 0, SYMINP = 0;                            // 27
-  std::vector<GeometryComponentInput> components;        // 28
-  int IVM = 0, IHM = 0, ITM = 0;                         // 29
-  std::vector<Triple> XMC;                               // NBCA cuts
-  std::vector<MassPointInput> mass_points;               // NBMX
+  Triple GSHIFT{}, GORIG{}, GROT{};                              // 24
+  double SMA = 0;                                                // 25
+  std::array<Triple, 3> SMI{};                                   // SMI[i][j]: row i, column j
+  Triple RGRAV{};                                                // 26
+  int SYMGEO = 0, SYMINP = 0;                                    // 27
+  std::vector<GeometryComponentInput> components;                // 28
+  int IVM = 0, IHM = 0, ITM = 0;                                 // 29
+  std::vector<Triple> XMC;                                       // NBCA cuts
+  std::vector<MassPointInput> mass_points;                       // NBMX
   std::array<double, 8> STRDMP{};
   double KINVIS = 0;  // 30
   int IHROLL = 0;

@@ -4,24 +4,33 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/line_source.h"
 #include "base/platform.h"
 #include "control/control_records.h"
+#include "control/control_text.h"
 
 namespace zaview {
 
+inline constexpr std::string_view kBadRecord = "ERROR - record {:02} of the control data cannot be read : {}, line {}";
+inline constexpr std::string_view kSeawayKind = "ERR104 - Seaway specifier ISEA= {}";
+inline constexpr std::string_view kControlTooLong = "ERROR - control data is too long : {}, line {}";
+inline constexpr std::string_view kControlMemory = "ERROR - no memory to read the control data : {}, line {}";
+
 enum class ControlStatus : std::uint8_t { ok, failed };  // failed: the message has been said
 
-struct ControlText {           // where the text comes from
+struct ControlText {  // where the text comes from
   LineSource* source = nullptr;
-  std::string file_name;       // for messages
-  // The delimiter line that ended the text, if one was met ("...FILE_PARSING_DATA..."), else blank.
-  std::string delimiter;
+  std::string file_name;  // for messages
+  // What ended the text, if a delimiter line did; it has been taken.
+  Delimiter delimiter = Delimiter::none;
 };
 
 // Reads up to and including the next delimiter line (FILE_PARSING_DATA, DERIVED_DATA_ECHO, END_OF_HEADER), to
-// END_OF_FILE, or to the end of the file. On failure says which record of which line can't be read.
+// END_OF_FILE, or to the end of the file. On failure says which record of which line can't be read. Arrays grow with
+// the lines that come, whatever their counts say; a text above kSectionLines lines or kModuleBytes of modules is
+// refused.
 [[nodiscard]] ControlStatus ReadControlRecords(const Console& console, ControlText& text, ControlRecords& records);
 
 }  // namespace zaview

@@ -1,0 +1,78 @@
+#include "case/output_header.h"
+
+#include "base/message.h"
+#include "case/derived_echo.h"
+#include "case/version_label.h"
+#include "control/control_text.h"
+#include "control/read_control_records.h"
+
+namespace zaview {
+namespace {
+
+constexpr std::size_t kPreambleLine = 80;  // columns of a preamble line that are looked at
+
+// False: the file ends, or another section begins, ahead of the control text.
+bool ScanPreamble(LineSource& source, VersionLabel& label, FileKind& kind) {
+  std::string_view line;
+  while (NextRawLine(source, line)) {
+    line = line.substr(0, kPreambleLine);
+    const Delimiter delimiter = DelimiterOf(line);
+    if (delimiter == Delimiter::input_file_echo) return true;
+    if (delimiter == Delimiter::file_parsing_data || delimiter == Delimiter::end_of_header) return false;
+    ScanPreambleLine(line, label, kind);
+  }
+  return false;
+}
+
+// Passes over lines to the next delimiter; whether that is the one wanted.
+bool SkipTo(HeaderText& text, Delimiter wanted) {
+  std::string_view line;
+  for (;;) {
+    const TextEvent event = NextTextLine(text, line);
+    if (event == TextEvent::line) continue;
+    if (event != TextEvent::end_of_text) return event == TextEvent::delimiter && text.delimiter == wanted;
+    text.ended = TextEvent::line;  // the control texts of further ships end in END_OF_FILE each
+  }
+}
+
+}  // namespace
+
+HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const std::string& name, CaseStore& fresh) {
+  VersionLabel label;
+  if (!ScanPreamble(source, label, fresh.labels.kind)) {
+    Say(console, kNoDelimiters, name);
+    SayLine(console, kNotAnOutputFile);
+    return HeaderStatus::failed;
+  }
+  AdoptVersionLabel(console, label, fresh.labels);
+  fresh.has_other_force = !fresh.labels.gyre;
+  if (fresh.labels.kind != FileKind::unknown && fresh.labels.kind != FileKind::primary) {
+    Say(console, kNotPrimary, name);
+    return HeaderStatus::failed;
+  }
+
+  SayLine(console, kReadingInput);
+  ControlText control{&source, name};
+  if (ReadControlRecords(console, control, fresh.control) != ControlStatus::ok) return HeaderStatus::failed;
+  fresh.nstep_expected = fresh.control.NSTEP;
+
+  bool found = control.delimiter == Delimiter::file_parsing_data;
+  if (control.delimiter == Delimiter::none) {
+    HeaderText further_ships{&source};
+    found = SkipTo(further_ships, Delimiter::file_parsing_data);
+  }
+  if (!found) {
+    SayLine(console, kParsingError);
+    return HeaderStatus::failed;
+  }
+  HeaderText parsing{&source};
+  if (ReadParsingData(console, parsing, fresh) != SectionStatus::ok) return HeaderStatus::failed;
+  if (!SkipTo(parsing, Delimiter::derived_data_echo)) {
+    SayLine(console, kDerivedError);
+    return HeaderStatus::failed;
+  }
+  HeaderText derived{&source};
+  return ReadDerivedData(console, derived, fresh) == SectionStatus::ok ? HeaderStatus::ok : HeaderStatus::failed;
+}
+
+}  // namespace zaview
