@@ -1,0 +1,35 @@
+#include "script/command_table.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace zaview {
+
+namespace {
+
+bool Matches(const Command& command, std::string_view word) {
+  return std::any_of(command.names.begin(), command.names.end(), [&](std::string_view name) {
+    if (name.empty()) return false;
+    return command.match == NameMatch::whole ? word == name : StartsWith(word, name);
+  });
+}
+
+}  // namespace
+
+std::span<const CommandFamily> AllCommands() {
+  static const CommandFamily families[] = {ReadingCommands(), OutputTextCommands(), StepCommands(), StatisticSettings(),
+                                           HistoryCommands(), StatisticCommands(),  LaterCommands()};
+  return families;
+}
+
+const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word) {
+  for (const CommandFamily& family : families) {
+    const auto found =
+        std::find_if(family.begin(), family.end(), [word](const Command& command) { return Matches(command, word); });
+    if (found != family.end()) return &*found;
+  }
+  return nullptr;
+}
+
+}  // namespace zaview

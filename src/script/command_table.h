@@ -1,0 +1,41 @@
+// The commands of a script: rows of words, preconditions and handler. They stand beside their handlers, a family a
+// file; the order of lookup is the order of the families and of their rows.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "script/preconditions.h"
+#include "script/script_call.h"
+
+namespace zaview {
+
+inline constexpr std::size_t kAliases = 11;
+
+enum class NameMatch : unsigned char { whole, beginning };
+
+struct Command {
+  std::array<std::string_view, kAliases> names;
+  Needs needs = kNone;
+  int (*run)(ScriptCall& call) = nullptr;  // the status: 0, or one of open_script_file.h
+  NameMatch match = NameMatch::whole;
+};
+
+using CommandFamily = std::span<const Command>;
+
+[[nodiscard]] CommandFamily ReadingCommands();
+[[nodiscard]] CommandFamily OutputTextCommands();
+[[nodiscard]] CommandFamily StepCommands();
+[[nodiscard]] CommandFamily StatisticSettings();
+[[nodiscard]] CommandFamily HistoryCommands();
+[[nodiscard]] CommandFamily StatisticCommands();
+[[nodiscard]] CommandFamily LaterCommands();
+
+// All families in the order of lookup.
+[[nodiscard]] std::span<const CommandFamily> AllCommands();
+
+// The row of a word in capitals; null: there is none.
+[[nodiscard]] const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word);
+
+}  // namespace zaview

@@ -1,0 +1,90 @@
+// Commands that write histories, load distributions and labels.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "case/history_table.h"
+#include "case/load_table.h"
+#include "case/quantity_catalogue.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+#include "script/output_argument.h"
+#include "script/plot_fault.h"
+#include "script/selectors.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kHistoryRefused =
+    "WARNING - Time history file quantity {} not valid for this output file";
+inline constexpr std::string_view kNoImpulse = "ERROR - {} : impulse response cases are not available yet";
+inline constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
+inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for {} command ...";
+
+int RunWriteHistory(ScriptCall& call) {
+  Session& session = call.session;
+  if (!session.case_store.time_history()) return Fail(call, kScriptFailed, kNoImpulse, call.command);
+  Selector selector;
+  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
+  QuantityRequest request;
+  if (const int status = ReadTail(call, selector, CurveIndex::none, request); status != kScriptOk) return status;
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::both, output); status != kScriptOk) return status;
+  PlotFault fault = PlotFault::not_valid;
+  if (QuantityValid(session.case_store, selector.iqnt))
+    fault = write_time_history(call.console(), session.output, request, output.unformatted, session.case_store,
+                               output.file);
+  if (fault == PlotFault::not_valid) {  // a warning: the script goes on
+    DiscardOutput(output.file);
+    Say(call.console(), kHistoryRefused, selector.word);
+    return kScriptOk;
+  }
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault),
+                      fmt::format("Time history of {} written to file", cQntLong(selector.iqnt)));
+}
+
+bool IsLoad(const Selector& selector) {
+  const QuantityRow* row = FindQuantity(selector.iqnt);
+  return row != nullptr && row->load_kind > 0 && selector.form == TailForm::plain;
+}
+
+int RunWriteLoads(ScriptCall& call) {
+  Session& session = call.session;
+  CaseStore& store = session.case_store;
+  Selector selector;
+  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
+  if (!IsLoad(selector)) return Fail(call, kScriptBadArgument, kNoLoad, call.command);
+  if (!QuantityValid(store, selector.iqnt))
+    return Fail(call, kScriptBadArgument, kNotValid, call.command, selector.word);
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
+  const int step = std::max(store.first_step, std::min(StepCount(values[0]), store.last_step));
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const PlotFault fault = LoadDistFil(call.console(), session.output, selector.iqnt, step, store, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Load distribution data written to file");
+}
+
+int RunWriteLabel(ScriptCall& call) {
+  const std::string text = NextScriptWord(call.words, kFreeText);
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  WriteOutput(output.file, std::string(TrimEnd(text)) + '\n');
+  return FinishOutput(call, output, kScriptOk, "");
+}
+
+constexpr Command kHistories[] = {
+    {{"WRITE_HISTORY"},                                                kNeedsCase | kShortWords,  RunWriteHistory},
+    {{"WRITE_LOAD_DISTRIBUTION", "WRITE_LOAD_DIST", "WRITE_LOADDIST"}, kNeedsCase | kNeedsMotion, RunWriteLoads  },
+    {{"WRITE_LABEL", "WRITE_TEXT"},                                    kNone,                     RunWriteLabel  },
+};
+
+}  // namespace
+
+CommandFamily HistoryCommands() {
+  return kHistories;
+}
+
+}  // namespace zaview

@@ -1,0 +1,76 @@
+// Commands for what statistics are made with, and STOP.
+#include <cmath>
+#include <vector>
+
+#include "base/number_parse.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kNegative = "ERROR - Invalid argument for {} value cannot be negative";
+
+// One number into `value`, if `valid` takes it.
+int ReadSetting(ScriptCall& call, bool (*valid)(float), fmt::format_string<const std::string&> refused, float& value) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (!valid(values[0])) return Fail(call, kScriptBadArgument, refused, std::as_const(call.command));
+  value = values[0];
+  return kScriptOk;
+}
+
+bool NotNegative(float x) { return x >= 0; }
+
+int RunLengthNdtf(ScriptCall& call) {
+  return ReadSetting(call, NotNegative, kNegative, call.session.output.ndtf_length);
+}
+
+int RunBeamNdtf(ScriptCall& call) {
+  return ReadSetting(call, NotNegative, kNegative, call.session.output.ndtf_beam);
+}
+
+int RunConfidence(ScriptCall& call) {
+  constexpr auto valid = [](float p) { return p > 0 && p <= 1; };
+  return ReadSetting(call, valid, kInvalidValue, call.session.output.confidence_probability);
+}
+
+int RunSampleRate(ScriptCall& call) {
+  constexpr auto valid = [](float n) { return RoundToInt(static_cast<double>(n)) > 0; };
+  float rate = 0;
+  const int status = ReadSetting(call, valid, kInvalidValue, rate);
+  if (status == kScriptOk) call.session.output.autocorrelation_rate = RoundToInt(static_cast<double>(rate));
+  return status;
+}
+
+int RunCutoff(ScriptCall& call) {
+  constexpr auto valid = [](float c) { return c > 0 && c < 1; };
+  return ReadSetting(call, valid, kInvalidValue, call.session.output.autocorrelation_cutoff);
+}
+
+// Ends the script as its end of text would.
+int RunStop(ScriptCall& call) {
+  call.session.script.next_line = call.session.script.final_text.size();
+  return kScriptOk;
+}
+
+constexpr Command kSettings[] = {
+    {{"SET_LENGTH_NDTF", "LENGTH_NDTF", "SET_LEN_NDTF", "LEN_NDTF", "SET_LENGTH_RAO", "LENGTH_RAO", "SET_LEN_RAO",
+      "LEN_RAO"},
+     kNone,
+     RunLengthNdtf},
+    {{"SET_BEAM_NDTF", "BEAM_NDTF", "SET_BEAM_RAO", "BEAM_RAO"}, kNone, RunBeamNdtf},
+    {{"CONFIDENCE_PROBABILITY", "CONFIDENCE_PROB", "CONF_PROB"}, kNone, RunConfidence},
+    {{"AUTOCORRELATION_SAMPLE_RATE", "AUTOCORRELATION_SAMPLE", "AUTOC_SAMPLE_RATE", "AUTOC_SAMPLE"},
+     kNone,
+     RunSampleRate},
+    {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"}, kNone, RunCutoff},
+    {{"STOP"}, kNone, RunStop},
+};
+
+}  // namespace
+
+CommandFamily StatisticSettings() { return kSettings; }
+
+}  // namespace zaview

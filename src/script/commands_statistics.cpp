@@ -1,0 +1,90 @@
+// Commands that write statistics of the current record.
+#include <string>
+
+#include "base/text.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+#include "script/output_argument.h"
+#include "script/plot_fault.h"
+#include "script/selectors.h"
+#include "stats/autocorrelation_table.h"
+#include "stats/interval_table.h"
+#include "stats/stat_table.h"
+#include "stats/statistic_table.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical option ({}) for {}";
+inline constexpr std::string_view kStatRefused =
+    "ERROR - Time history statistics quantity {1} not valid for this output file";
+
+// The statistics that have an interval: mean to 1/nth double amplitude, SSA, and the table of all.
+bool HasInterval(int number) {
+  constexpr int kLastAmplitude = 11, kSsa = 24;
+  return (number >= kStatTable && number <= kLastAmplitude) || number == kSsa;
+}
+
+int ReadStatistic(ScriptCall& call, StatisticName& statistic) {
+  const std::string word = NextScriptWord(call.words, kKeyword);
+  statistic = FindStatistic(word);
+  const bool good = statistic.number != kStatUnknown && (!statistic.interval || HasInterval(statistic.number));
+  return good ? kScriptOk : Fail(call, kScriptBadArgument, kBadStatistic, word, call.command);
+}
+
+int RunWriteStat(ScriptCall& call) {
+  Session& session = call.session;
+  StatRequest request;
+  Selector selector;
+  if (const int status = ReadStatistic(call, request.statistic); status != kScriptOk) return status;
+  if (const int status = ReadCurve(call, selector, request.quantity, kStatRefused); status != kScriptOk) return status;
+  request.text = NextScriptWord(call.words, kFreeText);
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const auto write = request.statistic.interval ? WriteIntervals : WRSTAT;
+  const TableFault fault = write(call.console(), session.output, request, session.case_store, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kStatRefused),
+                      "Statistical data written to file");
+}
+
+int RunWriteIntervals(ScriptCall& call) {
+  Session& session = call.session;
+  StatRequest request;
+  request.statistic.number = kStatTable;
+  request.statistic.interval = true;
+  Selector selector;
+  if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const TableFault fault = WriteIntervals(call.console(), session.output, request, session.case_store, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
+                      "Confidence interval data written to file");
+}
+
+int RunWriteAutocorrelation(ScriptCall& call) {
+  Session& session = call.session;
+  Selector selector;
+  QuantityRequest request;
+  if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const TableFault fault =
+      WriteAutocorrelation(call.console(), session.output, request, session.case_store, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
+                      "Autocorrelation data written to file");
+}
+
+constexpr Needs kRecord = kNeedsCase | kNeedsMotion;
+
+constexpr Command kStatistics[] = {
+    {{"WRITE_STAT", "WRITE_STATS"}, kRecord, RunWriteStat},
+    {{"WRITE_AUTOCORRELATION", "WRITE_AUTOCORELATION", "WRITE_AUTOC"}, kRecord, RunWriteAutocorrelation},
+    {{"WRITE_CONFIDENCE_INTERVAL", "WRITE_CONFIDENCE", "WRITE_CONF", "WRITE_CI"}, kRecord, RunWriteIntervals},
+};
+
+}  // namespace
+
+CommandFamily StatisticCommands() { return kStatistics; }
+
+}  // namespace zaview

@@ -1,0 +1,160 @@
+// Commands for the steps in use: trims, output range, skips, increment. Trims, skips and increment may stand ahead of
+// a READ; they then act on the file that it reads.
+#include <algorithm>
+#include <vector>
+
+#include "case/read_output_file.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kIllegalSteps = "ERROR - Illegal number of steps specified in {} command...";
+inline constexpr std::string_view kAllTrimmed = "ERROR - All steps trimmed by {} command...";
+inline constexpr std::string_view kIllegalArguments = "ERROR - Illegal arguments for {} command...";
+
+// One or two step counts, the second on the same line or missing.
+bool ReadCounts(ScriptCall& call, std::vector<int>& counts) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, -2, values) || values.empty()) return false;
+  counts.clear();
+  for (const float value : values) counts.push_back(StepCount(value));
+  return true;
+}
+
+bool ReadOne(ScriptCall& call, int n, float& value) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, n, values) || values.empty()) return false;
+  value = values[0];
+  return true;
+}
+
+void KeepCurrentStep(CaseStore& case_store) {
+  case_store.current_step =
+      std::max(case_store.first_step, std::min(case_store.current_step, case_store.last_step));
+}
+
+// Trims anew. The result has no abort_trim where nothing of an incomplete run was trimmed for that reason.
+TrimOutcome Retrim(Session& session) {
+  const TrimOutcome outcome = ApplyTrim(session.output, session.case_store);
+  if (outcome.whole) SayLine(session.platform.console, "WRN501 - Specified trimming would elminate time history");
+  KeepCurrentStep(session.case_store);
+  return outcome;
+}
+
+void SayTrimmed(const Console& console, int n, std::string_view where) {
+  if (n > 0) Say(console, "{} steps trimmed from {}", n, where);
+}
+
+int RunTrimSteps(ScriptCall& call) {
+  Session& session = call.session;
+  std::vector<int> counts;
+  if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  const int initial = counts.front();
+  const int terminal = counts.back();  // one number trims both ends
+  if (initial < 0 || terminal < 0) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
+  const CaseStore& store = session.case_store;
+  const long in_store = static_cast<long>(store.last_read) - store.first_read + 1;
+  if (store.has_steps() && static_cast<long>(initial) + terminal >= in_store)
+    return Fail(call, kScriptBadArgument, kAllTrimmed, call.command);
+  session.output.trim_initial = initial;
+  session.output.trim_terminal = terminal;
+  const TrimOutcome outcome = store.has_steps() ? Retrim(session) : TrimOutcome{};
+  SayTrimmed(call.console(), initial, "beginning of time history");
+  if (outcome.whole) return kScriptOk;
+  if (outcome.incomplete_trimmed) SayTrimmed(call.console(), outcome.abort_trim, "end of aborted time history");
+  else SayTrimmed(call.console(), terminal, "end of time history");
+  return kScriptOk;
+}
+
+int RunTrimAbort(ScriptCall& call) {
+  Session& session = call.session;
+  float value = 0;
+  if (!ReadOne(call, 1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  const int n = StepCount(value);
+  if (n < 0) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
+  session.output.trim_abort = n;
+  if (!session.case_store.has_steps()) return kScriptOk;
+  const TrimOutcome outcome = Retrim(session);
+  if (outcome.incomplete_trimmed && !outcome.whole)
+    Say(call.console(), "Trimming {} steps from end of time history for aborted case", outcome.abort_trim);
+  return kScriptOk;
+}
+
+int RunSetSteps(ScriptCall& call) {
+  CaseStore& store = call.session.case_store;
+  std::vector<int> counts;
+  if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  store.first_step = std::clamp(counts[0], store.first_read, store.last_read);
+  if (counts.size() > 1 && counts[1] >= std::max(store.first_read, 1) && counts[1] <= store.last_read)
+    store.last_step = counts[1];
+  store.last_step = std::max(store.first_step, store.last_step);
+  KeepCurrentStep(store);
+  Say(call.console(), "Output set to time steps {} to {}", store.first_step, store.last_step);
+  return kScriptOk;
+}
+
+void SetSkips(Session& session, int initial, int terminal) {
+  session.output.skip_initial = initial;
+  session.output.skip_terminal = terminal;
+  CaseStore& store = session.case_store;
+  if (store.has_steps()) store.skip_effective = initial <= store.last_step ? initial : store.last_step - 1;
+}
+
+int RunSkipSteps(ScriptCall& call) {
+  std::vector<int> counts;
+  if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (*std::min_element(counts.begin(), counts.end()) < 0)
+    return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
+  SetSkips(call.session, counts[0], counts.size() > 1 ? counts[1] : 0);
+  if (counts.size() == 1) {
+    Say(call.console(), "Setting # of initial time steps to skip in statistical calculations to {}", counts[0]);
+    return kScriptOk;
+  }
+  SayLine(call.console(), "Setting # of initial and terminal time steps to skip in");
+  Say(call.console(), "statistical calculations to {} and {}, respectively", counts[0], counts[1]);
+  return kScriptOk;
+}
+
+int RunStatSteps(ScriptCall& call) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  const int first = StepCount(values[0]);
+  const int last = StepCount(values[1]);
+  if (first < 1 || first > last) {
+    Say(call.console(), kIllegalArguments, call.command);
+    return Fail(call, kScriptBadArgument, "        Initial time step of range {}",
+                first < 1 ? "cannot be zero" : "after terminal step");
+  }
+  const CaseStore& store = call.session.case_store;
+  SetSkips(call.session, std::max(0, first - store.first_step), std::max(0, store.last_step - last));
+  Say(call.console(), "Setting time step range for statistical calculations to: {} through {}", first, last);
+  return kScriptOk;
+}
+
+int RunStepIncrement(ScriptCall& call) {
+  float value = 0;
+  if (!ReadOne(call, -1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  const int n = StepCount(value);
+  if (n < 1) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
+  call.session.output.step_stride = n;
+  Say(call.console(), "Setting output step increment to {}", n);
+  return kScriptOk;
+}
+
+constexpr Command kSteps[] = {
+    {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"}, kNone, RunTrimSteps},
+    {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, kNone, RunTrimAbort},
+    {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"}, kNeedsCase, RunSetSteps},
+    {{"SET_SKIP_STEPS", "SKIP_STEPS"}, kNone, RunSkipSteps},
+    {{"SET_STAT_STEPS", "STAT_STEPS"}, kNeedsCase, RunStatSteps},
+    {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"}, kNone, RunStepIncrement},
+};
+
+}  // namespace
+
+CommandFamily StepCommands() { return kSteps; }
+
+}  // namespace zaview

@@ -1,0 +1,146 @@
+#include "script/open_script_file.h"
+
+#include <string>
+
+#include "base/message.h"
+#include "base/text.h"
+#include "frame/prompts.h"
+#include "script/expand_includes.h"
+#include "script/expand_loops.h"
+#include "script/read_script_file.h"
+#include "script/substitute_variables.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kNamePrompt = "Enter the name of an ZAVIEW Script File (Return to cancel):";
+inline constexpr std::string_view kReading = "Reading ZAVIEW script file : {}";
+inline constexpr std::string_view kOpenFault = "ERROR opening Script File : {}";
+inline constexpr std::string_view kParseFault = "ERROR parsing Script File : {}";
+inline constexpr std::size_t kScriptName = 256;  // a longer name fails to open
+
+// The words for the status that the interpreter ended with; the last row is for all others.
+struct EndRow {
+  int status;
+  std::string_view text;
+};
+constexpr EndRow kEnds[] = {
+    {kScriptOk, "Successfully parsed ZAVIEW script file : {}"},
+    {kScriptFailed, "ERROR executing ZAVIEW script file : {}"},
+    {kScriptBadArgument, "Argument ERROR in ZAVIEW script file : {}"},
+    {kScriptUnknownCommand, "ERROR parsing ZAVIEW script file : {}"},
+    {-1, "ERROR reading ZAVIEW script file : {}"},
+};
+
+FileHandle OpenScript(const Files& files, std::string_view name, std::string& opened) {
+  for (const std::string_view ending : {"", ".script", ".scpt"}) {
+    opened = std::string(name).append(ending);
+    const FileHandle file = opened.size() > kScriptName ? kNoFile : files.open_read(files.self, opened);
+    if (file != kNoFile) return file;
+  }
+  return kNoFile;
+}
+
+// The three passes: from the open file to the final text.
+bool RunPasses(Session& session, FileHandle file) {
+  const Platform& platform = session.platform;
+  ScriptState& script = session.script;
+  ScriptText text;
+  const IncludeStatus includes = ExpandIncludes(platform, script.name, file, script.files, text);
+  platform.files.close(platform.files.self, file);
+  PassMessage message;
+  const bool good = includes == IncludeStatus::ok && ExpandScriptLoops(platform.console, text, message) &&
+                    SubstituteScriptVariables(platform.console, script, text, message);
+  script.final_text = std::move(text.lines);
+  script.next_line = 0;
+  if (good) return true;
+  Say(platform.console, kParseFault, script.name);
+  if (includes != IncludeStatus::ok) return false;
+  SayLine(platform.console, message.first);
+  if (!message.second.empty()) SayLine(platform.console, message.second);
+  SayLine(platform.console, AtLine(script.files, message.origin, message.line));
+  return false;
+}
+
+void CloseScript(ScriptState& script) {
+  script.open = false;
+  script.final_text = {};
+  script.files = {};
+  script.next_line = 0;
+}
+
+int RunOpenScript(Session& session) {
+  const int status = ReadScriptFile(session);
+  if (status == kScriptOk && session.run.plot_suboption > 0) return status;  // suspended: all stays open
+  const std::string name = session.script.name;
+  CloseScript(session.script);
+  const EndRow* row = kEnds;
+  while (row->status != status && row->status != -1) ++row;
+  if (status == kScriptOk) SayLine(session.platform.console, "");
+  Say(session.platform.console, fmt::runtime(row->text), name);
+  return status;
+}
+
+int StartScript(Session& session, std::string_view name) {
+  const Console& console = session.platform.console;
+  ScriptState& script = session.script;
+  std::string opened;
+  const FileHandle file = OpenScript(session.platform.files, name, opened);
+  if (file == kNoFile) {
+    Say(console, kOpenFault, name);
+    return kScriptNotRun;
+  }
+  script.name = opened;
+  Say(console, kReading, script.name);
+  if (!RunPasses(session, file)) {
+    CloseScript(script);
+    return kScriptNotRun;
+  }
+  script.open = true;
+  if (session.run.skip_prompt == SkipPrompt::ask) session.run.skip_prompt = SkipPrompt::silent;
+  return RunOpenScript(session);
+}
+
+// Asks until a script ran, or the user gives up.
+int AskForScript(Session& session) {
+  const Console& console = session.platform.console;
+  while (true) {
+    SayLine(console, "");
+    std::string name;
+    const Answer answer = ask_text(console, kNamePrompt, "", name);
+    if (answer != Answer::ok || IsBlank(name.substr(0, 5))) {
+      SayLine(console, "Script file open aborted ...");
+      return kScriptCancelled;
+    }
+    const int status = StartScript(session, Trim(name));
+    if (session.script.open) return status;
+    if (status == kScriptOk) {
+      pause_for_return(console);
+      return status;
+    }
+    std::string again;
+    if (ask_text(console, "Hit RETURN to continue...", "", again) != Answer::ok || IsBlank(again)) return status;
+  }
+}
+
+int ResumeOrStart(Session& session, std::string_view name) {
+  if (session.run.plot_suboption > 0 && session.script.open) {
+    session.run.plot_suboption = 0;
+    return RunOpenScript(session);
+  }
+  return IsBlank(name) ? AskForScript(session) : StartScript(session, name);
+}
+
+}  // namespace
+
+int OpenScriptFile(Session& session, std::string_view name) {
+  const Console& console = session.platform.console;
+  const bool trace = session.run.debug_flow;
+  if (trace) Say(console, "OpenScriptFile : entering plot_suboption= {}", session.run.plot_suboption);
+  const int status = ResumeOrStart(session, name);
+  if (trace) Say(console, "OpenSCriptFile : exiting plot_suboption= {}", session.run.plot_suboption);
+  return status;
+}
+
+}  // namespace zaview

@@ -1,0 +1,42 @@
+#include "script/preconditions.h"
+
+#include <string_view>
+
+namespace zaview {
+
+namespace {
+
+bool CaseRead(const Session& session) { return session.case_store.has_case && session.case_store.last_step > 0; }
+bool IsMotionCase(const Session& session) { return session.case_store.time_history(); }
+bool GraphicsAvailable(const Session& session) { return session.platform.window.available; }
+
+struct Precondition {
+  Needs need;
+  bool (*met)(const Session& session);
+  std::string_view text, short_text;  // behind "ERROR - " and the command
+  std::string_view second;            // a line of its own, may be blank
+};
+
+constexpr Precondition kPreconditions[] = {
+    {kNeedsCase, CaseRead, " : cannot be run until an output", " cannot be run until an output", "   file has been read"},
+    {kNeedsEnsemble, CaseRead, " : cannot be run until one or more", " : cannot be run until one or more",
+     "   output files have been read"},
+    {kNeedsMotion, IsMotionCase, " not valid for impulsive motion and IRF calculations",
+     " not valid for impulsive motion and IRF calculations", ""},
+    {kNeedsGraphics, GraphicsAvailable, " : cannot be run as graphics are not available",
+     " cannot be run as graphics are not available", ""},
+};
+
+}  // namespace
+
+bool PreconditionsMet(const ScriptCall& call, Needs needs) {
+  for (const Precondition& test : kPreconditions) {
+    if ((needs & test.need) == 0 || test.met(call.session)) continue;
+    Say(call.console(), "ERROR - {}{}", call.command, (needs & kShortWords) != 0 ? test.short_text : test.text);
+    if (!test.second.empty()) SayLine(call.console(), test.second);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace zaview

@@ -1,0 +1,37 @@
+// Words and numbers of script lines. Both go on to the next lines when a line is used up, without a word about it.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/platform.h"
+#include "script/script_state.h"
+
+namespace zaview {
+
+struct WordScanner {
+  const Console* console = nullptr;
+  std::span<const ScriptLine> lines;  // where further lines come from
+  std::size_t* next_line = nullptr;
+  std::string_view line;              // the line in use, of `lines` or of the caller
+  std::size_t position = 0;           // columns of it that are used up
+};
+
+// The next word, cut to `limit` characters. One that begins with a quote runs to the next same quote (no escape); if
+// that is missing it takes the rest of the line and says so. False at the end of the text.
+[[nodiscard]] bool NextLoopWord(WordScanner& scanner, std::size_t limit, std::string& word);
+
+// The same; blank at the end of the text.
+[[nodiscard]] std::string NextScriptWord(WordScanner& scanner, std::size_t limit);
+
+// Numbers apart by blanks or tabs. n > 0: exactly n of them, over as many lines as it takes. n < 0: those on this line,
+// at most -n. Each must be a number from end to end. False: a bad number, or (n > 0) the text ends.
+[[nodiscard]] bool ParseRealList(WordScanner& scanner, int n, std::vector<float>& values);
+
+// Step counts: int(x + 0.5), limited to the range of int.
+[[nodiscard]] int StepCount(float value);
+
+}  // namespace zaview

@@ -1,0 +1,46 @@
+// Quantity selectors and the numbers behind them.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "case/plot_data.h"
+#include "script/script_call.h"
+
+namespace zaview {
+
+inline constexpr int kSelectAll = 0, kSelectNone = -1, kSelectOff = -2;
+
+// Takes the next word of the line: kSelectAll for ALL, kSelectOff for OFF, the index (from 1) of the last name that
+// is the same in capitals, or kSelectNone. word: as typed.
+[[nodiscard]] int ParseQuantitySpecifier(WordScanner& scanner, std::span<const std::string_view> names,
+                                         std::string& word);
+
+enum class TailForm : unsigned char { plain, point, missile };
+
+struct Selector {
+  std::string word;  // as typed
+  int iqnt = 0;      // number in the quantity catalogue
+  TailForm form = TailForm::plain;
+};
+
+// 0, or the status of the failure that has been said.
+[[nodiscard]] int ReadSelector(ScriptCall& call, Selector& selector);
+
+enum class CurveIndex : unsigned char { none, given };
+
+// The numbers behind the selector: plain `i`; point `x y z i`; missile x y z, an option index that is 1, four numbers.
+// Without a curve index the `i` is missing and all curves are asked for. Doesn't test the index against the case.
+[[nodiscard]] int ReadTail(ScriptCall& call, const Selector& selector, CurveIndex curve, QuantityRequest& request);
+
+// Is the curve index one of this case?
+[[nodiscard]] int CheckCurve(ScriptCall& call, const Selector& selector, const QuantityRequest& request);
+
+// Selector and tail with its curve index, tested against the case. not_valid: what is said of a quantity that this
+// case lacks, with slots {0} command and {1} selector.
+inline constexpr std::string_view kNotValid = "ERROR - {0} option {1} not valid for this output file";
+[[nodiscard]] int ReadCurve(ScriptCall& call, Selector& selector, QuantityRequest& request,
+                            std::string_view not_valid = kNotValid);
+
+}  // namespace zaview
