@@ -6,7 +6,9 @@
 
 namespace zaview {
 
-// unformatted: one framed record a step instead (time and curves, 4-byte reals), no heads.
+// Behind older text of the file title and heading repeat, set off by an empty line.
+// unformatted: one framed record a step instead (4-byte length, time and curves, the length again; little-endian,
+// 4-byte reals), no heads; the console takes none of these (not_valid).
 [[nodiscard]] PlotFault write_time_history(const Console& console, const OutputSettings& settings,
                                            const QuantityRequest& request, bool unformatted, CaseStore& case_store,
                                            OutputFile& out);

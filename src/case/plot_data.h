@@ -14,27 +14,32 @@ namespace zaview {
 
 struct QuantityRequest {
   int iqnt = 1;
-  int curve = 0;                    // 1..; 0: all
-  std::array<double, 3> point{};    // point quantities: INPUT axes and units
-  std::array<float, 4> missile{};   // C1..C4 of quantity 48
+  int curve = 0;                   // 1..; 0: all
+  std::array<double, 3> point{};   // point quantities: INPUT axes and units
+  std::array<float, 4> missile{};  // C1..C4 of quantity 48
 };
 
 struct PlotData {
-  int n = 0;                            // points first_step, first_step + step_stride, .. last_step
-  std::vector<float> x;                 // time in output units
-  std::vector<std::vector<float>> y;    // a vector a curve asked for
-  std::vector<std::string> labels;      // the same curves
+  int n = 0;                          // points first_step, first_step + step_stride, .. last_step; 0: none
+  std::vector<float> x;               // time in output units
+  std::vector<std::vector<float>> y;  // a vector a curve asked for
+  std::vector<std::string> labels;    // the same curves
 };
 
+// not_valid: no such curve or no data for it in this case (the caller says so); no_wave and logic have been said.
 enum class PlotFault : std::uint8_t { none, not_valid, no_wave, no_memory, logic };
 
+inline constexpr std::string_view kNoWaveData = "Incident wave data will not be available";
+
+// y = stored x scale, then x sign factor, in 4 bytes; slots of force are summed in their order first. Curve 4 of 28 and
+// 29 is the length of the stored three. 48: C1 ax + C2 ay + C3 az + C4, (ax ay az) = R' (a + (0,0,1)) as shown.
 [[nodiscard]] PlotFault SetPlotData(const Console& console, const OutputSettings& settings,
                                     const QuantityRequest& request, CaseStore& case_store, PlotData& data);
 
 // The points a statistic takes: first_step + skip <= step <= last_step - skip_terminal. Indices into PlotData from 0.
 struct StatRange {
-  int first = 0;   // first point
-  int n = 0;       // points; 0 or below: too many skipped
+  int first = 0;  // first point
+  int n = 0;      // points; 0 or below: too many skipped
 };
 [[nodiscard]] StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings);
 

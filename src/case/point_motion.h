@@ -1,7 +1,7 @@
 // Motion of a ship-fixed point (x y z in INPUT axes and units) over all steps in store.
 //   r = point in ship axes less the CG; p = CG + R r; v = vmg(1:3) + R (w x r);
 //   a = R (acc(1:3) + w' x r + w x (w x r)), w = vmg(4:6), w' = acc(4:6), products in ship axes. Results are global.
-// point_motion 1..3 p, 4..6 v, 7..9 a; 10..12 wait for the incident wave.
+// point_motion 1..3 p, 4..6 v, 7..9 a; relative motion (10..12) waits for the incident wave.
 #pragma once
 
 #include <array>

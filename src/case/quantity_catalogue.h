@@ -1,4 +1,5 @@
-// The 48 quantities: number, labels, selector words, curves, source, scale kind, validity. One row tells all.
+// The 48 quantities: number, labels, curves, scale kind, what they need. One row tells all; the source of each curve
+// stands in plot_data.cpp.
 #pragma once
 
 #include <array>
@@ -13,28 +14,43 @@ namespace zaview {
 
 inline constexpr int kQuantities = 48;
 
-enum class ScaleKind : std::uint8_t { position, velocity, acceleration, force, load_force, load_moment, elevation,
-                                      maneuver, point, none };
+enum class ScaleKind : std::uint8_t {
+  position,
+  velocity,
+  acceleration,
+  force,
+  load_force,
+  load_moment,
+  elevation,
+  maneuver,
+  point,
+  none
+};
 enum class QuantityNeed : std::uint8_t { none, other_force, x_cuts, y_cuts, wave, point, missile, file_only };
 
 struct QuantityRow {
   int iqnt;
   std::string_view long_label, medium_label;
-  int curves;                // 0: counted by the case (cuts) or no curves
+  int curves;  // 0: counted by the case (cuts) or no curves
   ScaleKind scale;
   QuantityNeed need;
-  int load_kind;             // 1..6, 0: none
-  std::string_view curve;    // stem of the curve label: "pmgg" gives pmgg(1) ..; blank: told by CurveLabel
+  int load_kind;           // 1..6, 0: none
+  std::string_view curve;  // stem of the curve label: "pmgg" gives pmgg(1) ..; blank: told by CurveLabel
 };
 
 [[nodiscard]] const QuantityRow* FindQuantity(int iqnt);  // null: no such number
-[[nodiscard]] std::string_view cQntLong(int iqnt);
+inline constexpr std::string_view kNoLongLabel = "Logic ERROR in cQntLong: iqnt= {}";
+inline constexpr std::string_view kNoMediumLabel = "Logic ERROR in cQntMed: iqnt= {}";
+[[nodiscard]] std::string_view cQntLong(int iqnt);  // blank: no such number, the caller says kNoLongLabel
 [[nodiscard]] std::string_view cQntMed(int iqnt);
 
 // Curves of a quantity in this case; 0: none here.
 [[nodiscard]] int CurveCount(const CaseStore& case_store, int iqnt);
-// May this quantity be shown for this case?
+// Has this case data for it? 36 to 38 have data, but only for tables of time histories (need is file_only); 25, 26 and
+// 30 belong to every case with steps, whether or not their wave can be evaluated.
 [[nodiscard]] bool QuantityValid(const CaseStore& case_store, int iqnt);
+// The coordinate of a sectional cut as it is shown: input coordinate times LENOUT/LENIN (X; Y for 19 to 24).
+[[nodiscard]] float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int cut);
 // "pmgg(3)", "Force, X=25", "Vmag", ...; loads use input coordinates times LENOUT/LENIN.
 [[nodiscard]] std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int curve);
 [[nodiscard]] bool IsPointQuantity(int iqnt);  // 27..32, 36..38, 48

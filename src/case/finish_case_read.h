@@ -1,0 +1,33 @@
+// What follows the read of a case: which steps are in use, flags, key steps, the summary of sectional loads.
+#pragma once
+
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/output_settings.h"
+
+namespace zaview {
+
+// The trim rules alone (also for SET_TRIM_STEPS and menu option 11): sets first_step, last_step and skip_effective, and
+// keeps current_step inside. Says nothing; doing it again changes nothing. Lengths are compared with the count of
+// steps in store, so a restarted part that begins at step 371 is treated like a run that begins at 1.
+struct TrimOutcome {
+  bool incomplete_trimmed = false;  // WRN500
+  int abort_trim = 0;               // steps trimmed for that reason
+  bool whole = false;               // WRN501: trimming would have left nothing
+};
+[[nodiscard]] TrimOutcome ApplyTrim(const OutputSettings& settings, CaseStore& case_store);
+
+// WRN500 and WRN501 for an outcome.
+void SayTrim(const Console& console, const TrimOutcome& outcome);
+
+// irf_case, tadm_case by MOTYPE and MIXED.
+void SetCaseFlags(CaseStore& case_store);
+
+// kmstep: first_read, then every kmstep_interval, and last_read if it lies more than half an interval behind the last
+// of these. False: out of memory.
+[[nodiscard]] bool FindKeySteps(const OutputSettings& settings, CaseStore& case_store);
+
+// All of it with its messages: flags, scales of the file, trims, current_step, kmstep, sectional-load summary.
+void finish_case_read(const Console& console, OutputSettings& settings, CaseStore& case_store);
+
+}  // namespace zaview

@@ -1,0 +1,287 @@
+#include "case/plot_data.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/grow.h"
+#include "base/message.h"
+#include "base/rotation.h"
+#include "case/derived_arrays.h"
+#include "case/point_motion.h"
+#include "case/quantity_catalogue.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kNoQuantity = "LOGIC ERROR in SetPlotData: iqnt= {}";
+
+// The points in use as places in the columns.
+struct Places {
+  std::size_t first = 0;
+  std::size_t stride = 1;
+  std::size_t n = 0;
+};
+
+int Stride(const OutputSettings& settings) {
+  return std::max(1, settings.step_stride);
+}
+
+int PointsInUse(const CaseStore& c, const OutputSettings& settings) {
+  const std::int64_t stride = Stride(settings);
+  return static_cast<int>(std::max<std::int64_t>(0, (c.last_step + stride - c.first_step) / stride));
+}
+
+// Where a curve comes from: columns to be summed in this order, plus a constant, times scale, times sign.
+struct CurveSource {
+  std::array<const std::vector<float>*, 5> columns{};
+  int n_columns = 0;
+  float constant = 0;
+  float scale = 1;
+  float sign = 1;
+};
+
+CurveSource Column(const StepHistory& history, int i, float scale, float sign) {
+  CurveSource source;
+  const bool there = i >= 1 && i <= history.components();
+  if (there) source.columns[0] = &history.component[static_cast<std::size_t>(i - 1)];
+  source.n_columns = there ? 1 : 0;
+  source.scale = scale;
+  source.sign = sign;
+  return source;
+}
+
+float SumAt(const CurveSource& source, std::size_t place) {
+  float sum = (*source.columns[0])[place];
+  for (int k = 1; k < source.n_columns; ++k) sum += (*source.columns[static_cast<std::size_t>(k)])[place];
+  return sum;
+}
+
+void FillCurve(const CurveSource& source, const Places& places, std::vector<float>& y) {
+  for (std::size_t j = 0; j < places.n; ++j) {
+    float value = SumAt(source, places.first + j * places.stride);
+    if (source.constant != 0.0F) value += source.constant;
+    y[j] = (value * source.scale) * source.sign;
+  }
+}
+
+// The slots of force that a quantity sums: first .. last.
+struct SlotRange {
+  int first, last;
+};
+SlotRange SlotsOf(int iqnt) {
+  constexpr SlotRange kSlots[] = {
+      {1, 5},
+      {1, 2},
+      {1, 1},
+      {2, 2},
+      {3, 3},
+      {4, 4},
+      {5, 5}
+  };  // 6..12 and 41..47
+  return kSlots[static_cast<std::size_t>(iqnt < 41 ? iqnt - 6 : iqnt - 41)];
+}
+
+CurveSource ForceSource(const CaseStore& c, const OutputSettings& s, int iqnt, int curve) {
+  const StepHistory& history = iqnt < 41 ? c.force : c.force_ship;
+  const SlotRange slots = SlotsOf(iqnt);
+  const auto i = static_cast<std::size_t>(curve - 1);
+  CurveSource source;
+  source.scale = s.scales.force[i];
+  source.sign = s.cnvfac[i];
+  for (int slot = slots.first; slot <= slots.last; ++slot)
+    source.columns[static_cast<std::size_t>(source.n_columns++)] =
+        &history.component[static_cast<std::size_t>(6 * (slot - 1)) + i];
+  return source;
+}
+
+CurveSource ManeuverSource(const CaseStore& c, const OutputSettings& s, int curve) {
+  const float angle = s.scales.angle;
+  const float scales[] = {s.scales.velocity[0], angle, angle, angle, angle, s.scales.prop_rps};
+  return Column(c.maneuver, curve, scales[curve - 1], 1.0F);
+}
+
+// 36 and 38: position, Euler angles, velocity, rates, acceleration, rate changes, three columns each.
+CurveSource PointListSource(const CaseStore& c, const OutputSettings& s, int curve) {
+  const struct {
+    const StepHistory* history;
+    int first;  // component of the group's first column
+    const std::array<float, 6>* scale;
+    std::size_t slot;  // of scale and sign
+  } groups[] = {
+      {&c.point_motion, 1, &s.scales.position,     0},
+      {&c.pmgg,         4, &s.scales.position,     3},
+      {&c.point_motion, 4, &s.scales.velocity,     0},
+      {&c.vmg,          4, &s.scales.velocity,     3},
+      {&c.point_motion, 7, &s.scales.acceleration, 0},
+      {&c.acc,          4, &s.scales.acceleration, 3}
+  };
+  const auto& group = groups[(curve - 1) / 3];
+  const int within = (curve - 1) % 3;
+  const std::size_t slot = group.slot + static_cast<std::size_t>(within);
+  return Column(*group.history, group.first + within, (*group.scale)[slot], s.cnvfac[slot]);
+}
+
+// 27 to 29, 31, 32: component 1..9 of point_motion.
+CurveSource PointSource(const CaseStore& c, const OutputSettings& s, int iqnt, int curve) {
+  const int component = iqnt == 28 ? curve + 3 : iqnt == 29 ? curve + 6 : curve;
+  const std::array<float, 6>& scale = component <= 3   ? s.scales.position
+                                      : component <= 6 ? s.scales.velocity
+                                                       : s.scales.acceleration;
+  const auto slot = static_cast<std::size_t>((component - 1) % 3);
+  CurveSource source = Column(c.point_motion, component, scale[slot], s.cnvfac[slot]);
+  if (iqnt == 32 && component == 9) source.constant = 1.0F;  // gravity, non-dimensional
+  return source;
+}
+
+CurveSource SourceOf(const CaseStore& c, const OutputSettings& s, const QuantityRow& row, int curve) {
+  const auto i = static_cast<std::size_t>(curve - 1);
+  if (row.load_kind != 0) {
+    const auto kind = static_cast<std::size_t>(row.load_kind - 1);
+    return row.scale == ScaleKind::load_force ? Column(c.load_force[kind], curve, s.scales.load_force, 1.0F)
+                                              : Column(c.load_moment[kind], curve, s.scales.load_moment, 1.0F);
+  }
+  if (row.scale == ScaleKind::force) return ForceSource(c, s, row.iqnt, curve);
+  switch (row.iqnt) {
+    case 1:
+      return Column(c.pmgg, curve, s.scales.position[i], s.cnvfac[i]);
+    case 2:
+      return Column(c.vmg, curve, s.scales.velocity[i], s.cnvfac[i]);
+    case 3:
+      return Column(c.acc, curve, s.scales.acceleration[i], s.cnvfac[i]);
+    case 4:
+      return Column(c.motion, curve, s.scales.position[i], s.cnvfac[i]);
+    case 5:
+      return Column(c.vmgshp, curve, s.scales.velocity[i], s.cnvfac[i]);
+    case 33:
+      return ManeuverSource(c, s, curve);
+    case 36:
+    case 38:
+      return PointListSource(c, s, curve);
+    case 39:
+      return Column(c.vmgg, curve, s.scales.velocity[i], s.cnvfac[i]);
+    case 40:
+      return Column(c.accg, curve, s.scales.acceleration[i], s.cnvfac[i]);
+    default:
+      return PointSource(c, s, row.iqnt, curve);
+  }
+}
+
+// Length of the three components from `first` on: never negative, so no sign factor.
+void FillMagnitude(const StepHistory& history, std::size_t first, float scale, const Places& places,
+                   std::vector<float>& y) {
+  const std::vector<float>* v = &history.component[first];
+  for (std::size_t j = 0; j < places.n; ++j) {
+    const std::size_t p = places.first + j * places.stride;
+    const double a = v[0][p];
+    const double b = v[1][p];
+    const double d = v[2][p];
+    y[j] = static_cast<float>(std::sqrt(a * a + b * b + d * d)) * scale;
+  }
+}
+
+void FillMissile(const CaseStore& c, const OutputSettings& s, const std::array<float, 4>& C, const Places& places,
+                 std::vector<float>& y) {
+  const std::vector<float>* a = &c.point_motion.component[6];
+  const std::vector<float>* angles = &c.pmgg.component[3];
+  for (std::size_t j = 0; j < places.n; ++j) {
+    const std::size_t p = places.first + j * places.stride;
+    const Rotation R = ShipToGlobal(angles[0][p], angles[1][p], angles[2][p]);
+    const Vector3 ship = ToShip(R, {a[0][p], a[1][p], a[2][p] + 1.0});
+    std::array<float, 3> shown{};
+    for (std::size_t i = 0; i < 3; ++i)
+      shown[i] = (static_cast<float>(ship[i]) * s.scales.acceleration[i]) * s.cnvfac[i];
+    y[j] = ((C[0] * shown[0] + C[1] * shown[1]) + C[2] * shown[2]) + C[3];
+  }
+}
+
+// The derived arrays behind a quantity. False: out of memory.
+bool EnsureSource(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                  CaseStore& c) {
+  if (IsPointQuantity(request.iqnt)) return NodePointMot(console, settings, request.point, c);
+  if (request.iqnt >= 41 && request.iqnt <= 47) return EnsureDerived(c, Derived::force_ship);
+  switch (request.iqnt) {
+    case 4:
+      return EnsureDerived(c, Derived::motion);
+    case 5:
+      return EnsureDerived(c, Derived::vmgshp);
+    case 33:
+      return EnsureDerived(c, Derived::maneuver);
+    case 39:
+      return EnsureDerived(c, Derived::vmgg);
+    case 40:
+      return EnsureDerived(c, Derived::accg);
+    default:
+      return true;
+  }
+}
+
+PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& request, const QuantityRow& row,
+                        const Places& places, int curve, CaseStore& c, std::vector<float>& y) {
+  if (!Grow(y, places.n)) return PlotFault::no_memory;
+  const bool magnitude = curve == 4 && (row.iqnt == 28 || row.iqnt == 29);
+  if (row.iqnt == 48) {
+    FillMissile(c, settings, request.missile, places, y);
+  } else if (magnitude) {
+    const bool velocity = row.iqnt == 28;
+    FillMagnitude(c.point_motion, velocity ? 3 : 6,
+                  velocity ? settings.scales.velocity[0] : settings.scales.acceleration[0], places, y);
+  } else {
+    const CurveSource source = SourceOf(c, settings, row, curve);
+    if (source.n_columns == 0) return PlotFault::not_valid;
+    FillCurve(source, places, y);
+  }
+  return PlotFault::none;
+}
+
+}  // namespace
+
+PlotFault SetPlotData(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                      CaseStore& case_store, PlotData& data) {
+  data = PlotData{};
+  const QuantityRow* row = FindQuantity(request.iqnt);
+  if (row == nullptr) {
+    Say(console, kNoQuantity, request.iqnt);
+    return PlotFault::logic;
+  }
+  const int curves = CurveCount(case_store, request.iqnt);
+  if (!QuantityValid(case_store, request.iqnt) || request.curve < 0 || request.curve > curves)
+    return PlotFault::not_valid;
+  if (row->need == QuantityNeed::wave || request.iqnt == 37) {  // 37 holds the wave at the CG
+    SayLine(console, kNoWaveData);
+    return PlotFault::no_wave;
+  }
+
+  const int first_curve = request.curve == 0 ? 1 : request.curve;
+  const int last_curve = request.curve == 0 ? curves : request.curve;
+  for (int curve = first_curve; curve <= last_curve; ++curve)
+    data.labels.push_back(CurveLabel(case_store, settings, request.iqnt, curve));
+  data.y.resize(data.labels.size());
+  data.n = PointsInUse(case_store, settings);
+  if (data.n == 0) return PlotFault::none;
+
+  Places places;
+  places.first = static_cast<std::size_t>(case_store.first_step - case_store.first_read);
+  places.stride = static_cast<std::size_t>(Stride(settings));
+  places.n = static_cast<std::size_t>(data.n);
+  if (!EnsureSource(console, settings, request, case_store) || !Grow(data.x, places.n)) return PlotFault::no_memory;
+  FillCurve(Column(case_store.time, 1, settings.scales.T, 1.0F), places, data.x);
+  for (int curve = first_curve; curve <= last_curve; ++curve) {
+    std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first_curve)];
+    const PlotFault fault = FillRequested(settings, request, *row, places, curve, case_store, y);
+    if (fault != PlotFault::none) return fault;
+  }
+  return PlotFault::none;
+}
+
+StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings) {
+  const std::int64_t stride = Stride(settings);
+  const std::int64_t skip = std::max(0, case_store.skip_effective);
+  const std::int64_t terminal = std::max(0, settings.skip_terminal);
+  const std::int64_t first = (skip + stride - 1) / stride;
+  const std::int64_t span = std::int64_t{case_store.last_step} - case_store.first_step - terminal;
+  const std::int64_t n = span < 0 ? 0 : span / stride + 1 - first;
+  if (n <= 0) return {};
+  return {static_cast<int>(first), static_cast<int>(n)};
+}
+
+}  // namespace zaview

@@ -1,0 +1,300 @@
+#include "case/read_output_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <thread>
+#include <utility>
+
+#include "base/line_source.h"
+#include "base/message.h"
+#include "base/number_format.h"
+#include "base/text.h"
+#include "case/default_skip.h"
+#include "case/output_header.h"
+#include "case/output_scales.h"
+#include "case/plot_data.h"
+#include "case/time_steps.h"
+#include "frame/prompts.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kAskName = "Enter ZAVO output file name (KINO for alternate input, QUIT to abort)";
+inline constexpr std::string_view kBlankName = " file specification aborted ... re-specify";
+inline constexpr std::string_view kNoAlternate = "ERROR - alternate input cannot be read yet : {}";
+inline constexpr std::string_view kAlternateInScript = "ERROR - alternate input needs READ_KINO_FILES in a script";
+inline constexpr std::string_view kGeometryOnly = "Specified ZAVO file is for a geometry only (NSTEP=0) run";
+inline constexpr std::string_view kNoSteps[] = {"ERR487 - The ZAVO file contains no steps.",
+                                                "         Reading as geometry only (NSTEP=0) run"};
+inline constexpr std::string_view kStillRunning =
+    "         The ZAVO run may still be running or may have terminated prematurely";
+inline constexpr std::string_view kNotAscending = "ERR408 - Time step not ascending in ZAVO output file:";
+inline constexpr std::string_view kNoMoreSteps = "         Additional steps will not be available";
+inline constexpr std::string_view kNoMoreStepsError = "         Additional steps will be not be available";
+inline constexpr std::string_view kReadAborted = "         File read aborted";
+inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
+
+constexpr std::size_t kNameField = 256;  // columns; a longer name fails to open, it is never cut
+
+// Says how far a long read is: not before kQuietTime, then at most five times a second.
+struct ProgressLine {
+  const Platform* platform;
+  std::string_view name;
+  std::int64_t size;  // bytes; below 1: unknown
+  double next;        // when to show it again
+};
+constexpr double kQuietTime = 2.0;  // seconds
+constexpr double kShowEvery = 0.2;
+
+void ShowTaken(void* self, std::int64_t bytes) {
+  auto& line = *static_cast<ProgressLine*>(self);
+  const Clock& clock = line.platform->clock;
+  const double now = clock.seconds(clock.self);
+  if (now < line.next) return;
+  line.next = now + kShowEvery;
+  const double part = line.size > 0 ? static_cast<double>(bytes) / static_cast<double>(line.size) : 0.0;
+  const int percent = static_cast<int>(std::clamp(part, 0.0, 1.0) * 100.0);
+  const Console& console = line.platform->console;
+  console.show_progress(console.self, fmt::format("Reading {} {:>3} %", line.name, percent));
+}
+
+StepsRead ReadStepsWithProgress(const Platform& platform, BlockStream& stream, CaseStore& fresh) {
+  const std::int64_t size = platform.files.facts(platform.files.self, fresh.file_name).size;
+  ProgressLine line{&platform, fresh.file_name, size, platform.clock.seconds(platform.clock.self) + kQuietTime};
+  const StepProgress progress{&line, ShowTaken};
+  const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, 2U);
+  const StepsRead steps = ReadTimeSteps(stream, size, fresh, progress, threads);
+  platform.console.remove_progress(platform.console.self);
+  return steps;
+}
+
+// Nothing but white space is left. Takes the white space.
+bool NoTextLeft(BlockStream& stream) {
+  constexpr std::size_t kRoom = 65536;
+  const auto blank = [](char c) { return IsWhite(c) || c == '\n'; };
+  do {
+    while (stream.begin < stream.end && blank(stream.buffer[stream.begin])) {
+      ++stream.begin;
+      ++stream.offset;
+    }
+    if (stream.begin < stream.end) return false;
+  } while (FillStream(stream, kRoom));
+  return true;
+}
+
+// Does the file hold what this program reads? Says what doesn't.
+bool CheckHeader(const Console& console, const ReadRequest& request, CaseStore& fresh) {
+  const ControlRecords& control = fresh.control;
+  const int ships = std::max(1, fresh.NSHIP);
+  const int mode = control.AUXOUT[0];
+  if (control.NSTEP < 0) {
+    Say(console, "ERR425 - The ZAVO output file has NSTEP= {}", control.NSTEP);
+    SayLine(console, "         File may be for an incompatible version of ZAVO");
+  } else if (request.ship < 1 || request.ship > ships) {
+    Say(console, "ERROR - ship {} is not in the file (NSHIP= {})", request.ship, fresh.NSHIP);
+  } else if (control.MOTYPE == 1) {
+    Say(console, "ERROR - impulsive runs (MOTYPE 1) cannot be read yet : {}", fresh.file_name);
+  } else if (control.NSTEP == 0) {
+    return true;  // no steps, so no layout to know
+  } else if (ships > 1) {
+    Say(console, "ERROR - time steps of {} ships cannot be read yet : {}", ships, fresh.file_name);
+  } else if (std::abs(mode) == 1 || std::abs(mode) == 2) {
+    Say(console, "ERROR - unformatted time steps (mode {}) cannot be read yet : {}", mode, fresh.file_name);
+  } else {
+    StepColumns columns;
+    if (PrepareColumns(fresh, columns)) return true;
+    Say(console, "ERROR - time steps of {}VERSION {} cannot be read yet : {}", fresh.labels.gyre ? "GYRE " : "",
+        fresh.labels.VERSION, fresh.file_name);
+  }
+  return false;
+}
+
+enum class Content : std::uint8_t { refused, geometry_only, steps };  // refused: told
+
+// Header and steps of an open file into a fresh store.
+Content ReadContent(const Platform& platform, const ReadRequest& request, FileHandle file, CaseStore& fresh,
+                    StepsRead& steps) {
+  const Console& console = platform.console;
+  BlockStream stream;
+  StartStream(stream, platform.files, file);
+  LineSource source;
+  source.stream = &stream;
+  const std::string name = fresh.file_name;
+  if (ReadOutputHeader(console, source, name, fresh) != HeaderStatus::ok) return Content::refused;
+  fresh.file_name = name;
+  fresh.base_name = BaseName(name);
+  if (!CheckHeader(console, request, fresh)) return Content::refused;
+  fresh.nstep_expected = fresh.control.NSTEP;
+  if (fresh.nstep_expected == 0) return Content::geometry_only;
+  if (NoTextLeft(stream)) {
+    steps.end = StepsEnd::no_record;
+    return Content::steps;
+  }
+  Say(console, "Reading time history data from {}", name);
+  steps = ReadStepsWithProgress(platform, stream, fresh);
+  return Content::steps;
+}
+
+// The end of a read that kept at least one step; complete says nothing.
+void SayEnd(const Console& console, const StepsRead& steps) {
+  const int last = steps.first + steps.kept - 1;
+  switch (steps.end) {
+    case StepsEnd::not_ascending:
+      SayLine(console, kNotAscending);
+      Say(console, "  time= {} at step {}", Shown{steps.previous_time}, last);
+      Say(console, "  time= {} at step {}", Shown{steps.new_time}, last + 1);
+      SayLine(console, kNoMoreSteps);
+      SayLine(console, kReadAborted);
+      break;
+    case StepsEnd::file_end:
+      Say(console, "WRN417 - Unexpected file end after time step {}", last);
+      SayLine(console, kNoMoreSteps);
+      break;
+    case StepsEnd::bad_value:
+      Say(console, "WRN416 - Error reading file after time step {}", last);
+      SayLine(console, kNoMoreStepsError);
+      break;
+    default:
+      break;
+  }
+}
+
+void SayEndWithoutSteps(const Console& console, StepsEnd end) {
+  SayLine(console, end == StepsEnd::file_end ? "ERR417 - Unexpected file end before any time steps were read"
+                                             : "ERR416 - Error reading file before any time steps were read");
+  SayLine(console, kStillRunning);
+}
+
+void Accept(const Console& console, OutputSettings& settings, CaseStore& fresh, CaseStore& case_store) {
+  fresh.has_case = true;
+  finish_case_read(console, settings, fresh);
+  case_store = std::move(fresh);
+}
+
+void AcceptWithoutSteps(const Console& console, OutputSettings& settings, CaseStore& fresh, CaseStore& case_store) {
+  fresh.first_read = 1;
+  fresh.last_read = 0;
+  Accept(console, settings, fresh, case_store);
+}
+
+void AcceptWithSteps(const Console& console, const RunState& run, const StepsRead& steps, OutputSettings& settings,
+                     CaseStore& fresh, CaseStore& case_store) {
+  SayEnd(console, steps);
+  fresh.first_read = steps.first;
+  fresh.last_read = steps.first + steps.kept - 1;
+  Say(console, "Time steps {} through {} read from ZAVO output file {}", fresh.first_read, fresh.last_read,
+      fresh.file_name);
+  SetCaseFlags(fresh);
+  AdoptFileScales(settings, fresh);
+  (void)ApplyTrim(settings, fresh);  // the default skip stays inside it; its words come behind the skip lines
+  ChooseDefaultSkip(console, run, settings, fresh);
+  Accept(console, settings, fresh, case_store);
+  if (run.do_eta) SayLine(console, kNoWaveData);
+}
+
+ReadOutcome TakeSteps(const Console& console, const RunState& run, const StepsRead& steps, OutputSettings& settings,
+                      CaseStore& fresh, CaseStore& case_store) {
+  if (steps.end == StepsEnd::out_of_memory) {
+    SayLine(console, kNoMemory);
+    case_store = CaseStore{};
+    return ReadOutcome::failed;
+  }
+  if (steps.kept > 0) {
+    AcceptWithSteps(console, run, steps, settings, fresh, case_store);
+    return ReadOutcome::ok;
+  }
+  if (steps.end == StepsEnd::no_record || steps.end == StepsEnd::complete) {
+    for (const std::string_view line : kNoSteps) SayLine(console, line);
+    AcceptWithoutSteps(console, settings, fresh, case_store);
+    return ReadOutcome::ok;
+  }
+  SayEndWithoutSteps(console, steps.end);
+  if (!case_store.has_case) AcceptWithoutSteps(console, settings, fresh, case_store);
+  return ReadOutcome::failed;
+}
+
+ReadOutcome ReadOpened(const Platform& platform, const ReadRequest& request, const std::string& name, FileHandle file,
+                       const RunState& run, OutputSettings& settings, CaseStore& case_store) {
+  CaseStore fresh;
+  fresh.file_name = name;
+  StepsRead steps;
+  const Content content = ReadContent(platform, request, file, fresh, steps);
+  (void)platform.files.close(platform.files.self, file);  // nothing was written
+  if (content == Content::refused) return ReadOutcome::failed;
+  if (content == Content::steps) return TakeSteps(platform.console, run, steps, settings, fresh, case_store);
+  if (!case_store.has_case) SayLine(platform.console, kGeometryOnly);
+  AcceptWithoutSteps(platform.console, settings, fresh, case_store);
+  return ReadOutcome::ok;
+}
+
+// The first of the names that opens, put into `name`.
+FileHandle OpenByName(const Files& files, std::string& name) {
+  for (const std::string_view ending : {"", ".out", ".out.XML", ".XML"}) {
+    std::string full = name + std::string(ending);
+    const FileHandle file = full.size() > kNameField ? kNoFile : files.open_read(files.self, full);
+    if (file == kNoFile) continue;
+    name = std::move(full);
+    return file;
+  }
+  return kNoFile;
+}
+
+bool AsksForAlternateInput(const std::string& name) {
+  constexpr std::array<std::string_view, 4> kWords = {"KINO", "kino", "TEXT", "text"};
+  return std::any_of(kWords.begin(), kWords.end(), [&](std::string_view word) { return StartsWith(name, word); });
+}
+
+// A name that leads to no file; `none` (told) lets a dialogue ask again.
+FileHandle FindFile(const Platform& platform, bool script_active, std::string& name) {
+  if (AsksForAlternateInput(name)) {
+    if (script_active) SayLine(platform.console, kAlternateInScript);
+    else Say(platform.console, kNoAlternate, name);
+    return kNoFile;
+  }
+  const FileHandle file = OpenByName(platform.files, name);
+  if (file == kNoFile) Say(platform.console, "ERROR - Error opening ZAVO Output File : {}", name);
+  return file;
+}
+
+// Asks until a file opens; no file: the user gave up.
+FileHandle AskForFile(const Platform& platform, bool script_active, std::string& name) {
+  while (ask_text(platform.console, kAskName, "", name) == Answer::ok) {
+    name = std::string(Trim(name));
+    if (name.empty()) {
+      SayLine(platform.console, kBlankName);
+      continue;
+    }
+    const FileHandle file = FindFile(platform, script_active, name);
+    if (file != kNoFile) return file;
+  }
+  return kNoFile;
+}
+
+}  // namespace
+
+std::string BaseName(std::string_view name) {
+  const std::size_t slash = name.rfind('/');
+  if (slash != std::string_view::npos) name.remove_prefix(slash + 1);
+  for (const std::string_view ending : {".XML", ".out"})
+    if (name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending)
+      name.remove_suffix(ending.size());
+  return std::string(name);
+}
+
+ReadOutcome read_output_file(const ReadRequest& request, const Platform& platform, RunState& run,
+                             OutputSettings& settings, CaseStore& case_store) {
+  if (run.script_active && run.skip_prompt == SkipPrompt::ask) run.skip_prompt = SkipPrompt::silent;
+  std::string name(Trim(request.name));
+  const bool named = !name.empty();
+  const FileHandle file =
+      named ? FindFile(platform, run.script_active, name) : AskForFile(platform, run.script_active, name);
+  if (file == kNoFile && named) return ReadOutcome::failed;
+  if (file == kNoFile) {
+    run.exit_requested = run.exit_requested || !case_store.has_case;
+    return ReadOutcome::aborted;
+  }
+  return ReadOpened(platform, request, name, file, run, settings, case_store);
+}
+
+}  // namespace zaview
