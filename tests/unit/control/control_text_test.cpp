@@ -1,0 +1,71 @@
+#include "control/control_text.h"
+
+#include <gtest/gtest.h>
+
+#include "control_draft.h"
+
+namespace zaview {
+namespace {
+
+TEST(ControlText, TextFieldsDropQuotesAndOuterBlanks) {
+  const struct {
+    const char* line;
+    const char* text;
+  } cases[] = {
+      {"  Frigate, sea state 6 \t", "Frigate, sea state 6"},
+      {"'hull 12.geo'",             "hull 12.geo"         },
+      {" \"it's\" dropped",         "it's"                },
+      {"'it''s' 5",                 "it's"                }, // a doubled quote stands for one
+      {"'no end",                   "no end"              },
+      {"'   '",                     ""                    },
+      {"",                          ""                    },
+      {"a\tb",                      "a b"                 },
+  };
+  for (const auto& c : cases) EXPECT_EQ(TextField(c.line, kTitleLength), c.text) << c.line;
+  EXPECT_EQ(TextField(std::string(100, 'x'), kTitleLength), std::string(80, 'x'));
+  EXPECT_EQ(TextField("'" + std::string(100, 'y') + "'", kTitleLength), std::string(80, 'y'));
+}
+
+TEST(ControlText, CommentsAreCutAndDelimitersFoundInRawLines) {
+  TextFile file(
+      "! not there\n"
+      "kept 'a!b'\n"
+      "   ! a blank line stays\n"
+      " END_OF_FILE not in column 1\n" +
+      std::string(300, 'x') + "\n! INPUT_FILE_ECHO is a comment here, derived_data_echo too\n" +
+      "7 ! ---- DERIVED_DATA_ECHO ----\nbehind\n");
+  HeaderText text{&file.source};
+  const std::string expected[] = {"kept 'a", "   ", " END_OF_FILE not in column 1", std::string(256, 'x')};
+  std::string_view line;
+  for (const std::string& wanted : expected) {
+    ASSERT_EQ(NextDataLine(text, line), TextEvent::line);
+    EXPECT_EQ(line, wanted);
+  }
+  EXPECT_EQ(NextDataLine(text, line), TextEvent::delimiter);
+  EXPECT_EQ(text.delimiter, Delimiter::derived_data_echo);
+  EXPECT_EQ(NextDataLine(text, line), TextEvent::delimiter) << "an ended section stays ended";
+
+  HeaderText next{&file.source};
+  EXPECT_EQ(NextDataLine(next, line), TextEvent::line);
+  EXPECT_EQ(line, "behind");
+  EXPECT_EQ(NextDataLine(next, line), TextEvent::end_of_file);
+}
+
+TEST(ControlText, EndOfFileMarkEndsTheText) {
+  TextFile file("END_OF_FILE and more\nnext\n");
+  HeaderText text{&file.source};
+  std::string_view line;
+  EXPECT_EQ(NextTextLine(text, line), TextEvent::end_of_text);
+}
+
+TEST(ControlText, SectionOfTooManyLinesIsRefused) {
+  TextFile file("1\n2\n3\n");
+  HeaderText text{&file.source, 2};
+  std::string_view line;
+  EXPECT_EQ(NextTextLine(text, line), TextEvent::line);
+  EXPECT_EQ(NextTextLine(text, line), TextEvent::line);
+  EXPECT_EQ(NextTextLine(text, line), TextEvent::too_long);
+}
+
+}  // namespace
+}  // namespace zaview
