@@ -34,8 +34,8 @@ struct FakePlatform {
     bool plain = true;
   };
   std::map<std::string, File> files;
-  std::set<std::string> directories{""};     // made on the fly for files put in with Put
-  std::map<std::string, std::string> links;  // name to target
+  std::set<std::string> directories{"", "/"};  // made on the fly for files put in with Put
+  std::map<std::string, std::string> links;    // name to target
 
   // Faults on demand.
   std::set<std::string> no_new_files_in;  // directories
@@ -48,6 +48,12 @@ struct FakePlatform {
     files[name] = {std::move(bytes), mode, true};
     for (std::size_t slash = name.find('/', 1); slash != std::string::npos; slash = name.find('/', slash + 1))
       directories.insert(name.substr(0, slash));
+  }
+  void Type(std::string_view lines) {  // each with its line end
+    for (std::size_t end = lines.find('\n'); end != std::string_view::npos; end = lines.find('\n')) {
+      input.emplace_back(lines.substr(0, end));
+      lines.remove_prefix(end + 1);
+    }
   }
   [[nodiscard]] std::string Bytes(const std::string& name) const {
     const auto found = files.find(name);

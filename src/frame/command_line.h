@@ -9,6 +9,9 @@
 
 namespace zaview {
 
+// Exit statuses of a run.
+inline constexpr int kRunOk = 0, kRunFailed = 1, kRunBadArguments = 2;
+
 enum class LineEnd : std::uint8_t { go_on, stop };  // stop: the run ends with `status`
 
 struct CommandLineResult {

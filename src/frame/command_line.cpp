@@ -1,0 +1,304 @@
+#include "frame/command_line.h"
+
+#include <string_view>
+
+#include "base/message.h"
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "case/read_output_file.h"
+#include "frame/output_file.h"
+#include "frame/prompts.h"
+#include "frame/run_loop.h"
+#include "frame/title_box.h"
+#include "frame/wildcards.h"
+#include "script/script_variables.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr std::string_view kTitle = "ZAVIEW - Plots of ZAVO output data";
+constexpr std::string_view kCommandFile = ".zaview.tmp";
+constexpr float kDegreesPerRadian = 57.29578F;
+constexpr int kNoShip = -1;
+
+constexpr std::string_view kUnrecognized = "ZAVIEW : ERROR - Unrecognized argument : {}";
+constexpr std::string_view kSecondScript =
+    "ERROR - only one of -script, -init_script, -command or -init_command can be";
+constexpr std::string_view kNoScriptName = "ERROR - missing qualifier for -script argument";
+constexpr std::string_view kNoInitScriptName = "ERROR - missing qualifier for -init_script argument";
+constexpr std::string_view kNoCommand = "ERROR - missing command for {}";
+constexpr std::string_view kNoCommandFile = "ERROR opening temporary file {}";
+constexpr std::string_view kNoFileName = "ERROR - missing file name for -file argument";
+constexpr std::string_view kEnsembleAndRestart = "ERROR - arguments -ensemble and -restart cannot both be specified";
+constexpr std::string_view kShipMissing = "ERROR - missing argument(s) to {}";
+constexpr std::string_view kShipIllegal = "ERROR - illegal argument to {}";
+constexpr std::string_view kVariableSyntax = "ERROR parsing {} argument";
+constexpr std::string_view kVariableMissing = "ERROR - insufficient qualifiers for {} argument";
+constexpr std::string_view kRootSyntax = "ERROR - incorrect syntax for {} argument";
+
+constexpr std::string_view kNoMatch = "ERROR - no file(s) found which match {}";
+constexpr std::string_view kPlotFromScript =
+    "Initial plot argument -plot* or -anim* ignored as plot was invoked from script file";
+constexpr std::string_view kPlotWithoutData =
+    "Initial plot argument -plot* or -anim* ignored as data file not specified";
+constexpr std::string_view kPlotWithoutGraphics =
+    "Initial plot argument -plot* or -anim* ignored as graphics are not avialable";
+
+// One walk over the arguments. Qualifiers are taken from `next` on.
+struct Walk {
+  Session& session;
+  std::span<const std::string> arguments;
+  std::size_t next = 0;
+  std::string option{};  // the argument at hand, as typed
+  std::string word{};    // the same in capitals
+  bool error = false;
+  bool help = false;
+  bool finished = false;  // -version, -dims: the run ends at once
+
+  [[nodiscard]] const Console& console() const { return session.platform.console; }
+  // A blank argument is none.
+  [[nodiscard]] bool Take(std::string& qualifier) {
+    if (next >= arguments.size()) return false;
+    qualifier = TrimEnd(arguments[next++]);
+    return !qualifier.empty();
+  }
+  template <typename... Args>
+  void Fail(fmt::format_string<Args...> text, Args&&... args) {
+    Say(console(), text, std::forward<Args>(args)...);
+    error = true;
+  }
+};
+
+void TakeScript(Walk& walk) {
+  RunState& run = walk.session.run;
+  const bool init = StartsWith(walk.word, "-INIT");
+  std::string name;
+  if (!walk.Take(name)) {
+    SayLine(walk.console(), init ? kNoInitScriptName : kNoScriptName);
+    walk.error = true;
+    return;
+  }
+  if (run.script_active) return walk.Fail(kSecondScript);
+  run.script_active = true;
+  run.script_is_init = init;
+  run.script_file_name = name;
+}
+
+bool WriteCommandFile(const Platform& platform, std::string_view command) {
+  OutputFile out;
+  if (!OpenOutput(platform, kCommandFile, OpenHow::replace, out)) return false;
+  WriteOutput(out, command);
+  WriteOutput(out, "\n");
+  return CloseOutput(out);
+}
+
+void TakeCommand(Walk& walk) {
+  RunState& run = walk.session.run;
+  std::string command;
+  if (!walk.Take(command)) return walk.Fail(kNoCommand, walk.word);
+  if (run.script_active) return walk.Fail(kSecondScript);
+  if (!WriteCommandFile(walk.session.platform, command)) return walk.Fail(kNoCommandFile, kCommandFile);
+  run.script_active = true;
+  run.script_is_init = Contains(walk.word, "INIT");
+  run.script_file_name = kCommandFile;
+}
+
+void TakeFile(Walk& walk) {
+  std::string name;
+  if (!walk.Take(name)) return walk.Fail(kNoFileName);
+  walk.session.run.file_args.push_back(name);
+}
+
+void TakeEnsemble(Walk& walk) {
+  RunState& run = walk.session.run;
+  run.ensemble_mode = 1;
+  if (run.restart_mode == 1) return walk.Fail(kEnsembleAndRestart);
+  run.restart_mode = 0;
+}
+
+void TakeRestart(Walk& walk) {
+  RunState& run = walk.session.run;
+  run.restart_mode = 1;
+  if (run.ensemble_mode == 1) walk.Fail(kEnsembleAndRestart);
+}
+
+void TakeShip(Walk& walk) {
+  RunState& run = walk.session.run;
+  std::string index, vcg;
+  if (!walk.Take(index) || !walk.Take(vcg)) return walk.Fail(kShipMissing, walk.word);
+  std::size_t position = 0;
+  double value = 0;
+  const bool index_read = ParseInteger(Trim(index), run.selected_ship);
+  const bool vcg_read = parse_real(vcg, position, value) != ParseEnd::none;
+  if (!index_read) run.selected_ship = kNoShip;
+  run.selected_vcg = vcg_read ? static_cast<float>(value) : -1.0F;
+  if (!index_read || !vcg_read) walk.Fail(kShipIllegal, walk.word);
+}
+
+// "name=value" or two arguments. An equals sign at the end stays part of the name.
+void TakeVariable(Walk& walk) {
+  std::string name, value;
+  if (!walk.Take(name)) return walk.Fail(kVariableMissing, walk.word);
+  const std::size_t equals = name.find('=');
+  if (equals == 0) return walk.Fail(kVariableSyntax, walk.word);
+  if (equals != std::string::npos && equals + 1 < name.size()) {
+    AddScriptVariable(walk.console(), walk.session.script, Trim(std::string_view(name).substr(0, equals)),
+                      Trim(std::string_view(name).substr(equals + 1)));
+    return;
+  }
+  if (walk.next >= walk.arguments.size()) return walk.Fail(kVariableMissing, walk.word);
+  AddScriptVariable(walk.console(), walk.session.script, name, walk.arguments[walk.next++]);
+}
+
+void TakeRoot(Walk& walk) {
+  if (walk.next >= walk.arguments.size()) return walk.Fail(kVariableMissing, walk.word);
+  AddScriptVariable(walk.console(), walk.session.script, "ROOT", walk.arguments[walk.next++]);
+}
+
+// "-ROOT=value"; deliberate: nobody looks at the character between the word and the value.
+void TakeRootWithValue(Walk& walk) {
+  constexpr std::size_t kValueAt = 6;
+  if (walk.option.size() <= kValueAt) return walk.Fail(kRootSyntax, walk.word);
+  AddScriptVariable(walk.console(), walk.session.script, "ROOT", std::string_view(walk.option).substr(kValueAt));
+}
+
+void TakeVersion(Walk& walk) {
+  SayLine(walk.console(), "");
+  walk.finished = true;
+}
+
+void TakeDimensions(Walk& walk) {
+  print_dimension_list(walk.console());
+  walk.finished = true;
+}
+
+void TakeDegrees(Walk& walk) {
+  OutputSettings& output = walk.session.output;
+  output.ANGOUT = kDegreesPerRadian;
+  output.user_scale[3] = true;
+}
+
+struct OptionRow {
+  std::size_t first;  // characters compared; 0: the whole word
+  std::string_view words[4];
+  void (*take)(Walk& walk);
+};
+
+// The first row that matches wins. "-TRAJECTORY" has none, deliberately: only "-PLOT_TRAJ..." asks for that plot.
+// "-SHIP" has no short form, as "-S" is a script.
+constexpr OptionRow kOptions[] = {
+    {0,  {"-S", "-SCRIPT"},                                 TakeScript                                                   },
+    {0,  {"-INIT_SCRIPT"},                                  TakeScript                                                   },
+    {0,  {"-COMMAND", "-INIT_COMMAND"},                     TakeCommand                                                  },
+    {5,  {"-ANIM"},                                         [](Walk& walk) { walk.session.run.initial_plot = 2; }        },
+    {10, {"-PLOT_ANIM"},                                    [](Walk& walk) { walk.session.run.initial_plot = 2; }        },
+    {10, {"-PLOT_TRAJ"},                                    [](Walk& walk) { walk.session.run.initial_plot = 3; }        },
+    {10, {"-PLOT_GEOM"},                                    [](Walk& walk) { walk.session.run.initial_plot = 4; }        },
+    {5,  {"-PLOT"},                                         [](Walk& walk) { walk.session.run.initial_plot = 1; }        },
+    {0,  {"-MENU", "-GUI"},                                 [](Walk& walk) { walk.session.run.open_options_menu = true; }},
+    {0,  {"-ENSEMBLE", "-ENSM"},                            TakeEnsemble                                                 },
+    {0,  {"-RESTARTED", "-RESTARTS", "-RESTART"},           TakeRestart                                                  },
+    {0,  {"-DO_ETA"},                                       [](Walk& walk) { walk.session.run.do_eta = true; }           },
+    {0,  {"-DEBUG_FLOW"},                                   [](Walk& walk) { walk.session.run.debug_flow = true; }       },
+    {0,  {"-HELP"},                                         [](Walk& walk) { walk.help = true; }                         },
+    {0,  {"-FILE"},                                         TakeFile                                                     },
+    {0,  {"-SHIP"},                                         TakeShip                                                     },
+    {0,  {"-V", "-VSCRIPT", "-V_SCRIPT", "-SET"},           TakeVariable                                                 },
+    {0,  {"-ROOT"},                                         TakeRoot                                                     },
+    {5,  {"-ROOT"},                                         TakeRootWithValue                                            },
+    {0,  {"-VERS", "-VERSION"},                             TakeVersion                                                  },
+    {0,  {"-D", "-DIMS", "-DIMENSIONS", "-DIMENSION_LIST"}, TakeDimensions                                               },
+    {0,  {"-DEG", "-DEGREES"},                              TakeDegrees                                                  },
+    {0,  {"-REVERSE", "-R"},                                [](Walk& walk) { walk.session.run.plot_colours = 1; }        },
+    {0,  {"-BLACK_BG", "-BLACK"},                           [](Walk& walk) { walk.session.run.plot_colours = 2; }        },
+    {0,  {"-WHITE_BG", "-WHITE"},                           [](Walk& walk) { walk.session.run.plot_colours = 3; }        },
+};
+
+bool Matches(const OptionRow& row, std::string_view word) {
+  for (const std::string_view name : row.words)
+    if (!name.empty() && (row.first == 0 ? word == name : word.substr(0, row.first) == name)) return true;
+  return false;
+}
+
+void TakeArgument(Walk& walk) {
+  for (const OptionRow& row : kOptions)
+    if (Matches(row, walk.word)) return row.take(walk);
+  if (walk.word[0] == '-') return walk.Fail(kUnrecognized, walk.option);
+  walk.session.run.file_args.push_back(walk.option);
+}
+
+// False: the user gave up, no more files are read.
+bool ReadNamed(Session& session, const std::string& name) {
+  const RunState& run = session.run;
+  const ReadRequest request{name, run.ensemble_mode, run.restart_mode, run.selected_ship, run.selected_vcg};
+  return read_output_file(request, session.platform, session.run, session.output, session.case_store) !=
+         ReadOutcome::aborted;
+}
+
+void ReadNamedFiles(Session& session) {
+  RunState& run = session.run;
+  if (run.script_active && !run.file_args.empty()) run.skip_prompt = SkipPrompt::silent;
+  for (const std::string& argument : run.file_args) {
+    std::vector<std::string> names = {argument};
+    if (has_wildcards(argument)) {
+      list_matching_files(session.platform.files, argument, names);
+      if (names.empty()) Say(session.platform.console, kNoMatch, argument);
+    }
+    for (const std::string& name : names)
+      if (!ReadNamed(session, name)) return;
+  }
+}
+
+void StartInitialPlot(Session& session) {
+  RunState& run = session.run;
+  const Console& console = session.platform.console;
+  if (run.plot_module > 0) return SayLine(console, kPlotFromScript);
+  if (!session.case_store.has_steps()) return SayLine(console, kPlotWithoutData);
+  SayLine(console, kPlotWithoutGraphics);
+}
+
+// Without a case there is nothing to do: one is asked for. A case of geometry only is a case.
+CommandLineResult AskForCase(Session& session) {
+  const CaseStore& store = session.case_store;
+  if (store.has_steps() || store.has_case || ReadNamed(session, "")) return {};
+  return {LineEnd::stop, session.run.file_args.empty() ? kRunOk : kRunFailed};
+}
+
+}  // namespace
+
+CommandLineResult ParseCommandLine(Session& session, std::span<const std::string> arguments) {
+  const Console& console = session.platform.console;
+  PrintTitleBox(console, kTitle);
+  PrintVersionLine(console, "");
+  Walk walk{session, arguments};
+  while (walk.next < arguments.size()) {
+    walk.option = TrimEnd(arguments[walk.next++]);
+    walk.word = Capitals(walk.option);
+    if (!walk.option.empty()) TakeArgument(walk);
+    if (walk.finished) return {LineEnd::stop, kRunOk};
+  }
+  if (!walk.error && !walk.help) return {};
+  PrintUsage(console);
+  return {LineEnd::stop, walk.error ? kRunBadArguments : kRunOk};
+}
+
+CommandLineResult read_defaults_and_arguments(Session& session, std::span<const std::string> arguments) {
+  const CommandLineResult line = ParseCommandLine(session, arguments);
+  if (line.end == LineEnd::stop) return line;
+  RunState& run = session.run;
+  ReadNamedFiles(session);
+  if (!run.script_active && run.initial_plot == 0) pause_for_return(session.platform.console);
+  run.plot_module = 0;
+  run.change_module = 0;
+  run.view_is_new = false;
+  if (run.script_active) {
+    int status = kRunOk;
+    if (RunScript(session, run.script_file_name, status) == ScriptEnd::run_ends) return {LineEnd::stop, status};
+    if (run.exit_requested) return {};
+  }
+  if (run.initial_plot > 0) StartInitialPlot(session);
+  return AskForCase(session);
+}
+
+}  // namespace zaview
