@@ -2,12 +2,11 @@
 // start of a list in its middle is certain; the result never depends on that.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "base/line_source.h"
-#include "base/platform.h"
 #include "case/case_store.h"
 
 namespace zaview {
@@ -23,26 +22,33 @@ enum class StepsEnd : std::uint8_t {
 
 struct StepsRead {
   StepsEnd end = StepsEnd::complete;
-  int first = 1;           // index of the first step
-  int kept = 0;            // steps kept
-  bool begun = false;      // kept 0: the first step had begun
+  int first = 1;                          // index of the first step
+  int kept = 0;                           // steps kept
+  bool begun = false;                     // kept 0: the first step had begun
   float previous_time = 0, new_time = 0;  // not_ascending
   std::int64_t fault_offset = -1;         // bad_value: byte of the item
 };
 
-// Where each of the reals of a step goes, in file order.
+// Where each of the reals of a step goes, in file order; null: it is dropped.
 struct StepColumns {
   std::vector<std::vector<float>*> column;
+  std::vector<std::size_t> lists;  // reals of each list of a step; the first one begins with the time
 };
-[[nodiscard]] bool PrepareColumns(CaseStore& fresh, StepColumns& columns);  // false: no such layout yet
+// Makes the histories of fresh that the layout of its case fills, empty. False: no such layout yet. When memory is out
+// there are no columns, and ReadTimeSteps says so.
+[[nodiscard]] bool PrepareColumns(CaseStore& fresh, StepColumns& columns);
 
-// Reads from the stream into the histories of fresh (sized to the steps kept). file_size: bytes, -1 unknown.
-// progress (may be null) is called now and then with the bytes taken so far.
+// progress (may be null) is called now and then with the bytes taken so far, counted from the begin of the file.
 struct StepProgress {
   void* self = nullptr;
   void (*taken)(void* self, std::int64_t bytes) = nullptr;
 };
+
+inline constexpr std::size_t kStepBlock = 1U << 20;  // bytes read at a time: small beside any case worth a thread
+
+// Reads from the stream into the histories of fresh (sized to the steps kept). file_size: bytes, -1 unknown.
+// threads: 1, or 2 from there on. block matters for speed alone.
 [[nodiscard]] StepsRead ReadTimeSteps(BlockStream& stream, std::int64_t file_size, CaseStore& fresh,
-                                      const StepProgress& progress, unsigned threads);
+                                      const StepProgress& progress, unsigned threads, std::size_t block = kStepBlock);
 
 }  // namespace zaview

@@ -49,7 +49,7 @@ TEST(RealScan, ListRules) {
   const std::string pad(200, ' ');  // enough text behind it for the short path
   const Case cases[] = {
       {"1 2 3\n",                                  ScanEnd::complete, {1, 2, 3},                                                  -1},
-      {"\n \t\r\n 1\n\n2\t3 rest ! of line\nnext", ScanEnd::complete, {1, 2, 3},                                                  29},
+      {"\n \t\r\n 1\n\n2\t3 rest ! of line\nnext", ScanEnd::complete, {1, 2, 3},                                                  28},
       {"1,2 , 3\n",                                ScanEnd::complete, {1, 2, 3},                                                  -1},
       {"1,\n 2\n,3\n",                             ScanEnd::complete, {1, 2, 3},                                                  -1},
       {",2,,\n9",                                  ScanEnd::complete, {0, 2, 0},                                                  5 },
