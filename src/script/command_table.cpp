@@ -18,8 +18,9 @@ bool Matches(const Command& command, std::string_view word) {
 }  // namespace
 
 std::span<const CommandFamily> AllCommands() {
-  static const CommandFamily families[] = {ReadingCommands(), OutputTextCommands(), StepCommands(), StatisticSettings(),
-                                           HistoryCommands(), StatisticCommands(),  LaterCommands()};
+  static const CommandFamily families[] = {ReadingCommands(),   OutputTextCommands(), StepCommands(),
+                                           StatisticSettings(), HistoryCommands(),    StatisticCommands(),
+                                           LaterCommands(),     LaterBeginnings()};
   return families;
 }
 

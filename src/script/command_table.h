@@ -31,6 +31,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily HistoryCommands();
 [[nodiscard]] CommandFamily StatisticCommands();
 [[nodiscard]] CommandFamily LaterCommands();
+[[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word
 
 // All families in the order of lookup.
 [[nodiscard]] std::span<const CommandFamily> AllCommands();

@@ -18,7 +18,10 @@ struct DelimiterRow {
   Separator separator;
 };
 constexpr DelimiterRow kDelimiters[] = {
-    {{"COMMA", "COMMAS"}, Separator::comma}, {{"TAB", "TABS"}, Separator::tab}, {{"SPACE", "SPACES"}, Separator::space}};
+    {{"COMMA", "COMMAS"}, Separator::comma},
+    {{"TAB", "TABS"},     Separator::tab  },
+    {{"SPACE", "SPACES"}, Separator::space}
+};
 
 const DelimiterRow* FindDelimiter(std::string_view word) {
   const auto* found = std::find_if(std::begin(kDelimiters), std::end(kDelimiters), [word](const DelimiterRow& row) {
@@ -45,10 +48,10 @@ struct ScaleRow {
   float OutputSettings::*factor;
 };
 constexpr ScaleRow kScales[] = {
-    {"GRAVOUT", "GRAVOUT", "  Gravity", &OutputSettings::GRAVOUT},
-    {"RHOOUT", "RHOOUT ", "  Water density", &OutputSettings::RHOOUT},
-    {"LENOUT", "LENOUT ", "  Reference length", &OutputSettings::LENOUT},
-    {"ANGOUT", "ANGOUT ", "  Angular scale factor", &OutputSettings::ANGOUT},
+    {"GRAVOUT", "GRAVOUT", "  Gravity",              &OutputSettings::GRAVOUT},
+    {"RHOOUT",  "RHOOUT ", "  Water density",        &OutputSettings::RHOOUT },
+    {"LENOUT",  "LENOUT ", "  Reference length",     &OutputSettings::LENOUT },
+    {"ANGOUT",  "ANGOUT ", "  Angular scale factor", &OutputSettings::ANGOUT },
 };
 
 // Takes over the factors of `changed`, tells old and new, and makes the scales again.
@@ -95,9 +98,15 @@ struct ConventionWord {
   Convention convention;
 };
 constexpr ConventionWord kConventionWords[] = {
-    {"DEF", Convention::zavo},    {"DEFAULT", Convention::zavo}, {"ZUP", Convention::zavo},
-    {"ZAVO", Convention::zavo},   {"MODEL", Convention::model},  {"ZDOWN", Convention::model},
-    {"CFD", Convention::cfd},     {"XAFT", Convention::cfd},     {"XDOWN", Convention::cfd},
+    {"DEF",     Convention::zavo },
+    {"DEFAULT", Convention::zavo },
+    {"ZUP",     Convention::zavo },
+    {"ZAVO",    Convention::zavo },
+    {"MODEL",   Convention::model},
+    {"ZDOWN",   Convention::model},
+    {"CFD",     Convention::cfd  },
+    {"XAFT",    Convention::cfd  },
+    {"XDOWN",   Convention::cfd  },
 };
 
 int RunCoordinates(ScriptCall& call) {
@@ -112,17 +121,19 @@ int RunCoordinates(ScriptCall& call) {
 }
 
 constexpr Command kOutputText[] = {
-    {{"COMMA", "COMMAS"}, kNone, RunDelimiterName},
-    {{"TAB", "TABS"}, kNone, RunDelimiterName},
-    {{"SPACE", "SPACES"}, kNone, RunDelimiterName},
-    {{"SET_DELIMITER", "SET_DLM", "DELIMITER"}, kNone, RunSetDelimiter},
-    {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"}, kNone, RunSetScale},
-    {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"}, kNone, RunSetScales},
-    {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"}, kNone, RunCoordinates},
+    {{"COMMA", "COMMAS"},                                       kNone, RunDelimiterName},
+    {{"TAB", "TABS"},                                           kNone, RunDelimiterName},
+    {{"SPACE", "SPACES"},                                       kNone, RunDelimiterName},
+    {{"SET_DELIMITER", "SET_DLM", "DELIMITER"},                 kNone, RunSetDelimiter },
+    {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"},         kNone, RunSetScale     },
+    {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"},    kNone, RunSetScales    },
+    {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"}, kNone, RunCoordinates  },
 };
 
 }  // namespace
 
-CommandFamily OutputTextCommands() { return kOutputText; }
+CommandFamily OutputTextCommands() {
+  return kOutputText;
+}
 
 }  // namespace zaview

@@ -57,6 +57,8 @@ constexpr Command kReading[] = {
 
 }  // namespace
 
-CommandFamily ReadingCommands() { return kReading; }
+CommandFamily ReadingCommands() {
+  return kReading;
+}
 
 }  // namespace zaview

@@ -21,7 +21,9 @@ int ReadSetting(ScriptCall& call, bool (*valid)(float), fmt::format_string<const
   return kScriptOk;
 }
 
-bool NotNegative(float x) { return x >= 0; }
+bool NotNegative(float x) {
+  return x >= 0;
+}
 
 int RunLengthNdtf(ScriptCall& call) {
   return ReadSetting(call, NotNegative, kNegative, call.session.output.ndtf_length);
@@ -58,19 +60,19 @@ int RunStop(ScriptCall& call) {
 constexpr Command kSettings[] = {
     {{"SET_LENGTH_NDTF", "LENGTH_NDTF", "SET_LEN_NDTF", "LEN_NDTF", "SET_LENGTH_RAO", "LENGTH_RAO", "SET_LEN_RAO",
       "LEN_RAO"},
-     kNone,
-     RunLengthNdtf},
-    {{"SET_BEAM_NDTF", "BEAM_NDTF", "SET_BEAM_RAO", "BEAM_RAO"}, kNone, RunBeamNdtf},
-    {{"CONFIDENCE_PROBABILITY", "CONFIDENCE_PROB", "CONF_PROB"}, kNone, RunConfidence},
+     kNone,                                                                                                 RunLengthNdtf},
+    {{"SET_BEAM_NDTF", "BEAM_NDTF", "SET_BEAM_RAO", "BEAM_RAO"},                                     kNone, RunBeamNdtf  },
+    {{"CONFIDENCE_PROBABILITY", "CONFIDENCE_PROB", "CONF_PROB"},                                     kNone, RunConfidence},
     {{"AUTOCORRELATION_SAMPLE_RATE", "AUTOCORRELATION_SAMPLE", "AUTOC_SAMPLE_RATE", "AUTOC_SAMPLE"},
-     kNone,
-     RunSampleRate},
-    {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"}, kNone, RunCutoff},
-    {{"STOP"}, kNone, RunStop},
+     kNone,                                                                                                 RunSampleRate},
+    {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"},                                        kNone, RunCutoff    },
+    {{"STOP"},                                                                                       kNone, RunStop      },
 };
 
 }  // namespace
 
-CommandFamily StatisticSettings() { return kSettings; }
+CommandFamily StatisticSettings() {
+  return kSettings;
+}
 
 }  // namespace zaview

@@ -32,8 +32,7 @@ bool ReadOne(ScriptCall& call, int n, float& value) {
 }
 
 void KeepCurrentStep(CaseStore& case_store) {
-  case_store.current_step =
-      std::max(case_store.first_step, std::min(case_store.current_step, case_store.last_step));
+  case_store.current_step = std::max(case_store.first_step, std::min(case_store.current_step, case_store.last_step));
 }
 
 // Trims anew. The result has no abort_trim where nothing of an incomplete run was trimmed for that reason.
@@ -145,16 +144,18 @@ int RunStepIncrement(ScriptCall& call) {
 }
 
 constexpr Command kSteps[] = {
-    {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"}, kNone, RunTrimSteps},
-    {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, kNone, RunTrimAbort},
-    {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"}, kNeedsCase, RunSetSteps},
-    {{"SET_SKIP_STEPS", "SKIP_STEPS"}, kNone, RunSkipSteps},
-    {{"SET_STAT_STEPS", "STAT_STEPS"}, kNeedsCase, RunStatSteps},
-    {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"}, kNone, RunStepIncrement},
+    {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"},                kNone,      RunTrimSteps    },
+    {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, kNone,      RunTrimAbort    },
+    {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"},                                   kNeedsCase, RunSetSteps     },
+    {{"SET_SKIP_STEPS", "SKIP_STEPS"},                                             kNone,      RunSkipSteps    },
+    {{"SET_STAT_STEPS", "STAT_STEPS"},                                             kNeedsCase, RunStatSteps    },
+    {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"},         kNone,      RunStepIncrement},
 };
 
 }  // namespace
 
-CommandFamily StepCommands() { return kSteps; }
+CommandFamily StepCommands() {
+  return kSteps;
+}
 
 }  // namespace zaview

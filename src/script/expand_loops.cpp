@@ -22,8 +22,8 @@ inline constexpr std::string_view kTooDeep = "ERROR - script loops are nested de
 inline constexpr std::int64_t kLargestPlain = 9'999'999;  // a number of a sequence without padding has up to 7 digits
 
 struct LoopHeader {
-  std::string name;                 // as written
-  std::string variable[2];          // the second may be blank: one variable
+  std::string name;         // as written
+  std::string variable[2];  // the second may be blank: one variable
   std::vector<std::string> values;
 };
 
@@ -126,7 +126,7 @@ bool FindDone(LoopRound& round, std::size_t& body_end) {
   for (; round.next_line < round.in.lines.size(); ++round.next_line) {
     const std::string word = FirstWord(round.in.lines[round.next_line].text);
     if (word == "FOR") {
-      ++depth;
+      if (++depth > kLoopDepth) return Fails(round, fmt::format(kTooDeep, kLoopDepth));
       round.again = true;
     }
     if (word == "DONE" && --depth == 0) {
@@ -177,12 +177,9 @@ bool ExpandRound(LoopRound& round, PassMessage& message) {
     ScriptLine& line = round.in.lines[round.next_line++];
     const std::string word = FirstWord(line.text);
     bool good = true;
-    if (word == "FOR")
-      good = ExpandLoop(round, line);
-    else if (word == "DONE")
-      good = Fails(round, "ERROR parsing script variable loop for variable : no values found");
-    else
-      good = AddScriptLine(round.out, std::move(line)) || Fails(round, TooLongMessage());
+    if (word == "FOR") good = ExpandLoop(round, line);
+    else if (word == "DONE") good = Fails(round, "ERROR parsing script variable loop for variable : no values found");
+    else good = AddScriptLine(round.out, std::move(line)) || Fails(round, TooLongMessage());
     if (good) continue;
     message = {round.fault, "", line.origin, line.text};
     return false;
@@ -193,19 +190,13 @@ bool ExpandRound(LoopRound& round, PassMessage& message) {
 }  // namespace
 
 bool ExpandScriptLoops(const Console& console, ScriptText& text, PassMessage& message) {
-  for (int depth = 0; depth <= kLoopDepth; ++depth) {
+  for (int i = 0; i <= kLoopDepth; ++i) {  // each round takes one level off
     LoopRound round{console, text, 0, {}, false, {}};
     if (!ExpandRound(round, message)) return false;
     text = std::move(round.out);
     if (!round.again) return true;
   }
   message.first = fmt::format(kTooDeep, kLoopDepth);
-  for (const ScriptLine& line : text.lines) {
-    if (FirstWord(line.text) != "FOR") continue;
-    message.origin = line.origin;
-    message.line = line.text;
-    break;
-  }
   return false;
 }
 

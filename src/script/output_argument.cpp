@@ -47,8 +47,7 @@ int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& outp
   output.name = NameOf(call, word);
   Switches switches;
   const std::size_t colon = word.find(':', output.name.empty() ? 0 : 1);
-  if (const int status = ParseSwitches(call, word.substr(std::min(colon, word.size())), switches);
-      status != kScriptOk)
+  if (const int status = ParseSwitches(call, word.substr(std::min(colon, word.size())), switches); status != kScriptOk)
     return status;
   if (switches.unformatted && forms == OutputForms::formatted) SayLine(call.console(), kFormattedOnly);
   output.unformatted = switches.unformatted && forms == OutputForms::both;

@@ -11,7 +11,6 @@ namespace zaview {
 
 // 0, or the status of the failure, which has been said. word: the selector as typed.
 [[nodiscard]] int StatusOf(const ScriptCall& call, std::string_view word, PlotFault fault);
-[[nodiscard]] int StatusOf(const ScriptCall& call, std::string_view word, TableFault fault,
-                           std::string_view not_valid);
+[[nodiscard]] int StatusOf(const ScriptCall& call, std::string_view word, TableFault fault, std::string_view not_valid);
 
 }  // namespace zaview

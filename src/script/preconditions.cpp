@@ -6,9 +6,15 @@ namespace zaview {
 
 namespace {
 
-bool CaseRead(const Session& session) { return session.case_store.has_case && session.case_store.last_step > 0; }
-bool IsMotionCase(const Session& session) { return session.case_store.time_history(); }
-bool GraphicsAvailable(const Session& session) { return session.platform.window.available; }
+bool CaseRead(const Session& session) {
+  return session.case_store.has_case && session.case_store.last_step > 0;
+}
+bool IsMotionCase(const Session& session) {
+  return session.case_store.time_history();
+}
+bool GraphicsAvailable(const Session& session) {
+  return session.platform.window.available;
+}
 
 struct Precondition {
   Needs need;
@@ -18,13 +24,14 @@ struct Precondition {
 };
 
 constexpr Precondition kPreconditions[] = {
-    {kNeedsCase, CaseRead, " : cannot be run until an output", " cannot be run until an output", "   file has been read"},
-    {kNeedsEnsemble, CaseRead, " : cannot be run until one or more", " : cannot be run until one or more",
-     "   output files have been read"},
-    {kNeedsMotion, IsMotionCase, " not valid for impulsive motion and IRF calculations",
-     " not valid for impulsive motion and IRF calculations", ""},
+    {kNeedsCase,     CaseRead,          " : cannot be run until an output",                     " cannot be run until an output",
+     "   file has been read"                                                                                                            },
+    {kNeedsEnsemble, CaseRead,          " : cannot be run until one or more",                   " : cannot be run until one or more",
+     "   output files have been read"                                                                                                   },
+    {kNeedsMotion,   IsMotionCase,      " not valid for impulsive motion and IRF calculations",
+     " not valid for impulsive motion and IRF calculations",                                                                          ""},
     {kNeedsGraphics, GraphicsAvailable, " : cannot be run as graphics are not available",
-     " cannot be run as graphics are not available", ""},
+     " cannot be run as graphics are not available",                                                                                  ""},
 };
 
 }  // namespace

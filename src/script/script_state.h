@@ -12,13 +12,13 @@ struct ScriptVariable {
   std::string value;  // at most 80 characters
 };
 
-struct ScriptOrigin {    // where the user wrote a line
-  int file = 0;          // index into ScriptState::files
-  int line = 0;          // from 1
+struct ScriptOrigin {  // where the user wrote a line
+  int file = 0;        // index into ScriptState::files
+  int line = 0;        // from 1
 };
 
 struct ScriptLine {
-  std::string text;      // after substitution
+  std::string text;  // after substitution
   ScriptOrigin origin;
 };
 

@@ -15,7 +15,9 @@ bool AddScriptLine(ScriptText& text, ScriptLine line) {
   return true;
 }
 
-std::string TooLongMessage() { return fmt::format(kScriptTooLong, kScriptLines, kScriptBytes); }
+std::string TooLongMessage() {
+  return fmt::format(kScriptTooLong, kScriptLines, kScriptBytes);
+}
 
 std::string AtLine(const std::vector<std::string>& files, ScriptOrigin origin, std::string_view line) {
   const auto file = static_cast<std::size_t>(origin.file);

@@ -12,13 +12,12 @@
 
 namespace zaview {
 
-inline constexpr std::size_t kScriptLine = 1024;           // columns; the rest of a line is dropped without a word
-inline constexpr std::size_t kScriptWord = 80;             // loop variables, loop values, names of variables
-inline constexpr std::size_t kScriptLines = 1'000'000;     // lines of a text, values of a loop
-inline constexpr std::size_t kScriptBytes = 64U << 20U;    // characters of a text
+inline constexpr std::size_t kScriptLine = 1024;         // columns; the rest of a line is dropped without a word
+inline constexpr std::size_t kScriptWord = 80;           // loop variables, loop values, names of variables
+inline constexpr std::size_t kScriptLines = 1'000'000;   // lines of a text, values of a loop
+inline constexpr std::size_t kScriptBytes = 64U << 20U;  // characters of a text
 
-inline constexpr std::string_view kScriptTooLong =
-    "ERROR - script text grows beyond {} lines or {} characters";
+inline constexpr std::string_view kScriptTooLong = "ERROR - script text grows beyond {} lines or {} characters";
 
 struct ScriptText {
   std::vector<ScriptLine> lines;

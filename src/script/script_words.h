@@ -16,8 +16,8 @@ struct WordScanner {
   const Console* console = nullptr;
   std::span<const ScriptLine> lines;  // where further lines come from
   std::size_t* next_line = nullptr;
-  std::string_view line;              // the line in use, of `lines` or of the caller
-  std::size_t position = 0;           // columns of it that are used up
+  std::string_view line;     // the line in use, of `lines` or of the caller
+  std::size_t position = 0;  // columns of it that are used up
 };
 
 // The next word, cut to `limit` characters. One that begins with a quote runs to the next same quote (no escape); if

@@ -23,13 +23,12 @@ inline constexpr std::string_view kCurveFault = "ERROR - Invalid curve index for
 
 // Selectors in their order, and the quantities they name. Rows 40 to 43 and 45 reach a quantity by another word.
 constexpr std::array<std::string_view, 53> kSelectors = {
-    "MOT",       "VEL",       "ACC",       "UMOT",      "VSHIP",      "FTOT",       "FHYD",       "FLIN",
-    "FNONLIN",   "FHSFK",     "FOTH",      "FEXT",      "VSF",        "VBM",        "HSF",        "HBM",
-    "AXF",       "TRM",       "VSFY",      "VBMY",      "HSFY",       "HBMY",       "AXFY",       "TRMY",
-    "WAV",       "WAV0",      "POINT_MOT", "POINT_VEL", "POINT_ACC",  "POINT_REL",  "POINT_VIN",  "POINT_VING",
-    "VMNVR",     "KINO_MOT",  "KINO_SEA",  "POINT_ALL", "POINT_ALL1", "POINT_ALLI", "VELG",       "PMG",
-    "VMG",       "VMGG",      "VELS",      "ACCG",      "SEA",        "FTOTS",      "FHYDS",      "FLINS",
-    "FNONLINS",  "FHSFKS",    "FOTHS",     "FEXTS",     "POINT_MISS"};
+    "MOT",        "VEL",        "ACC",       "UMOT",      "VSHIP",      "FTOT",  "FHYD",     "FLIN",      "FNONLIN",
+    "FHSFK",      "FOTH",       "FEXT",      "VSF",       "VBM",        "HSF",   "HBM",      "AXF",       "TRM",
+    "VSFY",       "VBMY",       "HSFY",      "HBMY",      "AXFY",       "TRMY",  "WAV",      "WAV0",      "POINT_MOT",
+    "POINT_VEL",  "POINT_ACC",  "POINT_REL", "POINT_VIN", "POINT_VING", "VMNVR", "KINO_MOT", "KINO_SEA",  "POINT_ALL",
+    "POINT_ALL1", "POINT_ALLI", "VELG",      "PMG",       "VMG",        "VMGG",  "VELS",     "ACCG",      "SEA",
+    "FTOTS",      "FHYDS",      "FLINS",     "FNONLINS",  "FHSFKS",     "FOTHS", "FEXTS",    "POINT_MISS"};
 
 constexpr std::array<int, 53> kSelectorQuantity = {
     1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27,
@@ -42,9 +41,11 @@ struct TailRow {
   std::string_view few;
   int status;
 };
-constexpr TailRow kTails[] = {{0, 1, kFewPlain, kScriptBadArgument},
-                              {3, 4, kFewPoint, kScriptFailed},
-                              {8, 8, kFewMissile, kScriptFailed}};
+constexpr TailRow kTails[] = {
+    {0, 1, kFewPlain,   kScriptBadArgument},
+    {3, 4, kFewPoint,   kScriptFailed     },
+    {8, 8, kFewMissile, kScriptFailed     }
+};
 
 }  // namespace
 
@@ -93,8 +94,10 @@ int CheckCurve(ScriptCall& call, const Selector& selector, const QuantityRequest
 
 int ReadCurve(ScriptCall& call, Selector& selector, QuantityRequest& request, std::string_view not_valid) {
   if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
-  if (!QuantityValid(call.session.case_store, selector.iqnt))
-    return Fail(call, kScriptBadArgument, fmt::runtime(not_valid), call.command, selector.word);
+  const QuantityRow* row = FindQuantity(selector.iqnt);
+  const bool valid =
+      row != nullptr && row->need != QuantityNeed::file_only && QuantityValid(call.session.case_store, selector.iqnt);
+  if (!valid) return Fail(call, kScriptBadArgument, fmt::runtime(not_valid), call.command, selector.word);
   if (const int status = ReadTail(call, selector, CurveIndex::given, request); status != kScriptOk) return status;
   return CheckCurve(call, selector, request);
 }

@@ -32,9 +32,8 @@ std::string_view WithoutDoubleQuotes(std::string_view text) {
 
 ScriptVariable* FindVariable(ScriptState& script, std::string_view name) {
   name = name.substr(0, kScriptValue);
-  const auto found =
-      std::find_if(script.variables.rbegin(), script.variables.rend(),
-                   [name](const ScriptVariable& variable) { return SamePadded(variable.name, name); });
+  const auto found = std::find_if(script.variables.rbegin(), script.variables.rend(),
+                                  [name](const ScriptVariable& variable) { return SamePadded(variable.name, name); });
   return found == script.variables.rend() ? nullptr : &*found;
 }
 

@@ -9,8 +9,8 @@
 
 namespace zaview {
 
-inline constexpr int kLineSubstitutions = 1000;          // of one line: {a} = "{a}" would never end
-inline constexpr int kTextSubstitutions = 10'000'000;    // of one script
+inline constexpr int kLineSubstitutions = 1000;        // of one line: {a} = "{a}" would never end
+inline constexpr int kTextSubstitutions = 10'000'000;  // of one script
 
 struct Assignment {
   std::string_view name, value;
