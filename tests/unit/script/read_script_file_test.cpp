@@ -1,0 +1,349 @@
+// The interpreter and its commands on a small case in memory: console, files and status of whole scripts.
+#include "script/read_script_file.h"
+
+#include <gtest/gtest.h>
+
+#include "case/output_scales.h"
+#include "fake_platform.h"
+#include "script/open_script_file.h"
+
+namespace zaview {
+namespace {
+
+void FillHistory(StepHistory& history, std::size_t components, std::size_t steps) {
+  history.component.assign(components, std::vector<float>(steps, 1.0F));
+}
+
+// 100 steps, no cuts.
+void GiveCase(CaseStore& store) {
+  store.file_name = "run.out";
+  store.has_case = true;
+  store.nstep_expected = store.last_read = store.last_step = 100;
+  FillHistory(store.time, 1, 100);
+  for (std::size_t i = 0; i < 100; ++i) store.time.component[0][i] = static_cast<float>(i);
+  for (StepHistory* history : {&store.pmgg, &store.vmg, &store.acc}) FillHistory(*history, 6, 100);
+  FillHistory(store.force, 30, 100);
+}
+
+struct ScriptRun {
+  FakePlatform fake;
+  Session session;
+  int status = 0;
+
+  explicit ScriptRun(const std::string& text, bool with_case = true) {
+    fake.Put("s", text);
+    session.platform = fake.Get();
+    set_output_scales(session.output, false);
+    if (with_case) GiveCase(session.case_store);
+  }
+  void Run() { status = OpenScriptFile(session, "s"); }
+};
+
+// What is said between "Reading .." and the closing line, echoes left out.
+std::string Said(const std::string& output) {
+  std::string said;
+  std::size_t begin = output.find('\n') + 1;
+  while (begin < output.size()) {
+    const std::size_t end = output.find('\n', begin);
+    const std::string line = output.substr(begin, end - begin + 1);
+    if (line.rfind("ZAVIEW Scripting: ", 0) != 0) said += line;
+    begin = end + 1;
+  }
+  return said;
+}
+
+struct CommandCase {
+  std::string script;
+  int status;
+  std::string said;  // ahead of the line that names file and line, and of the closing line
+};
+
+constexpr const char* kEnd[] = {"\nSuccessfully parsed ZAVIEW script file : s\n",
+                                "",
+                                "",
+                                "ERROR parsing ZAVIEW script file : s\n",
+                                "Argument ERROR in ZAVIEW script file : s\n",
+                                "ERROR executing ZAVIEW script file : s\n"};
+
+void ExpectRun(const CommandCase& c, bool with_case) {
+  ScriptRun run(c.script, with_case);
+  run.Run();
+  EXPECT_EQ(run.status, c.status) << c.script << run.fake.output;
+  std::string expected = c.said;
+  if (c.status != 0) expected += "        at line 1 of s : " + c.script.substr(0, c.script.find('\n')) + "\n";
+  EXPECT_EQ(Said(run.fake.output), expected + kEnd[c.status]) << c.script;
+  EXPECT_EQ(run.fake.OpenHandles(), 0U);
+  EXPECT_FALSE(run.session.script.open);
+}
+
+TEST(Script, Errors) {
+  const CommandCase cases[] = {
+      {"FOO 1\n",                                    3, "\nERROR parsing script file - unrecognized command: FOO\n"           },
+      {"STOPS\n",                                    3, "\nERROR parsing script file - unrecognized command: STOPS\n"         },
+      {"READ\n",                                     4, "ERROR - Blank file name for READ command\n"                          },
+      {"read_file \"\"\n",                           4, "ERROR - Blank file name for READ_FILE command\n"                     },
+      {"READ KINO\n",                                5, "ERROR - alternate input needs READ_KINO_FILES in a script\n"         },
+      {"READ no*.out\n",                             5, "ERROR - no file(s) found which match no*.out\n"                      },
+      {"SET_DLM FOO\n",                              4, "ERROR - Invalid argument (FOO) for SET_DLM command...\n"             },
+      {"SET_SCALE MASS 1\n",                         4, "ERROR - Invalid argument (MASS) for SET_SCALE command...\n"          },
+      {"SET_SCALE LENOUT 0\n",                       4, "ERROR - LENOUT must be positive\n"                                   },
+      {"SET_SCALE LENOUT 1m\n",                      5, "ERROR - Insufficient arguments for SET_SCALE command...\n"           },
+      {"COORDS UP\n",                                4, "ERROR - Unrecognized option for COORDS command...\n"                 },
+      {"TRIM_STEPS -3\n",                            4, "ERROR - Illegal number of steps specified in TRIM_STEPS command...\n"},
+      {"TRIM_STEPS 50\n",                            4, "ERROR - All steps trimmed by TRIM_STEPS command...\n"                },
+      {"TRIM_STEPS 1e30 1e30\n",                     4, "ERROR - All steps trimmed by TRIM_STEPS command...\n"                },
+      {"TRIM_STEPS\n3\n",                            5, "ERROR - Insufficient arguments for TRIM_STEPS command...\n"          },
+      {"STAT_STEPS 3 2\n",                           4,
+       "ERROR - Illegal arguments for STAT_STEPS command...\n"
+       "        Initial time step of range after terminal step\n"                                                             },
+      {"STAT_STEPS 0 2\n",                           4,
+       "ERROR - Illegal arguments for STAT_STEPS command...\n"
+       "        Initial time step of range cannot be zero\n"                                                                  },
+      {"STEP_INC 0\n",                               4, "ERROR - Invalid value for STEP_INC command...\n"                     },
+      {"LEN_RAO -1\n",                               4, "ERROR - Invalid argument for LEN_RAO value cannot be negative\n"     },
+      {"CONF_PROB 1.01\n",                           4, "ERROR - Invalid value for CONF_PROB command...\n"                    },
+      {"AC_CUTOFF 1\n",                              4, "ERROR - Invalid value for AC_CUTOFF command...\n"                    },
+      {"AUTOC_SAMPLE 0.4\n",                         4, "ERROR - Invalid value for AUTOC_SAMPLE command...\n"                 },
+      {"WRITE_HISTORY ALL\n",                        4, "ERROR - Option ALL not valid for WRITE_HISTORY command ...\n"        },
+      {"WRITE_HISTORY OFF\n",                        4, "ERROR - Invalid quantity specifier: OFF\n"                           },
+      {"WRITE_HISTORY moot\n",                       4, "ERROR - Invalid quantity specifier: moot\n"                          },
+      {"WRITE_HISTORY POINT_MOT 1 2\n",              5,
+       "ERROR - Insufficient arguments for WRITE_HISTORY command for point motion...\n"                                       },
+      {"WRITE_HISTORY POINT_MISS 1 2 3 1 1 1 1\n",   5,
+       "ERROR - Insufficient arguments for WRITE_HISTORY command for missile data...\n"                                       },
+      {"WRITE_HISTORY POINT_MISS 1 2 3 2 1 1 1 1\n", 5,
+       "ERROR - Invalid option index for WRITE_HISTORY command for missile data...\n"                                         },
+      {"WRITE_HISTORY MOT x/y\n",                    5, "ERROR opening output file: x/y\n"                                    },
+      {"WRITE_HISTORY MOT x:FORM\n",                 5, "ERROR - unrecognized output file switch: FORM\n"                     },
+      {"WRITE_HISTORY MOT :UNFORM\n",                5, "ERROR opening output file:\n"                                        },
+      {"WRITE_STAT FOO MOT 1\n",                     4, "ERROR - Invalid statistical option (FOO) for WRITE_STAT\n"           },
+      {"WRITE_STAT MIN_CI MOT 1\n",                  4, "ERROR - Invalid statistical option (MIN_CI) for WRITE_STAT\n"        },
+      {"write_stat MEAN mot 9 \"x\" out.txt\n",      4, "ERROR - Invalid curve index for WRITE_STAT option mot\n"             },
+      {"WRITE_STAT MEAN MOT 0 \"x\" out.txt\n",      4, "ERROR - Invalid curve index for WRITE_STAT option MOT\n"             },
+      {"WRITE_STAT MEAN MOT x\n",                    4, "ERROR - Insufficient arguments for WRITE_STAT command ...\n"         },
+      {"WRITE_STAT MEAN VSF 1 x o\n",                4,
+       "ERROR - Time history statistics quantity VSF not valid for this output file\n"                                        },
+      {"WRITE_CI POINT_ALL 1 2 3 4 o\n",             4, "ERROR - WRITE_CI option POINT_ALL not valid for this output file\n"  },
+      {"WRITE_LOAD_DIST MOT 1 o\n",                  4, "ERROR - Invalid quantity for WRITE_LOAD_DIST command ...\n"          },
+      {"WRITE_LOAD_DIST VSF 1 o\n",                  4, "ERROR - WRITE_LOAD_DIST option VSF not valid for this output file\n" },
+      {"EXCEEDANCE+RATE MOT 3\n",                    5, "ERROR - EXCEEDANCE+RATE : this command is not available yet\n"       },
+      {"NNDATA x\n",                                 5, "ERROR - NNDATA : this command is not available yet\n"                },
+      {"PLOT_HISTORY MOT 3\n",                       5, "ERROR - PLOT_HISTORY cannot be run as graphics are not available\n"  },
+      {"PLOT_CONFIG\n",                              5, "ERROR - PLOT_CONFIG : cannot be run as graphics are not available\n" },
+  };
+  for (const CommandCase& c : cases) ExpectRun(c, true);
+}
+
+TEST(Script, Preconditions) {
+  const CommandCase cases[] = {
+      {"WRITE_HISTORY MOT\n", 5, "ERROR - WRITE_HISTORY cannot be run until an output\n   file has been read\n"},
+      {"SET_STEPS 5\n",       5, "ERROR - SET_STEPS : cannot be run until an output\n   file has been read\n"  },
+      {"ENSEMBLE_STAT\n",     5,
+       "ERROR - ENSEMBLE_STAT : cannot be run until one or more\n   output files have been read\n"             },
+      {"TRIM_STEPS 5 3\n",    0,
+       "5 steps trimmed from beginning of time history\n3 steps trimmed from end of time history\n"            },
+      {"SKIP_STEPS 5\n",      0, "Setting # of initial time steps to skip in statistical calculations to 5\n"  },
+  };
+  for (const CommandCase& c : cases) ExpectRun(c, false);
+  ScriptRun impulsive("WRITE_STAT MEAN MOT 1\n");
+  impulsive.session.case_store.tadm_case = true;
+  impulsive.Run();
+  EXPECT_EQ(impulsive.status, kScriptFailed);
+  EXPECT_NE(impulsive.fake.output.find("ERROR - WRITE_STAT not valid for impulsive motion and IRF calculations\n"),
+            std::string::npos);
+}
+
+TEST(Script, GoodLines) {
+  const CommandCase cases[] = {
+      {"! only a comment\n",          0, ""                                                                           },
+      {"",                            0, ""                                                                           },
+      {"STOP\nFOO\n",                 0, ""                                                                           },
+      {"TRIM_STEPS 0 0\n",            0, ""                                                                           },
+      {"coords zup\n",                0, ""                                                                           },
+      {"SET_STEPS 50\n",              0, "Output set to time steps 50 to 100\n"                                       },
+      {"SET_STEPS 50 0\n",            0, "Output set to time steps 50 to 100\n"                                       },
+      {"SET_STEPS 50 60.6\n",         0, "Output set to time steps 50 to 61\n"                                        },
+      {"SET_STEPS 50 101\n",          0, "Output set to time steps 50 to 100\n"                                       },
+      {"SET_STEPS 50 20\n",           0, "Output set to time steps 50 to 50\n"                                        },
+      {"SET_STEPS -1e30 1e30\n",      0, "Output set to time steps 1 to 100\n"                                        },
+      {"SKIP_STEPS 10 5\n",           0,
+       "Setting # of initial and terminal time steps to skip in\nstatistical calculations to 10 and 5, respectively\n"},
+      {"STAT_STEPS 11 90\n",          0, "Setting time step range for statistical calculations to: 11 through 90\n"   },
+      {"STEP_INC 2.5\n",              0, "Setting output step increment to 3\n"                                       },
+      {"SET_SCALE lenout 100\n",      0,
+       "Changing output dimensionalization:\nFactor        Old         New\n"
+       "GRAVOUT      9.81        9.81  Gravity\nRHOOUT       1025        1025  Water density\n"
+       "LENOUT          1         100  Reference length\nANGOUT          1           1  Angular scale factor\n"       },
+      {"WRITE_HISTORY VSF o\n",       0, "WARNING - Time history file quantity VSF not valid for this output file\n"  },
+      {"WRITE_HISTORY MOT o\n",       0, "Time history of Position of CG written to file o\n"                         },
+      {"WRITE_LABEL 'two words' :\n", 0, "two words\n"                                                                },
+      {"WRITE_LABEL x \"o p\"\n",     0, "WARNING - output file name cut at blank : o\n"                              },
+      {"WRITE_LABEL x o:UNFORM\n",    0, "Option only supports formatted output - UNFORM switch ignored\n"            },
+  };
+  for (const CommandCase& c : cases) ExpectRun(c, true);
+}
+
+TEST(Script, EffectsOfSettings) {
+  ScriptRun run(
+      "SET_OUTPUT_SCALES 1 2 3 4\nTAB\nMODEL=1\nCOORDS MODEL\nTRIM_STEPS 10 5\nSTAT_STEPS 21 85\nRAO=3\n"
+      "LEN_RAO {RAO}\nBEAM_RAO 4\nCONF_PROB 1\nAUTOC_SAMPLE 2\nAC_CUTOFF 0.5\n");
+  run.Run();
+  const OutputSettings& output = run.session.output;
+  EXPECT_EQ(run.status, kScriptOk) << run.fake.output;
+  EXPECT_EQ(output.separator, Separator::tab);
+  EXPECT_EQ(output.cnvfac, (std::array<float, 6>{1, -1, -1, 1, -1, -1}));
+  EXPECT_EQ(output.user_scale, (std::array<bool, 4>{true, true, true, true}));
+  EXPECT_EQ(output.scales.position[0], 3.0F);
+  EXPECT_EQ(run.session.case_store.first_step, 11);
+  EXPECT_EQ(run.session.case_store.last_step, 95);
+  EXPECT_EQ(run.session.case_store.skip_effective, 10);
+  EXPECT_EQ(output.skip_terminal, 10);
+  EXPECT_EQ(output.ndtf_length, 3.0F);
+  EXPECT_EQ(output.ndtf_beam, 4.0F);
+  EXPECT_EQ(output.confidence_probability, 1.0F);
+  EXPECT_EQ(output.autocorrelation_rate, 2);
+  EXPECT_EQ(output.autocorrelation_cutoff, 0.5F);
+}
+
+TEST(Script, AbortedCase) {
+  ScriptRun run("TRIM_STEPS 1 2\nTRIM_ABORT 30\nTRIM_ABORT 0\n");
+  run.session.case_store.nstep_expected = 200;
+  run.session.output.trim_abort = 20;
+  run.Run();
+  EXPECT_EQ(Said(run.fake.output), std::string("1 steps trimmed from beginning of time history\n"
+                                               "20 steps trimmed from end of aborted time history\n"
+                                               "Trimming 30 steps from end of time history for aborted case\n") +
+                                       kEnd[0]);
+  EXPECT_EQ(run.session.case_store.last_step, 98);
+}
+
+TEST(Script, FilesAndSwitches) {
+  ScriptRun run(
+      "FOR i IN 1 2 DO\nWRITE_LABEL \"l{i}\" t.txt:append\nDONE\nWRITE_TEXT a n.txt:APPND:NEW\n"
+      "WRITE_TEXT b " +
+      std::string(129, 'n') + "\n");
+  run.fake.Put("n.txt", "old\n");
+  run.Run();
+  EXPECT_EQ(run.status, kScriptFailed);
+  EXPECT_EQ(run.fake.Bytes("t.txt"), "l1\nl2\n");
+  EXPECT_EQ(run.fake.Bytes("n.txt"), "a\n");
+  EXPECT_EQ(run.fake.files.size(), 3U);
+}
+
+TEST(Script, FailedWriteLeavesTheOldFile) {
+  ScriptRun run("WRITE_LABEL new o\n");
+  run.fake.Put("o", "old\n");
+  run.fake.room = 1;
+  run.Run();
+  EXPECT_EQ(run.status, kScriptFailed);
+  EXPECT_EQ(run.fake.Bytes("o"), "old\n");
+  EXPECT_NE(run.fake.output.find("ERROR writing output file: o\n"), std::string::npos);
+}
+
+TEST(Script, EchoAndLinesOfErrors) {
+  ScriptRun run("x=MOT\n\n$INCLUDE:inc\n", false);
+  run.fake.Put("inc", "! comment\nFOR i IN 7 DO\n  trim_steps {i}\n 8\n\nskip_steps\n\n foo {x}{i}\nDONE\n");
+  run.Run();
+  EXPECT_EQ(run.fake.output,
+            "Reading ZAVIEW script file : s\n"
+            "ZAVIEW Scripting:   trim_steps 7\n7 steps trimmed from beginning of time history\n"
+            "7 steps trimmed from end of time history\n"
+            "ZAVIEW Scripting:  8\n\nERROR parsing script file - unrecognized command: 8\n"
+            "        at line 4 of inc : 8\nERROR parsing ZAVIEW script file : s\n");
+}
+
+TEST(Script, ArgumentsCrossLinesWithoutEcho) {
+  ScriptRun run("\n SET_OUTPUT_SCALES 1 2\n\n3\n4 5\nSET_DELIMITER\ncomma\nCONF_PROB\n", false);
+  run.Run();
+  EXPECT_EQ(run.status, kScriptFailed);
+  EXPECT_EQ(run.session.output.separator, Separator::comma);
+  const std::string& said = run.fake.output;
+  EXPECT_NE(said.find("ZAVIEW Scripting:  SET_OUTPUT_SCALES 1 2\nChanging"), std::string::npos) << said;
+  EXPECT_EQ(said.find("ZAVIEW Scripting: 3"), std::string::npos);
+  EXPECT_NE(said.find("        at line 8 of s : CONF_PROB\n"), std::string::npos) << said;
+}
+
+TEST(Script, NamesAndPasses) {
+  FakePlatform fake;
+  fake.Put("a.script", "");
+  fake.Put("b.scpt", "DONE\n");
+  fake.Put("c", "$INCLUDE:none\nWRITE_LABEL x o\n");
+  Session session;
+  session.platform = fake.Get();
+  EXPECT_EQ(OpenScriptFile(session, "a"), kScriptOk);
+  EXPECT_EQ(OpenScriptFile(session, "b"), kScriptNotRun);
+  EXPECT_EQ(OpenScriptFile(session, "c"), kScriptNotRun);
+  EXPECT_EQ(OpenScriptFile(session, "none"), kScriptNotRun);
+  EXPECT_EQ(fake.output,
+            "Reading ZAVIEW script file : a.script\n\nSuccessfully parsed ZAVIEW script file : a.script\n"
+            "Reading ZAVIEW script file : b.scpt\nERROR parsing Script File : b.scpt\n"
+            "ERROR parsing script variable loop for variable : no values found\n        at line 1 of b.scpt : DONE\n"
+            "Reading ZAVIEW script file : c\nERR212 - Error opening $INCLUDE file: none\n"
+            "        at line 1 of c : $INCLUDE:none\nERROR parsing Script File : c\n"
+            "ERROR opening Script File : none\n");
+  EXPECT_EQ(fake.Bytes("o"), "(no file)");
+  EXPECT_EQ(fake.OpenHandles(), 0U);
+}
+
+TEST(Script, BinaryScriptEnds) {
+  std::string bytes;
+  for (int i = 0; i < 20'000; ++i) bytes += static_cast<char>((i * 7919) >> 3);
+  ScriptRun run(bytes);
+  run.Run();
+  EXPECT_NE(run.status, kScriptOk);
+}
+
+TEST(Script, Interactive) {
+  FakePlatform fake;
+  fake.Put("s", "");
+  fake.input = {"none", "again", "s", ""};
+  Session session;
+  session.platform = fake.Get();
+  EXPECT_EQ(OpenScriptFile(session, ""), kScriptOk);
+  EXPECT_TRUE(fake.input.empty());
+  EXPECT_EQ(OpenScriptFile(session, ""), kScriptCancelled);  // end of input
+  EXPECT_NE(fake.output.find("Script file open aborted ...\n"), std::string::npos);
+  fake.input = {"none"};
+  EXPECT_EQ(OpenScriptFile(session, ""), kScriptNotRun);  // nobody presses RETURN
+}
+
+// A plot ends the interpreter; the script goes on behind it when it is opened again.
+TEST(Script, SuspendedAtAPlot) {
+  const Command plots[] = {
+      {{"PLOT"}, kNone, [](ScriptCall& call) {
+         call.session.run.plot_suboption = 1;
+         return kScriptOk;
+       }}
+  };
+  const CommandFamily families[] = {plots};
+  FakePlatform fake;
+  Session session;
+  session.platform = fake.Get();
+  ScriptState& script = session.script;
+  script.name = "s";
+  script.files = {"s"};
+  script.final_text = {
+      {"PLOT",  {0, 1}},
+      {"COMMA", {0, 2}}
+  };
+  script.open = true;
+  EXPECT_EQ(ReadScriptFile(session, families), kScriptOk);
+  EXPECT_EQ(script.next_line, 1U);
+  EXPECT_EQ(OpenScriptFile(session, "s"), kScriptOk);
+  EXPECT_EQ(session.run.plot_suboption, 0);
+  EXPECT_EQ(session.output.separator, Separator::comma);
+  EXPECT_FALSE(script.open);
+  EXPECT_NE(fake.output.find("Successfully parsed ZAVIEW script file : s\n"), std::string::npos);
+}
+
+TEST(Script, WordsOfCommandsAreUnique) {
+  for (const CommandFamily& family : AllCommands())
+    for (const Command& command : family)
+      for (const std::string_view name : command.names) {
+        if (name.empty()) continue;
+        EXPECT_EQ(FindCommand(AllCommands(), name), &command) << name;
+      }
+}
+
+}  // namespace
+}  // namespace zaview
