@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "case/read_output_file.h"
+#include "case/finish_case_read.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 
