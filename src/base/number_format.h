@@ -1,6 +1,7 @@
 // How numbers are printed: table cells, sentences, defaults of prompts. -0 prints as 0.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -29,10 +30,13 @@ struct Shown {
 
 }  // namespace zaview
 
+// Takes no format of its own: "{}" alone.
 template <>
-struct fmt::formatter<zaview::Shown> : fmt::formatter<std::string_view> {
+struct fmt::formatter<zaview::Shown> {
+  constexpr auto parse(fmt::format_parse_context& context) { return context.begin(); }
   template <typename Context>
   auto format(zaview::Shown number, Context& context) const {
-    return fmt::formatter<std::string_view>::format(zaview::SentenceNumber(number.value), context);
+    const std::string text = zaview::SentenceNumber(number.value);
+    return std::copy(text.begin(), text.end(), context.out());
   }
 };

@@ -68,7 +68,7 @@ struct Platform {
   Clock clock;
   WindowSystem window;
   void* self = nullptr;
-  [[noreturn]] void (*exit)(void* self, int status) = nullptr;
+  void (*exit)(void* self, int status) = nullptr;  // does not come back
 };
 
 }  // namespace zaview

@@ -7,11 +7,14 @@
 
 namespace zaview {
 
-// Rx[k - first] = (1/np) * sum over i of c(i) c(i+k), k = first .. first + count - 1, c centred by the caller.
-void LagSums(std::span<const float> c, int first, int count, float factor, std::span<float> Rx, unsigned threads);
+// c(i) = x(i) - xm.
+[[nodiscard]] std::vector<float> Centred(std::span<const float> x, float xm);
 
-// The record's autocovariance about xm with divisor np, lags 0 .. M.
-void RecordLags(std::span<const float> x, float xm, int M, std::vector<float>& Rx);
+// sums[k - first] = sum over i = 1..np-k of c(i) c(i+k) for the sums.size() lags from `first` on; 0 from lag np on.
+void LagSums(std::span<const float> c, int first, std::span<float> sums);
+
+// Rx(k) = (1/np) * sum of lag k, k = 0 .. M.
+void RecordLags(std::span<const float> c, int M, std::vector<float>& Rx);
 
 // The plot's own form: R(k) = 1/(n-1-k) * sum over i = 1..n-1-k, R(n-1) = 0; dtau = t - t(1). False: n below 1.
 [[nodiscard]] bool AutoCovariance(std::span<const float> t, std::span<const float> x, std::vector<float>& dtau,

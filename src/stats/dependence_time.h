@@ -8,8 +8,8 @@
 namespace zaview {
 
 struct Dependence {
-  int ndti = 0;        // lag in steps, truncated
-  float lag = 0;       // untruncated
+  int ndti = 0;   // lag in steps, truncated
+  float lag = 0;  // untruncated
   bool reached = false;
 };
 

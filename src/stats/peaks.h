@@ -7,8 +7,8 @@
 namespace zaview {
 
 struct PeakList {
-  std::vector<int> record;   // from 1
-  std::vector<int> step;     // of the extreme sample, from 1
+  std::vector<int> record;  // from 1
+  std::vector<int> step;    // of the extreme sample, from 1
   std::vector<float> value;
 };
 struct Peaks {

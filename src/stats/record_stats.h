@@ -6,12 +6,24 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace zaview {
 
-enum class StatFault : std::uint8_t { none, option, option_peaks, probability, both, option_peaks_and_probability,
-                                      peak_frequency };
+// Arguments that are refused; several may be wrong at once.
+enum class StatFault : std::uint8_t { none = 0, peak_frequency = 1, option = 2, option_peaks = 4, probability = 8 };
+[[nodiscard]] constexpr StatFault operator|(StatFault a, StatFault b) {
+  return static_cast<StatFault>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
+}
+[[nodiscard]] constexpr bool Has(StatFault faults, StatFault one) {
+  return (static_cast<unsigned>(faults) & static_cast<unsigned>(one)) != 0;
+}
+
+// The lines for the console, in the order of the checks.
+[[nodiscard]] std::vector<std::string> StatFaultLines(StatFault faults, std::string_view routine, int N, int iopt,
+                                                      float prob);
 
 struct RecordStats {
   float xm = 0, xv = 0, xs = 0, xmci = 0, xvci = 0, xsci = 0, xmin = 0, xmax = 0;
@@ -20,10 +32,17 @@ struct RecordStats {
 struct RecordStatsTrace {  // what a trace prints; filled only on demand
   float probCoef = 0, VarS = 0;
   int m = 0;
-  std::vector<float> Rx;   // all M + 1 lags
+  std::vector<float> Rx;  // all M + 1 lags
 };
 
+// iopt 1: all; 2: mean, extremes, half width of the mean; 3: no half widths.
 [[nodiscard]] StatFault CalcRecordStats(int iopt, std::span<const float> x, float prob, RecordStats& out,
                                         RecordStatsTrace* trace = nullptr);
+
+// Sum of x in ascending order over np; 0 samples: 0.
+[[nodiscard]] float MeanOf(std::span<const float> x);
+
+// The Bartlett sum above: starts at R[0]/np, then adds ((1 - k/m) * (2/np)) * R[k].
+[[nodiscard]] float BartlettVariance(std::span<const float> R, int np, int m);
 
 }  // namespace zaview
