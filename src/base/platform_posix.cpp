@@ -165,7 +165,8 @@ std::string BehindLinks(std::string name) {
     if (size <= 0 || static_cast<std::size_t>(size) == sizeof to) return name;
     const std::string target(to, static_cast<std::size_t>(size));
     const std::size_t slash = name.rfind('/');
-    name = target[0] == '/' || slash == std::string::npos ? target : name.substr(0, slash + 1) + target;
+    name.erase(target[0] == '/' || slash == std::string::npos ? 0 : slash + 1);
+    name += target;
   }
   return name;
 }

@@ -11,8 +11,8 @@ namespace zaview {
 
 namespace {
 
-constexpr std::size_t kPendingBytes = 256 * 1024;  // written in pieces of this size
-constexpr int kBesideNames = 1000;                 // left over by runs that were killed, or in use by others
+constexpr std::size_t kPendingBytes = std::size_t{256} * 1024;  // written in pieces of this size
+constexpr int kBesideNames = 1000;  // left over by runs that were killed, or in use by others
 constexpr std::string_view kStandardOutput = "/dev/stdout";
 
 std::string BesideName(const std::string& target, int number) {
