@@ -75,10 +75,36 @@ const char* GuessStepStart(const char* begin, const char* finish, std::size_t li
   return wanted == 0 && p < finish ? p : nullptr;
 }
 
+namespace {
+
+// Tells the processor that nothing is done here but waiting.
+void Pause() {
+#if defined(__x86_64__)
+  __builtin_ia32_pause();
+#endif
+}
+
+// Until the state is another one than `old`: a moment awake, then asleep.
+template <typename State>
+State NextState(const std::atomic<State>& state, State old, int looks) {
+  for (int i = 0; i < looks; ++i) {
+    const State now = state.load(std::memory_order_acquire);
+    if (now != old) return now;
+    Pause();
+  }
+  state.wait(old, std::memory_order_acquire);
+  return state.load(std::memory_order_acquire);
+}
+
+constexpr int kLooksForWork = 20'000;  // about half a millisecond: reading the next block and keeping the last rows
+constexpr int kLooksForRows = 4'000;
+
+}  // namespace
+
 RowThread::~RowThread() {
   if (!thread_.joinable()) return;
-  rows_ = nullptr;
-  go_.release();
+  state_.store(State::quit, std::memory_order_release);
+  state_.notify_one();
   thread_.join();
 }
 
@@ -95,19 +121,25 @@ void RowThread::Start(const TextStretch& text, const StepShape& shape, StepRows&
   text_ = text;
   shape_ = &shape;
   rows_ = &rows;
-  go_.release();
+  state_.store(State::offered, std::memory_order_release);
+  state_.notify_one();
 }
 
-void RowThread::Wait() {
-  done_.acquire();
+bool RowThread::Finish() {
+  State state = State::offered;
+  if (state_.compare_exchange_strong(state, State::idle, std::memory_order_acq_rel)) return false;
+  while (state != State::done) state = NextState(state_, state, kLooksForRows);
+  return true;
 }
 
 void RowThread::Run() {
-  for (;;) {
-    go_.acquire();
-    if (rows_ == nullptr) return;
+  for (State state = State::idle; state != State::quit; state = NextState(state_, state, kLooksForWork)) {
+    if (state != State::offered) continue;
+    if (!state_.compare_exchange_strong(state, State::taken, std::memory_order_acq_rel)) continue;
     ScanRows(text_, *shape_, *rows_);
-    done_.release();
+    state_.store(State::done, std::memory_order_release);
+    state_.notify_one();
+    state = State::done;
   }
 }
 

@@ -1,10 +1,10 @@
 // Steps out of text, row by row, and the second thread that converts a stretch of it ahead of being sure.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <new>
-#include <semaphore>
 #include <thread>
 #include <vector>
 
@@ -31,7 +31,7 @@ struct StepRows {
 };
 
 // Room for steps of about kRowValues reals together, at least one. False when memory is out.
-inline constexpr std::size_t kRowValues = 65'536;
+inline constexpr std::size_t kRowValues = 32'768;
 [[nodiscard]] bool MakeRows(const StepShape& shape, StepRows& rows);
 
 struct TextStretch {
@@ -51,7 +51,10 @@ void DropWholeRows(const StepShape& shape, StepRows& rows);
 // there is none. Only a guess: whoever uses it checks that the step before ends there.
 [[nodiscard]] const char* GuessStepStart(const char* begin, const char* finish, std::size_t lines);
 
-// One thread for a whole read: Start hands it a stretch, Wait returns when the rows are there.
+// One thread for a whole read. Start offers it a stretch; Finish waits until the rows are there, or takes the stretch
+// back, if the thread has not got round to it: then nobody waits for a processor that others use. Every Start has its
+// Finish. Both sides look out for each other for a moment before they sleep, since a stretch takes no longer than a
+// sleeping thread to wake.
 class RowThread {
  public:
   RowThread() = default;
@@ -60,15 +63,16 @@ class RowThread {
   ~RowThread();
   [[nodiscard]] bool Begin();  // false: there is no further thread to be had
   void Start(const TextStretch& text, const StepShape& shape, StepRows& rows);
-  void Wait();
+  [[nodiscard]] bool Finish();  // false: taken back, the rows are untouched
 
  private:
+  enum class State : int { idle, offered, taken, done, quit };
   void Run();
   std::thread thread_;
-  std::binary_semaphore go_{0}, done_{0};
+  std::atomic<State> state_{State::idle};
   TextStretch text_;
   const StepShape* shape_ = nullptr;
-  StepRows* rows_ = nullptr;  // null: the end
+  StepRows* rows_ = nullptr;
 };
 
 }  // namespace zaview

@@ -187,18 +187,29 @@ std::size_t ExpectedSteps(const StepReader& r, std::size_t count, std::int64_t b
   return true;
 }
 
-[[nodiscard]] bool AppendRows(StepReader& r, const StepRows& rows, std::size_t n) {
+// Rows from..from + n - 1 behind the steps kept: few enough that they stay in the first cache while column after column
+// is picked out of them.
+[[nodiscard]] bool AppendTile(StepReader& r, const StepRows& rows, std::size_t from, std::size_t n) {
   const auto kept = static_cast<std::size_t>(r.result.kept);
-  if (!MakeRoom(r, kept + n)) return false;
+  const std::size_t stride = r.shape.reals;
   for (std::size_t c = 0; c < r.columns.column.size(); ++c) {
     std::vector<float>* const column = r.columns.column[c];
     if (column == nullptr) continue;
     if (!Grow(*column, kept + n)) return false;
-    const float* from = rows.values.get() + c;
+    const float* const value = rows.values.get() + from * stride + c;
     float* const to = column->data() + kept;
-    for (std::size_t i = 0; i < n; ++i, from += r.shape.reals) to[i] = *from;
+    for (std::size_t i = 0; i < n; ++i) to[i] = value[i * stride];
   }
   r.result.kept += static_cast<int>(n);
+  return true;
+}
+
+[[nodiscard]] bool AppendRows(StepReader& r, const StepRows& rows, std::size_t n) {
+  if (!MakeRoom(r, static_cast<std::size_t>(r.result.kept) + n)) return false;
+  constexpr std::size_t kTileReals = 4096;  // 16 kB
+  const std::size_t tile = std::max<std::size_t>(1, kTileReals / r.shape.reals);
+  for (std::size_t from = 0; from < n; from += tile)
+    if (!AppendTile(r, rows, from, std::min(tile, n - from))) return false;
   return true;
 }
 
@@ -263,7 +274,7 @@ void NoteLines(StepReader& r, const StepRows& rows) {
     r.second->Start({guess, finish, finish, r.stream.at_end}, r.shape, r.ahead);
   }
   ScanRows(text, r.shape, r.rows);
-  if (guess != nullptr) r.second->Wait();
+  if (guess != nullptr && !r.second->Finish()) guess = nullptr;
   NoteLines(r, r.rows);
   if (!KeepRows(r, r.rows, r.rows.at - begin)) return false;
   DropWholeRows(r.shape, r.rows);
