@@ -16,28 +16,31 @@ struct RunSpec {
   std::string title = "Run";
   std::string version_line = " VERSION   : 4.1.7 / April 28, 2022";  // blank: none
   std::string kind_line = " ZAVO Primary Output File";
-  int version = 417;               // decides layout of derived data and steps
-  int motype = 2;                  // 0 forced, 2 free
-  int nstep = 100;                 // planned (NSTEP of the control text)
-  int steps = 100;                 // written
-  int irst = 0, first_step = 1;    // a restarted part begins at first_step
-  double tinit = 0, dth = 0.25;    // input time units
-  double uship = 0, depth = 0;     // input units
+  int version = 417;             // decides layout of derived data and steps
+  int motype = 2;                // 0 forced, 2 free
+  int nstep = 100;               // planned (NSTEP of the control text)
+  int steps = 100;               // written
+  int irst = 0, first_step = 1;  // a restarted part begins at first_step
+  double tinit = 0, dth = 0.25;  // input time units
+  double uship = 0, depth = 0;   // input units
   std::array<double, 6> pmgin{}, ampm{}, omegm{};
   double grav = 9.81, rho = 1025, len = 100, ang = 57.29578;  // records 22 and 23
-  double lenout = 0;               // 0: as len
-  std::vector<std::string> seaway = {"0"};  // data lines of record 21
-  std::vector<std::string> modules;         // lines behind record 33
-  std::array<int, 3> x_kinds{}, y_kinds{};  // switches
-  std::vector<std::array<double, 3>> x_cuts, y_cuts;  // input units
-  int values_per_line = 6;         // 0: a whole step on one line
+  double lenout = 0;                                          // 0: as len
+  std::vector<std::string> seaway = {"0"};                    // data lines of record 21
+  std::vector<std::string> modules;                           // lines behind record 33
+  std::array<int, 3> x_kinds{}, y_kinds{};                    // switches
+  std::vector<std::array<double, 3>> x_cuts, y_cuts;          // input units
+  int values_per_line = 6;                                    // 0: a whole step on one line
+  int equal_time_at = 0;       // this step gets the time of the step ahead of it; 0: none
+  bool cut_last_step = false;  // the file ends in the middle of the last step
   // Fills the reals of step i (from 1) behind the time, in file order: pmgg vmg acc force 1..5, loads, three scalars.
   std::function<void(int step, double time, std::span<float> values)> fill;
+  // Must depend on its arguments alone: long files call it from two threads.
 };
 
-[[nodiscard]] int ValuesPerStep(const RunSpec& spec);  // behind the time
+[[nodiscard]] int ValuesPerStep(const RunSpec& spec);          // behind the time
 [[nodiscard]] double StepTime(const RunSpec& spec, int step);  // non-dimensional
-[[nodiscard]] std::string HeaderText(const RunSpec& spec);  // through the END_OF_HEADER line
+[[nodiscard]] std::string HeaderText(const RunSpec& spec);     // through the END_OF_HEADER line
 void AppendStep(const RunSpec& spec, int step, std::string& text);
 [[nodiscard]] std::string RunText(const RunSpec& spec);  // the whole file
 

@@ -1,0 +1,331 @@
+// The physics of the samples and of the benchmark runs: motions as sums of (damped) harmonics, everything else from
+// their exact derivatives. All values non-dimensional: length over L, time times sqrt(g/L).
+#include <algorithm>
+#include <cmath>
+#include <complex>
+#include <numbers>
+
+#include <fmt/format.h>
+
+#include "run_writer.h"
+
+namespace run_writer {
+
+namespace {
+
+using Vec3 = std::array<double, 3>;
+using Mat3 = std::array<Vec3, 3>;
+
+constexpr double kPi = std::numbers::pi;
+constexpr double kMass = 1.0 / 360;
+constexpr Vec3 kInertia = {kMass * 0.035 * 0.035, kMass * 0.25 * 0.25, kMass * 0.25 * 0.25};
+
+// amplitude exp(-decay t) cos(frequency t + angle), in one of the six modes.
+struct Harmonic {
+  int mode = 3;
+  double amplitude = 0, frequency = 0, angle = 0, decay = 0;
+};
+
+struct Motions {
+  std::array<double, 6> mean{};
+  double speed = 0;
+  std::vector<Harmonic> harmonics;
+};
+
+struct Modes {
+  std::array<double, 6> x{}, v{}, a{};
+};
+
+Modes ModesAt(const Motions& motions, double t) {
+  Modes modes;
+  modes.x = motions.mean;
+  modes.x[0] += motions.speed * t;
+  modes.v[0] = motions.speed;
+  for (const Harmonic& h : motions.harmonics) {
+    const size_t i = static_cast<size_t>(h.mode - 1);
+    const double size = h.amplitude * std::exp(-h.decay * t);
+    const double re = size * std::cos(h.frequency * t + h.angle), im = size * std::sin(h.frequency * t + h.angle);
+    const double vr = -h.decay * re - h.frequency * im, vi = -h.decay * im + h.frequency * re;  // times (-decay + i w)
+    modes.x[i] += re;
+    modes.v[i] += vr;
+    modes.a[i] += -h.decay * vr - h.frequency * vi;
+  }
+  return modes;
+}
+
+// R = Rz(yaw) Ry(pitch) Rx(roll), ship to global.
+Mat3 Rotation(const std::array<double, 6>& x) {
+  const double cr = std::cos(x[3]), sr = std::sin(x[3]), cp = std::cos(x[4]), sp = std::sin(x[4]), cy = std::cos(x[5]),
+               sy = std::sin(x[5]);
+  return {
+      {{cy * cp, cy * sp * sr - sy * cr, cy * sp * cr + sy * sr},
+       {sy * cp, sy * sp * sr + cy * cr, sy * sp * cr - cy * sr},
+       {-sp, cp * sr, cp * cr}}
+  };
+}
+
+Vec3 ToGlobal(const Mat3& r, const Vec3& v) {
+  Vec3 out{};
+  for (size_t i = 0; i < 3; ++i) out[i] = r[i][0] * v[0] + r[i][1] * v[1] + r[i][2] * v[2];
+  return out;
+}
+
+Vec3 ToShip(const Mat3& r, const Vec3& v) {
+  Vec3 out{};
+  for (size_t i = 0; i < 3; ++i) out[i] = r[0][i] * v[0] + r[1][i] * v[1] + r[2][i] * v[2];
+  return out;
+}
+
+// Body rates and their time derivatives from the Euler angles, their rates and accelerations.
+void BodyRates(const Modes& m, Vec3& w, Vec3& dw) {
+  const double cr = std::cos(m.x[3]), sr = std::sin(m.x[3]), cp = std::cos(m.x[4]), sp = std::sin(m.x[4]);
+  const double roll = m.v[3], pitch = m.v[4], yaw = m.v[5];
+  w = {roll - yaw * sp, pitch * cr + yaw * sr * cp, -pitch * sr + yaw * cr * cp};
+  dw = {m.a[3] - m.a[5] * sp - yaw * cp * pitch,
+        m.a[4] * cr - pitch * sr * roll + m.a[5] * sr * cp + yaw * (cr * roll * cp - sr * sp * pitch),
+        -m.a[4] * sr - pitch * cr * roll + m.a[5] * cr * cp - yaw * (sr * roll * cp + cr * sp * pitch)};
+}
+
+// Euler's equations: the moment about the CG in ship axes.
+Vec3 Moment(const Vec3& w, const Vec3& dw) {
+  const Vec3 h = {kInertia[0] * w[0], kInertia[1] * w[1], kInertia[2] * w[2]};
+  return {kInertia[0] * dw[0] + w[1] * h[2] - w[2] * h[1], kInertia[1] * dw[1] + w[2] * h[0] - w[0] * h[2],
+          kInertia[2] * dw[2] + w[0] * h[1] - w[1] * h[0]};
+}
+
+struct Writer {
+  std::span<float> out;
+  size_t at = 0;
+  void Put(double value) { out[at++] = static_cast<float>(value); }
+  void Put(const Vec3& v) {
+    for (const double value : v) Put(value);
+  }
+};
+
+// The five slots sum to mass times acceleration: 1 takes what 2 to 5 leave, 5 is the weight, 3 the buoyancy.
+void PutForces(const Vec3& force, const Vec3& moment, double heave, Writer& writer) {
+  const double buoyancy = kMass - 0.1 * heave;
+  const Vec3 nonlinear = {0, 0, 0.01 * force[2]};
+  writer.Put({force[0], force[1], force[2] - nonlinear[2] - buoyancy + kMass});
+  writer.Put(moment);
+  writer.Put(nonlinear);
+  writer.Put(Vec3{});
+  writer.Put({0, 0, buoyancy});
+  writer.Put(Vec3{});
+  writer.Put(Vec3{});
+  writer.Put(Vec3{});
+  writer.Put({0, 0, -kMass});
+  writer.Put(Vec3{});
+}
+
+// Shear f sin(2 pi s) and its integral to the end, f (1 + cos(2 pi s)) / (2 pi): antisymmetric and symmetric about
+// s = 0, both 0 at the ends s = -1/2 and 1/2. The kinds have shares 1, 1/4, 1/10 of f.
+void PutLoads(const std::array<int, 3>& kinds, const std::vector<double>& stations, double f, Writer& writer) {
+  constexpr std::array<double, 3> kShares = {1.0, 0.25, 0.1};
+  for (size_t kind = 0; kind < 3; ++kind) {
+    if (kinds[kind] <= 0) continue;
+    for (const double s : stations) writer.Put(kShares[kind] * f * std::sin(2 * kPi * s));
+    for (const double s : stations) writer.Put(kShares[kind] * f * (1 + std::cos(2 * kPi * s)) / (2 * kPi));
+  }
+}
+
+// Loads follow heave: f = 0.01 of its unsteady part. Y cuts stand across a beam of L/5.
+void SetFill(const Motions& motions, RunSpec& spec) {
+  std::vector<double> x_stations, y_stations;
+  for (const auto& cut : spec.x_cuts) x_stations.push_back(cut[0] / spec.len);
+  for (const auto& cut : spec.y_cuts) y_stations.push_back(cut[1] / (0.2 * spec.len));
+  spec.fill = [motions, x_stations, y_stations, x_kinds = spec.x_kinds, y_kinds = spec.y_kinds](
+                  int /*step*/, double time, std::span<float> values) {
+    const Modes m = ModesAt(motions, time);
+    const Mat3 r = Rotation(m.x);
+    Vec3 w{}, dw{};
+    BodyRates(m, w, dw);
+    const Vec3 a = {m.a[0], m.a[1], m.a[2]};
+    Writer writer{values};
+    for (const double x : m.x) writer.Put(x);
+    writer.Put({m.v[0], m.v[1], m.v[2]});
+    writer.Put(w);
+    writer.Put(ToShip(r, a));
+    writer.Put(dw);
+    const double heave = m.x[2] - motions.mean[2];
+    PutForces({kMass * a[0], kMass * a[1], kMass * a[2]}, ToGlobal(r, Moment(w, dw)), heave, writer);
+    PutLoads(x_kinds, x_stations, 0.01 * heave, writer);
+    PutLoads(y_kinds, y_stations, 0.01 * heave, writer);
+    writer.Put(0.1 * m.x[5]);
+    writer.Put(0.08 * m.x[5]);
+    writer.Put(2.0);
+  };
+}
+
+// Non-dimensional frequency of a wave or motion of `period` input time units.
+double Frequency(const RunSpec& spec, double period) {
+  return 2 * kPi / period * std::sqrt(spec.len / spec.grav);
+}
+
+Motions AtRest(RunSpec& spec) {
+  spec.pmgin = {0, 0, -1.25, 0, 0, 0};
+  Motions motions;
+  motions.mean[2] = spec.pmgin[2] / spec.len;
+  motions.speed = spec.uship / std::sqrt(spec.grav * spec.len);
+  return motions;
+}
+
+// One wave of 1 m, w 0.5, against the bow; the speed makes the encounter period 10 s, 40 steps. eta = cos(we t).
+// Heave 0.8 m, 36 degrees (4 steps) behind the wave; pitch 2 degrees, 90 degrees ahead.
+void RegularHead(RunSpec& spec) {
+  spec.title = "Regular head wave 1 m, heave 0.8 m lagging 36 deg, encounter period 10 s";
+  spec.nstep = spec.steps = 400;
+  const double we = 2 * kPi / 10, w = 0.5;
+  spec.uship = (we - w) * spec.grav / (w * w);
+  spec.seaway = {"1", "1 0", "0.5 0.0 1.0 180.0"};
+  Motions motions = AtRest(spec);
+  const double frequency = Frequency(spec, 10);
+  motions.harmonics = {
+      {3, 0.008,    frequency, -kPi / 5, 0},
+      {5, kPi / 90, frequency, kPi / 2,  0}
+  };
+  SetFill(motions, spec);
+}
+
+// Twelve waves of 0.05 m to 0.6 m; heave 0.7, pitch 1 degree per metre, surge 0.2 of each, all in phase with it.
+void IrregularHead(RunSpec& spec) {
+  spec.title = "Twelve head waves, vertical and horizontal loads at 5 X cuts";
+  spec.nstep = spec.steps = 300;
+  spec.uship = 7.5;
+  spec.x_kinds = {1, 1, 0};
+  for (const double x : {37.5, 25.0, 0.0, -25.0, -37.5}) spec.x_cuts.push_back({x, 0, 5});
+  spec.seaway = {"1", "12 0"};
+  Motions motions = AtRest(spec);
+  for (int i = 0; i < 12; ++i) {
+    const double w = 0.35 + 0.05 * i, phase = (i * 77) % 360, amplitude = 0.6 - 0.05 * i;
+    spec.seaway.push_back(fmt::format("{:.10g} {:.10g} {:.10g} 180.0", w, phase, amplitude));
+    const double we = (w + spec.uship * w * w / spec.grav) * std::sqrt(spec.len / spec.grav);
+    const double angle = -phase * kPi / 180, share = amplitude / spec.len;
+    motions.harmonics.push_back({1, 0.2 * share, we, angle, 0});
+    motions.harmonics.push_back({3, 0.7 * share, we, angle, 0});
+    motions.harmonics.push_back({5, amplitude * kPi / 180, we, angle, 0});
+  }
+  SetFill(motions, spec);
+}
+
+// Free roll in calm water from 10 degrees: exp(-0.05 wn t) cos(wd t), damped period 12 s.
+void RollDecay(RunSpec& spec) {
+  spec.title = "Free roll decay from 10 deg, 5 % of critical damping, period 12 s";
+  spec.nstep = spec.steps = 300;
+  Motions motions = AtRest(spec);
+  const double damped = Frequency(spec, 12), natural = damped / std::sqrt(1 - 0.05 * 0.05);
+  motions.harmonics = {
+      {4, kPi / 18, damped, 0, 0.05 * natural}
+  };
+  SetFill(motions, spec);
+}
+
+void ForcedHeave(RunSpec& spec) {
+  spec.title = "Forced heave 1 m, period 10 s, calm water";
+  spec.motype = 0;
+  spec.nstep = spec.steps = 200;
+  spec.ampm[2] = 1;
+  spec.omegm[2] = 2 * kPi / 10;
+  Motions motions = AtRest(spec);
+  motions.harmonics = {
+      {3, 0.01, Frequency(spec, 10), -kPi / 2, 0}
+  };
+  SetFill(motions, spec);
+}
+
+void ShortCut(RunSpec& spec) {
+  RegularHead(spec);
+  spec.title = "Regular head wave, the file ends inside step 121 of 400";
+  spec.steps = 121;
+  spec.cut_last_step = true;
+}
+
+void EqualTimes(RunSpec& spec) {
+  RegularHead(spec);
+  spec.title = "Regular head wave, steps 100 and 101 have one time";
+  spec.nstep = spec.steps = 150;
+  spec.equal_time_at = 101;
+}
+
+void Restarted(RunSpec& spec) {
+  RegularHead(spec);
+  spec.title = "Regular head wave, restarted: steps 201 to 400";
+  spec.irst = 1;
+  spec.first_step = 201;
+  spec.steps = 200;
+}
+
+void YCuts(RunSpec& spec) {
+  RegularHead(spec);
+  spec.title = "Regular head wave, vertical and horizontal loads at 3 Y cuts";
+  spec.nstep = spec.steps = 150;
+  spec.y_kinds = {1, 1, 0};
+  spec.y_cuts = {
+      {0, 2.5,  6.25},
+      {0, 0,    6.25},
+      {0, -2.5, 6.25}
+  };
+  Motions motions = AtRest(spec);
+  motions.harmonics = {
+      {3, 0.008, Frequency(spec, 10), -kPi / 5, 0}
+  };
+  SetFill(motions, spec);
+}
+
+struct Sample {
+  std::string_view name;
+  void (*make)(RunSpec& spec);
+};
+
+constexpr std::array<Sample, 8> kSamples = {
+    {
+     {"regular_head", RegularHead},
+     {"irregular_head", IrregularHead},
+     {"roll_decay", RollDecay},
+     {"forced_heave", ForcedHeave},
+     {"short_cut", ShortCut},
+     {"equal_times", EqualTimes},
+     {"restarted", Restarted},
+     {"y_cuts", YCuts},
+     }
+};
+
+}  // namespace
+
+std::vector<std::string_view> SampleNames() {
+  std::vector<std::string_view> names;
+  for (const Sample& sample : kSamples) names.push_back(sample.name);
+  return names;
+}
+
+bool SampleSpec(std::string_view name, RunSpec& spec) {
+  const auto found = std::find_if(kSamples.begin(), kSamples.end(), [&](const Sample& s) { return s.name == name; });
+  if (found == kSamples.end()) return false;
+  spec = RunSpec();
+  found->make(spec);
+  return true;
+}
+
+RunSpec BenchmarkSpec(std::int64_t bytes, int cuts) {
+  RunSpec spec;
+  spec.title = "Benchmark: three frequencies in each mode";
+  spec.uship = 7.5;
+  spec.x_kinds = {cuts > 0 ? 1 : 0, 0, 0};
+  for (int i = 0; i < cuts; ++i) spec.x_cuts.push_back({45.0 - 90.0 * i / std::max(cuts - 1, 1), 0, 5});
+  spec.seaway = {"1", "1 0", "0.5 0.0 1.0 180.0"};
+  Motions motions = AtRest(spec);
+  for (int mode = 1; mode <= 6; ++mode) {
+    for (int k = 0; k < 3; ++k) {
+      const double amplitude = (mode <= 3 ? 0.01 : 0.02) / (1 + k);
+      motions.harmonics.push_back({mode, amplitude, 1.4 + 0.61803 * k + 0.1 * mode, 0.7 * mode + 2.1 * k, 0});
+    }
+  }
+  SetFill(motions, spec);
+  const std::int64_t values = ValuesPerStep(spec) + 1;
+  const std::int64_t per_step = values * 16 + (values + spec.values_per_line - 1) / spec.values_per_line;
+  const std::int64_t header = static_cast<std::int64_t>(HeaderText(spec).size());
+  spec.nstep = spec.steps = static_cast<int>(std::clamp<std::int64_t>((bytes - header) / per_step, 1, 100'000'000));
+  return spec;
+}
+
+}  // namespace run_writer
