@@ -50,10 +50,10 @@ struct NthRow {
   std::array<std::string_view, 2> words;
 };
 constexpr NthRow kNth[] = {
-    {8,  {"TH_AMP", "TH"}        },
-    {9,  {"TH_TOP"}              },
-    {10, {"TH_BOT"}              },
-    {11, {"TH_HEIGHT", "TH_HGT"} },
+    {8,  {"TH_AMP", "TH"}       },
+    {9,  {"TH_TOP"}             },
+    {10, {"TH_BOT"}             },
+    {11, {"TH_HEIGHT", "TH_HGT"}},
 };
 
 constexpr std::string_view kInterval = "_CI", kSmallInterval = "_ci";
@@ -105,7 +105,8 @@ StatisticName FindPlain(std::string_view word) {
 }  // namespace
 
 StatisticName FindStatistic(std::string_view word) {
-  const bool interval = word.size() >= kLeastIntervalWord && (word.ends_with(kInterval) || word.ends_with(kSmallInterval));
+  const bool interval =
+      word.size() >= kLeastIntervalWord && (word.ends_with(kInterval) || word.ends_with(kSmallInterval));
   if (interval) word.remove_suffix(kInterval.size());
   StatisticName found = FindPlain(word);
   found.interval = interval;
