@@ -1,0 +1,206 @@
+// The drawing of the house, checked: every #include "folder/file.h" of src/ must go along an edge of tests/layers.txt.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::set<std::string>;
+
+struct Layers {
+  std::map<std::string, Names> below;        // room -> rooms it may include, itself too
+  std::map<std::string, std::string> floor;  // "frame/prompts" -> room of a folder with two floors
+  std::map<std::string, std::string> rest;   // folder with two floors -> its room for files not named; blank: all named
+  Names records;                             // headers that may include, and be included by, their like of any folder
+  Names session_users;                       // rooms that may see frame/session.h
+  std::vector<std::string> faults;           // of the file of layers itself
+};
+
+constexpr std::string_view kSession = "frame/session";
+
+void ReachDown(Layers& layers) {
+  // Repeated until nothing is added: what a room may include it may include through another room as well.
+  for (bool grown = true; grown;) {
+    grown = false;
+    for (auto& [room, below] : layers.below) {
+      const Names direct = below;
+      for (const std::string& lower : direct) {
+        for (const std::string& further : layers.below[lower]) grown |= below.insert(further).second;
+      }
+    }
+  }
+}
+
+void AddRoom(Layers& layers, const std::string& room, std::istringstream& words) {
+  Names& below = layers.below[room];
+  below.insert(room);
+  for (std::string lower; words >> lower;) {
+    if (!layers.below.contains(lower))
+      layers.faults.push_back(room + " includes " + lower + ", which stands no line above");
+    below.insert(lower);
+  }
+}
+
+void AddFloor(Layers& layers, std::string room, std::istringstream& words) {
+  if (!layers.below.contains(room)) layers.faults.push_back("floor of an unknown room " + room);
+  for (std::string file; words >> file;) layers.floor[file] = room;
+}
+
+Layers ReadLayers(std::istream& in) {
+  Layers layers;
+  for (std::string line; std::getline(in, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    const size_t colon = line.find(':');
+    if (colon == std::string::npos) {
+      layers.faults.push_back("no colon: " + line);
+      continue;
+    }
+    const std::string head = line.substr(0, colon);
+    std::istringstream words(line.substr(colon + 1));
+    if (head.starts_with("floor ")) {
+      AddFloor(layers, head.substr(6), words);
+    } else if (head == "records") {
+      for (std::string file; words >> file;) layers.records.insert(file);
+    } else if (head == "session") {
+      for (std::string room; words >> room;) layers.session_users.insert(room);
+    } else {
+      AddRoom(layers, head, words);
+    }
+  }
+  ReachDown(layers);
+  for (const auto& [file, room] : layers.floor) {
+    const std::string folder = file.substr(0, file.find('/'));
+    layers.rest.emplace(folder, layers.below.contains(folder) ? folder : "");
+  }
+  return layers;
+}
+
+// "case/plot_data.cpp" -> "case/plot_data".
+std::string Stem(const std::string& path) {
+  return path.substr(0, path.rfind('.'));
+}
+
+// Blank: no line of the layers tells the room of this file.
+std::string RoomOf(const Layers& layers, const std::string& path) {
+  const std::string stem = Stem(path), folder = path.substr(0, path.find('/'));
+  if (const auto named = layers.floor.find(stem); named != layers.floor.end()) return named->second;
+  if (const auto rest = layers.rest.find(folder); rest != layers.rest.end()) return rest->second;
+  return layers.below.contains(folder) ? folder : "";
+}
+
+// Blank: the include is allowed. Else what is wrong with it.
+std::string FaultOf(const Layers& layers, const std::string& from, const std::string& to) {
+  const std::string from_room = RoomOf(layers, from), to_room = RoomOf(layers, to);
+  if (to_room.empty()) return "no room of that name";
+  if (from == to || Stem(from) == Stem(to)) return "";
+  const bool from_record = from.ends_with(".h") && layers.records.contains(Stem(from));
+  if (from_record && layers.records.contains(Stem(to))) return "";
+  if (Stem(to) == kSession)
+    return layers.session_users.contains(from_room) ? "" : from_room + " must not see the session";
+  if (!layers.below.at(from_room).contains(to_room)) return from_room + " must not include " + to_room;
+  return "";
+}
+
+// The quoted file of an #include line; blank for any other line.
+std::string Included(std::string_view line) {
+  const size_t hash = line.find_first_not_of(" \t");
+  if (hash == std::string_view::npos || line[hash] != '#') return "";
+  const size_t word = line.find_first_not_of(" \t", hash + 1);
+  if (word == std::string_view::npos || !line.substr(word).starts_with("include")) return "";
+  const size_t open = line.find('"', word);
+  const size_t close = open == std::string_view::npos ? open : line.find('"', open + 1);
+  return close == std::string_view::npos ? "" : std::string(line.substr(open + 1, close - open - 1));
+}
+
+std::string CheckFile(const Layers& layers, const fs::path& path, const std::string& name) {
+  std::string faults;
+  if (RoomOf(layers, name).empty()) return name + ": no line of layers.txt names its folder or floor\n";
+  std::ifstream in(path);
+  int number = 0;
+  for (std::string line; std::getline(in, line);) {
+    ++number;
+    const std::string to = Included(line);
+    if (to.empty()) continue;
+    std::string fault = FaultOf(layers, name, to);
+    if (fault.empty() && !fs::exists(path.parent_path().parent_path() / to)) fault = "no such file";
+    if (!fault.empty()) faults += name + ":" + std::to_string(number) + ": " + line + "  // " + fault + "\n";
+  }
+  return faults;
+}
+
+Layers ProjectLayers() {
+  std::ifstream in(ZAVIEW_SOURCE_DIR "/tests/layers.txt");
+  return ReadLayers(in);
+}
+
+TEST(Layers, EveryIncludeOfSrcGoesDown) {
+  const Layers layers = ProjectLayers();
+  EXPECT_TRUE(layers.faults.empty()) << layers.faults.front();
+  const fs::path src = ZAVIEW_SOURCE_DIR "/src";
+  std::string faults;
+  int files = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(src)) {
+    const std::string kind = entry.path().extension().string();
+    if (kind != ".h" && kind != ".cpp") continue;
+    faults += CheckFile(layers, entry.path(), fs::relative(entry.path(), src).generic_string());
+    ++files;
+  }
+  EXPECT_EQ(faults, "");
+  EXPECT_GT(files, 0);
+}
+
+TEST(Layers, NamedFilesOfFloorsAndRecordsExist) {
+  const Layers layers = ProjectLayers();
+  Names stems;
+  const fs::path src = ZAVIEW_SOURCE_DIR "/src";
+  for (const auto& entry : fs::recursive_directory_iterator(src)) {
+    if (entry.is_regular_file()) stems.insert(Stem(fs::relative(entry.path(), src).generic_string()));
+  }
+  for (const std::string& record : layers.records) EXPECT_TRUE(stems.contains(record)) << record;
+}
+
+// The checker itself: what a wrong reading of the drawing would let through or refuse.
+TEST(Layers, RefusesWhatGoesUpOrSideways) {
+  const Layers layers = ProjectLayers();
+  struct Case {
+    const char* from;
+    const char* to;
+    bool allowed;
+  };
+  const Case cases[] = {
+      {"case/plot_data.cpp",       "case/plot_data.h",       true }, // its own header
+      {"case/plot_data.cpp",       "control/control_text.h", true }, // through geometry and waves
+      {"control/control_text.cpp", "case/plot_data.h",       false}, // upward
+      {"stats/peaks.cpp",          "case/plot_data.h",       false}, // the pure floor never sees the case
+      {"stats/stat_table.cpp",     "case/plot_data.h",       true }, // the upper floor does
+      {"stats/peaks.cpp",          "stats/stat_table.h",     false}, // floor below to floor above
+      {"stats/peaks.cpp",          "frame/prompts.h",        false}, // pure: no console
+      {"case/plot_data.cpp",       "frame/prompts.h",        true }, // ground floor
+      {"case/plot_data.cpp",       "frame/run_loop.h",       false}, // roof
+      {"script/selectors.cpp",     "views/plot_session.h",   false}, // sideways
+      {"script/selectors.cpp",     "frame/session.h",        true },
+      {"case/plot_data.cpp",       "frame/session.h",        false},
+      {"frame/main.cpp",           "script/selectors.h",     true },
+      {"frame/session.h",          "case/case_store.h",      true }, // records include their like
+      {"frame/session.h",          "script/script_state.h",  true },
+      {"base/text.cpp",            "frame/prompts.h",        false},
+      {"gks/plot_page.cpp",        "case/plot_data.h",       false}, // pictures know nothing of ships
+      {"case/plot_data.cpp",       "nowhere/plot.h",         false},
+  };
+  for (const Case& c : cases) EXPECT_EQ(FaultOf(layers, c.from, c.to).empty(), c.allowed) << c.from << " " << c.to;
+  EXPECT_EQ(Included("#include \"base/text.h\"  // why"), "base/text.h");
+  EXPECT_EQ(Included(" # include \"base/text.h\""), "base/text.h");
+  EXPECT_EQ(Included("#include <vector>"), "");
+  EXPECT_EQ(Included("// #include \"base/text.h\""), "");
+}
+
+}  // namespace
