@@ -1,5 +1,6 @@
 #include "case/output_scales.h"
 
+#include <charconv>
 #include <cmath>
 
 namespace zaview {
@@ -29,13 +30,23 @@ std::array<float, 6> SixFactors(double translation, double rotation) {
   return {t, t, t, r, r, r};
 }
 
+// A scale stands for the number that was written: 9.81 itself, not the 4-byte value nearest to it, whose error would
+// show in the last place of the factors.
+double AsWritten(float scale) {
+  std::array<char, 32> text{};
+  const char* const end = std::to_chars(text.data(), text.data() + text.size(), scale).ptr;
+  double value = scale;
+  std::from_chars(text.data(), end, value);
+  return value;
+}
+
 }  // namespace
 
 void set_output_scales(OutputSettings& settings, bool impulsive) {
-  const double g = settings.GRAVOUT;
-  const double r = settings.RHOOUT;
-  const double L = settings.LENOUT;
-  const double a = settings.ANGOUT;
+  const double g = AsWritten(settings.GRAVOUT);
+  const double r = AsWritten(settings.RHOOUT);
+  const double L = AsWritten(settings.LENOUT);
+  const double a = AsWritten(settings.ANGOUT);
   OutputScales scales;  // all 1
   scales.T = static_cast<float>(std::sqrt(L / g));
   if (!impulsive) {
