@@ -1,0 +1,412 @@
+// Runs every text of tests/e2e: a session with the real program, in an empty folder, compared whole. How a text is
+// written stands in README.md beside this file.
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::chrono::seconds kTimeLimit{60};
+constexpr std::string_view kAnyLines = "...";
+constexpr double kNear = 2e-5;  // what 4-byte sums leave of a closed form
+
+enum class StepKind { copy, file, stdin_text, run, console, exit_status, absent, holds, near };
+
+struct StepWord {
+  std::string_view word;
+  StepKind kind;
+  bool takes_lines;
+};
+
+constexpr StepWord kStepWords[] = {
+    {"copy",    StepKind::copy,        false},
+    {"file",    StepKind::file,        true },
+    {"stdin",   StepKind::stdin_text,  true },
+    {"run",     StepKind::run,         false},
+    {"console", StepKind::console,     true },
+    {"exit",    StepKind::exit_status, false},
+    {"absent",  StepKind::absent,      false},
+    {"holds",   StepKind::holds,       true },
+    {"near",    StepKind::near,        true },
+};
+
+struct Step {
+  StepKind kind = StepKind::run;
+  bool takes_lines = false;
+  int line = 0;      // of the text
+  std::string rest;  // words behind the step's own
+  std::vector<std::string> lines;
+};
+
+struct Text {
+  std::vector<Step> steps;
+  std::string fault;
+};
+
+std::string Trimmed(std::string_view text) {
+  const size_t begin = text.find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return "";
+  return std::string(text.substr(begin, text.find_last_not_of(" \t") - begin + 1));
+}
+
+// The text behind "|" and one blank.
+std::string BodyLine(std::string_view bar) {
+  bar.remove_prefix(1);
+  if (bar.starts_with(' ')) bar.remove_prefix(1);
+  return std::string(bar);
+}
+
+// "word: rest", or "word NAME:" for the steps that name a file.
+bool ParseStep(const std::string& line, Step& step) {
+  const std::string word = line.substr(0, line.find_first_of(": \t"));
+  for (const StepWord& row : kStepWords) {
+    if (row.word != word) continue;
+    step.kind = row.kind;
+    step.takes_lines = row.takes_lines;
+    const bool named = row.kind == StepKind::file || row.kind == StepKind::holds || row.kind == StepKind::near;
+    const size_t colon = named ? line.rfind(':') : line.find(':');
+    if (colon == std::string::npos || colon < word.size()) return false;
+    step.rest = Trimmed(named ? line.substr(word.size(), colon - word.size()) : line.substr(colon + 1));
+    return named ? !step.rest.empty() : true;
+  }
+  return false;
+}
+
+Text ReadText(const fs::path& path) {
+  Text text;
+  std::ifstream in(path);
+  if (!in) text.fault = "can't be opened";
+  int number = 0;
+  for (std::string line; std::getline(in, line);) {
+    ++number;
+    const std::string trimmed = Trimmed(line);
+    if (trimmed.empty() || trimmed[0] == '#') continue;
+    if (trimmed[0] == '|') {
+      // Blanks at the end of a line count; those ahead of the bar do not.
+      if (text.steps.empty() || !text.steps.back().takes_lines) {
+        text.fault = "line " + std::to_string(number) + ": belongs to no step";
+        return text;
+      }
+      text.steps.back().lines.push_back(BodyLine(std::string_view(line).substr(line.find('|'))));
+      continue;
+    }
+    Step step;
+    step.line = number;
+    if (!ParseStep(trimmed, step)) {
+      text.fault = "line " + std::to_string(number) + ": no step: " + trimmed;
+      return text;
+    }
+    text.steps.push_back(step);
+  }
+  return text;
+}
+
+// Blanks separate words; '...' and "..." keep blanks and may stand inside a word; \ keeps the next character.
+std::vector<std::string> SplitWords(std::string_view text) {
+  std::vector<std::string> words;
+  std::string word;
+  char quote = 0;
+  bool open = false;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (quote != 0 && c == quote) {
+      quote = 0;
+    } else if (c == '\\' && quote != '\'' && i + 1 < text.size()) {
+      word += text[++i];
+      open = true;
+    } else if (quote == 0 && (c == '"' || c == '\'')) {
+      quote = c;
+      open = true;
+    } else if (quote == 0 && (c == ' ' || c == '\t')) {
+      if (open) words.push_back(std::exchange(word, ""));
+      open = false;
+    } else {
+      word += c;
+      open = true;
+    }
+  }
+  if (open) words.push_back(word);
+  return words;
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + '\n';
+  return text;
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  if (!text.empty() && text.back() != '\n') lines.back() += "<no end of line>";
+  return lines;
+}
+
+std::vector<std::string> Words(const std::string& line) {
+  std::vector<std::string> words;
+  std::istringstream in(line);
+  for (std::string word; in >> word;) words.push_back(word);
+  return words;
+}
+
+bool IsNumber(const std::string& word, double& value) {
+  char* end = nullptr;
+  value = std::strtod(word.c_str(), &end);
+  return !word.empty() && *end == '\0';
+}
+
+bool SameLine(const std::string& expected, const std::string& got) {
+  return expected == got;
+}
+
+// Numbers within kNear of each other (of 1, if they are smaller); all other words equal, blanks between do not matter.
+bool NearLine(const std::string& expected, const std::string& got) {
+  const std::vector<std::string> e = Words(expected), g = Words(got);
+  return std::equal(e.begin(), e.end(), g.begin(), g.end(), [](const std::string& a, const std::string& b) {
+    double x = 0, y = 0;
+    if (!IsNumber(a, x) || !IsNumber(b, y)) return a == b;
+    return std::fabs(x - y) <= kNear * std::max(1.0, std::fabs(x));
+  });
+}
+
+using LineTest = bool (*)(const std::string& expected, const std::string& got);
+
+// "..." stands for any number of lines. Positions of the last "..." are tried again, one line further each time.
+bool Matches(const std::vector<std::string>& expected, const std::vector<std::string>& got, LineTest same) {
+  size_t e = 0, g = 0, gap = std::string::npos, gap_got = 0;
+  while (g < got.size()) {
+    if (e < expected.size() && expected[e] == kAnyLines) {
+      gap = e++;
+      gap_got = g;
+    } else if (e < expected.size() && same(expected[e], got[g])) {
+      ++e;
+      ++g;
+    } else if (gap != std::string::npos) {
+      e = gap + 1;
+      g = ++gap_got;
+    } else {
+      return false;
+    }
+  }
+  while (e < expected.size() && expected[e] == kAnyLines) ++e;
+  return e == expected.size();
+}
+
+std::string FileText(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+class Folder {
+ public:
+  Folder() {
+    std::string pattern = (fs::temp_directory_path() / "zaview_e2e_XXXXXX").string();
+    if (const char* made = mkdtemp(pattern.data())) path_ = made;
+  }
+  ~Folder() {
+    std::error_code ignored;
+    if (!path_.empty()) fs::remove_all(path_, ignored);
+  }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  [[nodiscard]] const fs::path& Path() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+struct Outcome {
+  std::string console;
+  int status = -1;
+  std::string fault;  // "killed by signal 11", "did not end within 60 s"; blank if it ended by itself
+};
+
+// In the child: console and input are files outside the session's folder, so that a full pipe never stops anybody.
+[[noreturn]] void BecomeProgram(const fs::path& folder, const fs::path& io, std::vector<char*>& argv) {
+  const int in = open((io / "stdin").c_str(), O_RDONLY);
+  const int out = open((io / "stdout").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  const int err = open((io / "stderr").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  if (in < 0 || out < 0 || err < 0 || chdir(folder.c_str()) != 0) _exit(126);
+  dup2(in, 0);
+  dup2(out, 1);
+  dup2(err, 2);
+  execv(ZAVIEW_PROGRAM, argv.data());
+  _exit(127);
+}
+
+std::string WaitFor(pid_t child, int& status) {
+  const auto end = std::chrono::steady_clock::now() + kTimeLimit;
+  int wait_status = 0;
+  while (waitpid(child, &wait_status, WNOHANG) == 0) {
+    if (std::chrono::steady_clock::now() > end) {
+      kill(child, SIGKILL);
+      waitpid(child, &wait_status, 0);
+      return "did not end within " + std::to_string(kTimeLimit.count()) + " s";
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  if (WIFSIGNALED(wait_status)) return "killed by signal " + std::to_string(WTERMSIG(wait_status));
+  status = WEXITSTATUS(wait_status);
+  return "";
+}
+
+Outcome RunProgram(const fs::path& folder, const std::string& command, const std::string& input) {
+  const Folder io;
+  std::ofstream(io.Path() / "stdin", std::ios::binary) << input;
+  std::vector<std::string> words = SplitWords(command);
+  std::vector<char*> argv;
+  for (std::string& word : words) argv.push_back(word.data());
+  argv.push_back(nullptr);
+  Outcome outcome;
+  const pid_t child = fork();
+  if (child == 0) BecomeProgram(folder, io.Path(), argv);
+  outcome.fault = child < 0 ? "can't fork" : WaitFor(child, outcome.status);
+  outcome.console = FileText(io.Path() / "stdout");
+  const std::string err = FileText(io.Path() / "stderr");
+  if (!err.empty()) outcome.console += "<stderr>\n" + err;
+  return outcome;
+}
+
+// One text: its folder, and what the last run left.
+class Session {
+ public:
+  explicit Session(fs::path text) : text_(std::move(text)) {}
+
+  void Run() {
+    const Text text = ReadText(text_);
+    ASSERT_EQ(text.fault, "") << text_;
+    ASSERT_FALSE(folder_.Path().empty());
+    for (const Step& step : text.steps) {
+      Do(step);
+      if (testing::Test::HasFatalFailure()) return;
+    }
+    CheckRunIsOver();
+    EXPECT_GT(runs_, 0) << text_ << " runs nothing";
+  }
+
+ private:
+  std::string At(const Step& step) const { return text_.filename().string() + ", line " + std::to_string(step.line); }
+
+  void Do(const Step& step) {
+    switch (step.kind) {
+      case StepKind::copy:
+        return Copy(step);
+      case StepKind::file:
+        return Write(step);
+      case StepKind::stdin_text:
+        input_ = Joined(step.lines);
+        return;
+      case StepKind::run:
+        return Start(step);
+      case StepKind::console:
+        return Compare(step, "console", outcome_.console, SameLine);
+      case StepKind::exit_status:
+        status_checked_ = true;
+        EXPECT_EQ(std::to_string(outcome_.status), step.rest) << At(step) << ", console:\n" << outcome_.console;
+        return;
+      case StepKind::absent:
+        EXPECT_FALSE(fs::exists(folder_.Path() / step.rest)) << At(step) << ": " << step.rest << " is there";
+        return;
+      case StepKind::holds:
+        return Holds(step, SameLine);
+      case StepKind::near:
+        return Holds(step, NearLine);
+    }
+  }
+
+  // copy: samples/x.out [as name]
+  void Copy(const Step& step) {
+    const std::vector<std::string> words = SplitWords(step.rest);
+    ASSERT_TRUE(words.size() == 1 || (words.size() == 3 && words[1] == "as")) << At(step);
+    const fs::path from = fs::path(ZAVIEW_SOURCE_DIR) / words[0];
+    std::error_code error;
+    fs::copy_file(from, folder_.Path() / (words.size() == 3 ? fs::path(words[2]) : from.filename()), error);
+    ASSERT_FALSE(error) << At(step) << ": " << error.message();
+  }
+
+  void Write(const Step& step) {
+    std::ofstream out(folder_.Path() / step.rest, std::ios::binary);
+    out << Joined(step.lines);
+    ASSERT_TRUE(out.flush()) << At(step);
+  }
+
+  void Start(const Step& step) {
+    CheckRunIsOver();
+    ASSERT_TRUE(step.rest.starts_with("zaview")) << At(step);
+    outcome_ = RunProgram(folder_.Path(), step.rest, input_);
+    ASSERT_EQ(outcome_.fault, "") << At(step) << ": " << step.rest << ", console:\n" << outcome_.console;
+    input_.clear();
+    status_checked_ = false;
+    ++runs_;
+  }
+
+  // A run without an "exit:" must end with status 0.
+  void CheckRunIsOver() {
+    if (runs_ == 0 || status_checked_) return;
+    EXPECT_EQ(outcome_.status, 0) << text_.filename() << ", console:\n" << outcome_.console;
+  }
+
+  void Holds(const Step& step, LineTest same) {
+    const fs::path path = folder_.Path() / step.rest;
+    ASSERT_TRUE(fs::exists(path)) << At(step) << ": no file " << step.rest << ", console:\n" << outcome_.console;
+    Compare(step, step.rest, FileText(path), same);
+  }
+
+  void Compare(const Step& step, const std::string& what, const std::string& got, LineTest same) {
+    EXPECT_TRUE(Matches(step.lines, Lines(got), same)) << At(step) << ": " << what << " differs\n---- expected\n"
+                                                       << Joined(step.lines) << "---- got\n"
+                                                       << got << "----";
+  }
+
+  fs::path text_;
+  Folder folder_;
+  std::string input_;
+  Outcome outcome_;
+  bool status_checked_ = false;
+  int runs_ = 0;
+};
+
+class SessionTest : public testing::Test {
+ public:
+  explicit SessionTest(fs::path text) : text_(std::move(text)) {}
+  void TestBody() override { Session(text_).Run(); }
+
+ private:
+  fs::path text_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  std::vector<fs::path> texts;
+  for (const auto& entry : fs::directory_iterator(ZAVIEW_SOURCE_DIR "/tests/e2e")) {
+    if (entry.path().extension() == ".txt") texts.push_back(entry.path());
+  }
+  std::sort(texts.begin(), texts.end());
+  for (const fs::path& text : texts) {
+    testing::RegisterTest("e2e", text.stem().string().c_str(), nullptr, nullptr, __FILE__, __LINE__,
+                          [text]() -> testing::Test* { return new SessionTest(text); });
+  }
+  return RUN_ALL_TESTS();
+}
