@@ -47,6 +47,8 @@ void ScanRows(const TextStretch& text, const StepShape& shape, StepRows& rows);
 // Forgets the whole rows; the one under way comes first.
 void DropWholeRows(const StepShape& shape, StepRows& rows);
 
+[[nodiscard]] std::size_t CountLineEnds(const char* begin, const char* finish);
+
 // A line near the middle of [begin, finish) that begins a step if all steps from begin on have `lines` lines. Null if
 // there is none. Only a guess: whoever uses it checks that the step before ends there.
 [[nodiscard]] const char* GuessStepStart(const char* begin, const char* finish, std::size_t lines);

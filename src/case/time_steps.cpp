@@ -253,7 +253,7 @@ std::size_t CountAscending(StepReader& r, const StepRows& rows, std::size_t n) {
 
 void NoteLines(StepReader& r, const StepRows& rows) {
   if (r.second == nullptr || rows.last_begin == nullptr) return;
-  r.lines = static_cast<std::size_t>(std::count(rows.last_begin, rows.last_end, '\n'));
+  r.lines = CountLineEnds(rows.last_begin, rows.last_end);
 }
 
 // Steps from [begin, finish), by both threads if the start of a step in the middle can be guessed. What the second

@@ -235,6 +235,9 @@ TEST(TimeSteps, ThreadsAndBlocksAreNotSeen) {
                       100, "blank lines between");
   ExpectSameByAnyRoad(many([](int i) { return fmt::format("{},,2*3.5,\n 4*,5 /rest\n", i); }, 300), 1000, "commas");
   ExpectSameByAnyRoad(many([](int i) { return fmt::format("{} 51*{}\n", i, i % 7); }, 300), 1000, "repeats");
+  const std::string long_item = "0." + std::string(9000, '3');
+  ExpectSameByAnyRoad(many([&](int i) { return fmt::format("{} {} /\n", i, long_item); }, 9), 100,
+                      "items beyond a block");
   // The first line of a step looks like a step of its own: a start guessed there would give times in order too.
   ExpectSameByAnyRoad(Step(1, 6) + many([](int i) { return fmt::format("{}\n{} 50*1\n", 2 * i, 2 * i + 1); }, 300),
                       1000, "starts that only look right");
