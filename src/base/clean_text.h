@@ -12,8 +12,8 @@
 
 namespace zaview {
 
-inline constexpr std::size_t kCleanLine = 256;           // columns of a line; the rest is dropped without a word
-inline constexpr std::size_t kCleanLines = 1'000'000;    // a text with more lines or bytes is refused
+inline constexpr std::size_t kCleanLine = 256;         // columns of a line; the rest is dropped without a word
+inline constexpr std::size_t kCleanLines = 1'000'000;  // a text with more lines or bytes is refused
 inline constexpr std::size_t kCleanBytes = 64U << 20U;
 
 struct CleanLine {
