@@ -1,0 +1,158 @@
+#!/usr/bin/env python3
+"""Prints, side by side in one run, how fast the program is against numpy and against its own parts.
+
+Usage: bench/ratios.py BUILD_DIR [--mb SIZE] [--work DIR]
+BUILD_DIR holds the program and run_writer (a bench or release build). Needs python3-numpy. Every figure is the median
+of several whole-process runs; the goals stand beside the ratios and nothing fails if one is missed.
+"""
+import argparse
+import json
+import os
+import statistics
+import subprocess
+import tempfile
+import time
+
+import numpy
+
+STEPS = 200_000
+RUNS = 5
+
+
+def run(program, args, cwd):
+    """Wall seconds and peak kilobytes of one whole process."""
+    begin = time.perf_counter()
+    child = subprocess.Popen([program, *args], cwd=cwd, stdout=subprocess.DEVNULL, stdin=subprocess.DEVNULL)
+    _, status, usage = os.wait4(child.pid, 0)
+    seconds = time.perf_counter() - begin
+    if status != 0:
+        raise SystemExit(f"{program} {args} ended with status {status}")
+    return seconds, usage.ru_maxrss
+
+
+def median(measure, runs=RUNS):
+    measure()  # warms the page cache
+    return statistics.median(measure() for _ in range(runs))
+
+
+def zaview_seconds(program, cwd, run_file, script_lines, runs=RUNS):
+    with open(os.path.join(cwd, "s"), "w") as script:
+        script.write("\n".join(script_lines) + "\n")
+    return median(lambda: run(program, [run_file, "-script", "s"], cwd)[0], runs)
+
+
+def seconds_of(call):
+    begin = time.perf_counter()
+    call()
+    return time.perf_counter() - begin
+
+
+def line(question, value, goal):
+    print(f"{question:<66} {value:>16}   goal {goal}", flush=True)
+
+
+def reading(program, writer, work, megabytes):
+    path = os.path.join(work, "big.out")
+    subprocess.run([writer, "--bytes", str(megabytes * 1_000_000), "--cuts", "5", path], check=True)
+    size = os.path.getsize(path) / 1e6
+    with open(os.path.join(work, "s"), "w") as script:
+        script.write("SKIP_STEPS 0\n")
+    ours = size / median(lambda: run(program, ["big.out", "-script", "s"], work)[0])
+    peak = run(program, ["big.out", "-script", "s"], work)[1]
+
+    # numpy reads the step records alone, a whole step on a line, at most 60 MB of them.
+    with open(path) as source:
+        for text in source:
+            if "END_OF_HEADER" in text:
+                break
+        values = source.read(60_000_000).split()
+    per_step = steps_and_width(path)[1]
+    rows = len(values) // per_step
+    plain = os.path.join(work, "plain.txt")
+    with open(plain, "w") as out:
+        for i in range(rows):
+            out.write(" " + " ".join(values[i * per_step:(i + 1) * per_step]) + "\n")
+    theirs = os.path.getsize(plain) / 1e6 / median(
+        lambda: seconds_of(lambda: numpy.loadtxt(plain, dtype=numpy.float32)), 3)
+    steps, width = steps_and_width(path)
+    store = steps * width * 4 / 1024
+    print(f"reading {size:.0f} MB: {ours:.0f} MB/s, numpy.loadtxt {theirs:.0f} MB/s")
+    line("reading a formatted run / numpy.loadtxt, MB a second", f"{ours / theirs:.2f}", ">= 4, hoped for 8")
+    line("peak memory / 4-byte store of what was read", f"{peak / store:.3f}", "<= 1.2")
+    os.remove(path)
+
+
+def steps_and_width(path):
+    """Steps (NSTEP of record 14) and reals a step, from the file itself."""
+    nstep, width, count = 0, 0, 0
+    with open(path) as source:
+        for text in source:
+            if text.startswith("!14 TINIT"):
+                nstep = int(next(source).split()[1])
+            if text.startswith("!29 IVM"):
+                switches = [int(word) for word in next(source).split()[:4]]
+                count = switches[3]
+                width = 52 + 2 * sum(1 for kind in switches[:3] if kind) * count
+            if "END_OF_HEADER" in text:
+                break
+    return nstep, width
+
+
+def tables(program, writer, work):
+    subprocess.run([writer, "--steps", str(STEPS), "--cuts", "0", os.path.join(work, "long.out")], check=True)
+    curves = range(1, 7)
+    read = zaview_seconds(program, work, "long.out", ["SKIP_STEPS 0"])
+    history = zaview_seconds(program, work, "long.out", ["SKIP_STEPS 0", "WRITE_HISTORY MOT h.txt"]) - read
+    plain = zaview_seconds(program, work, "long.out",
+                           ["SKIP_STEPS 0"] + [f'WRITE_STAT TABLE MOT {i} "" t{i}.txt' for i in curves]) - read
+    interval = zaview_seconds(program, work, "long.out",
+                              ["SKIP_STEPS 0"] + [f"WRITE_CI MOT {i} c{i}.txt" for i in curves]) - read
+
+    data = numpy.loadtxt(os.path.join(work, "h.txt"), skiprows=2)
+    target = os.path.join(work, "savetxt.txt")
+    savetxt = median(lambda: seconds_of(lambda: numpy.savetxt(target, data, fmt="%13.6e")), 3)
+    print(f"{STEPS} steps: read {read:.3f} s, history table {history:.3f} s, numpy.savetxt {savetxt:.3f} s, "
+          f"six statistics tables {plain:.3f} s, six interval tables {interval:.3f} s")
+    line("numpy.savetxt / time history table of six curves", f"{savetxt / history:.2f}", ">= 5")
+    line("statistics tables of six curves / reading them", f"{plain / read:.3f}", "< 0.25")
+    line("interval tables / statistics tables", f"{interval / plain:.2f}", "<= 10")
+
+
+def lag_sums(build, work):
+    program = os.path.join(build, "bench", "lag_sums_bench")
+    if not os.path.exists(program):
+        line("lag sums: no bench build", "-", "<= 0.06")
+        return
+    report = os.path.join(work, "lags.json")
+    subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
+                   stdout=subprocess.DEVNULL)
+    with open(report) as source:
+        times = {row["name"].split("/")[0]: row["real_time"] for row in json.load(source)["benchmarks"]}
+    line("all lags of 20 000 samples / the plain loop", f"{times['AllLags'] / times['PlainLoop']:.4f}", "<= 0.06")
+
+
+def first_line(program, work):
+    with open(os.path.join(work, "empty.script"), "w") as script:
+        script.write("STOP\n")
+    start = median(lambda: run(program, ["-script", "empty.script"], work)[0], 20)
+    line("start to the end of a script of one line, milliseconds", f"{1000 * start:.1f}", "< 20")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build")
+    parser.add_argument("--mb", type=int, default=500)
+    parser.add_argument("--work", default=None)
+    options = parser.parse_args()
+    build = os.path.abspath(options.build)
+    program = os.path.join(build, "zaview")
+    writer = os.path.join(build, "tools", "run_writer")
+    with tempfile.TemporaryDirectory(dir=options.work) as work:
+        first_line(program, work)
+        reading(program, writer, work, options.mb)
+        tables(program, writer, work)
+        lag_sums(build, work)
+
+
+if __name__ == "__main__":
+    main()

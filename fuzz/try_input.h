@@ -1,0 +1,23 @@
+// What the fuzz targets and the replay test share. An input may hold two files: the second stands behind a line "%%%%".
+// Each routine runs the whole program on a machine in memory and ends the process if a file stays open.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace zaview {
+
+inline std::pair<std::string_view, std::string_view> TwoFiles(std::string_view input) {
+  constexpr std::string_view kBorder = "\n%%%%\n";
+  const std::size_t border = input.find(kBorder);
+  if (border == std::string_view::npos) return {input, {}};
+  return {input.substr(0, border + 1), input.substr(border + kBorder.size())};
+}
+
+// input: a primary output file; the second file is what it names: its companion, a module's file, its hull.
+void TryPrimaryFile(std::string_view input);
+// input: a script; the second file is what it includes.
+void TryScriptText(std::string_view input);
+
+}  // namespace zaview
