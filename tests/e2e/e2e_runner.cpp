@@ -160,7 +160,9 @@ std::vector<std::string> Lines(const std::string& text) {
   return lines;
 }
 
-std::vector<std::string> Words(const std::string& line) {
+// Blanks, tabs and commas separate words.
+std::vector<std::string> Words(std::string line) {
+  std::replace(line.begin(), line.end(), ',', ' ');
   std::vector<std::string> words;
   std::istringstream in(line);
   for (std::string word; in >> word;) words.push_back(word);
