@@ -1,0 +1,265 @@
+#include "stats/stat_table.h"
+
+#include "near.h"
+#include "stats/statistic_values.h"
+#include "worked_case.h"
+
+namespace zaview {
+namespace {
+
+struct Wanted {
+  const char* word = "TABLE";
+  int iqnt = 1, curve = 1;
+  std::string text{};
+  OutputSettings settings{};
+  CaseStore c = WorkedCase();
+  std::string name = "out.txt", before{};
+};
+
+Written Write(const Wanted& w) {
+  StatRequest request;
+  request.statistic = FindStatistic(w.word);
+  request.quantity.iqnt = w.iqnt;
+  request.quantity.curve = w.curve;
+  request.text = w.text;
+  return WriteWorked([&](const Console& console, CaseStore& c,
+                         OutputFile& out) { return WRSTAT(console, w.settings, request, c, out); },
+                     w.c, w.name, w.before);
+}
+
+// With g, L, rho, the angle factor 8, 2, 10, 50: a = 1, ka = 16, we = (0.8 + 0.25 0.64) 2 = 1.92.
+CaseStore OneWave() {
+  CaseStore c = WorkedCase();
+  c.control.USHIP = 0.25;
+  c.control.seaway.ISEA = 1;
+  c.control.seaway.waves = {
+      {.FREQW = 0.8, .PHASEW = 0.0, .AMPW0 = 0.5, .HEADW = 180.0}
+  };
+  return c;
+}
+OutputSettings WaveSettings() {
+  OutputSettings settings;
+  settings.GRAVOUT = 8.0F;
+  settings.LENOUT = 2.0F;
+  settings.RHOOUT = 10.0F;
+  settings.ANGOUT = 50.0F;
+  return settings;
+}
+
+constexpr std::string_view kSurge =
+    "Statistics of Position of CG for ZAVO file run.out\n"
+    "Statistic            pmgg(1)\n"
+    "Mean (Average)    0.06195313\n"
+    "Stdev               1.924047\n"
+    "Variance            3.701955\n"
+    "1/3rd Amp Avg       3.392750\n"
+    "1/3rd Top Avg       3.338000\n"
+    "1/3rd Bot Avg      -3.447500\n"
+    "1/3rd Dbl Amp       6.785500\n"
+    "1/10th Amp Avg      4.165500\n"
+    "1/10th Top Avg      4.273000\n"
+    "1/10th Bot Avg     -4.058000\n"
+    "1/10th Dbl Amp      8.330999\n"
+    "Minimum            -4.058000\n"
+    "Maximum             4.273000\n"
+    "Maximum (ABS)       4.273000\n"
+    "Avg btw upcrss     0.4858140\n"
+    "Avg btw +peaks     0.4111951\n"
+    "SSA                 3.848093\n"
+    "1/100th AmpAvg      0.000000\n"
+    "1/100th TopAvg    0.06195313\n"
+    "1/100th BotAvg    0.06195313\n"
+    "1/100th DblAmp      0.000000\n";
+
+TEST(StatTable, OneCurve) {
+  EXPECT_EQ(Write({}).text, kSurge);
+  EXPECT_EQ(Write({.name = ""}).console, kSurge);
+  EXPECT_EQ(Write({.before = "old\n"}).text, "old\n\n" + std::string(kSurge));
+}
+
+TEST(StatTable, AllCurvesStandInColumns) {
+  const std::string text = Write({.curve = 0}).text;
+  const std::string begin =
+      "Statistics of Position of CG for ZAVO file run.out\n"
+      "Statistic            pmgg(1)       pmgg(2)       pmgg(3)       pmgg(4)       pmgg(5)       pmgg(6)\n"
+      "Mean (Average)    0.06195313     0.2381875      0.000000      0.000000      0.000000      0.000000\n"
+      "Stdev               1.924047      1.004927      0.000000      0.000000      0.000000      0.000000\n";
+  EXPECT_EQ(text.substr(0, begin.size()), begin);
+}
+
+TEST(StatTable, TextHeadsOneCurve) {
+  const auto head = [](const Written& written) {
+    const std::size_t second = written.text.find('\n') + 1;
+    return written.text.substr(second, written.text.find("\nMean") - second);
+  };
+  EXPECT_EQ(head(Write({.text = "  "})), "Statistic            pmgg(1)");
+  EXPECT_EQ(head(Write({.text = "Surge, m"})), "Statistic           Surge, m");
+  EXPECT_EQ(head(Write({.text = "Surge of the motions test"})), "Statistic      Surge of the motions test");
+  Wanted csv{.text = "Surge, m"};
+  csv.settings.separator = Separator::comma;
+  EXPECT_EQ(head(Write(csv)), "Statistic,\"Surge, m\"");
+  EXPECT_NE(Write(csv).text.find("\nMaximum (ABS),4.273000\n"), std::string::npos);
+}
+
+TEST(StatTable, SingleStatisticsAreBareLines) {
+  const struct {
+    const char* word;
+    int curve;
+    std::string text, line;
+  } cases[] = {
+      {"MEAN",       1, "18 180", "18 180    0.06195313\n"                                                                   },
+      {"rms",        2, "",       "     1.004927\n"                                                                          },
+      {"VAR",        2, "v",      "v      1.009879\n"                                                                        },
+      {"SIG",        2, "a, b",   "a, b      1.127500\n"                                                                     },
+      {"SIG_TOP",    2, "",       "     1.364600\n"                                                                          },
+      {"1/3RD_BOT",  2, "",       "   -0.8903999\n"                                                                          },
+      {"SIG2",       2, "",       "     2.255000\n"                                                                          },
+      {"1/3TH_AMP",  2, "",       "     1.127500\n"                                                                          },
+      {"1/10TH_TOP", 1, "",       "     4.273000\n"                                                                          },
+      {"1/nTH_HGT",  2, "",       "     2.380000\n"                                                                          },
+      {"MIN",        1, "",       "    -4.058000\n"                                                                          },
+      {"ABS",        1, "",       "     4.273000\n"                                                                          },
+      {"AVGC",       1, "",       "    0.4858140\n"                                                                          },
+      {"AVGP",       1, "",       "    0.4111951\n"                                                                          },
+      {"SSA",        2, "",       "     2.009854\n"                                                                          },
+      {"MAX",        0, "all",    "all      4.273000      1.479000      0.000000      0.000000      0.000000      0.000000\n"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(Write({.word = c.word, .curve = c.curve, .text = c.text}).text, c.line) << c.word;
+  Wanted csv{.text = "18,180", .before = "17,180,0.1\n"};
+  csv.word = "MEAN";
+  csv.settings.separator = Separator::comma;
+  EXPECT_EQ(Write(csv).text, "17,180,0.1\n18,180,0.06195313\n");
+}
+
+TEST(StatTable, SkippedStepsCountNot) {
+  Wanted w{.word = "MAX"};
+  w.c.skip_effective = 3;         // the first of use is the fourth sample
+  w.settings.skip_terminal = 55;  // and the ninth the last
+  EXPECT_EQ(Write(w).text, "     2.036000\n");
+  w.settings.skip_terminal = 60;
+  EXPECT_EQ(Write(w).text, "     2.036000\n");  // one sample
+  w.word = "RMS";
+  EXPECT_EQ(Write(w).text, "          NaN\n");  // of which there is no variance
+  w.settings.skip_terminal = 61;
+  const Written none = Write(w);
+  EXPECT_EQ(none.fault, TableFault::said);
+  EXPECT_EQ(none.console, "ERR495 - Too many steps skipped or trimmed in statistics output\n");
+}
+
+TEST(StatTable, RegularWavesHaveTransferFunctions) {
+  const Written file = Write({.settings = WaveSettings(), .c = OneWave()});
+  EXPECT_NE(file.text.find("Maximum (ABS)       4.273000\n"
+                           "NDTF/RAO            3.392750\n"
+                           "Trnsfr fnctn        3.392750\n"
+                           "Avg btw upcrss "),
+            std::string::npos)
+      << file.text;
+  const Written console = Write({.settings = WaveSettings(), .c = OneWave(), .name = ""});
+  EXPECT_NE(console.console.find("\nTransfer fnctn      3.392750\n"), std::string::npos);
+  EXPECT_EQ(Write({.word = "RAO", .iqnt = 2, .settings = WaveSettings(), .c = OneWave()}).text, "     1.767057\n");
+  EXPECT_EQ(Write({.word = "TF", .iqnt = 2, .settings = WaveSettings(), .c = OneWave()}).text, "     3.392750\n");
+}
+
+// Global velocities have a divisor for the first three components only.
+TEST(StatTable, NotDefinedIsNaNBesideOthers) {
+  const std::string all = Write({.iqnt = 39, .curve = 0, .settings = WaveSettings(), .c = OneWave()}).text;
+  const std::size_t row = all.find("NDTF/RAO");
+  ASSERT_NE(row, std::string::npos);
+  EXPECT_EQ(all.substr(row + 56, 42), "           NaN           NaN           NaN");
+  EXPECT_EQ(Write({.iqnt = 39, .curve = 4, .settings = WaveSettings(), .c = OneWave()}).text.find("NDTF"),
+            std::string::npos);
+}
+
+TEST(StatTable, Refusals) {
+  const std::string irregular = "ERR494 - NDTF/RAO and phase statistics only available for regular wave cases\n";
+  const std::string phase = "ERROR - phase statistics need the incident wave, which is not available yet\n";
+  const struct {
+    const char* word;
+    int iqnt, curve;
+    bool regular;
+    TableFault fault;
+    std::string said;
+  } cases[] = {
+      {"NDTF",       1,  1, false, TableFault::said,      irregular                                   },
+      {"PHASE",      1,  1, false, TableFault::said,      irregular                                   },
+      {"PHASE_LEAD", 1,  1, true,  TableFault::said,      phase                                       },
+      {"TF",         1,  1, false, TableFault::said,      irregular                                   },
+      {"NDTF",       39, 5, true,  TableFault::said,
+       "ERROR - NDTF/RAO is not defined for Velocity in global coordinates, vmgg(5)\n"                },
+      {"NOTHING",    1,  1, false, TableFault::said,      "LOGIC ERROR in WRSTAT : isel0= -1\n"       },
+      {"MEAN",       25, 1, false, TableFault::said,      "Incident wave data will not be available\n"},
+      {"MEAN",       13, 1, false, TableFault::not_valid, ""                                          },
+      {"MEAN",       1,  7, false, TableFault::not_valid, ""                                          },
+  };
+  for (const auto& c : cases) {
+    const Written written =
+        Write({.word = c.word, .iqnt = c.iqnt, .curve = c.curve, .c = c.regular ? OneWave() : WorkedCase()});
+    EXPECT_EQ(written.fault, c.fault) << c.word;
+    EXPECT_EQ(written.console, c.said) << c.word;
+  }
+}
+
+TEST(Normalisers, ByQuantityAndComponent) {
+  constexpr double a = 1.0, ka = 16.0, we = 1.92, force = 320.0, moment = 640.0, none = 0.0;
+  const struct {
+    int iqnt, component;
+    double value;
+  } cases[] = {
+      {1,  3,  a           },
+      {1,  4,  ka          },
+      {4,  6,  ka          },
+      {27, 1,  a           },
+      {1,  7,  none        },
+      {2,  1,  a * we      },
+      {5,  6,  ka * we     },
+      {28, 3,  a * we      },
+      {28, 4,  ka * we     },
+      {3,  2,  a * we * we },
+      {29, 5,  ka * we * we},
+      {6,  3,  force       },
+      {12, 4,  moment      },
+      {13, 25, force       },
+      {24, 9,  moment      },
+      {25, 1,  a           },
+      {31, 3,  a           },
+      {32, 4,  a * we      },
+      {31, 9,  a * we * we },
+      {31, 10, none        },
+      {30, 1,  a           },
+      {33, 2,  a * we      },
+      {48, 1,  a           },
+      {47, 3,  a * we * we },
+      {33, 4,  none        },
+  };
+  Normalisers normals;
+  ASSERT_TRUE(FindNormalisers(OneWave().control, WaveSettings(), normals));
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.iqnt * 100 + c.component);
+    Normal kind = Normal::a;
+    EXPECT_EQ(FindNormal(c.iqnt, c.component, kind), c.value != none);
+    if (c.value != none) ExpectClose(normals.of(kind), c.value, "divisor");
+  }
+}
+
+TEST(Normalisers, LengthBeamAndFollowingSeas) {
+  OutputSettings settings = WaveSettings();
+  settings.ndtf_beam = 3.0F;
+  settings.ndtf_length = 4.0F;
+  CaseStore c = OneWave();
+  c.control.seaway.waves[0].HEADW = 0.0;
+  c.control.USHIP = 1.25;  // as fast as the wave: its own frequency instead of none
+  Normalisers normals;
+  ASSERT_TRUE(FindNormalisers(c.control, settings, normals));
+  ExpectClose(normals.of(Normal::force), 960.0, "force");
+  ExpectClose(normals.of(Normal::moment), 3840.0, "moment");
+  ExpectClose(normals.of(Normal::a_we), 1.6, "a we");
+  c.control.USHIP = 2.5;  // overtaking
+  ASSERT_TRUE(FindNormalisers(c.control, settings, normals));
+  ExpectClose(normals.of(Normal::ka_we2), 16.0 * 1.6 * 1.6, "ka we^2");
+  c.control.seaway.ISEA = 2;
+  EXPECT_FALSE(FindNormalisers(c.control, settings, normals));
+}
+
+}  // namespace
+}  // namespace zaview
