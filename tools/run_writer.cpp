@@ -69,7 +69,7 @@ void PutCell(float value, char* cell) {
     }
   }
   cell[0] = ' ';
-  cell[1] = value < 0 ? '-' : ' ';
+  cell[1] = std::signbit(value) ? '-' : ' ';
   for (size_t i = 11; i >= 4; --i) {
     cell[i] = static_cast<char>('0' + digits % 10);
     digits /= 10;
