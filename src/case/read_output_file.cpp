@@ -137,13 +137,14 @@ Content ReadContent(const Platform& platform, const ReadRequest& request, FileHa
 }
 
 // The end of a read that kept at least one step; complete says nothing.
-void SayEnd(const Console& console, const StepsRead& steps) {
+// T: time scale of the output units, in which the two times are shown.
+void SayEnd(const Console& console, const StepsRead& steps, float T) {
   const int last = steps.first + steps.kept - 1;
   switch (steps.end) {
     case StepsEnd::not_ascending:
       SayLine(console, kNotAscending);
-      Say(console, "  time= {} at step {}", Shown{steps.previous_time}, last);
-      Say(console, "  time= {} at step {}", Shown{steps.new_time}, last + 1);
+      Say(console, "  time= {} at step {}", Shown{steps.previous_time * T}, last);
+      Say(console, "  time= {} at step {}", Shown{steps.new_time * T}, last + 1);
       SayLine(console, kNoMoreSteps);
       SayLine(console, kReadAborted);
       break;
@@ -180,13 +181,13 @@ void AcceptWithoutSteps(const Console& console, OutputSettings& settings, CaseSt
 
 void AcceptWithSteps(const Console& console, const RunState& run, const StepsRead& steps, OutputSettings& settings,
                      CaseStore& fresh, CaseStore& case_store) {
-  SayEnd(console, steps);
+  SetCaseFlags(fresh);
+  AdoptFileScales(settings, fresh);
+  SayEnd(console, steps, settings.scales.T);
   fresh.first_read = steps.first;
   fresh.last_read = steps.first + steps.kept - 1;
   Say(console, "Time steps {} through {} read from ZAVO output file {}", fresh.first_read, fresh.last_read,
       fresh.file_name);
-  SetCaseFlags(fresh);
-  AdoptFileScales(settings, fresh);
   (void)ApplyTrim(settings, fresh);  // the default skip stays inside it; its words come behind the skip lines
   ChooseDefaultSkip(console, run, settings, fresh);
   Accept(console, settings, fresh, case_store);

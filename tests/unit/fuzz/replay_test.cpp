@@ -1,0 +1,39 @@
+// Every input that the fuzz targets started from, or once failed on, goes through the whole program again.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "fuzz/try_input.h"
+
+namespace zaview {
+namespace {
+
+void Replay(const std::string& target, void (*attempt)(std::string_view)) {
+  std::vector<std::filesystem::path> inputs;
+  for (const auto& entry : std::filesystem::directory_iterator(ZAVIEW_SOURCE_DIR "/fuzz/corpus/" + target))
+    inputs.push_back(entry.path());
+  std::sort(inputs.begin(), inputs.end());
+  ASSERT_FALSE(inputs.empty());
+  for (const std::filesystem::path& path : inputs) {
+    SCOPED_TRACE(path.filename().string());
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    attempt(bytes);
+  }
+}
+
+TEST(FuzzReplay, PrimaryFiles) {
+  Replay("primary_file", TryPrimaryFile);
+}
+
+TEST(FuzzReplay, ScriptTexts) {
+  Replay("script_text", TryScriptText);
+}
+
+}  // namespace
+}  // namespace zaview
