@@ -308,16 +308,19 @@ bool SampleSpec(std::string_view name, RunSpec& spec) {
 
 RunSpec BenchmarkSpec(std::int64_t bytes, int cuts) {
   RunSpec spec;
-  spec.title = "Benchmark: three frequencies in each mode";
+  // So many that the motions lose their memory, as in a seaway.
+  constexpr int kHarmonics = 24;
+  spec.title = "Benchmark: 24 frequencies in each mode";
   spec.uship = 7.5;
   spec.x_kinds = {cuts > 0 ? 1 : 0, 0, 0};
   for (int i = 0; i < cuts; ++i) spec.x_cuts.push_back({45.0 - 90.0 * i / std::max(cuts - 1, 1), 0, 5});
   spec.seaway = {"1", "1 0", "0.5 0.0 1.0 180.0"};
   Motions motions = AtRest(spec);
   for (int mode = 1; mode <= 6; ++mode) {
-    for (int k = 0; k < 3; ++k) {
-      const double amplitude = (mode <= 3 ? 0.01 : 0.02) / (1 + k);
-      motions.harmonics.push_back({mode, amplitude, 1.4 + 0.61803 * k + 0.1 * mode, 0.7 * mode + 2.1 * k, 0});
+    for (int k = 0; k < kHarmonics; ++k) {
+      const double place = std::fmod(0.61803 * k + 0.1 * mode, 1.0);  // in the band, never evenly spaced
+      const double amplitude = (mode <= 3 ? 0.01 : 0.02) * place * (1.0 - place);
+      motions.harmonics.push_back({mode, amplitude, 1.0 + 1.6 * place, 0.7 * mode + 2.1 * k * k, 0});
     }
   }
   SetFill(motions, spec);
