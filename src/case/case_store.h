@@ -12,7 +12,13 @@
 namespace zaview {
 
 enum class FileKind : signed char {
-  standard_output = -1, unknown = 0, primary = 1, pressure = 2, geometry = 3, balance_check = 4, beam = 5
+  standard_output = -1,
+  unknown = 0,
+  primary = 1,
+  pressure = 2,
+  geometry = 3,
+  balance_check = 4,
+  beam = 5
 };
 
 struct OutputLabels {  // of the preamble
@@ -36,10 +42,39 @@ struct DerivedShip {  // of the derived data echo, non-dimensional
 // Sectional loads. Kinds 1 to 3 are vertical, horizontal and axial/torsional at X cuts, 4 to 6 the same at Y cuts.
 struct SectionLoads {
   int ibcax = 0, IVM = 0, IHM = 0, ITM = 0, ibcay = 0, ivmy = 0, ihmy = 0, itmy = 0;
-  int NBCA = 0;    // X cuts
-  int nycut = 0;   // Y cuts
+  int NBCA = 0;                        // X cuts
+  int nycut = 0;                       // Y cuts
   std::vector<Triple> x_cuts, y_cuts;  // of the derived data, ship axes, non-dimensional
   std::vector<int> x_kinds, y_kinds;   // active kinds in file order
+};
+
+enum class IrfKind : unsigned char {  // in the order in which labels are tried
+  steady,
+  surge,
+  sway,
+  heave,
+  roll,
+  pitch,
+  yaw,
+  diffraction_head,
+  diffraction_follow_1,
+  diffraction_follow_2,
+  diffraction_follow_3,
+  added_mass,
+  air_cushion
+};
+
+struct IrfBlock {  // an impulse response function of an impulsive run, non-dimensional
+  std::string label;
+  IrfKind kind = IrfKind::steady;
+  int ship = 1;
+  double heading = 0;  // degrees; diffraction kinds
+  bool has_matrices = false;
+  // Frequency-independent added mass, damping, stiffness; [i][j]: force i by motion j.
+  std::array<std::array<std::array<float, 6>, 6>, 3> matrices{};
+  StepHistory time;           // one component
+  StepHistory force;          // six components; diffraction: the diffraction force
+  StepHistory froude_krylov;  // six components, diffraction kinds only
 };
 
 struct DerivedCache {  // which derived arrays are built
@@ -65,25 +100,29 @@ struct CaseStore {
   bool has_other_force = true;
   [[nodiscard]] bool time_history() const { return !irf_case && !tadm_case; }
 
-  int nstep_expected = 0;  // NSTEP of the echo
-  int first_read = 1, last_read = 0;    // steps in store
-  int first_step = 1, last_step = 0;    // steps in use, after trimming
-  int skip_effective = 0;               // initial steps left out of statistics
+  int nstep_expected = 0;             // NSTEP of the echo
+  int first_read = 1, last_read = 0;  // steps in store
+  int first_step = 1, last_step = 0;  // steps in use, after trimming
+  int skip_effective = 0;             // initial steps left out of statistics
   int current_step = 1;
   [[nodiscard]] bool has_steps() const { return last_read >= first_read; }
 
   // As read.
   StepHistory time, pmgg, vmg, acc;
-  StepHistory force;                        // component 6 (slot - 1) + i
-  std::array<StepHistory, 6> load_force;    // [kind - 1], a component a cut
+  StepHistory force;                      // component 6 (slot - 1) + i
+  std::array<StepHistory, 6> load_force;  // [kind - 1], a component a cut
   std::array<StepHistory, 6> load_moment;
   StepHistory rudder_cmd, rudder_ang, prop_rps;
+  StepHistory tadm, fimp;      // impulsive runs: transient added mass and impulse, of the selected ship
+  std::vector<IrfBlock> irfs;  // impulsive runs
+  int rvm = 0;                 // impulsive runs: the mode of the impulse
 
   // Made on first need (derived_arrays.h, point_motion.h).
   StepHistory motion, vmgshp, vmgg, accg, force_ship, maneuver, point_motion;
   DerivedCache built;
 
   std::vector<int> kmstep;  // key steps
+  bool combined = false;    // joined from parts of a restarted run
 };
 
 }  // namespace zaview

@@ -1,0 +1,18 @@
+// The records of an ensemble: cases that are realizations of the same conditions. Data only, but for its routines in
+// ensemble_match.h.
+#pragma once
+
+#include <vector>
+
+#include "case/case_store.h"
+
+namespace zaview {
+
+struct EnsembleStore {
+  // record[i - 1] is case i; the current one is moved into the case store and stands empty here.
+  std::vector<CaseStore> record;
+  int nrec = 0;
+  int irec = 0;  // the current one, from 1; 0: none
+};
+
+}  // namespace zaview
