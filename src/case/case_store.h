@@ -88,6 +88,7 @@ struct CaseStore {
   std::string base_name;  // without directory, ".XML" and ".out"
   OutputLabels labels;
   int NSHIP = 0;
+  int ship = 1;  // the selected one, from 1: control, histories and impulse response functions are its own
   std::vector<GeometryFileEntry> geometry_files;
   std::vector<DerivedShip> ships;
   std::vector<std::vector<double>> unnamed_derived;  // what stands behind the cuts, by line
@@ -106,6 +107,7 @@ struct CaseStore {
   int skip_effective = 0;             // initial steps left out of statistics
   int current_step = 1;
   [[nodiscard]] bool has_steps() const { return last_read >= first_read; }
+  [[nodiscard]] bool has_data() const { return has_steps() || (irf_case && !irfs.empty()); }
 
   // As read.
   StepHistory time, pmgg, vmg, acc;

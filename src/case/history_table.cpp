@@ -15,8 +15,9 @@ constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 constexpr std::string_view kTimeHead = "  Time   ";
 
 void AppendTitle(std::string& text, const QuantityRequest& request, const CaseStore& c) {
-  fmt::format_to(std::back_inserter(text), "Time History of {} for ZAVO file {}", cQntLong(request.iqnt), c.file_name);
-  if (IsPointQuantity(request.iqnt)) {
+  fmt::format_to(std::back_inserter(text), "Time History of {} for ZAVO file {}", QuantityLabel(c, request.iqnt),
+                 c.file_name);
+  if (c.time_history() && IsPointQuantity(request.iqnt)) {
     text += " point=";
     for (const double coordinate : request.point) text += ' ' + SentenceNumber(static_cast<float>(coordinate));
   }

@@ -233,11 +233,61 @@ PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& r
   return PlotFault::none;
 }
 
+// A record of an impulsive run: its time and the groups of six that its curves come from.
+struct ImpulsiveRecord {
+  const StepHistory* time = nullptr;
+  std::array<const StepHistory*, 2> groups{};
+  Places places{};
+};
+
+ImpulsiveRecord RecordOf(const CaseStore& c, const OutputSettings& settings, int iqnt) {
+  ImpulsiveRecord record;
+  record.places.stride = static_cast<std::size_t>(Stride(settings));
+  if (c.tadm_case) {
+    record.time = &c.time;
+    record.groups[0] = iqnt == kImpulse ? &c.fimp : &c.tadm;
+    record.places.first = static_cast<std::size_t>(c.first_step - c.first_read);
+    record.places.n = static_cast<std::size_t>(PointsInUse(c, settings));
+    return record;
+  }
+  const IrfBlock& irf = c.irfs[static_cast<std::size_t>(iqnt - 1)];
+  record.time = &irf.time;
+  record.groups = {&irf.force, &irf.froude_krylov};
+  // A function has as many steps as its label says, whatever is trimmed from histories.
+  record.places.n = (irf.time.component[0].size() + record.places.stride - 1) / record.places.stride;
+  return record;
+}
+
+// Curve i of a group has the sign of mode i; of the scales only that of the time is not 1.
+PlotFault SetImpulsiveData(const OutputSettings& settings, const QuantityRequest& request, const CaseStore& c,
+                           PlotData& data) {
+  const int curves = CurveCount(c, request.iqnt);
+  if (!QuantityValid(c, request.iqnt) || request.curve < 0 || request.curve > curves) return PlotFault::not_valid;
+  const ImpulsiveRecord record = RecordOf(c, settings, request.iqnt);
+  const int first = request.curve == 0 ? 1 : request.curve;
+  const int last = request.curve == 0 ? curves : request.curve;
+  for (int curve = first; curve <= last; ++curve) data.labels.push_back(CurveLabel(c, settings, request.iqnt, curve));
+  data.n = static_cast<int>(record.places.n);
+  data.y.resize(data.labels.size());
+  if (data.n == 0) return PlotFault::none;
+  if (!Grow(data.x, record.places.n)) return PlotFault::no_memory;
+  FillCurve(Column(*record.time, 1, settings.scales.T, 1.0F), record.places, data.x);
+  for (int curve = first; curve <= last; ++curve) {
+    std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first)];
+    if (!Grow(y, record.places.n)) return PlotFault::no_memory;
+    const int mode = (curve - 1) % 6;
+    const StepHistory& group = *record.groups[static_cast<std::size_t>((curve - 1) / 6)];
+    FillCurve(Column(group, mode + 1, 1.0F, settings.cnvfac[static_cast<std::size_t>(mode)]), record.places, y);
+  }
+  return PlotFault::none;
+}
+
 }  // namespace
 
 PlotFault SetPlotData(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                       CaseStore& case_store, PlotData& data) {
   data = PlotData{};
+  if (!case_store.time_history()) return SetImpulsiveData(settings, request, case_store, data);
   const QuantityRow* row = FindQuantity(request.iqnt);
   if (row == nullptr) {
     Say(console, kNoQuantity, request.iqnt);

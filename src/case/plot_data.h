@@ -13,7 +13,7 @@
 namespace zaview {
 
 struct QuantityRequest {
-  int iqnt = 1;
+  int iqnt = 1;                    // in an impulsive run a number of that run (quantity_catalogue.h)
   int curve = 0;                   // 1..; 0: all
   std::array<double, 3> point{};   // point quantities: INPUT axes and units
   std::array<float, 4> missile{};  // C1..C4 of quantity 48
@@ -33,6 +33,7 @@ inline constexpr std::string_view kNoWaveData = "Incident wave data will not be 
 
 // y = stored x scale, then x sign factor, in 4 bytes; slots of force are summed in their order first. Curve 4 of 28 and
 // 29 is the length of the stored three. 48: C1 ax + C2 ay + C3 az + C4, (ax ay az) = R' (a + (0,0,1)) as shown.
+// Impulsive runs: time x T, values as stored x sign factor; a function of an IRF case by all its steps and the stride.
 [[nodiscard]] PlotFault SetPlotData(const Console& console, const OutputSettings& settings,
                                     const QuantityRequest& request, CaseStore& case_store, PlotData& data);
 

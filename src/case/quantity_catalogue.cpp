@@ -123,6 +123,27 @@ std::span<const std::string_view> CurveNames(int iqnt) {
   }
 }
 
+inline constexpr std::string_view kTransientLabel = "Transient Added Mass";
+inline constexpr std::string_view kResponseLabel = "Impulse Response Function";
+
+bool IsTransient(int iqnt) {
+  return iqnt == kTransientAddedMass || iqnt == kImpulse;
+}
+
+int ImpulsiveCurves(const CaseStore& case_store, int iqnt) {
+  if (case_store.tadm_case)
+    return IsTransient(iqnt) ? (iqnt == kImpulse ? case_store.fimp : case_store.tadm).components() : 0;
+  if (iqnt < 1 || static_cast<std::size_t>(iqnt) > case_store.irfs.size()) return 0;
+  const IrfBlock& irf = case_store.irfs[static_cast<std::size_t>(iqnt - 1)];
+  return irf.force.components() + irf.froude_krylov.components();
+}
+
+std::string ImpulsiveCurveLabel(const CaseStore& case_store, int iqnt, int curve) {
+  if (curve < 1 || curve > ImpulsiveCurves(case_store, iqnt)) return {};
+  const std::string_view stem = case_store.irf_case ? "firf" : iqnt == kImpulse ? "fimp" : "tadm";
+  return fmt::format("{}({})", stem, curve);
+}
+
 bool KindActive(const std::vector<int>& kinds, int kind) {
   return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
 }
@@ -143,7 +164,13 @@ std::string_view cQntMed(int iqnt) {
   return row == nullptr ? std::string_view{} : row->medium_label;
 }
 
+std::string_view QuantityLabel(const CaseStore& case_store, int iqnt) {
+  if (case_store.time_history()) return cQntLong(iqnt);
+  return case_store.tadm_case && iqnt == kTransientAddedMass ? kTransientLabel : kResponseLabel;
+}
+
 int CurveCount(const CaseStore& case_store, int iqnt) {
+  if (!case_store.time_history()) return ImpulsiveCurves(case_store, iqnt);
   const QuantityRow* row = FindQuantity(iqnt);
   if (row == nullptr) return 0;
   const SectionLoads& loads = case_store.loads;
@@ -153,8 +180,9 @@ int CurveCount(const CaseStore& case_store, int iqnt) {
 }
 
 bool QuantityValid(const CaseStore& case_store, int iqnt) {
+  if (!case_store.time_history()) return case_store.has_data() && CurveCount(case_store, iqnt) > 0;
   const QuantityRow* row = FindQuantity(iqnt);
-  if (row == nullptr || !case_store.has_steps() || !case_store.time_history()) return false;
+  if (row == nullptr || !case_store.has_steps()) return false;
   const bool forces = row->scale == S::force;
   if (forces && case_store.force.component.empty()) return false;
   if (row->need == other_force && !case_store.has_other_force) return false;
@@ -171,6 +199,7 @@ float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings,
 }
 
 std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int curve) {
+  if (!case_store.time_history()) return ImpulsiveCurveLabel(case_store, iqnt, curve);
   const QuantityRow* row = FindQuantity(iqnt);
   if (row == nullptr || curve < 1) return {};
   if (row->load_kind != 0)

@@ -44,6 +44,13 @@ inline constexpr std::string_view kNoMediumLabel = "Logic ERROR in cQntMed: iqnt
 [[nodiscard]] std::string_view cQntLong(int iqnt);  // blank: no such number, the caller says kNoLongLabel
 [[nodiscard]] std::string_view cQntMed(int iqnt);
 
+// Impulsive runs have numbers of their own. An IRF case: the index of the function, its curves firf(1..6), for
+// diffraction kinds firf(1..12): diffraction, then Froude-Krylov forces. A transient added mass case: these two.
+inline constexpr int kTransientAddedMass = 1;
+inline constexpr int kImpulse = 2;
+[[nodiscard]] std::string_view QuantityLabel(const CaseStore& case_store,
+                                             int iqnt);  // cQntLong, or of an impulsive run
+
 // Curves of a quantity in this case; 0: none here.
 [[nodiscard]] int CurveCount(const CaseStore& case_store, int iqnt);
 // Has this case data for it? 36 to 38 have data, but only for tables of time histories (need is file_only); 25, 26 and

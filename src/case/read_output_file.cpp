@@ -11,6 +11,7 @@
 #include "base/number_format.h"
 #include "base/text.h"
 #include "case/default_skip.h"
+#include "case/irf_sections.h"
 #include "case/output_header.h"
 #include "case/output_scales.h"
 #include "case/plot_data.h"
@@ -93,9 +94,7 @@ bool CheckHeader(const Console& console, const ReadRequest& request, CaseStore& 
     SayLine(console, "         File may be for an incompatible version of ZAVO");
   } else if (request.ship < 1 || request.ship > ships) {
     Say(console, "ERROR - ship {} is not in the file (NSHIP= {})", request.ship, fresh.NSHIP);
-  } else if (control.MOTYPE == 1) {
-    Say(console, "ERROR - impulsive runs (MOTYPE 1) cannot be read yet : {}", fresh.file_name);
-  } else if (control.NSTEP == 0) {
+  } else if (control.NSTEP == 0 || fresh.irf_case) {
     return true;  // no steps, so no layout to know
   } else if (ships > 1) {
     Say(console, "ERROR - time steps of {} ships cannot be read yet : {}", ships, fresh.file_name);
@@ -110,7 +109,7 @@ bool CheckHeader(const Console& console, const ReadRequest& request, CaseStore& 
   return false;
 }
 
-enum class Content : std::uint8_t { refused, geometry_only, steps };  // refused: told
+enum class Content : std::uint8_t { refused, geometry_only, impulse_responses, steps };  // refused: told
 
 // Header and steps of an open file into a fresh store.
 Content ReadContent(const Platform& platform, const ReadRequest& request, FileHandle file, CaseStore& fresh,
@@ -124,8 +123,12 @@ Content ReadContent(const Platform& platform, const ReadRequest& request, FileHa
   if (ReadOutputHeader(console, source, name, fresh) != HeaderStatus::ok) return Content::refused;
   fresh.file_name = name;
   fresh.base_name = BaseName(name);
+  SetCaseFlags(fresh);
   if (!CheckHeader(console, request, fresh)) return Content::refused;
   fresh.nstep_expected = fresh.control.NSTEP;
+  if (fresh.nstep_expected == 0 && (fresh.time_history() || NoTextLeft(stream))) return Content::geometry_only;
+  if (!fresh.time_history() && ReadIrfSections(console, source, fresh) != IrfStatus::ok) return Content::refused;
+  if (fresh.irf_case) return Content::impulse_responses;
   if (fresh.nstep_expected == 0) return Content::geometry_only;
   if (NoTextLeft(stream)) {
     steps.end = StepsEnd::no_record;
@@ -173,6 +176,7 @@ void Accept(const Console& console, OutputSettings& settings, CaseStore& fresh, 
   case_store = std::move(fresh);
 }
 
+// Also for impulse response functions, which are a case without steps.
 void AcceptWithoutSteps(const Console& console, OutputSettings& settings, CaseStore& fresh, CaseStore& case_store) {
   fresh.first_read = 1;
   fresh.last_read = 0;
@@ -181,7 +185,6 @@ void AcceptWithoutSteps(const Console& console, OutputSettings& settings, CaseSt
 
 void AcceptWithSteps(const Console& console, const RunState& run, const StepsRead& steps, OutputSettings& settings,
                      CaseStore& fresh, CaseStore& case_store) {
-  SetCaseFlags(fresh);
   AdoptFileScales(settings, fresh);
   SayEnd(console, steps, settings.scales.T);
   fresh.first_read = steps.first;
@@ -224,7 +227,7 @@ ReadOutcome ReadOpened(const Platform& platform, const ReadRequest& request, con
   (void)platform.files.close(platform.files.self, file);  // nothing was written
   if (content == Content::refused) return ReadOutcome::failed;
   if (content == Content::steps) return TakeSteps(platform.console, run, steps, settings, fresh, case_store);
-  if (!case_store.has_case) SayLine(platform.console, kGeometryOnly);
+  if (content == Content::geometry_only && !case_store.has_case) SayLine(platform.console, kGeometryOnly);
   AcceptWithoutSteps(platform.console, settings, fresh, case_store);
   return ReadOutcome::ok;
 }

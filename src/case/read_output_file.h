@@ -14,7 +14,7 @@
 namespace zaview {
 
 enum class ReadOutcome : std::uint8_t {
-  ok,      // a new case is in store (with steps, or geometry only)
+  ok,      // a new case is in store (with steps, impulse responses, or geometry only)
   failed,  // messages said; the case in store is as it was, but see read_output_file
   aborted  // the user gave up at the prompt
 };
