@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/number_parse.h"
 #include "base/text.h"
 #include "case/history_table.h"
 #include "case/load_table.h"
@@ -19,17 +20,35 @@ namespace {
 
 inline constexpr std::string_view kHistoryRefused =
     "WARNING - Time history file quantity {} not valid for this output file";
-inline constexpr std::string_view kNoImpulse = "ERROR - {} : impulse response cases are not available yet";
+inline constexpr std::string_view kFewIrf = "ERROR - Insufficient or invalid arguments for {} command;";
+inline constexpr std::string_view kIrfWanted = "        IRF calculation requires index of IRF  as first argument ...";
+inline constexpr std::string_view kBadIrf = "WARNING - IRF index {} not valid for {}";
 inline constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
 inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for {} command ...";
 
+// An IRF case has the index of a function where others have a selector.
+int ReadIrfIndex(ScriptCall& call, Selector& selector, QuantityRequest& request) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) {
+    Say(call.console(), kFewIrf, call.command);
+    return Fail(call, kScriptBadArgument, kIrfWanted);
+  }
+  request = {};
+  selector.iqnt = request.iqnt = RoundToInt(static_cast<double>(values[0]));
+  return kScriptOk;
+}
+
+int ReadHistoryQuantity(ScriptCall& call, Selector& selector, QuantityRequest& request) {
+  if (call.session.case_store.irf_case) return ReadIrfIndex(call, selector, request);
+  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
+  return ReadTail(call, selector, CurveIndex::none, request);
+}
+
 int RunWriteHistory(ScriptCall& call) {
   Session& session = call.session;
-  if (!session.case_store.time_history()) return Fail(call, kScriptFailed, kNoImpulse, call.command);
   Selector selector;
-  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
   QuantityRequest request;
-  if (const int status = ReadTail(call, selector, CurveIndex::none, request); status != kScriptOk) return status;
+  if (const int status = ReadHistoryQuantity(call, selector, request); status != kScriptOk) return status;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::both, output); status != kScriptOk) return status;
   PlotFault fault = PlotFault::not_valid;
@@ -38,11 +57,13 @@ int RunWriteHistory(ScriptCall& call) {
                                output.file);
   if (fault == PlotFault::not_valid) {  // a warning: the script goes on
     DiscardOutput(output.file);
-    Say(call.console(), kHistoryRefused, selector.word);
+    if (session.case_store.irf_case) Say(call.console(), kBadIrf, selector.iqnt, call.command);
+    else Say(call.console(), kHistoryRefused, selector.word);
     return kScriptOk;
   }
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault),
-                      fmt::format("Time history of {} written to file", cQntLong(selector.iqnt)));
+  return FinishOutput(
+      call, output, StatusOf(call, selector.word, fault),
+      fmt::format("Time history of {} written to file", QuantityLabel(session.case_store, selector.iqnt)));
 }
 
 bool IsLoad(const Selector& selector) {

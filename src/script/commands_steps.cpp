@@ -13,6 +13,7 @@ namespace {
 
 inline constexpr std::string_view kIllegalSteps = "ERROR - Illegal number of steps specified in {} command...";
 inline constexpr std::string_view kAllTrimmed = "ERROR - All steps trimmed by {} command...";
+inline constexpr std::string_view kNoSteps = "ERROR - {} : the case has no time steps";
 inline constexpr std::string_view kIllegalArguments = "ERROR - Illegal arguments for {} command...";
 
 // One or two step counts, the second on the same line or missing.
@@ -84,6 +85,7 @@ int RunTrimAbort(ScriptCall& call) {
 
 int RunSetSteps(ScriptCall& call) {
   CaseStore& store = call.session.case_store;
+  if (!store.has_steps()) return Fail(call, kScriptFailed, kNoSteps, call.command);
   std::vector<int> counts;
   if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   store.first_step = std::clamp(counts[0], store.first_read, store.last_read);

@@ -6,8 +6,11 @@ namespace zaview {
 
 namespace {
 
-bool CaseRead(const Session& session) {
+bool StepsRead(const Session& session) {
   return session.case_store.has_case && session.case_store.last_step > 0;
+}
+bool CaseRead(const Session& session) {  // impulse response functions are a case without steps
+  return StepsRead(session) || session.case_store.has_data();
 }
 bool IsMotionCase(const Session& session) {
   return session.case_store.time_history();
@@ -26,7 +29,7 @@ struct Precondition {
 constexpr Precondition kPreconditions[] = {
     {kNeedsCase,     CaseRead,          " : cannot be run until an output",                     " cannot be run until an output",
      "   file has been read"                                                                                                            },
-    {kNeedsEnsemble, CaseRead,          " : cannot be run until one or more",                   " : cannot be run until one or more",
+    {kNeedsEnsemble, StepsRead,         " : cannot be run until one or more",                   " : cannot be run until one or more",
      "   output files have been read"                                                                                                   },
     {kNeedsMotion,   IsMotionCase,      " not valid for impulsive motion and IRF calculations",
      " not valid for impulsive motion and IRF calculations",                                                                          ""},

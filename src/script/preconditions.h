@@ -9,7 +9,7 @@ namespace zaview {
 
 using Needs = std::uint8_t;
 inline constexpr Needs kNone = 0;
-inline constexpr Needs kNeedsCase = 1;      // D: the last step of a file is in store
+inline constexpr Needs kNeedsCase = 1;      // D: the last step of a file is in store, or its IRFs
 inline constexpr Needs kNeedsMotion = 2;    // R: the case is no impulsive motion or IRF case
 inline constexpr Needs kNeedsGraphics = 4;  // G: there is something to draw on
 inline constexpr Needs kNeedsEnsemble = 8;  // E: records of one or more files are in store

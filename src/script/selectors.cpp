@@ -34,6 +34,9 @@ constexpr std::array<int, 53> kSelectorQuantity = {
     1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27,
     28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 1,  2,  39, 5,  40, 35, 41, 42, 43, 44, 45, 46, 47, 48};
 
+// The only ones of a transient added mass run: quantities kTransientAddedMass and kImpulse.
+constexpr std::array<std::string_view, 2> kImpulsiveSelectors = {"TADM", "FIRF"};
+
 // How many numbers follow, in the order plain, point, missile: without a curve index, with one; and what is said if
 // some are missing.
 struct TailRow {
@@ -59,9 +62,17 @@ int ParseQuantitySpecifier(WordScanner& scanner, std::span<const std::string_vie
 }
 
 int ReadSelector(ScriptCall& call, Selector& selector) {
-  const int index = ParseQuantitySpecifier(call.words, kSelectors, selector.word);
+  const bool impulsive = call.session.case_store.tadm_case;
+  const std::span<const std::string_view> names = impulsive ? std::span<const std::string_view>(kImpulsiveSelectors)
+                                                            : std::span<const std::string_view>(kSelectors);
+  const int index = ParseQuantitySpecifier(call.words, names, selector.word);
   if (index == kSelectAll) return Fail(call, kScriptBadArgument, kAllRefused, call.command);
   if (index < 1) return Fail(call, kScriptBadArgument, kInvalidQuantity, selector.word);
+  if (impulsive) {
+    selector.iqnt = index;
+    selector.form = TailForm::plain;
+    return kScriptOk;
+  }
   const auto row = static_cast<std::size_t>(index - 1);
   selector.iqnt = kSelectorQuantity[row];
   selector.form = TailForm::plain;
