@@ -1,12 +1,18 @@
 #!/usr/bin/env bash
-# Installs what building and testing need on Debian 12; does nothing when all of it is there.
+# Installs what building needs on Debian 12, with `--tests` what testing needs too. Does nothing when all of it is there.
 set -euo pipefail
 
-packages=(build-essential cmake ninja-build libfmt-dev libfast-float-dev libeigen3-dev libgtest-dev)
+packages=(build-essential cmake ninja-build libfmt-dev libfast-float-dev libeigen3-dev)
+case ${1-} in
+  "") ;;
+  --tests) packages+=(libgtest-dev) ;;
+  *) echo "usage: install_packages.sh [ --tests ]" >&2; exit 2 ;;
+esac
+
 missing=()
 for package in "${packages[@]}"; do
   status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
-  [[ $status == "install ok installed" ]] || missing+=("$package")
+  [[ $status == *" ok installed" ]] || missing+=("$package")
 done
 if [[ ${#missing[@]} -eq 0 ]]; then
   exit 0
@@ -18,5 +24,5 @@ if [[ $(id -u) -ne 0 ]]; then
   as_root=(sudo)
 fi
 echo "Installing ${missing[*]}"
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -q
+"${as_root[@]}" apt-get update -q
 "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"

@@ -4,7 +4,7 @@ set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
-scripts/install_packages.sh
+bash scripts/install_packages.sh --tests
 
 # What the tree holds beside the commit, ignored files left out; empty outside a clone.
 tree_state() { git status --porcelain 2>/dev/null || true; }
@@ -15,7 +15,7 @@ for preset in release asan; do
   echo "== $preset"
   cmake --preset "$preset" >/dev/null
   cmake --build --preset "$preset" -j2
-  ctest --preset "$preset" -j2 || status=1
+  ctest --preset "$preset" -j2 --output-on-failure || status=1
 done
 
 after=$(tree_state)
