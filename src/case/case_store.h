@@ -77,6 +77,10 @@ struct IrfBlock {  // an impulse response function of an impulsive run, non-dime
   StepHistory froude_krylov;  // six components, diffraction kinds only
 };
 
+struct StepGap {  // steps that no part of a combined case holds, both ends included
+  int from = 1, to = 0;
+};
+
 struct DerivedCache {  // which derived arrays are built
   bool motion = false, vmgshp = false, vmgg = false, accg = false, force_ship = false, maneuver = false;
   bool point_motion = false;
@@ -123,8 +127,9 @@ struct CaseStore {
   StepHistory motion, vmgshp, vmgg, accg, force_ship, maneuver, point_motion;
   DerivedCache built;
 
-  std::vector<int> kmstep;  // key steps
-  bool combined = false;    // joined from parts of a restarted run
+  std::vector<int> kmstep;    // key steps
+  bool combined = false;      // joined from parts of a restarted run
+  std::vector<StepGap> gaps;  // of a combined case: all values but the times are 0 there
 };
 
 }  // namespace zaview

@@ -88,21 +88,25 @@ constexpr Turn kAccg[] = {Turn::to_global, Turn::to_global};
 struct DerivedRow {  // in the order of Derived
   bool DerivedCache::*built;
   bool (*make)(CaseStore& case_store);
+  StepHistory CaseStore::*history;
 };
 constexpr DerivedRow kDerived[] = {
-    {&DerivedCache::motion,     MakeMotion                                                           },
-    {&DerivedCache::vmgshp,     [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgshp, c.vmgshp); }},
-    {&DerivedCache::vmgg,       [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgg, c.vmgg); }    },
-    {&DerivedCache::accg,       [](CaseStore& c) { return TurnTriples(c, c.acc, kAccg, c.accg); }    },
-    {&DerivedCache::force_ship, MakeForceShip                                                        },
-    {&DerivedCache::maneuver,   MakeManeuver                                                         },
+    {&DerivedCache::motion,     MakeMotion,                                                            &CaseStore::motion    },
+    {&DerivedCache::vmgshp,     [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgshp, c.vmgshp); }, &CaseStore::vmgshp    },
+    {&DerivedCache::vmgg,       [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgg, c.vmgg); },     &CaseStore::vmgg      },
+    {&DerivedCache::accg,       [](CaseStore& c) { return TurnTriples(c, c.acc, kAccg, c.accg); },     &CaseStore::accg      },
+    {&DerivedCache::force_ship, MakeForceShip,                                                         &CaseStore::force_ship},
+    {&DerivedCache::maneuver,   MakeManeuver,                                                          &CaseStore::maneuver  },
 };
 
 }  // namespace
 
 bool EnsureDerived(CaseStore& case_store, Derived what) {
   const DerivedRow& row = kDerived[static_cast<std::size_t>(what)];
-  if (!(case_store.built.*row.built)) case_store.built.*row.built = row.make(case_store);
+  if (!(case_store.built.*row.built)) {
+    case_store.built.*row.built = row.make(case_store);
+    ClearGaps(case_store, case_store.*row.history);
+  }
   return case_store.built.*row.built;
 }
 

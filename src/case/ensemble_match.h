@@ -1,25 +1,29 @@
-// Is a newly read case a realization of those held? The seaway is compared by what defines it.
+// Is a newly read case a realization of those held?
 #pragma once
-
-#include <cstdint>
 
 #include "base/platform.h"
 #include "case/case_store.h"
 #include "case/ensemble_store.h"
+#include "case/seaway_match.h"
 
 namespace zaview {
 
-enum class Match : std::uint8_t { none, realization, identical };
+inline constexpr int kForcedEnsemble = 1, kAutomaticEnsemble = 3;  // ensemble_mode
+
+// Load cuts and their kinds must be equal, in automatic mode the ship speeds to within 1e-4 sqrt(gL), and the seaways
+// must match. Impulsive cases and combined ones match nothing.
 [[nodiscard]] Match CompareCases(int ensemble_mode, const CaseStore& held, const CaseStore& fresh);
 
-// Says what was found, adds `fresh` as a record or resets the ensemble to it, and makes it current in case_store.
+// Compares with the case read last, says what was found, adds `fresh` as a record or resets the ensemble to it, and
+// makes it current in case_store. With no record held, and for a combined case, nothing is compared or said.
 void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore& fresh, EnsembleStore& ensemble,
                             CaseStore& case_store);
 
-// The case in store becomes record 1.
-void reset_ensemble(EnsembleStore& ensemble);
+// The case in store becomes record 1, all others are dropped; a case without steps is no record.
+void reset_ensemble(const CaseStore& case_store, EnsembleStore& ensemble);
 
-// Makes a record current. False: no such record (a fault of the program; said by the caller).
+// Makes a record current: its store and the one in use change places. Trims of the record are as they were when it was
+// current. False: no such record (a fault of the program; said by the caller).
 [[nodiscard]] bool SelectRecord(int irec, EnsembleStore& ensemble, CaseStore& case_store);
 
 }  // namespace zaview

@@ -9,7 +9,8 @@
 namespace zaview {
 
 struct EnsembleStore {
-  // record[i - 1] is case i; the current one is moved into the case store and stands empty here.
+  // record[i - 1] is case i; the current one is in the case store and stands empty here. Of one record there is nothing
+  // here at all.
   std::vector<CaseStore> record;
   int nrec = 0;
   int irec = 0;  // the current one, from 1; 0: none

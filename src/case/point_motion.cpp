@@ -37,8 +37,8 @@ bool NodePointMot(const Console& console, const OutputSettings& settings, const 
   Say(console, "Initial static coordinates {} {} {}", shown(0), shown(1), shown(2));
 
   Vector3 r = ship;  // from the CG
-  if (!c.ships.empty())
-    for (std::size_t i = 0; i < 3; ++i) r[i] -= c.ships[0].centre[i];
+  if (const auto ship_index = static_cast<std::size_t>(c.ship - 1); ship_index < c.ships.size())
+    for (std::size_t i = 0; i < 3; ++i) r[i] -= c.ships[ship_index].centre[i];
   if (!SizeHistory(c, 9, c.point_motion)) return false;
   for (std::size_t s = 0; s < StepsInStore(c); ++s) {
     const Vector3 angles = Triple3(c.pmgg, 3, s);
@@ -51,6 +51,7 @@ bool NodePointMot(const Console& console, const OutputSettings& settings, const 
     Put(c.point_motion, 3, s, Sum(Triple3(c.vmg, 0, s), ToGlobal(R, w_x_r)));
     Put(c.point_motion, 6, s, ToGlobal(R, a_ship));
   }
+  ClearGaps(c, c.point_motion);
   c.built.point = point;
   c.built.point_motion = true;
   return true;

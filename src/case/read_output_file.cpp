@@ -11,10 +11,12 @@
 #include "base/number_format.h"
 #include "base/text.h"
 #include "case/default_skip.h"
+#include "case/ensemble_match.h"
 #include "case/irf_sections.h"
 #include "case/output_header.h"
 #include "case/output_scales.h"
 #include "case/plot_data.h"
+#include "case/restart_combine.h"
 #include "case/time_steps.h"
 #include "frame/prompts.h"
 
@@ -170,65 +172,71 @@ void SayEndWithoutSteps(const Console& console, StepsEnd end) {
   SayLine(console, kStillRunning);
 }
 
-void Accept(const Console& console, OutputSettings& settings, CaseStore& fresh, CaseStore& case_store) {
-  fresh.has_case = true;
-  finish_case_read(console, settings, fresh);
-  case_store = std::move(fresh);
-}
+struct Held {  // what a read replaces or adds to
+  CaseStore& case_store;
+  EnsembleStore& ensemble;
+};
 
 // Also for impulse response functions, which are a case without steps.
-void AcceptWithoutSteps(const Console& console, OutputSettings& settings, CaseStore& fresh, CaseStore& case_store) {
+void AcceptWithoutSteps(const Console& console, OutputSettings& settings, CaseStore& fresh, Held& held) {
   fresh.first_read = 1;
   fresh.last_read = 0;
-  Accept(console, settings, fresh, case_store);
+  fresh.has_case = true;
+  finish_case_read(console, settings, fresh);
+  held.case_store = std::move(fresh);
+  reset_ensemble(held.case_store, held.ensemble);
 }
 
-void AcceptWithSteps(const Console& console, const RunState& run, const StepsRead& steps, OutputSettings& settings,
-                     CaseStore& fresh, CaseStore& case_store) {
+void AcceptWithSteps(const Console& console, const ReadRequest& request, const RunState& run, const StepsRead& steps,
+                     OutputSettings& settings, CaseStore& fresh, Held& held) {
   AdoptFileScales(settings, fresh);
   SayEnd(console, steps, settings.scales.T);
   fresh.first_read = steps.first;
   fresh.last_read = steps.first + steps.kept - 1;
   Say(console, "Time steps {} through {} read from ZAVO output file {}", fresh.first_read, fresh.last_read,
       fresh.file_name);
+  OfferCombination(console, request.restart_mode, !run.script_active, held.case_store, fresh);
   (void)ApplyTrim(settings, fresh);  // the default skip stays inside it; its words come behind the skip lines
   ChooseDefaultSkip(console, run, settings, fresh);
-  Accept(console, settings, fresh, case_store);
+  fresh.has_case = true;
+  finish_case_read(console, settings, fresh);
   if (run.do_eta) SayLine(console, kNoWaveData);
+  match_case_to_ensemble(console, request.ensemble_mode, fresh, held.ensemble, held.case_store);
 }
 
-ReadOutcome TakeSteps(const Console& console, const RunState& run, const StepsRead& steps, OutputSettings& settings,
-                      CaseStore& fresh, CaseStore& case_store) {
+ReadOutcome TakeSteps(const Console& console, const ReadRequest& request, const RunState& run, const StepsRead& steps,
+                      OutputSettings& settings, CaseStore& fresh, Held& held) {
   if (steps.end == StepsEnd::out_of_memory) {
     SayLine(console, kNoMemory);
-    case_store = CaseStore{};
+    held.case_store = CaseStore{};
+    reset_ensemble(held.case_store, held.ensemble);
     return ReadOutcome::failed;
   }
   if (steps.kept > 0) {
-    AcceptWithSteps(console, run, steps, settings, fresh, case_store);
+    AcceptWithSteps(console, request, run, steps, settings, fresh, held);
     return ReadOutcome::ok;
   }
   if (steps.end == StepsEnd::no_record || steps.end == StepsEnd::complete) {
     for (const std::string_view line : kNoSteps) SayLine(console, line);
-    AcceptWithoutSteps(console, settings, fresh, case_store);
+    AcceptWithoutSteps(console, settings, fresh, held);
     return ReadOutcome::ok;
   }
   SayEndWithoutSteps(console, steps.end);
-  if (!case_store.has_case) AcceptWithoutSteps(console, settings, fresh, case_store);
+  if (!held.case_store.has_case) AcceptWithoutSteps(console, settings, fresh, held);
   return ReadOutcome::failed;
 }
 
 ReadOutcome ReadOpened(const Platform& platform, const ReadRequest& request, const std::string& name, FileHandle file,
-                       const RunState& run, OutputSettings& settings, CaseStore& case_store) {
+                       const RunState& run, OutputSettings& settings, Held held) {
   CaseStore fresh;
   fresh.file_name = name;
   StepsRead steps;
   const Content content = ReadContent(platform, request, file, fresh, steps);
   (void)platform.files.close(platform.files.self, file);  // nothing was written
   if (content == Content::refused) return ReadOutcome::failed;
-  if (content == Content::steps) return TakeSteps(platform.console, run, steps, settings, fresh, case_store);
-  if (content == Content::geometry_only && !case_store.has_case) SayLine(platform.console, kGeometryOnly);
-  AcceptWithoutSteps(platform.console, settings, fresh, case_store);
+  if (content == Content::steps) return TakeSteps(platform.console, request, run, steps, settings, fresh, held);
+  if (content == Content::geometry_only && !held.case_store.has_case) SayLine(platform.console, kGeometryOnly);
+  AcceptWithoutSteps(platform.console, settings, fresh, held);
   return ReadOutcome::ok;
 }
 
@@ -287,7 +295,7 @@ std::string BaseName(std::string_view name) {
 }
 
 ReadOutcome read_output_file(const ReadRequest& request, const Platform& platform, RunState& run,
-                             OutputSettings& settings, CaseStore& case_store) {
+                             OutputSettings& settings, CaseStore& case_store, EnsembleStore& ensemble) {
   if (run.script_active && run.skip_prompt == SkipPrompt::ask) run.skip_prompt = SkipPrompt::silent;
   std::string name(Trim(request.name));
   const bool named = !name.empty();
@@ -298,7 +306,7 @@ ReadOutcome read_output_file(const ReadRequest& request, const Platform& platfor
     run.exit_requested = run.exit_requested || !case_store.has_case;
     return ReadOutcome::aborted;
   }
-  return ReadOpened(platform, request, name, file, run, settings, case_store);
+  return ReadOpened(platform, request, name, file, run, settings, {case_store, ensemble});
 }
 
 }  // namespace zaview

@@ -7,8 +7,11 @@
 
 #include "base/platform.h"
 #include "case/case_store.h"
+#include "case/ensemble_match.h"
+#include "case/ensemble_store.h"
 #include "case/finish_case_read.h"
 #include "case/output_settings.h"
+#include "case/restart_combine.h"
 #include "frame/run_state.h"
 
 namespace zaview {
@@ -21,17 +24,18 @@ enum class ReadOutcome : std::uint8_t {
 
 struct ReadRequest {
   std::string name;  // blank: asked for
-  int ensemble_mode = 3;
-  int restart_mode = -1;
+  int ensemble_mode = kAutomaticEnsemble;
+  RestartMode restart_mode = RestartMode::ask;
   int ship = 1;
   float vcg = 0.0F;
 };
 
 // A good header whose steps can't be read is a failure that leaves a held case alone; where none was held, the new case
 // is kept without steps (its geometry is usable) and the outcome still is `failed`. Memory running out in the steps
-// drops the case. Giving up at the prompt with no case in store sets run.exit_requested.
+// drops the case. A case with steps is joined to the one held or matched with the ensemble, as the modes say; one
+// without steps empties the ensemble. Giving up at the prompt with no case in store sets run.exit_requested.
 [[nodiscard]] ReadOutcome read_output_file(const ReadRequest& request, const Platform& platform, RunState& run,
-                                           OutputSettings& settings, CaseStore& case_store);
+                                           OutputSettings& settings, CaseStore& case_store, EnsembleStore& ensemble);
 
 // The name without directory and without ".XML" and ".out" at its end.
 [[nodiscard]] std::string BaseName(std::string_view name);

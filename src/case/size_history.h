@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <vector>
 
 #include "base/grow.h"
 #include "case/case_store.h"
@@ -19,6 +21,16 @@ namespace zaview {
   for (std::vector<float>& column : history.component) sized = sized && Grow(column, StepsInStore(case_store));
   if (!sized) history.component.clear();
   return sized;
+}
+
+// Nothing is known of the steps that no part of a combined case holds: zero, like what was stored for them.
+inline void ClearGaps(const CaseStore& case_store, StepHistory& history) {
+  for (const StepGap& gap : case_store.gaps)
+    for (std::vector<float>& column : history.component)
+      for (int step = gap.from; step <= gap.to; ++step) {
+        const std::int64_t at = std::int64_t{step} - history.first;
+        if (at >= 0 && at < static_cast<std::int64_t>(column.size())) column[static_cast<std::size_t>(at)] = 0.0F;
+      }
 }
 
 }  // namespace zaview

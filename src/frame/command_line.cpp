@@ -38,6 +38,16 @@ constexpr std::string_view kVariableMissing = "ERROR - insufficient qualifiers f
 constexpr std::string_view kRootSyntax = "ERROR - incorrect syntax for {} argument";
 
 constexpr std::string_view kNoMatch = "ERROR - no file(s) found which match {}";
+using Lines = std::span<const std::string_view>;
+constexpr std::string_view kNotOneEnsembleLines[] = {
+    "ERR411 - Multiple output files were specified on the command line but",
+    "         they could not be read as different realizations of the same", "         configuration and conditions."};
+constexpr std::string_view kNotSeeminglyLines[] = {
+    "ERR411 - Multiple output files were specified on the command line but",
+    "         they do not seem to be for different realizations of the same", "         configuration and conditions.",
+    "         Use the -ensemble flag to force ZAVIEW to consider them so."};
+constexpr Lines kNotOneEnsemble = kNotOneEnsembleLines;
+constexpr Lines kNotSeemingly = kNotSeeminglyLines;
 constexpr std::string_view kPlotFromScript =
     "Initial plot argument -plot* or -anim* ignored as plot was invoked from script file";
 constexpr std::string_view kPlotWithoutData =
@@ -228,26 +238,41 @@ void TakeArgument(Walk& walk) {
   walk.session.run.file_args.push_back(walk.option);
 }
 
-// False: the user gave up, no more files are read.
-bool ReadNamed(Session& session, const std::string& name) {
+ReadOutcome ReadNamed(Session& session, const std::string& name) {
   const RunState& run = session.run;
-  const ReadRequest request{name, run.ensemble_mode, run.restart_mode, run.selected_ship, run.selected_vcg};
-  return read_output_file(request, session.platform, session.run, session.output, session.case_store) !=
-         ReadOutcome::aborted;
+  const ReadRequest request{name, run.ensemble_mode, static_cast<RestartMode>(run.restart_mode), run.selected_ship,
+                            run.selected_vcg};
+  return read_output_file(request, session.platform, session.run, session.output, session.case_store, session.ensemble);
 }
 
-void ReadNamedFiles(Session& session) {
+// The result is how many of the files gave a case.
+int ReadNamedFiles(Session& session) {
   RunState& run = session.run;
   if (run.script_active && !run.file_args.empty()) run.skip_prompt = SkipPrompt::silent;
+  int cases = 0;
   for (const std::string& argument : run.file_args) {
     std::vector<std::string> names = {argument};
     if (has_wildcards(argument)) {
       list_matching_files(session.platform.files, argument, names);
       if (names.empty()) Say(session.platform.console, kNoMatch, argument);
     }
-    for (const std::string& name : names)
-      if (!ReadNamed(session, name)) return;
+    for (const std::string& name : names) {
+      const ReadOutcome outcome = ReadNamed(session, name);
+      if (outcome == ReadOutcome::aborted) return cases;
+      if (outcome == ReadOutcome::ok) ++cases;
+    }
   }
+  return cases;
+}
+
+// Several files must be one ensemble, or parts of one run. False: they aren't, which has been said.
+bool CheckSeveralFiles(const Session& session, int cases) {
+  const RunState& run = session.run;
+  if (cases < 2 || session.case_store.combined || run.restart_mode == 1) return true;
+  if (cases <= session.ensemble.nrec || !session.case_store.time_history()) return true;
+  for (const std::string_view line : run.ensemble_mode == 1 ? kNotOneEnsemble : kNotSeemingly)
+    SayLine(session.platform.console, line);
+  return false;
 }
 
 void StartInitialPlot(Session& session) {
@@ -261,7 +286,7 @@ void StartInitialPlot(Session& session) {
 // Without a case there is nothing to do: one is asked for. A case of geometry only is a case.
 CommandLineResult AskForCase(Session& session) {
   const CaseStore& store = session.case_store;
-  if (store.has_steps() || store.has_case || ReadNamed(session, "")) return {};
+  if (store.has_steps() || store.has_case || ReadNamed(session, "") != ReadOutcome::aborted) return {};
   return {LineEnd::stop, session.run.file_args.empty() ? kRunOk : kRunFailed};
 }
 
@@ -287,7 +312,7 @@ CommandLineResult read_defaults_and_arguments(Session& session, std::span<const 
   const CommandLineResult line = ParseCommandLine(session, arguments);
   if (line.end == LineEnd::stop) return line;
   RunState& run = session.run;
-  ReadNamedFiles(session);
+  if (!CheckSeveralFiles(session, ReadNamedFiles(session))) return {LineEnd::stop, kRunFailed};
   if (!run.script_active && run.initial_plot == 0) pause_for_return(session.platform.console);
   run.plot_module = 0;
   run.change_module = 0;

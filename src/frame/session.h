@@ -4,6 +4,7 @@
 
 #include "base/platform.h"
 #include "case/case_store.h"
+#include "case/ensemble_store.h"
 #include "case/output_settings.h"
 #include "frame/file_units.h"
 #include "frame/run_state.h"
@@ -16,7 +17,8 @@ struct Session {
   FileUnits units;
   RunState run;
   OutputSettings output;
-  CaseStore case_store;
+  CaseStore case_store;  // the current record of the ensemble
+  EnsembleStore ensemble;
   ScriptState script;
 };
 

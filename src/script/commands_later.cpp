@@ -14,10 +14,6 @@ constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeeds
 
 constexpr Command kLater[] = {
   // Reading and settings.
-    {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"},                          kNone,               RunNotYet},
-    {{"READ_OUTPUT_FILE_COMB", "READ_FILE_COMB", "READ_COMB", "READ_OUTPUT_FILE_COMBINE", "READ_FILE_COMBINE",
-      "READ_COMBINE"},
-     kNone,                                                                                                              RunNotYet},
     {{"READ_MULTI_SHIP_FILE", "READ_MULTI_SHIP", "READ_MULTI_FILE", "READ_OUTPUT_FILE_MULTI", "READ_FILE_MULTI",
       "READ_MULTI"},
      kNone,                                                                                                              RunNotYet},
@@ -27,7 +23,6 @@ constexpr Command kLater[] = {
     {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"},                                                       kNone,               RunNotYet},
     {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"},                                  kNone,               RunNotYet},
     {{"SMOOTH_INPUT", "SMOOTHINPUT"},                                                               kNone,               RunNotYet},
-    {{"CLEAR_ENSEMBLE_DATA", "CLEAR_ENSEMBLE"},                                                     kNone,               RunNotYet},
     {{"ENSEMBLE_NMANY", "NMANY"},                                                                   kNone,               RunNotYet},
     {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"},                                kNone,               RunNotYet},
     {{"HISTOGRAM_STYLE", "HIST_STYLE"},                                                             kNone,               RunNotYet},

@@ -12,6 +12,9 @@ bool StepsRead(const Session& session) {
 bool CaseRead(const Session& session) {  // impulse response functions are a case without steps
   return StepsRead(session) || session.case_store.has_data();
 }
+bool RecordsHeld(const Session& session) {
+  return session.ensemble.nrec > 0;
+}
 bool IsMotionCase(const Session& session) {
   return session.case_store.time_history();
 }
@@ -29,7 +32,7 @@ struct Precondition {
 constexpr Precondition kPreconditions[] = {
     {kNeedsCase,     CaseRead,          " : cannot be run until an output",                     " cannot be run until an output",
      "   file has been read"                                                                                                            },
-    {kNeedsEnsemble, StepsRead,         " : cannot be run until one or more",                   " : cannot be run until one or more",
+    {kNeedsEnsemble, RecordsHeld,       " : cannot be run until one or more",                   " : cannot be run until one or more",
      "   output files have been read"                                                                                                   },
     {kNeedsMotion,   IsMotionCase,      " not valid for impulsive motion and IRF calculations",
      " not valid for impulsive motion and IRF calculations",                                                                          ""},

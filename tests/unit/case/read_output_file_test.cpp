@@ -44,13 +44,14 @@ struct Reader {
   RunState run;
   OutputSettings settings;
   CaseStore store;
+  EnsembleStore ensemble;
 
   ReadOutcome Read(const std::string& name, int ship = 1) {
     ReadRequest request;
     request.name = name;
     request.ship = ship;
     fake.output.clear();
-    const ReadOutcome outcome = read_output_file(request, fake.Get(), run, settings, store);
+    const ReadOutcome outcome = read_output_file(request, fake.Get(), run, settings, store, ensemble);
     EXPECT_EQ(fake.OpenHandles(), 0U);
     EXPECT_EQ(fake.progress, "");
     return outcome;
@@ -272,9 +273,10 @@ TEST(ReadOutputFile, LongReadsShowHowFarTheyAre) {
   run.skip_prompt = SkipPrompt::silent;
   OutputSettings settings;
   CaseStore store;
+  EnsembleStore ensemble;
   ReadRequest request;
   request.name = "run";
-  EXPECT_EQ(read_output_file(request, platform, run, settings, store), ReadOutcome::ok);
+  EXPECT_EQ(read_output_file(request, platform, run, settings, store, ensemble), ReadOutcome::ok);
   EXPECT_FALSE(slow.lines.empty());
   for (const std::string& line : slow.lines) {
     EXPECT_EQ(line.substr(0, 15), "Reading run.out");
