@@ -1,7 +1,6 @@
 #include "script/selectors.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #include "base/number_parse.h"
@@ -21,21 +20,31 @@ inline constexpr std::string_view kFewMissile = "ERROR - Insufficient arguments 
 inline constexpr std::string_view kBadMissile = "ERROR - Invalid option index for {} command for missile data...";
 inline constexpr std::string_view kCurveFault = "ERROR - Invalid curve index for {} option {}";
 
-// Selectors in their order, and the quantities they name. Rows 40 to 43 and 45 reach a quantity by another word.
-constexpr std::array<std::string_view, 53> kSelectors = {
-    "MOT",        "VEL",        "ACC",       "UMOT",      "VSHIP",      "FTOT",  "FHYD",     "FLIN",      "FNONLIN",
-    "FHSFK",      "FOTH",       "FEXT",      "VSF",       "VBM",        "HSF",   "HBM",      "AXF",       "TRM",
-    "VSFY",       "VBMY",       "HSFY",      "HBMY",      "AXFY",       "TRMY",  "WAV",      "WAV0",      "POINT_MOT",
-    "POINT_VEL",  "POINT_ACC",  "POINT_REL", "POINT_VIN", "POINT_VING", "VMNVR", "KINO_MOT", "KINO_SEA",  "POINT_ALL",
-    "POINT_ALL1", "POINT_ALLI", "VELG",      "PMG",       "VMG",        "VMGG",  "VELS",     "ACCG",      "SEA",
-    "FTOTS",      "FHYDS",      "FLINS",     "FNONLINS",  "FHSFKS",     "FOTHS", "FEXTS",    "POINT_MISS"};
+// In their order; some reach a quantity by another word.
+// clang-format off
+constexpr SelectorRow kSelectors[] = {
+    {"MOT",          1},  {"VEL",          2},  {"ACC",          3},  {"UMOT",         4},
+    {"VSHIP",        5},  {"FTOT",         6},  {"FHYD",         7},  {"FLIN",         8},
+    {"FNONLIN",      9},  {"FHSFK",        10}, {"FOTH",         11}, {"FEXT",         12},
+    {"VSF",          13}, {"VBM",          14}, {"HSF",          15}, {"HBM",          16},
+    {"AXF",          17}, {"TRM",          18}, {"VSFY",         19}, {"VBMY",         20},
+    {"HSFY",         21}, {"HBMY",         22}, {"AXFY",         23}, {"TRMY",         24},
+    {"WAV",          25}, {"WAV0",         26}, {"POINT_MOT",    27}, {"POINT_VEL",    28},
+    {"POINT_ACC",    29}, {"POINT_REL",    30}, {"POINT_VIN",    31}, {"POINT_VING",   32},
+    {"VMNVR",        33}, {"KINO_MOT",     34}, {"KINO_SEA",     35}, {"POINT_ALL",    36},
+    {"POINT_ALL1",   37}, {"POINT_ALLI",   38}, {"VELG",         39}, {"PMG",          1},
+    {"VMG",          2},  {"VMGG",         39}, {"VELS",         5},  {"ACCG",         40},
+    {"SEA",          35}, {"FTOTS",        41}, {"FHYDS",        42}, {"FLINS",        43},
+    {"FNONLINS",     44}, {"FHSFKS",       45}, {"FOTHS",        46}, {"FEXTS",        47},
+    {"POINT_MISS",   48},
+};
+// clang-format on
 
-constexpr std::array<int, 53> kSelectorQuantity = {
-    1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27,
-    28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 1,  2,  39, 5,  40, 35, 41, 42, 43, 44, 45, 46, 47, 48};
-
-// The only ones of a transient added mass run: quantities kTransientAddedMass and kImpulse.
-constexpr std::array<std::string_view, 2> kImpulsiveSelectors = {"TADM", "FIRF"};
+// The only ones of a transient added mass run.
+constexpr SelectorRow kImpulsiveSelectors[] = {
+    {"TADM", kTransientAddedMass},
+    {"FIRF", kImpulse           },
+};
 
 // How many numbers follow, in the order plain, point, missile: without a curve index, with one; and what is said if
 // some are missing.
@@ -52,32 +61,28 @@ constexpr TailRow kTails[] = {
 
 }  // namespace
 
-int ParseQuantitySpecifier(WordScanner& scanner, std::span<const std::string_view> names, std::string& word) {
+int ParseQuantitySpecifier(WordScanner& scanner, std::span<const SelectorRow> rows, std::string& word) {
   word = NextScriptWord(scanner, kKeyword);
-  const std::string capitals = Capitals(word);
+  const std::string capitals = Capitals(TrimEnd(word));
   if (capitals == "ALL") return kSelectAll;
   if (capitals == "OFF") return kSelectOff;
-  const auto found = std::find(names.rbegin(), names.rend(), std::string_view(TrimEnd(capitals)));
-  return found == names.rend() ? kSelectNone : static_cast<int>(names.rend() - found);
+  const auto found =
+      std::find_if(rows.rbegin(), rows.rend(), [&capitals](const SelectorRow& row) { return row.word == capitals; });
+  return found == rows.rend() ? kSelectNone : static_cast<int>(rows.rend() - found);
 }
 
 int ReadSelector(ScriptCall& call, Selector& selector) {
-  const bool impulsive = call.session.case_store.tadm_case;
-  const std::span<const std::string_view> names = impulsive ? std::span<const std::string_view>(kImpulsiveSelectors)
-                                                            : std::span<const std::string_view>(kSelectors);
-  const int index = ParseQuantitySpecifier(call.words, names, selector.word);
+  const std::span<const SelectorRow> rows = call.session.case_store.tadm_case
+                                                ? std::span<const SelectorRow>(kImpulsiveSelectors)
+                                                : std::span<const SelectorRow>(kSelectors);
+  const int index = ParseQuantitySpecifier(call.words, rows, selector.word);
   if (index == kSelectAll) return Fail(call, kScriptBadArgument, kAllRefused, call.command);
   if (index < 1) return Fail(call, kScriptBadArgument, kInvalidQuantity, selector.word);
-  if (impulsive) {
-    selector.iqnt = index;
-    selector.form = TailForm::plain;
-    return kScriptOk;
-  }
-  const auto row = static_cast<std::size_t>(index - 1);
-  selector.iqnt = kSelectorQuantity[row];
+  const SelectorRow& row = rows[static_cast<std::size_t>(index - 1)];
+  selector.iqnt = row.iqnt;
   selector.form = TailForm::plain;
-  if (StartsWith(kSelectors[row], "POINT")) selector.form = TailForm::point;
-  if (kSelectors[row] == "POINT_MISS") selector.form = TailForm::missile;
+  if (StartsWith(row.word, "POINT")) selector.form = TailForm::point;
+  if (row.word == "POINT_MISS") selector.form = TailForm::missile;
   return kScriptOk;
 }
 

@@ -12,16 +12,20 @@ namespace zaview {
 
 inline constexpr int kSelectAll = 0, kSelectNone = -1, kSelectOff = -2;
 
-// Takes the next word of the line: kSelectAll for ALL, kSelectOff for OFF, the index (from 1) of the last name that
-// is the same in capitals, or kSelectNone. word: as typed.
-[[nodiscard]] int ParseQuantitySpecifier(WordScanner& scanner, std::span<const std::string_view> names,
-                                         std::string& word);
+struct SelectorRow {
+  std::string_view word;
+  int iqnt;  // number in the quantity catalogue
+};
+
+// Takes the next word of the line: kSelectAll for ALL, kSelectOff for OFF, the index (from 1) of the last row whose
+// word is the same in capitals, or kSelectNone. word: as typed.
+[[nodiscard]] int ParseQuantitySpecifier(WordScanner& scanner, std::span<const SelectorRow> rows, std::string& word);
 
 enum class TailForm : unsigned char { plain, point, missile };
 
 struct Selector {
   std::string word;  // as typed
-  int iqnt = 0;      // number in the quantity catalogue
+  int iqnt = 0;
   TailForm form = TailForm::plain;
 };
 
