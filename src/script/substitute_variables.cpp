@@ -100,7 +100,7 @@ bool ParseAssignment(std::string_view line, Assignment& assignment) {
   if (InQuotes(line, eq, '"') || InQuotes(line, eq, '\'')) return false;
   const std::string_view name = WithoutDoubleQuotes(Trim(line.substr(0, eq)));
   assignment.fault = name.empty();
-  if (assignment.fault || name.find(' ') != std::string_view::npos) return false;
+  if (assignment.fault || name.find_first_of(" \t") != std::string_view::npos) return false;
   assignment.name = name;
   assignment.value = WithoutDoubleQuotes(Trim(line.substr(eq + 1)));
   return true;

@@ -17,7 +17,7 @@ struct Assignment {
   bool fault = false;  // it looks like an assignment but has no name
 };
 
-// Is the line `name = value`? Not if a blank is in the name, or the `=` stands in quotes or in column 1.
+// Is the line `name = value`? Not if a blank or tab is in the name, or the `=` stands in quotes or in column 1.
 [[nodiscard]] bool ParseAssignment(std::string_view line, Assignment& assignment);
 
 // Leaves the lines that are no assignments, blanks at their ends dropped. False: message tells why.
