@@ -92,7 +92,7 @@ bool ParseRealList(WordScanner& scanner, int n, std::vector<float>& values) {
 
 int StepCount(float value) {
   constexpr double kLargest = 2147483647.0;
-  return static_cast<int>(std::clamp(static_cast<double>(value) + 0.5, -kLargest, kLargest));
+  return static_cast<int>(std::clamp(std::floor(static_cast<double>(value) + 0.5), -kLargest, kLargest));
 }
 
 }  // namespace zaview

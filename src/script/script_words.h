@@ -31,7 +31,8 @@ struct WordScanner {
 // at most -n. Each must be a number from end to end. False: a bad number, or (n > 0) the text ends.
 [[nodiscard]] bool ParseRealList(WordScanner& scanner, int n, std::vector<float>& values);
 
-// Step counts: int(x + 0.5), limited to the range of int.
+// Step counts: x + 0.5 with its fraction dropped, downwards, so that -1 stays a negative count and can be refused.
+// Limited to the range of int.
 [[nodiscard]] int StepCount(float value);
 
 }  // namespace zaview

@@ -82,6 +82,7 @@ TEST(ScriptWords, StepCounts) {
   EXPECT_EQ(StepCount(3.6F), 4);
   EXPECT_EQ(StepCount(3.4F), 3);
   EXPECT_EQ(StepCount(-0.4F), 0);
+  EXPECT_EQ(StepCount(-1.0F), -1);  // dropped towards 0 it would pass for none
   EXPECT_EQ(StepCount(1e30F), 2147483647);
   EXPECT_EQ(StepCount(-1e30F), -2147483647);
 }
