@@ -70,6 +70,10 @@ void SayTrim(const Console& console, const TrimOutcome& outcome) {
     Say(console, "WRN500 - Last {} time steps trimmed from incomplete ZAVO run", outcome.abort_trim);
     for (const std::string_view line : kRestoreHint) SayLine(console, line);
   }
+  SayTrimWhole(console, outcome);
+}
+
+void SayTrimWhole(const Console& console, const TrimOutcome& outcome) {
   if (!outcome.whole) return;
   for (const std::string_view line : kTrimWhole) SayLine(console, line);
 }

@@ -17,8 +17,9 @@ struct TrimOutcome {
 };
 [[nodiscard]] TrimOutcome ApplyTrim(const OutputSettings& settings, CaseStore& case_store);
 
-// WRN500 and WRN501 for an outcome.
+// WRN500 and WRN501 for an outcome; the second alone where a command trims anew.
 void SayTrim(const Console& console, const TrimOutcome& outcome);
+void SayTrimWhole(const Console& console, const TrimOutcome& outcome);
 
 // irf_case, tadm_case by MOTYPE and MIXED.
 void SetCaseFlags(CaseStore& case_store);

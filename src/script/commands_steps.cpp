@@ -32,15 +32,10 @@ bool ReadOne(ScriptCall& call, int n, float& value) {
   return true;
 }
 
-void KeepCurrentStep(CaseStore& case_store) {
-  case_store.current_step = std::max(case_store.first_step, std::min(case_store.current_step, case_store.last_step));
-}
-
 // Trims anew. The result has no abort_trim where nothing of an incomplete run was trimmed for that reason.
 TrimOutcome Retrim(Session& session) {
   const TrimOutcome outcome = ApplyTrim(session.output, session.case_store);
-  if (outcome.whole) SayLine(session.platform.console, "WRN501 - Specified trimming would elminate time history");
-  KeepCurrentStep(session.case_store);
+  SayTrimWhole(session.platform.console, outcome);
   return outcome;
 }
 
@@ -92,7 +87,7 @@ int RunSetSteps(ScriptCall& call) {
   if (counts.size() > 1 && counts[1] >= std::max(store.first_read, 1) && counts[1] <= store.last_read)
     store.last_step = counts[1];
   store.last_step = std::max(store.first_step, store.last_step);
-  KeepCurrentStep(store);
+  store.current_step = std::clamp(store.current_step, store.first_step, store.last_step);
   Say(call.console(), "Output set to time steps {} to {}", store.first_step, store.last_step);
   return kScriptOk;
 }
