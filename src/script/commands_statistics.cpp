@@ -20,12 +20,6 @@ inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical o
 inline constexpr std::string_view kStatRefused =
     "ERROR - Time history statistics quantity {1} not valid for this output file";
 
-// The statistics that have an interval: mean to 1/nth double amplitude, SSA, and the table of all.
-bool HasInterval(int number) {
-  constexpr int kLastAmplitude = 11, kSsa = 24;
-  return (number >= kStatTable && number <= kLastAmplitude) || number == kSsa;
-}
-
 int ReadStatistic(ScriptCall& call, StatisticName& statistic) {
   const std::string word = NextScriptWord(call.words, kKeyword);
   statistic = FindStatistic(word);

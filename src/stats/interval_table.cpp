@@ -45,10 +45,6 @@ constexpr IntervalRow kRows[] = {
     {kSsa,      " SSA           "},
 };
 
-bool HasInterval(int number) {
-  return std::any_of(std::begin(kRows), std::end(kRows), [number](const IntervalRow& r) { return r.number == number; });
-}
-
 using Cells = std::array<float, 4>;  // half width, low, estimate, high
 
 struct IntervalValues {
@@ -189,10 +185,15 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
 
 }  // namespace
 
+bool HasInterval(int number) {
+  if (number == kStatTable) return true;
+  return std::any_of(std::begin(kRows), std::end(kRows), [number](const IntervalRow& r) { return r.number == number; });
+}
+
 TableFault WriteIntervals(const Console& console, const OutputSettings& settings, const StatRequest& request,
                           CaseStore& case_store, OutputFile& out) {
   const int number = request.statistic.number;
-  if (number != kStatTable && !HasInterval(number)) {
+  if (!HasInterval(number)) {
     Say(console, kNoInterval, number);
     return TableFault::said;
   }

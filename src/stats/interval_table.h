@@ -5,6 +5,9 @@
 
 namespace zaview {
 
+// The statistics that have an interval: mean to 1/nth double amplitude, SSA, and 0, the table of all.
+[[nodiscard]] bool HasInterval(int number);
+
 // request.statistic 0: the table (request.text not blank, or several curves: with the column "Quantity"); 1 to 11 and
 // 24: one line, text, half width, low, estimate, high.
 [[nodiscard]] TableFault WriteIntervals(const Console& console, const OutputSettings& settings,
