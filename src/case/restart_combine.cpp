@@ -163,8 +163,9 @@ bool SameGeometry(const CaseStore& old, const CaseStore& fresh) {
   const ControlRecords& a = old.control;
   const ControlRecords& b = fresh.control;
   return a.MOTYPE != kImpulsive && b.MOTYPE != kImpulsive && std::max(1, old.NSHIP) == std::max(1, fresh.NSHIP) &&
-         a.FGEOM == b.FGEOM && SameTransformation(a, b) && a.components.size() == b.components.size() &&
-         SameScales(a, b) && SameFiles(old.geometry_files, fresh.geometry_files) && SameCuts(old.loads, fresh.loads);
+         old.ship == fresh.ship && a.FGEOM == b.FGEOM && SameTransformation(a, b) &&
+         a.components.size() == b.components.size() && SameScales(a, b) &&
+         SameFiles(old.geometry_files, fresh.geometry_files) && SameCuts(old.loads, fresh.loads);
 }
 
 std::int64_t LongestGap(const CaseStore& old, const CaseStore& fresh) {
