@@ -272,12 +272,64 @@ void YCuts(RunSpec& spec) {
   SetFill(motions, spec);
 }
 
+// The kernel of impulsive runs: exp(-t/2) cos(w t).
+double Kernel(double w, double t) {
+  return std::exp(-0.5 * t) * std::cos(w * t);
+}
+
+// `count` lists: time at steps of 0.1, then shares of the kernels, six of w 2, six (of a diffraction record) of w 1.5.
+void AppendResponse(std::string_view label, int count, std::span<const double> shares, RunSpec& spec) {
+  const size_t number = static_cast<size_t>(
+      1 + std::count_if(spec.irf_lines.begin(), spec.irf_lines.end(), [](const auto& line) { return line[0] == '!'; }));
+  spec.irf_lines.push_back(fmt::format("!IRF{:4}        {}, ship 1, {} steps (no aij, etc.)", number, label, count));
+  for (int i = 0; i < count; ++i) {
+    std::string line = fmt::format("{:.1f}", 0.1 * i);
+    for (size_t k = 0; k < shares.size(); ++k)
+      line += fmt::format(" {:.8E}", shares[k] * Kernel(k < 6 ? 2.0 : 1.5, 0.1 * i));
+    spec.irf_lines.push_back(line);
+  }
+}
+
+void ImpulseResponses(RunSpec& spec) {
+  spec.title = "Impulse responses exp(-t/2) cos(w t), w 2, Froude-Krylov 1.5";
+  spec.motype = 1;
+  spec.nstep = 31;
+  spec.steps = 0;
+  const double heave[] = {0, 0, 0.004, 0, 0.001, 0};
+  const double head[] = {0.002, 0, 0.003, 0, -0.0005, 0, 0, 0, 0.008, 0, 0.0025, 0};
+  AppendResponse("radiation in heave", 31, heave, spec);
+  spec.irf_lines.push_back("!IRF   2        added mass, ship 1, 0 steps (with aij, etc.)");
+  for (int row = 0; row < 18; ++row) {  // added mass, damping, stiffness: diagonals 0.001 .. 0.018
+    std::string line;
+    for (int k = 0; k < 6; ++k) line += k == row % 6 ? fmt::format(" {:.3f}", 0.001 * (row + 1)) : " 0.0";
+    spec.irf_lines.push_back(line);
+  }
+  AppendResponse("diffraction head, heading 180.0", 31, head, spec);
+  spec.irf_lines.push_back("!END OF INPUT FILE ECHO");
+}
+
+void TransientAddedMass(RunSpec& spec) {
+  spec.title = "Impulse in heave: tadm exp(-t/2) cos 2t, fimp exp(-t/2) cos 1.5t";
+  spec.motype = 1;
+  spec.mixed = 2;
+  spec.nstep = spec.steps = 60;
+  spec.irf_lines = {"!END OF INPUT FILE ECHO"};
+  const double force = spec.rho * spec.grav * std::pow(spec.len, 3), moment = force * spec.len;
+  const double to_own = std::sqrt(spec.grav / spec.len);
+  spec.fill = [=](int, double time, std::span<float> values) {
+    std::fill(values.begin(), values.end(), 0.0F);
+    values[2] = static_cast<float>(0.004 * Kernel(2, time * to_own) * force);
+    values[4] = static_cast<float>(0.001 * Kernel(2, time * to_own) * moment);
+    values[8] = static_cast<float>(0.0005 * Kernel(1.5, time * to_own) * force);
+  };
+}
+
 struct Sample {
   std::string_view name;
   void (*make)(RunSpec& spec);
 };
 
-constexpr std::array<Sample, 8> kSamples = {
+constexpr std::array<Sample, 10> kSamples = {
     {
      {"regular_head", RegularHead},
      {"irregular_head", IrregularHead},
@@ -287,6 +339,8 @@ constexpr std::array<Sample, 8> kSamples = {
      {"equal_times", EqualTimes},
      {"restarted", Restarted},
      {"y_cuts", YCuts},
+     {"impulse_responses", ImpulseResponses},
+     {"transient_added_mass", TransientAddedMass},
      }
 };
 

@@ -125,7 +125,7 @@ void AppendNames(const RunSpec& spec, std::string& out) {
 
 void AppendRun(const RunSpec& spec, std::string& out) {
   Line(out, "!13 ZVOTYP (1-4)  MOTYPE (forced/impulsive/free)  MIXED (Rankine/mixed/IRF)");
-  Line(out, fmt::format("1 {} 0", spec.motype));
+  Line(out, fmt::format("1 {} {}", spec.motype, spec.mixed));
   Line(out, "!13 (cont) IFSMIX NXFS NYFS  IMSMIX NXMS NZMS - mixed-source surface points\n6*0");
   Line(out, "!13 (cont) XMIX  YMIX  ZMIX - mixed-source surface extent\n3*0.0");
   Line(out, "!13 (cont) FIRF0 - Root name for impulse response function files\n");
@@ -144,7 +144,8 @@ void AppendRun(const RunSpec& spec, std::string& out) {
   Line(out, Reals(spec.ampm));
   Line(out, "!19 OMEGM(1:6) Frequency for forced sinusoidal motion (if MOTYPE=0)");
   Line(out, Reals(spec.omegm));
-  Line(out, "!20 SWTCH(1:6) Sets which modes of motion will be considered\n6*1");
+  Line(out, "!20 SWTCH(1:6) Sets which modes of motion will be considered");
+  Line(out, spec.motype == 1 ? "0 0 1 0 0 0" : "6*1");  // an impulse in heave
   Line(out, "!21 ISEA - Seaway specifier");
   for (const std::string& line : spec.seaway) Line(out, line);
 }
@@ -238,6 +239,7 @@ void AppendSteps(const RunSpec& spec, int begin, int end, std::string& text) {
 }  // namespace
 
 int ValuesPerStep(const RunSpec& spec) {
+  if (spec.motype == 1) return 12;
   const int x = LoadCount(spec.x_kinds, spec.x_cuts.size()), y = LoadCount(spec.y_kinds, spec.y_cuts.size());
   if (IsGyre(spec)) return 42 + x;
   if (IsCurrent(spec.version)) return 51 + 2 * x + 2 * y;
@@ -246,7 +248,8 @@ int ValuesPerStep(const RunSpec& spec) {
 }
 
 double StepTime(const RunSpec& spec, int step) {
-  return (spec.tinit + (step - 1) * spec.dth) * std::sqrt(spec.grav / spec.len);
+  const double time = spec.tinit + (step - 1) * spec.dth;
+  return spec.motype == 1 ? time : time * std::sqrt(spec.grav / spec.len);  // impulsive runs: in output units
 }
 
 std::string HeaderText(const RunSpec& spec) {
@@ -259,6 +262,7 @@ std::string HeaderText(const RunSpec& spec) {
   AppendRun(spec, out);
   AppendShip(spec, out);
   AppendDerived(spec, out);
+  for (const std::string& line : spec.irf_lines) Line(out, line);
   return out;
 }
 

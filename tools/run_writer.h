@@ -17,7 +17,8 @@ struct RunSpec {
   std::string version_line = " VERSION   : 4.1.7 / April 28, 2022";  // blank: none
   std::string kind_line = " ZAVO Primary Output File";
   int version = 417;             // decides layout of derived data and steps
-  int motype = 2;                // 0 forced, 2 free
+  int motype = 2;                // 0 forced, 1 impulsive, 2 free
+  int mixed = 0;                 // of impulsive runs: 2 transient added mass, else impulse response functions alone
   int nstep = 100;               // planned (NSTEP of the control text)
   int steps = 100;               // written
   int irst = 0, first_step = 1;  // a restarted part begins at first_step
@@ -30,17 +31,19 @@ struct RunSpec {
   std::vector<std::string> modules;                           // lines behind record 33
   std::array<int, 3> x_kinds{}, y_kinds{};                    // switches
   std::vector<std::array<double, 3>> x_cuts, y_cuts;          // input units
+  std::vector<std::string> irf_lines;                         // of impulsive runs: behind the header, to the end line
   int values_per_line = 6;                                    // 0: a whole step on one line
   int equal_time_at = 0;       // this step gets the time of the step ahead of it; 0: none
   bool cut_last_step = false;  // the file ends in the middle of the last step
-  // Fills the reals of step i (from 1) behind the time, in file order: pmgg vmg acc force 1..5, loads, three scalars.
+  // Fills the reals of step i (from 1) behind the time, in file order: pmgg vmg acc force 1..5, loads, three scalars;
+  // of impulsive runs: tadm fimp, in output units.
   std::function<void(int step, double time, std::span<float> values)> fill;
   // Must depend on its arguments alone: long files call it from two threads.
 };
 
 [[nodiscard]] int ValuesPerStep(const RunSpec& spec);          // behind the time
-[[nodiscard]] double StepTime(const RunSpec& spec, int step);  // non-dimensional
-[[nodiscard]] std::string HeaderText(const RunSpec& spec);     // through the END_OF_HEADER line
+[[nodiscard]] double StepTime(const RunSpec& spec, int step);  // as in the file
+[[nodiscard]] std::string HeaderText(const RunSpec& spec);     // through END_OF_HEADER and irf_lines
 void AppendStep(const RunSpec& spec, int step, std::string& text);
 [[nodiscard]] std::string RunText(const RunSpec& spec);  // the whole file
 
