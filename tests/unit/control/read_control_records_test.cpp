@@ -191,6 +191,7 @@ TEST(ReadControlRecords, LinesFollowTheSwitches) {
       {30, {"1E-6 5", "1"},                                              [](auto& r) { return r.CFROLL3 == 1; }                     },
       {31, {"1", "1 2 3 4 5"},                                           [](auto& r) { return r.deadriseang == 5; }                 },
       {31, {"2", "1 2 3 4"},                                             [](auto& r) { return r.fact_hlift == 4; }                  },
+      {13, {"1,,0", "6*0", "3*0", ""},                                   [](auto& r) { return r.MOTYPE == 0; }                      }, // left out: 0, not the usual 2
       {33, {"1", "1 2 3 4 5 6 7 8 9 10 11"},                             [](auto& r) { return r.bilge_keels[0].chord_length == 11; }},
   };
   for (const auto& c : cases) {
@@ -222,6 +223,7 @@ TEST(ReadControlRecords, FaultsNameRecordAndLine) {
       {21, {"4", "-2 -2 0"},                 "ERROR - record 21 of the control data cannot be read"                     },
       {22, {"9.81 1025.0 0.0 1.0"},          "ERROR - record 22 of the control data cannot be read"                     },
       {22, {"9.81 NaN 1.0 1.0"},             "ERROR - record 22 of the control data cannot be read"                     },
+      {22, {"9.81 1025.0 /"},                "ERROR - record 22 of the control data cannot be read"                     }, // left out: 0
       {23, {"9.81 1025.0 Inf 1.0"},          "ERROR - record 23 of the control data cannot be read"                     },
       {28, {"-1"},                           "ERROR - record 28 of the control data cannot be read"                     },
       {29, {"0 0 0 2000000000 0"},           "ERROR - record 29 of the control data cannot be read"                     },
