@@ -47,7 +47,13 @@ bool NextRawLine(LineSource& source, std::string_view& line) {
   BlockStream& stream = *source.stream;
   source.line.clear();
   bool any = false, returned = false;
+  const std::int64_t begin = stream.offset;
   for (;;) {
+    if (stream.offset - begin > static_cast<std::int64_t>(kLongestLine)) {
+      stream.begin = stream.end;
+      stream.at_end = stream.fault = true;
+      return false;
+    }
     if (stream.begin == stream.end && !FillStream(stream, kLineRoom)) break;
     any = true;
     const char* const text = stream.buffer.data() + stream.begin;

@@ -36,7 +36,8 @@ struct LineSource {
   std::string line;              // the line given last, as far as it is kept
 };
 
-inline constexpr std::size_t kKeptLine = 4096;  // columns kept of a line; the rest is passed over
+inline constexpr std::size_t kKeptLine = 1U << 20U;      // columns kept of a line; the rest is passed over
+inline constexpr std::size_t kLongestLine = 64U << 20U;  // a longer one is no text: counts as a fault of the file
 
 // The next raw line: up to LF, a CR and all behind it dropped; a last line without LF is a line. False at the end.
 [[nodiscard]] bool NextRawLine(LineSource& source, std::string_view& line);

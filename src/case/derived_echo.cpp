@@ -23,6 +23,7 @@ bool ReadInteger(HeaderText& text, int& value) {
 }
 
 bool ReadTriple(HeaderText& text, Triple& value) {
+  value = {};  // also in the row that many geometry files share
   return ReadReals(ListsOf(text), value) == ListStatus::ok;
 }
 

@@ -9,12 +9,13 @@
 namespace zaview {
 namespace {
 
-constexpr std::size_t kPreambleLine = 80;  // columns of a preamble line that are looked at
+constexpr std::size_t kPreambleLine = 80;                  // columns of a preamble line that are looked at
+constexpr std::int64_t kPreambleBytes = 16 * 1024 * 1024;  // more is no preamble: an endless pipe or device ends here
 
-// False: the file ends, or another section begins, ahead of the control text.
+// False: the file or what may be preamble ends, or another section begins, ahead of the control text.
 bool ScanPreamble(LineSource& source, VersionLabel& label, FileKind& kind) {
   std::string_view line;
-  while (NextRawLine(source, line)) {
+  while (source.stream->offset < kPreambleBytes && NextRawLine(source, line)) {
     line = line.substr(0, kPreambleLine);
     const Delimiter delimiter = DelimiterOf(line);
     if (delimiter == Delimiter::input_file_echo) return true;
@@ -66,12 +67,14 @@ HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const 
     return HeaderStatus::failed;
   }
   HeaderText parsing{&source};
+  parsing.columns = kKeptLine;
   if (ReadParsingData(console, parsing, fresh) != SectionStatus::ok) return HeaderStatus::failed;
   if (!SkipTo(parsing, Delimiter::derived_data_echo)) {
     SayLine(console, kDerivedError);
     return HeaderStatus::failed;
   }
   HeaderText derived{&source};
+  derived.columns = kKeptLine;
   return ReadDerivedData(console, derived, fresh) == SectionStatus::ok ? HeaderStatus::ok : HeaderStatus::failed;
 }
 

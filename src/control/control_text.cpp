@@ -71,7 +71,7 @@ TextEvent NextTextLine(HeaderText& text, std::string_view& line) {
     return End(text, TextEvent::delimiter);
   }
   if (StartsWith(raw, kEndOfText)) return End(text, TextEvent::end_of_text);
-  line = raw.substr(0, kControlLine);
+  line = raw.substr(0, text.columns);
   return TextEvent::line;
 }
 

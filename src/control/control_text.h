@@ -36,9 +36,10 @@ struct HeaderText {  // one section that is being read
   std::int64_t lines_left = kSectionLines;
   TextEvent ended = TextEvent::line;  // what ended the section, told again on every call; line: still going on
   Delimiter delimiter = Delimiter::none;
+  std::size_t columns = kControlLine;  // longer lines are cut; kKeptLine where a list may stand on one line
 };
 
-// The next line cut at kControlLine, comments included. The view lives until the next call.
+// The next line cut at text.columns, comments included. The view lives until the next call.
 [[nodiscard]] TextEvent NextTextLine(HeaderText& text, std::string_view& line);
 // The next line that exists, without its comment.
 [[nodiscard]] TextEvent NextDataLine(HeaderText& text, std::string_view& line);

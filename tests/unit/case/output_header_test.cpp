@@ -1,5 +1,8 @@
 #include "case/output_header.h"
 
+#include <cstdint>
+#include <cstring>
+
 #include <gtest/gtest.h>
 
 #include "case/version_label.h"
@@ -162,6 +165,38 @@ TEST(OutputHeader, OtherCountsOfShipsAndGeometryFiles) {
   EXPECT_EQ(out.status, HeaderStatus::ok) << out.console;
   ASSERT_EQ(out.fresh.geometry_files.size(), 1000U);
   EXPECT_EQ(out.fresh.geometry_files[999].GROT, (Triple{5, 5, 5}));
+
+  HeaderDraft wide;  // lists on one line, far beyond the columns of a control line
+  wide.parsing = "1\n5000\n";
+  for (int i = 0; i < 4999; ++i) wide.parsing += "3 ";
+  wide.parsing += "4\n5000*0\n15000*0\n";
+  for (int i = 1; i < 15000; ++i) wide.parsing += "3*0\n";
+  wide.rest = "7" + std::string(1000, ' ') + "8\n";
+  out = Read(wide.Text());
+  ASSERT_EQ(out.status, HeaderStatus::ok) << out.console;
+  EXPECT_EQ(out.fresh.geometry_files[998].NCOMPR, 3);
+  EXPECT_EQ(out.fresh.geometry_files[999].NCOMPR, 4);
+  EXPECT_EQ(out.fresh.unnamed_derived, (std::vector<std::vector<double>>{
+                                           {7, 8}
+  }));
+}
+
+// A device or a pipe that gives one byte for ever.
+template <char byte>
+std::int64_t ReadEndless(void*, FileHandle, char* to, std::size_t size) {
+  std::memset(to, byte, size);
+  return static_cast<std::int64_t>(size);
+}
+
+TEST(OutputHeader, EndlessFilesAreGivenUp) {
+  for (auto* const read : {ReadEndless<'\n'>, ReadEndless<'\0'>}) {
+    TextFile file("");
+    file.platform.files.read = read;
+    CaseStore fresh;
+    EXPECT_EQ(ReadOutputHeader(file.platform.console, file.source, "run.out", fresh), HeaderStatus::failed);
+    EXPECT_EQ(file.fake.output.substr(0, 6), "ERR407");
+    EXPECT_LT(file.stream.buffer.size(), 200'000U);
+  }
 }
 
 constexpr std::string_view kParsing407 = "ERR407 - Error reading file parsing data\n";
