@@ -27,7 +27,7 @@ CleanFault CopyLines(LineSource& source, std::vector<std::string>* full, std::ve
       return CleanFault::too_long;
     if (full != nullptr && !Append(*full, std::string(line))) return CleanFault::too_long;
   }
-  return CleanFault::none;
+  return source.stream->fault ? CleanFault::read_error : CleanFault::none;
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ struct CleanLine {
 // The text ahead of the first `!`. False: `!` stands in column 1, the line doesn't reach the clean text at all.
 [[nodiscard]] bool WithoutComment(std::string_view line, std::string_view& text);
 
-enum class CleanFault : std::uint8_t { none, cannot_open, too_long };
+enum class CleanFault : std::uint8_t { none, cannot_open, read_error, too_long };
 
 // Lines of the file `name` without comments; full (may be null) takes every line as it stands.
 [[nodiscard]] CleanFault CopyCleanText(const Files& files, const std::string& name, std::vector<std::string>* full,

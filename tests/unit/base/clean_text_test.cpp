@@ -51,6 +51,10 @@ TEST(CleanText, LineNumbersAndMissingFile) {
   ASSERT_EQ(clean.size(), 1U);
   EXPECT_EQ(clean[0].number, 3);
   EXPECT_EQ(CopyCleanText(fake.Get().files, "none", nullptr, clean), CleanFault::cannot_open);
+
+  Files broken = fake.Get().files;
+  broken.read = [](void*, FileHandle, char*, std::size_t) { return std::int64_t{-1}; };
+  EXPECT_EQ(CopyCleanText(broken, "t", nullptr, clean), CleanFault::read_error) << "must not pass for a short text";
 }
 
 }  // namespace
