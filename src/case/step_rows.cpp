@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <span>
-#include <system_error>
 
 namespace zaview {
 
@@ -123,7 +123,7 @@ RowThread::~RowThread() {
 bool RowThread::Begin() {
   try {
     thread_ = std::thread([this] { Run(); });
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {  // no thread, or no memory for one
     return false;
   }
   return true;
