@@ -133,7 +133,7 @@ Content ReadContent(const Platform& platform, const ReadRequest& request, FileHa
   if (fresh.irf_case) return Content::impulse_responses;
   if (fresh.nstep_expected == 0) return Content::geometry_only;
   if (NoTextLeft(stream)) {
-    steps.end = StepsEnd::no_record;
+    steps.end = stream.fault ? StepsEnd::bad_value : StepsEnd::no_record;
     return Content::steps;
   }
   Say(console, "Reading time history data from {}", name);

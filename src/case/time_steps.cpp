@@ -256,11 +256,16 @@ void NoteLines(StepReader& r, const StepRows& rows) {
   r.lines = CountLineEnds(rows.last_begin, rows.last_end);
 }
 
+// Where a read failed the text is cut, not ended: a number that was being read there is not whole.
+[[nodiscard]] bool AtTextEnd(const BlockStream& stream) {
+  return stream.at_end && !stream.fault;
+}
+
 // Steps from [begin, finish), by both threads if the start of a step in the middle can be guessed. What the second
 // one made is taken only if the first one, going through the text in order, ends a step at just that place.
 // False: the read is over.
 [[nodiscard]] bool TakeStretch(StepReader& r, const char* begin, const char* finish) {
-  TextStretch text{begin, finish, finish, r.stream.at_end};
+  TextStretch text{begin, finish, finish, AtTextEnd(r.stream)};
   const char* guess = nullptr;
   if (r.second != nullptr && r.rows.under_way()) {
     text.stop = begin;
@@ -271,7 +276,7 @@ void NoteLines(StepReader& r, const StepRows& rows) {
     text.stop = guess;
     r.ahead.count = r.ahead.lists_taken = 0;
     r.ahead.scan = {};
-    r.second->Start({guess, finish, finish, r.stream.at_end}, r.shape, r.ahead);
+    r.second->Start({guess, finish, finish, text.last}, r.shape, r.ahead);
   }
   ScanRows(text, r.shape, r.rows);
   if (guess != nullptr && !r.second->Finish()) guess = nullptr;
@@ -294,7 +299,7 @@ void FillBlock(BlockStream& stream, std::size_t block) {
 
 void SetEnd(StepReader& r) {
   r.result.begun = true;
-  if (r.rows.end == ScanEnd::error) {
+  if (r.rows.end == ScanEnd::error || r.stream.fault) {
     r.result.end = StepsEnd::bad_value;
     r.result.fault_offset = r.stream.offset;
     return;
@@ -315,7 +320,7 @@ void ReadSteps(StepReader& r, const StepProgress& progress, std::size_t block) {
       if (!goes_on) return;
     } while (r.rows.end == ScanEnd::complete);
     if (progress.taken != nullptr) progress.taken(progress.self, r.stream.offset);
-    if (r.rows.end == ScanEnd::more) continue;
+    if (r.rows.end == ScanEnd::more && !r.stream.fault) continue;
     SetEnd(r);
     return;
   }

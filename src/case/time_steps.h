@@ -15,7 +15,7 @@ enum class StepsEnd : std::uint8_t {
   complete,       // NSTEP reached
   no_record,      // the file ends where the first step should begin
   file_end,       // the file ends after (or inside the step after) the last step kept
-  bad_value,      // a value can't be read in the step after the last kept
+  bad_value,      // a value, or the file itself, can't be read in the step after the last kept
   not_ascending,  // the step after the last kept has no later time
   out_of_memory
 };

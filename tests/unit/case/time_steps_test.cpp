@@ -47,6 +47,30 @@ std::string Step(double time, int per_line, int reals = kPlain) {
   return text + '\n';
 }
 
+// A read from the disk fails in the middle of a number: the steps before stay, and half a number is none.
+TEST(TimeSteps, FailingReadIsNoEndOfFile) {
+  for (const unsigned threads : {1U, 2U}) {
+    FakePlatform fake;
+    std::string text;
+    for (int i = 1; i <= 40; ++i) text += Step(i, kPlain);
+    const std::size_t whole = text.size();
+    text += Step(41, kPlain);
+    fake.Put("run.out", text.substr(0, text.size() - 3));
+    Files files = fake.Get().files;
+    files.read = [](void* self, FileHandle file, char* to, std::size_t size) {
+      FakePlatform& machine = FakePlatform::Of(self);
+      const std::int64_t n = machine.Get().files.read(self, file, to, size);
+      return n == 0 ? std::int64_t{-1} : n;
+    };
+    BlockStream stream;
+    StartStream(stream, files, files.open_read(files.self, "run.out"));
+    CaseStore fresh = Planned(100);
+    const StepsRead steps = ReadTimeSteps(stream, -1, fresh, {}, threads, whole / 3);
+    EXPECT_EQ(steps.end, StepsEnd::bad_value);
+    EXPECT_EQ(steps.kept, 40);
+  }
+}
+
 TEST(TimeSteps, EachRealHasItsPlace) {
   CaseStore fresh = Planned(100);
   fresh.loads.NBCA = 2;
