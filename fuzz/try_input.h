@@ -15,8 +15,12 @@ inline std::pair<std::string_view, std::string_view> TwoFiles(std::string_view i
   return {input.substr(0, border + 1), input.substr(border + kBorder.size())};
 }
 
-// input: a primary output file; the second file is what it names: its companion, a module's file, its hull.
+// input: a primary output file; the second file is what it names: its binary companion, or a module's file.
 void TryPrimaryFile(std::string_view input);
+// input: the control text of a run whose rest is good.
+void TryControlText(std::string_view input);
+// input: what stands behind the header of an impulsive run.
+void TryIrfSections(std::string_view input);
 // input: a script; the second file is what it includes.
 void TryScriptText(std::string_view input);
 

@@ -31,6 +31,18 @@ TEST(FuzzReplay, PrimaryFiles) {
   Replay("primary_file", TryPrimaryFile);
 }
 
+TEST(FuzzReplay, Companions) {
+  Replay("companion", TryPrimaryFile);
+}
+
+TEST(FuzzReplay, ControlTexts) {
+  Replay("control_text", TryControlText);
+}
+
+TEST(FuzzReplay, IrfSections) {
+  Replay("irf_sections", TryIrfSections);
+}
+
 TEST(FuzzReplay, ScriptTexts) {
   Replay("script_text", TryScriptText);
 }

@@ -1,9 +1,0 @@
-#include <cstddef>
-#include <cstdint>
-
-#include "fuzz/try_input.h"
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  zaview::TryPrimaryFile({reinterpret_cast<const char*>(data), size});
-  return 0;
-}
