@@ -44,6 +44,11 @@ bool FillStream(BlockStream& stream, std::size_t room) {
 }
 
 bool NextRawLine(LineSource& source, std::string_view& line) {
+  if (source.again) {
+    source.again = false;
+    line = source.line;
+    return true;
+  }
   BlockStream& stream = *source.stream;
   source.line.clear();
   bool any = false, returned = false;

@@ -34,6 +34,7 @@ struct LineSource {
   BlockStream* stream = nullptr;
   std::int64_t line_number = 0;  // of the line given last, from 1
   std::string line;              // the line given last, as far as it is kept
+  bool again = false;            // set: the line given last is given once more
 };
 
 inline constexpr std::size_t kKeptLine = 1U << 20U;      // columns kept of a line; the rest is passed over

@@ -2,6 +2,7 @@
 
 #include "base/message.h"
 #include "case/derived_echo.h"
+#include "case/ship_texts.h"
 #include "case/version_label.h"
 #include "control/control_text.h"
 #include "control/read_control_records.h"
@@ -32,7 +33,7 @@ bool SkipTo(HeaderText& text, Delimiter wanted) {
     const TextEvent event = NextTextLine(text, line);
     if (event == TextEvent::line) continue;
     if (event != TextEvent::end_of_text) return event == TextEvent::delimiter && text.delimiter == wanted;
-    text.ended = TextEvent::line;  // the control texts of further ships end in END_OF_FILE each
+    text.ended = TextEvent::line;  // left over from a text
   }
 }
 
@@ -57,12 +58,9 @@ HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const 
   if (ReadControlRecords(console, control, fresh.control) != ControlStatus::ok) return HeaderStatus::failed;
   fresh.nstep_expected = fresh.control.NSTEP;
 
-  bool found = control.delimiter == Delimiter::file_parsing_data;
-  if (control.delimiter == Delimiter::none) {
-    HeaderText further_ships{&source};
-    found = SkipTo(further_ships, Delimiter::file_parsing_data);
-  }
-  if (!found) {
+  FurtherTexts further;
+  if (control.delimiter == Delimiter::none) control.delimiter = ReadFurtherTexts(source, name, fresh.ship, further);
+  if (control.delimiter != Delimiter::file_parsing_data) {
     SayLine(console, kParsingError);
     return HeaderStatus::failed;
   }
@@ -75,7 +73,8 @@ HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const 
   }
   HeaderText derived{&source};
   derived.columns = kKeptLine;
-  return ReadDerivedData(console, derived, fresh) == SectionStatus::ok ? HeaderStatus::ok : HeaderStatus::failed;
+  if (ReadDerivedData(console, derived, fresh) != SectionStatus::ok) return HeaderStatus::failed;
+  return AdoptShipText(console, further, fresh) ? HeaderStatus::ok : HeaderStatus::failed;
 }
 
 }  // namespace zaview

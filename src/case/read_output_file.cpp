@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <thread>
 #include <utility>
 
 #include "base/line_source.h"
@@ -16,6 +14,7 @@
 #include "case/output_header.h"
 #include "case/output_scales.h"
 #include "case/plot_data.h"
+#include "case/read_steps.h"
 #include "case/restart_combine.h"
 #include "case/time_steps.h"
 #include "frame/prompts.h"
@@ -36,41 +35,10 @@ inline constexpr std::string_view kNotAscending = "ERR408 - Time step not ascend
 inline constexpr std::string_view kNoMoreSteps = "         Additional steps will not be available";
 inline constexpr std::string_view kNoMoreStepsError = "         Additional steps will be not be available";
 inline constexpr std::string_view kReadAborted = "         File read aborted";
+inline constexpr std::string_view kNotProgrammed = "oops - have not programmed this yet - contact Ned";
 inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 
 constexpr std::size_t kNameField = 256;  // columns; a longer name fails to open, it is never cut
-
-// Says how far a long read is: not before kQuietTime, then at most five times a second.
-struct ProgressLine {
-  const Platform* platform;
-  std::string_view name;
-  std::int64_t size;  // bytes; below 1: unknown
-  double next;        // when to show it again
-};
-constexpr double kQuietTime = 2.0;  // seconds
-constexpr double kShowEvery = 0.2;
-
-void ShowTaken(void* self, std::int64_t bytes) {
-  auto& line = *static_cast<ProgressLine*>(self);
-  const Clock& clock = line.platform->clock;
-  const double now = clock.seconds(clock.self);
-  if (now < line.next) return;
-  line.next = now + kShowEvery;
-  const double part = line.size > 0 ? static_cast<double>(bytes) / static_cast<double>(line.size) : 0.0;
-  const int percent = static_cast<int>(std::clamp(part, 0.0, 1.0) * 100.0);
-  const Console& console = line.platform->console;
-  console.show_progress(console.self, fmt::format("Reading {} {:>3} %", line.name, percent));
-}
-
-StepsRead ReadStepsWithProgress(const Platform& platform, BlockStream& stream, CaseStore& fresh) {
-  const std::int64_t size = platform.files.facts(platform.files.self, fresh.file_name).size;
-  ProgressLine line{&platform, fresh.file_name, size, platform.clock.seconds(platform.clock.self) + kQuietTime};
-  const StepProgress progress{&line, ShowTaken};
-  const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, 2U);
-  const StepsRead steps = ReadTimeSteps(stream, size, fresh, progress, threads);
-  platform.console.remove_progress(platform.console.self);
-  return steps;
-}
 
 // Nothing but white space is left. Takes the white space.
 bool NoTextLeft(BlockStream& stream) {
@@ -90,7 +58,6 @@ bool NoTextLeft(BlockStream& stream) {
 bool CheckHeader(const Console& console, const ReadRequest& request, CaseStore& fresh) {
   const ControlRecords& control = fresh.control;
   const int ships = std::max(1, fresh.NSHIP);
-  const int mode = control.AUXOUT[0];
   if (control.NSTEP < 0) {
     Say(console, "ERR425 - The ZAVO output file has NSTEP= {}", control.NSTEP);
     SayLine(console, "         File may be for an incompatible version of ZAVO");
@@ -98,20 +65,21 @@ bool CheckHeader(const Console& console, const ReadRequest& request, CaseStore& 
     Say(console, "ERROR - ship {} is not in the file (NSHIP= {})", request.ship, fresh.NSHIP);
   } else if (control.NSTEP == 0 || fresh.irf_case) {
     return true;  // no steps, so no layout to know
-  } else if (ships > 1) {
-    Say(console, "ERROR - time steps of {} ships cannot be read yet : {}", ships, fresh.file_name);
-  } else if (std::abs(mode) == 1 || std::abs(mode) == 2) {
-    Say(console, "ERROR - unformatted time steps (mode {}) cannot be read yet : {}", mode, fresh.file_name);
   } else {
     StepColumns columns;
     if (PrepareColumns(fresh, columns)) return true;
-    Say(console, "ERROR - time steps of {}VERSION {} cannot be read yet : {}", fresh.labels.gyre ? "GYRE " : "",
-        fresh.labels.VERSION, fresh.file_name);
+    SayLine(console, kNotProgrammed);
   }
   return false;
 }
 
-enum class Content : std::uint8_t { refused, geometry_only, impulse_responses, steps };  // refused: told
+enum class Content : std::uint8_t {
+  refused,  // told
+  geometry_only,
+  header_only,  // the steps are out of reach, told
+  impulse_responses,
+  steps
+};
 
 // Header and steps of an open file into a fresh store.
 Content ReadContent(const Platform& platform, const ReadRequest& request, FileHandle file, CaseStore& fresh,
@@ -132,12 +100,12 @@ Content ReadContent(const Platform& platform, const ReadRequest& request, FileHa
   if (!fresh.time_history() && ReadIrfSections(console, source, fresh) != IrfStatus::ok) return Content::refused;
   if (fresh.irf_case) return Content::impulse_responses;
   if (fresh.nstep_expected == 0) return Content::geometry_only;
+  if (CompanionMode(fresh) != 0) return ReadCompanion(platform, fresh, steps) ? Content::steps : Content::header_only;
   if (NoTextLeft(stream)) {
     steps.end = stream.fault ? StepsEnd::bad_value : StepsEnd::no_record;
     return Content::steps;
   }
-  Say(console, "Reading time history data from {}", name);
-  steps = ReadStepsWithProgress(platform, stream, fresh);
+  steps = ReadFormattedSteps(platform, stream, fresh);
   return Content::steps;
 }
 
@@ -230,6 +198,7 @@ ReadOutcome ReadOpened(const Platform& platform, const ReadRequest& request, con
                        const RunState& run, OutputSettings& settings, Held held) {
   CaseStore fresh;
   fresh.file_name = name;
+  fresh.ship = request.ship;
   StepsRead steps;
   const Content content = ReadContent(platform, request, file, fresh, steps);
   (void)platform.files.close(platform.files.self, file);  // nothing was written
@@ -237,7 +206,7 @@ ReadOutcome ReadOpened(const Platform& platform, const ReadRequest& request, con
   if (content == Content::steps) return TakeSteps(platform.console, request, run, steps, settings, fresh, held);
   if (content == Content::geometry_only && !held.case_store.has_case) SayLine(platform.console, kGeometryOnly);
   AcceptWithoutSteps(platform.console, settings, fresh, held);
-  return ReadOutcome::ok;
+  return content == Content::header_only ? ReadOutcome::failed : ReadOutcome::ok;
 }
 
 // The first of the names that opens, put into `name`.

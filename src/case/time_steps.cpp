@@ -1,139 +1,12 @@
 #include "case/time_steps.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 #include "base/grow.h"
-#include "base/number_parse.h"
 #include "case/step_rows.h"
-#include "control/input_scales.h"
 
 namespace zaview {
-namespace {
-
-// ---- Layouts
-
-enum class Field : std::uint8_t {
-  end,
-  list_end,
-  time,
-  pmgg,
-  vmg,
-  acc,
-  force,
-  x_loads,
-  y_loads,
-  rudder_cmd,
-  rudder_ang,
-  prop_rps
-};
-
-struct StepLayout {
-  int from, to;  // VERSION; 0 and below count as the newest
-  bool gyre;
-  std::array<Field, 16> fields;
-};
-
-constexpr int kNewest = std::numeric_limits<int>::max();
-
-constexpr StepLayout kLayouts[] = {
-    {362,
-     kNewest, false,
-     {Field::time, Field::pmgg, Field::vmg, Field::acc, Field::force, Field::x_loads, Field::y_loads, Field::rudder_cmd,
-      Field::rudder_ang, Field::prop_rps, Field::list_end}},
-};
-
-const StepLayout* FindLayout(const CaseStore& fresh) {
-  const int mode = std::abs(std::clamp(fresh.control.AUXOUT[0], -9, 9));
-  const bool unformatted = mode == 1 || mode == 2;
-  constexpr int kImpulsive = 1;
-  if (fresh.NSHIP > 1 || unformatted || fresh.control.MOTYPE == kImpulsive) return nullptr;
-  const int version = fresh.labels.VERSION <= 0 ? kNewest : fresh.labels.VERSION;
-  for (const StepLayout& layout : kLayouts)
-    if (layout.gyre == fresh.labels.gyre && version >= layout.from && version <= layout.to) return &layout;
-  return nullptr;
-}
-
-constexpr std::size_t kMotions = 6;
-constexpr std::size_t kForces = 30;  // five slots of six
-
-[[nodiscard]] bool AddHistory(StepHistory& history, std::size_t components, StepColumns& columns) {
-  history = {};
-  if (!Grow(history.component, components)) return false;
-  const std::size_t before = columns.column.size();
-  if (!Grow(columns.column, before + components)) return false;
-  for (std::size_t i = 0; i < components; ++i) columns.column[before + i] = &history.component[i];
-  return true;
-}
-
-[[nodiscard]] bool AddLoads(CaseStore& fresh, const std::vector<int>& kinds, int cuts, StepColumns& columns) {
-  const auto n = static_cast<std::size_t>(std::max(0, cuts));
-  for (const int kind : kinds) {
-    const auto k = static_cast<std::size_t>(std::clamp(kind, 1, 6) - 1);
-    if (!AddHistory(fresh.load_force[k], n, columns) || !AddHistory(fresh.load_moment[k], n, columns)) return false;
-  }
-  return true;
-}
-
-[[nodiscard]] bool AddField(CaseStore& fresh, Field field, StepColumns& columns) {
-  switch (field) {
-    case Field::end:
-    case Field::list_end:
-      return true;
-    case Field::time:
-      return AddHistory(fresh.time, 1, columns);
-    case Field::pmgg:
-      return AddHistory(fresh.pmgg, kMotions, columns);
-    case Field::vmg:
-      return AddHistory(fresh.vmg, kMotions, columns);
-    case Field::acc:
-      return AddHistory(fresh.acc, kMotions, columns);
-    case Field::force:
-      return AddHistory(fresh.force, kForces, columns);
-    case Field::x_loads:
-      return AddLoads(fresh, fresh.loads.x_kinds, fresh.loads.NBCA, columns);
-    case Field::y_loads:
-      return AddLoads(fresh, fresh.loads.y_kinds, fresh.loads.nycut, columns);
-    case Field::rudder_cmd:
-      return AddHistory(fresh.rudder_cmd, 1, columns);
-    case Field::rudder_ang:
-      return AddHistory(fresh.rudder_ang, 1, columns);
-    case Field::prop_rps:
-      return AddHistory(fresh.prop_rps, 1, columns);
-  }
-  return true;
-}
-
-void SetFirst(CaseStore& fresh, int first) {
-  for (StepHistory* history : {&fresh.time, &fresh.pmgg, &fresh.vmg, &fresh.acc, &fresh.force, &fresh.rudder_cmd,
-                               &fresh.rudder_ang, &fresh.prop_rps})
-    history->first = first;
-  for (StepHistory& history : fresh.load_force) history.first = first;
-  for (StepHistory& history : fresh.load_moment) history.first = first;
-}
-
-}  // namespace
-
-bool PrepareColumns(CaseStore& fresh, StepColumns& columns) {
-  columns = {};
-  const StepLayout* const layout = FindLayout(fresh);
-  if (layout == nullptr) return false;
-  std::size_t listed = 0;
-  for (const Field field : layout->fields) {
-    if (!AddField(fresh, field, columns)) {
-      columns = {};
-      return true;
-    }
-    if (field != Field::list_end) continue;
-    columns.lists.push_back(columns.column.size() - listed);
-    listed = columns.column.size();
-  }
-  return true;
-}
-
 namespace {
 
 // ---- Steps
@@ -152,17 +25,8 @@ struct StepReader {
   std::size_t worth = 0;  // bytes from which on two threads are worth it
 };
 
-// Step i has time TINIT + (i - 1) DTH; only a restarted part begins behind step 1.
-int FirstStep(const ControlRecords& control, float t1) {
-  if (control.IRST <= 0) return 1;
-  const double time_scale = InputScalesOf(control).time;
-  const double steps = (static_cast<double>(t1) - control.TINIT * time_scale) / (control.DTH * time_scale);
-  if (!std::isfinite(steps)) return 1;
-  return std::max(1, RoundToInt(1.0 + std::round(steps)));
-}
-
 void BeginSteps(StepReader& r, float t1) {
-  r.result.first = FirstStep(r.fresh.control, t1);
+  r.result.first = FirstStepIndex(r.fresh.control, static_cast<double>(t1) * StepTimeFactor(r.fresh));
   r.most = std::max<std::int64_t>(0, std::int64_t{r.fresh.control.NSTEP} - r.result.first + 1);
 }
 
@@ -345,9 +209,9 @@ StepsRead ReadTimeSteps(BlockStream& stream, std::int64_t file_size, CaseStore& 
   }
   if (threads > 1 && second.Begin()) r.second = &second;
   ReadSteps(r, progress, std::max<std::size_t>(block, 1));
-  for (std::vector<float>* column : r.columns.column)
-    if (column != nullptr) column->resize(static_cast<std::size_t>(r.result.kept));
-  SetFirst(fresh, r.result.first);
+  if (!FinishColumns(r.result.first, r.result.kept, fresh)) r.result.end = StepsEnd::out_of_memory;
+  for (float* const time : {&r.result.previous_time, &r.result.new_time})
+    *time = static_cast<float>(static_cast<double>(*time) * StepTimeFactor(fresh));
   return r.result;
 }
 

@@ -1,13 +1,13 @@
-// The step records. A layout is a row: what one list of a step holds, in order. Two threads convert a block where the
-// start of a list in its middle is certain; the result never depends on that.
+// The step records as text. Two threads convert a block where the start of a list in its middle is certain; the result
+// never depends on that.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 #include "base/line_source.h"
 #include "case/case_store.h"
+#include "case/step_columns.h"
 
 namespace zaview {
 
@@ -28,15 +28,6 @@ struct StepsRead {
   float previous_time = 0, new_time = 0;  // not_ascending
   std::int64_t fault_offset = -1;         // bad_value: byte of the item
 };
-
-// Where each of the reals of a step goes, in file order; null: it is dropped.
-struct StepColumns {
-  std::vector<std::vector<float>*> column;
-  std::vector<std::size_t> lists;  // reals of each list of a step; the first one begins with the time
-};
-// Makes the histories of fresh that the layout of its case fills, empty. False: no such layout yet. When memory is out
-// there are no columns, and ReadTimeSteps says so.
-[[nodiscard]] bool PrepareColumns(CaseStore& fresh, StepColumns& columns);
 
 // progress (may be null) is called now and then with the bytes taken so far, counted from the begin of the file.
 struct StepProgress {

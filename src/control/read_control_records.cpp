@@ -59,6 +59,7 @@ ControlStatus ReadControlRecords(const Console& console, ControlText& text, Cont
   RecordState state{records};
   for (const RecordRow& row : RecordRows()) {
     const RowStatus status = row.text != nullptr ? ReadTextRow(lines, row, records) : ReadListRow(lines, row, state);
+    text.delimiter = lines.delimiter;
     if (status != RowStatus::ok) return SayBadRow(console, text, lines, row, status, records);
   }
 

@@ -23,7 +23,7 @@ enum class ControlStatus : std::uint8_t { ok, failed };  // failed: the message 
 struct ControlText {  // where the text comes from
   LineSource* source = nullptr;
   std::string file_name;  // for messages
-  // What ended the text, if a delimiter line did; it has been taken.
+  // What ended the text, if a delimiter line did; it has been taken, also where a record can't be read.
   Delimiter delimiter = Delimiter::none;
 };
 

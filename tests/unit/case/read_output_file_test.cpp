@@ -161,14 +161,12 @@ TEST(ReadOutputFile, NamesTriedInOrder) {
 
 TEST(ReadOutputFile, RefusalsKeepTheHeldCase) {
   RunDraft negative = RunOf(-5, 0);
-  RunDraft impulsive = RunOf(3, 3);
-  impulsive.control.record[13][0] = "1 1 0";
-  RunDraft binary = RunOf(3, 3);
-  binary.control.record[11] = {"-2 19*0"};
   RunDraft two_ships = RunOf(3, 3);
   two_ships.ships = "2";
-  RunDraft old = RunOf(3, 3);
-  old.preamble = "RELEASE   : 3.5\n";
+  RunDraft old_impulsive = two_ships;
+  old_impulsive.preamble = "RELEASE   : 2.9.1\n";
+  old_impulsive.control.record[13][0] = "1 1 2";
+  old_impulsive.steps.insert(old_impulsive.steps.begin(), "!END OF INPUT FILE ECHO\n");
   const struct {
     std::string text;
     int ship;
@@ -176,12 +174,9 @@ TEST(ReadOutputFile, RefusalsKeepTheHeldCase) {
   } rows[] = {
       {negative.Text(), 1,
        "ERR425 - The ZAVO output file has NSTEP= -5\n         File may be for an incompatible version of ZAVO\n"},
-      {impulsive.Text(), 1, "ERROR - impulsive runs (MOTYPE 1) cannot be read yet : run.out\n"},
-      {binary.Text(), 1, "ERROR - unformatted time steps (mode -2) cannot be read yet : run.out\n"},
-      {two_ships.Text(), 2, "ERROR - time steps of 2 ships cannot be read yet : run.out\n"},
+      {old_impulsive.Text(), 2, "oops - have not programmed this yet - contact Ned\n"},
       {two_ships.Text(), 3, "ERROR - ship 3 is not in the file (NSHIP= 2)\n"},
       {RunOf(3, 3).Text(), 0, "ERROR - ship 0 is not in the file (NSHIP= 1)\n"},
-      {old.Text(), 1, "ERROR - time steps of VERSION 350 cannot be read yet : run.out\n"},
       {"nothing\n", 1,
        "ERR407 - Input echo section delimiters not found while reading run.out\n"
        "         File is probably not a ZAVO output file\n"},

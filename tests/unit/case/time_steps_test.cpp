@@ -112,36 +112,27 @@ TEST(TimeSteps, EachRealHasItsPlace) {
   }
 }
 
-TEST(TimeSteps, LayoutsThatAreKnown) {
-  struct Case {
-    int version, ships, mode, motype;
-    bool gyre, known;
+TEST(TimeSteps, ModesThatLeaveTheStepsInThePrimary) {
+  const struct {
+    int ships, mode, companion;
+  } cases[] = {
+      {1, 0,                               0},
+      {1, 1,                               1},
+      {1, -1,                              1},
+      {0, 2,                               2},
+      {1, -2,                              2},
+      {1, 3,                               0},
+      {1, std::numeric_limits<int>::min(), 0},
+      {2, 1,                               0},
+      {2, 2,                               0},
+      {3, -1,                              1},
+      {2, -2,                              2},
   };
-  const Case cases[] = {
-      {417, 1, 0,                               2, false, true },
-      {362, 0, 0,                               0, false, true },
-      {361, 1, 0,                               2, false, false},
-      {0,   1, 0,                               2, false, true },
-      {-1,  1, 0,                               2, true,  false},
-      {-1,  1, 0,                               2, false, true },
-      {417, 2, 0,                               2, false, false},
-      {417, 1, 1,                               2, false, false},
-      {417, 1, -2,                              2, false, false},
-      {417, 1, 3,                               2, false, true },
-      {417, 1, 0,                               1, false, false},
-      {291, 1, 0,                               2, false, false},
-      {417, 1, std::numeric_limits<int>::min(), 2, false, true },
-  };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     CaseStore fresh;
-    fresh.labels.VERSION = c.version;
-    fresh.labels.gyre = c.gyre;
     fresh.NSHIP = c.ships;
     fresh.control.AUXOUT[0] = c.mode;
-    fresh.control.MOTYPE = c.motype;
-    StepColumns columns;
-    EXPECT_EQ(PrepareColumns(fresh, columns), c.known) << c.version << ' ' << c.mode;
-    EXPECT_EQ(columns.column.size(), c.known ? 52U : 0U);
+    EXPECT_EQ(CompanionMode(fresh), c.companion) << c.ships << ' ' << c.mode;
   }
 }
 

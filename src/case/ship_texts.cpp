@@ -1,0 +1,136 @@
+#include "case/ship_texts.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
+#include "control/read_control_records.h"
+
+namespace zaview {
+namespace {
+
+constexpr std::string_view kOptions = "OPTIONS";
+
+// Does a text follow? If none does, `behind` is the delimiter that comes instead.
+bool AtText(LineSource& source, Delimiter& behind) {
+  HeaderText text{&source};
+  std::string_view line;
+  for (;;) {
+    const TextEvent event = NextDataLine(text, line);
+    if (event == TextEvent::end_of_text) {
+      text.ended = TextEvent::line;
+    } else if (event != TextEvent::line) {
+      behind = text.delimiter;
+      return false;
+    } else if (!IsBlank(line)) {
+      source.again = true;
+      return true;
+    }
+  }
+}
+
+// What is left of texts that nobody can use.
+Delimiter SkipTexts(LineSource& source) {
+  HeaderText text{&source};
+  std::string_view line;
+  for (TextEvent event = NextTextLine(text, line); event == TextEvent::line || event == TextEvent::end_of_text;
+       event = NextTextLine(text, line))
+    text.ended = TextEvent::line;
+  return text.delimiter;
+}
+
+Console ConsoleOf(std::string& said) {
+  Console console;
+  console.self = &said;
+  console.write = [](void* self, std::string_view text) { static_cast<std::string*>(self)->append(text); };
+  console.flush = [](void*) {};
+  return console;
+}
+
+void CopyRunRecords(const ControlRecords& run, ControlRecords& own) {
+  own.FOUT = run.FOUT;
+  own.POUT = run.POUT;
+  own.GOUT = run.GOUT;
+  own.SOUT = run.SOUT;
+  own.BOUT = run.BOUT;
+  own.XPOUT = run.XPOUT;
+  own.FPOUT = run.FPOUT;
+  own.FGOUT = run.FGOUT;
+  own.FSOUT = run.FSOUT;
+  own.FBOUT = run.FBOUT;
+  own.AUXOUT = run.AUXOUT;
+  own.IVEC = run.IVEC;
+  own.ZVOTYP = run.ZVOTYP;
+  own.MOTYPE = run.MOTYPE;
+  own.MIXED = run.MIXED;
+  own.IFSMIX = run.IFSMIX;
+  own.NXFS = run.NXFS;
+  own.NYFS = run.NYFS;
+  own.IMSMIX = run.IMSMIX;
+  own.NXMS = run.NXMS;
+  own.NZMS = run.NZMS;
+  own.XMIX = run.XMIX;
+  own.YMIX = run.YMIX;
+  own.ZMIX = run.ZMIX;
+  own.FIRF0 = run.FIRF0;
+  own.TINIT = run.TINIT;
+  own.NSTEP = run.NSTEP;
+  own.DTH = run.DTH;
+  own.IRST = run.IRST;
+  own.FRST = run.FRST;
+  own.FBDMEM = run.FBDMEM;
+  own.FWLMEM = run.FWLMEM;
+  own.USHIP = run.USHIP;
+  own.UCURNT = run.UCURNT;
+  own.DCURNT = run.DCURNT;
+  own.WDEPTH = run.WDEPTH;
+  own.seaway = run.seaway;
+  own.GRAVIN = run.GRAVIN;
+  own.RHOIN = run.RHOIN;
+  own.LENIN = run.LENIN;
+  own.ANGIN = run.ANGIN;
+  own.GRAVOUT = run.GRAVOUT;
+  own.RHOOUT = run.RHOOUT;
+  own.LENOUT = run.LENOUT;
+  own.ANGOUT = run.ANGOUT;
+}
+
+void CopyOptions(const ControlRecords& run, ControlRecords& own) {
+  std::erase_if(own.modules, [](const ModuleText& module) { return module.name == kOptions; });
+  std::copy_if(run.modules.begin(), run.modules.end(), std::back_inserter(own.modules),
+               [](const ModuleText& module) { return module.name == kOptions; });
+}
+
+}  // namespace
+
+Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, int ship, FurtherTexts& further) {
+  const Console console = ConsoleOf(further.said);
+  Delimiter behind = Delimiter::none;
+  for (int i = 2; AtText(source, behind); ++i) {
+    if (i > MAXDYN) return SkipTexts(source);
+    ControlText text{&source, name};
+    ControlRecords records;
+    further.failed = ReadControlRecords(console, text, records) != ControlStatus::ok;
+    further.has_own = further.has_own || i == ship;
+    if (i == ship) further.own = std::move(records);
+    if (text.delimiter != Delimiter::none) return text.delimiter;
+    if (further.failed) return SkipTexts(source);
+  }
+  return behind;
+}
+
+bool AdoptShipText(const Console& console, FurtherTexts& further, CaseStore& fresh) {
+  if (fresh.NSHIP <= 1) return true;
+  if (!further.said.empty()) console.write(console.self, further.said);
+  if (further.failed) return false;
+  fresh.loads = {};
+  if (!further.has_own) return true;
+  CopyRunRecords(fresh.control, further.own);
+  CopyOptions(fresh.control, further.own);
+  fresh.control = std::move(further.own);
+  return true;
+}
+
+}  // namespace zaview

@@ -1,0 +1,27 @@
+// The control texts of the ships behind the first one. The first text gives what belongs to the run: records 05 to 15
+// and 21 to 23 and the options; the other records and modules are each ship's own.
+#pragma once
+
+#include <string>
+
+#include "base/line_source.h"
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "control/control_text.h"
+
+namespace zaview {
+
+struct FurtherTexts {
+  bool has_own = false;
+  ControlRecords own;  // of the selected ship, if that isn't the first one
+  std::string said;    // what reading them had to say: nothing that matters unless the file has several ships
+  bool failed = false;
+};
+
+// Reads to the delimiter behind the last text, and gives it; blank lines and comments between texts are passed over.
+[[nodiscard]] Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, int ship, FurtherTexts& further);
+
+// Makes control that of the selected ship. Several ships have no sectional loads. False (told): a text can't be read.
+[[nodiscard]] bool AdoptShipText(const Console& console, FurtherTexts& further, CaseStore& fresh);
+
+}  // namespace zaview

@@ -1,0 +1,28 @@
+// Least-squares smoothing of time histories.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "case/step_history.h"
+
+namespace zaview {
+
+enum class FilterStatus : std::uint8_t {
+  ok,
+  out_of_memory,  // output is as it was
+  bad_option      // only 1 and 3 are filters of this sort; output is as it was
+};
+
+// At each sample the least-squares polynomial over W = min(width, n) consecutive samples, evaluated there; the window
+// begins W/2 samples ahead and is shifted inward at the ends. Option 1: W 5, parabola (width is not used); option 3:
+// cubic over `width` samples; the degree is at most W - 1. For n below 2 or a width below 1 output is the input. Both
+// have n samples and don't overlap. Fits in double, rounded once. The weights are those of A. Savitzky and M. J. E.
+// Golay, Smoothing and differentiation of data, Analytical Chemistry 36 (1964), by the polynomials of Gram.
+[[nodiscard]] FilterStatus TimeDataFilter(int option, int width, std::span<const float> input, std::span<float> output);
+
+// Each cut of the loads of one kind along time, by option 1, in place. False: out of memory, the loads are as they
+// were.
+[[nodiscard]] bool smooth_section_loads(StepHistory& loads);
+
+}  // namespace zaview
