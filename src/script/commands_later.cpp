@@ -14,10 +14,6 @@ constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeeds
 
 constexpr Command kLater[] = {
   // Reading and settings.
-    {{"READ_MULTI_SHIP_FILE", "READ_MULTI_SHIP", "READ_MULTI_FILE", "READ_OUTPUT_FILE_MULTI", "READ_FILE_MULTI",
-      "READ_MULTI"},
-     kNone,                                                                                                              RunNotYet},
-    {{"READ_OLD_MULTI_SHIP_FILE", "READ_OLD_MULTI_SHIP", "READ_OLD_MULTI_FILE", "READ_OLD_MULTI"},  kNone,               RunNotYet},
     {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"},                                            kNone,               RunNotYet},
     {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"},                                           kNone,               RunNotYet},
     {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"},                                                       kNone,               RunNotYet},

@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "base/number_parse.h"
 #include "base/text.h"
 #include "case/read_output_file.h"
 #include "frame/wildcards.h"
@@ -27,24 +28,37 @@ bool IsAlternateInput(std::string_view name) {
 struct ReadModes {
   int ensemble_mode;
   RestartMode restart_mode = RestartMode::keep_last;  // where a dialogue would ask whether to combine
+  int numbers = 0;                                    // behind the name: 1 is the ship, 2 also its VCG
 };
 
-bool ReadOneFile(Session& session, const std::string& name, const ReadModes& modes) {
-  const ReadRequest request{name, modes.ensemble_mode, modes.restart_mode, session.run.selected_ship,
-                            session.run.selected_vcg};
+struct ShipChoice {
+  int ship;
+  float vcg;
+};
+
+bool ReadOneFile(Session& session, const std::string& name, const ReadModes& modes, const ShipChoice& choice) {
+  const ReadRequest request{name, modes.ensemble_mode, modes.restart_mode, choice.ship, choice.vcg};
   return read_output_file(request, session.platform, session.run, session.output, session.case_store,
                           session.ensemble) == ReadOutcome::ok;
 }
 
 // One that can't be read is passed over.
-int ReadMatchingFiles(ScriptCall& call, const std::string& pattern, const ReadModes& modes) {
+int ReadMatchingFiles(ScriptCall& call, const std::string& pattern, const ReadModes& modes, const ShipChoice& choice) {
   std::vector<std::string> names;
   list_matching_files(call.session.platform.files, pattern, names);
   if (names.empty()) return Fail(call, kScriptFailed, kNoMatch, pattern);
   bool any = false;
   for (const std::string& name : names)
-    if (!IsBlank(name)) any = ReadOneFile(call.session, name, modes) || any;
+    if (!IsBlank(name)) any = ReadOneFile(call.session, name, modes, choice) || any;
   return any ? kScriptOk : kScriptFailed;
+}
+
+bool ReadChoice(ScriptCall& call, int numbers, ShipChoice& choice) {
+  std::vector<float> values;
+  if (numbers > 0 && !ParseRealList(call.words, numbers, values)) return false;
+  if (numbers > 0) choice.ship = RoundToInt(static_cast<double>(values[0]));
+  if (numbers > 1) choice.vcg = values[1];
+  return true;
 }
 
 int ReadFiles(ScriptCall& call, const ReadModes& modes) {
@@ -55,8 +69,10 @@ int ReadFiles(ScriptCall& call, const ReadModes& modes) {
   const bool many = has_wildcards(name);
   if (many && modes.restart_mode == RestartMode::combine)
     return Fail(call, kScriptBadArgument, kNoWildCards, call.command);
-  if (many) return ReadMatchingFiles(call, name, modes);
-  return ReadOneFile(call.session, name, modes) ? kScriptOk : kScriptFailed;
+  ShipChoice choice{call.session.run.selected_ship, call.session.run.selected_vcg};
+  if (!ReadChoice(call, modes.numbers, choice)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (many) return ReadMatchingFiles(call, name, modes, choice);
+  return ReadOneFile(call.session, name, modes, choice) ? kScriptOk : kScriptFailed;
 }
 
 int RunRead(ScriptCall& call) {
@@ -69,18 +85,32 @@ int RunReadCombined(ScriptCall& call) {
   return ReadFiles(call, {call.session.run.ensemble_mode, RestartMode::combine});
 }
 
+int RunReadShip(ScriptCall& call) {
+  constexpr int kShip = 1;
+  return ReadFiles(call, {call.session.run.ensemble_mode, RestartMode::keep_last, kShip});
+}
+int RunReadOldShip(ScriptCall& call) {
+  constexpr int kShipAndVcg = 2;
+  return ReadFiles(call, {call.session.run.ensemble_mode, RestartMode::keep_last, kShipAndVcg});
+}
+
 int RunClearEnsemble(ScriptCall& call) {
   reset_ensemble(call.session.case_store, call.session.ensemble);
   return kScriptOk;
 }
 
 constexpr Command kReading[] = {
-    {{"READ_OUTPUT_FILE", "READ_OUTPUT", "READ_FILE", "READ"},             kNone, RunRead         },
-    {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"}, kNone, RunReadEnsemble },
+    {{"READ_OUTPUT_FILE", "READ_OUTPUT", "READ_FILE", "READ"},                                     kNone, RunRead         },
+    {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"},                         kNone, RunReadEnsemble },
     {{"READ_OUTPUT_FILE_COMB", "READ_FILE_COMB", "READ_COMB", "READ_OUTPUT_FILE_COMBINE", "READ_FILE_COMBINE",
       "READ_COMBINE"},
-     kNone,                                                                       RunReadCombined },
-    {{"CLEAR_ENSEMBLE_DATA", "CLEAR_ENSEMBLE"},                            kNone, RunClearEnsemble},
+     kNone,                                                                                               RunReadCombined },
+    {{"READ_MULTI_SHIP_FILE", "READ_MULTI_SHIP", "READ_MULTI_FILE", "READ_OUTPUT_FILE_MULTI", "READ_FILE_MULTI",
+      "READ_MULTI"},
+     kNone,                                                                                               RunReadShip     },
+    {{"READ_OLD_MULTI_SHIP_FILE", "READ_OLD_MULTI_SHIP", "READ_OLD_MULTI_FILE", "READ_OLD_MULTI"},
+     kNone,                                                                                               RunReadOldShip  },
+    {{"CLEAR_ENSEMBLE_DATA", "CLEAR_ENSEMBLE"},                                                    kNone, RunClearEnsemble},
 };
 
 }  // namespace
