@@ -5,8 +5,8 @@
 #include <atomic>
 #include <cstddef>
 #include <cstring>
+#include <exception>
 #include <numeric>
-#include <system_error>
 #include <thread>
 
 // Vector code is chosen when the program starts; sanitizers and other compilers take the plain form.
@@ -77,7 +77,7 @@ void LagSums(std::span<const float> c, int first, std::span<float> sums) {
   if (blocks > 1 && c.size() * sums.size() > kParallelProducts && std::thread::hardware_concurrency() > 1) {
     try {
       other = std::thread(work);
-    } catch (const std::system_error&) {  // no thread to be had: this one does it all
+    } catch (const std::exception&) {  // no thread, or no memory for one: this one does it all
     }
   }
   work();
