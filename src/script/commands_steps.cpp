@@ -15,6 +15,8 @@ inline constexpr std::string_view kIllegalSteps = "ERROR - Illegal number of ste
 inline constexpr std::string_view kAllTrimmed = "ERROR - All steps trimmed by {} command...";
 inline constexpr std::string_view kNoSteps = "ERROR - {} : the case has no time steps";
 inline constexpr std::string_view kIllegalArguments = "ERROR - Illegal arguments for {} command...";
+inline constexpr std::string_view kRangeAtZero = "        Initial time step of range cannot be zero";
+inline constexpr std::string_view kRangeUpsideDown = "        Initial time step of range after terminal step";
 
 // One or two step counts, the second on the same line or missing.
 bool ReadCounts(ScriptCall& call, std::vector<int>& counts) {
@@ -121,10 +123,11 @@ int RunStatSteps(ScriptCall& call) {
   const int last = StepCount(values[1]);
   if (first < 1 || first > last) {
     Say(call.console(), kIllegalArguments, call.command);
-    return Fail(call, kScriptBadArgument, "        Initial time step of range {}",
-                first < 1 ? "cannot be zero" : "after terminal step");
+    SayLine(call.console(), first < 1 ? kRangeAtZero : kRangeUpsideDown);
+    return kScriptBadArgument;
   }
   const CaseStore& store = call.session.case_store;
+  if (!store.has_steps()) return Fail(call, kScriptFailed, kNoSteps, call.command);
   SetSkips(call.session, std::max(0, first - store.first_step), std::max(0, store.last_step - last));
   Say(call.console(), "Setting time step range for statistical calculations to: {} through {}", first, last);
   return kScriptOk;

@@ -155,6 +155,21 @@ TEST(Script, Preconditions) {
             std::string::npos);
 }
 
+// Impulse response functions are a case, but there is no range of steps in it.
+TEST(Script, RangesNeedSteps) {
+  for (const std::string command : {"SET_STEPS", "STAT_STEPS"}) {
+    ScriptRun run(command + " 1 2\n");
+    CaseStore& store = run.session.case_store;
+    store.irf_case = true;
+    store.irfs.resize(1);
+    store.last_read = store.last_step = 0;
+    run.Run();
+    EXPECT_EQ(run.status, kScriptFailed);
+    EXPECT_NE(run.fake.output.find("ERROR - " + command + " : the case has no time steps\n"), std::string::npos);
+    EXPECT_EQ(run.session.output.skip_initial, -1);
+  }
+}
+
 TEST(Script, GoodLines) {
   const CommandCase cases[] = {
       {"! only a comment\n",          0, ""                                                                           },
