@@ -25,19 +25,16 @@ bool GraphicsAvailable(const Session& session) {
 struct Precondition {
   Needs need;
   bool (*met)(const Session& session);
-  std::string_view text, short_text;  // behind "ERROR - " and the command
-  std::string_view second;            // a line of its own, may be blank
+  std::string_view colon;  // behind the command; left out where kShortWords is asked for
+  std::string_view text;
+  std::string_view second;  // a line of its own, may be blank
 };
 
 constexpr Precondition kPreconditions[] = {
-    {kNeedsCase,     CaseRead,          " : cannot be run until an output",                     " cannot be run until an output",
-     "   file has been read"                                                                                                            },
-    {kNeedsEnsemble, RecordsHeld,       " : cannot be run until one or more",                   " : cannot be run until one or more",
-     "   output files have been read"                                                                                                   },
-    {kNeedsMotion,   IsMotionCase,      " not valid for impulsive motion and IRF calculations",
-     " not valid for impulsive motion and IRF calculations",                                                                          ""},
-    {kNeedsGraphics, GraphicsAvailable, " : cannot be run as graphics are not available",
-     " cannot be run as graphics are not available",                                                                                  ""},
+    {kNeedsCase,     CaseRead,          " :", "cannot be run until an output",                       "   file has been read"         },
+    {kNeedsEnsemble, RecordsHeld,       " :", "cannot be run until one or more",                     "   output files have been read"},
+    {kNeedsMotion,   IsMotionCase,      "",   "not valid for impulsive motion and IRF calculations", ""                              },
+    {kNeedsGraphics, GraphicsAvailable, " :", "cannot be run as graphics are not available",         ""                              },
 };
 
 }  // namespace
@@ -45,7 +42,8 @@ constexpr Precondition kPreconditions[] = {
 bool PreconditionsMet(const ScriptCall& call, Needs needs) {
   for (const Precondition& test : kPreconditions) {
     if ((needs & test.need) == 0 || test.met(call.session)) continue;
-    Say(call.console(), "ERROR - {}{}", call.command, (needs & kShortWords) != 0 ? test.short_text : test.text);
+    const std::string_view colon = (needs & kShortWords) != 0 ? "" : test.colon;
+    Say(call.console(), "ERROR - {}{} {}", call.command, colon, test.text);
     if (!test.second.empty()) SayLine(call.console(), test.second);
     return false;
   }
