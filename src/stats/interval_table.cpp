@@ -24,25 +24,24 @@ inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working
 inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
 
 constexpr std::string_view kQuantityHead = "Quantity      ";
-constexpr int kMean = 1, kStdev = 2, kVariance = 3, kFirstThird = 4, kFirstNth = 8, kLastNth = 11, kSsa = 24;
 
 struct IntervalRow {
   int number;  // of the statistic
   std::string_view label;
 };
 constexpr IntervalRow kRows[] = {
-    {kMean,     " Mean          "},
-    {kVariance, " Variance      "},
-    {kStdev,    " Std. Deviation"},
-    {4,         " Significnt Amp"},
-    {5,         " 1/3rd Top Avg "},
-    {6,         " 1/3rd bot Avg "},
-    {7,         " Significnt Hgt"},
-    {8,         " 1/10th Amp Avg"},
-    {9,         " 1/10th Top Avg"},
-    {10,        " 1/10th bot Avg"},
-    {11,        " 1/10th Dbl Amp"},
-    {kSsa,      " SSA           "},
+    {kStatMean,      " Mean          "},
+    {kStatVariance,  " Variance      "},
+    {kStatStdev,     " Std. Deviation"},
+    {kStatThird,     " Significnt Amp"},
+    {kStatThird + 1, " 1/3rd Top Avg "},
+    {kStatThird + 2, " 1/3rd bot Avg "},
+    {kStatThird + 3, " Significnt Hgt"},
+    {kStatNth,       " 1/10th Amp Avg"},
+    {kStatNth + 1,   " 1/10th Top Avg"},
+    {kStatNth + 2,   " 1/10th bot Avg"},
+    {kStatNth + 3,   " 1/10th Dbl Amp"},
+    {kStatSsa,       " SSA           "},
 };
 
 using Cells = std::array<float, 4>;  // half width, low, estimate, high
@@ -73,18 +72,18 @@ Cells PeakCells(int side, const RecordPeakStats& p) {
 }
 
 Cells CellsOf(int number, const IntervalValues& v) {
-  if (number >= kFirstNth && number <= kLastNth) return PeakCells(number - kFirstNth, v.nth);
-  if (number >= kFirstThird && number < kFirstNth) return PeakCells(number - kFirstThird, v.third);
-  if (number == kMean) return Symmetric(v.record.xm, v.record.xmci);
-  if (number == kVariance) return NotNegative(v.record.xv, v.record.xvci);
+  if (number >= kStatNth && number < kStatNth + kStatSides) return PeakCells(number - kStatNth, v.nth);
+  if (number >= kStatThird && number < kStatThird + kStatSides) return PeakCells(number - kStatThird, v.third);
+  if (number == kStatMean) return Symmetric(v.record.xm, v.record.xmci);
+  if (number == kStatVariance) return NotNegative(v.record.xv, v.record.xvci);
   Cells cells = Symmetric(v.record.xs, v.record.xsci);
-  if (number == kSsa)
+  if (number == kStatSsa)
     for (float& cell : cells) cell = 2.0F * cell;
   return cells;
 }
 
 bool NeedsPeaks(int number) {
-  return number == kStatTable || (number >= kFirstThird && number <= kLastNth);
+  return number == kStatTable || (number >= kStatThird && number < kStatNth + kStatSides);
 }
 
 // Statistic 0: everything. False: an argument was refused and it has been said.

@@ -48,11 +48,10 @@ struct StatColumns {
 };
 
 float TransferValue(const StatColumns& columns, int number, std::size_t i) {
-  constexpr int kAmplitude = 4;
   Normal kind = Normal::a;
   const int component = columns.first_curve + static_cast<int>(i);
   if (number == kStatNdtf && !FindNormal(columns.iqnt, component, kind)) return kNotKnown;
-  return StatisticValue(kAmplitude, columns.curves[i]) / columns.normals.of(kind);
+  return StatisticValue(kStatThird, columns.curves[i]) / columns.normals.of(kind);
 }
 
 void CellsOf(const StatColumns& columns, int number, std::vector<float>& cells) {

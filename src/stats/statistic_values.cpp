@@ -20,9 +20,14 @@ constexpr bool Between(int low, int number, int high) {
   return low <= number && number <= high;
 }
 
+// Is it one of the four that begin with `first`?
+constexpr bool IsSideOf(int first, int number) {
+  return Between(first, number, first + kStatSides - 1);
+}
+
 bool NeedsPeaks(int number) {
-  return number == kStatTable || Between(4, number, 11) || Between(15, number, 17) || Between(20, number, 23) ||
-         number == kStatTransfer;
+  return number == kStatTable || IsSideOf(kStatThird, number) || IsSideOf(kStatNth, number) ||
+         IsSideOf(kStatHundredth, number) || Between(kStatNdtf, number, kStatPhaseLead) || number == kStatTransfer;
 }
 
 // A record without tops or without bottoms has no amplitude; its highest and lowest values are the mean.
@@ -33,7 +38,7 @@ Extremes ExtremesOf(const HighestPeaks& peaks, float xm) {
   return peaks.iflag == 1 ? Extremes{xm, xm} : Extremes{peaks.top, peaks.bot};
 }
 
-enum Side : int { amplitude, top, bottom, height };  // as statistics 4..7, 8..11 and 20..23 follow each other
+enum Side : int { amplitude, top, bottom, height };
 float SideValue(int side, const HighestPeaks& peaks, float xm) {
   const Extremes e = ExtremesOf(peaks, xm);
   switch (side) {
@@ -133,31 +138,32 @@ void FindRecordValues(const StatisticName& statistic, std::span<const float> t, 
     values.nth = peaks[1];
     values.hundredth = peaks[2];
   }
-  if (number == kStatTable || number == 18 || number == 19) CalcAvgBetween(t, x, values.xm, values.between);
+  if (number == kStatTable || Between(kStatBetweenUpcrossings, number, kStatBetweenPeaks))
+    CalcAvgBetween(t, x, values.xm, values.between);
 }
 
 float StatisticValue(int number, const RecordValues& values) {
-  if (Between(4, number, 7)) return SideValue(number - 4, values.third, values.xm);
-  if (Between(8, number, 11)) return SideValue(number - 8, values.nth, values.xm);
-  if (Between(20, number, 23)) return SideValue(number - 20, values.hundredth, values.xm);
+  if (IsSideOf(kStatThird, number)) return SideValue(number - kStatThird, values.third, values.xm);
+  if (IsSideOf(kStatNth, number)) return SideValue(number - kStatNth, values.nth, values.xm);
+  if (IsSideOf(kStatHundredth, number)) return SideValue(number - kStatHundredth, values.hundredth, values.xm);
   switch (number) {
-    case 1:
+    case kStatMean:
       return values.xm;
-    case 2:
+    case kStatStdev:
       return std::sqrt(values.xv);
-    case 3:
+    case kStatVariance:
       return values.xv;
-    case 12:
+    case kStatMinimum:
       return values.xmin;
-    case 13:
+    case kStatMaximum:
       return values.xmax;
-    case 14:
+    case kStatAbsolute:
       return std::max(-values.xmin, values.xmax);
-    case 18:
+    case kStatBetweenUpcrossings:
       return values.between.avgc;
-    case 19:
+    case kStatBetweenPeaks:
       return values.between.avgp;
-    case 24:
+    case kStatSsa:
       return 2.0F * std::sqrt(values.xv);
     default:
       return 0.0F;
