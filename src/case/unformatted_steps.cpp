@@ -78,6 +78,7 @@ struct BodyReader {
 [[nodiscard]] bool PlanSteps(const StepColumns& columns, BodyReader& r) {
   constexpr std::size_t kMostReals = std::numeric_limits<std::int32_t>::max() / sizeof(float);
   constexpr std::size_t kTileBytes = 16'384;  // stays in the first cache while column after column is picked out of it
+  constexpr std::size_t kFewestSteps = 16;    // a line of the cache in each column
   std::size_t at = Framed(kHeader), c = 1;    // the first list is the time
   for (std::size_t i = 1; i < columns.lists.size(); ++i) {
     const std::size_t n = columns.lists[i];
@@ -88,7 +89,7 @@ struct BodyReader {
   }
   std::erase_if(r.sources, [](const Source& source) { return source.column == nullptr; });
   r.step_bytes = at;
-  r.tile = std::max<std::size_t>(1, kTileBytes / at);
+  r.tile = std::max(kFewestSteps, kTileBytes / at);
   r.time_factor = StepTimeFactor(r.fresh);
   return !r.bodies.empty() && Grow(r.times, r.tile);
 }
