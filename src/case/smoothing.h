@@ -21,8 +21,8 @@ enum class FilterStatus : std::uint8_t {
 // Golay, Smoothing and differentiation of data, Analytical Chemistry 36 (1964), by the polynomials of Gram.
 [[nodiscard]] FilterStatus TimeDataFilter(int option, int width, std::span<const float> input, std::span<float> output);
 
-// Each cut of the loads of one kind along time, by option 1, in place. False: out of memory, the loads are as they
-// were.
+// Each cut of the loads of one kind along time, by option 1, in place. False: out of memory, cuts not yet reached stay
+// as they were.
 [[nodiscard]] bool smooth_section_loads(StepHistory& loads);
 
 }  // namespace zaview
