@@ -40,6 +40,7 @@ struct FakePlatform {
   // Faults on demand.
   std::set<std::string> no_new_files_in;  // directories
   std::set<std::string> refused;          // names that can't be opened for writing
+  bool no_handles = false;                // no new file can be made, although its directory would take it
   std::int64_t room = -1;                 // bytes that may still be written to files; -1: no end
   bool close_fails = false;
   bool rename_fails = false;
@@ -91,7 +92,7 @@ struct FakePlatform {
     const std::string directory = DirectoryOf(name);
     if (refused.count(name) != 0 || directories.count(name) != 0) return kNoFile;
     if (exists && (how == WriteHow::create_new || (files[name].mode & 0200U) == 0)) return kNoFile;
-    if (!exists && (no_new_files_in.count(directory) != 0 || directories.count(directory) == 0)) return kNoFile;
+    if (!exists && (no_handles || no_new_files_in.count(directory) != 0 || directories.count(directory) == 0)) return kNoFile;
     if (!exists) files[name] = {"", mode == 0 ? 0644U : mode, true};
     if (how == WriteHow::truncate) files[name].bytes.clear();
     return Open(name);
@@ -157,6 +158,7 @@ inline Platform FakePlatform::Get() {
     facts.target = fake.Target(name);
     facts.directory = fake.directories.count(facts.target) != 0;
     facts.exists = facts.directory;
+    facts.takes_files = facts.directory && fake.no_new_files_in.count(facts.target) == 0;
     const auto found = fake.files.find(facts.target);
     if (found == fake.files.end()) return facts;
     facts.exists = true;

@@ -182,6 +182,7 @@ FileFacts Facts(void*, const std::string& name) {
   }
   facts.plain = S_ISREG(found.st_mode);
   facts.directory = S_ISDIR(found.st_mode);
+  facts.takes_files = facts.directory && ::access(name.c_str(), W_OK | X_OK) == 0;
   facts.mode = static_cast<unsigned>(found.st_mode) & 07777U;
   if (!facts.plain) return facts;
   facts.size = found.st_size;

@@ -1,5 +1,6 @@
 #include "frame/output_file.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -35,6 +36,12 @@ bool OpenBeside(const Files& files, const FileFacts& facts, OutputFile& out) {
   return false;
 }
 
+bool FolderTakesFiles(const Files& files, const std::string& target) {
+  const std::size_t slash = target.rfind('/');
+  std::string folder = slash == std::string::npos ? "." : target.substr(0, std::max<std::size_t>(slash, 1));
+  return files.facts(files.self, folder).takes_files;
+}
+
 bool OpenInPlace(const Files& files, const FileFacts& facts, OutputFile& out) {
   out.file = files.open_write(files.self, facts.target, WriteHow::append, 0);
   out.made = !facts.exists;
@@ -53,6 +60,9 @@ bool OpenTarget(const Files& files, const FileFacts& facts, OutputFile& out) {
   // A write-protected file is not to be replaced, although its folder would allow it.
   if (facts.exists && !MayBeWritten(files, facts.target)) return false;
   if (OpenBeside(files, facts, out)) return true;
+  // In place only where the folder takes no new file. Where it would, but there is no room or no handle left, an old
+  // file written in place could be lost.
+  if (facts.exists && FolderTakesFiles(files, facts.target)) return false;
   out.cut_first = facts.exists;
   return OpenInPlace(files, facts, out);
 }

@@ -14,6 +14,8 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kHitReturn = "Hit RETURN to continue...";
+constexpr std::string_view kStepList = "Enter IBEG [ IEND [ INC ] ] -or- 0";
+constexpr std::string_view kStepListOrAll = "Enter IBEG [ IEND [ INC ] ] -or- 0 -or- -1 to";
 constexpr std::string_view kQuitWords[] = {"QUIT", "Quit", "quit"};
 constexpr std::string_view kBlankWords[] = {"BLANK", "blank"};
 
@@ -35,6 +37,22 @@ Answer AskNumbers(const Console& console, std::string_view prompt, std::string_v
     if (!fallback.empty() && IsBlank(answer)) return Answer::ok;
     if (take(answer)) return Answer::ok;
   }
+}
+
+struct StepRange {
+  int numbers = 0;  // how many stood on the line
+  int begin = 0, end = 0, step = 1;
+};
+
+StepRange ParseStepRange(std::string_view answer) {
+  StepRange range;
+  int* const slots[] = {&range.begin, &range.end, &range.step};
+  std::size_t position = 0;
+  double number = 0;
+  while (range.numbers < 3 && parse_real(answer, position, number) != ParseEnd::none)
+    *slots[range.numbers++] = RoundToInt(number);
+  if (range.numbers < 2) range.end = range.begin;
+  return range;
 }
 
 bool FitsFloat(double value) {
@@ -108,6 +126,22 @@ Answer VINPUT(const Console& console, std::string_view prompt, bool has_default,
     std::copy(numbers.begin(), numbers.end(), values.begin());
     return true;
   });
+}
+
+Answer ask_step_list(const Console& console, bool offers_all, int first, int last, std::vector<int>& indices) {
+  for (;;) {
+    std::string answer;
+    const Answer status = ask_text(console, offers_all ? kStepListOrAll : kStepList, "", answer);
+    if (status != Answer::ok) return status;
+    StepRange range = ParseStepRange(answer);
+    if (range.numbers == 1 && range.begin == 0) return Answer::ok;
+    const bool all = offers_all && range.numbers == 1 && range.begin == -1;
+    if (all) range = {2, first, last, 1};
+    const bool good = range.numbers > 0 && range.begin >= first && range.end <= last && range.step > 0;
+    if (!good) continue;
+    for (std::int64_t i = range.begin; i <= range.end; i += range.step) indices.push_back(static_cast<int>(i));
+    if (all) return Answer::ok;
+  }
 }
 
 void pause_for_return(const Console& console) {

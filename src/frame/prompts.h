@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/platform.h"
 
@@ -31,6 +32,11 @@ inline constexpr std::size_t kAnswerLine = 256;  // columns of an answer; the re
 [[nodiscard]] Answer ask_real(const Console& console, std::string_view prompt, bool has_default, float& value);
 // values.size() (1 to 64) reals on one line; fewer: asked again; more: ignored.
 [[nodiscard]] Answer VINPUT(const Console& console, std::string_view prompt, bool has_default, std::span<float> values);
+// Ranges of indices: one number a line means that index, two a range, three a range with a step. Each line adds to
+// `indices`; 0 ends the list, and -1, where `offers_all`, means all of first..last. Indices outside first..last are
+// asked again.
+[[nodiscard]] Answer ask_step_list(const Console& console, bool offers_all, int first, int last,
+                                   std::vector<int>& indices);
 // "Hit RETURN to continue...", one line read and ignored.
 void pause_for_return(const Console& console);
 

@@ -60,6 +60,13 @@ bool IsContent(std::string_view line) {
   return !text.empty() && text.front() != '!' && text.front() != '$';
 }
 
+// A text that fails while it is read is no short script: nothing of it runs.
+void NoteReadFault(IncludePass& pass, const BlockStream& stream, const std::string& name) {
+  if (!stream.fault) return;
+  Say(pass.platform.console, "ERROR - script text cannot be read to its end : {}", name);
+  pass.status = IncludeStatus::faults;
+}
+
 // Inclusion is one level deep: a directive in here is text. The headers of a module file are dropped, for the module
 // line of the script stands for them.
 bool CopyFile(IncludePass& pass, FileHandle handle, int file, bool is_module) {
@@ -74,6 +81,7 @@ bool CopyFile(IncludePass& pass, FileHandle handle, int file, bool is_module) {
     if (!content_seen && KindOf(line) != DollarKind::none) continue;
     if (!AddCleanLine(pass, line, {file, static_cast<int>(source.line_number)})) return false;
   }
+  NoteReadFault(pass, stream, pass.files[static_cast<std::size_t>(file)]);
   return true;
 }
 
@@ -132,6 +140,7 @@ IncludeStatus ExpandIncludes(const Platform& platform, const std::string& name, 
     if (kind != DollarKind::include && !AddCleanLine(pass, line, origin)) break;
     if (kind != DollarKind::none && !IncludeFile(pass, line, origin, kind == DollarKind::module)) break;
   }
+  NoteReadFault(pass, stream, name);
   return pass.status;
 }
 

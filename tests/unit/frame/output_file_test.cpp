@@ -45,6 +45,8 @@ TEST(OutputFile, WhatIsLeftBehind) {
        OpenHow::replace,                                                                                                                  true,  true,  "new\n"      },
       {"nor a new target",               [](FakePlatform& f) { f.Put("d/x", ""), f.no_new_files_in = {"d"}; },          OpenHow::replace,
        false,                                                                                                                                    false, "(no file)"  },
+      {"no handle left",                 [](FakePlatform& f) { f.Put("d/t", "older\n"), f.no_handles = true; },
+       OpenHow::replace,                                                                                                                  false, false, "older\n"    },
       {"a device keeps its content",     [](FakePlatform& f) { f.Put("d/t", "sent\n"), f.files["d/t"].plain = false; },
        OpenHow::replace,                                                                                                                  true,  true,  "sent\nnew\n"},
   };

@@ -111,6 +111,30 @@ TEST(Prompts, Lists) {
   EXPECT_EQ(VINPUT(platform.console, "xyz", true, values), Answer::end_of_input);
 }
 
+TEST(Prompts, StepLists) {
+  struct ListCase {
+    bool offers_all;
+    std::deque<std::string> input;
+    Answer status;
+    std::vector<int> indices;  // of the steps 1 to 9
+  };
+  const ListCase cases[] = {
+      {false, {"3", "5 7", "1 9 4", "0"},        Answer::ok,           {3, 5, 6, 7, 1, 5, 9}      },
+      {false, {"-1", "8 12", "2 4 0", "x", "0"}, Answer::ok,           {}                         }, // each asked again
+      {true,  {"2", "-1"},                       Answer::ok,           {2, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
+      {true,  {"4", "quit"},                     Answer::quit,         {4}                        },
+      {true,  {"4"},                             Answer::end_of_input, {4}                        },
+      {false, {"1 9 99999999999", "0"},          Answer::ok,           {1}                        },
+  };
+  for (const ListCase& c : cases) {
+    FakePlatform fake;
+    fake.input = c.input;
+    std::vector<int> indices;
+    EXPECT_EQ(ask_step_list(fake.Get().console, c.offers_all, 1, 9, indices), c.status) << c.input.front();
+    EXPECT_EQ(indices, c.indices) << c.input.front();
+  }
+}
+
 TEST(Prompts, PauseGoesOnAtTheEnd) {
   FakePlatform fake;
   pause_for_return(fake.Get().console);
