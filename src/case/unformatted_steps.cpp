@@ -1,6 +1,7 @@
 #include "case/unformatted_steps.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 #include <limits>
@@ -165,17 +166,53 @@ TileEnd EndAtFrame(BodyReader& r, Frame frame, std::size_t available) {
   return TileEnd::over;
 }
 
+using Four __attribute__((vector_size(4 * sizeof(float)))) = float;
+
+Four FourAt(const char* p) {
+  Four values{};
+  std::memcpy(&values, p, sizeof values);
+  return values;
+}
+
+// n values of a column from every `stride` bytes.
+void Pick(const char* from, std::size_t stride, std::size_t n, float* to) {
+  for (std::size_t i = 0; i < n; ++i, from += stride) to[i] = RealAt(from);
+}
+
+// The same for four columns that stand side by side: four steps at a time are turned in registers.
+void PickFour(const char* from, std::size_t stride, std::size_t n, const std::array<float*, 4>& to) {
+  std::size_t i = 0;
+  for (; i + 4 <= n; i += 4, from += 4 * stride) {
+    const Four a = FourAt(from), b = FourAt(from + stride), c = FourAt(from + 2 * stride),
+               d = FourAt(from + 3 * stride);
+    const Four ab12 = __builtin_shufflevector(a, b, 0, 4, 1, 5), cd12 = __builtin_shufflevector(c, d, 0, 4, 1, 5);
+    const Four ab34 = __builtin_shufflevector(a, b, 2, 6, 3, 7), cd34 = __builtin_shufflevector(c, d, 2, 6, 3, 7);
+    const Four turned[] = {
+        __builtin_shufflevector(ab12, cd12, 0, 1, 4, 5), __builtin_shufflevector(ab12, cd12, 2, 3, 6, 7),
+        __builtin_shufflevector(ab34, cd34, 0, 1, 4, 5), __builtin_shufflevector(ab34, cd34, 2, 3, 6, 7)};
+    for (std::size_t k = 0; k < 4; ++k) std::memcpy(to[k] + i, &turned[k], sizeof turned[k]);
+  }
+  for (std::size_t k = 0; k < 4; ++k) Pick(from + k * sizeof(float), stride, n - i, to[k] + i);
+}
+
 // n steps at p behind those kept.
 [[nodiscard]] bool AppendTile(BodyReader& r, const char* p, std::size_t n) {
   const auto kept = static_cast<std::size_t>(r.result.steps.kept);
   std::vector<float>& time = r.fresh.time.component[0];
   if (!Grow(time, kept + n)) return false;
   std::copy_n(r.times.begin(), n, time.begin() + static_cast<std::ptrdiff_t>(kept));
-  for (const Source& source : r.sources) {
+  for (const Source& source : r.sources)
     if (!Grow(*source.column, kept + n)) return false;
-    float* const to = source.column->data() + kept;
-    const char* from = p + source.offset;
-    for (std::size_t i = 0; i < n; ++i, from += r.step_bytes) to[i] = RealAt(from);
+  const auto to = [&](std::size_t s) { return r.sources[s].column->data() + kept; };
+  for (std::size_t s = 0; s < r.sources.size();) {
+    const std::size_t offset = r.sources[s].offset;
+    if (s + 3 < r.sources.size() && r.sources[s + 3].offset == offset + 3 * sizeof(float)) {
+      PickFour(p + offset, r.step_bytes, n, {to(s), to(s + 1), to(s + 2), to(s + 3)});
+      s += 4;
+    } else {
+      Pick(p + offset, r.step_bytes, n, to(s));
+      ++s;
+    }
   }
   r.result.steps.kept += static_cast<int>(n);
   return true;
