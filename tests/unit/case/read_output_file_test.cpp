@@ -89,7 +89,7 @@ TEST(ReadOutputFile, EndsOfTheSteps) {
        "Time steps 1 through 2 read from ZAVO output file run.out\n" +
            trimmed},
       {equal,
-       "ERR408 - Time step not ascending in ZAVO output file:\n  time= 0.25 at step 2\n  time= 0.25 at step 3\n"
+       "ERR408 - Time step not ascending in ZAVO output file:\n  time= 0.7981886 at step 2\n  time= 0.7981886 at step 3\n"
        "         Additional steps will not be available\n         File read aborted\n"
        "Time steps 1 through 2 read from ZAVO output file run.out\n" +
            trimmed},
