@@ -233,7 +233,7 @@ TileEnd TakeTile(BodyReader& r) {
     if (frame != Frame::whole && n > 0) break;  // told when it comes first
     if (frame != Frame::whole) return EndAtFrame(r, frame, available);
     const float time = StepTime(r, p + at, steps.kept + static_cast<std::int64_t>(n) + 1);
-    if (steps.kept + n > 0 && !(time > steps.previous_time)) {
+    if ((steps.kept > 0 || n > 0) && !(time > steps.previous_time)) {
       steps.end = StepsEnd::not_ascending;
       steps.new_time = time;
       end = TileEnd::over;
