@@ -149,13 +149,7 @@ void AppendLine(const OutputSettings& settings, const StatRequest& request, std:
     const Cells four = CellsOf(request.statistic.number, values);
     cells.insert(cells.end(), four.begin(), four.end());
   }
-  TableLayout layout;
-  layout.separator = settings.separator;
-  if (!IsBlank(request.text)) {
-    text += request.text;
-    text += static_cast<char>(settings.separator);
-  }
-  AppendRow(text, layout, cells);
+  AppendBareLine(settings.separator, request.text, cells, text);
 }
 
 TableFault WriteTable(const Console& console, const OutputSettings& settings, const StatRequest& request,

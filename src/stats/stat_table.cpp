@@ -109,18 +109,11 @@ void AppendTable(const StatColumns& columns, const StatRequest& request, const O
   }
 }
 
-// Text, separator, values; the text as typed, so that it may hold columns of its own. Blank text: values alone.
 void AppendLine(const StatColumns& columns, const StatRequest& request, const OutputSettings& settings,
                 std::string& text) {
   std::vector<float> cells;
   CellsOf(columns, request.statistic.number, cells);
-  TableLayout layout;
-  layout.separator = settings.separator;
-  if (!IsBlank(request.text)) {
-    text += request.text;
-    text += static_cast<char>(settings.separator);
-  }
-  AppendRow(text, layout, cells);
+  AppendBareLine(settings.separator, request.text, cells, text);
 }
 
 TableFault WriteStatistics(const Console& console, const OutputSettings& settings, const StatRequest& request,

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/message.h"
+#include "base/text.h"
 #include "control/input_scales.h"
 #include "stats/record_stats.h"
 #include "waves/regular_wave.h"
@@ -208,6 +209,16 @@ bool FindNormal(int iqnt, int component, Normal& kind) {
     return true;
   }
   return false;
+}
+
+void AppendBareLine(Separator separator, std::string_view label, std::span<const float> values, std::string& text) {
+  TableLayout layout;
+  layout.separator = separator;
+  if (!IsBlank(label)) {
+    text += label;
+    text += static_cast<char>(separator);
+  }
+  AppendRow(text, layout, values);
 }
 
 }  // namespace zaview

@@ -59,4 +59,8 @@ struct Normalisers {
 // False: this component of the quantity has none.
 [[nodiscard]] bool FindNormal(int iqnt, int component, Normal& kind);
 
+// One bare line: label, separator, values. The label stands as typed, so that it may hold columns of its own; a blank
+// one is left out.
+void AppendBareLine(Separator separator, std::string_view label, std::span<const float> values, std::string& text);
+
 }  // namespace zaview
