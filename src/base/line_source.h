@@ -15,12 +15,12 @@ namespace zaview {
 struct BlockStream {
   const Files* files = nullptr;
   FileHandle file = kNoFile;
-  std::vector<char> buffer;    // bytes buffer[begin, end) are read and not yet taken
+  std::vector<char> buffer;  // bytes buffer[begin, end) are read and not yet taken
   std::size_t begin = 0;
   std::size_t end = 0;
-  std::int64_t offset = 0;     // of buffer[begin] in the file
-  bool at_end = false;         // no more bytes behind buffer[end)
-  bool fault = false;          // a read failed: treated as the end, told by the caller
+  std::int64_t offset = 0;  // of buffer[begin] in the file
+  bool at_end = false;      // no more bytes behind buffer[end)
+  bool fault = false;       // a read failed: treated as the end, told by the caller
 };
 
 // Takes over an open file. Close is the caller's.

@@ -32,9 +32,9 @@ struct FileFacts {
   bool plain = false;  // a regular file (links are followed)
   bool directory = false;
   bool takes_files = false;  // a directory in which new files may be made
-  std::int64_t size = -1;  // bytes; -1 where there is no such thing (pipes)
-  unsigned mode = 0;       // permission bits
-  std::string target;      // the name behind all links; the name itself if it is no link
+  std::int64_t size = -1;    // bytes; -1 where there is no such thing (pipes)
+  unsigned mode = 0;         // permission bits
+  std::string target;        // the name behind all links; the name itself if it is no link
 };
 
 struct Files {

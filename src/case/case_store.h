@@ -8,6 +8,8 @@
 
 #include "case/step_history.h"
 #include "control/control_records.h"
+#include "geometry/hull.h"
+#include "waves/seaway.h"
 
 namespace zaview {
 
@@ -83,9 +85,11 @@ struct StepGap {  // steps that no part of a combined case holds, both ends incl
 
 struct DerivedCache {  // which derived arrays are built
   bool motion = false, vmgshp = false, vmgg = false, accg = false, force_ship = false, maneuver = false;
-  bool point_motion = false;
+  bool point_motion = false, relative_motion = false, eta_cg = false, eta_origin = false;
   std::array<double, 3> point{};  // for which point_motion is built, INPUT axes and units
 };
+
+enum class Tried : unsigned char { not_yet, there, failed };  // what is made on first need
 
 struct CaseStore {
   std::string file_name;  // as opened
@@ -125,7 +129,16 @@ struct CaseStore {
 
   // Made on first need (derived_arrays.h, point_motion.h).
   StepHistory motion, vmgshp, vmgg, accg, force_ship, maneuver, point_motion;
+  StepHistory eta_cg, eta_origin;  // incident wave elevation at the CG and at the global origin (wave_at_cg.h)
   DerivedCache built;
+
+  PhaseLists phases;        // read with the case
+  bool kino_input = false;  // motions, seaway and hull came from separate files
+  Tried seaway_tried = Tried::not_yet;
+  Seaway seaway;  // on first need (wave_at_cg.h)
+  IncidentWave wave;
+  Tried hull_tried = Tried::not_yet;
+  Hull hull;  // ship axes, non-dimensional; on first need (case_hull.h)
 
   std::vector<int> kmstep;    // key steps
   bool combined = false;      // joined from parts of a restarted run

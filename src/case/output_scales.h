@@ -19,8 +19,8 @@ void AdoptFileScales(OutputSettings& settings, const CaseStore& case_store);
 enum class Convention : unsigned char { zavo, model, cfd };
 struct ConventionRow {
   Convention convention;
-  std::string_view name;       // "ZAVO", "MODEL", "CFD"
-  std::string_view text[2];    // the two lines that explain it
+  std::string_view name;     // "ZAVO", "MODEL", "CFD"
+  std::string_view text[2];  // the two lines that explain it
   std::array<float, 6> factors;
 };
 extern const std::array<ConventionRow, 3> kConventions;

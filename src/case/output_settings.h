@@ -1,4 +1,5 @@
-// What the user has set and what survives a read: scales, signs, delimiter, trims, skips, statistics settings. Data only.
+// What the user has set and what survives a read: scales, signs, delimiter, trims, skips, statistics settings. Data
+// only.
 #pragma once
 
 #include <array>
@@ -12,7 +13,7 @@ struct OutputScales {  // shown = stored x scale; six slots: translations, rotat
   std::array<float, 6> position{1, 1, 1, 1, 1, 1}, velocity{1, 1, 1, 1, 1, 1}, acceleration{1, 1, 1, 1, 1, 1};
   std::array<float, 6> force{1, 1, 1, 1, 1, 1};
   float load_force = 1, load_moment = 1;
-  float angle = 1;      // rudder angles, slip, heading
+  float angle = 1;  // rudder angles, slip, heading
   float prop_rps = 1;
 };
 

@@ -88,6 +88,26 @@ struct YCutLoads {  // $YCUTLOADS:
   std::vector<Triple> XMCY;
 };
 
+struct AddedSeawayInput {  // $ADDSEA:; -1: not set
+  SeawayInput sea;         // ISEA 2, 6, 7 or 8, without wave scaling
+  std::array<double, 2> SPEC_FREQ{-1, -1};
+  double SPEC_CUTOFF = -1;
+  int SPEC_DISTOPT = -1, SPEC_SPREADOPT = -1, SPEC_PHASEOPTION = -1;
+  std::string SPEC_PHASEFILE;
+};
+
+struct AddedGeometryInput {  // $ADDGEOM:, an entry a block
+  std::string CADDGEOMFILE;
+  int SYMINP = 0;
+  std::vector<GeometryComponentInput> components;
+  Triple GSHIFT{}, GORIG{}, GROT{};
+};
+
+struct WaveTableInput {  // $IWINTERP:
+  int NBASEX = 0, NBASEY = 0, NBASEZ = 0;
+  double XINTRP = 0, YINTRP = 0, ZINTRP = 0;
+};
+
 struct ControlRecords {
   std::string DESCR, FPROG, FAPLT, FGEOM, FOUT;  // 01 to 05
   int POUT = 0, GOUT = 0, SOUT = 0, BOUT = 0;    // 06
@@ -130,6 +150,9 @@ struct ControlRecords {
   std::vector<AppendageInput> fins, bilge_keels;  // 32, 33
   std::vector<ModuleText> modules;
   YCutLoads ycut;
+  std::vector<AddedSeawayInput> added_seaway;  // none or one
+  std::vector<AddedGeometryInput> added_geometry;
+  std::vector<WaveTableInput> wave_table;  // none or one
 };
 
 }  // namespace zaview

@@ -10,9 +10,9 @@ namespace zaview {
 enum class SkipPrompt : std::int8_t { none = -1, ask = 1, silent = 2 };  // may a read ask for the steps to skip
 
 struct RunState {
-  int plot_module = 0;      // 0 text menu, 1 data plot, 2 motion animation, 3 geometry plot
-  int change_module = 0;    // above 0: a view asks for that plot module next
-  int plot_suboption = 0;   // above 0: a plot is wanted (script) or to be continued (menu)
+  int plot_module = 0;     // 0 text menu, 1 data plot, 2 motion animation, 3 geometry plot
+  int change_module = 0;   // above 0: a view asks for that plot module next
+  int plot_suboption = 0;  // above 0: a plot is wanted (script) or to be continued (menu)
   bool view_is_new = false;
   bool exit_requested = false;
   bool redraw = false;

@@ -12,8 +12,8 @@ namespace zaview {
 
 enum class TableFault : std::uint8_t {
   none,
-  said,        // the message has been said
-  not_valid,   // the quantity is not in this file
+  said,       // the message has been said
+  not_valid,  // the quantity is not in this file
   no_memory
 };
 

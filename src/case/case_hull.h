@@ -1,0 +1,15 @@
+// The hull of the case in store, read on first need, once a case.
+#pragma once
+
+#include "base/platform.h"
+#include "case/case_store.h"
+
+namespace zaview {
+
+// case_store.hull. Prints the lines of its reading the first time. False: the geometry could not be read.
+[[nodiscard]] bool EnsureHull(const Platform& platform, CaseStore& case_store);
+
+// Directory of a file name with its slash; blank for the working directory.
+[[nodiscard]] std::string_view FolderOf(std::string_view name);
+
+}  // namespace zaview

@@ -1,0 +1,50 @@
+// Reads a geometry file in one of its formats, chosen by a prefix of the name: SIMPLE:, NASTRAN:, HARLEND: or HRL:,
+// SHAPE: (each also in lower case); none: ZAVO. Points are in the INPUT system and input lengths.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/platform.h"
+#include "control/control_records.h"
+#include "geometry/hull.h"
+
+namespace zaview {
+
+enum class GeometryFormat : std::uint8_t { none, zavo, simple, nastran, hrl };
+
+struct GeometryName {
+  GeometryFormat format = GeometryFormat::none;  // none: NONE or blank
+  std::string qualifier;                         // what stood ahead of the colon
+  std::string file;
+};
+// A word ahead of a colon that is no qualifier belongs to the name (ZAVO format).
+[[nodiscard]] GeometryName SplitGeometryName(std::string_view name);
+
+struct GeometryRequest {
+  std::string_view name;    // with its prefix
+  std::string_view folder;  // of the file that names it: looked in behind the working directory
+  std::span<const GeometryComponentInput> components;  // of record 28, ZAVO format: as many surfaces are read
+  bool to_the_end = false;                             // no record 28: a ZAVO file is read to its end
+  double LENIN = 1;                                    // reference length, for what counts as the same node
+  int UGEOMNORM = 1;
+};
+
+enum class GeometryStatus : std::uint8_t { ok, skipped, cannot_open, failed };  // told, but for cannot_open
+
+// Fills a fresh hull: one file, not reflected, not transformed. An unstructured surface is cleaned and oriented
+// (surface_checks.h). On failure the hull is empty.
+[[nodiscard]] GeometryStatus ReadGeometry(const Platform& platform, const GeometryRequest& request, Hull& hull);
+
+// Appends the mirror image in y = 0 of each surface (" (ref)" behind its name) and of the mesh, node order of elements
+// reversed. False (told: ERR147, ERR375): too many. WRN247 warns of points on both sides.
+[[nodiscard]] bool ReflectGeometry(const Console& console, Hull& hull);
+
+// All geometry of a case: FGEOM of record 04, then each $ADDGEOM: block, reflected (SYMINP) and transformed each by its
+// own shift, origin and rotation. Result in ship axes, non-dimensional. False: no hull (told why).
+[[nodiscard]] bool ReadCaseGeometry(const Platform& platform, const ControlRecords& records, std::string_view folder,
+                                    Hull& hull);
+
+}  // namespace zaview

@@ -1,0 +1,22 @@
+// Makes an unstructured surface usable: duplicates and degenerate elements removed, transom elements found, normals
+// set.
+#pragma once
+
+#include "base/platform.h"
+#include "geometry/hull.h"
+
+namespace zaview {
+
+// Nodes closer than 1e-6 L (strictly) to a kept one are that one; elements with fewer than 3 different vertices, and
+// later ones with the same set of vertices, are removed; a quadrilateral with 3 becomes a triangle in ring order. Says
+// WRN376 and WRN377. Linear time (a grid of cells).
+void FECULL(const Console& console, double L, HullMesh& mesh);
+
+// Marks elements whose vertices all have x - x_min <= 1e-4 L, x_min over the nodes in use, and says their number.
+void FETRNSM(const Console& console, double L, HullMesh& mesh);
+
+// UGEOMNORM 0: away from the centreplane; 1: by connectivity, each closed part turned outward; 2: as they are; 3: all
+// turned. False (told): another value.
+[[nodiscard]] bool FENORM(const Console& console, int UGEOMNORM, HullMesh& mesh);
+
+}  // namespace zaview
