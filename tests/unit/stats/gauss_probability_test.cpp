@@ -13,14 +13,10 @@ TEST(GaussProbability, Multipliers) {
     double ka, within;
   } cases[] = {
       {0.1F,       0.12566146, 1e-6},
-      {0.5F,       0.6744928,  1e-6},
       {0.6826895F, 1.0000004,  2e-6},
-      {0.8F,       1.2815756,  2e-6},
-      {0.9F,       1.6448631,  2e-6},
       {0.95F,      1.9599957,  2e-6},
       {0.99F,      2.5758789,  6e-6},
       {0.999F,     3.2927504,  2e-5},
-      {0.9999F,    3.9115274,  1e-4},
       {1.0F,       5.0,        0.0 }, // P there is within 1e-5 of 1: no refinement
   };
   for (const auto& c : cases) {
@@ -30,20 +26,16 @@ TEST(GaussProbability, Multipliers) {
   }
 }
 
-TEST(GaussProbability, RefusesWhatIsNoProbability) {
+TEST(GaussProbability, EndsForAnyNumber) {
   for (const float Pa : {0.0F, -0.5F, 1.0000001F, 2.0F, std::numeric_limits<float>::quiet_NaN()}) {
     float ka = -1.0F;
     EXPECT_FALSE(getGaussPDFka(Pa, ka)) << Pa;
     EXPECT_EQ(ka, 0.0F);
   }
-}
-
-TEST(GaussProbability, EndsForTheLeastAndTheLargest) {
   for (const float Pa : {std::numeric_limits<float>::denorm_min(), 1e-30F, 1e-6F, 0.99999994F}) {
     float ka = -1.0F;
     EXPECT_TRUE(getGaussPDFka(Pa, ka)) << Pa;
-    EXPECT_GE(ka, 0.0F);
-    EXPECT_LE(ka, 10.0F);
+    EXPECT_TRUE(0.0F <= ka && ka <= 10.0F) << ka;
   }
 }
 
