@@ -13,11 +13,10 @@ namespace zaview {
 // a + b i + c s, i from 1, s the absolute step.
 inline void FillLine(StepHistory& history, int components, int first, int n, double a, double b, double c) {
   history.first = first;
-  history.component.assign(static_cast<std::size_t>(components), std::vector<float>(static_cast<std::size_t>(n)));
+  history.component.assign(static_cast<std::size_t>(components), {});
   for (int i = 1; i <= components; ++i)
     for (int k = 0; k < n; ++k)
-      history.component[static_cast<std::size_t>(i - 1)][static_cast<std::size_t>(k)] =
-          static_cast<float>(a + b * i + c * (first + k));
+      history.component[static_cast<std::size_t>(i - 1)].push_back(static_cast<float>(a + b * i + c * (first + k)));
 }
 
 inline CaseStore SmallCase(int first, int n) {
@@ -28,7 +27,7 @@ inline CaseStore SmallCase(int first, int n) {
   c.ships.resize(1);
   c.ships[0].centre = {0.01, 0.0, -0.0125};
   ControlRecords& r = c.control;
-  r.NSTEP = first + n - 1;
+  r.NSTEP = c.nstep_expected = first + n - 1;
   r.DTH = 0.25;
   r.USHIP = 7.5;
   r.PMGIN = {1.0, 2.0, -1.25, 3.0, 4.0, 5.0};
@@ -36,7 +35,6 @@ inline CaseStore SmallCase(int first, int n) {
   r.LENIN = r.LENOUT = 100.0;
   r.ANGIN = r.ANGOUT = 57.29578;
   r.GORIG = {0.0, 0.0, 6.25};
-  c.nstep_expected = r.NSTEP;
   c.first_read = c.first_step = c.current_step = first;
   c.last_read = c.last_step = first + n - 1;
   FillLine(c.time, 1, first, n, 0.0, 0.0, 0.0783);
@@ -56,12 +54,12 @@ inline void AddLoads(CaseStore& c, int first, int n) {
   c.loads.nycut = 1;
   c.loads.x_kinds = {1};
   c.loads.y_kinds = {6};
-  c.control.XMC = {
-      {25.0,  0.0, 6.25},
-      {-12.5, 0.0, 6.25}
+  c.control.XMC = std::vector<Triple>{
+      Triple{25.0,  0.0, 6.25},
+      Triple{-12.5, 0.0, 6.25}
   };
-  c.control.ycut.XMCY = {
-      {0.0, 2.5, 6.25}
+  c.control.ycut.XMCY = std::vector<Triple>{
+      Triple{0.0, 2.5, 6.25}
   };
   FillLine(c.load_force[0], 2, first, n, 0.0, 0.001, 0.0001);
   FillLine(c.load_moment[0], 2, first, n, 0.0, -0.002, 0.0001);

@@ -4,12 +4,10 @@
 // m i tadm fimp of one ship.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -26,9 +24,6 @@ struct StepDraft {
   int ships = 1, ship = 1, mode = 0, motype = 2;
 };
 
-constexpr int kDraftXCuts = 2, kDraftYCuts = 1;
-constexpr int kDraftXKinds[] = {1, 3}, kDraftYKinds[] = {5};
-
 inline CaseStore DraftCase(const StepDraft& draft, int nstep) {
   CaseStore c;
   c.labels.VERSION = draft.version;
@@ -41,11 +36,23 @@ inline CaseStore DraftCase(const StepDraft& draft, int nstep) {
   c.control.GRAVOUT = 4;  // with RHOOUT 2: time by 2, forces by 8, moments by 8
   c.control.RHOOUT = 2;
   c.control.LENOUT = 1;
-  c.loads.NBCA = kDraftXCuts;
-  c.loads.nycut = kDraftYCuts;
-  c.loads.x_kinds.assign(std::begin(kDraftXKinds), std::end(kDraftXKinds));
-  c.loads.y_kinds.assign(std::begin(kDraftYKinds), std::end(kDraftYKinds));
+  c.loads.NBCA = 2;
+  c.loads.nycut = 1;
+  c.loads.x_kinds = {1, 3};
+  c.loads.y_kinds = {5};
   return c;
+}
+
+inline std::vector<StepHistory*> Histories(CaseStore& c) {
+  std::vector<StepHistory*> all = {&c.time,       &c.pmgg,       &c.vmg,      &c.acc,  &c.force,
+                                   &c.rudder_cmd, &c.rudder_ang, &c.prop_rps, &c.tadm, &c.fimp};
+  for (std::size_t kind = 0; kind < 6; ++kind) all.insert(all.end(), {&c.load_force[kind], &c.load_moment[kind]});
+  return all;
+}
+
+inline void ExpectStored(CaseStore& got, CaseStore& expected, const std::string& what) {
+  for (std::size_t i = 0; i < Histories(got).size(); ++i)
+    EXPECT_TRUE(Histories(got)[i]->component == Histories(expected)[i]->component) << what << ", history " << i;
 }
 
 using Lists = std::vector<std::vector<float>>;
@@ -54,24 +61,23 @@ using Lists = std::vector<std::vector<float>>;
 class DraftWriter {
  public:
   DraftWriter(const StepDraft& draft, CaseStore& expected) : draft_(draft), c_(expected) {
-    Make(c_.time, 1);
-    if (draft.motype == 1) {
-      Make(c_.tadm, 6);
-      Make(c_.fimp, 6);
-      return;
-    }
     const std::string letters = draft.lists;
-    for (StepHistory* history : {&c_.pmgg, &c_.vmg, &c_.acc}) Make(*history, 6);
-    Make(c_.force, 30);
-    for (StepHistory* history : {&c_.rudder_cmd, &c_.rudder_ang, &c_.prop_rps}) Make(*history, 1);
-    if (letters.find_first_of("FL") != std::string::npos)
-      for (const int kind : kDraftXKinds) MakeKind(kind, kDraftXCuts);
-    if (letters.find('Y') != std::string::npos)
-      for (const int kind : kDraftYKinds) MakeKind(kind, kDraftYCuts);
+    const bool x = letters.find_first_of("FL") != std::string::npos, y = letters.find('Y') != std::string::npos;
+    c_.time.component.resize(1);
+    for (StepHistory* history : {&c_.tadm, &c_.fimp}) history->component.resize(impulsive() ? 6 : 0);
+    if (impulsive()) return;
+    for (StepHistory* history : {&c_.pmgg, &c_.vmg, &c_.acc}) history->component.resize(6);
+    c_.force.component.resize(30);
+    for (StepHistory* history : {&c_.rudder_cmd, &c_.rudder_ang, &c_.prop_rps}) history->component.resize(1);
+    for (StepHistory* loads : {c_.load_force.data(), c_.load_moment.data()}) {
+      for (const int kind : {0, 2}) loads[kind].component.resize(x ? 2 : 0);
+      loads[4].component.resize(y ? 1 : 0);
+    }
   }
 
   Lists Step(int step, float time) {
-    for (std::vector<float>* column : columns_) column->push_back(0);
+    for (StepHistory* history : Histories(c_))
+      for (std::vector<float>& column : history->component) column.push_back(0);
     step_ = step;
     time_ = time;
     given_ = 0;
@@ -79,74 +85,48 @@ class DraftWriter {
     for (const char* at = draft_.lists; *at != 0;) {
       const std::size_t size = std::strcspn(at, " ");
       const bool each = *at == 'S';
-      for (int ship = 1; ship <= (each ? draft_.ships : 1); ++ship)
-        lists.push_back(List(std::string(at, size), !each || ship == draft_.ship));
+      for (int ship = 1; ship <= (each ? draft_.ships : 1); ++ship) {
+        lists.emplace_back();
+        for (std::size_t i = each ? 1 : 0; i < size; ++i) Letter(at[i], !each || ship == draft_.ship, lists.back());
+      }
       at += size + (at[size] == ' ' ? 1 : 0);
     }
     return lists;
   }
 
  private:
-  void Make(StepHistory& history, std::size_t components) {
-    history.component.resize(components);
-    for (std::vector<float>& column : history.component) columns_.push_back(&column);
-  }
-  void MakeKind(int kind, std::size_t cuts) {
-    Make(c_.load_force[static_cast<std::size_t>(kind - 1)], cuts);
-    Make(c_.load_moment[static_cast<std::size_t>(kind - 1)], cuts);
-  }
-  std::vector<float> List(const std::string& letters, bool counts) {
-    std::vector<float> list;
-    for (const char letter : letters) Letter(letter, counts, list);
-    return list;
-  }
-  void Put(StepHistory& history, std::size_t first, std::size_t n, bool counts, std::vector<float>& list,
-           float divisor = 1) {
+  [[nodiscard]] bool impulsive() const { return draft_.motype == 1; }
+  void Put(StepHistory& history, std::size_t first, std::size_t n, bool counts, std::vector<float>& list) {
     for (std::size_t i = 0; i < n; ++i) {
       list.push_back(static_cast<float>(step_) + static_cast<float>(++given_) / 64);
-      if (counts) history.component[first + i].back() = list.back() / divisor;
+      if (counts) history.component[first + i].back() = list.back() / (impulsive() ? 8 : 1);
     }
   }
-  void PutLoads(std::size_t kind, bool force, bool moment, bool counts, std::vector<float>& list) {
-    StepHistory &f = c_.load_force[kind - 1], &m = c_.load_moment[kind - 1];
-    if (force) Put(f, 0, f.component.size(), counts, list);
-    if (moment) Put(m, 0, m.component.size(), counts, list);
-  }
   void Letter(char letter, bool counts, std::vector<float>& list) {
-    constexpr float kTimeFactor = 2, kScale = 8;
-    const bool impulsive = draft_.motype == 1;
     if (letter == 't') {
       list.push_back(time_);
-      c_.time.component[0].back() = impulsive ? time_ * kTimeFactor : time_;
+      c_.time.component[0].back() = impulsive() ? time_ * 2 : time_;
     } else if (letter == 'd') {
-      for (int i = 0; i < 6; ++i) list.push_back(-777);
+      list.insert(list.end(), 6, -777);
     } else if (letter >= '1' && letter <= '5') {
       Put(c_.force, static_cast<std::size_t>(letter - '1') * 6, 6, counts, list);
-    } else if (letter == 'F' || letter == 'M' || letter == 'L') {
-      for (const int kind : kDraftXKinds)
-        PutLoads(static_cast<std::size_t>(kind), letter != 'M', letter != 'F', counts, list);
-    } else if (letter == 'Y') {
-      for (const int kind : kDraftYKinds) PutLoads(static_cast<std::size_t>(kind), true, true, counts, list);
+    } else if (std::strchr("FMLY", letter) != nullptr) {
+      for (const std::size_t kind : letter == 'Y' ? std::vector<std::size_t>{4} : std::vector<std::size_t>{0, 2})
+        for (StepHistory* loads : {&c_.load_force[kind], &c_.load_moment[kind]})
+          if (letter != (loads == &c_.load_force[kind] ? 'M' : 'F'))
+            Put(*loads, 0, loads->component.size(), counts, list);
     } else if (letter == 'm' || letter == 'i') {
       for (int ship = 1; ship <= draft_.ships; ++ship)
-        Put(letter == 'm' ? c_.tadm : c_.fimp, 0, 6, ship == draft_.ship, list, kScale);
+        Put(letter == 'm' ? c_.tadm : c_.fimp, 0, 6, ship == draft_.ship, list);
     } else {
-      const std::pair<char, StepHistory*> plain[] = {
-          {'p', &c_.pmgg      },
-          {'v', &c_.vmg       },
-          {'a', &c_.acc       },
-          {'c', &c_.rudder_cmd},
-          {'r', &c_.rudder_ang},
-          {'n', &c_.prop_rps  }
-      };
-      for (const auto& [name, history] : plain)
-        if (name == letter) Put(*history, 0, history->component.size(), counts, list);
+      StepHistory* const plain[] = {&c_.pmgg, &c_.vmg, &c_.acc, &c_.rudder_cmd, &c_.rudder_ang, &c_.prop_rps};
+      StepHistory& history = *plain[std::string("pvacrn").find(letter)];
+      Put(history, 0, history.component.size(), counts, list);
     }
   }
 
   const StepDraft& draft_;
   CaseStore& c_;
-  std::vector<std::vector<float>*> columns_;
   int step_ = 0, given_ = 0;
   float time_ = 0;
 };
@@ -190,30 +170,6 @@ inline std::string StepRecords(int index, const Lists& lists) {
     bytes += Record(body);
   }
   return bytes;
-}
-
-inline void ExpectHistory(const StepHistory& got, const StepHistory& expected, const std::string& what) {
-  ASSERT_EQ(got.components(), expected.components()) << what;
-  for (std::size_t i = 0; i < got.component.size(); ++i)
-    EXPECT_EQ(got.component[i], expected.component[i]) << what << ' ' << i + 1;
-}
-
-inline void ExpectStored(const CaseStore& got, const CaseStore& expected, const std::string& what) {
-  ExpectHistory(got.time, expected.time, what + " time");
-  ExpectHistory(got.pmgg, expected.pmgg, what + " pmgg");
-  ExpectHistory(got.vmg, expected.vmg, what + " vmg");
-  ExpectHistory(got.acc, expected.acc, what + " acc");
-  ExpectHistory(got.force, expected.force, what + " force");
-  for (std::size_t kind = 0; kind < 6; ++kind) {
-    ExpectHistory(got.load_force[kind], expected.load_force[kind], fmt::format("{} force of kind {}", what, kind + 1));
-    ExpectHistory(got.load_moment[kind], expected.load_moment[kind],
-                  fmt::format("{} moment of kind {}", what, kind + 1));
-  }
-  ExpectHistory(got.rudder_cmd, expected.rudder_cmd, what + " rudder_cmd");
-  ExpectHistory(got.rudder_ang, expected.rudder_ang, what + " rudder_ang");
-  ExpectHistory(got.prop_rps, expected.prop_rps, what + " prop_rps");
-  ExpectHistory(got.tadm, expected.tadm, what + " tadm");
-  ExpectHistory(got.fimp, expected.fimp, what + " fimp");
 }
 
 }  // namespace zaview
