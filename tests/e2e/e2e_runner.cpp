@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <span>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -22,33 +23,20 @@ namespace fs = std::filesystem;
 constexpr std::string_view kAnyLines = "...";
 constexpr double kNear = 2e-5;  // what 4-byte sums leave of a closed form
 
-enum class StepKind { copy, file, stdin_text, run, console, exit_status, absent, holds, near };
-
-struct StepWord {
-  std::string_view word;
-  StepKind kind;
-  bool takes_lines;
-};
-
-constexpr StepWord kStepWords[] = {
-    {"copy",    StepKind::copy,        false},
-    {"file",    StepKind::file,        true },
-    {"stdin",   StepKind::stdin_text,  true },
-    {"run",     StepKind::run,         false},
-    {"console", StepKind::console,     true },
-    {"exit",    StepKind::exit_status, false},
-    {"absent",  StepKind::absent,      false},
-    {"holds",   StepKind::holds,       true },
-    {"near",    StepKind::near,        true },
-};
+constexpr std::string_view kBareSteps[] = {"copy", "stdin", "run", "console", "exit", "absent"};
+constexpr std::string_view kNamedSteps[] = {"file", "holds", "near"};  // "word NAME:" instead of "word: rest"
+constexpr std::string_view kWithLines[] = {"file", "stdin", "console", "holds", "near"};
 
 struct Step {
-  StepKind kind = StepKind::run;
-  bool takes_lines = false;
+  std::string word;
   int line = 0;      // of the text
   std::string rest;  // words behind the step's own
   std::vector<std::string> lines;
 };
+
+bool Among(std::span<const std::string_view> words, std::string_view word) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
 
 struct Text {
   std::vector<Step> steps;
@@ -68,20 +56,13 @@ std::string BodyLine(std::string_view bar) {
   return std::string(bar);
 }
 
-// "word: rest", or "word NAME:" for the steps that name a file.
 bool ParseStep(const std::string& line, Step& step) {
-  const std::string word = line.substr(0, line.find_first_of(": \t"));
-  for (const StepWord& row : kStepWords) {
-    if (row.word != word) continue;
-    step.kind = row.kind;
-    step.takes_lines = row.takes_lines;
-    const bool named = row.kind == StepKind::file || row.kind == StepKind::holds || row.kind == StepKind::near;
-    const size_t colon = named ? line.rfind(':') : line.find(':');
-    if (colon == std::string::npos || colon < word.size()) return false;
-    step.rest = Trimmed(named ? line.substr(word.size(), colon - word.size()) : line.substr(colon + 1));
-    return named ? !step.rest.empty() : true;
-  }
-  return false;
+  step.word = line.substr(0, line.find_first_of(": \t"));
+  const bool named = Among(kNamedSteps, step.word);
+  const size_t colon = named ? line.rfind(':') : line.find(':'), begin = step.word.size();
+  if ((!named && !Among(kBareSteps, step.word)) || colon == std::string::npos) return false;
+  step.rest = Trimmed(named ? line.substr(begin, colon - begin) : line.substr(colon + 1));
+  return !named || !step.rest.empty();
 }
 
 std::string FileText(const fs::path& path) {
@@ -107,10 +88,10 @@ void AddLinesOf(const Text& text, const std::string& words, std::vector<std::str
   in >> name >> first >> last;
   std::vector<std::string> from;
   for (const Step& step : text.steps) {
-    if (step.kind == StepKind::file && step.rest == name) from = step.lines;
+    if (step.word == "file" && step.rest == name) from = step.lines;
   }
   if (from.empty()) from = Lines(FileText(fs::path(ZAVIEW_SOURCE_DIR) / name));
-  for (size_t i = first; i <= std::min(last, from.size()); ++i) to.push_back(from[i - 1]);
+  for (size_t i = std::max(first, size_t{1}); i <= std::min(last, from.size()); ++i) to.push_back(from[i - 1]);
 }
 
 Text ReadText(const fs::path& path) {
@@ -123,14 +104,16 @@ Text ReadText(const fs::path& path) {
     const std::string trimmed = Trimmed(line);
     if (trimmed.empty() || trimmed[0] == '#') continue;
     if (trimmed[0] == '|' || trimmed[0] == '@') {
-      if (text.steps.empty() || !text.steps.back().takes_lines) {
+      if (text.steps.empty() || !Among(kWithLines, text.steps.back().word)) {
         text.fault = "line " + std::to_string(number) + ": belongs to no step";
         return text;
       }
       std::vector<std::string>& lines = text.steps.back().lines;
-      if (trimmed[0] == '@') AddLinesOf(text, trimmed.substr(1), lines);
-      else  // blanks at the end of a line count; those ahead of the bar do not
+      if (trimmed[0] == '@') {
+        AddLinesOf(text, trimmed.substr(1), lines);
+      } else {  // blanks at the end of a line count; those ahead of the bar do not
         lines.push_back(BodyLine(std::string_view(line).substr(line.find('|'))));
+      }
       continue;
     }
     Step step;
@@ -257,29 +240,25 @@ class Session {
   std::string At(const Step& step) const { return text_.filename().string() + ", line " + std::to_string(step.line); }
 
   void Do(const Step& step) {
-    switch (step.kind) {
-      case StepKind::copy:
-        return Copy(step);
-      case StepKind::file:
-        return Write(step);
-      case StepKind::stdin_text:
-        input_ = Joined(step.lines);
-        return;
-      case StepKind::run:
-        return Start(step);
-      case StepKind::console:
-        return Compare(step, "console", outcome_.console, std::equal_to<std::string>{});
-      case StepKind::exit_status:
-        status_checked_ = true;
-        EXPECT_EQ(std::to_string(outcome_.status), step.rest) << At(step) << ", console:\n" << outcome_.console;
-        return;
-      case StepKind::absent:
-        EXPECT_FALSE(fs::exists(folder_.Path() / step.rest)) << At(step) << ": " << step.rest << " is there";
-        return;
-      case StepKind::holds:
-        return Holds(step, std::equal_to<std::string>{});
-      case StepKind::near:
-        return Holds(step, NearLine);
+    if (step.word == "copy") {
+      Copy(step);
+    } else if (step.word == "file") {
+      Write(step);
+    } else if (step.word == "stdin") {
+      input_ = Joined(step.lines);
+    } else if (step.word == "run") {
+      Start(step);
+    } else if (step.word == "console") {
+      Compare(step, "console", outcome_.console, std::equal_to<std::string>{});
+    } else if (step.word == "exit") {
+      status_checked_ = true;
+      EXPECT_EQ(std::to_string(outcome_.status), step.rest) << At(step) << ", console:\n" << outcome_.console;
+    } else if (step.word == "absent") {
+      EXPECT_FALSE(fs::exists(folder_.Path() / step.rest)) << At(step) << ": " << step.rest << " is there";
+    } else if (step.word == "holds") {
+      Holds(step, std::equal_to<std::string>{});
+    } else {
+      Holds(step, NearLine);
     }
   }
 
