@@ -13,27 +13,21 @@ namespace {
 
 TEST(NumberFormat, CellsAndSentences) {
   constexpr float inf = std::numeric_limits<float>::infinity(), nan = std::numeric_limits<float>::quiet_NaN();
+  // clang-format off
   const struct {
     float value;
     std::string_view cell;  // 13 columns
     std::string_view sentence;
   } cases[] = {
-      {-0.0F,          "     0.000000", "0"           },
-      {0.1F,           "    0.1000000", "0.1"         },
-      {-2.5e10F,       "-2.500000E+10", "-2.5e+10"    },
-      {1234567.0F,     "    1234567.0", "1234567"     },
-      {-0.000123456F,  "-0.0001234560", "-0.000123456"}, // the widest cell
-      {-1.6595603e-5F, "-1.659560E-05", "-1.65956e-05"},
-      {10000000.0F,    " 1.000000E+07", "1e+07"       },
-      {9.9999997e-05F, " 0.0001000000", "0.0001"      },
-      {1234567.5F,     "    1234568.0", "1234568"     }, // a tie to even, upwards
-      {1234566.5F,     "    1234566.0", "1234566"     }, // a tie to even, downwards
-      {3.4028235e38F,  " 3.402823E+38", "3.402823e+38"},
-      {inf,            "          Inf", "Inf"         },
-      {-inf,           "         -Inf", "-Inf"        },
-      {nan,            "          NaN", "NaN"         },
-      {-nan,           "          NaN", "NaN"         },
+      {-0.0F, "     0.000000", "0"}, {0.1F, "    0.1000000", "0.1"}, {-2.5e10F, "-2.500000E+10", "-2.5e+10"},
+      {1234567.0F, "    1234567.0", "1234567"}, {-0.000123456F, "-0.0001234560", "-0.000123456"},  // the widest cell
+      {-1.6595603e-5F, "-1.659560E-05", "-1.65956e-05"}, {10000000.0F, " 1.000000E+07", "1e+07"},
+      {9.9999997e-05F, " 0.0001000000", "0.0001"}, {1234567.5F, "    1234568.0", "1234568"},  // a tie to even, upwards
+      {1234566.5F, "    1234566.0", "1234566"},  // a tie to even, downwards
+      {3.4028235e38F, " 3.402823E+38", "3.402823e+38"}, {inf, "          Inf", "Inf"}, {-inf, "         -Inf", "-Inf"},
+      {nan, "          NaN", "NaN"}, {-nan, "          NaN", "NaN"},
   };
+  // clang-format on
   for (const auto& c : cases) {
     std::string cell;
     AppendPaddedCell(cell, c.value);

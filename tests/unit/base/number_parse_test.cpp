@@ -43,22 +43,19 @@ TEST(NumberParse, RoundsOnceToFourBytes) {
   const float above_one = std::nextafter(1.0F, 2.0F), two_up = std::nextafter(above_one, 2.0F);
   const std::string midpoint = "1.000000059604644775390625";  // 1 + 2^-24
   const std::string zeros(900, '0'), many_zeros(5000, '0');
-  const struct {
-    std::string text;
-    float value;
-  } cases[] = {
-      {midpoint,                                     1.0F                                    }, // a tie goes to the even one
-      {midpoint + "00000000000000000000000001",      above_one                               }, // through a double it would be a tie
-      {"1.0000000596046447753906249999999999999999", 1.0F                                    }, // likewise from below
-      {midpoint + zeros + "1",                       above_one                               }, // told only by a digit far behind
-      {midpoint + zeros,                             1.0F                                    },
-      {"1.000000178813934326171875",                 two_up                                  }, // 1 + 3*2^-24: the even one is above
-      {"1.4E-45",                                    std::numeric_limits<float>::denorm_min()},
-      {"0.7E-45",                                    0.0F                                    }, // below half of the smallest denormal
-      {"0.71E-45",                                   std::numeric_limits<float>::denorm_min()},
-      {"0." + many_zeros + "15E5001",                1.5F                                    }, // the exponent brings it back
-      {"15" + many_zeros + "E-5001",                 1.5F                                    },
+  // clang-format off
+  const struct { std::string text; float value; } cases[] = {
+      {midpoint, 1.0F},  // a tie goes to the even one
+      {midpoint + "00000000000000000000000001", above_one},  // through a double it would be a tie
+      {"1.0000000596046447753906249999999999999999", 1.0F},  // likewise from below
+      {midpoint + zeros + "1", above_one},  // told only by a digit far behind
+      {midpoint + zeros, 1.0F}, {"1.000000178813934326171875", two_up},  // 1 + 3*2^-24: the even one is above
+      {"1.4E-45", std::numeric_limits<float>::denorm_min()}, {"0.7E-45", 0.0F},  // below half of the smallest denormal
+      {"0.71E-45", std::numeric_limits<float>::denorm_min()},
+      {"0." + many_zeros + "15E5001", 1.5F},  // the exponent brings it back
+      {"15" + many_zeros + "E-5001", 1.5F},
   };
+  // clang-format on
   for (const auto& c : cases) {
     float value = 99;
     EXPECT_TRUE(ParseFloat(c.text, value)) << c.text;
@@ -79,20 +76,14 @@ TEST(NumberParse, IntegersTakeWholeReals) {
 
 // The number found in each text from a position on, the position behind it, and whether the text goes on there.
 TEST(NumberParse, PromptScannerFindsTheNextNumber) {
+  // clang-format off
   const std::tuple<const char*, std::size_t, ParseEnd, double, std::size_t> cases[] = {
-      {"1.5D3",  0, ParseEnd::end,  1500, 5},
-      {"1e+",    0, ParseEnd::end,  1,    3},
-      {"1-2",    0, ParseEnd::more, 1,    1},
-      {"1-2",    1, ParseEnd::end,  -2,   3},
-      {"x = 7 ", 0, ParseEnd::end,  7,    5},
-      {"- 5",    0, ParseEnd::end,  5,    3},
-      {"e5",     0, ParseEnd::end,  5,    2},
-      {"1.2.3",  0, ParseEnd::more, 1.2,  3},
-      {"--5",    0, ParseEnd::end,  -5,   3},
-      {"+ . -",  0, ParseEnd::none, 99,   0},
-      {"1e999",  0, ParseEnd::none, 99,   0},
-      {"12",     5, ParseEnd::none, 99,   5},
+      {"1.5D3", 0, ParseEnd::end, 1500, 5}, {"1e+", 0, ParseEnd::end, 1, 3}, {"1-2", 0, ParseEnd::more, 1, 1},
+      {"1-2", 1, ParseEnd::end, -2, 3}, {"x = 7 ", 0, ParseEnd::end, 7, 5}, {"- 5", 0, ParseEnd::end, 5, 3},
+      {"e5", 0, ParseEnd::end, 5, 2}, {"1.2.3", 0, ParseEnd::more, 1.2, 3}, {"--5", 0, ParseEnd::end, -5, 3},
+      {"+ . -", 0, ParseEnd::none, 99, 0}, {"1e999", 0, ParseEnd::none, 99, 0}, {"12", 5, ParseEnd::none, 99, 5},
   };
+  // clang-format on
   for (const auto& [text, from, end, expected, behind] : cases) {
     std::size_t position = from;
     double value = 99;

@@ -40,32 +40,27 @@ Scanned Scan(const std::string& text, std::size_t n, std::size_t piece) {
 
 TEST(RealScan, ListRules) {
   const float inf = std::numeric_limits<float>::infinity(), nan = std::nanf("");
+  // clang-format off
   const struct {
     std::string text;
     ScanEnd end;
     std::vector<float> values;
     std::ptrdiff_t at;  // -1: the end of the text
   } cases[] = {
-      {"\n \t\r\n 1\n\n2\t3 rest ! of line\nnext", ScanEnd::complete, {1, 2, 3},            28},
-      {"1,\n 2\n,3\n",                             ScanEnd::complete, {1, 2, 3},            -1},
-      {",2,,\n9",                                  ScanEnd::complete, {0, 2, 0},            5 },
-      {"2*1.5 4\n",                                ScanEnd::complete, {1.5F, 1.5F, 4},      -1},
-      {"99999999999999999999999*-2 4\n5",          ScanEnd::complete, {-2, -2, -2},         29},
-      {"1 2 \r 3\n4\n",                            ScanEnd::complete, {1, 2, 4},            -1},
-      {"1 2 3\r\n4",                               ScanEnd::complete, {1, 2, 3},            7 },
-      {"1 -nan Inf\n",                             ScanEnd::complete, {1, nan, inf},        -1},
-      {"1D2 1.5-3 .5\n",                           ScanEnd::complete, {100, 1.5E-3F, 0.5F}, -1},
-      {"1 2 3.5E-",                                ScanEnd::file_end, {1, 2},               4 },
-      {"1 2 4*-.",                                 ScanEnd::file_end, {1, 2},               4 },
-      {",",                                        ScanEnd::file_end, {0},                  -1},
-      {" \n\t\n \r x",                             ScanEnd::empty,    {},                   -1},
-      {"1 **** 3\n",                               ScanEnd::error,    {1},                  2 },
-      {"1 0*5 3\n",                                ScanEnd::error,    {1},                  2 },
-      {"1 1.5E 3\n",                               ScanEnd::error,    {1},                  2 },
-      {"1 2*3*4 3\n",                              ScanEnd::error,    {1},                  2 },
-      {"1 1E39 3\n",                               ScanEnd::error,    {1},                  2 },
-      {"1 ! 3\n",                                  ScanEnd::error,    {1},                  2 }, // no comments in step records
+      {"\n \t\r\n 1\n\n2\t3 rest ! of line\nnext", ScanEnd::complete, {1, 2, 3}, 28},
+      {"1,\n 2\n,3\n", ScanEnd::complete, {1, 2, 3}, -1}, {",2,,\n9", ScanEnd::complete, {0, 2, 0}, 5},
+      {"2*1.5 4\n", ScanEnd::complete, {1.5F, 1.5F, 4}, -1},
+      {"99999999999999999999999*-2 4\n5", ScanEnd::complete, {-2, -2, -2}, 29},
+      {"1 2 \r 3\n4\n", ScanEnd::complete, {1, 2, 4}, -1}, {"1 2 3\r\n4", ScanEnd::complete, {1, 2, 3}, 7},
+      {"1 -nan Inf\n", ScanEnd::complete, {1, nan, inf}, -1},
+      {"1D2 1.5-3 .5\n", ScanEnd::complete, {100, 1.5E-3F, 0.5F}, -1}, {"1 2 3.5E-", ScanEnd::file_end, {1, 2}, 4},
+      {"1 2 4*-.", ScanEnd::file_end, {1, 2}, 4}, {",", ScanEnd::file_end, {0}, -1},
+      {" \n\t\n \r x", ScanEnd::empty, {}, -1}, {"1 **** 3\n", ScanEnd::error, {1}, 2},
+      {"1 0*5 3\n", ScanEnd::error, {1}, 2}, {"1 1.5E 3\n", ScanEnd::error, {1}, 2},
+      {"1 2*3*4 3\n", ScanEnd::error, {1}, 2}, {"1 1E39 3\n", ScanEnd::error, {1}, 2},
+      {"1 ! 3\n", ScanEnd::error, {1}, 2},  // no comments in step records
   };
+  // clang-format on
   for (const auto& c : cases) {
     const bool ends =
         c.end == ScanEnd::complete || c.end == ScanEnd::error;  // then more text may follow: the short path

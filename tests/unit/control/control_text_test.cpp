@@ -8,19 +8,13 @@ namespace zaview {
 namespace {
 
 TEST(ControlText, TextFieldsDropQuotesAndOuterBlanks) {
-  const struct {
-    const char* line;
-    const char* text;
-  } cases[] = {
-      {"  Frigate, sea state 6 \t", "Frigate, sea state 6"},
-      {"'hull 12.geo'",             "hull 12.geo"         },
-      {" \"it's\" dropped",         "it's"                },
-      {"'it''s' 5",                 "it's"                }, // a doubled quote stands for one
-      {"'no end",                   "no end"              },
-      {"'   '",                     ""                    },
-      {"",                          ""                    },
-      {"a\tb",                      "a b"                 },
+  // clang-format off
+  const struct { const char* line; const char* text; } cases[] = {
+      {"  Frigate, sea state 6 \t", "Frigate, sea state 6"}, {"'hull 12.geo'", "hull 12.geo"},
+      {" \"it's\" dropped", "it's"}, {"'it''s' 5", "it's"},  // a doubled quote stands for one
+      {"'no end", "no end"}, {"'   '", ""}, {"", ""}, {"a\tb", "a b"},
   };
+  // clang-format on
   for (const auto& c : cases) EXPECT_EQ(TextField(c.line, kTitleLength), c.text) << c.line;
   EXPECT_EQ(TextField(std::string(100, 'x'), kTitleLength), std::string(80, 'x'));
   EXPECT_EQ(TextField("'" + std::string(100, 'y') + "'", kTitleLength), std::string(80, 'y'));

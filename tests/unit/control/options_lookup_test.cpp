@@ -16,21 +16,13 @@ ControlRecords WithOptions(std::vector<std::string> lines) {
 }
 
 TEST(OptionsLookup, SpellingsOfALine) {
-  const struct {
-    const char* line;
-    double value;
-  } rows[] = {
-      {"SPEC_CUTOFF 1.D-3",          0.001},
-      {"  spec_cutoff: 0.5 ! half",  0.5  },
-      {"Spec_Cutoff = 2",            2    },
-      {"SPEC_CUTOFF=3, of the peak", 3    },
-      {"SPEC_CUTOFF\t:\t4",          4    },
-      {"SPEC_CUTOFF",                -1   },
-      {"SPEC_CUTOFF = high",         -1   },
-      {"! SPEC_CUTOFF 6",            -1   },
-      {"SPEC_CUTOFF2 7",             -1   },
-      {"= 7",                        -1   },
+  // clang-format off
+  const struct { const char* line; double value; } rows[] = {
+      {"SPEC_CUTOFF 1.D-3", 0.001}, {"  spec_cutoff: 0.5 ! half", 0.5}, {"Spec_Cutoff = 2", 2},
+      {"SPEC_CUTOFF=3, of the peak", 3}, {"SPEC_CUTOFF\t:\t4", 4}, {"SPEC_CUTOFF", -1}, {"SPEC_CUTOFF = high", -1},
+      {"! SPEC_CUTOFF 6", -1}, {"SPEC_CUTOFF2 7", -1}, {"= 7", -1},
   };
+  // clang-format on
   for (const auto& row : rows) EXPECT_EQ(RealOption(WithOptions({row.line}), {"SPEC_CUTOFF"}), row.value) << row.line;
 }
 

@@ -37,30 +37,24 @@ TEST(CommandLine, EndsAndErrors) {
                     left = "Hit RETURN to continue...\n" + name + "\n";
   const std::string both = "ERROR - arguments -ensemble and -restart cannot both be specified\n";
   const std::string ignored = "Initial plot argument -plot* or -anim* ignored as data file not specified\n";
-  const struct {
-    const char* line;
-    int status;
-    std::string body;
-  } cases[] = {
-      {"-Foo|-|-bar",            2, bad + "-Foo\n" + bad + "-\n" + bad + "-bar\n"                                   },
-      {"-s|a|-init_script",      2, "ERROR - missing qualifier for -init_script argument\n"                         },
-      {"-s|a|-command|STOP",     2, "ERROR - only one of -script, -init_script, -command or -init_command can be\n" },
-      {"-init_command",          2, "ERROR - missing command for -INIT_COMMAND\n"                                   },
-      {"-file",                  2, "ERROR - missing file name for -file argument\n"                                },
-      {"-ensemble|-restart|a|b", 2, both                                                                            },
-      {"-restart|-ensm|a|b",     2, both                                                                            },
-      {"-set",                   2, "ERROR - insufficient qualifiers for -SET argument\n"                           },
-      {"-vscript|=a",            2, "ERROR parsing -VSCRIPT argument\n"                                             },
-      {"-root=",                 2, "ERROR - incorrect syntax for -ROOT= argument\n"                                },
-      {"-ship|1",                2, "ERROR - missing argument(s) to -SHIP\n"                                        },
-      {"-ship|1|x",              2, "ERROR - illegal argument to -SHIP\n"                                           },
-      {"-help|-v|a",             2, "ERROR - insufficient qualifiers for -V argument\n"                             },
-      {"-bad|-vers|-help",       0, bad + "-bad\n\n"                                                                },
-      {"no*.out",                1, "ERROR - no file(s) found which match no*.out\n" + left                         }, // given up
-      {"-plot",                  0, ignored + name + "\n"                                                           }, // no pause
-      {"none|-command|STOP",     0, "ERROR - Error opening ZAVO Output File : none\n" + stop + "ZAVIEW is done...\n"},
-      {"-init_command|STOP",     0, stop + "ZAVIEW continuing...\n" + name + "\n"                                   },
+  // clang-format off
+  const struct { const char* line; int status; std::string body; } cases[] = {
+      {"-Foo|-|-bar", 2, bad + "-Foo\n" + bad + "-\n" + bad + "-bar\n"},
+      {"-s|a|-init_script", 2, "ERROR - missing qualifier for -init_script argument\n"},
+      {"-s|a|-command|STOP", 2, "ERROR - only one of -script, -init_script, -command or -init_command can be\n"},
+      {"-init_command", 2, "ERROR - missing command for -INIT_COMMAND\n"},
+      {"-file", 2, "ERROR - missing file name for -file argument\n"}, {"-ensemble|-restart|a|b", 2, both},
+      {"-restart|-ensm|a|b", 2, both}, {"-set", 2, "ERROR - insufficient qualifiers for -SET argument\n"},
+      {"-vscript|=a", 2, "ERROR parsing -VSCRIPT argument\n"},
+      {"-root=", 2, "ERROR - incorrect syntax for -ROOT= argument\n"},
+      {"-ship|1", 2, "ERROR - missing argument(s) to -SHIP\n"}, {"-ship|1|x", 2, "ERROR - illegal argument to -SHIP\n"},
+      {"-help|-v|a", 2, "ERROR - insufficient qualifiers for -V argument\n"}, {"-bad|-vers|-help", 0, bad + "-bad\n\n"},
+      {"no*.out", 1, "ERROR - no file(s) found which match no*.out\n" + left},  // given up
+      {"-plot", 0, ignored + name + "\n"},  // no pause
+      {"none|-command|STOP", 0, "ERROR - Error opening ZAVO Output File : none\n" + stop + "ZAVIEW is done...\n"},
+      {"-init_command|STOP", 0, stop + "ZAVIEW continuing...\n" + name + "\n"},
   };
+  // clang-format on
   for (const auto& c : cases) {
     FakePlatform fake;
     EXPECT_EQ(zaview_main(fake.Get(), Words(c.line)), c.status) << c.line;

@@ -48,19 +48,16 @@ TEST(Prompts, TerminalShowsItsOwnAnswer) {
 }
 
 TEST(Prompts, Numbers) {
+  // clang-format off
   const struct {
     std::deque<std::string> input;
     Answer status;
     int value;  // 7 stands before
   } cases[] = {
-      {{"2.5"},       Answer::ok,           3         },
-      {{"-2.5"},      Answer::ok,           -3        },
-      {{""},          Answer::ok,           7         },
-      {{"none", "4"}, Answer::ok,           4         },
-      {{"quit"},      Answer::quit,         7         },
-      {{"x"},         Answer::end_of_input, 7         },
-      {{"1e20"},      Answer::ok,           2147483647}
+      {{"2.5"}, Answer::ok, 3}, {{"-2.5"}, Answer::ok, -3}, {{""}, Answer::ok, 7}, {{"none", "4"}, Answer::ok, 4},
+      {{"quit"}, Answer::quit, 7}, {{"x"}, Answer::end_of_input, 7}, {{"1e20"}, Answer::ok, 2147483647},
   };
+  // clang-format on
   FakePlatform fake;
   const Console console = fake.Get().console;
   for (const auto& c : cases) {
@@ -111,14 +108,11 @@ TEST(Prompts, StepLists) {
 }
 
 TEST(OptionMenu, Choices) {
+  // clang-format off
   const MenuItem items[] = {
-      {" 0 - a", true },
-      {" 1 - b", true },
-      {" 2 - c", false},
-      {" 3 - d", true },
-      {" 4 - e", true },
-      {" 5 - f", true }
+      {" 0 - a", true}, {" 1 - b", true}, {" 2 - c", false}, {" 3 - d", true}, {" 4 - e", true}, {" 5 - f", true},
   };
+  // clang-format on
   const std::string invalid = "\nInvalid option - please reenter\n=> ";
   const std::string range = "\nSelection out of range - please reenter\n=> ";
   const struct {

@@ -27,18 +27,12 @@ std::vector<float> RandomRecord(std::size_t n) {
 
 // Sizes about the number of lanes, and one that is shared between threads; lags up to and beyond the record.
 TEST(LagSums, SameBitsAsThePlainLoop) {
+  // clang-format off
   const std::tuple<std::size_t, int, std::size_t> cases[] = {
-      {1,    0,   1   },
-      {2,    0,   3   },
-      {63,   0,   63  },
-      {64,   0,   64  },
-      {65,   0,   66  },
-      {127,  1,   64  },
-      {128,  63,  65  },
-      {300,  290, 20  },
-      {5000, 0,   2501},
-      {5000, 7,   1   }
+      {1, 0, 1}, {2, 0, 3}, {63, 0, 63}, {64, 0, 64}, {65, 0, 66}, {127, 1, 64}, {128, 63, 65}, {300, 290, 20},
+      {5000, 0, 2501}, {5000, 7, 1},
   };
+  // clang-format on
   for (const auto& [n, first, count] : cases) {
     const std::vector<float> x = RandomRecord(n);
     std::vector<float> sums(count, -1.0F);

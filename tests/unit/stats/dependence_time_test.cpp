@@ -12,25 +12,20 @@ namespace zaview {
 namespace {
 
 TEST(EnvelopeRule, WalksFromTheSecondPoint) {
-  const struct {
-    const char* name;
-    std::vector<float> R;
-    float cutoff;
-    int ndti;
-    double lag;
-    bool reached;
-  } cases[] = {
-  // Points (2, 0.8), (5, 0.2): d 0.6, d1 0.5, d2 0.5.
-      {"between two points", {1, 0, -0.8F, 0, 0.1F, 0.2F, 0.1F},   0.5F,  3, 3.5, true },
-      {"at the cut-off",     {1, 0, -0.75F, 0, 0.1F, 0.25F, 0.1F}, 0.25F, 5, 5.0, true },
-      {"not reached",        {1, 0, -0.75F, 0, 0.1F, 0.25F, 0.1F}, 0.2F,  0, 0.0, false},
-      {"one point",          {1, 0.5F, 0, 0.01F, 0},               0.05F, 0, 0.0, false},
-      {"no point",           {1, 0.5F, 0.25F, 0.1F, 0.05F},        0.5F,  0, 0.0, false},
- // The first point lies below already: (2, 0.25), (4, 0.125), cut-off 0.5: 4 (-2) + 2 (3) = -2, kept at 0.
-      {"below at the first", {1, 0, 0.25F, 0, 0.125F, 0},          0.5F,  0, 0.0, true },
-      {"equal points",       {1, 0, 0.25F, 0, 0.25F, 0},           0.5F,  4, 4.0, true },
-      {"scaled by R(0)",     {4, 0, -3.2F, 0, 0.4F, 0.8F, 0.4F},   0.5F,  3, 3.5, true },
+  // clang-format off
+  const struct { const char* name; std::vector<float> R; float cutoff; int ndti; double lag; bool reached; } cases[] = {
+      // Points (2, 0.8), (5, 0.2): d 0.6, d1 0.5, d2 0.5.
+      {"between two points", {1, 0, -0.8F, 0, 0.1F, 0.2F, 0.1F}, 0.5F, 3, 3.5, true},
+      {"at the cut-off", {1, 0, -0.75F, 0, 0.1F, 0.25F, 0.1F}, 0.25F, 5, 5.0, true},
+      {"not reached", {1, 0, -0.75F, 0, 0.1F, 0.25F, 0.1F}, 0.2F, 0, 0.0, false},
+      {"one point", {1, 0.5F, 0, 0.01F, 0}, 0.05F, 0, 0.0, false},
+      {"no point", {1, 0.5F, 0.25F, 0.1F, 0.05F}, 0.5F, 0, 0.0, false},
+      // The first point lies below already: (2, 0.25), (4, 0.125), cut-off 0.5: 4 (-2) + 2 (3) = -2, kept at 0.
+      {"below at the first", {1, 0, 0.25F, 0, 0.125F, 0}, 0.5F, 0, 0.0, true},
+      {"equal points", {1, 0, 0.25F, 0, 0.25F, 0}, 0.5F, 4, 4.0, true},
+      {"scaled by R(0)", {4, 0, -3.2F, 0, 0.4F, 0.8F, 0.4F}, 0.5F, 3, 3.5, true},
   };
+  // clang-format on
   for (const auto& c : cases) {
     Dependence out;
     EnvelopeRule(c.R, c.cutoff, out);

@@ -8,17 +8,12 @@ namespace zaview {
 namespace {
 
 TEST(GaussProbability, Multipliers) {
-  const struct {
-    float Pa;
-    double ka, within;
-  } cases[] = {
-      {0.1F,       0.12566146, 1e-6},
-      {0.6826895F, 1.0000004,  2e-6},
-      {0.95F,      1.9599957,  2e-6},
-      {0.99F,      2.5758789,  6e-6},
-      {0.999F,     3.2927504,  2e-5},
-      {1.0F,       5.0,        0.0 }, // P there is within 1e-5 of 1: no refinement
+  // clang-format off
+  const struct { float Pa; double ka, within; } cases[] = {
+      {0.1F, 0.12566146, 1e-6}, {0.6826895F, 1.0000004, 2e-6}, {0.95F, 1.9599957, 2e-6}, {0.99F, 2.5758789, 6e-6},
+      {0.999F, 3.2927504, 2e-5}, {1.0F, 5.0, 0.0},  // P there is within 1e-5 of 1: no refinement
   };
+  // clang-format on
   for (const auto& c : cases) {
     float ka = -1.0F;
     EXPECT_TRUE(getGaussPDFka(c.Pa, ka));

@@ -57,17 +57,12 @@ TEST(RecordStats, RefusedArguments) {
   const std::string option = "ERROR in CalcRecordStats: invalid statistics option= ";
   const std::string peaks = "Peak statistics now calculated in CalcRecordPeakStats()";
   const std::string probability = "ERROR in CalcRecordStats: invalid confidence probability = ";
-  const struct {
-    int iopt;
-    float prob;
-    std::vector<std::string> lines;
-  } cases[] = {
-      {4,  0.95F, {option + "4", peaks}             },
-      {5,  0.95F, {option + "5"}                    },
-      {-1, 0.0F,  {option + "-1", probability + "0"}},
-      {1,  1.0F,  {probability + "1"}               },
-      {1,  kNaN,  {probability + "NaN"}             },
+  // clang-format off
+  const struct { int iopt; float prob; std::vector<std::string> lines; } cases[] = {
+      {4, 0.95F, {option + "4", peaks}}, {5, 0.95F, {option + "5"}}, {-1, 0.0F, {option + "-1", probability + "0"}},
+      {1, 1.0F, {probability + "1"}}, {1, kNaN, {probability + "NaN"}},
   };
+  // clang-format on
   for (const auto& c : cases) {
     RecordStats s;
     s.xm = 7.0F;
