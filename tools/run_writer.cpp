@@ -131,7 +131,7 @@ void AppendRun(const RunSpec& spec, std::string& out) {
   Line(out, "!13 (cont) FIRF0 - Root name for impulse response function files\n");
   Line(out, "!14 TINIT NSTEP DTH IRST - Initial Time, Number of Steps, Time Step, Restart");
   Line(out, fmt::format("{:.10g} {} {:.10g} {}", spec.tinit, spec.nstep, spec.dth, spec.irst));
-  Line(out, "!14 (cont) FRST - Name for restart file\n");
+  Line(out, fmt::format("!14 (cont) FRST - Name for restart file\n{}", spec.irst > 0 ? "run.rst" : ""));
   Line(out, "!14 (cont) FBDMEM - Name for body panel TGF influence file\n");
   Line(out, "!14 (cont) FWLMEM - Name for waterline TGF influence file\n");
   Line(out, "!15 USHIP  UCURNT  DCURNT  WDEPTH - Steady speed, current vel/dir, water depth");
