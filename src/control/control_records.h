@@ -23,8 +23,9 @@ inline constexpr int MXBK = 5;
 inline constexpr int MXVSTA = 20;
 inline constexpr int MXEFOR = 100;
 inline constexpr int MXPOTH = 3;
-inline constexpr int MAXBCA = 25;   // load cuts
-inline constexpr int MAXBMP = 350;  // mass points
+inline constexpr int MAXBCA = 25;     // load cuts
+inline constexpr int MAXBMP = 350;    // mass points
+inline constexpr int MXSPEC = 10000;  // components of a given sea; as many as a phase file may hold
 inline constexpr int MAXGWL = 23;
 inline constexpr int MAXGWB = 11;
 

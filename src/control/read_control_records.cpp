@@ -7,7 +7,9 @@
 namespace zaview {
 namespace {
 
-enum class RowStatus : std::uint8_t { ok, bad_record, bad_seaway, out_of_memory };
+constexpr int kSeawayRecord = 21;
+
+enum class RowStatus : std::uint8_t { ok, bad_record, negative_count, bad_seaway, out_of_memory };
 
 RowStatus ReadTextRow(HeaderText& text, const RecordRow& row, ControlRecords& records) {
   std::string_view line;
@@ -23,7 +25,7 @@ void SetToZero(const FieldList& fields) {
 
 RowStatus ReadListRow(HeaderText& text, const RecordRow& row, RecordState& state) {
   const std::int64_t count = row.count == nullptr ? 1 : row.count(state);
-  if (count < 0) return RowStatus::bad_record;
+  if (count < 0) return RowStatus::negative_count;
   for (std::int64_t i = 0; i < count; ++i) {
     FieldList fields;
     if (!row.list(state, static_cast<std::size_t>(i), fields)) return RowStatus::out_of_memory;
@@ -36,14 +38,17 @@ RowStatus ReadListRow(HeaderText& text, const RecordRow& row, RecordState& state
 }
 
 ControlStatus SayBadRow(const Console& console, const ControlText& text, const HeaderText& lines, const RecordRow& row,
-                        RowStatus status, const ControlRecords& records) {
+                        RowStatus status, const RecordState& state) {
   const std::int64_t line = text.source->line_number;
   if (lines.ended == TextEvent::too_long) {
     Say(console, kControlTooLong, text.file_name, line);
   } else if (status == RowStatus::out_of_memory) {
-    Say(console, kControlMemory, text.file_name, line);
+    if (row.record == kSeawayRecord) Say(console, kSeawayMemory, text.file_name, line);
+    else Say(console, kControlMemory, text.file_name, line);
   } else if (status == RowStatus::bad_seaway) {
-    Say(console, kSeawayKind, records.seaway.ISEA);
+    Say(console, kSeawayKind, state.records.seaway.ISEA);
+  } else if (status == RowStatus::negative_count && row.say_negative != nullptr) {
+    row.say_negative(console, state);
   } else {
     Say(console, kBadRecord, row.record, text.file_name, line);
   }
@@ -60,7 +65,7 @@ ControlStatus ReadControlRecords(const Console& console, ControlText& text, Cont
   for (const RecordRow& row : RecordRows()) {
     const RowStatus status = row.text != nullptr ? ReadTextRow(lines, row, records) : ReadListRow(lines, row, state);
     text.delimiter = lines.delimiter;
-    if (status != RowStatus::ok) return SayBadRow(console, text, lines, row, status, records);
+    if (status != RowStatus::ok) return SayBadRow(console, text, lines, row, status, state);
   }
 
   const ModuleStatus modules = KeepModules(lines, records.modules);

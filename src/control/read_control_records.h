@@ -17,6 +17,7 @@ inline constexpr std::string_view kBadRecord = "ERROR - record {:02} of the cont
 inline constexpr std::string_view kSeawayKind = "ERR104 - Seaway specifier ISEA= {}";
 inline constexpr std::string_view kControlTooLong = "ERROR - control data is too long : {}, line {}";
 inline constexpr std::string_view kControlMemory = "ERROR - no memory to read the control data : {}, line {}";
+inline constexpr std::string_view kSeawayMemory = "ERR325 - No memory for the seaway : {}, line {}";
 
 enum class ControlStatus : std::uint8_t { ok, failed };  // failed: the message has been said
 

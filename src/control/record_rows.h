@@ -7,10 +7,12 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/grow.h"
 #include "base/list_read.h"
+#include "base/platform.h"
 #include "control/control_records.h"
 
 namespace zaview {
@@ -43,16 +45,24 @@ enum class RecordCheck : std::uint8_t { ok, bad_record, bad_seaway };
 
 struct RecordRow {
   int record = 0;
+  std::string_view comment{};  // the writer's comment lines ahead of it, a \n between them
   // A text field and its greatest length ...
   std::string ControlRecords::*text = nullptr;
   std::size_t length = 0;
   // ... or a list: the places of entry i (from 0), made if it is the next one; false when memory is out.
   bool (*list)(RecordState& state, std::size_t i, FieldList& fields) = nullptr;
-  // How often the list stands; null: once. A negative count is a bad record.
+  // How often the list stands; null: once. A negative count is a bad record, told by say_negative if there is one.
   std::int64_t (*count)(const RecordState& state) = nullptr;
   // Whether the values just read can be; null: always.
   RecordCheck (*check)(const RecordState& state) = nullptr;
+  void (*say_negative)(const Console& console, const RecordState& state) = nullptr;
+  // What the simulation has room for, and the name of that limit; blank: any count.
+  int limit = 0;
+  std::string_view limit_name{};
+  std::size_t a_line = 4;  // values that the writer puts on a line
 };
+
+inline constexpr std::string_view kNoWaves = "ERR105 - Seaway specified but {} = {}";
 
 [[nodiscard]] std::span<const RecordRow> RecordRows();
 

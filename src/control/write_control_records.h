@@ -9,10 +9,10 @@
 
 namespace zaview {
 
-// Appends records 01 to 33, the modules (module_table.h) and an END_OF_FILE line. Counts above their limit are marked
-// by
-// "!WRN359 - Dimensioning parameter .. exceeded - data echo not accurate".
-void WriteControlRecords(const ControlRecords& records, std::string& text);
+// Appends records 01 to 33, the modules (module_table.h) and an END_OF_FILE line. A count above its limit is marked by
+// "!WRN359 - Dimensioning parameter .. exceeded - data echo not accurate"; all its lines are written nevertheless.
+// False: memory is out, the text is not whole.
+[[nodiscard]] bool WriteControlRecords(const ControlRecords& records, std::string& text);
 
 // One real as it stands in a control text, without padding.
 [[nodiscard]] std::string ControlReal(double value);
