@@ -101,6 +101,7 @@ struct CaseStore {
   std::vector<DerivedShip> ships;
   std::vector<std::vector<double>> unnamed_derived;  // what stands behind the cuts, by line
   ControlRecords control;
+  std::vector<ControlRecords> ship_texts;  // of a file with several ships: its control texts as read; else none
   SectionLoads loads;
 
   bool irf_case = false;

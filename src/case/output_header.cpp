@@ -4,6 +4,7 @@
 #include "case/derived_echo.h"
 #include "case/ship_texts.h"
 #include "case/version_label.h"
+#include "control/check_control_records.h"
 #include "control/control_text.h"
 #include "control/read_control_records.h"
 
@@ -54,12 +55,13 @@ HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const 
   }
 
   SayLine(console, kReadingInput);
+  ReportVersion(console, fresh.labels.VERSION);
   ControlText control{&source, name};
   if (ReadControlRecords(console, control, fresh.control) != ControlStatus::ok) return HeaderStatus::failed;
   fresh.nstep_expected = fresh.control.NSTEP;
 
   FurtherTexts further;
-  if (control.delimiter == Delimiter::none) control.delimiter = ReadFurtherTexts(source, name, fresh.ship, further);
+  if (control.delimiter == Delimiter::none) control.delimiter = ReadFurtherTexts(source, name, further);
   if (control.delimiter != Delimiter::file_parsing_data) {
     SayLine(console, kParsingError);
     return HeaderStatus::failed;
@@ -74,6 +76,7 @@ HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const 
   HeaderText derived{&source};
   derived.columns = kKeptLine;
   if (ReadDerivedData(console, derived, fresh) != SectionStatus::ok) return HeaderStatus::failed;
+  if (CheckControlRecords(console, fresh.control, fresh.labels.VERSION) > 0) return HeaderStatus::failed;
   return AdoptShipText(console, further, fresh) ? HeaderStatus::ok : HeaderStatus::failed;
 }
 

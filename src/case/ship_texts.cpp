@@ -5,7 +5,9 @@
 #include <string_view>
 #include <utility>
 
+#include "base/grow.h"
 #include "base/text.h"
+#include "control/check_control_records.h"
 #include "control/read_control_records.h"
 
 namespace zaview {
@@ -105,16 +107,16 @@ void CopyOptions(const ControlRecords& run, ControlRecords& own) {
 
 }  // namespace
 
-Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, int ship, FurtherTexts& further) {
+Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, FurtherTexts& further) {
   const Console console = ConsoleOf(further.said);
   Delimiter behind = Delimiter::none;
   for (int i = 2; AtText(source, behind); ++i) {
     if (i > MAXDYN) return SkipTexts(source);
     ControlText text{&source, name};
     ControlRecords records;
-    further.failed = ReadControlRecords(console, text, records) != ControlStatus::ok;
-    further.has_own = further.has_own || i == ship;
-    if (i == ship) further.own = std::move(records);
+    further.failed = ReadControlRecords(console, text, records) != ControlStatus::ok ||
+                     !Grow(further.texts, further.texts.size() + 1);
+    if (!further.failed) further.texts.back() = std::move(records);
     if (text.delimiter != Delimiter::none) return text.delimiter;
     if (further.failed) return SkipTexts(source);
   }
@@ -125,11 +127,18 @@ bool AdoptShipText(const Console& console, FurtherTexts& further, CaseStore& fre
   if (fresh.NSHIP <= 1) return true;
   if (!further.said.empty()) console.write(console.self, further.said);
   if (further.failed) return false;
+  int errors = 0;
+  for (const ControlRecords& text : further.texts) errors += CheckShipRecords(console, text, fresh.labels.VERSION);
+  if (errors > 0) return false;
   fresh.loads = {};
-  if (!further.has_own) return true;
-  CopyRunRecords(fresh.control, further.own);
-  CopyOptions(fresh.control, further.own);
-  fresh.control = std::move(further.own);
+  fresh.ship_texts = std::move(further.texts);
+  fresh.ship_texts.insert(fresh.ship_texts.begin(), fresh.control);
+  const std::size_t selected = static_cast<std::size_t>(fresh.ship) - 1;
+  if (fresh.ship < 2 || selected >= fresh.ship_texts.size()) return true;
+  ControlRecords own = fresh.ship_texts[selected];
+  CopyRunRecords(fresh.control, own);
+  CopyOptions(fresh.control, own);
+  fresh.control = std::move(own);
   return true;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/line_source.h"
 #include "base/platform.h"
@@ -12,16 +13,16 @@
 namespace zaview {
 
 struct FurtherTexts {
-  bool has_own = false;
-  ControlRecords own;  // of the selected ship, if that isn't the first one
-  std::string said;    // what reading them had to say: nothing that matters unless the file has several ships
+  std::vector<ControlRecords> texts;  // as read, of ships 2, 3 ..
+  std::string said;                   // by reading them: nothing that matters unless the file has several ships
   bool failed = false;
 };
 
 // Reads to the delimiter behind the last text, and gives it; blank lines and comments between texts are passed over.
-[[nodiscard]] Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, int ship, FurtherTexts& further);
+[[nodiscard]] Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, FurtherTexts& further);
 
-// Makes control that of the selected ship. Several ships have no sectional loads. False (told): a text can't be read.
+// Makes control that of the selected ship and keeps all texts as they were read. Several ships have no sectional loads.
+// False (told): a text can't be read, or what it says can't be.
 [[nodiscard]] bool AdoptShipText(const Console& console, FurtherTexts& further, CaseStore& fresh);
 
 }  // namespace zaview
