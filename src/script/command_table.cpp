@@ -20,7 +20,7 @@ bool Matches(const Command& command, std::string_view word) {
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {ReadingCommands(),   OutputTextCommands(), StepCommands(),
                                            StatisticSettings(), HistoryCommands(),    StatisticCommands(),
-                                           LaterCommands(),     LaterBeginnings()};
+                                           ControlCommands(),   LaterCommands(),      LaterBeginnings()};
   return families;
 }
 

@@ -30,6 +30,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily StatisticSettings();
 [[nodiscard]] CommandFamily HistoryCommands();
 [[nodiscard]] CommandFamily StatisticCommands();
+[[nodiscard]] CommandFamily ControlCommands();
 [[nodiscard]] CommandFamily LaterCommands();
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word
 
