@@ -80,7 +80,8 @@ TEST(CheckControlRecords, FaultsAndTheirWords) {
       {Spectrum(2, 40, 9, 40), 0, ""},
       {Spectrum(8, 4, 4, 91), 0,
        "WRN139 - For spectral wave definition, NHEAD must be odd.\n         Specified value will be modified\n"
-       "WRN139 - For spectral wave definition, NFREQ < 5 will result in a\n         very coarse frequency distribution\n"
+       "WRN139 - For spectral wave definition, NFREQ < 5 will result in a\n"
+       "         very coarse frequency distribution\n"
        "WRN139 - For spectral wave definition, NHEAD < 5 will result in a\n         very coarse heading distribution\n"
        "WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees and\n"
        "         This may result in an unrealistic seaway\n"}};
