@@ -40,7 +40,8 @@ bool SkipTo(HeaderText& text, Delimiter wanted) {
 
 }  // namespace
 
-HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const std::string& name, CaseStore& fresh) {
+HeaderStatus ReadOutputHeader(const Platform& platform, LineSource& source, const std::string& name, CaseStore& fresh) {
+  const Console& console = platform.console;
   VersionLabel label;
   if (!ScanPreamble(source, label, fresh.labels.kind)) {
     Say(console, kNoDelimiters, name);
@@ -57,11 +58,11 @@ HeaderStatus ReadOutputHeader(const Console& console, LineSource& source, const 
   SayLine(console, kReadingInput);
   ReportVersion(console, fresh.labels.VERSION);
   ControlText control{&source, name};
-  if (ReadControlRecords(console, control, fresh.control) != ControlStatus::ok) return HeaderStatus::failed;
+  if (ReadControlRecords(platform, control, fresh.control) != ControlStatus::ok) return HeaderStatus::failed;
   fresh.nstep_expected = fresh.control.NSTEP;
 
   FurtherTexts further;
-  if (control.delimiter == Delimiter::none) control.delimiter = ReadFurtherTexts(source, name, further);
+  if (control.delimiter == Delimiter::none) control.delimiter = ReadFurtherTexts(platform, source, name, further);
   if (control.delimiter != Delimiter::file_parsing_data) {
     SayLine(console, kParsingError);
     return HeaderStatus::failed;

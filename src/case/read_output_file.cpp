@@ -11,6 +11,7 @@
 #include "case/default_skip.h"
 #include "case/ensemble_match.h"
 #include "case/irf_sections.h"
+#include "case/kino_input.h"
 #include "case/output_header.h"
 #include "case/output_scales.h"
 #include "case/plot_data.h"
@@ -24,7 +25,6 @@ namespace {
 
 inline constexpr std::string_view kAskName = "Enter ZAVO output file name (KINO for alternate input, QUIT to abort)";
 inline constexpr std::string_view kBlankName = " file specification aborted ... re-specify";
-inline constexpr std::string_view kNoAlternate = "ERROR - alternate input cannot be read yet : {}";
 inline constexpr std::string_view kAlternateInScript = "ERROR - alternate input needs READ_KINO_FILES in a script";
 inline constexpr std::string_view kGeometryOnly = "Specified ZAVO file is for a geometry only (NSTEP=0) run";
 inline constexpr std::string_view kNoSteps[] = {"ERR487 - The ZAVO file contains no steps.",
@@ -38,6 +38,7 @@ inline constexpr std::string_view kReadAborted = "         File read aborted";
 inline constexpr std::string_view kNotProgrammed = "oops - have not programmed this yet - contact Ned";
 inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 
+constexpr FileHandle kAlternateInput = -2;  // no file: motions, seaway and hull are asked for
 constexpr std::size_t kNameField = 256;  // columns; a longer name fails to open, it is never cut
 
 // Nothing but white space is left. Takes the white space.
@@ -90,7 +91,7 @@ Content ReadContent(const Platform& platform, const ReadRequest& request, FileHa
   LineSource source;
   source.stream = &stream;
   const std::string name = fresh.file_name;
-  if (ReadOutputHeader(console, source, name, fresh) != HeaderStatus::ok) return Content::refused;
+  if (ReadOutputHeader(platform, source, name, fresh) != HeaderStatus::ok) return Content::refused;
   fresh.file_name = name;
   fresh.base_name = BaseName(name);
   SetCaseFlags(fresh);
@@ -229,8 +230,8 @@ bool AsksForAlternateInput(const std::string& name) {
 // A name that leads to no file; `none` (told) lets a dialogue ask again.
 FileHandle FindFile(const Platform& platform, bool script_active, std::string& name) {
   if (AsksForAlternateInput(name)) {
-    if (script_active) SayLine(platform.console, kAlternateInScript);
-    else Say(platform.console, kNoAlternate, name);
+    if (!script_active) return kAlternateInput;
+    SayLine(platform.console, kAlternateInScript);
     return kNoFile;
   }
   const FileHandle file = OpenByName(platform.files, name);
@@ -268,8 +269,13 @@ ReadOutcome read_output_file(const ReadRequest& request, const Platform& platfor
   if (run.script_active && run.skip_prompt == SkipPrompt::ask) run.skip_prompt = SkipPrompt::silent;
   std::string name(Trim(request.name));
   const bool named = !name.empty();
-  const FileHandle file =
-      named ? FindFile(platform, run.script_active, name) : AskForFile(platform, run.script_active, name);
+  FileHandle file = kNoFile;
+  do {  // an alternate input that is given up leads back to the question
+    file = named ? FindFile(platform, run.script_active, name) : AskForFile(platform, run.script_active, name);
+    if (file != kAlternateInput) break;
+    if (AskForKinoFiles(platform, run, settings, case_store, ensemble) == KinoInput::ok) return ReadOutcome::ok;
+    file = kNoFile;
+  } while (!named);
   if (file == kNoFile && named) return ReadOutcome::failed;
   if (file == kNoFile) {
     run.exit_requested = run.exit_requested || !case_store.has_case;

@@ -107,15 +107,17 @@ void CopyOptions(const ControlRecords& run, ControlRecords& own) {
 
 }  // namespace
 
-Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, FurtherTexts& further) {
-  const Console console = ConsoleOf(further.said);
+Delimiter ReadFurtherTexts(const Platform& platform, LineSource& source, const std::string& name,
+                           FurtherTexts& further) {
+  Platform quiet = platform;
+  quiet.console = ConsoleOf(further.said);
   Delimiter behind = Delimiter::none;
   for (int i = 2; AtText(source, behind); ++i) {
     if (i > MAXDYN) return SkipTexts(source);
     ControlText text{&source, name};
     ControlRecords records;
-    further.failed = ReadControlRecords(console, text, records) != ControlStatus::ok ||
-                     !Grow(further.texts, further.texts.size() + 1);
+    further.failed =
+        ReadControlRecords(quiet, text, records) != ControlStatus::ok || !Grow(further.texts, further.texts.size() + 1);
     if (!further.failed) further.texts.back() = std::move(records);
     if (text.delimiter != Delimiter::none) return text.delimiter;
     if (further.failed) return SkipTexts(source);

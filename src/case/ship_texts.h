@@ -19,7 +19,8 @@ struct FurtherTexts {
 };
 
 // Reads to the delimiter behind the last text, and gives it; blank lines and comments between texts are passed over.
-[[nodiscard]] Delimiter ReadFurtherTexts(LineSource& source, const std::string& name, FurtherTexts& further);
+[[nodiscard]] Delimiter ReadFurtherTexts(const Platform& platform, LineSource& source, const std::string& name,
+                                         FurtherTexts& further);
 
 // Makes control that of the selected ship and keeps all texts as they were read. Several ships have no sectional loads.
 // False (told): a text can't be read, or what it says can't be.

@@ -86,12 +86,12 @@ ModuleStatus KeepModules(HeaderText& text, std::vector<ModuleText>& modules) {
   return event == TextEvent::too_long ? ModuleStatus::too_long : ModuleStatus::ok;
 }
 
-void ParseModules(const Console& console, ControlRecords& records) {
+void ParseModules(const Platform& platform, const std::string& /*run*/, ControlRecords& records) {
   for (const ModuleRow& row : kModules) {
     const auto last = std::find_if(records.modules.rbegin(), records.modules.rend(),
                                    [&row](const ModuleText& module) { return module.name == row.name; });
     if (last == records.modules.rend()) continue;
-    if (!row.read(*last, records)) Say(console, kModuleError, row.name);
+    if (!row.read(*last, records)) Say(platform.console, kModuleError, row.name);
   }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "base/platform.h"
@@ -21,8 +22,8 @@ enum class ModuleStatus : std::uint8_t { ok, too_long, out_of_memory };
 // character that is not blank is $ begins a module, whose name runs to the colon and is kept in capitals.
 [[nodiscard]] ModuleStatus KeepModules(HeaderText& text, std::vector<ModuleText>& modules);
 
-// Reads the fields of the modules kept in records.modules; of a module given more than once the last one counts. A
+// Reads the fields of the modules kept in records.modules, a text of the run file `run`; of a module given more than once the last one counts. A
 // module that can't be read is told and left at its defaults.
-void ParseModules(const Console& console, ControlRecords& records);
+void ParseModules(const Platform& platform, const std::string& run, ControlRecords& records);
 
 }  // namespace zaview

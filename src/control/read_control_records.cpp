@@ -57,7 +57,8 @@ ControlStatus SayBadRow(const Console& console, const ControlText& text, const H
 
 }  // namespace
 
-ControlStatus ReadControlRecords(const Console& console, ControlText& text, ControlRecords& records) {
+ControlStatus ReadControlRecords(const Platform& platform, ControlText& text, ControlRecords& records) {
+  const Console& console = platform.console;
   records = ControlRecords{};
   text.delimiter = Delimiter::none;
   HeaderText lines{text.source};
@@ -76,7 +77,7 @@ ControlStatus ReadControlRecords(const Console& console, ControlText& text, Cont
     return ControlStatus::failed;
   }
   text.delimiter = lines.delimiter;
-  ParseModules(console, records);
+  ParseModules(platform, text.file_name, records);
   return ControlStatus::ok;
 }
 

@@ -23,7 +23,7 @@ enum class ControlStatus : std::uint8_t { ok, failed };  // failed: the message 
 
 struct ControlText {  // where the text comes from
   LineSource* source = nullptr;
-  std::string file_name;  // for messages
+  std::string file_name;  // for messages, and for the folder of the files that it names
   // What ended the text, if a delimiter line did; it has been taken, also where a record can't be read.
   Delimiter delimiter = Delimiter::none;
 };
@@ -32,6 +32,6 @@ struct ControlText {  // where the text comes from
 // END_OF_FILE, or to the end of the file. On failure says which record of which line can't be read. Arrays grow with
 // the lines that come, whatever their counts say; a text above kSectionLines lines or kModuleBytes of modules is
 // refused.
-[[nodiscard]] ControlStatus ReadControlRecords(const Console& console, ControlText& text, ControlRecords& records);
+[[nodiscard]] ControlStatus ReadControlRecords(const Platform& platform, ControlText& text, ControlRecords& records);
 
 }  // namespace zaview

@@ -43,7 +43,7 @@ Outcome Read(const std::string& text, int ship = 1) {
   TextFile file(text + "0.0 first step\n");
   Outcome out;
   out.fresh.ship = ship;
-  out.status = ReadOutputHeader(file.platform.console, file.source, "run.out", out.fresh);
+  out.status = ReadOutputHeader(file.platform, file.source, "run.out", out.fresh);
   out.console = file.fake.output;
   std::string_view line;
   if (NextRawLine(file.source, line)) out.behind = line;
@@ -157,7 +157,7 @@ TEST(OutputHeader, EndlessFilesAreGivenUp) {
   };
   file.stream.offset = 16 * 1024 * 1024 - 10000;
   CaseStore fresh;
-  EXPECT_EQ(ReadOutputHeader(file.platform.console, file.source, "run.out", fresh), HeaderStatus::failed);
+  EXPECT_EQ(ReadOutputHeader(file.platform, file.source, "run.out", fresh), HeaderStatus::failed);
   EXPECT_EQ(file.fake.output.substr(0, 6), "ERR407");
 }
 
@@ -280,7 +280,7 @@ TEST(OutputHeader, EveryPrefixOfAHeaderIsRefused) {
   for (std::size_t n = 0; n < whole; ++n) {
     TextFile file(text.substr(0, n));
     CaseStore fresh;
-    EXPECT_EQ(ReadOutputHeader(file.platform.console, file.source, "run.out", fresh), HeaderStatus::failed) << n;
+    EXPECT_EQ(ReadOutputHeader(file.platform, file.source, "run.out", fresh), HeaderStatus::failed) << n;
   }
 }
 

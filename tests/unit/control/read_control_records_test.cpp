@@ -21,7 +21,7 @@ Outcome Read(const std::string& text) {
   TextFile file(text);
   Outcome out;
   ControlText control{&file.source, "run.out"};
-  out.status = ReadControlRecords(file.platform.console, control, out.records);
+  out.status = ReadControlRecords(file.platform, control, out.records);
   out.delimiter = control.delimiter;
   out.console = file.fake.output;
   return out;

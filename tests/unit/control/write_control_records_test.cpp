@@ -24,7 +24,7 @@ ControlRecords ReadBack(const std::string& text) {
   TextFile file(text + "END_OF_FILE\n");
   ControlText control{&file.source, "run.out"};
   ControlRecords records;
-  EXPECT_EQ(ReadControlRecords(file.platform.console, control, records), ControlStatus::ok) << file.fake.output;
+  EXPECT_EQ(ReadControlRecords(file.platform, control, records), ControlStatus::ok) << file.fake.output;
   return records;
 }
 
