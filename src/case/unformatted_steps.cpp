@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/grow.h"
+#include "base/large_pages.h"
 
 namespace zaview {
 namespace {
@@ -79,7 +80,7 @@ struct BodyReader {
 [[nodiscard]] bool PlanSteps(const StepColumns& columns, BodyReader& r) {
   constexpr std::size_t kMostReals = std::numeric_limits<std::int32_t>::max() / sizeof(float);
   constexpr std::size_t kTileBytes = 16'384;  // stays in the first cache while column after column is picked out of it
-  constexpr std::size_t kFewestSteps = 16;    // a line of the cache in each column
+  constexpr std::size_t kFewestSteps = 64;    // some lines of the cache in each column
   std::size_t at = Framed(kHeader), c = 1;    // the first list is the time
   for (std::size_t i = 1; i < columns.lists.size(); ++i) {
     const std::size_t n = columns.lists[i];
@@ -114,10 +115,16 @@ bool ValidIndex(const BodyReader& r, int index) {
 // some.
 void MakeRoom(BodyReader& r) {
   const std::int64_t left = std::max<std::int64_t>(0, r.file_size - r.stream.offset);
-  const std::int64_t steps = std::min(r.most, left / static_cast<std::int64_t>(r.step_bytes));
+  const std::int64_t steps = std::min(r.most, r.result.steps.kept + left / static_cast<std::int64_t>(r.step_bytes));
   const auto n = static_cast<std::size_t>(steps);
-  bool room = Reserve(r.fresh.time.component[0], n);
-  for (const Source& source : r.sources) room = room && Reserve(*source.column, n);
+  std::vector<Room> rooms;
+  if (!Grow(rooms, r.sources.size() + 1)) return;
+  for (std::size_t s = 0; s < rooms.size(); ++s) {
+    std::vector<float>& column = s == 0 ? r.fresh.time.component[0] : *r.sources[s - 1].column;
+    if (!Reserve(column, n)) return;
+    rooms[s] = {column.data(), n * sizeof(float)};
+  }
+  UseLargePages(rooms);
 }
 
 // The header record of the first step is whole.
@@ -250,7 +257,8 @@ TileEnd TakeTile(BodyReader& r) {
 }
 
 void ReadSteps(BodyReader& r, const StepProgress& progress, std::size_t block) {
-  const std::size_t wanted = std::max(block, r.step_bytes + Framed(kHeader));
+  const std::size_t tile = std::clamp(r.step_bytes * r.tile, block, 2 * block);
+  const std::size_t wanted = std::max(tile, r.step_bytes + Framed(kHeader));
   FillTo(r.stream, wanted);
   DropRepeatedHeader(r);
   if (r.begun && r.most == 0) return;
