@@ -6,6 +6,7 @@
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
+#include "case/kino_files.h"
 #include "case/quantity_catalogue.h"
 
 namespace zaview {
@@ -13,6 +14,8 @@ namespace {
 
 constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 constexpr std::string_view kTimeHead = "  Time   ";
+constexpr std::string_view kWritingMotions = "Writing KINO motion data...";
+constexpr std::string_view kWritingSeaway = "Writing KINO seaway data...";
 
 void AppendTitle(std::string& text, const QuantityRequest& request, const CaseStore& c) {
   fmt::format_to(std::back_inserter(text), "Time History of {} for ZAVO file {}", QuantityLabel(c, request.iqnt),
@@ -41,10 +44,22 @@ void AppendRecord(std::string& text, std::span<const float> cells) {
   AppendBytes(text, length);
 }
 
+PlotFault WriteKinoFile(const Console& console, const OutputSettings& settings, int iqnt, CaseStore& case_store,
+                        OutputFile& out) {
+  if (!QuantityValid(case_store, iqnt)) return PlotFault::not_valid;
+  const bool seaway = iqnt == kKinoSeaway;
+  SayLine(console, seaway ? kWritingSeaway : kWritingMotions);
+  if (seaway) return WriteKinoSeaway(console, settings, case_store, out) ? PlotFault::none : PlotFault::no_wave;
+  WriteKinoMotions(settings, case_store, out);
+  return PlotFault::none;
+}
+
 }  // namespace
 
 PlotFault write_time_history(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                              bool unformatted, CaseStore& case_store, OutputFile& out) {
+  if (case_store.time_history() && IsKinoFile(request.iqnt))
+    return WriteKinoFile(console, settings, request.iqnt, case_store, out);
   if (unformatted && out.to_console) return PlotFault::not_valid;
   PlotData data;
   const PlotFault fault = SetPlotData(console, settings, request, case_store, data);

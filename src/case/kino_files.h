@@ -18,6 +18,10 @@ void WriteKinoMotions(const OutputSettings& settings, const CaseStore& case_stor
 [[nodiscard]] bool WriteKinoSeaway(const Console& console, const OutputSettings& settings, CaseStore& case_store,
                                    OutputFile& out);
 
+// How a viewer takes geometry in input coordinates to the motions, which are those of the CG:
+// p' = lf_scale (R(grot) (p - gorig) + gshift), gshift from the CG. Says nothing where no geometry is known.
+void SayKinoTransformation(const Console& console, const OutputSettings& settings, const CaseStore& case_store);
+
 enum class KinoSet : std::uint8_t { ok, refused, failed };  // told
 
 // All three files; a blank root is the case's base name.

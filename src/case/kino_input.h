@@ -17,7 +17,8 @@ namespace zaview {
 enum class KinoInput : std::uint8_t { ok, abandoned };  // abandoned (told): the case stays as before
 
 struct KinoFiles {
-  std::string motions, seaway, geometry;  // seaway blank: calm; geometry blank: none
+  // seaway blank or CALM: calm; geometry blank or NONE: none. Motions and seaway may lack .mot and .sea.
+  std::string motions, seaway, geometry;
   double g = 0, rho = 0;
   std::array<double, 3> reference{}, centre{};  // geometry coordinates: motion reference point, centre of gravity
 };

@@ -144,6 +144,12 @@ std::string ImpulsiveCurveLabel(const CaseStore& case_store, int iqnt, int curve
   return fmt::format("{}({})", stem, curve);
 }
 
+// Of a case from separate files nothing else is known.
+bool FollowsFromPositions(int iqnt) {
+  constexpr int kThese[] = {1, 4, 25, 26, 27, 30};
+  return std::find(std::begin(kThese), std::end(kThese), iqnt) != std::end(kThese);
+}
+
 bool KindActive(const std::vector<int>& kinds, int kind) {
   return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
 }
@@ -183,6 +189,8 @@ bool QuantityValid(const CaseStore& case_store, int iqnt) {
   if (!case_store.time_history()) return case_store.has_data() && CurveCount(case_store, iqnt) > 0;
   const QuantityRow* row = FindQuantity(iqnt);
   if (row == nullptr || !case_store.has_steps()) return false;
+  if (IsKinoFile(iqnt)) return true;
+  if (case_store.kino_input && !FollowsFromPositions(iqnt)) return false;
   const bool forces = row->scale == S::force;
   if (forces && case_store.force.component.empty()) return false;
   if (row->need == other_force && !case_store.has_other_force) return false;
@@ -209,6 +217,10 @@ std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settin
   const std::span<const std::string_view> names = CurveNames(iqnt);
   return static_cast<std::size_t>(curve) > names.size() ? std::string{}
                                                         : std::string(names[static_cast<std::size_t>(curve - 1)]);
+}
+
+bool IsKinoFile(int iqnt) {
+  return iqnt == kKinoMotions || iqnt == kKinoSeaway;
 }
 
 bool IsPointQuantity(int iqnt) {

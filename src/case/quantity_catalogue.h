@@ -54,12 +54,15 @@ inline constexpr int kImpulse = 2;
 // Curves of a quantity in this case; 0: none here.
 [[nodiscard]] int CurveCount(const CaseStore& case_store, int iqnt);
 // Has this case data for it? 36 to 38 have data, but only for tables of time histories (need is file_only); 25, 26 and
-// 30 belong to every case with steps, whether or not their wave can be evaluated.
+// 30 belong to every case with steps, whether or not their wave can be evaluated. 34 and 35 are files of their own form
+// without curves. A case from separate files (kino_input) has positions only: 1, 4, 25 to 27, 30, 34, 35.
 [[nodiscard]] bool QuantityValid(const CaseStore& case_store, int iqnt);
 // The coordinate of a sectional cut as it is shown: input coordinate times LENOUT/LENIN (X; Y for 19 to 24).
 [[nodiscard]] float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int cut);
 // "pmgg(3)", "Force, X=25", "Vmag", ...; loads use input coordinates times LENOUT/LENIN.
 [[nodiscard]] std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int curve);
+inline constexpr int kKinoMotions = 34, kKinoSeaway = 35;
+[[nodiscard]] bool IsKinoFile(int iqnt);       // these two
 [[nodiscard]] bool IsPointQuantity(int iqnt);  // 27..32, 36..38, 48
 
 }  // namespace zaview

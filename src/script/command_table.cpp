@@ -18,9 +18,9 @@ bool Matches(const Command& command, std::string_view word) {
 }  // namespace
 
 std::span<const CommandFamily> AllCommands() {
-  static const CommandFamily families[] = {ReadingCommands(),   OutputTextCommands(), StepCommands(),
-                                           StatisticSettings(), HistoryCommands(),    StatisticCommands(),
-                                           ControlCommands(),   LaterCommands(),      LaterBeginnings()};
+  static const CommandFamily families[] = {
+      ReadingCommands(),   OutputTextCommands(), StepCommands(), StatisticSettings(), HistoryCommands(),
+      StatisticCommands(), ControlCommands(),    KinoCommands(), LaterCommands(),     LaterBeginnings()};
   return families;
 }
 

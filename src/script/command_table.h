@@ -31,6 +31,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily HistoryCommands();
 [[nodiscard]] CommandFamily StatisticCommands();
 [[nodiscard]] CommandFamily ControlCommands();
+[[nodiscard]] CommandFamily KinoCommands();
 [[nodiscard]] CommandFamily LaterCommands();
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word
 

@@ -6,6 +6,7 @@
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "case/history_table.h"
+#include "case/kino_files.h"
 #include "case/load_table.h"
 #include "case/quantity_catalogue.h"
 #include "script/command_table.h"
@@ -44,13 +45,21 @@ int ReadHistoryQuantity(ScriptCall& call, Selector& selector, QuantityRequest& r
   return ReadTail(call, selector, CurveIndex::none, request);
 }
 
+std::string WrittenText(const CaseStore& store, int iqnt) {
+  if (store.time_history() && IsKinoFile(iqnt))
+    return iqnt == kKinoMotions ? "KINO motion data written to" : "KINO seaway data written to";
+  return fmt::format("Time history of {} written to file", QuantityLabel(store, iqnt));
+}
+
 int RunWriteHistory(ScriptCall& call) {
   Session& session = call.session;
   Selector selector;
   QuantityRequest request;
   if (const int status = ReadHistoryQuantity(call, selector, request); status != kScriptOk) return status;
   OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::both, output); status != kScriptOk) return status;
+  const bool kino = session.case_store.time_history() && IsKinoFile(selector.iqnt);
+  const OutputForms forms = kino ? OutputForms::formatted : OutputForms::both;
+  if (const int status = OpenOutputArgument(call, forms, output); status != kScriptOk) return status;
   PlotFault fault = PlotFault::not_valid;
   if (QuantityValid(session.case_store, selector.iqnt))
     fault = write_time_history(call.console(), session.output, request, output.unformatted, session.case_store,
@@ -61,9 +70,11 @@ int RunWriteHistory(ScriptCall& call) {
     else Say(call.console(), kHistoryRefused, selector.word);
     return kScriptOk;
   }
-  return FinishOutput(
-      call, output, StatusOf(call, selector.word, fault),
-      fmt::format("Time history of {} written to file", QuantityLabel(session.case_store, selector.iqnt)));
+  const int status = FinishOutput(call, output, StatusOf(call, selector.word, fault),
+                                  WrittenText(session.case_store, selector.iqnt));
+  if (status == kScriptOk && kino && selector.iqnt == kKinoMotions)
+    SayKinoTransformation(call.console(), session.output, session.case_store);
+  return status;
 }
 
 bool IsLoad(const Selector& selector) {

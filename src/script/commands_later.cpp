@@ -13,8 +13,7 @@ int RunNotYet(ScriptCall& call) {
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
 
 constexpr Command kLater[] = {
-  // Reading and settings.
-    {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"},                                            kNone,               RunNotYet},
+  // Settings.
     {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"},                                           kNone,               RunNotYet},
     {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"},                                                       kNone,               RunNotYet},
     {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"},                                  kNone,               RunNotYet},
@@ -42,7 +41,6 @@ constexpr Command kLater[] = {
     {{"MAXIXUM_SENSOR_VIEW_HEIGHT", "MAX_SENSOR_VIEW_HEIGHT", "MAX_SV_HEIGHT"},                     kNone,               RunNotYet}, // spelled so
   // Plots, views and analyses.
     {{"PLOT_HISTORY"},                                                                              D | G | kShortWords, RunNotYet},
-    {{"WRITE_KINO_FILES", "WRITE_KINO_INPUT", "WRITE_KINO"},                                        D | R,               RunNotYet},
     {{"PLOT_TRAJECTORY"},                                                                           D | R | G,           RunNotYet},
     {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"},                           G,                   RunNotYet},
     {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},                                  D | R | G,           RunNotYet},

@@ -51,7 +51,7 @@ TEST(HistoryTable, Formatted) {
   const std::string blocks = Write({.iqnt = 1, .steps = 3000});  // more text than one block
   EXPECT_EQ(std::count(blocks.begin(), blocks.end(), '\n'), 3002);
   EXPECT_EQ(blocks.substr(blocks.size() - 98, 13), "     749.9780");
-  (void)Write({.iqnt = 34, .fault = PlotFault::not_valid});
+  (void)Write({.iqnt = 49, .fault = PlotFault::logic});
   EXPECT_EQ(Write({.iqnt = 25, .fault = PlotFault::no_wave}), "");
 }
 

@@ -145,7 +145,6 @@ TEST(ReadOutputFile, RefusalsKeepTheHeldCase) {
        "ERR407 - Input echo section delimiters not found while reading run.out\n"
        "         File is probably not a ZAVO output file\n"},
       {"none", "", 1, "ERROR - Error opening ZAVO Output File : none\n"},  // and the name is not asked for again
-      {"KINO", "", 1, "ERROR - alternate input cannot be read yet : KINO\n"},
   };
   // clang-format on
   for (const auto& row : rows) {
