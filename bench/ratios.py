@@ -131,6 +131,68 @@ def lag_sums(build, work):
     line("all lags of 20 000 samples / the plain loop", f"{times['AllLags'] / times['PlainLoop']:.4f}", "<= 0.06")
 
 
+def many_runs(program, writer, work):
+    """The same run under many names: one wild card against a line for each; both are one process."""
+    count = 1000
+    folder = os.path.join(work, "runs")
+    os.mkdir(folder)
+    run_file = os.path.join(work, "one.out")
+    subprocess.run([writer, "--steps", "3000", "--cuts", "0", run_file], check=True)
+    for i in range(count):
+        os.link(run_file, os.path.join(folder, f"r{i:04}.out"))
+    scripts = {"wild": ["READ_FILE r*.out"], "each": [f"READ_FILE r{i:04}.out" for i in range(count)],
+               "few": [f"READ_FILE r{i:04}.out" for i in range(10)], "none": ["STOP"]}
+    for name, lines in scripts.items():
+        with open(os.path.join(folder, name), "w") as script:
+            script.write("\n".join(lines) + "\n")
+
+    def least(name, what):
+        return min(run(program, ["-script", name], folder)[what] for _ in range(3))
+
+    start = least("none", 0)
+    line(f"{count} runs by one wild card / each alone", f"{(least('wild', 0) - start) / (least('each', 0) - start):.2f}",
+         "<= 1.2")
+    line(f"peak memory of {count} runs, one after the other / of 10", f"{least('wild', 1) / least('few', 1):.3f}",
+         "<= 1.01")
+
+
+def layouts(build, work):
+    program = os.path.join(build, "bench", "time_steps_bench")
+    if not os.path.exists(program):
+        line("layouts of steps: no bench build", "-", "<= 1")
+        return
+    report = os.path.join(work, "layouts.json")
+    subprocess.run([program, "--benchmark_filter=threads:2/per_line:6/", "--benchmark_repetitions=5",
+                    f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True, stdout=subprocess.DEVNULL)
+    speeds = {}
+    with open(report) as source:
+        for row in json.load(source)["benchmarks"]:
+            if row["run_type"] == "iteration":
+                speeds[row["label"]] = max(speeds.get(row["label"], 0), row["bytes_per_second"])
+    present = next(iter(speeds.values()))  # the first one
+    for label, speed in list(speeds.items())[1:]:
+        line(f"seconds a megabyte, {label} / present layout", f"{present / speed:.2f}", "<= 1")
+
+
+def companion(build, work):
+    program = os.path.join(build, "bench", "companion_bench")
+    if not os.path.exists(program):
+        line("companion: no bench build", "-", "<= 1, hoped for 0.5")
+        return
+    report = os.path.join(work, "companion.json")
+    least = {}
+    for _ in range(3):  # in turn, so that other work falls on all of them
+        subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
+                       stdout=subprocess.DEVNULL)
+        with open(report) as source:
+            for row in json.load(source)["benchmarks"]:
+                name = row["name"].replace("/real_time", "")
+                least[name] = min(least.get(name, row["real_time"]), row["real_time"])
+    plain = least.pop("PlainRead/cuts:0")
+    for name, milliseconds in least.items():
+        line(f"{name}, 256 MB / plain read of the file", f"{milliseconds / plain:.2f}", "<= 1, hoped for 0.5")
+
+
 def first_line(program, work):
     with open(os.path.join(work, "empty.script"), "w") as script:
         script.write("STOP\n")
@@ -152,6 +214,9 @@ def main():
         reading(program, writer, work, options.mb)
         tables(program, writer, work)
         lag_sums(build, work)
+        many_runs(program, writer, work)
+        layouts(build, work)
+        companion(build, work)
 
 
 if __name__ == "__main__":
