@@ -23,5 +23,7 @@ void TryControlText(std::string_view input);
 void TryIrfSections(std::string_view input);
 // input: a script; the second file is what it includes.
 void TryScriptText(std::string_view input);
+// input: a KINO motions file; the second file is the seaway to it, none: calm.
+void TryKinoFiles(std::string_view input);
 
 }  // namespace zaview

@@ -70,8 +70,8 @@ int RunWriteHistory(ScriptCall& call) {
     else Say(call.console(), kHistoryRefused, selector.word);
     return kScriptOk;
   }
-  const int status = FinishOutput(call, output, StatusOf(call, selector.word, fault),
-                                  WrittenText(session.case_store, selector.iqnt));
+  const int status =
+      FinishOutput(call, output, StatusOf(call, selector.word, fault), WrittenText(session.case_store, selector.iqnt));
   if (status == kScriptOk && kino && selector.iqnt == kKinoMotions)
     SayKinoTransformation(call.console(), session.output, session.case_store);
   return status;

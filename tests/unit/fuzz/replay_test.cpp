@@ -47,5 +47,9 @@ TEST(FuzzReplay, ScriptTexts) {
   Replay("script_text", TryScriptText);
 }
 
+TEST(FuzzReplay, KinoFiles) {
+  Replay("kino_motions", TryKinoFiles);
+}
+
 }  // namespace
 }  // namespace zaview
