@@ -2,6 +2,9 @@
 #include <array>
 #include <cstdlib>
 
+#include "base/line_source.h"
+#include "control/read_control_records.h"
+#include "control/write_control_records.h"
 #include "fake_platform.h"
 #include "frame/zaview_main.h"
 #include "fuzz/try_input.h"
@@ -14,6 +17,7 @@ namespace {
 // What is refused for a quantity ends a script, so quantities that every case has come first.
 constexpr std::string_view kMotionScript =
     "SKIP_STEPS 0\n"
+    "WRITE_CONTROL control.txt\n"
     "WRITE_HISTORY MOT mot.txt\n"
     "WRITE_HISTORY UMOT umot.txt\n"
     "WRITE_HISTORY FTOTS force.txt\n"
@@ -35,6 +39,25 @@ constexpr std::string_view kResponseScript =
     "WRITE_HISTORY TADM tadm.txt\n"
     "WRITE_HISTORY FIRF firf.txt\n";
 
+// What was written as control text must read back to records that are written the same.
+void CheckControlText(FakePlatform& fake) {
+  if (fake.files.count("control.txt") == 0) return;  // no case was read
+  const std::string text = fake.Bytes("control.txt");
+  const Platform platform = fake.Get();
+  BlockStream stream;
+  StartStream(stream, platform.files, platform.files.open_read(platform.files.self, "control.txt"));
+  LineSource source;
+  source.stream = &stream;
+  std::string again;
+  while (again.size() < text.size()) {
+    ControlText control{&source, "control.txt"};
+    ControlRecords records;
+    if (ReadControlRecords(platform, control, records) != ControlStatus::ok) std::abort();
+    if (!WriteControlRecords(records, again)) std::abort();
+  }
+  if (again != text) std::abort();
+}
+
 void RunOn(std::string run, std::string_view named, std::string_view script) {
   FakePlatform fake;
   fake.Put("run.out", std::move(run));
@@ -48,6 +71,7 @@ void RunOn(std::string run, std::string_view named, std::string_view script) {
     return;  // a fatal stop ends the process: nothing more to check
   }
   if (fake.OpenHandles() != 0 || !fake.progress.empty()) std::abort();
+  CheckControlText(fake);
 }
 
 // A sample in two pieces: through the delimiter line that holds `border`, and from the one that holds `behind`.
