@@ -30,17 +30,22 @@ struct GeometryRequest {
   bool to_the_end = false;                             // no record 28: a ZAVO file is read to its end
   double LENIN = 1;                                    // reference length, for what counts as the same node
   int UGEOMNORM = 1;
+  bool half = false;           // y = 0 is the open side of a half body
+  Vector3 ship_x = {1, 0, 0};  // the ship's X axis in input axes: where the transom is looked for
 };
 
-enum class GeometryStatus : std::uint8_t { ok, skipped, cannot_open, failed };  // told, but for cannot_open
+enum class GeometryStatus : std::uint8_t { ok, skipped, cannot_open, failed };  // told: failed only
 
 // Fills a fresh hull: one file, not reflected, not transformed. An unstructured surface is cleaned and oriented
 // (surface_checks.h). On failure the hull is empty.
 [[nodiscard]] GeometryStatus ReadGeometry(const Platform& platform, const GeometryRequest& request, Hull& hull);
 
 // Appends the mirror image in y = 0 of each surface (" (ref)" behind its name) and of the mesh, node order of elements
-// reversed. False (told: ERR147, ERR375): too many. WRN247 warns of points on both sides.
-[[nodiscard]] bool ReflectGeometry(const Console& console, Hull& hull);
+// reversed. False (told: ERR147, ERR375): too many. WRN247 warns of points more than 1e-6 L off on both sides.
+[[nodiscard]] bool ReflectGeometry(const Console& console, double L, Hull& hull);
+
+// Whether a hull may hold so much: MAXCMP surfaces, MAXFEG nodes and elements. False (told: ERR147, ERR375).
+[[nodiscard]] bool HullFits(const Console& console, std::size_t surfaces, std::size_t nodes, std::size_t elements);
 
 // All geometry of a case: FGEOM of record 04, then each $ADDGEOM: block, reflected (SYMINP) and transformed each by its
 // own shift, origin and rotation. Result in ship axes, non-dimensional. False: no hull (told why).

@@ -12,11 +12,13 @@ namespace zaview {
 // WRN376 and WRN377. Linear time (a grid of cells).
 void FECULL(const Console& console, double L, HullMesh& mesh);
 
-// Marks elements whose vertices all have x - x_min <= 1e-4 L, x_min over the nodes in use, and says their number.
-void FETRNSM(const Console& console, double L, HullMesh& mesh);
+// Marks elements whose vertices all have x - x_min <= 1e-4 L, x = p . ship_x, x_min over the nodes in use, and says
+// their number.
+void FETRNSM(const Console& console, double L, const Vector3& ship_x, HullMesh& mesh);
 
-// UGEOMNORM 0: away from the centreplane; 1: by connectivity, each closed part turned outward; 2: as they are; 3: all
-// turned. False (told): another value.
-[[nodiscard]] bool FENORM(const Console& console, int UGEOMNORM, HullMesh& mesh);
+// UGEOMNORM 0: away from the centreplane; 1: by connectivity, each part then turned so that its flux of (r - r0) is not
+// negative, which turns closed ones outward; 2: as they are; 3: all turned. r0: centre of the box around all nodes in
+// use, y0 = 0 for a half. False (told): another value.
+[[nodiscard]] bool FENORM(const Console& console, int UGEOMNORM, bool half, HullMesh& mesh);
 
 }  // namespace zaview

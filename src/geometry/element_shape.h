@@ -1,0 +1,24 @@
+// Centre, normal and flux of the elements of a mesh.
+#pragma once
+
+#include "geometry/hull.h"
+
+namespace zaview {
+
+inline const Vector3& Corner(const HullMesh& mesh, const HullElement& element, int i) {  // i from 0
+  return mesh.nodes[static_cast<std::size_t>(element.node[static_cast<std::size_t>(i)] - 1)];
+}
+
+[[nodiscard]] Vector3 ElementCentre(const HullMesh& mesh, const HullElement& element);  // mean of the corners
+
+// Along the right-hand normal of the corner order, its length twice the area of a plane element:
+// (p2 - p1) x (p3 - p1), of a quadrilateral (p3 - p1) x (p4 - p2).
+[[nodiscard]] Vector3 ElementNormal(const HullMesh& mesh, const HullElement& element);
+
+// Integral of (r - r0) . n dA, a quadrilateral taken as four triangles about its centre. Over a closed surface three
+// times its volume, positive if the normals face out.
+[[nodiscard]] double ElementFlux(const HullMesh& mesh, const HullElement& element, const Vector3& r0);
+
+void TurnElement(HullElement& element);  // the first node stays the first
+
+}  // namespace zaview
