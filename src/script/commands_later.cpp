@@ -10,7 +10,7 @@ int RunNotYet(ScriptCall& call) {
   return Fail(call, kScriptFailed, "ERROR - {} : this command is not available yet", call.command);
 }
 
-constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
+constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble, M = kNeedsGeometry;
 
 constexpr Command kLater[] = {
   // Settings.
@@ -42,7 +42,7 @@ constexpr Command kLater[] = {
   // Plots, views and analyses.
     {{"PLOT_HISTORY"},                                                                              D | G | kShortWords, RunNotYet},
     {{"PLOT_TRAJECTORY"},                                                                           D | R | G,           RunNotYet},
-    {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"},                           G,                   RunNotYet},
+    {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"},                           G | M,               RunNotYet},
     {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},                                  D | R | G,           RunNotYet},
     {{"ENSEMBLE_STAT", "ENSEMBLE_STATS"},                                                           E,                   RunNotYet},
     {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},                                                 D | R | G,           RunNotYet},
@@ -60,9 +60,9 @@ constexpr Command kLater[] = {
     {{"ANIMATE_GRAPH", "KINO_GRAPH"},                                                               D,                   RunNotYet},
     {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"},          kNone,               RunNotYet},
     {{"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"},                                  kNone,               RunNotYet},
-    {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"},                                D,                   RunNotYet},
-    {{"GZL_CURVES", "GZLCURVES", "WRITE_GZL_CURVES", "WRITE_GZLCURVES"},                            D,                   RunNotYet},
-    {{"WAVE_CELERITY", "ANALYZE_WAVE"},                                                             D,                   RunNotYet},
+    {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"},                                D | M,               RunNotYet},
+    {{"GZL_CURVES", "GZLCURVES", "WRITE_GZL_CURVES", "WRITE_GZLCURVES"},                            D | M,               RunNotYet},
+    {{"WAVE_CELERITY", "ANALYZE_WAVE"},                                                             D | M,               RunNotYet},
     {{"WRITE_MOVING_MESH", "WRITE_MOVING_HRL_MESH", "MOVING_MESH", "MOVING_HRL_MESH"},              R,                   RunNotYet},
     {{"WRITE_ROLL_DECAY_COEF", "WRITE_RDC", "ROLL_DECAY_COEF", "RDC"},                              D | R,               RunNotYet},
     {{"WRITE_ROLL_DECAY_COEF_BIAS", "WRITE_RDC_BIAS", "ROLL_DECAY_COEF_BIAS", "RDC_BIAS"},          D | R,               RunNotYet},

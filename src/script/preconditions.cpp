@@ -2,29 +2,34 @@
 
 #include <string_view>
 
+#include "case/case_hull.h"
+
 namespace zaview {
 
 namespace {
 
-bool StepsRead(const Session& session) {
+bool StepsRead(Session& session) {
   return session.case_store.has_case && session.case_store.last_step > 0;
 }
-bool CaseRead(const Session& session) {  // impulse response functions are a case without steps
+bool CaseRead(Session& session) {  // impulse response functions are a case without steps
   return StepsRead(session) || session.case_store.has_data();
 }
-bool RecordsHeld(const Session& session) {
+bool RecordsHeld(Session& session) {
   return session.ensemble.nrec > 0;
 }
-bool IsMotionCase(const Session& session) {
+bool IsMotionCase(Session& session) {
   return session.case_store.time_history();
 }
-bool GraphicsAvailable(const Session& session) {
+bool GraphicsAvailable(Session& session) {
   return session.platform.window.available;
+}
+bool GeometryRead(Session& session) {
+  return EnsureHull(session.platform, session.case_store);
 }
 
 struct Precondition {
   Needs need;
-  bool (*met)(const Session& session);
+  bool (*met)(Session& session);
   std::string_view colon;  // behind the command; left out where kShortWords is asked for
   std::string_view text;
   std::string_view second;  // a line of its own, may be blank
@@ -35,6 +40,7 @@ constexpr Precondition kPreconditions[] = {
     {kNeedsEnsemble, RecordsHeld,       " :", "cannot be run until one or more",                     "   output files have been read"},
     {kNeedsMotion,   IsMotionCase,      "",   "not valid for impulsive motion and IRF calculations", ""                              },
     {kNeedsGraphics, GraphicsAvailable, " :", "cannot be run as graphics are not available",         ""                              },
+    {kNeedsGeometry, GeometryRead,      " :", "cannot be run as geometry could not be read",         ""                              },
 };
 
 }  // namespace
