@@ -14,7 +14,8 @@
 
 namespace zaview {
 
-// Components with w or k at or below 0 are left out. w^2 = k tanh(k h) solved in double. False: memory is out.
+// Components with w or k at or below 0 are left out. w^2 = k tanh(k h) solved in double. ISEA 3 of an order above 0 and
+// ISEA 5 are of deep water at any depth; the modes of ISEA 5 are put in ascending order. False: memory is out.
 [[nodiscard]] bool PrepareIncidentWave(const Seaway& seaway, IncidentWave& wave);
 
 struct WaveMoment {
@@ -38,7 +39,8 @@ enum class WaveFault : std::uint8_t { none, unknown_kind, not_supported };
 inline constexpr std::string_view kUnknownWaveKind = "ERROR - EvalIncidentWave: ISEA= {}";
 inline constexpr std::string_view kUnknownWaveKindEnd = "LOGIC ERROR in EvalIncidentWave";
 
-// All outputs are zeroed first; a calm sea leaves them so.
+// All outputs are zeroed first; a calm sea leaves them so. Derivatives of phi are taken at fixed z'. A phase that is
+// NaN or infinite gives NaN.
 [[nodiscard]] WaveFault EvalIncidentWave(const IncidentWave& wave, WaveMoment moment, WaveOptions options,
                                          std::span<const Vector3> points, const WaveOutputs& out);
 

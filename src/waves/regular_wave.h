@@ -17,7 +17,4 @@ struct RegularWave {
 // False: the case isn't one regular wave.
 [[nodiscard]] bool FindRegularWave(const ControlRecords& records, RegularWave& wave);
 
-// k of w^2 = k tanh(k h); h at or below 1e-6 is deep water. Newton in double, to double precision.
-[[nodiscard]] double WaveNumber(double w, double h);
-
 }  // namespace zaview

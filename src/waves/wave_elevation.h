@@ -13,6 +13,8 @@ namespace zaview {
 inline constexpr std::string_view kNoAlternativeWaves = "LOGIC ERROR - Alternative linear waves not supported in {}()";
 inline constexpr std::string_view kNoIrregularStokes = "LOGIC ERROR - Irrgular Stokes waves not supported in {}()";
 inline constexpr std::string_view kNoRegularStokes = "LOGIC ERROR - Regular stokes waves not supported in {}()";
+inline constexpr std::string_view kUnknownKindIn = "ERROR - {}: ISEA= {}";
+inline constexpr std::string_view kUnknownKindInEnd = "LOGIC ERROR in {}";
 
 struct ElevationSlopes {  // double, one entry a point; derivatives along the direction
   std::span<double> eta, d1, d2, d3;

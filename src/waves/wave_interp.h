@@ -27,7 +27,8 @@ struct WaveTableRequest {
   double ship_x_min = 0, ship_x_max = 0;  // global extent of the ship in x, for a size of 0; y has the same span
 };
 
-// False: more points than the table holds (the caller says kWaveTableLogic), or memory is out.
+// False, and no table: more points than it holds (the caller says kWaveTableLogic), a kind of seaway that
+// EvalIncidentWave doesn't know, or memory is out.
 [[nodiscard]] bool SetupIncidentWaveInterpHS(const IncidentWave& wave, WaveMoment moment,
                                              const WaveTableRequest& request, WaveTable& table);
 

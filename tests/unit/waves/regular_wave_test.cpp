@@ -1,3 +1,4 @@
+#include "waves/dispersion.h"
 #include "waves/regular_wave.h"
 
 #include <cmath>

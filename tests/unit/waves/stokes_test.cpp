@@ -1,0 +1,210 @@
+#include "waves/stokes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include <gtest/gtest.h>
+
+namespace zaview {
+namespace {
+
+TEST(Stokes, ByHand) {
+  Seaway seaway;
+  seaway.ISEA = 3;
+  seaway.WDEPTH = 0.1;  // of no account
+  seaway.waves = {{3.2F}, {45}, {0.02F}, {180}};
+  // Of order 1, phi = phi_z / k.
+  const double kPhi1 = -0.01033383 / 10.24;
+  const struct {
+    int order;
+    double w, eta, phi, phi_x, phi_z;
+  } cases[] = {
+      {1, 3.2,      -0.01973756, kPhi1,       0.06316021, -0.01033383},
+      {5, 3.269865, -0.01814004, 7.672038e-5, 0.06291932, 7.793217e-4}
+  };
+  for (const auto& c : cases) {
+    seaway.WSPEC = c.order;
+    IncidentWave wave;
+    ASSERT_TRUE(PrepareIncidentWave(seaway, wave));
+    EXPECT_NEAR(wave.w[0], c.w, 1e-6);
+    float eta = 0, phi = 0, phi_x = 0, phi_z = 0;
+    WaveOutputs out;
+    out.eta = {&eta, 1}, out.phi = {&phi, 1}, out.phi_x = {&phi_x, 1}, out.phi_z = {&phi_z, 1};
+    const Vector3 point = {0.2, 0, -0.01};
+    ASSERT_EQ(EvalIncidentWave(wave, {2.5, 1.0}, {}, {&point, 1}, out), WaveFault::none);
+    EXPECT_NEAR(eta, c.eta, 1e-8);
+    EXPECT_NEAR(phi_x, c.phi_x, 1e-7);
+    EXPECT_NEAR(phi_z, c.phi_z, 1e-7);
+    EXPECT_NEAR(phi, c.phi, 3e-9);
+
+    // Scaled, the coefficients change and the frequency stays.
+    ASSERT_EQ(EvalIncidentWave(wave, {2.5, 0.5}, {}, {&point, 1}, out), WaveFault::none);
+    const double psi = -0.2 * wave.k[0] - wave.w[0] * 2.5 + wave.p[0];
+    const double e = 0.5 * 0.02 * wave.k[0];
+    const StokesCoefficients half = StokesExpansion(e, c.order);
+    double sum = 0;
+    for (int n = 1; n <= 5; ++n) sum += half.A[n - 1] * std::cos(n * psi);
+    EXPECT_NEAR(eta, sum / wave.k[0], 1e-8);
+  }
+}
+
+struct Residuals {
+  double kinematic = 0, dynamic = 0;
+};
+
+// Largest residuals on the surface over a period, k = 1: phi_z - eta_t - phi_x eta_x and phi_t + eta + |grad phi|^2/2.
+Residuals OnTheSurface(double e, int order, double third_order) {
+  StokesCoefficients c = StokesExpansion(e, order);
+  if (order >= 3) c.D[0] += (kStokesThirdOrder - third_order) * e * e * e;
+  const double w = StokesFrequency(1.0, e, order);
+  Residuals worst;
+  for (int i = 0; i < 200; ++i) {
+    const double psi = i * std::numbers::pi / 100;
+    double eta = 0, slope = 0, U = 0, V = 0;
+    for (int n = 1; n <= 5; ++n) {
+      eta += c.A[n - 1] * std::cos(n * psi);
+      slope -= n * c.A[n - 1] * std::sin(n * psi);
+    }
+    for (int n = 1; n <= 3; ++n) {
+      U += w * n * c.D[n - 1] * std::exp(n * eta) * std::cos(n * psi);
+      V += w * n * c.D[n - 1] * std::exp(n * eta) * std::sin(n * psi);
+    }
+    worst.kinematic = std::max(worst.kinematic, std::abs(V - slope * (U - w)));
+    worst.dynamic = std::max(worst.dynamic, std::abs(-w * U + eta + 0.5 * (U * U + V * V)));
+  }
+  return worst;
+}
+
+TEST(Stokes, OrderOfTheFreeSurfaceResiduals) {
+  // With 0.675 as it stands the residuals are of third order from order 3 on; 0.625 would leave the next order.
+  const struct {
+    int order;
+    double third_order;
+    double kinematic, dynamic;  // powers of e
+  } cases[] = {
+      {1, 0.675, 2, 2},
+      {2, 0.675, 3, 3},
+      {3, 0.675, 3, 3},
+      {4, 0.675, 3, 3},
+      {5, 0.675, 3, 3},
+      {3, 0.625, 4, 4},
+      {4, 0.625, 5, 5},
+      {5, 0.625, 6, 6}
+  };
+  for (const auto& c : cases) {
+    const double e = c.third_order == kStokesThirdOrder ? 0.01 : 0.04;
+    const Residuals coarse = OnTheSurface(e, c.order, c.third_order);
+    const Residuals fine = OnTheSurface(e / 2, c.order, c.third_order);
+    EXPECT_NEAR(std::log2(coarse.kinematic / fine.kinematic), c.kinematic, 0.25) << c.order << ' ' << c.third_order;
+    EXPECT_NEAR(std::log2(coarse.dynamic / fine.dynamic), c.dynamic, 0.25) << c.order << ' ' << c.third_order;
+  }
+  EXPECT_NEAR(OnTheSurface(0.04, 5, 0.675).dynamic, 0.05 * 0.04 * 0.04 * 0.04, 5e-7);
+}
+
+// Sums over pairs as they are written, in double, along the waves.
+struct PairSums {
+  std::vector<double> a, w, p;  // ascending w
+  [[nodiscard]] double Psi(std::size_t i, double x, double t) const { return w[i] * w[i] * x - w[i] * t + p[i]; }
+  [[nodiscard]] double Eta(double x, double t) const {
+    double eta = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+      const double ki = w[i] * w[i];
+      eta += a[i] * std::cos(Psi(i, x, t)) + 0.5 * ki * a[i] * a[i] * std::cos(2 * Psi(i, x, t));
+      for (std::size_t j = i + 1; j < a.size(); ++j) {
+        const double kj = w[j] * w[j];
+        eta += a[i] * a[j] * 0.5 *
+               ((ki + kj) * std::cos(Psi(i, x, t) + Psi(j, x, t)) - (kj - ki) * std::cos(Psi(i, x, t) - Psi(j, x, t)));
+      }
+    }
+    return eta;
+  }
+  [[nodiscard]] double Phi(double x, double z, double t) const {
+    double phi = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+      phi += a[i] / w[i] * std::exp(w[i] * w[i] * z) * std::sin(Psi(i, x, t));
+      for (std::size_t j = i + 1; j < a.size(); ++j)
+        phi += a[i] * a[j] * w[j] * std::exp((w[j] * w[j] - w[i] * w[i]) * z) * std::sin(Psi(i, x, t) - Psi(j, x, t));
+    }
+    return phi;
+  }
+};
+
+PairSums ThreeModes(double scale) {
+  return {
+      {0.02 * scale, 0.012 * scale, 0.016 * scale},
+      {0.75,         1.125,         1.5          },
+      {0.5,          -1.0,          2.0          }
+  };
+}
+
+TEST(Stokes, SecondOrderSeaway) {
+  const PairSums form = ThreeModes(1);
+  const double x = 0.8, z = -0.3, t = 1.7, d = 1e-4;
+  Seaway seaway;
+  seaway.ISEA = 5;
+  for (const std::size_t i : {1U, 2U, 0U}) {  // not in order
+    seaway.modes.MODE_AMP.push_back(static_cast<float>(form.a[i]));
+    seaway.modes.MODE_FREQ.push_back(static_cast<float>(form.w[i]));
+    seaway.modes.MODE_PHASE.push_back(static_cast<float>(form.p[i] * 180 / std::numbers::pi));
+  }
+  seaway.modes.WAVE_HEAD = 30;
+  const double X = std::cos(std::numbers::pi / 6), Y = 0.5;
+  IncidentWave wave;
+  ASSERT_TRUE(PrepareIncidentWave(seaway, wave));
+  float v[8] = {}, nine[9] = {};
+  const WaveOutputs out = {
+      {v,     1},
+      {v + 1, 1},
+      {v + 2, 1},
+      {v + 3, 1},
+      {v + 4, 1},
+      {v + 5, 1},
+      {v + 6, 1},
+      {v + 7, 1},
+      nine
+  };
+  const Vector3 point = {x * X, x * Y, z};
+  ASSERT_EQ(EvalIncidentWave(wave, {t, 1.0}, {1, 0, false}, {&point, 1}, out), WaveFault::none);
+  const auto phi = [&](double dx, double dz, double dt = 0) { return form.Phi(x + dx, z + dz, t + dt); };
+  const double slope = (form.Eta(x + d, t) - form.Eta(x - d, t)) / (2 * d);
+  const double along = (phi(d, 0) - phi(-d, 0)) / (2 * d);
+  const double xx = (phi(d, 0) - 2 * phi(0, 0) + phi(-d, 0)) / (d * d);
+  const double zz = (phi(0, d) - 2 * phi(0, 0) + phi(0, -d)) / (d * d);
+  const double xz = (phi(d, d) - phi(-d, d) - phi(d, -d) + phi(-d, -d)) / (4 * d * d);
+  const double want[8] = {form.Eta(x, t),
+                          slope * X,
+                          slope * Y,
+                          phi(0, 0),
+                          (phi(0, 0, d) - phi(0, 0, -d)) / (2 * d),
+                          along * X,
+                          along * Y,
+                          (phi(0, d) - phi(0, -d)) / (2 * d)};
+  const double want_nine[9] = {xx * X * X, xx * X * Y, xz * X, xx * X * Y, xx * Y * Y, xz * Y, xz * X, xz * Y, zz};
+  for (int i = 0; i < 8; ++i) EXPECT_NEAR(v[i], want[i], 2e-8) << i;
+  for (int i = 0; i < 9; ++i) EXPECT_NEAR(nine[i], want_nine[i], 1e-7) << i;
+}
+
+TEST(Stokes, SecondOrderSeawaySatisfiesTheFreeSurface) {
+  const auto worst = [](double scale) {
+    const PairSums form = ThreeModes(scale);
+    const double d = 1e-4;
+    Residuals most;
+    for (double x = 0; x < 40; x += 0.37) {
+      const double t = 1.3, eta = form.Eta(x, t);
+      const double eta_t = (form.Eta(x, t + d) - form.Eta(x, t - d)) / (2 * d);
+      const double eta_x = (form.Eta(x + d, t) - form.Eta(x - d, t)) / (2 * d);
+      const double phi_t = (form.Phi(x, eta, t + d) - form.Phi(x, eta, t - d)) / (2 * d);
+      const double phi_x = (form.Phi(x + d, eta, t) - form.Phi(x - d, eta, t)) / (2 * d);
+      const double phi_z = (form.Phi(x, eta + d, t) - form.Phi(x, eta - d, t)) / (2 * d);
+      most.kinematic = std::max(most.kinematic, std::abs(phi_z - eta_t - phi_x * eta_x));
+      most.dynamic = std::max(most.dynamic, std::abs(phi_t + eta + 0.5 * (phi_x * phi_x + phi_z * phi_z)));
+    }
+    return most;
+  };
+  EXPECT_NEAR(std::log2(worst(1).kinematic / worst(0.5).kinematic), 3.0, 0.3);
+  EXPECT_NEAR(std::log2(worst(1).dynamic / worst(0.5).dynamic), 3.0, 0.3);
+}
+
+}  // namespace
+}  // namespace zaview
