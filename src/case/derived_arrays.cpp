@@ -111,8 +111,9 @@ bool EnsureDerived(CaseStore& case_store, Derived what) {
 }
 
 void DropDerived(CaseStore& case_store) {
-  for (StepHistory* history : {&case_store.motion, &case_store.vmgshp, &case_store.vmgg, &case_store.accg,
-                               &case_store.force_ship, &case_store.maneuver, &case_store.point_motion})
+  for (StepHistory* history :
+       {&case_store.motion, &case_store.vmgshp, &case_store.vmgg, &case_store.accg, &case_store.force_ship,
+        &case_store.maneuver, &case_store.point_motion, &case_store.eta_cg, &case_store.eta_origin})
     *history = StepHistory{};
   case_store.built = DerivedCache{};
 }

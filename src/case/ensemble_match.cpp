@@ -6,6 +6,7 @@
 
 #include "base/grow.h"
 #include "base/message.h"
+#include "case/wave_at_cg.h"
 #include "control/input_scales.h"
 
 namespace zaview {
@@ -44,7 +45,7 @@ Outcome OutcomeOf(int ensemble_mode, Match match) {
 }
 
 // The case read last: the newest record.
-const CaseStore& LastCase(const EnsembleStore& ensemble, const CaseStore& case_store) {
+CaseStore& LastCase(EnsembleStore& ensemble, CaseStore& case_store) {
   return ensemble.irec == ensemble.nrec ? case_store : ensemble.record[static_cast<std::size_t>(ensemble.nrec - 1)];
 }
 
@@ -58,18 +59,21 @@ bool AddRecord(CaseStore& fresh, EnsembleStore& ensemble, CaseStore& case_store)
 
 }  // namespace
 
-Match CompareCases(int ensemble_mode, const CaseStore& held, const CaseStore& fresh) {
+Match CompareCases(const Console& console, int ensemble_mode, CaseStore& held, CaseStore& fresh) {
   if (!held.time_history() || !fresh.time_history() || held.combined || fresh.combined) return Match::none;
   if (!SameLoads(held.loads, fresh.loads)) return Match::none;
   const bool speed_counts = ensemble_mode == kAutomaticEnsemble;
   if (speed_counts && !(std::fabs(SpeedOf(held) - SpeedOf(fresh)) <= kSameSpeed)) return Match::none;
-  return CompareSeaways(held.control, fresh.control);
+  if (held.control.seaway.ISEA != fresh.control.seaway.ISEA) return Match::none;
+  if (EnsureSeaway(console, held) != WaveAnswer::ok || EnsureSeaway(console, fresh) != WaveAnswer::ok)
+    return Match::none;
+  return CompareSeaways(held.seaway, fresh.seaway);
 }
 
 void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore& fresh, EnsembleStore& ensemble,
                             CaseStore& case_store) {
   if (ensemble.nrec > 0 && !fresh.combined) {
-    const Match match = CompareCases(ensemble_mode, LastCase(ensemble, case_store), fresh);
+    const Match match = CompareCases(console, ensemble_mode, LastCase(ensemble, case_store), fresh);
     const Outcome outcome = OutcomeOf(ensemble_mode, match);
     SayLine(console, outcome.words);
     if (outcome.added && AddRecord(fresh, ensemble, case_store)) return;

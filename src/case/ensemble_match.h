@@ -11,8 +11,8 @@ namespace zaview {
 inline constexpr int kForcedEnsemble = 1, kAutomaticEnsemble = 3;  // ensemble_mode
 
 // Load cuts and their kinds must be equal, in automatic mode the ship speeds to within 1e-4 sqrt(gL), and the seaways
-// must match. Impulsive cases and combined ones match nothing.
-[[nodiscard]] Match CompareCases(int ensemble_mode, const CaseStore& held, const CaseStore& fresh);
+// must match. Impulsive cases and combined ones match nothing. Builds the seaways.
+[[nodiscard]] Match CompareCases(const Console& console, int ensemble_mode, CaseStore& held, CaseStore& fresh);
 
 // Compares with the case read last, says what was found, adds `fresh` as a record or resets the ensemble to it, and
 // makes it current in case_store. With no record held, and for a combined case, nothing is compared or said.

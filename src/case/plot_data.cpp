@@ -9,6 +9,7 @@
 #include "case/derived_arrays.h"
 #include "case/point_motion.h"
 #include "case/quantity_catalogue.h"
+#include "case/wave_at_cg.h"
 
 namespace zaview {
 namespace {
@@ -100,8 +101,15 @@ CurveSource ManeuverSource(const CaseStore& c, const OutputSettings& s, int curv
   return Column(c.maneuver, curve, scales[curve - 1], 1.0F);
 }
 
-// 36 and 38: position, Euler angles, velocity, rates, acceleration, rate changes, three columns each.
+// The last three of 37.
+CurveSource PointExtraSource(const CaseStore& c, const OutputSettings& s, int curve) {
+  if (curve == 19) return Column(c.eta_cg, 1, s.LENOUT, 1.0F);
+  return curve == 20 ? Column(c.rudder_ang, 1, s.scales.angle, 1.0F) : Column(c.prop_rps, 1, s.scales.prop_rps, 1.0F);
+}
+
+// 36 to 38: position, Euler angles, velocity, rates, acceleration, rate changes, three columns each.
 CurveSource PointListSource(const CaseStore& c, const OutputSettings& s, int curve) {
+  if (curve > 18) return PointExtraSource(c, s, curve);
   const struct {
     const StepHistory* history;
     int first;  // component of the group's first column
@@ -133,6 +141,13 @@ CurveSource PointSource(const CaseStore& c, const OutputSettings& s, int iqnt, i
   return source;
 }
 
+// 30: the point's motion against its steady place and the wave; deltaZ has no direction.
+CurveSource RelativeSource(const CaseStore& c, const OutputSettings& s, int curve) {
+  const auto slot = static_cast<std::size_t>((curve - 1) % 3);
+  const float length = s.scales.position[0];
+  return Column(c.point_motion, curve + 9, length, curve == 4 ? 1.0F : s.cnvfac[slot]);
+}
+
 CurveSource SourceOf(const CaseStore& c, const OutputSettings& s, const QuantityRow& row, int curve) {
   const auto i = static_cast<std::size_t>(curve - 1);
   if (row.load_kind != 0) {
@@ -152,9 +167,16 @@ CurveSource SourceOf(const CaseStore& c, const OutputSettings& s, const Quantity
       return Column(c.motion, curve, s.scales.position[i], s.cnvfac[i]);
     case 5:
       return Column(c.vmgshp, curve, s.scales.velocity[i], s.cnvfac[i]);
+    case 25:
+      return Column(c.eta_cg, 1, s.LENOUT, 1.0F);
+    case 26:
+      return Column(c.eta_origin, 1, s.LENOUT, 1.0F);
+    case 30:
+      return RelativeSource(c, s, curve);
     case 33:
       return ManeuverSource(c, s, curve);
     case 36:
+    case 37:
     case 38:
       return PointListSource(c, s, curve);
     case 39:
@@ -194,24 +216,40 @@ void FillMissile(const CaseStore& c, const OutputSettings& s, const std::array<f
   }
 }
 
-// The derived arrays behind a quantity. False: out of memory.
-bool EnsureSource(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                  CaseStore& c) {
-  if (IsPointQuantity(request.iqnt)) return NodePointMot(console, settings, request.point, c);
-  if (request.iqnt >= 41 && request.iqnt <= 47) return EnsureDerived(c, Derived::force_ship);
+PlotFault FaultOf(WaveAnswer answer) {
+  if (answer == WaveAnswer::ok) return PlotFault::none;
+  return answer == WaveAnswer::no_wave ? PlotFault::no_wave : PlotFault::no_memory;
+}
+
+PlotFault EnsurePoint(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                      CaseStore& c) {
+  if (!NodePointMot(console, settings, request.point, c)) return PlotFault::no_memory;
+  if (request.iqnt == 30) return FaultOf(RelativePointMot(console, c));
+  return request.iqnt == 37 ? FaultOf(IncidentWaveAtCG(console, c)) : PlotFault::none;
+}
+
+// Makes the derived arrays behind a quantity.
+PlotFault EnsureSource(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                       CaseStore& c) {
+  const auto derived = [&c](Derived what) { return EnsureDerived(c, what) ? PlotFault::none : PlotFault::no_memory; };
+  if (IsPointQuantity(request.iqnt)) return EnsurePoint(console, settings, request, c);
+  if (request.iqnt >= 41 && request.iqnt <= 47) return derived(Derived::force_ship);
   switch (request.iqnt) {
     case 4:
-      return EnsureDerived(c, Derived::motion);
+      return derived(Derived::motion);
     case 5:
-      return EnsureDerived(c, Derived::vmgshp);
+      return derived(Derived::vmgshp);
+    case 25:
+    case 26:
+      return FaultOf(IncidentWaveAtCG(console, c));
     case 33:
-      return EnsureDerived(c, Derived::maneuver);
+      return derived(Derived::maneuver);
     case 39:
-      return EnsureDerived(c, Derived::vmgg);
+      return derived(Derived::vmgg);
     case 40:
-      return EnsureDerived(c, Derived::accg);
+      return derived(Derived::accg);
     default:
-      return true;
+      return PlotFault::none;
   }
 }
 
@@ -230,6 +268,14 @@ PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& r
     if (source.n_columns == 0) return PlotFault::not_valid;
     FillCurve(source, places, y);
   }
+  return PlotFault::none;
+}
+
+PlotFault FillOverlay(const Console& console, const OutputSettings& settings, const Places& places, CaseStore& c,
+                      std::vector<float>& wave) {
+  if (const PlotFault fault = FaultOf(IncidentWaveAtCG(console, c)); fault != PlotFault::none) return fault;
+  if (!Grow(wave, places.n)) return PlotFault::no_memory;
+  FillCurve(Column(c.eta_origin, 1, settings.LENOUT, 1.0F), places, wave);
   return PlotFault::none;
 }
 
@@ -296,10 +342,6 @@ PlotFault SetPlotData(const Console& console, const OutputSettings& settings, co
   const int curves = CurveCount(case_store, request.iqnt);
   if (!QuantityValid(case_store, request.iqnt) || request.curve < 0 || request.curve > curves)
     return PlotFault::not_valid;
-  if (row->need == QuantityNeed::wave || request.iqnt == 37) {  // 37 holds the wave at the CG
-    SayLine(console, kNoWaveData);
-    return PlotFault::no_wave;
-  }
 
   const int first_curve = request.curve == 0 ? 1 : request.curve;
   const int last_curve = request.curve == 0 ? curves : request.curve;
@@ -313,14 +355,16 @@ PlotFault SetPlotData(const Console& console, const OutputSettings& settings, co
   places.first = static_cast<std::size_t>(case_store.first_step - case_store.first_read);
   places.stride = static_cast<std::size_t>(Stride(settings));
   places.n = static_cast<std::size_t>(data.n);
-  if (!EnsureSource(console, settings, request, case_store) || !Grow(data.x, places.n)) return PlotFault::no_memory;
+  const PlotFault source = EnsureSource(console, settings, request, case_store);
+  if (source != PlotFault::none) return source;
+  if (!Grow(data.x, places.n)) return PlotFault::no_memory;
   FillCurve(Column(case_store.time, 1, settings.scales.T, 1.0F), places, data.x);
   for (int curve = first_curve; curve <= last_curve; ++curve) {
     std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first_curve)];
     const PlotFault fault = FillRequested(settings, request, *row, places, curve, case_store, y);
     if (fault != PlotFault::none) return fault;
   }
-  return PlotFault::none;
+  return request.wave_overlay ? FillOverlay(console, settings, places, case_store, data.wave) : PlotFault::none;
 }
 
 StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings) {

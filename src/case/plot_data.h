@@ -17,6 +17,7 @@ struct QuantityRequest {
   int curve = 0;                   // 1..; 0: all
   std::array<double, 3> point{};   // point quantities: INPUT axes and units
   std::array<float, 4> missile{};  // C1..C4 of quantity 48
+  bool wave_overlay = false;       // the elevation at the origin as well
 };
 
 struct PlotData {
@@ -24,12 +25,12 @@ struct PlotData {
   std::vector<float> x;               // time in output units
   std::vector<std::vector<float>> y;  // a vector a curve asked for
   std::vector<std::string> labels;    // the same curves
+  std::vector<float> wave;            // elevation at the origin, if asked for
 };
 
-// not_valid: no such curve or no data for it in this case (the caller says so); no_wave and logic have been said.
+// not_valid: no such curve or no data for it in this case (the caller says so); no_wave (told) and logic have been
+// said.
 enum class PlotFault : std::uint8_t { none, not_valid, no_wave, no_memory, logic };
-
-inline constexpr std::string_view kNoWaveData = "Incident wave data will not be available";
 
 // y = stored x scale, then x sign factor, in 4 bytes; slots of force are summed in their order first. Curve 4 of 28 and
 // 29 is the length of the stored three. 48: C1 ax + C2 ay + C3 az + C4, (ax ay az) = R' (a + (0,0,1)) as shown.

@@ -4,6 +4,7 @@
 #include "base/number_format.h"
 #include "base/rotation.h"
 #include "case/size_history.h"
+#include "control/input_scales.h"
 #include "geometry/input_transform.h"
 
 namespace zaview {
@@ -23,23 +24,39 @@ void Put(StepHistory& history, std::size_t first, std::size_t s, const Vector3& 
   for (std::size_t i = 0; i < 3; ++i) history.component[first + i][s] = static_cast<float>(v[i]);
 }
 
+constexpr std::size_t kPointColumns = 13;
+
+Vector3 FromCentre(const CaseStore& c, Vector3 ship) {
+  if (const auto index = static_cast<std::size_t>(c.ship - 1); index < c.ships.size())
+    for (std::size_t i = 0; i < 3; ++i) ship[i] -= c.ships[index].centre[i];
+  return ship;
+}
+
+// The point where the initial position puts it, global.
+Vector3 PointAtStart(const CaseStore& c) {
+  const InputScales scales = InputScalesOf(c.control);
+  const Sextet& start = c.control.PMGIN;
+  const Rotation R = ShipToGlobal(start[3] * scales.angle, start[4] * scales.angle, start[5] * scales.angle);
+  Vector3 p = ToGlobal(R, FromCentre(c, InputToShip(c.control, c.built.point)));
+  for (std::size_t i = 0; i < 3; ++i) p[i] += start[i] * scales.length;
+  return p;
+}
+
 }  // namespace
 
 bool NodePointMot(const Console& console, const OutputSettings& settings, const std::array<double, 3>& point,
                   CaseStore& case_store) {
   CaseStore& c = case_store;
   if (c.built.point_motion && c.built.point == point) return true;
-  c.built.point_motion = false;
+  c.built.point_motion = c.built.relative_motion = false;
 
   const Vector3 ship = InputToShip(c.control, point);
   const auto shown = [&](std::size_t i) { return Shown{static_cast<float>(ship[i] * settings.LENOUT)}; };
   SayLine(console, kCalculating);
   Say(console, "Initial static coordinates {} {} {}", shown(0), shown(1), shown(2));
 
-  Vector3 r = ship;  // from the CG
-  if (const auto ship_index = static_cast<std::size_t>(c.ship - 1); ship_index < c.ships.size())
-    for (std::size_t i = 0; i < 3; ++i) r[i] -= c.ships[ship_index].centre[i];
-  if (!SizeHistory(c, 9, c.point_motion)) return false;
+  const Vector3 r = FromCentre(c, ship);
+  if (!SizeHistory(c, kPointColumns, c.point_motion)) return false;
   for (std::size_t s = 0; s < StepsInStore(c); ++s) {
     const Vector3 angles = Triple3(c.pmgg, 3, s);
     const Rotation R = ShipToGlobal(angles[0], angles[1], angles[2]);
@@ -55,6 +72,30 @@ bool NodePointMot(const Console& console, const OutputSettings& settings, const 
   c.built.point = point;
   c.built.point_motion = true;
   return true;
+}
+
+WaveAnswer RelativePointMot(const Console& console, CaseStore& case_store) {
+  CaseStore& c = case_store;
+  if (c.built.relative_motion) return WaveAnswer::ok;
+  if (const WaveAnswer answer = EnsureSeaway(console, c); answer != WaveAnswer::ok) return answer;
+  std::vector<std::vector<float>>& column = c.point_motion.component;
+  std::vector<float>& eta = column[12];  // its place until deltaZ is formed
+  if (const WaveAnswer answer = WaveAlong(console, c, column[0], column[1], eta); answer != WaveAnswer::ok)
+    return answer;
+
+  const InputScales scales = InputScalesOf(c.control);
+  const double advance = c.control.USHIP * scales.velocity * (c.control.DTH * scales.time);
+  const Vector3 start = PointAtStart(c);
+  for (std::size_t s = 0; s < eta.size(); ++s) {
+    const double steps_since_start = static_cast<double>(c.first_read - 1) + static_cast<double>(s);
+    const Vector3 p = Triple3(c.point_motion, 0, s);
+    const double wave = eta[s];
+    Put(c.point_motion, 9, s, {p[0] - start[0] - advance * steps_since_start, p[1] - start[1], p[2] - start[2] - wave});
+    eta[s] = static_cast<float>(wave - p[2]);
+  }
+  ClearGaps(c, c.point_motion);
+  c.built.relative_motion = true;
+  return WaveAnswer::ok;
 }
 
 }  // namespace zaview

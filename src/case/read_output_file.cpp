@@ -18,6 +18,7 @@
 #include "case/read_steps.h"
 #include "case/restart_combine.h"
 #include "case/time_steps.h"
+#include "case/wave_at_cg.h"
 #include "frame/prompts.h"
 
 namespace zaview {
@@ -95,7 +96,7 @@ Content ReadContent(const Platform& platform, const ReadRequest& request, FileHa
   fresh.file_name = name;
   fresh.base_name = BaseName(name);
   SetCaseFlags(fresh);
-  if (!CheckHeader(console, request, fresh)) return Content::refused;
+  if (!CheckHeader(console, request, fresh) || !ReadPhaseLists(platform, fresh)) return Content::refused;
   fresh.nstep_expected = fresh.control.NSTEP;
   if (fresh.nstep_expected == 0 && (fresh.time_history() || NoTextLeft(stream))) return Content::geometry_only;
   if (!fresh.time_history() && ReadIrfSections(console, source, fresh) != IrfStatus::ok) return Content::refused;
@@ -169,7 +170,7 @@ void AcceptWithSteps(const Console& console, const ReadRequest& request, const R
   ChooseDefaultSkip(console, run, settings, fresh);
   fresh.has_case = true;
   finish_case_read(console, settings, fresh);
-  if (run.do_eta) SayLine(console, kNoWaveData);
+  if (run.do_eta) (void)IncidentWaveAtCG(console, fresh);  // it has said what is missing
   match_case_to_ensemble(console, request.ensemble_mode, fresh, held.ensemble, held.case_store);
 }
 

@@ -10,6 +10,7 @@
 #include "base/table_text.h"
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
+#include "stats/fourier.h"
 #include "stats/statistic_values.h"
 
 namespace zaview {
@@ -20,16 +21,16 @@ inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working
 inline constexpr std::string_view kNotRegular =
     "ERR494 - NDTF/RAO and phase statistics only available for regular wave cases";
 inline constexpr std::string_view kUnknown = "LOGIC ERROR in WRSTAT : isel0= {}";
-inline constexpr std::string_view kNoPhase =
-    "ERROR - phase statistics need the incident wave, which is not available yet";
+inline constexpr std::string_view kNoWavePhase = "LOGIC ERROR - Wave phase calculation failed";
 inline constexpr std::string_view kNoNormaliser = "ERROR - NDTF/RAO is not defined for {}, {}";
 
 constexpr float kNotKnown = std::numeric_limits<float>::quiet_NaN();
 
-// In the order of the table. NDTF/RAO and transfer function stand there for regular waves only; the two phases need
-// the wave at the centre of gravity and are left out.
-constexpr int kTableRows[] = {1,  2,  3,  4,  5,  6,  7, 8, 9, 10, 11, 12, 13, 14, kStatNdtf, kStatTransfer,
-                              18, 19, 24, 20, 21, 22, 23};
+// In the order of the table. NDTF/RAO, phases and transfer function stand there for regular waves only.
+constexpr int kTableRows[] = {
+    1,  2,  3,  4,  5,  6,  7, 8, 9, 10, 11, 12, 13, 14, kStatNdtf, kStatPhase, kStatPhaseLead, kStatTransfer,
+    18, 19, 24, 20, 21, 22, 23};
+constexpr int kWaveAtCg = 25;  // the quantity that phases refer to
 
 bool IsPhase(int number) {
   return number == kStatPhase || number == kStatPhaseLead;
@@ -43,6 +44,7 @@ struct StatColumns {
   int iqnt = 0;
   int first_curve = 1;
   std::vector<RecordValues> curves;
+  std::vector<float> phases;  // degrees behind the wave at the CG; empty: not wanted or not to be had
   bool regular = false;
   Normalisers normals;
 };
@@ -54,10 +56,15 @@ float TransferValue(const StatColumns& columns, int number, std::size_t i) {
   return StatisticValue(kStatThird, columns.curves[i]) / columns.normals.of(kind);
 }
 
+float CellOf(const StatColumns& columns, int number, std::size_t i) {
+  if (number == kStatPhase) return columns.phases[i];
+  if (number == kStatPhaseLead) return 360.0F - columns.phases[i];
+  return IsTransfer(number) ? TransferValue(columns, number, i) : StatisticValue(number, columns.curves[i]);
+}
+
 void CellsOf(const StatColumns& columns, int number, std::vector<float>& cells) {
   cells.clear();
-  for (std::size_t i = 0; i < columns.curves.size(); ++i)
-    cells.push_back(IsTransfer(number) ? TransferValue(columns, number, i) : StatisticValue(number, columns.curves[i]));
+  for (std::size_t i = 0; i < columns.curves.size(); ++i) cells.push_back(CellOf(columns, number, i));
 }
 
 bool AnyNormaliser(const StatColumns& columns) {
@@ -69,6 +76,7 @@ bool AnyNormaliser(const StatColumns& columns) {
 
 bool RowShown(const StatColumns& columns, int number) {
   if (number == kStatTransfer) return columns.regular;
+  if (IsPhase(number)) return !columns.phases.empty();
   return number != kStatNdtf || (columns.regular && AnyNormaliser(columns));
 }
 
@@ -79,15 +87,30 @@ bool Available(const Console& console, const StatColumns& columns, const StatRec
     SayLine(console, kNotRegular);
     return false;
   }
-  if (IsPhase(number)) {
-    SayLine(console, kNoPhase);
-    return false;
-  }
   Normal kind = Normal::a;
   for (std::size_t i = 0; number == kStatNdtf && i < record.data.labels.size(); ++i) {
     if (FindNormal(columns.iqnt, columns.first_curve + static_cast<int>(i), kind)) continue;
     Say(console, kNoNormaliser, cQntLong(columns.iqnt), record.data.labels[i]);
     return false;
+  }
+  return true;
+}
+
+// The phases of all curves. False (told): the wave at the CG can't be had.
+bool FindPhases(const Console& console, const OutputSettings& settings, const StatRecord& record, CaseStore& case_store,
+                StatColumns& columns) {
+  QuantityRequest at_cg;
+  at_cg.iqnt = kWaveAtCg;
+  at_cg.curve = 1;
+  StatRecord wave;
+  if (TakeRecord(console, settings, at_cg, kTooManySkipped, kNoMemory, case_store, wave) != TableFault::none)
+    return false;
+  columns.phases.resize(columns.curves.size());
+  for (std::size_t i = 0; i < columns.curves.size(); ++i) {
+    if (PhaseLag(record.t(), record.curve(i), wave.curve(0), columns.phases[i])) continue;
+    SayLine(console, kNoWavePhase);
+    columns.phases.assign(columns.curves.size(), 0.0F);
+    break;
   }
   return true;
 }
@@ -132,6 +155,8 @@ TableFault WriteStatistics(const Console& console, const OutputSettings& setting
   columns.curves.resize(record.data.y.size());
   for (std::size_t i = 0; i < columns.curves.size(); ++i)
     FindRecordValues(request.statistic, record.t(), record.curve(i), columns.curves[i]);
+  const bool phases = columns.regular && (number == kStatTable || IsPhase(number));
+  if (phases && !FindPhases(console, settings, record, case_store, columns) && IsPhase(number)) return TableFault::said;
   std::string text;
   if (number == kStatTable) AppendTable(columns, request, settings, record, case_store, out, text);
   else AppendLine(columns, request, settings, text);
