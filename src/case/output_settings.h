@@ -30,6 +30,9 @@ struct OutputSettings {
   int step_stride = 1;
   int kmstep_interval = 1000;
 
+  int smooth_option = 0;   // 0 none, 1 small window, 2 Fourier series, 3 cubic over smooth_window steps
+  int smooth_window = 11;  // at least 5
+
   float confidence_probability = 0.95F;
   float ndtf_length = 0, ndtf_beam = 0;  // output length units; 0: not set
   int autocorrelation_rate = 1;

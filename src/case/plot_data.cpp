@@ -9,6 +9,7 @@
 #include "case/derived_arrays.h"
 #include "case/point_motion.h"
 #include "case/quantity_catalogue.h"
+#include "case/smoothing.h"
 #include "case/wave_at_cg.h"
 
 namespace zaview {
@@ -271,6 +272,22 @@ PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& r
   return PlotFault::none;
 }
 
+// Smoothing takes every step in use, whatever the stride.
+PlotFault FillSmoothed(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                       const QuantityRow& row, const Places& places, int curve, CaseStore& c, std::vector<float>& y) {
+  if (settings.smooth_option == 0) return FillRequested(settings, request, row, places, curve, c, y);
+  Places every = places;
+  every.stride = 1;
+  every.n = static_cast<std::size_t>(c.last_step - c.first_step) + 1;
+  const PlotFault fault = FillRequested(settings, request, row, every, curve, c, y);
+  if (fault != PlotFault::none) return fault;
+  if (!SmoothInput(settings.smooth_option, settings.smooth_window, y))
+    SayLine(console, SmoothingSkipped(settings.smooth_option));
+  for (std::size_t j = 0; j < places.n; ++j) y[j] = y[j * places.stride];
+  y.resize(places.n);
+  return PlotFault::none;
+}
+
 PlotFault FillOverlay(const Console& console, const OutputSettings& settings, const Places& places, CaseStore& c,
                       std::vector<float>& wave) {
   if (const PlotFault fault = FaultOf(IncidentWaveAtCG(console, c)); fault != PlotFault::none) return fault;
@@ -361,7 +378,7 @@ PlotFault SetPlotData(const Console& console, const OutputSettings& settings, co
   FillCurve(Column(case_store.time, 1, settings.scales.T, 1.0F), places, data.x);
   for (int curve = first_curve; curve <= last_curve; ++curve) {
     std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first_curve)];
-    const PlotFault fault = FillRequested(settings, request, *row, places, curve, case_store, y);
+    const PlotFault fault = FillSmoothed(console, settings, request, *row, places, curve, case_store, y);
     if (fault != PlotFault::none) return fault;
   }
   return request.wave_overlay ? FillOverlay(console, settings, places, case_store, data.wave) : PlotFault::none;

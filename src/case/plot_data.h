@@ -32,9 +32,10 @@ struct PlotData {
 // said.
 enum class PlotFault : std::uint8_t { none, not_valid, no_wave, no_memory, logic };
 
-// y = stored x scale, then x sign factor, in 4 bytes; slots of force are summed in their order first. Curve 4 of 28 and
-// 29 is the length of the stored three. 48: C1 ax + C2 ay + C3 az + C4, (ax ay az) = R' (a + (0,0,1)) as shown.
-// Impulsive runs: time x T, values as stored x sign factor; a function of an IRF case by all its steps and the stride.
+// Shown values, smoothed as the settings say: y = stored x scale, then x sign factor, in 4 bytes; slots of force are
+// summed in their order first. Curve 4 of 28 and 29 is the length of the stored three. 48: C1 ax + C2 ay + C3 az + C4,
+// (ax ay az) = R' (a + (0,0,1)) as shown. Impulsive runs: time x T, values as stored x sign factor; a function of an
+// IRF case by all its steps and the stride.
 [[nodiscard]] PlotFault SetPlotData(const Console& console, const OutputSettings& settings,
                                     const QuantityRequest& request, CaseStore& case_store, PlotData& data);
 

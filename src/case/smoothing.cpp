@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
+#include <fftw3.h>
 #include <vector>
 
 #include "base/grow.h"
@@ -11,6 +13,7 @@ namespace zaview {
 namespace {
 
 constexpr int kMostDegree = 3;
+constexpr std::size_t kMostSamples = 1U << 30U;  // lengths of a transform are int
 
 // Polynomials of degree 0..d that are orthogonal over the samples 0..W-1 of a window, and their norms.
 struct Gram {
@@ -80,6 +83,54 @@ FilterStatus TimeDataFilter(int option, int width, std::span<const float> input,
   }
   const auto W = static_cast<std::size_t>(option == 1 ? kSmallWindow : width);
   return FitAlong(W, option == 1 ? 2 : 3, input, output) ? FilterStatus::ok : FilterStatus::out_of_memory;
+}
+
+bool fourier_smooth(double cutoff, std::span<const float> input, std::span<float> output) {
+  const std::size_t n = input.size();
+  if (n < 3 || n > kMostSamples) {
+    std::copy(input.begin(), input.end(), output.begin());
+    return n < 3;
+  }
+  const std::size_t inner = n - 2;  // samples between the ends, and harmonics
+  double* series = fftw_alloc_real(inner);
+  if (series == nullptr) return false;
+  const fftw_plan plan =
+      fftw_plan_r2r_1d(static_cast<int>(inner), series, series, FFTW_RODFT00, FFTW_ESTIMATE | FFTW_DESTROY_INPUT);
+  if (plan == nullptr) {
+    fftw_free(series);
+    return false;
+  }
+  const double intervals = static_cast<double>(n - 1);
+  const double slope = (static_cast<double>(input[n - 1]) - input[0]) / intervals;
+  const auto line = [&](std::size_t i) { return input[0] + slope * static_cast<double>(i); };
+  for (std::size_t i = 1; i <= inner; ++i) series[i - 1] = input[i] - line(i);
+  fftw_execute(plan);
+  const double kept = std::max(1.0, std::floor(cutoff * intervals));
+  for (std::size_t k = 1; k <= inner; ++k)
+    series[k - 1] = static_cast<double>(k) <= kept ? series[k - 1] / (2.0 * intervals) : 0.0;
+  fftw_execute(plan);
+  output[0] = input[0];
+  output[n - 1] = input[n - 1];
+  for (std::size_t i = 1; i <= inner; ++i) output[i] = static_cast<float>(series[i - 1] + line(i));
+  fftw_destroy_plan(plan);
+  fftw_free(series);
+  return true;
+}
+
+bool SmoothInput(int option, int width, std::vector<float>& curve) {
+  constexpr double kCutoff = 0.25;  // of the Nyquist frequency
+  if (option == 0 || curve.size() < 2) return true;
+  std::vector<float> smoothed;
+  if (!Grow(smoothed, curve.size())) return false;
+  const bool done = option == 2 ? fourier_smooth(kCutoff, curve, smoothed)
+                                : TimeDataFilter(option, width, curve, smoothed) == FilterStatus::ok;
+  if (done) curve.swap(smoothed);
+  return done;
+}
+
+std::string_view SmoothingSkipped(int option) {
+  return option == 2 ? "Memory allocation error - Fourier smoothing skipped"
+                     : "Memory allocation error - smoothing skipped";
 }
 
 bool smooth_section_loads(StepHistory& loads) {

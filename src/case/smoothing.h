@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
+#include <vector>
 
 #include "case/step_history.h"
 
@@ -20,6 +22,18 @@ enum class FilterStatus : std::uint8_t {
 // have n samples and don't overlap. Fits in double, rounded once. The weights are those of A. Savitzky and M. J. E.
 // Golay, Smoothing and differentiation of data, Analytical Chemistry 36 (1964), by the polynomials of Gram.
 [[nodiscard]] FilterStatus TimeDataFilter(int option, int width, std::span<const float> input, std::span<float> output);
+
+// The line through first and last sample is taken off, the rest expanded in a sine series over n-1 intervals, harmonics
+// k <= max(1, int(cutoff (n-1))) are kept, the line is added again: periods of 2/cutoff steps and more stay. n below 3:
+// output is the input. In double, rounded once. False: memory is out, output is as it was.
+[[nodiscard]] bool fourier_smooth(double cutoff, std::span<const float> input, std::span<float> output);
+
+// What a caller says when memory is out; the data then stay as they are.
+[[nodiscard]] std::string_view SmoothingSkipped(int option);
+
+// One curve by the option of the user: 0 none, 1 and 3 by TimeDataFilter, 2 fourier_smooth with a cut-off of 0.25 of
+// the Nyquist frequency. Fewer than 2 samples stay. False: memory is out.
+[[nodiscard]] bool SmoothInput(int option, int width, std::vector<float>& curve);
 
 // Each cut of the loads of one kind along time, by option 1, in place. False: out of memory, cuts not yet reached stay
 // as they were.

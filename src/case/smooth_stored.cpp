@@ -1,0 +1,31 @@
+#include "case/smooth_stored.h"
+
+#include "base/message.h"
+#include "case/derived_arrays.h"
+#include "case/smoothing.h"
+
+namespace zaview {
+namespace {
+
+bool SmoothHistory(int option, int width, StepHistory& history) {
+  for (std::vector<float>& column : history.component)
+    if (!SmoothInput(option, width, column)) return false;
+  return true;
+}
+
+}  // namespace
+
+void SmoothStored(const Console& console, int option, int width, CaseStore& case_store) {
+  CaseStore& c = case_store;
+  bool done = true;
+  for (StepHistory* history :
+       {&c.pmgg, &c.vmg, &c.acc, &c.force, &c.rudder_cmd, &c.rudder_ang, &c.prop_rps, &c.tadm, &c.fimp})
+    done = done && SmoothHistory(option, width, *history);
+  for (std::size_t kind = 0; kind < c.load_force.size(); ++kind)
+    done =
+        done && SmoothHistory(option, width, c.load_force[kind]) && SmoothHistory(option, width, c.load_moment[kind]);
+  if (!done) SayLine(console, SmoothingSkipped(option));
+  DropDerived(c);
+}
+
+}  // namespace zaview
