@@ -190,7 +190,7 @@ void WriteKinoMotions(const OutputSettings& settings, const CaseStore& case_stor
 }
 
 bool WriteKinoSeaway(const Console& console, const OutputSettings& settings, CaseStore& case_store, OutputFile& out) {
-  if (!EnsureSeaway(console, case_store)) return false;
+  if (EnsureSeaway(console, case_store) != WaveAnswer::ok) return false;
   std::string text;
   if (!KINOSE(case_store.control, case_store.seaway, UnitsOf(settings), case_store.file_name, text)) {
     SayLine(console, kNoMemory);
@@ -217,7 +217,7 @@ KinoSet write_kino_files(const Platform& platform, std::string_view root, const 
     SayLine(platform.console, case_store.tadm_case ? kNotImpulsive : kNotIrf);
     return KinoSet::refused;
   }
-  if (!EnsureSeaway(platform.console, case_store)) return KinoSet::failed;
+  if (EnsureSeaway(platform.console, case_store) != WaveAnswer::ok) return KinoSet::failed;
   const std::string stem(IsBlank(root) ? std::string_view(case_store.base_name) : Trim(root));
   const bool written =
       WriteSetFile(platform, kMotions, stem,

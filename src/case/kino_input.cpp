@@ -327,7 +327,7 @@ KinoInput Accept(const Platform& platform, const RunState& run, KinoCase& kino, 
   ChooseDefaultSkip(console, run, into.settings, fresh);
   fresh.has_case = true;
   finish_case_read(console, into.settings, fresh);
-  if (run.do_eta) (void)IncidentWaveAtCG(console, true, fresh);  // told
+  if (run.do_eta) (void)IncidentWaveAtCG(console, fresh);  // told
   match_case_to_ensemble(console, run.ensemble_mode, fresh, into.ensemble, into.case_store);
   return KinoInput::ok;
 }

@@ -8,12 +8,11 @@
 #include "base/grow.h"
 #include "base/text.h"
 #include "control/check_control_records.h"
+#include "control/module_table.h"
 #include "control/read_control_records.h"
 
 namespace zaview {
 namespace {
-
-constexpr std::string_view kOptions = "OPTIONS";
 
 // Does a text follow? If none does, `behind` is the delimiter that comes instead.
 bool AtText(LineSource& source, Delimiter& behind) {
@@ -99,10 +98,20 @@ void CopyRunRecords(const ControlRecords& run, ControlRecords& own) {
   own.ANGOUT = run.ANGOUT;
 }
 
-void CopyOptions(const ControlRecords& run, ControlRecords& own) {
-  std::erase_if(own.modules, [](const ModuleText& module) { return module.name == kOptions; });
+// Additional geometry is left out: it is part of the first ship.
+bool IsOfRun(const ModuleText& module) {
+  const ModuleRow* row = FindModule(module.name);
+  return row != nullptr && row->of_run;
+}
+
+void CopyRunModules(const ControlRecords& run, ControlRecords& own) {
+  std::erase_if(own.modules, IsOfRun);
   std::copy_if(run.modules.begin(), run.modules.end(), std::back_inserter(own.modules),
-               [](const ModuleText& module) { return module.name == kOptions; });
+               [](const ModuleText& module) { return IsOfRun(module) && module.name != kAddedGeometryModule; });
+  own.added_geometry.clear();
+  own.added_seaway = run.added_seaway;
+  own.wave_table = run.wave_table;
+  own.surface_points = run.surface_points;
 }
 
 }  // namespace
@@ -130,7 +139,10 @@ bool AdoptShipText(const Console& console, FurtherTexts& further, CaseStore& fre
   if (!further.said.empty()) console.write(console.self, further.said);
   if (further.failed) return false;
   int errors = 0;
-  for (const ControlRecords& text : further.texts) errors += CheckShipRecords(console, text, fresh.labels.VERSION);
+  for (std::size_t i = 0; i < further.texts.size(); ++i) {
+    SayIgnoredModules(console, further.texts[i], static_cast<int>(i) + 2);
+    errors += CheckShipRecords(console, further.texts[i], fresh.labels.VERSION);
+  }
   if (errors > 0) return false;
   fresh.loads = {};
   fresh.ship_texts = std::move(further.texts);
@@ -139,7 +151,7 @@ bool AdoptShipText(const Console& console, FurtherTexts& further, CaseStore& fre
   if (fresh.ship < 2 || selected >= fresh.ship_texts.size()) return true;
   ControlRecords own = fresh.ship_texts[selected];
   CopyRunRecords(fresh.control, own);
-  CopyOptions(fresh.control, own);
+  CopyRunModules(fresh.control, own);
   fresh.control = std::move(own);
   return true;
 }

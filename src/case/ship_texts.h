@@ -1,5 +1,5 @@
 // The control texts of the ships behind the first one. The first text gives what belongs to the run: records 05 to 15
-// and 21 to 23 and the options; the other records and modules are each ship's own.
+// and 21 to 23, and the modules of the run; the other records and modules are each ship's own.
 #pragma once
 
 #include <string>

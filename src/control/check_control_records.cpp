@@ -8,10 +8,11 @@
 #include <string_view>
 
 #include "base/message.h"
-#include "base/number_format.h"
 #include "base/text.h"
+#include "control/module_table.h"
 #include "control/read_control_records.h"
 #include "control/record_rows.h"
+#include "control/spectrum_check.h"
 
 namespace zaview {
 namespace {
@@ -19,9 +20,9 @@ namespace {
 inline constexpr std::string_view kBodyType = "ERR100 - Body hydrodynamics type ZVOTYP= {} invalid : 1<=ZVOTYP<=4";
 inline constexpr std::string_view kMotionType = "ERR101 - Motion type MOTYPE= {} invalid : 0<=MOTYPE<=2";
 inline constexpr std::string_view kStokesOrder = "ERR107 - Stokes wave order WSPEC= {} invalid : 0<=WSPEC<=5";
-inline constexpr std::string_view kSpectrumValues = "ERR108 - Illegal parameter value(s) for incident wave spectrum:";
-inline constexpr std::string_view kHeadings = "ERR108 - For spectral wave definition NHEAD must be > 0";
-inline constexpr std::string_view kFrequencies = "ERR108 - For spectral wave definition NFREQ must be > 1";
+inline constexpr SpectrumWords kSpectrumWords = {"ERR108 - Illegal parameter value(s) for incident wave spectrum:",
+                                                 "ERR108 - For spectral wave definition NHEAD must be > 0",
+                                                 "ERR108 - For spectral wave definition NFREQ must be > 1"};
 inline constexpr std::string_view kTooManyCuts[] = {"ERR132 - Number of load cuts NBCA= {} is limited",
                                                     "         by dimensioning parameter MAXBCA= {}"};
 inline constexpr std::string_view kTooManyMassPoints[] = {"ERR133 - Number of mass points NBMX= {} is limited",
@@ -43,15 +44,6 @@ inline constexpr std::string_view kNotWithIrf =
     "ERR198 - {} (ISEA={}) cannot be used with IRF-based hydrodynamics (MIXED=-2,2)";
 inline constexpr std::string_view kBadFrequencies[] = {"ERR199 - Seaway specified with illegal freqency(s):",
                                                        "{} specified component waves have non-positive frequencies"};
-inline constexpr std::string_view kEvenHeadings[] = {"WRN139 - For spectral wave definition, NHEAD must be odd.",
-                                                     "         Specified value will be modified"};
-inline constexpr std::string_view kFewFrequencies[] = {
-    "WRN139 - For spectral wave definition, NFREQ < 5 will result in a", "         very coarse frequency distribution"};
-inline constexpr std::string_view kFewHeadings[] = {"WRN139 - For spectral wave definition, NHEAD < 5 will result in a",
-                                                    "         very coarse heading distribution"};
-inline constexpr std::string_view kWideSpread[] = {
-    "WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees and",
-    "         This may result in an unrealistic seaway"};
 inline constexpr std::string_view kOldOrigin[] = {"WRN260 - Initial transformation rotation origin (GORIG) modified to",
                                                   "         accomodate different definition in ZAVO version 3.1.0"};
 inline constexpr std::string_view kTooOld[] = {"ERR230 - ZAVO version {} is no longer supported",
@@ -59,10 +51,7 @@ inline constexpr std::string_view kTooOld[] = {"ERR230 - ZAVO version {} is no l
 inline constexpr std::string_view kTooNew[] = {"WRN231 - File is from a newer version ({}) than this program ({})",
                                                "         File read or processing may fail"};
 
-constexpr int kFewest = 5;           // frequencies or headings
 constexpr int kOriginChanged = 310;  // VERSION
-constexpr double kNoSpread = 1e-5;   // degrees: headings are then laid over a half circle
-constexpr double kFullCircle = 360;
 
 // Tells a fault of lines without values; the number of errors it is.
 int Tell(const Console& console, std::span<const std::string_view> lines) {
@@ -71,64 +60,6 @@ int Tell(const Console& console, std::span<const std::string_view> lines) {
 }
 int Tell(const Console& console, std::string_view line) {
   return Tell(console, {&line, 1});
-}
-
-struct SpectrumValue {
-  std::string_view label;
-  double value = 0;
-};
-
-// All must be above 0.
-int CheckSpectrumValues(const Console& console, std::span<const SpectrumValue> values) {
-  const auto bad = [](const SpectrumValue& row) { return !(row.value > 0); };
-  if (std::none_of(values.begin(), values.end(), bad)) return 0;
-  SayLine(console, kSpectrumValues);
-  for (const SpectrumValue& row : values)
-    if (bad(row)) Say(console, "{} {}", row.label, Shown{static_cast<float>(row.value)});
-  return 1;
-}
-
-int CheckSpectrum(const Console& console, const SeawayInput& sea) {
-  // clang-format off
-  const SpectrumValue wind[] = {
-      {" Wind Speed VWIND10=", sea.VWIND10}, {" Fetch FETCH=", sea.FETCH},
-      {" Peakedness Parameter PEAKPRM=", sea.PEAKPRM}};
-  const SpectrumValue ochi[] = {
-      {" Significant Wave Height SIGWHT1=", sea.SIGWHT1}, {" Modal Period TMODAL1=", sea.TMODAL1},
-      {" Shape Parameter SHAPE1=", sea.SHAPE1},
-      {" Significant Wave Height SIGWHT2=", sea.SIGWHT2}, {" Modal Period TMODAL2=", sea.TMODAL2},
-      {" Shape Parameter SHAPE2=", sea.SHAPE2}};
-  const SpectrumValue height[] = {
-      {" Significant Wave Height SIGWHT=", sea.SIGWHT}, {" Modal Period TOMODAL=", sea.TOMODAL},
-      {" Peakedness Parameter PEAKPRM=", sea.PEAKPRM}};
-  // clang-format on
-  switch (sea.ISEA) {
-    case 2:
-      return CheckSpectrumValues(console, std::span(height).first(1));  // TMODAL 0 is one that follows from the height
-    case 6:
-      return CheckSpectrumValues(console, wind);
-    case 7:
-      return CheckSpectrumValues(console, std::span(ochi).first(sea.SIGWHT2 == 0 ? 3 : 6));  // height 0: no second mode
-    case 8:
-      return CheckSpectrumValues(console, height);
-    default:
-      return 0;
-  }
-}
-
-void WarnOfSpectrum(const Console& console, const SeawayInput& sea) {
-  if (sea.NHEAD % 2 == 0) Tell(console, kEvenHeadings);
-  if (sea.NFREQ < kFewest) Tell(console, kFewFrequencies);
-  if (sea.NHEAD > 1 && sea.NHEAD < kFewest) Tell(console, kFewHeadings);
-  if (sea.NHEAD > 1 && sea.SPREAD > kNoSpread && sea.NHEAD * sea.SPREAD > kFullCircle) Tell(console, kWideSpread);
-}
-
-int CheckSpectralSea(const Console& console, const SeawayInput& sea) {
-  int errors = CheckSpectrum(console, sea);
-  if (sea.NHEAD < 1) errors += Tell(console, kHeadings);
-  if (sea.NFREQ < 2) errors += Tell(console, kFrequencies);
-  if (errors == 0) WarnOfSpectrum(console, sea);
-  return errors;
 }
 
 int CheckFrequencies(const Console& console, const SeawayInput& sea) {
@@ -188,7 +119,7 @@ int CheckSeaway(const Console& console, const ControlRecords& records) {
     case 6:
     case 7:
     case 8:
-      return errors + CheckSpectralSea(console, sea);
+      return errors + CheckSpectrum(console, sea, kSpectrumWords);
     default:
       Say(console, kSeawayKind, sea.ISEA);
       return errors + 1;
@@ -250,7 +181,7 @@ int CheckCounts(const Console& console, const ControlRecords& r) {
 int CheckShipRecords(const Console& console, const ControlRecords& records, int VERSION) {
   const bool moved = records.GORIG != Triple{} || records.GROT != Triple{};
   if (VERSION > 0 && VERSION < kOriginChanged && moved) Tell(console, kOldOrigin);
-  return CheckCounts(console, records);
+  return CheckCounts(console, records) + CheckModules(console, records);
 }
 
 int CheckControlRecords(const Console& console, const ControlRecords& records, int VERSION) {

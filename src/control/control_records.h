@@ -82,6 +82,9 @@ struct ModuleText {                // a $NAME: block, kept as it stands
   std::string name;                // in capitals, without $ and colon
   std::string header;              // the $ line
   std::vector<std::string> lines;  // to the next $ line, comments included
+  int entry = -1;                  // of the record that holds its fields; -1: they are not known
+  std::size_t rest = 0;            // the first line behind the fields
+  bool superseded = false;         // by a later block, while the modules are read
 };
 
 struct YCutLoads {  // $YCUTLOADS:
@@ -107,6 +110,38 @@ struct AddedGeometryInput {  // $ADDGEOM:, an entry a block
 struct WaveTableInput {  // $IWINTERP:
   int NBASEX = 0, NBASEY = 0, NBASEZ = 0;
   double XINTRP = 0, YINTRP = 0, ZINTRP = 0;
+};
+
+struct SurfacePointInput {
+  int MPT = 0;
+  Triple RFSPT{};
+};
+struct SurfacePointsInput {  // $IFSINTERP:
+  std::vector<SurfacePointInput> points;
+};
+
+struct SpeedCommandInput {
+  double CMDS_SPD_TIME = 0, CMDS_SPD = 0;
+};
+struct CommandsInput {  // $COMMANDS:, as far as its first two data sets go
+  std::vector<SpeedCommandInput> speeds;
+};
+
+struct ExternalForceInput {  // $EXTFOR:, an entry a block
+  int EXTFOROPT = 0;
+  Sextet EXTFORVAL{};
+};
+
+struct RudderRollInput {  // $RRSTAB:
+  double RRSTABGAIN1 = 0, RRSTABGAIN2 = 0;
+};
+
+struct VortexLatticeInput {  // $PENDA:
+  std::string PENDA_GROUPNAME;
+};
+
+struct StabilityStepsInput {         // $GZSTAB:, its first data set
+  std::array<int, 3> GZSTABSTEPS{};  // first, last, increment
 };
 
 struct ControlRecords {
@@ -153,7 +188,13 @@ struct ControlRecords {
   YCutLoads ycut;
   std::vector<AddedSeawayInput> added_seaway;  // none or one
   std::vector<AddedGeometryInput> added_geometry;
-  std::vector<WaveTableInput> wave_table;  // none or one
+  std::vector<WaveTableInput> wave_table;          // none or one
+  std::vector<SurfacePointsInput> surface_points;  // none or one
+  std::vector<CommandsInput> commands;             // none or one
+  std::vector<ExternalForceInput> external_forces;
+  std::vector<RudderRollInput> rudder_roll;          // none or one
+  std::vector<VortexLatticeInput> vortex_lattice;    // none or one
+  std::vector<StabilityStepsInput> stability_steps;  // none or one
 };
 
 }  // namespace zaview

@@ -18,8 +18,6 @@ constexpr DelimiterRow kDelimiters[] = {
     {Delimiter::end_of_header,     "END_OF_HEADER"    },
 };
 
-constexpr std::string_view kEndOfText = "END_OF_FILE";
-
 TextEvent End(HeaderText& text, TextEvent event) {
   text.ended = event;
   return event;

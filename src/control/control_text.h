@@ -18,9 +18,10 @@ enum class Delimiter : std::uint8_t { none, input_file_echo, file_parsing_data, 
 // The delimiter that a raw line holds; case counts.
 [[nodiscard]] Delimiter DelimiterOf(std::string_view raw_line);
 
-inline constexpr std::size_t kControlLine = 256;        // columns of a control line; the rest is dropped
-inline constexpr std::size_t kTitleLength = 80;         // longer titles are cut
-inline constexpr std::size_t kNameLength = 256;         // longer file names are cut
+inline constexpr std::string_view kEndOfText = "END_OF_FILE";  // in column 1 ends a control text
+inline constexpr std::size_t kControlLine = 256;               // columns of a control line; the rest is dropped
+inline constexpr std::size_t kTitleLength = 80;                // longer titles are cut
+inline constexpr std::size_t kNameLength = 256;                // longer file names are cut
 inline constexpr std::int64_t kSectionLines = 1000000;  // lines of a section; more than any writer makes: too_long
 
 enum class TextEvent : std::uint8_t {

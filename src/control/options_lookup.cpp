@@ -11,7 +11,8 @@ namespace {
 
 constexpr int kNotSet = -1;
 
-// "NAME", "NAME:", "NAME =" and "NAME=value" alike.
+}  // namespace
+
 void SplitOption(std::string_view line, std::string_view& name, std::string_view& value) {
   line = Trim(line);
   const std::size_t end = std::min(line.find_first_of(" \t:="), line.size());
@@ -20,11 +21,9 @@ void SplitOption(std::string_view line, std::string_view& name, std::string_view
   if (!value.empty() && (value.front() == ':' || value.front() == '=')) value = TrimStart(value.substr(1));
 }
 
-std::string_view FirstItem(std::string_view value) {
+std::string_view FirstOptionItem(std::string_view value) {
   return value.substr(0, std::min(value.find_first_of(" \t,"), value.size()));
 }
-
-}  // namespace
 
 bool FindOption(const ControlRecords& records, OptionNames names, std::string& value) {
   const auto module = std::find_if(records.modules.rbegin(), records.modules.rend(),
@@ -46,14 +45,14 @@ bool FindOption(const ControlRecords& records, OptionNames names, std::string& v
 double RealOption(const ControlRecords& records, OptionNames names) {
   std::string text;
   double value = kNotSet;
-  if (!FindOption(records, names, text) || !ParseDouble(FirstItem(text), value)) return kNotSet;
+  if (!FindOption(records, names, text) || !ParseDouble(FirstOptionItem(text), value)) return kNotSet;
   return value;
 }
 
 int IntegerOption(const ControlRecords& records, OptionNames names) {
   std::string text;
   int value = kNotSet;
-  if (!FindOption(records, names, text) || !ParseInteger(FirstItem(text), value)) return kNotSet;
+  if (!FindOption(records, names, text) || !ParseInteger(FirstOptionItem(text), value)) return kNotSet;
   return value;
 }
 

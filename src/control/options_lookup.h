@@ -21,4 +21,10 @@ struct OptionNames {
 [[nodiscard]] double RealOption(const ControlRecords& records, OptionNames names);
 [[nodiscard]] int IntegerOption(const ControlRecords& records, OptionNames names);
 
+// A line without its comment: "NAME", "NAME:", "NAME =" and "NAME=value" alike. value: all behind that.
+void SplitOption(std::string_view line, std::string_view& name, std::string_view& value);
+
+// The first item of a value: up to a blank or a comma.
+[[nodiscard]] std::string_view FirstOptionItem(std::string_view value);
+
 }  // namespace zaview

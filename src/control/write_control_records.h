@@ -14,7 +14,4 @@ namespace zaview {
 // False: memory is out, the text is not whole.
 [[nodiscard]] bool WriteControlRecords(const ControlRecords& records, std::string& text);
 
-// One real as it stands in a control text, without padding.
-[[nodiscard]] std::string ControlReal(double value);
-
 }  // namespace zaview

@@ -19,7 +19,7 @@ bool Matches(const Command& command, std::string_view word) {
 
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
-      ReadingCommands(),   OutputTextCommands(), StepCommands(), StatisticSettings(), HistoryCommands(),
+      ReadingCommands(),   OutputTextCommands(), StepCommands(), StatisticSettings(), SmoothingCommands(), HistoryCommands(),
       StatisticCommands(), ControlCommands(),    KinoCommands(), LaterCommands(),     LaterBeginnings()};
   return families;
 }

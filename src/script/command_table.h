@@ -28,6 +28,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily OutputTextCommands();
 [[nodiscard]] CommandFamily StepCommands();
 [[nodiscard]] CommandFamily StatisticSettings();
+[[nodiscard]] CommandFamily SmoothingCommands();
 [[nodiscard]] CommandFamily HistoryCommands();
 [[nodiscard]] CommandFamily StatisticCommands();
 [[nodiscard]] CommandFamily ControlCommands();

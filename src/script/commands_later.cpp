@@ -15,9 +15,6 @@ constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeeds
 constexpr Command kLater[] = {
   // Settings.
     {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"},                                           kNone,               RunNotYet},
-    {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"},                                                       kNone,               RunNotYet},
-    {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"},                                  kNone,               RunNotYet},
-    {{"SMOOTH_INPUT", "SMOOTHINPUT"},                                                               kNone,               RunNotYet},
     {{"ENSEMBLE_NMANY", "NMANY"},                                                                   kNone,               RunNotYet},
     {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"},                                kNone,               RunNotYet},
     {{"HISTOGRAM_STYLE", "HIST_STYLE"},                                                             kNone,               RunNotYet},

@@ -204,9 +204,6 @@ ListLines::Next NextSeaLine(void* self, std::string_view& line) {
   return ListLines::Next::end_of_file;
 }
 
-bool ReadReal(const ListLines& lines, double& value) {
-  return ReadReals(lines, {&value, 1}) == ListStatus::ok;
-}
 bool ReadInteger(const ListLines& lines, int& value) {
   return ReadIntegers(lines, {&value, 1}) == ListStatus::ok;
 }

@@ -148,25 +148,13 @@ TEST(ReadControlRecords, ModulesAreKeptAsRawTextAndTheLastYCutLoadsCount) {
   const Outcome out = Read(draft);
   ASSERT_EQ(out.status, ControlStatus::ok) << out.console;
   EXPECT_EQ(out.delimiter, Delimiter::none);
-  ASSERT_EQ(out.records.modules.size(), 3U);
+  ASSERT_EQ(out.records.modules.size(), 2U);
   EXPECT_EQ(out.records.modules[0].name, "WIND");
   EXPECT_EQ(out.records.modules[0].header, "  $wind: DEFAULT ! note");
   EXPECT_EQ(out.records.modules[0].lines, (std::vector<std::string>{"!WIND01 AREA_PROJ", "850.0 140.0 ! m2", ""}));
   EXPECT_EQ(out.records.ycut.IHMY, 1);
   ASSERT_EQ(out.records.ycut.XMCY.size(), 2U);
   EXPECT_EQ(out.records.ycut.XMCY[1], (Triple{0, -2.5, 6.25}));
-}
-
-TEST(ReadControlRecords, FaultyYCutLoadsAreLeftOut) {
-  for (const char* lines : {"1 1 0 2\n0 1 2", "1 1 0 -1", "1 1 0 2000000000", "1 x", ""}) {
-    ControlDraft draft;
-    draft.modules = {"$YCUTLOADS:", lines};
-    const Outcome out = Read(draft);
-    EXPECT_EQ(out.status, ControlStatus::ok);
-    EXPECT_EQ(out.console, "ERROR parsing module YCUTLOADS\n") << lines;
-    EXPECT_TRUE(out.records.ycut.XMCY.empty());
-    EXPECT_EQ(out.records.ycut.IVMY, 0) << lines;
-  }
 }
 
 TEST(ReadControlRecords, EndlessModuleTextIsRefused) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "control/control_lines.h"
 #include "control/read_control_records.h"
 #include "control/record_rows.h"
 #include "control_draft.h"

@@ -1,0 +1,22 @@
+// Whether a sea given by a spectrum can be, for the first seaway and the second one.
+#pragma once
+
+#include <string_view>
+
+#include "base/platform.h"
+#include "control/control_records.h"
+
+namespace zaview {
+
+struct SpectrumWords {
+  std::string_view values, headings, frequencies;  // first line of what is wrong with them
+};
+
+[[nodiscard]] constexpr bool IsSpectrum(int ISEA) {
+  return ISEA == 2 || (ISEA >= 6 && ISEA <= 8);
+}
+
+// The number of errors; warnings are told of a sea without any.
+[[nodiscard]] int CheckSpectrum(const Console& console, const SeawayInput& sea, const SpectrumWords& words);
+
+}  // namespace zaview
