@@ -32,6 +32,11 @@ ListLines::Next NextListLine(void* self, std::string_view& line) {
   return NextDataLine(*static_cast<ModuleLines*>(self), line) ? ListLines::Next::line : ListLines::Next::end_of_file;
 }
 
+bool NoLineLeft(const ModuleLines& text) {
+  return std::all_of(text.lines.begin() + static_cast<std::ptrdiff_t>(text.next), text.lines.end(),
+                     [](const std::string& line) { return IsCommentLine(line); });
+}
+
 bool NothingLeft(const ModuleLines& text) {
   return std::all_of(text.lines.begin() + static_cast<std::ptrdiff_t>(text.next), text.lines.end(),
                      [](const std::string& line) { return IsBlank(WithoutComment(line)); });
@@ -89,7 +94,8 @@ ModuleFault ReadModule(std::span<const ModuleField> fields, ModuleText& module, 
   ModuleLines text{module.lines};
   for (const ModuleField& field : fields) {
     set = field.set;
-    if (field.may_be_missing && NothingLeft(text)) break;
+    const bool missing = field.text != nullptr ? NoLineLeft(text) : NothingLeft(text);  // a blank line is a blank text
+    if (field.may_be_missing && missing) break;
     const ModuleFault fault = ReadField(field, text, state);
     if (fault != ModuleFault::none) return fault;
   }

@@ -52,7 +52,6 @@ TEST(HistoryTable, Formatted) {
   EXPECT_EQ(std::count(blocks.begin(), blocks.end(), '\n'), 3002);
   EXPECT_EQ(blocks.substr(blocks.size() - 98, 13), "     749.9780");
   (void)Write({.iqnt = 49, .fault = PlotFault::logic});
-  EXPECT_EQ(Write({.iqnt = 25, .fault = PlotFault::no_wave}), "");
 }
 
 TEST(HistoryTable, UnformattedRecords) {

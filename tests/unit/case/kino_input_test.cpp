@@ -110,7 +110,7 @@ TEST(KinoInput, FaultsLeaveTheCase) {
        "        File may be of incorrect format.\n"                                                                 },
       {{"tow", "none", "", 9.81, 1025},     "ERROR opening Seaway file: none\n"                                     },
       {{"tow", "", "none.geo", 9.81, 1025}, "ERROR opening geometry file: none.geo\n"                               },
-      {{"tow", "", "HRL:none", 9.81, 1025}, "Format qualifier >HRL< name >none\nERROR opening geometry file: none\n"},
+      {{"tow", "", "HRL:gone", 9.81, 1025}, "Format qualifier >HRL< name >gone\nERROR opening geometry file: gone\n"},
       {{"tow", "", "IGES:a:b", 9.81, 1025},
        "Format qualifier >IGES< name >a:b\n"
        "ERROR - unrecognzied format qualifier (IGES) for geometry input file\n"                                     },

@@ -84,7 +84,9 @@ TEST(OutputHeader, OrdinaryFile) {
   draft.rest = "0.0123 2*0.5  further scalars\nno list\n\n7\n";
   const Outcome out = Read(draft.Text());
   ASSERT_EQ(out.status, HeaderStatus::ok) << out.console;
-  EXPECT_EQ(out.console, "Output file is labeled version 417\nReading ZAVO input data from output file...\n");
+  EXPECT_EQ(out.console,
+            "Output file is labeled version 417\nReading ZAVO input data from output file...\n Reading input module "
+            "YCUTLOADS\n");
   EXPECT_EQ(out.behind, "0.0 first step");
   EXPECT_EQ(out.fresh.ships[0].mass, 0.0028);
   EXPECT_EQ(out.fresh.ships[0].inertia[2], (Triple{0, 0, 3}));

@@ -100,10 +100,8 @@ TEST(PlotData, StrideAndTrims) {
 
 TEST(PlotData, Refusals) {
   Fixture f;
-  const std::string no_wave = "Incident wave data will not be available\n";
   // clang-format off
   const std::tuple<int, int, PlotFault, std::string> rows[] = {
-      {25, 1, PlotFault::no_wave, no_wave}, {30, 4, PlotFault::no_wave, no_wave}, {37, 0, PlotFault::no_wave, no_wave},
       {0, 1, PlotFault::logic, "LOGIC ERROR in SetPlotData: iqnt= 0\n"},
       {99, 1, PlotFault::logic, "LOGIC ERROR in SetPlotData: iqnt= 99\n"},
       {1, 7, PlotFault::not_valid, ""}, {1, -1, PlotFault::not_valid, ""}, {15, 0, PlotFault::not_valid, ""}};

@@ -160,14 +160,11 @@ TEST(StatTable, NotDefinedIsNaNBesideOthers) {
 
 TEST(StatTable, Refusals) {
   const std::string irregular = "ERR494 - NDTF/RAO and phase statistics only available for regular wave cases\n";
-  const std::string phase = "ERROR - phase statistics need the incident wave, which is not available yet\n";
   // clang-format off
   const struct { const char* word; int iqnt, curve; bool regular; std::string said; } cases[] = {
       {"NDTF", 1, 1, false, irregular}, {"PHASE", 1, 1, false, irregular}, {"TF", 1, 1, false, irregular},
-      {"PHASE_LEAD", 1, 1, true, phase},
       {"NDTF", 39, 5, true, "ERROR - NDTF/RAO is not defined for Velocity in global coordinates, vmgg(5)\n"},
       {"NOTHING", 1, 1, false, "LOGIC ERROR in WRSTAT : isel0= -1\n"},
-      {"MEAN", 25, 1, false, "Incident wave data will not be available\n"},
       {"MEAN", 13, 1, false, ""}, {"MEAN", 1, 7, false, ""}};
   // clang-format on
   for (const auto& c : cases) {
