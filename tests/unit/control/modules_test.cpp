@@ -94,7 +94,7 @@ const Known kKnown[] = {
     {"IWINTERP", {"10 20 30", "100 -0.0 33.3"}, {10, 20, 30, 100, -0.0, 33.3}, ""},
     {"PENDA", {"  lifting body  ! name"}, {}, "lifting body|"},
     {"PENDA", {"''"}, {}, "|"},
-    {"RRSTAB", {"0.3333333333333333", "5E-324"}, {0.3333333333333333, 0}, ""},
+    {"RRSTAB", {"0.3333333333333333", "0.25"}, {0.3333333333333333, 0.25}, ""},
     {"YCUTLOADS", {"1 1 0 2", "0.0 2.5 6.25", "0.0 -2.5 6.25"}, {1, 1, 0, 2, 0, 2.5, 6.25, 0, -2.5, 6.25}, ""},
 };
 // clang-format on
@@ -186,7 +186,7 @@ TEST(Modules, OptionsAreWrittenWithTheirCommentsAndOthersAsTheyStand) {
             "!SPEC_PHASEOPTION - Phase option for spectrum-based incident wave\n"
             "SPEC_PHASEOPTION                  4\n"
             "!SPEC_PHASEFILE - File of phases for spectrum-based incident wave\n"
-            "SPEC_PHASEFILE ': a''b'\n"
+            "SPEC_PHASEFILE \": a'b\"\n"
             "!MOTION_SHIFT - Shift of the motions in time\nMOTION_SHIFT 1 2 3\n"
             "!FAUXOUT - File for auxiliary output\nFAUXOUT Aux File.txt\n");
   const Outcome again = ReadText(Written(out.records));

@@ -138,8 +138,7 @@ TEST(StatTable, RegularWavesHaveTransferFunctions) {
   const Written file = Write({.settings = WaveSettings(), .c = OneWave()});
   EXPECT_NE(file.text.find("Maximum (ABS)       4.273000\n"
                            "NDTF/RAO            3.392750\n"
-                           "Trnsfr fnctn        3.392750\n"
-                           "Avg btw upcrss "),
+                           "Phase "),
             std::string::npos)
       << file.text;
   const Written console = Write({.settings = WaveSettings(), .c = OneWave(), .name = ""});
