@@ -131,6 +131,60 @@ def lag_sums(build, work):
     line("all lags of 20 000 samples / the plain loop", f"{times['AllLags'] / times['PlainLoop']:.4f}", "<= 0.06")
 
 
+def numpy_elevation(block):
+    """Elevation at a moving point, 500 components, single precision: phases of a block of steps that stays in the
+    cache, cosines in place, the sum as a product with the amplitudes."""
+    f = numpy.float32
+    random = numpy.random.default_rng(11)
+    t = numpy.arange(STEPS, dtype=f) * f(0.05)
+    x, y = t * f(0.3), numpy.sin(t) * f(0.1)
+    w = f(0.5) + f(2.5) * random.random(500, dtype=f)
+    beta = f(2.4) + f(1.4) * random.random(500, dtype=f)
+    kx, ky = w * w * numpy.cos(beta), w * w * numpy.sin(beta)
+    p, a = f(6.28) * random.random(500, dtype=f), f(0.002) * random.random(500, dtype=f)
+    eta = numpy.empty(STEPS, f)
+    phases, product = numpy.empty((block, 500), f), numpy.empty((block, 500), f)
+
+    def by_products():
+        for i in range(0, STEPS, block):
+            n = min(block, STEPS - i)
+            psi, term = phases[:n], product[:n]
+            numpy.multiply(x[i:i + n, None], kx, out=psi)
+            psi += numpy.multiply(y[i:i + n, None], ky, out=term)
+            psi -= numpy.multiply(t[i:i + n, None], w, out=term)
+            psi += p
+            numpy.matmul(numpy.cos(psi, out=psi), a, out=eta[i:i + n])
+
+    points, waves = numpy.stack([x, y, t, numpy.ones(STEPS, f)], axis=1), numpy.stack([kx, ky, -w, p])
+
+    def by_matrix():
+        for i in range(0, STEPS, block):
+            psi = phases[:min(block, STEPS - i)]
+            numpy.matmul(points[i:i + block], waves, out=psi)
+            numpy.matmul(numpy.cos(psi, out=psi), a, out=eta[i:i + block])
+
+    return min(best(lambda: seconds_of(call), 3) for call in (by_products, by_matrix))
+
+
+def waves(build, work):
+    program = os.path.join(build, "bench", "incident_wave_bench")
+    if not os.path.exists(program):
+        line("waves: no bench build", "-", ">= 2")
+        return
+    report = os.path.join(work, "waves.json")
+    subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
+                   stdout=subprocess.DEVNULL)
+    with open(report) as source:
+        times = {row["name"].removesuffix("/real_time"): row["real_time"] for row in json.load(source)["benchmarks"]}
+    theirs = 1000 * min(numpy_elevation(block) for block in (16, 64, 256))
+    one, both = times["MovingPoint/1"], times["MovingPoint/2"]
+    print(f"500 components, {STEPS} steps: {both:.0f} ms on two threads, {one:.0f} on one, numpy {theirs:.0f} ms")
+    line("numpy / elevation at a moving point", f"{theirs / both:.1f}", ">= 2, hoped for 3")
+    line("elevations of a drawn sea of 61 x 41 points a second, one thread", f"{1000 / times['DrawnSea/full:0']:.0f}",
+         ">= 60")
+    line("the same with slopes and potential", f"{1000 / times['DrawnSea/full:1']:.0f}", "none")
+
+
 def many_runs(program, writer, work):
     """The same run under many names: one wild card against a line for each; both are one process."""
     count = 1000
@@ -219,6 +273,7 @@ def main():
         reading(program, writer, work, options.mb)
         tables(program, writer, work)
         lag_sums(build, work)
+        waves(build, work)
         many_runs(program, writer, work)
         layouts(build, work)
         companion(build, work)

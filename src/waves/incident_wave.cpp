@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 #include <numbers>
-#include <numeric>
 
 #include "base/grow.h"
 #include "waves/dispersion.h"
