@@ -36,6 +36,10 @@ bool ScalesOf(const CaseStore& c, std::vector<float>& scales) {
 }
 
 constexpr OptionNames kPhaseFile{"SPEC_PHASEFILE"};
+constexpr std::string_view kListHasNoUse[] = {
+    "WRN??? - An input phase angle file has been specified via SPEC_PHASEFILE",
+    "         but SPEC_PHASEOPTION has been set to use the pseudo-random",
+    "         phase generator : the file is not used"};
 constexpr int kGenerator = 4;  // the phase option that takes no list
 
 bool IsSpectral(int ISEA) {
@@ -44,7 +48,11 @@ bool IsSpectral(int ISEA) {
 
 bool ReadList(const Platform& platform, const CaseStore& c, const std::string& name, int option,
               std::vector<float>& phases) {
-  if (name.empty() || option == kGenerator) return true;
+  if (name.empty()) return true;
+  if (option == kGenerator) {
+    for (const std::string_view line : kListHasNoUse) SayLine(platform.console, line);
+    return true;
+  }
   return ReadPhaseFile(platform, name, FolderOf(c.file_name), phases);
 }
 

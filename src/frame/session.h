@@ -9,7 +9,6 @@
 #include "frame/file_units.h"
 #include "frame/run_state.h"
 #include "script/script_state.h"
-#include "stats/statistics_state.h"
 
 namespace zaview {
 
@@ -20,7 +19,6 @@ struct Session {
   OutputSettings output;
   CaseStore case_store;  // the current record of the ensemble
   EnsembleStore ensemble;
-  StatisticsState statistics;
   ScriptState script;
 };
 

@@ -33,7 +33,6 @@ int RunSmoothData(ScriptCall& call) {
   for (const OptionWord& row : kWords) {
     if (Capitals(word) != row.word) continue;
     call.session.output.smooth_option = row.option;
-    ++call.session.statistics.generation;
     return kScriptOk;
   }
   return Fail(call, kScriptBadArgument, kInvalidWord, call.command, word);
@@ -45,7 +44,6 @@ int RunSmoothWindow(ScriptCall& call) {
   const int width = RoundToInt(static_cast<double>(values[0]));
   if (width < kLeastWindow) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
   call.session.output.smooth_window = width;
-  ++call.session.statistics.generation;
   return kScriptOk;
 }
 
@@ -63,7 +61,6 @@ int RunSmoothInput(ScriptCall& call) {
   for (std::size_t i = 0; i < session.ensemble.record.size(); ++i)
     if (static_cast<int>(i) + 1 != session.ensemble.irec)
       SmoothStored(call.console(), option, option == 1 ? kLeastWindow : width, session.ensemble.record[i]);
-  ++session.statistics.generation;
   return kScriptOk;
 }
 

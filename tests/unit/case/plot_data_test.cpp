@@ -1,9 +1,11 @@
 #include "case/plot_data.h"
 
 #include <cmath>
+#include <numbers>
 
 #include <gtest/gtest.h>
 
+#include "base/rotation.h"
 #include "fake_platform.h"
 #include "small_case.h"
 
@@ -96,6 +98,45 @@ TEST(PlotData, StrideAndTrims) {
   f.c.last_step = 372;
   ASSERT_EQ(f.Set(1, 2), PlotFault::none);
   EXPECT_TRUE(f.data.x.empty());
+}
+
+// One wave from ahead, growing over the first steps: elevations at the CG, at the origin and at the point, and what
+// is left of the point's motion when its steady place and the wave are taken off.
+TEST(PlotData, WavesAndRelativeMotion) {
+  Fixture f;
+  SeawayInput& sea = f.c.control.seaway;
+  sea.ISEA = 1;
+  sea.waves = {
+      WaveComponentInput{0.7, 25, 2, 180}
+  };
+  sea.NWSC = 2;
+  sea.WSCSTP = {1, 5};
+  sea.WSCFAC = {0.5, 1};
+  const double w = 0.7 * std::sqrt(100 / 9.81), k = w * w, radians = std::numbers::pi / 180;
+  const auto eta = [&](int step, double x) {
+    const double grown = step >= 5 ? 1 : step == 3 ? 0.75 : 0.578125;  // half way, and a quarter of the way
+    return grown * 2 * std::cos(-k * x - w * static_cast<double>(f.c.time.at(1, step)) + 25 * radians);
+  };
+  const Rotation start = ShipToGlobal(3.0 / 57.29578, 4.0 / 57.29578, 5.0 / 57.29578);
+  const Vector3 r0 = ToGlobal(start, {0.39, 0.03, 0.07});  // (40, 3, 12) from the CG
+  for (const int step : {2, 3, 8}) {
+    const auto at = static_cast<std::size_t>(step - 1);
+    ASSERT_EQ(f.Set(25, 1), PlotFault::none);
+    EXPECT_NEAR(f.data.y[0][at], eta(step, static_cast<double>(f.c.pmgg.at(1, step))), 1e-5) << step;
+    ASSERT_EQ(f.Set(26, 1), PlotFault::none);
+    EXPECT_NEAR(f.data.y[0][at], eta(step, 0), 1e-5) << step;
+    ASSERT_EQ(f.Set(27, 0), PlotFault::none);
+    const double x = static_cast<double>(f.data.y[0][at]), z = static_cast<double>(f.data.y[2][at]);
+    ASSERT_EQ(f.Set(30, 0), PlotFault::none);
+    EXPECT_NEAR(f.data.y[0][at], x - (1 + 100 * r0[0]) - 7.5 * 0.25 * (step - 1), 2e-4) << step;
+    EXPECT_NEAR(f.data.y[2][at], z - (-1.25 + 100 * r0[2]) - eta(step, x / 100), 2e-4) << step;
+    EXPECT_NEAR(f.data.y[3][at], eta(step, x / 100) - z, 2e-4) << step;
+    ASSERT_EQ(f.Set(37, 19), PlotFault::none);
+    EXPECT_NEAR(f.data.y[0][at], eta(step, static_cast<double>(f.c.pmgg.at(1, step))), 1e-5) << step;
+  }
+  EXPECT_EQ(f.fake.output,
+            "Calculating incident wave at CG/Origin...\n"
+            "Calculating motion for ship fixed point...\nInitial static coordinates 40 3 5.75\n");
 }
 
 TEST(PlotData, Refusals) {
