@@ -12,21 +12,45 @@ namespace {
 constexpr double kWholeNumber = 1e-6;  // wmax/dw may fall short of a whole number by rounding
 constexpr float kNoHarmonic = 1.0e-10F;
 
+// One harmonic at one time: cosine and sine of the same angle cost little more than one of them.
+struct Harmonic {
+  Harmonic(double w, double t) : cosine(std::cos(w * t)), sine(std::sin(w * t)) {}
+  double cosine;
+  double sine;
+};
+
 // One interval of the trapezoid rule of f x.
 double Interval(double dt, double f0, double f1, double x0, double x1) {
   return (dt / 4.0) * (f0 + f1) * (x0 + x1);
 }
 
-template <typename Factor>
-double Integral(FourierRule rule, double dt, std::span<const float> t, std::span<const float> x, Factor f) {
-  const std::size_t n = x.size();
+double MeanIntegral(double dt, std::span<const float> x) {
   double sum = 0;
-  std::size_t i = 0;
-  if (rule == FourierRule::simpson)
-    for (; i + 2 < n; i += 2)
-      sum += (dt / 3.0) * (f(t[i]) * x[i] + 4.0 * f(t[i + 1]) * x[i + 1] + f(t[i + 2]) * x[i + 2]);
-  for (; i + 1 < n; ++i) sum += Interval(dt, f(t[i]), f(t[i + 1]), x[i], x[i + 1]);
+  for (std::size_t i = 0; i + 1 < x.size(); ++i) sum += Interval(dt, 1.0, 1.0, x[i], x[i + 1]);
   return sum;
+}
+
+// Integrals of cos(w t) x and sin(w t) x.
+void HarmonicIntegrals(FourierRule rule, double dt, double w, std::span<const float> t, std::span<const float> x,
+                       double& cosine, double& sine) {
+  const std::size_t n = x.size();
+  cosine = sine = 0;
+  std::size_t i = 0;
+  Harmonic from(w, t[0]);
+  if (rule == FourierRule::simpson)
+    for (; i + 2 < n; i += 2) {
+      const Harmonic middle(w, t[i + 1]);
+      const Harmonic to(w, t[i + 2]);
+      cosine += (dt / 3.0) * (from.cosine * x[i] + 4.0 * middle.cosine * x[i + 1] + to.cosine * x[i + 2]);
+      sine += (dt / 3.0) * (from.sine * x[i] + 4.0 * middle.sine * x[i + 1] + to.sine * x[i + 2]);
+      from = to;
+    }
+  for (; i + 1 < n; ++i) {
+    const Harmonic to(w, t[i + 1]);
+    cosine += Interval(dt, from.cosine, to.cosine, x[i], x[i + 1]);
+    sine += Interval(dt, from.sine, to.sine, x[i], x[i + 1]);
+    from = to;
+  }
 }
 
 int ComponentCount(const FourierRequest& request, double dt, double dw, int& nskip) {
@@ -71,12 +95,15 @@ bool FourierCoefficients(const FourierRequest& request, double dt, std::span<con
   x = x.first(n);
   const double T = static_cast<double>(n - 1) * dt;
   const double dw = 2.0 * std::numbers::pi / T;
-  out.a0 = (2.0 / T) * Integral(FourierRule::trapezoid, dt, t, x, [](double) { return 1.0; });
+  out.a0 = (2.0 / T) * MeanIntegral(dt, x);
   const int nfreq = ComponentCount(request, dt, dw, out.nskip);
   for (int k = 1; k <= nfreq; ++k) {
     const double w = k * dw;
-    const double a = (2.0 / T) * Integral(request.rule, dt, t, x, [w](double at) { return std::cos(w * at); });
-    const double b = (2.0 / T) * Integral(request.rule, dt, t, x, [w](double at) { return std::sin(w * at); });
+    double cosine = 0;
+    double sine = 0;
+    HarmonicIntegrals(request.rule, dt, w, t, x, cosine, sine);
+    const double a = (2.0 / T) * cosine;
+    const double b = (2.0 / T) * sine;
     out.w.push_back(w);
     out.a.push_back(a);
     out.b.push_back(b);
