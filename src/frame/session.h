@@ -9,6 +9,7 @@
 #include "frame/file_units.h"
 #include "frame/run_state.h"
 #include "script/script_state.h"
+#include "stats/statistics_state.h"
 
 namespace zaview {
 
@@ -19,6 +20,7 @@ struct Session {
   OutputSettings output;
   CaseStore case_store;  // the current record of the ensemble
   EnsembleStore ensemble;
+  StatisticsState statistics;
   ScriptState script;
 };
 
