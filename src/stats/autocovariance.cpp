@@ -55,6 +55,24 @@ void LagBlock(std::span<const float> c, std::size_t k, std::span<float> sums) {
   }
 }
 
+// work(0) .. work(count - 1), in any order, on both cores where `products` make it worth while.
+template <typename Work>
+void SideBySide(std::size_t count, std::size_t products, const Work& work) {
+  std::atomic<std::size_t> next{0};
+  const auto take = [&] {
+    for (std::size_t i = next++; i < count; i = next++) work(i);
+  };
+  std::thread other;
+  if (count > 1 && products > kParallelProducts && std::thread::hardware_concurrency() > 1) {
+    try {
+      other = std::thread(take);
+    } catch (const std::exception&) {  // no thread, or no memory for one: this one does it all
+    }
+  }
+  take();
+  if (other.joinable()) other.join();
+}
+
 }  // namespace
 
 std::vector<float> Centred(std::span<const float> x, float xm) {
@@ -65,23 +83,27 @@ std::vector<float> Centred(std::span<const float> x, float xm) {
 
 void LagSums(std::span<const float> c, int first, std::span<float> sums) {
   const std::size_t blocks = (sums.size() + kLanes - 1) / kLanes;
-  std::atomic<std::size_t> next{0};
-  const auto work = [&] {
-    for (std::size_t b = next++; b < blocks; b = next++) {
-      const std::size_t from = b * kLanes;
-      LagBlock(c, static_cast<std::size_t>(first) + from,
-               sums.subspan(from, std::min<std::size_t>(kLanes, sums.size() - from)));
-    }
-  };
-  std::thread other;
-  if (blocks > 1 && c.size() * sums.size() > kParallelProducts && std::thread::hardware_concurrency() > 1) {
-    try {
-      other = std::thread(work);
-    } catch (const std::exception&) {  // no thread, or no memory for one: this one does it all
-    }
-  }
-  work();
-  if (other.joinable()) other.join();
+  SideBySide(blocks, c.size() * sums.size(), [&](std::size_t b) {
+    const std::size_t from = b * kLanes;
+    LagBlock(c, static_cast<std::size_t>(first) + from,
+             sums.subspan(from, std::min<std::size_t>(kLanes, sums.size() - from)));
+  });
+}
+
+void EnsembleLagSums(std::span<const std::span<const float>> c, int first, std::size_t n_lags, std::span<float> sums) {
+  std::fill(sums.begin(), sums.end(), 0.0F);
+  std::size_t samples = 0;
+  for (const std::span<const float> record : c) samples += record.size();
+  const std::size_t blocks = (n_lags + kLanes - 1) / kLanes;
+  SideBySide(c.size() * blocks, samples * n_lags, [&](std::size_t task) {
+    const std::size_t i = task / blocks;
+    const std::size_t from = (task % blocks) * kLanes;
+    const std::size_t k = static_cast<std::size_t>(first) + from;
+    const std::size_t end = c[i].empty() ? 0 : c[i].size() / 2 + 1;
+    if (k >= end) return;
+    const std::size_t count = std::min({std::size_t{kLanes}, n_lags - from, end - k});
+    LagBlock(c[i], k, sums.subspan(i * n_lags + from, count));
+  });
 }
 
 void RecordLags(std::span<const float> c, int M, std::vector<float>& Rx) {

@@ -2,6 +2,7 @@
 // from the first sample to the last.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -12,6 +13,10 @@ namespace zaview {
 
 // sums[k - first] = sum over i = 1..np-k of c(i) c(i+k) for the sums.size() lags from `first` on; 0 from lag np on.
 void LagSums(std::span<const float> c, int first, std::span<float> sums);
+
+// The same for several records at once: sums[i * n_lags + j] belongs to lag first + j of record i. Lags and records are
+// shared between both cores. Lags beyond half of a record count as 0.
+void EnsembleLagSums(std::span<const std::span<const float>> c, int first, std::size_t n_lags, std::span<float> sums);
 
 // Rx(k) = (1/np) * sum of lag k, k = 0 .. M.
 void RecordLags(std::span<const float> c, int M, std::vector<float>& Rx);

@@ -37,6 +37,7 @@ struct EnsembleStats {
 struct EnsembleAutoCov {
   std::vector<float> ratio;           // Rax(k)/Rax(0), k = 0..M, M = npmax/2; 0 where Rax(0) is 0
   std::vector<float> env_lag, env_R;  // envelope points
+  float Rax0 = 0;                     // Rax(0); only with `whole`
   int ndti = 0;                       // 0 where the cut-off isn't reached
   float lag = 0;                      // dti = dt x lag, untruncated
 };

@@ -13,8 +13,6 @@ namespace zaview {
 
 namespace {
 
-constexpr float kPeakCutoff = 0.05F;  // autocorrelation below which peaks count as independent
-
 // Descending, NaN last: a strict weak order for any samples.
 bool Larger(float a, float b) {
   return a > b || (b != b && a == a);
@@ -83,12 +81,8 @@ float ClusterVariance(const Kept& kept, std::size_t largest) {
   return VarpkNe < 0.0F ? R[0] / npN : VarpkNe;
 }
 
-StatFault CheckArguments(std::span<const int> N, int iopt, float prob) {
-  StatFault faults = StatFault::none;
-  if (std::any_of(N.begin(), N.end(), [](int n) { return n < 1; })) faults = faults | StatFault::peak_frequency;
-  if (iopt != 0 && iopt != 1) faults = faults | StatFault::option;
-  if (!(prob > 0.0F && prob < 1.0F)) faults = faults | StatFault::probability;
-  return faults;
+bool Enough(int N, const PeakList& list) {
+  return N < static_cast<int>(list.value.size());
 }
 
 }  // namespace
@@ -118,28 +112,20 @@ void CalcPeakAvgN(int N, int iopt, const PeakList& peaks, float fact, int ndti, 
   out.xpkNci = std::sqrt(ClusterVariance(kept, largest)) * probCoef;
 }
 
-StatFault CalcRecordPeakStats(int N, int iopt, std::span<const float> x, float prob, RecordPeakStats& out) {
-  return CalcRecordPeakStats(std::span(&N, 1), iopt, x, prob, std::span(&out, 1));
+StatFault PeakFaults(std::span<const int> N, int iopt, float prob) {
+  StatFault faults = StatFault::none;
+  if (std::any_of(N.begin(), N.end(), [](int n) { return n < 1; })) faults = faults | StatFault::peak_frequency;
+  if (iopt != 0 && iopt != 1) faults = faults | StatFault::option;
+  if (!(prob > 0.0F && prob < 1.0F)) faults = faults | StatFault::probability;
+  return faults;
 }
 
-StatFault CalcRecordPeakStats(std::span<const int> N, int iopt, std::span<const float> x, float prob,
-                              std::span<RecordPeakStats> out) {
-  std::fill(out.begin(), out.end(), RecordPeakStats{});
-  const StatFault faults = CheckArguments(N, iopt, prob);
-  if (faults != StatFault::none || x.empty()) return faults;
-  float probCoef = 0.0F;
-  if (iopt == 0) (void)getGaussPDFka(prob, probCoef);
-  const float xm = MeanOf(x);
-  Peaks peaks;
-  GetPeaks(std::span(&x, 1), xm, peaks);
+bool NeedsDependence(std::span<const int> N, int iopt, const Peaks& peaks) {
+  return iopt == 0 && std::any_of(N.begin(), N.end(), [&](int n) { return Enough(n, peaks.all); });
+}
 
-  const auto enough = [](int n, const PeakList& list) { return n < static_cast<int>(list.value.size()); };
-  int ndti = 0;
-  if (iopt == 0 && std::any_of(N.begin(), N.end(), [&](int n) { return enough(n, peaks.all); })) {
-    Dependence dependence;
-    RecordDependence(Centred(x, xm), kPeakCutoff, dependence);
-    ndti = dependence.ndti;
-  }
+void AveragePeaks(std::span<const int> N, int iopt, const Peaks& peaks, int ndti, float probCoef,
+                  std::span<RecordPeakStats> out) {
   for (std::size_t j = 0; j < N.size(); ++j) {
     RecordPeakStats& o = out[j];
     o.Npks = static_cast<int>(peaks.all.value.size());
@@ -147,7 +133,7 @@ StatFault CalcRecordPeakStats(std::span<const int> N, int iopt, std::span<const 
     o.Npkst = static_cast<int>(peaks.top.value.size());
     o.ndti = ndti;
     const auto average = [&](const PeakList& list, float fact, float& value, float& half_width) {
-      if (!enough(N[j], list)) return;
+      if (!Enough(N[j], list)) return;
       PeakAverage result;
       CalcPeakAvgN(N[j], iopt, list, fact, ndti, probCoef, result);
       value = result.xpkN;
@@ -157,6 +143,30 @@ StatFault CalcRecordPeakStats(std::span<const int> N, int iopt, std::span<const 
     average(peaks.top, 1.0F, o.xpkNt, o.xpkNtci);
     average(peaks.bottom, -1.0F, o.xpkNb, o.xpkNbci);
   }
+}
+
+StatFault CalcRecordPeakStats(int N, int iopt, std::span<const float> x, float prob, RecordPeakStats& out) {
+  return CalcRecordPeakStats(std::span(&N, 1), iopt, x, prob, std::span(&out, 1));
+}
+
+StatFault CalcRecordPeakStats(std::span<const int> N, int iopt, std::span<const float> x, float prob,
+                              std::span<RecordPeakStats> out) {
+  std::fill(out.begin(), out.end(), RecordPeakStats{});
+  const StatFault faults = PeakFaults(N, iopt, prob);
+  if (faults != StatFault::none || x.empty()) return faults;
+  float probCoef = 0.0F;
+  if (iopt == 0) (void)getGaussPDFka(prob, probCoef);
+  const float xm = MeanOf(x);
+  Peaks peaks;
+  GetPeaks(std::span(&x, 1), xm, peaks);
+
+  int ndti = 0;
+  if (NeedsDependence(N, iopt, peaks)) {
+    Dependence dependence;
+    RecordDependence(Centred(x, xm), kPeakCutoff, dependence);
+    ndti = dependence.ndti;
+  }
+  AveragePeaks(N, iopt, peaks, ndti, probCoef, out);
   return faults;
 }
 

@@ -21,6 +21,14 @@ struct RecordPeakStats {
   int Npks = 0, Npksb = 0, Npkst = 0, ndti = 0;
 };
 
+// The parts of these statistics that one record and an ensemble share.
+inline constexpr float kPeakCutoff = 0.05F;  // autocorrelation below which peaks count as independent
+[[nodiscard]] StatFault PeakFaults(std::span<const int> N, int iopt, float prob);
+// Is any of N below the number of peaks, so that its interval needs ndti?
+[[nodiscard]] bool NeedsDependence(std::span<const int> N, int iopt, const Peaks& peaks);
+void AveragePeaks(std::span<const int> N, int iopt, const Peaks& peaks, int ndti, float probCoef,
+                  std::span<RecordPeakStats> out);
+
 [[nodiscard]] StatFault CalcRecordPeakStats(int N, int iopt, std::span<const float> x, float prob,
                                             RecordPeakStats& out);
 

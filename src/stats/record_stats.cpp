@@ -18,14 +18,6 @@ namespace {
 constexpr float kNoMinimum = 1.0e20F;  // where the running extremes start
 constexpr float kNoMaximum = -1.0e20F;
 
-StatFault CheckArguments(int iopt, float prob) {
-  StatFault faults = StatFault::none;
-  if (iopt < 1 || iopt > 3) faults = faults | StatFault::option;
-  if (iopt == 0 || iopt == 4) faults = faults | StatFault::option_peaks;
-  if (!(prob > 0.0F && prob < 1.0F)) faults = faults | StatFault::probability;
-  return faults;
-}
-
 // (x - xm)^2 - xv, whose serial dependence widens the interval of the variance.
 std::vector<float> CentredSquares(std::span<const float> c, float xv) {
   std::vector<float> y(c.size());
@@ -60,6 +52,14 @@ float VarianceOfVariance(std::span<const float> c, float xv, int m) {
 
 }  // namespace
 
+StatFault StatFaults(int iopt, float prob) {
+  StatFault faults = StatFault::none;
+  if (iopt < 1 || iopt > 3) faults = faults | StatFault::option;
+  if (iopt == 0 || iopt == 4) faults = faults | StatFault::option_peaks;
+  if (!(prob > 0.0F && prob < 1.0F)) faults = faults | StatFault::probability;
+  return faults;
+}
+
 std::vector<std::string> StatFaultLines(StatFault faults, std::string_view routine, int N, int iopt, float prob) {
   std::vector<std::string> lines;
   if (Has(faults, StatFault::peak_frequency))
@@ -88,7 +88,7 @@ float BartlettVariance(std::span<const float> R, int np, int m) {
 
 StatFault CalcRecordStats(int iopt, std::span<const float> x, float prob, RecordStats& out, RecordStatsTrace* trace) {
   out = RecordStats{};
-  const StatFault faults = CheckArguments(iopt, prob);
+  const StatFault faults = StatFaults(iopt, prob);
   if (faults != StatFault::none || x.empty()) return faults;
   const int np = static_cast<int>(x.size());
   float probCoef = 0.0F;

@@ -21,6 +21,9 @@ enum class StatFault : std::uint8_t { none = 0, peak_frequency = 1, option = 2, 
   return (static_cast<unsigned>(faults) & static_cast<unsigned>(one)) != 0;
 }
 
+// Checks of iopt 1..3 and prob.
+[[nodiscard]] StatFault StatFaults(int iopt, float prob);
+
 // The lines for the console, in the order of the checks.
 [[nodiscard]] std::vector<std::string> StatFaultLines(StatFault faults, std::string_view routine, int N, int iopt,
                                                       float prob);
