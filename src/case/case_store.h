@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -92,7 +93,8 @@ struct DerivedCache {  // which derived arrays are built
 enum class Tried : unsigned char { not_yet, there, failed };  // what is made on first need
 
 struct CaseStore {
-  std::string file_name;  // as opened
+  std::uint64_t serial = 0;  // another one for each read and each change of the histories in store
+  std::string file_name;     // as opened
   std::string base_name;  // without directory, ".XML" and ".out"
   OutputLabels labels;
   int NSHIP = 0;

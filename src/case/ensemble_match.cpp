@@ -6,6 +6,7 @@
 
 #include "base/grow.h"
 #include "base/message.h"
+#include "case/finish_case_read.h"
 #include "case/wave_at_cg.h"
 #include "control/input_scales.h"
 
@@ -72,6 +73,7 @@ Match CompareCases(const Console& console, int ensemble_mode, CaseStore& held, C
 
 void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore& fresh, EnsembleStore& ensemble,
                             CaseStore& case_store) {
+  MarkChanged(ensemble, fresh);
   if (ensemble.nrec > 0 && !fresh.combined) {
     const Match match = CompareCases(console, ensemble_mode, LastCase(ensemble, case_store), fresh);
     const Outcome outcome = OutcomeOf(ensemble_mode, match);
@@ -83,7 +85,17 @@ void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore
   reset_ensemble(case_store, ensemble);
 }
 
-void reset_ensemble(const CaseStore& case_store, EnsembleStore& ensemble) {
+void TrimOtherRecords(const OutputSettings& settings, EnsembleStore& ensemble) {
+  for (std::size_t i = 0; i < ensemble.record.size(); ++i)
+    if (static_cast<int>(i) + 1 != ensemble.irec) (void)ApplyTrim(settings, ensemble.record[i]);
+}
+
+void MarkChanged(EnsembleStore& ensemble, CaseStore& case_store) {
+  case_store.serial = ++ensemble.last_serial;
+}
+
+void reset_ensemble(CaseStore& case_store, EnsembleStore& ensemble) {
+  MarkChanged(ensemble, case_store);
   ensemble.record = {};
   ensemble.nrec = ensemble.irec = case_store.has_steps() ? 1 : 0;
 }

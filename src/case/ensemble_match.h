@@ -4,6 +4,7 @@
 #include "base/platform.h"
 #include "case/case_store.h"
 #include "case/ensemble_store.h"
+#include "case/output_settings.h"
 #include "case/seaway_match.h"
 
 namespace zaview {
@@ -20,7 +21,13 @@ void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore
                             CaseStore& case_store);
 
 // The case in store becomes record 1, all others are dropped; a case without steps is no record.
-void reset_ensemble(const CaseStore& case_store, EnsembleStore& ensemble);
+void reset_ensemble(CaseStore& case_store, EnsembleStore& ensemble);
+
+// Trims all records but the current one as the settings say.
+void TrimOtherRecords(const OutputSettings& settings, EnsembleStore& ensemble);
+
+// The histories of a case are others now: what was made of them is stale.
+void MarkChanged(EnsembleStore& ensemble, CaseStore& case_store);
 
 // Makes a record current: its store and the one in use change places. Trims of the record are as they were when it was
 // current. False: no such record (a fault of the program; said by the caller).

@@ -2,6 +2,7 @@
 // ensemble_match.h.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "case/case_store.h"
@@ -14,6 +15,7 @@ struct EnsembleStore {
   std::vector<CaseStore> record;
   int nrec = 0;
   int irec = 0;  // the current one, from 1; 0: none
+  std::uint64_t last_serial = 0;  // the last CaseStore::serial that was given
 };
 
 }  // namespace zaview

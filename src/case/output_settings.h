@@ -15,6 +15,7 @@ struct OutputScales {  // shown = stored x scale; six slots: translations, rotat
   float load_force = 1, load_moment = 1;
   float angle = 1;  // rudder angles, slip, heading
   float prop_rps = 1;
+  bool operator==(const OutputScales&) const = default;
 };
 
 struct OutputSettings {
@@ -37,6 +38,7 @@ struct OutputSettings {
   float ndtf_length = 0, ndtf_beam = 0;  // output length units; 0: not set
   int autocorrelation_rate = 1;
   float autocorrelation_cutoff = 0.05F;
+  bool operator==(const OutputSettings&) const = default;
 };
 
 }  // namespace zaview

@@ -385,8 +385,12 @@ PlotFault SetPlotData(const Console& console, const OutputSettings& settings, co
 }
 
 StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings) {
+  return StatPoints(case_store, settings, case_store.skip_effective);
+}
+
+StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings, int skip_initial) {
   const std::int64_t stride = Stride(settings);
-  const std::int64_t skip = std::max(0, case_store.skip_effective);
+  const std::int64_t skip = std::max(0, skip_initial);
   const std::int64_t terminal = std::max(0, settings.skip_terminal);
   const std::int64_t first = (skip + stride - 1) / stride;
   const std::int64_t span = std::int64_t{case_store.last_step} - case_store.first_step - terminal;

@@ -45,5 +45,7 @@ struct StatRange {
   int n = 0;      // points; 0 or below: too many skipped
 };
 [[nodiscard]] StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings);
+// The same with another skip than that of the case.
+[[nodiscard]] StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings, int skip_initial);
 
 }  // namespace zaview

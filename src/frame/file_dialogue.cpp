@@ -19,7 +19,7 @@ constexpr std::string_view kInvalidUse = "Programming ERROR - invalid INOUT= {} 
 constexpr std::string_view kContact = "    contact program developer";
 constexpr std::string_view kInvalidInit = "LOGIC ERROR - invalid INIT in OPNAUX";
 
-enum class Step : std::uint8_t { done, again, aborted };
+enum class Step : std::uint8_t { done, again, aborted, word };
 
 struct Switches {
   bool append = false;
@@ -107,6 +107,7 @@ Step OpenForOutput(const Platform& platform, const FileQuestion& question, Chose
 
 Step AskOnce(const Platform& platform, const FileQuestion& question, ChosenFile& chosen) {
   if (ask_text(platform.console, question.prompt, "", chosen.name) != Answer::ok) return Step::aborted;
+  if (!question.word.empty() && Capitals(Trim(chosen.name)) == question.word) return Step::word;
   if (question.use == FileUse::input && !IsBlank(chosen.name)) return OpenInput(platform, question, chosen);
   if (question.use == FileUse::output && !IsBlank(chosen.name)) return OpenForOutput(platform, question, chosen);
   if (question.use == FileUse::output && question.blank_is_console)
@@ -128,6 +129,7 @@ FileAnswer OPNFIL(const Platform& platform, const FileQuestion& question, Chosen
     const Step step = AskOnce(platform, question, chosen);
     if (step == Step::done) return FileAnswer::opened;
     if (step == Step::aborted) return FileAnswer::aborted;
+    if (step == Step::word) return FileAnswer::word;
   }
 }
 

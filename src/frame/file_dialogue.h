@@ -19,6 +19,7 @@ struct FileQuestion {
   std::string_view extension;  // ".out": tried (input) or added (output) where the name has none
   FileForm form = FileForm::formatted;
   bool blank_is_console = false;  // output: a blank answer is the console; else it is asked again
+  std::string_view word = {};     // an answer that is no name, in capitals; blank: none
 };
 
 struct ChosenFile {
@@ -28,7 +29,8 @@ struct ChosenFile {
   OutputFile out;             // output
 };
 
-enum class FileAnswer : std::uint8_t { opened, aborted };  // aborted: QUIT or the end of input; nothing is open
+// aborted: QUIT or the end of input; word: the question's own word. Nothing is open then.
+enum class FileAnswer : std::uint8_t { opened, aborted, word };
 
 // The words APPEND and UNFORMATTED behind the name are switches. An existing file is asked about, unless it is no plain
 // file or APPEND is given.

@@ -2,6 +2,7 @@
 
 #include "base/message.h"
 #include "frame/command_line.h"
+#include "frame/text_menu.h"
 #include "script/open_script_file.h"
 
 namespace zaview {
@@ -11,7 +12,6 @@ namespace {
 constexpr std::string_view kDone = "ZAVIEW is done...";
 constexpr std::string_view kAborting = "ZAVIEW aborting...";
 constexpr std::string_view kContinuing = "ZAVIEW continuing...";
-constexpr std::string_view kNoTextMenu = "The text menu is not available yet : use -script, or -command";
 
 }  // namespace
 
@@ -33,7 +33,7 @@ ScriptEnd RunScript(Session& session, std::string_view name, int& status) {
 }
 
 int RunDialogue(Session& session) {
-  if (!session.run.exit_requested) SayLine(session.platform.console, kNoTextMenu);
+  while (session.run.plot_module == 0 && !session.run.exit_requested) text_menu(session);
   return kRunOk;
 }
 

@@ -2,6 +2,7 @@
 // records it needs.
 #pragma once
 
+#include "analysis/sensor_settings.h"
 #include "base/platform.h"
 #include "case/case_store.h"
 #include "case/ensemble_store.h"
@@ -10,6 +11,8 @@
 #include "frame/run_state.h"
 #include "script/script_state.h"
 #include "stats/statistics_state.h"
+#include "views/data_plot_state.h"
+#include "views/motion_view_state.h"
 
 namespace zaview {
 
@@ -21,6 +24,9 @@ struct Session {
   CaseStore case_store;  // the current record of the ensemble
   EnsembleStore ensemble;
   StatisticsState statistics;
+  DataPlotState data_plot;
+  MotionViewState motion_view;
+  SensorSettings sensor;
   ScriptState script;
 };
 

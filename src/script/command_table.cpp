@@ -19,8 +19,10 @@ bool Matches(const Command& command, std::string_view word) {
 
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
-      ReadingCommands(),   OutputTextCommands(), StepCommands(), StatisticSettings(), SmoothingCommands(), HistoryCommands(),
-      StatisticCommands(), ControlCommands(),    KinoCommands(), LaterCommands(),     LaterBeginnings()};
+      ReadingCommands(),   OutputTextCommands(), StepCommands(),      StatisticSettings(), SmoothingCommands(),
+      HistoryCommands(),   StatisticCommands(),  EnsembleCommands(),  HistogramCommands(), ControlCommands(),
+      KinoCommands(),      ViewSettings(),       AnimationSettings(), LaterCommands(),     RateCommands(),
+      LaterBeginnings()};
   return families;
 }
 

@@ -31,9 +31,14 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily SmoothingCommands();
 [[nodiscard]] CommandFamily HistoryCommands();
 [[nodiscard]] CommandFamily StatisticCommands();
+[[nodiscard]] CommandFamily EnsembleCommands();
+[[nodiscard]] CommandFamily HistogramCommands();
 [[nodiscard]] CommandFamily ControlCommands();
 [[nodiscard]] CommandFamily KinoCommands();
+[[nodiscard]] CommandFamily ViewSettings();
+[[nodiscard]] CommandFamily AnimationSettings();
 [[nodiscard]] CommandFamily LaterCommands();
+[[nodiscard]] CommandFamily RateCommands();     // some are known by the beginning of their word
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word
 
 // All families in the order of lookup.

@@ -2,25 +2,21 @@
 #include <vector>
 
 #include "base/number_parse.h"
-#include "base/text.h"
+#include "case/ensemble_match.h"
 #include "case/smooth_stored.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
+#include "script/setting_words.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kInvalidWord = "ERROR - Invalid argument for {} command : {}";
 inline constexpr int kLeastWindow = 5;
 inline constexpr int kCubic = 3;  // the option that has a window
 
 int RunSmoothData(ScriptCall& call) {
-  struct OptionWord {
-    std::string_view word;
-    int option;
-  };
-  constexpr OptionWord kWords[] = {
+  constexpr WordValue kWords[] = {
       {"OFF",  0     },
       {"NONE", 0     },
       {"ON",   kCubic},
@@ -29,13 +25,7 @@ int RunSmoothData(ScriptCall& call) {
       {"2",    2     },
       {"3",    kCubic}
   };
-  const std::string word = NextScriptWord(call.words, kKeyword);
-  for (const OptionWord& row : kWords) {
-    if (Capitals(word) != row.word) continue;
-    call.session.output.smooth_option = row.option;
-    return kScriptOk;
-  }
-  return Fail(call, kScriptBadArgument, kInvalidWord, call.command, word);
+  return ReadWord(call, kWords, call.session.output.smooth_option);
 }
 
 int RunSmoothWindow(ScriptCall& call) {
@@ -57,10 +47,14 @@ int RunSmoothInput(ScriptCall& call) {
   const int width = values.size() > 1 ? RoundToInt(static_cast<double>(values[1])) : 0;
   const bool valid = option == 1 || (option == kCubic && width >= kLeastWindow);
   if (!valid) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
-  SmoothStored(call.console(), option, option == 1 ? kLeastWindow : width, session.case_store);
+  const int window = option == 1 ? kLeastWindow : width;
+  const auto smooth = [&call, &session, option, window](CaseStore& record) {
+    SmoothStored(call.console(), option, window, record);
+    MarkChanged(session.ensemble, record);
+  };
+  smooth(session.case_store);
   for (std::size_t i = 0; i < session.ensemble.record.size(); ++i)
-    if (static_cast<int>(i) + 1 != session.ensemble.irec)
-      SmoothStored(call.console(), option, option == 1 ? kLeastWindow : width, session.ensemble.record[i]);
+    if (static_cast<int>(i) + 1 != session.ensemble.irec) smooth(session.ensemble.record[i]);
   return kScriptOk;
 }
 

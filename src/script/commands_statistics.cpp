@@ -7,25 +7,17 @@
 #include "script/output_argument.h"
 #include "script/plot_fault.h"
 #include "script/selectors.h"
+#include "script/statistic_word.h"
 #include "stats/autocorrelation_table.h"
 #include "stats/interval_table.h"
 #include "stats/stat_table.h"
-#include "stats/statistic_table.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical option ({}) for {}";
 inline constexpr std::string_view kStatRefused =
     "ERROR - Time history statistics quantity {1} not valid for this output file";
-
-int ReadStatistic(ScriptCall& call, StatisticName& statistic) {
-  const std::string word = NextScriptWord(call.words, kKeyword);
-  statistic = FindStatistic(word);
-  const bool good = statistic.number != kStatUnknown && (!statistic.interval || HasInterval(statistic.number));
-  return good ? kScriptOk : Fail(call, kScriptBadArgument, kBadStatistic, word, call.command);
-}
 
 int RunWriteStat(ScriptCall& call) {
   Session& session = call.session;

@@ -17,16 +17,17 @@ namespace zaview {
 struct EnsembleCases {  // where the records stand: the current one in the case store, the others in the ensemble store
   CaseStore& current;
   EnsembleStore& ensemble;
-  // Records from 1 to count(); of no ensemble the current case is record 1.
+  // Records from 1 to count(); without an ensemble the current case is record 1.
   [[nodiscard]] int count() const;
   [[nodiscard]] CaseStore& record(int irec) const;
 };
 
-// One curve of each record over its own steps in use, the same skip counts for all. Says "Calculating Ensemble ..."
-// where waves or point motions have to be made. Loads only if the key differs.
+// One curve of each record over its own steps in use, the skip counts of the current one for all. Says "Calculating
+// Ensemble ..." where waves or point motions have to be made. Loads only if the key differs. A record without points
+// is empty; without points in any of them `too_many_skipped` is said.
 [[nodiscard]] TableFault LoadEnsemble(const Console& console, const OutputSettings& settings,
                                       const QuantityRequest& request, const EnsembleCases& cases,
-                                      StatisticsState& state);
+                                      std::string_view too_many_skipped, StatisticsState& state);
 
 // Views of the loaded samples, and of their times.
 [[nodiscard]] std::vector<std::span<const float>> SamplesOf(const EnsembleData& data);
@@ -36,5 +37,12 @@ struct EnsembleCases {  // where the records stand: the current one in the case 
 [[nodiscard]] TableFault UpdateDependence(const Console& console, const OutputSettings& settings,
                                           const QuantityRequest& request, const EnsembleCases& cases,
                                           StatisticsState& state);
+
+// "Dependence time= 12.5 (25 steps)"
+[[nodiscard]] std::string DependenceLine(const DependenceResult& dependence);
+
+// "Position of CG, pmgg(3)"
+[[nodiscard]] std::string EnsembleCurveName(const OutputSettings& settings, const QuantityRequest& request,
+                                            const EnsembleCases& cases);
 
 }  // namespace zaview

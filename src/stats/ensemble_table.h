@@ -1,14 +1,18 @@
 // Ensemble statistics: tables with and without intervals, single statistics, the averaged autocorrelation.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "frame/output_file.h"
 #include "stats/ensemble_data.h"
 #include "stats/stat_table.h"
 
 namespace zaview {
 
-// request.statistic 0: the table; with `interval` the one with intervals. request.quantity.curve 0: all curves, a block
-// each. Statistics that an ensemble doesn't have are said (ERR494, ERR496).
+// request.statistic 0: the table, a block a curve; with `interval` the one with intervals. Else one bare line: text,
+// separator, value, or half width, low, estimate, high. request.quantity.curve 0: all curves. Statistics that an
+// ensemble doesn't have are said (ERR494, ERR496).
 [[nodiscard]] TableFault EnsembleStat(const Console& console, const OutputSettings& settings,
                                       const StatRequest& request, const EnsembleCases& cases, StatisticsState& state,
                                       OutputFile& out);

@@ -1,7 +1,6 @@
 #include "stats/interval_table.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <new>
 #include <vector>
@@ -11,8 +10,7 @@
 #include "base/table_text.h"
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
-#include "stats/peak_stats.h"
-#include "stats/record_stats.h"
+#include "stats/interval_cells.h"
 #include "stats/statistic_values.h"
 
 namespace zaview {
@@ -27,64 +25,22 @@ constexpr std::string_view kQuantityHead = "Quantity      ";
 
 struct IntervalRow {
   int number;  // of the statistic
-  std::string_view label;
+  std::string_view label, ensemble_label;
 };
 constexpr IntervalRow kRows[] = {
-    {kStatMean,      " Mean          "},
-    {kStatVariance,  " Variance      "},
-    {kStatStdev,     " Std. Deviation"},
-    {kStatThird,     " Significnt Amp"},
-    {kStatThird + 1, " 1/3rd Top Avg "},
-    {kStatThird + 2, " 1/3rd bot Avg "},
-    {kStatThird + 3, " Significnt Hgt"},
-    {kStatNth,       " 1/10th Amp Avg"},
-    {kStatNth + 1,   " 1/10th Top Avg"},
-    {kStatNth + 2,   " 1/10th bot Avg"},
-    {kStatNth + 3,   " 1/10th Dbl Amp"},
-    {kStatSsa,       " SSA           "},
+    {kStatMean,      " Mean          ", " Mean          "},
+    {kStatVariance,  " Variance      ", " Variance      "},
+    {kStatStdev,     " Std. Deviation", " Std. Deviation"},
+    {kStatThird,     " Significnt Amp", " Significnt Amp"},
+    {kStatThird + 1, " 1/3rd Top Avg ", " 1/3rd Top Avg "},
+    {kStatThird + 2, " 1/3rd bot Avg ", " 1/3rd Bot Avg "},
+    {kStatThird + 3, " Significnt Hgt", " Significnt Hgt"},
+    {kStatNth,       " 1/10th Amp Avg", " 1/10th Amp Avg"},
+    {kStatNth + 1,   " 1/10th Top Avg", " 1/10th Top Avg"},
+    {kStatNth + 2,   " 1/10th bot Avg", " 1/10th Bot Avg"},
+    {kStatNth + 3,   " 1/10th Dbl Amp", " 1/10th Dbl Avg"},
+    {kStatSsa,       " SSA           ", " SSA           "},
 };
-
-using Cells = std::array<float, 4>;  // half width, low, estimate, high
-
-struct IntervalValues {
-  RecordStats record;
-  RecordPeakStats third, nth;
-};
-
-Cells Symmetric(float estimate, float half_width) {
-  return {half_width, estimate - half_width, estimate, estimate + half_width};
-}
-
-// A low end that can't be below 0.
-Cells NotNegative(float estimate, float half_width) {
-  Cells cells = Symmetric(estimate, half_width);
-  if (cells[1] < 0.0F) cells[1] = 0.0F;
-  return cells;
-}
-
-Cells PeakCells(int side, const RecordPeakStats& p) {
-  if (side == 0) return NotNegative(p.xpkN, p.xpkNci);
-  if (side == 1) return Symmetric(p.xpkNt, p.xpkNtci);
-  if (side == 2) return Symmetric(p.xpkNb, p.xpkNbci);
-  Cells cells = NotNegative(p.xpkNt - p.xpkNb, p.xpkNtci + p.xpkNbci);
-  cells[3] = ((p.xpkNt + p.xpkNtci) + p.xpkNbci) - p.xpkNb;  // the top's high, then the bottom
-  return cells;
-}
-
-Cells CellsOf(int number, const IntervalValues& v) {
-  if (number >= kStatNth && number < kStatNth + kStatSides) return PeakCells(number - kStatNth, v.nth);
-  if (number >= kStatThird && number < kStatThird + kStatSides) return PeakCells(number - kStatThird, v.third);
-  if (number == kStatMean) return Symmetric(v.record.xm, v.record.xmci);
-  if (number == kStatVariance) return NotNegative(v.record.xv, v.record.xvci);
-  Cells cells = Symmetric(v.record.xs, v.record.xsci);
-  if (number == kStatSsa)
-    for (float& cell : cells) cell = 2.0F * cell;
-  return cells;
-}
-
-bool NeedsPeaks(int number) {
-  return number == kStatTable || (number >= kStatThird && number < kStatNth + kStatSides);
-}
 
 // Statistic 0: everything. False: an argument was refused and it has been said.
 bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x, float prob,
@@ -92,11 +48,11 @@ bool FindIntervals(const Console& console, const StatisticName& statistic, std::
   constexpr int kIntervals = 1, kPeakIntervals = 0;  // options of the two routines
   const int number = statistic.number;
   std::vector<std::string> lines;
-  if (number == kStatTable || !NeedsPeaks(number)) {
+  if (number == kStatTable || !IntervalNeedsPeaks(number)) {
     const StatFault fault = CalcRecordStats(kIntervals, x, prob, out.record);
     lines = StatFaultLines(fault, "CalcRecordStats", 0, kIntervals, prob);
   }
-  if (lines.empty() && NeedsPeaks(number)) {
+  if (lines.empty() && IntervalNeedsPeaks(number)) {
     const int N[] = {3, std::max(1, statistic.N)};
     RecordPeakStats peaks[std::size(N)];
     const StatFault fault = CalcRecordPeakStats(N, kPeakIntervals, x, prob, peaks);
@@ -108,37 +64,19 @@ bool FindIntervals(const Console& console, const StatisticName& statistic, std::
   return lines.empty();
 }
 
-// What stands in the column "Quantity      " of a curve, separator included; blank: there is no such column.
-std::string QuantityCell(const OutputSettings& settings, const StatRequest& request, const PlotData& data,
-                         std::size_t i) {
+// What stands in the column "Quantity      " of a curve; blank: there is no such column.
+std::string QuantityOf(const StatRequest& request, const PlotData& data, std::size_t i) {
   const bool several = data.y.size() > 1;
-  if (!several && IsBlank(request.text)) return {};
-  const std::string& name = several ? data.labels[i] : request.text;
-  const char separator = static_cast<char>(settings.separator);
-  if (settings.separator != Separator::space) return QuotedName(settings.separator, name) + separator;
-  return fmt::format("{:<{}}{}", TrimEnd(name), kQuantityHead.size(), separator);
+  return several ? data.labels[i] : IsBlank(request.text) ? std::string() : request.text;
 }
 
-void AppendHeads(const OutputSettings& settings, const StatRequest& request, const CaseStore& c, const OutputFile& out,
-                 bool quantity_column, std::string& text) {
-  std::vector<std::string> names{" Statistic     ", "Cnfdnce Intvl", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
-  if (quantity_column) names.insert(names.begin(), std::string(kQuantityHead));
+void AppendTitle(const OutputSettings& settings, const StatRequest& request, const CaseStore& c, const OutputFile& out,
+                 std::string& text) {
   if (out.had_text) text += '\n';
   fmt::format_to(std::back_inserter(text),
                  "Statistical estimates with confidence interval of {} for ZAVO file {}\n"
                  "Confidence Interval Probability= {}\n",
                  cQntLong(request.quantity.iqnt), c.file_name, Shown{settings.confidence_probability});
-  AppendHeading(text, LayoutFor(settings.separator, names), names);
-}
-
-void AppendRows(const OutputSettings& settings, const std::string& quantity, const IntervalValues& values,
-                std::string& text) {
-  TableLayout layout;  // all cells are of the usual width
-  layout.separator = settings.separator;
-  for (const IntervalRow& row : kRows) {
-    text += quantity;
-    AppendLabelledRow(text, layout, row.label, CellsOf(row.number, values));
-  }
 }
 
 // One bare line: text as typed, then four cells a curve.
@@ -146,7 +84,7 @@ void AppendLine(const OutputSettings& settings, const StatRequest& request, std:
                 std::string& text) {
   std::vector<float> cells;
   for (const IntervalValues& values : curves) {
-    const Cells four = CellsOf(request.statistic.number, values);
+    const IntervalCells four = IntervalCellsOf(request.statistic.number, values);
     cells.insert(cells.end(), four.begin(), four.end());
   }
   AppendBareLine(settings.separator, request.text, cells, text);
@@ -166,9 +104,11 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
   std::string text;
   if (request.statistic.number == kStatTable) {
     const bool quantity_column = curves.size() > 1 || !IsBlank(request.text);
-    AppendHeads(settings, request, case_store, out, quantity_column, text);
+    AppendTitle(settings, request, case_store, out, text);
+    AppendIntervalHeading(settings.separator, quantity_column, text);
     for (std::size_t i = 0; i < curves.size(); ++i)
-      AppendRows(settings, QuantityCell(settings, request, record.data, i), curves[i], text);
+      AppendIntervalRows(settings.separator, QuantityOf(request, record.data, i), IntervalWords::record, curves[i],
+                         text);
   } else {
     AppendLine(settings, request, curves, text);
   }
@@ -177,6 +117,27 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
 }
 
 }  // namespace
+
+void AppendIntervalHeading(Separator separator, bool quantity_column, std::string& text) {
+  std::vector<std::string> names{" Statistic     ", "Cnfdnce Intvl", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
+  if (quantity_column) names.insert(names.begin(), std::string(kQuantityHead));
+  AppendHeading(text, LayoutFor(separator, names), names);
+}
+
+void AppendIntervalRows(Separator separator, std::string_view quantity, IntervalWords words,
+                        const IntervalValues& values, std::string& text) {
+  std::string ahead;
+  if (!quantity.empty() && separator != Separator::space) ahead = QuotedName(separator, quantity);
+  else if (!quantity.empty()) ahead = fmt::format("{:<{}}", TrimEnd(quantity), kQuantityHead.size());
+  if (!quantity.empty()) ahead += static_cast<char>(separator);
+  TableLayout layout;  // all cells are of the usual width
+  layout.separator = separator;
+  for (const IntervalRow& row : kRows) {
+    text += ahead;
+    const std::string_view label = words == IntervalWords::ensemble ? row.ensemble_label : row.label;
+    AppendLabelledRow(text, layout, label, IntervalCellsOf(row.number, values));
+  }
+}
 
 bool HasInterval(int number) {
   if (number == kStatTable) return true;

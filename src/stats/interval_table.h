@@ -1,6 +1,12 @@
 // Statistics with confidence intervals: 12 rows for each curve, or one bare line of one statistic.
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/table_text.h"
+#include "stats/interval_cells.h"
 #include "stats/stat_table.h"
 
 namespace zaview {
@@ -12,5 +18,14 @@ namespace zaview {
 // 24: one line, text, half width, low, estimate, high.
 [[nodiscard]] TableFault WriteIntervals(const Console& console, const OutputSettings& settings,
                                         const StatRequest& request, CaseStore& case_store, OutputFile& out);
+
+// ---- What the table of an ensemble has in common with this one
+
+enum class IntervalWords : std::uint8_t { record, ensemble };  // their row labels differ in a letter or two
+
+void AppendIntervalHeading(Separator separator, bool quantity_column, std::string& text);
+// The 12 rows; quantity: what stands in that column, blank: there is none.
+void AppendIntervalRows(Separator separator, std::string_view quantity, IntervalWords words,
+                        const IntervalValues& values, std::string& text);
 
 }  // namespace zaview

@@ -3,18 +3,26 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
+#include "case/output_settings.h"
 #include "stats/histogram.h"
 
 namespace zaview {
 
 struct EnsembleKey {  // for what the loaded records and the dependence length are valid
+  struct Record {
+    std::uint64_t serial = 0;
+    int first_step = 1, last_step = 0;
+    bool operator==(const Record&) const = default;
+  };
   int iqnt = 0, curve = 0;
   std::array<double, 3> point{};
   std::array<float, 4> missile{};
-  int skip_initial = 0, skip_terminal = 0;
-  unsigned generation = 0;  // of StatisticsState: a read, other trims, scales, signs, smoothing or stride
+  int skip_initial = 0;  // in force
+  OutputSettings settings;
+  std::vector<Record> records;
   bool operator==(const EnsembleKey&) const = default;
 };
 
@@ -27,8 +35,7 @@ struct EnsembleData {  // the records of one curve, as shown, skipped points lef
   float dt = 0;                          // time from sample to sample
 };
 
-struct DependenceResult {
-  EnsembleKey key;
+struct DependenceResult {  // of the loaded ensemble; loading another one makes it unknown
   float cutoff = 0;
   bool known = false;
   int ndti = 0;
@@ -36,9 +43,7 @@ struct DependenceResult {
 };
 
 struct StatisticsState {
-  unsigned generation = 1;  // counted up by whatever makes shown values stale
-  int nmany = 0;            // ENSEMBLE_NMANY
-  int plot_stats = 0;  // which statistics plots show: 0 none, 1 1/3rd, 2 1/10th, 3 standard deviation, 4 min and max
+  int nmany = 0;  // which scheme (ensemble_stats.h)
   HistogramRequest histogram;
   bool histogram_of_ensemble = false;
   EnsembleData ensemble;

@@ -1,0 +1,241 @@
+#include "frame/text_menu.h"
+
+#include <array>
+#include <vector>
+
+#include "base/message.h"
+#include "case/case_hull.h"
+#include "case/ensemble_match.h"
+#include "case/history_dialogue.h"
+#include "case/read_output_file.h"
+#include "case/settings_dialogues.h"
+#include "frame/option_menu.h"
+#include "frame/quantity_menu.h"
+#include "script/open_script_file.h"
+#include "stats/ensemble_dialogues.h"
+#include "stats/table_dialogues.h"
+
+namespace zaview {
+namespace {
+
+constexpr std::string_view kTitle = "ZAVO Output Options:";
+constexpr std::string_view kPrompt = "Select option=>";
+constexpr std::string_view kNotYet = "{} : this option is not available yet";
+
+// ---- When an option is offered
+
+bool Always(const Session&) {
+  return true;
+}
+
+bool TimeHistory(const Session& s) {
+  return s.case_store.has_steps() && s.case_store.time_history();
+}
+
+bool HasHull(const Session& s) {
+  return s.case_store.hull_tried == Tried::there;
+}
+
+bool Animation(const Session& s) {
+  return TimeHistory(s) && HasHull(s) && s.case_store.labels.VERSION >= 0;
+}
+
+bool Trajectory(const Session& s) {
+  return TimeHistory(s) && s.case_store.labels.VERSION >= 0;
+}
+
+bool HasXCuts(const Session& s) {
+  const SectionLoads& loads = s.case_store.loads;
+  return loads.NBCA > 0 && (loads.IVM > 0 || loads.IHM > 0 || loads.ITM > 0);
+}
+
+bool HullAndHistory(const Session& s) {
+  return TimeHistory(s) && HasHull(s);
+}
+
+// A free run in calm water that starts with a roll angle or a roll rate.
+bool RollDecay(const Session& s) {
+  constexpr int kFreeMotion = 2;
+  constexpr std::size_t kRoll = 3;
+  const ControlRecords& control = s.case_store.control;
+  return TimeHistory(s) && control.MOTYPE == kFreeMotion && control.seaway.ISEA == 0 && control.SWTCH[kRoll] != 0 &&
+         (control.PMGIN[kRoll] != 0 || control.VMGSHP[kRoll] != 0);
+}
+
+bool SeveralRecords(const Session& s) {
+  return s.ensemble.nrec > 1;
+}
+
+// ---- What an option does
+
+EnsembleDialogue DialogueOf(Session& s) {
+  return {
+      s.platform, s.output, {s.case_store, s.ensemble},
+        s.statistics
+  };
+}
+
+// A quantity, then the work on it.
+template <typename Work>
+void WithQuantity(Session& s, QuantityTask task, Work work) {
+  QuantityRequest request;
+  if (quantity_menu(s.platform.console, s.output, task, s.case_store, request)) work(request);
+}
+
+void Exit(Session& s) {
+  s.run.exit_requested = true;
+}
+
+void WriteHistory(Session& s) {
+  WithQuantity(s, QuantityTask::history_file,
+               [&s](const QuantityRequest& request) { AskHistoryFile(s.platform, s.output, request, s.case_store); });
+}
+
+void WriteStatistics(Session& s) {
+  WithQuantity(s, QuantityTask::statistics, [&s](const QuantityRequest& request) {
+    AskStatisticsFile(s.platform, s.output, request, s.case_store);
+  });
+}
+
+void WriteIntervalTable(Session& s) {
+  WithQuantity(s, QuantityTask::intervals,
+               [&s](const QuantityRequest& request) { AskIntervalFile(s.platform, s.output, request, s.case_store); });
+}
+
+void ReadNewFile(Session& s) {
+  ReadRequest request;
+  request.ensemble_mode = s.run.ensemble_mode;
+  request.restart_mode = static_cast<RestartMode>(s.run.restart_mode);
+  request.ship = s.run.selected_ship;
+  request.vcg = s.run.selected_vcg;
+  (void)read_output_file(request, s.platform, s.run, s.output, s.case_store, s.ensemble);
+}
+
+void ChangeScales(Session& s) {
+  AskOutputScales(s.platform.console, s.output, s.case_store);
+}
+
+void Trim(Session& s) {
+  retrim_record(s.platform.console, s.output, s.case_store);
+  TrimOtherRecords(s.output, s.ensemble);
+}
+
+// The session stays open behind the script, also where a view had it wait.
+void RunScriptFile(Session& s) {
+  s.run.script_active = true;
+  s.run.script_is_init = true;
+  const int status = OpenScriptFile(s, "");
+  if (s.run.plot_module > 0) return;
+  if (status != kScriptCancelled && status != kScriptNotRun) SayLine(s.platform.console, "ZAVIEW continuing...");
+  s.run.script_active = false;
+  s.run.script_is_init = false;
+  s.run.skip_prompt = SkipPrompt::ask;
+}
+
+void WriteKino(Session& s) {
+  AskKinoFiles(s.platform, s.output, s.case_store);
+}
+
+void SetSmoothing(Session& s) {
+  AskSmoothing(s.platform.console, s.output);
+}
+
+void EnsembleTable(Session& s) {
+  WithQuantity(s, QuantityTask::ensemble,
+               [&s](const QuantityRequest& request) { AskEnsembleFile(DialogueOf(s), request, false); });
+}
+
+void EnsembleIntervals(Session& s) {
+  WithQuantity(s, QuantityTask::ensemble_intervals,
+               [&s](const QuantityRequest& request) { AskEnsembleFile(DialogueOf(s), request, true); });
+}
+
+void Autocorrelation(Session& s) {
+  const QuantityTask task = SeveralRecords(s) ? QuantityTask::ensemble_autocorrelation : QuantityTask::autocorrelation;
+  WithQuantity(s, task, [&s](const QuantityRequest& request) { AskAutocorrelationFile(DialogueOf(s), request); });
+}
+
+void Rates(Session& s) {
+  constexpr MenuItem kItems[] = {
+      {" 0 - Return to main menu"}, {" 1 - Upcrossing statistics"}, {" 2 - Exceedance rate"}};
+  int item = 0;
+  if (select_option(s.platform.console, "Upcrossings and exceedances:", "Select =>", kItems, -1, item) != Answer::ok ||
+      item == 0)
+    return;
+  const auto ask = item == 1 ? AskUpcrossings : AskExceedances;
+  WithQuantity(s, QuantityTask::rates, [&s, ask](const QuantityRequest& request) { ask(DialogueOf(s), request); });
+}
+
+// ---- The options, by number
+
+struct Option {
+  std::string_view text;
+  bool (*offered)(const Session& session);
+  void (*act)(Session& session);  // null: not there yet, which is said
+};
+// clang-format off
+constexpr Option kOptions[] = {
+    {" 0 - Exit ZAVIEW",                                        Always,         Exit              },
+    {" 1 - Plot curves of time history data",                   Always,         nullptr           },
+    {" 2 - Write time history file(s)",                         Always,         WriteHistory      },
+    {" 3 - Histogram of time history data",                     Always,         nullptr           },
+    {" 4 - Write statistics of time history data",              TimeHistory,    WriteStatistics   },
+    {" 5 - 3-D motion animation",                               Animation,      nullptr           },
+    {" 6 - Plot trajectory",                                    Trajectory,     nullptr           },
+    {" 7 - Plot sectional load distribution",                   HasXCuts,       nullptr           },
+    {" 8 - Statistics with confidence interval",                TimeHistory,    WriteIntervalTable},
+    {" 9 - Read new output file",                               Always,         ReadNewFile      },
+    {"10 - Change output dimensionalization (scale) factors",   Always,         ChangeScales     },
+    {"11 - Trim time record for statistics or output files",    Always,         Trim},
+    {"12 - Plot geometry",                                      HasHull,        nullptr           },
+    {"13 - Run script file",                                    Always,         RunScriptFile},
+    {"14 - GZ curve analysis",                                  HullAndHistory, nullptr           },
+    {"15 - Compute roll decay coefficients",                    RollDecay,      nullptr           },
+    {"16 - Wave celerity analysis",                             TimeHistory,    nullptr           },
+    {"17 - Write KINO motion, seaway and command files",        TimeHistory,    WriteKino         },
+    {"18 - Set data smoothing option",                          Always,         SetSmoothing     },
+    {"19 - Wave field output",                                  TimeHistory,    nullptr           },
+    {"20 - Ensemble statistics",                                SeveralRecords, EnsembleTable     },
+    {"21 - Ensemble statistics with confidence interval",       SeveralRecords, EnsembleIntervals },
+    {"22 - Plot statistics with confidence intervals",          TimeHistory,    nullptr           },
+    {"23 - Write/Plot autocorrelation",                         TimeHistory,    Autocorrelation   },
+    {"24 - Upcrossings and exceedances",                        TimeHistory,    Rates             },
+    {"25 - Sensor view analysis",                               TimeHistory,    nullptr           },
+    {"26 - Crane and cargo simulation",                         TimeHistory,    nullptr           },
+};
+// clang-format on
+
+constexpr std::size_t kHistogram = 3, kAutocorrelation = 23;
+
+std::string_view TextOf(const Session& s, std::size_t i) {
+  if (i == kHistogram && !s.case_store.time_history()) return " 3 - Frequency domain coefficients";
+  if (i == kAutocorrelation && SeveralRecords(s)) return "23 - Write/plot ensemble averaged autocorrelation";
+  return kOptions[i].text;
+}
+
+// The option that is chosen; the end of input and QUIT choose to leave.
+std::size_t AskOption(Session& s) {
+  (void)EnsureHull(s.platform, s.case_store);
+  std::vector<MenuItem> items;
+  for (std::size_t i = 0; i < std::size(kOptions); ++i) items.push_back({TextOf(s, i), kOptions[i].offered(s)});
+  int option = 0;
+  if (select_option(s.platform.console, kTitle, kPrompt, items, -1, option) != Answer::ok) return 0;
+  return static_cast<std::size_t>(option);
+}
+
+}  // namespace
+
+void text_menu(Session& session) {
+  RunState& run = session.run;
+  while (run.plot_module == 0 && !run.exit_requested) {
+    const Option& option = kOptions[AskOption(session)];
+    if (option.act == nullptr) {
+      constexpr std::size_t kNumber = 5;  // "10 - "
+      Say(session.platform.console, kNotYet, option.text.substr(kNumber));
+      continue;
+    }
+    option.act(session);
+  }
+}
+
+}  // namespace zaview

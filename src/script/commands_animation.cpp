@@ -1,0 +1,264 @@
+// Settings of the motion animation: its options and its overlay graphs.
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+#include "script/selectors.h"
+#include "script/setting_words.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kBadKey = "ERROR - Invalid quantity for {} command: {}";
+
+// Anything that isn't a yes is a no.
+bool IsYes(std::string_view word) {
+  bool value = false;
+  return ReadBoolean(word, value) && value;
+}
+
+// ---- ANIMATE_OPTION
+
+struct OptionCall {
+  ScriptCall& call;
+  MotionViewState& view;
+  std::string word;  // the value, in capitals
+};
+
+template <bool MotionViewState::*flag>
+int SetFlag(OptionCall& option) {
+  option.view.*flag = IsYes(option.word);
+  return kScriptOk;
+}
+
+// A number within its limits: the message of a word that is none, and of one outside, as they stand.
+struct NumberRule {
+  std::string_view name;  // in the messages
+  float low, high;
+  bool low_itself;        // is the lower limit allowed
+  std::string_view outside;
+};
+
+int ReadNumber(const OptionCall& option, const NumberRule& rule, float& value) {
+  double number = 0;
+  if (!ParseDouble(option.word, number))
+    return Fail(option.call, kScriptBadArgument, "ERROR parsing value for KINO_OPT {}", rule.name);
+  const auto x = static_cast<float>(number);
+  const bool inside = (rule.low_itself ? x >= rule.low : x > rule.low) && x <= rule.high;
+  if (!inside)
+    return Fail(option.call, kScriptBadArgument, "ERROR - illegal value for KINO_OPT {}; should be {}", rule.name,
+                rule.outside);
+  value = x;
+  return kScriptOk;
+}
+
+constexpr float kNoLimit = 3.4e38F;
+constexpr NumberRule kAmbient{"AMBIENT", 0, 1, true, "between 0.0 and 1.0"};
+constexpr NumberRule kAperture{"APERTURE", 0, 90, true, "between 0.0 and 90.0"};
+constexpr NumberRule kRadius{"RADIUS", 0, kNoLimit, false, "> 0.0"};
+constexpr NumberRule kAzimuth{"AZIMUTH", 0, 360, true, "between 0.0 and 360.0"};
+constexpr NumberRule kElevation{"ELEVATION", -90, 90, true, "between -90.0 and 90.0"};
+constexpr NumberRule kGridSize{"GRIDSIZE", 0, kNoLimit, false, "> 0.0"};
+constexpr NumberRule kThick{"THICK", 0, kNoLimit, true, "=> 0.0"};
+constexpr NumberRule kSyncFactor{"SYNC_FACTOR", -kNoLimit, kNoLimit, true, "a number"};
+constexpr NumberRule kStep{"STEP", -kNoLimit, kNoLimit, true, "a number"};
+
+template <const NumberRule& rule, float MotionViewState::*field>
+int SetNumber(OptionCall& option) {
+  return ReadNumber(option, rule, option.view.*field);
+}
+
+int SetBody(OptionCall& option) {
+  const bool wire = StartsWith(option.word, "W");
+  if (!wire && !StartsWith(option.word, "S"))
+    return Fail(option.call, kScriptBadArgument, "Illegal value for KINO_OPT SEA");  // deliberate: SEA here too
+  option.view.hull_solid = !wire;
+  return kScriptOk;
+}
+
+int SetSea(OptionCall& option) {
+  MotionViewState& view = option.view;
+  if (StartsWith(option.word, "S")) {
+    view.fs_transparent = false;
+    return kScriptOk;
+  }
+  if (!StartsWith(option.word, "T"))
+    return Fail(option.call, kScriptBadArgument, "Illegal value for KINO_OPT SEA");
+  std::vector<float> opacity;
+  if (!ParseRealList(option.call.words, -1, opacity) || opacity.empty())
+    return Fail(option.call, kScriptBadArgument, "ERROR parsing value for KINO_OPT {}", "SEA TRANSPARENT");
+  view.fs_transparent = true;
+  view.fs_opacity = opacity[0];
+  if (opacity[0] >= 0 && opacity[0] <= 1) return kScriptOk;
+  SayLine(option.call.console(),
+          "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0");
+  view.fs_opacity = 1;
+  return kScriptOk;
+}
+
+// 0 turns it off; the sign tells the sense.
+int SetSync(OptionCall& option) {
+  float factor = 0;
+  if (const int status = ReadNumber(option, kSyncFactor, factor); status != kScriptOk) return status;
+  option.view.run_sync = factor != 0;
+  if (factor == 0) return kScriptOk;
+  option.view.sync_real_time = factor > 0;
+  option.view.run_sync_factor = std::fabs(factor);
+  return kScriptOk;
+}
+
+int SetStep(OptionCall& option) {
+  float value = 0;
+  if (const int status = ReadNumber(option, kStep, value); status != kScriptOk) return status;
+  const CaseStore& store = option.call.session.case_store;
+  const int step = RoundToInt(static_cast<double>(value));
+  option.view.initial_step =
+      store.has_steps() ? std::clamp(step, store.first_step, std::max(store.first_step, store.last_step)) : step;
+  return kScriptOk;
+}
+
+struct OptionRow {
+  std::string_view key;
+  NameMatch match;
+  int (*set)(OptionCall& option);
+};
+using enum NameMatch;
+constexpr OptionRow kOptionRows[] = {  // the first that fits counts
+    {"RUD",       beginning, SetFlag<&MotionViewState::show_rudders>                   },
+    {"TIME",      beginning, SetFlag<&MotionViewState::show_time>                      },
+    {"TITLE",     whole,     SetFlag<&MotionViewState::show_title>                     },
+    {"PERS",      beginning, SetFlag<&MotionViewState::perspective>                    },
+    {"SHAD",      beginning, SetFlag<&MotionViewState::shading_on>                     },
+    {"TR",        beginning, SetFlag<&MotionViewState::body_transparent>               },
+    {"BODY",      whole,     SetBody                                                   },
+    {"SEA",       whole,     SetSea                                                    },
+    {"AMB",       beginning, SetNumber<kAmbient, &MotionViewState::ambient>            },
+    {"APER",      beginning, SetNumber<kAperture, &MotionViewState::view_width>        },
+    {"VIEW_RAD",  beginning, SetNumber<kRadius, &MotionViewState::view_radius>         },
+    {"RAD",       beginning, SetNumber<kRadius, &MotionViewState::view_radius>         },
+    {"VIEW_AZIM", beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>       },
+    {"AZIM",      beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>       },
+    {"VIEW_ELEV", beginning, SetNumber<kElevation, &MotionViewState::view_elevation>   },
+    {"ELEV",      beginning, SetNumber<kElevation, &MotionViewState::view_elevation>   },
+    {"SYNC",      beginning, SetSync                                                   },
+    {"GRID",      whole,     SetNumber<kGridSize, &MotionViewState::fs_grid_size>      },
+    {"GRIDSIZE",  whole,     SetNumber<kGridSize, &MotionViewState::fs_grid_size>      },
+    {"GRID_SIZE", whole,     SetNumber<kGridSize, &MotionViewState::fs_grid_size>      },
+    {"THICK",     whole,     SetNumber<kThick, &MotionViewState::line_thickness>       },
+    {"INIT_STEP", whole,     SetStep                                                   },
+    {"STEP",      beginning, SetStep                                                   },
+};
+
+bool Fits(NameMatch match, std::string_view name, std::string_view word) {
+  return match == whole ? word == name : StartsWith(word, name);
+}
+
+int RunAnimateOption(ScriptCall& call) {
+  const std::string typed = NextScriptWord(call.words, kKeyword);
+  const std::string key = Capitals(typed);
+  for (const OptionRow& row : kOptionRows) {
+    if (!Fits(row.match, row.key, key)) continue;
+    OptionCall option{call, call.session.motion_view, Capitals(NextScriptWord(call.words, kKeyword))};
+    return row.set(option);
+  }
+  return Fail(call, kScriptBadArgument, kBadKey, call.command, typed);
+}
+
+// ---- Graphs
+
+constexpr std::string_view kColourNames[kColours] = {"BLACK",   "WHITE",    "RED",    "GREEN", "BLUE",   "YELLOW",
+                                                     "CYAN",    "MAGENTA",  "SEAGREEN", "ORANGE", "TAN", "VIOLET",
+                                                     "GOLD",    "BROWN",    "GREY",   "DARKGREEN"};
+
+// A graph index from `least` to 4.
+int ReadGraph(ScriptCall& call, int least, int& graph) {
+  std::vector<float> values;
+  const bool read = ParseRealList(call.words, 1, values);
+  graph = read ? RoundToInt(static_cast<double>(values[0])) : least - 1;
+  if (graph >= least && graph <= kGraphs) return kScriptOk;
+  return Fail(call, kScriptFailed, "ERROR - Invalid graph index for {} value must be {}-{}", call.command, least,
+              kGraphs);
+}
+
+int RunAnimateGraph(ScriptCall& call) {
+  int index = 0;
+  if (const int status = ReadGraph(call, 1, index); status != kScriptOk) return status;
+  MotionGraph& graph = call.session.motion_view.graphs[static_cast<std::size_t>(index - 1)];
+  WordScanner ahead = call.words;
+  std::size_t next_line = *call.words.next_line;
+  ahead.next_line = &next_line;
+  if (Capitals(NextScriptWord(ahead, kKeyword)) == "OFF") {
+    (void)NextScriptWord(call.words, kKeyword);
+    graph.on = false;
+    return kScriptOk;
+  }
+  Selector selector;
+  QuantityRequest request;
+  if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
+  graph.request = request;
+  graph.on = true;
+  return kScriptOk;
+}
+
+int SetColour(ScriptCall& call, const std::string& word, MotionGraph& graph) {
+  const auto name = std::find(std::begin(kColourNames), std::end(kColourNames), Capitals(word));
+  if (name == std::end(kColourNames))
+    return Fail(call, kScriptBadArgument, "ERROR - unrecognized color= {}", word);
+  graph.colour = static_cast<int>(name - std::begin(kColourNames));
+  return kScriptOk;
+}
+
+struct GraphFlagRow {
+  std::string_view key;
+  bool MotionGraph::*flag;
+};
+constexpr GraphFlagRow kGraphFlags[] = {
+    {"BL",  &MotionGraph::blank   },
+    {"SCR", &MotionGraph::scroll  },
+    {"T",   &MotionGraph::time_bar},
+    {"MAR", &MotionGraph::mark    },
+    {"VAL", &MotionGraph::value   },
+};
+
+int SetGraphOption(ScriptCall& call, const std::string& key, const std::string& word, MotionGraph& graph) {
+  const std::string capitals = Capitals(key);
+  if (StartsWith(capitals, "COL")) return SetColour(call, word, graph);
+  for (const GraphFlagRow& row : kGraphFlags) {
+    if (!StartsWith(capitals, row.key)) continue;
+    graph.*row.flag = IsYes(word);
+    return kScriptOk;
+  }
+  return Fail(call, kScriptBadArgument, kBadKey, call.command, key);
+}
+
+int RunAnimateGraphOption(ScriptCall& call) {
+  int index = 0;
+  if (const int status = ReadGraph(call, 0, index); status != kScriptOk) return status;
+  const std::string key = NextScriptWord(call.words, kKeyword);
+  const std::string word = NextScriptWord(call.words, kKeyword);
+  for (int i = 1; i <= kGraphs; ++i) {
+    if (index != 0 && index != i) continue;
+    MotionGraph& graph = call.session.motion_view.graphs[static_cast<std::size_t>(i - 1)];
+    if (const int status = SetGraphOption(call, key, word, graph); status != kScriptOk) return status;
+  }
+  return kScriptOk;
+}
+
+constexpr Command kAnimation[] = {
+    {{"ANIMATE_GRAPH", "KINO_GRAPH"},                                                      kNeedsCase, RunAnimateGraph      },
+    {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"}, kNone,      RunAnimateGraphOption},
+    {{"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"},                         kNone,      RunAnimateOption     },
+};
+
+}  // namespace
+
+CommandFamily AnimationSettings() {
+  return kAnimation;
+}
+
+}  // namespace zaview

@@ -1,0 +1,92 @@
+// Statistics of the ensemble in store: tables, single values, the averaged autocorrelation.
+#include <string>
+#include <vector>
+
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "script/command_table.h"
+#include "script/ensemble_cases.h"
+#include "script/open_script_file.h"
+#include "script/output_argument.h"
+#include "script/plot_fault.h"
+#include "script/selectors.h"
+#include "script/statistic_word.h"
+#include "stats/ensemble_table.h"
+
+namespace zaview {
+
+namespace {
+
+int WriteEnsemble(ScriptCall& call, const StatRequest& request, const Selector& selector, std::string_view done) {
+  Session& session = call.session;
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const TableFault fault =
+      EnsembleStat(call.console(), session.output, request, CasesOf(session), session.statistics, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid), done);
+}
+
+int RunEnsembleStat(ScriptCall& call) {
+  StatRequest request;
+  Selector selector;
+  if (const int status = ReadStatistic(call, request.statistic); status != kScriptOk) return status;
+  if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
+  request.text = NextScriptWord(call.words, kFreeText);
+  return WriteEnsemble(call, request, selector, "Ensemble statistics written to");
+}
+
+int RunEnsembleIntervals(ScriptCall& call) {
+  StatRequest request;
+  Selector selector;
+  request.statistic.number = kStatTable;
+  request.statistic.interval = true;
+  if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
+  return WriteEnsemble(call, request, selector, "Ensemble statistics written to");
+}
+
+// The whole line decides what is wanted, file names included.
+int RunEnsembleAutocorrelation(ScriptCall& call) {
+  Session& session = call.session;
+  const std::string line = call.command + Capitals(call.words.line);
+  if (Contains(line, "PLOT"))
+    return Fail(call, kScriptFailed, "ERROR - {} : plots are not available yet", call.command);
+  const bool dependence_only = Contains(line, "DEPEND");
+  Selector selector;
+  QuantityRequest request;
+  if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const TableFault fault = EnsembleAutoCorrelation(call.console(), session.output, request, dependence_only,
+                                                   CasesOf(session), session.statistics, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
+                      dependence_only ? "Dependence time written to" : "Ensemble averaged autocorrelation written to");
+}
+
+int RunMany(ScriptCall& call) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  const int nmany = RoundToInt(static_cast<double>(values[0]));
+  if (nmany < 0) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
+  call.session.statistics.nmany = nmany;
+  return kScriptOk;
+}
+
+constexpr Command kEnsemble[] = {
+    {{"ENSEMBLE_NMANY", "NMANY"},                                                                   kNone,          RunMany             },
+    {{"ENSEMBLE_STAT", "ENSEMBLE_STATS"},                                                           kNeedsEnsemble, RunEnsembleStat     },
+    {{"ENSEMBLE_CONFIDENCE_INTERVAL", "ENSEMBLE_CONFIDENCE", "ENSEMBLE_CONF", "ENSEMBLE_CI"},
+     kNeedsEnsemble,                                                                                                RunEnsembleIntervals},
+    {{"ENSEMBLE_AUTOCORRELATION", "ENSEMBLE_AUTOCORELATION", "ENSEMBLE_AUTOC", "WRITE_ENSEMBLE_AUTOCORRELATION",
+      "WRITE_ENSEMBLE_AUTOCORELATION", "WRITE_ENSEMBLE_AUTOC", "PLOT_ENSEMBLE_AUTOCORRELATION",
+      "PLOT_ENSEMBLE_AUTOCORELATION", "PLOT_ENSEMBLE_AUTOC", "DEPENDENCE_TIME", "DEPENDENCE"},
+     kNeedsCase | kNeedsMotion,
+     RunEnsembleAutocorrelation                                                                                                         },
+};
+
+}  // namespace
+
+CommandFamily EnsembleCommands() {
+  return kEnsemble;
+}
+
+}  // namespace zaview

@@ -1,0 +1,120 @@
+// Histograms: their settings and their table.
+#include <string>
+#include <vector>
+
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "case/quantity_catalogue.h"
+#include "script/command_table.h"
+#include "script/ensemble_cases.h"
+#include "script/open_script_file.h"
+#include "script/output_argument.h"
+#include "script/plot_fault.h"
+#include "script/selectors.h"
+#include "script/setting_words.h"
+#include "stats/histogram_table.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr WordValue kDataWords[] = {
+    {"ALL",      0},
+    {"SIGNED",   0},
+    {"SIG",      0},
+    {"ABSOLUTE", 1},
+    {"ABS",      1},
+    {"POSITIVE", 2},
+    {"POS",      2},
+};
+constexpr WordValue kOverlayWords[] = {
+    {"OFF",            0},
+    {"NONE",           0},
+    {"UNI",            1},
+    {"UNIFORM",        1},
+    {"NORM",           2},
+    {"NORMAL",         2},
+    {"GAUSSIAN",       2},
+    {"GAUSS",          2},
+    {"GRAMM-CHARLIER", 3},
+    {"GRAMM",          3},
+    {"GC",             3},
+    {"G-C",            3},
+    {"RAYLEIGH",       4},
+    {"RAY",            4},
+    {"EXPONENTIAL",    5},
+    {"EXP",            5},
+};
+constexpr WordValue kAxisWords[] = {
+  // 1: counts
+    {"N/NTOT", 0},
+    {"RATIO",  0},
+    {"N",      0},
+    {"TOTAL",  1},
+    {"COUNT",  1},
+};
+
+int RunData(ScriptCall& call) {
+  int value = 0;
+  const int status = ReadWord(call, kDataWords, value);
+  if (status == kScriptOk) call.session.statistics.histogram.data = static_cast<HistogramData>(value);
+  return status;
+}
+
+int RunOverlay(ScriptCall& call) {
+  int value = 0;
+  const int status = ReadWord(call, kOverlayWords, value);
+  if (status == kScriptOk) call.session.statistics.histogram.overlay = static_cast<Overlay>(value);
+  return status;
+}
+
+int RunAxis(ScriptCall& call) {
+  int value = 0;
+  const int status = ReadWord(call, kAxisWords, value);
+  if (status == kScriptOk) call.session.statistics.histogram.counts = value != 0;
+  return status;
+}
+
+int RunRate(ScriptCall& call) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  const int rate = RoundToInt(static_cast<double>(values[0]));
+  if (rate < 1) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
+  call.session.statistics.histogram.rate = rate;
+  return kScriptOk;
+}
+
+// A name that holds ENS, or several records in store: of the ensemble.
+int RunWriteHistogram(ScriptCall& call) {
+  Session& session = call.session;
+  const bool of_ensemble = Contains(call.command, "ENS") || session.ensemble.nrec > 1;
+  Selector selector;
+  QuantityRequest request;
+  if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const TableFault fault = WriteHistogram(call.console(), session.output, request, of_ensemble, CasesOf(session),
+                                          session.statistics, output.file);
+  const std::string done = fmt::format("Histogram of {} written to", QuantityLabel(session.case_store, request.iqnt));
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid), done);
+}
+
+constexpr Command kHistogram[] = {
+    {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"},                   kNone, RunData   },
+    {{"HISTOGRAM_DIST_OVERLAY", "HISTOGRAM_DIST", "HISTOGRAM_OVERLAY", "HIST_DIST_OVERLAY", "HIST_DIST",
+      "HIST_OVERLAY"},
+     kNone,                                                                                   RunOverlay},
+    {{"HISTOGRAM_YAXIS", "HISTOGRAM_Y", "HIST_YAXIS", "HIST_Y"},                       kNone, RunAxis   },
+    {{"HISTOGRAM_SAMPLE_RATE", "HISTOGRAM_SAMPLE", "HIST_SAMPLE_RATE", "HIST_SAMPLE"}, kNone, RunRate   },
+    {{"WRITE_HISTOGRAM", "WRITE_ENSEMBLE_HISTOGRAM"},
+     kNeedsCase | kNeedsMotion,
+     RunWriteHistogram                                                                                  }, // a table needs nothing to draw on
+};
+
+}  // namespace
+
+CommandFamily HistogramCommands() {
+  return kHistogram;
+}
+
+}  // namespace zaview

@@ -1,0 +1,127 @@
+// Settings that the views read: sizes, grid, backgrounds, and limits of the sensor view.
+#include <vector>
+
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+#include "script/setting_words.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kIllegal = "ERROR - illegal arguments for {} command";
+inline constexpr std::string_view kMissing = "ERROR - missing or insufficient arguments for {} command";
+
+struct Pair {
+  float first = 0, second = 0;
+};
+
+// Two numbers above 0. `name` is what the messages call the command.
+int ReadPair(ScriptCall& call, std::string_view name, Pair& pair) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptBadArgument, kMissing, name);
+  if (!(values[0] > 0) || !(values[1] > 0)) return Fail(call, kScriptBadArgument, kIllegal, name);
+  pair = {values[0], values[1]};
+  return kScriptOk;
+}
+
+int RunPlotSize(ScriptCall& call) {
+  Pair size;
+  const int status = ReadPair(call, "PLOT_SIZE", size);
+  DataPlotState& plot = call.session.data_plot;
+  if (status == kScriptOk) plot.axis_x_length = size.first, plot.axis_y_length = size.second;
+  return status;
+}
+
+int RunHistogramSize(ScriptCall& call) {
+  Pair size;
+  const int status = ReadPair(call, call.command, size);
+  DataPlotState& plot = call.session.data_plot;
+  if (status == kScriptOk) plot.histogram_x_length = size.first, plot.histogram_y_length = size.second;
+  return status;
+}
+
+int RunWindowSize(ScriptCall& call) {
+  Pair size;
+  const int status = ReadPair(call, "WINDOW_SIZE", size);
+  if (status != kScriptOk) return status;
+  const int width = RoundToInt(static_cast<double>(size.first));
+  const int height = RoundToInt(static_cast<double>(size.second));
+  if (width < 1 || height < 1) return Fail(call, kScriptBadArgument, kIllegal, "WINDOW_SIZE");
+  call.session.data_plot.window_width = width;
+  call.session.data_plot.window_height = height;
+  return kScriptOk;
+}
+
+// A yes or a no; a blank word is a yes.
+template <bool DataPlotState::*flag>
+int RunFlag(ScriptCall& call) {
+  const std::string word = NextScriptWord(call.words, kKeyword);
+  bool value = true;
+  if (!IsBlank(word) && !ReadBoolean(word, value))
+    return Fail(call, kScriptBadArgument, "ERROR - illegal value for {} command: {}", call.command, word);
+  call.session.data_plot.*flag = value;
+  return kScriptOk;
+}
+
+template <int colours>
+int RunBackground(ScriptCall& call) {
+  call.session.run.plot_colours = colours;
+  return kScriptOk;
+}
+
+constexpr WordValue kStatWords[] = {
+    {"OFF", 0},  {"NONE", 0},     {"1/3RD", 1}, {"1/3", 1}, {"3", 1},       {"SIGNIFICANT", 1}, {"SIG", 1},
+    {"ON", 1},   {"1/10TH", 2},   {"1/10", 2},  {"10", 2},  {"STDEV", 3},   {"ST.DEV", 3},      {"RMS", 3},
+    {"VAR", 3},  {"VARIANCE", 3}, {"MIN", 4},   {"MAX", 4}, {"MINIMUM", 4}, {"MAXIMUM", 4},     {"MINMAX", 4},
+};
+
+int RunPlotStats(ScriptCall& call) {
+  return ReadWord(call, kStatWords, call.session.data_plot.show_stats);
+}
+
+constexpr WordValue kStyleWords[] = {
+    {"LINED", 0}, {"CURVE", 0}, {"LINE", 0}, {"FILLED", 1}, {"FILL", 1}, {"OUTLINED", 2}, {"OUTLINE", 2},
+};
+
+int RunHistogramStyle(ScriptCall& call) {
+  int style = 0;
+  const int status = ReadWord(call, kStyleWords, style);
+  if (status == kScriptOk) call.session.data_plot.hist_rendering = static_cast<HistogramStyle>(style);
+  return status;
+}
+
+template <float SensorSettings::*field>
+int RunSensor(ScriptCall& call) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  call.session.sensor.*field = values[0];
+  return kScriptOk;
+}
+
+constexpr Command kViews[] = {
+    {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"},                           kNone, RunPlotStats                            },
+    {{"HISTOGRAM_STYLE", "HIST_STYLE"},                                             kNone, RunHistogramStyle                       },
+    {{"HISTOGRAM_PLOT_SIZE", "HISTOGRAM_AXES_SIZE", "HISTOGRAM_AXIS_SIZE", "HIST_PLOT_SIZE", "HIST_AXES_SIZE",
+      "HIST_AXIS_SIZE"},                                                            kNone, RunHistogramSize                        },
+    {{"PLOT_SIZE", "AXES_SIZE", "AXIS_SIZE"},                                       kNone, RunPlotSize                             },
+    {{"PLOT_GRID", "SHOW_GRID", "GRID"},                                            kNone, RunFlag<&DataPlotState::grid_on>        },
+    {{"MATCH_SCALES"},                                                              kNone, RunFlag<&DataPlotState::match_scales>   },
+    {{"SHOW_SHIP"},                                                                 kNone, RunFlag<&DataPlotState::show_ship>      },
+    {{"WINDOW_SIZE", "WINDOW"},                                                     kNone, RunWindowSize                           },
+    {{"REVERSE"},                                                                   kNone, RunBackground<1>                        },
+    {{"BLACK", "BLACKBG", "BLACK_BG"},                                              kNone, RunBackground<2>                        },
+    {{"WHITE", "WHITEBG", "WHITE_BG"},                                              kNone, RunBackground<3>                        },
+    {{"EARTH_RADIUS", "RADIUS_EARTH", "R_EARTH"},                                   kNone, RunSensor<&SensorSettings::earth_radius>  },
+    {{"MAXIXUM_SENSOR_VIEW_HEIGHT", "MAX_SENSOR_VIEW_HEIGHT", "MAX_SV_HEIGHT"},     kNone, RunSensor<&SensorSettings::height_maximum>},  // spelled so
+};
+
+}  // namespace
+
+CommandFamily ViewSettings() {
+  return kViews;
+}
+
+}  // namespace zaview

@@ -1,0 +1,23 @@
+// Keywords of settings.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "script/script_call.h"
+
+namespace zaview {
+
+struct WordValue {
+  std::string_view word;  // in capitals
+  int value = 0;
+};
+
+// The next word of the script, in any case, as the value of its row; "ERROR - Invalid argument for .. command : .."
+// if there is none. The status.
+[[nodiscard]] int ReadWord(ScriptCall& call, std::span<const WordValue> words, int& value);
+
+// A word that begins ON or Y is a yes, OFF or N a no, in any case. False: it is neither.
+[[nodiscard]] bool ReadBoolean(std::string_view word, bool& value);
+
+}  // namespace zaview
