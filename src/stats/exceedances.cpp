@@ -1,6 +1,7 @@
 #include "stats/exceedances.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -24,21 +25,31 @@ struct Rule {
       return x >= v || (option == Direction::both && x <= -v);
     }
   }
+  [[nodiscard]] int Side(float x) const {
+    const int high = option != Direction::down && x >= v ? 1 : 0;
+    return high + (option != Direction::up && x <= Low() ? 2 : 0);
+  }
   [[nodiscard]] bool Enters(float a, float b, float& level) const {
     if (option != Direction::down && a < v && v <= b) {
       level = v;
       return true;
     }
-    const float low = option == Direction::both ? -v : v;
+    const float low = Low();
     if (option == Direction::up || !(a > low && low >= b)) return false;
     level = low;
     return true;
   }
   [[nodiscard]] bool Leaves(float a, float b, float level) const {
-    const bool from_above = option == Direction::up || (option == Direction::both && level == v);
-    return from_above ? a >= level && level > b : a <= level && level < b;
+    return FromAbove(level) ? a >= level && level > b : a <= level && level < b;
+  }
+  // The level that is entered downward.
+  [[nodiscard]] float Low() const { return option == Direction::both ? -v : v; }
+  [[nodiscard]] bool FromAbove(float level) const {
+    return option == Direction::up || (option == Direction::both && level == v);
   }
 };
+
+constexpr std::size_t kChunk = 1024;  // samples
 
 template <Direction option>
 void CountRecord(std::span<const float> x, std::span<const float> t, int record, const Rule<option>& rule, int ndep,
@@ -52,25 +63,37 @@ void CountRecord(std::span<const float> x, std::span<const float> t, int record,
   bool in = rule.In(x[0], level);
   float tc = t[0];
   int last = 0;  // position of the last counted one, from 1
-  for (std::size_t i = 1; i < np; ++i) {
+  const auto step = [&](std::size_t i) {
     const float a = x[i - 1];
     const float b = x[i];
     if (in) {
-      if (!rule.Leaves(a, b, level)) continue;
+      if (!rule.Leaves(a, b, level)) return;
       out.Tex = (out.Tex + time_at(i, level)) - tc;
       in = false;
     }
     // A jump from one side to the other leaves and enters at the same step.
-    if (!rule.Enters(a, b, level)) continue;
+    if (!rule.Enters(a, b, level)) return;
     in = true;
     tc = time_at(i, level);
     ++out.total;
     const int position = static_cast<int>(i) + 1;
-    if (last == 0 || position - last >= ndep) {
-      ++out.nind;
-      last = position;
-      out.list.push_back({record, position, tc});
+    if (last != 0 && position - last < ndep) return;
+    ++out.nind;
+    last = position;
+    out.list.push_back({record, position, tc});
+  };
+  // Only a sample on another side than the one before can change the state. These are found without a branch.
+  std::array<std::size_t, kChunk> other_side;
+  int before = rule.Side(x[0]);
+  for (std::size_t begin = 1; begin < np; begin += kChunk) {
+    std::size_t found = 0;
+    for (std::size_t i = begin; i < std::min(np, begin + kChunk); ++i) {
+      const int side = rule.Side(x[i]);
+      other_side[found] = i;
+      found += static_cast<std::size_t>(side != before);
+      before = side;
     }
+    for (std::size_t j = 0; j < found; ++j) step(other_side[j]);
   }
   if (in) out.Tex = (out.Tex + t[np - 1]) - tc;
 }
