@@ -185,6 +185,29 @@ def waves(build, work):
     line("the same with slopes and potential", f"{1000 / times['DrawnSea/full:1']:.0f}", "none")
 
 
+def ensemble(build, work):
+    """100 records of 20 000 steps; numpy makes the same lags of every record as running sums in single precision, which
+    give the same bits, and as its own products, which don't."""
+    program = os.path.join(build, "bench", "ensemble_bench")
+    if not os.path.exists(program):
+        line("ensemble: no bench build", "-", ">= 20")
+        return
+    report = os.path.join(work, "ensemble.json")
+    subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
+                   stdout=subprocess.DEVNULL)
+    with open(report) as source:
+        times = {row["name"].removesuffix("/real_time"): row["real_time"] for row in json.load(source)["benchmarks"]}
+    c = numpy.random.default_rng(11).standard_normal(20_000, dtype=numpy.float32)
+    lags = [(c[:c.size - k], c[k:]) for k in range(141)]
+    running = 1e5 * best(lambda: seconds_of(lambda: [numpy.add.accumulate(a * b)[-1] for a, b in lags]))
+    products = 1e5 * best(lambda: seconds_of(lambda: [numpy.dot(a, b) for a, b in lags]))
+    ours = times["AveragedLags/141"]
+    print(f"averaged lags of an ensemble: {ours:.0f} ms, numpy {running:.0f} ms, by products {products:.0f} ms")
+    line("numpy / averaged lags of an ensemble", f"{running / ours:.1f}", ">= 20")
+    line("ensemble statistics and peaks of 100 x 20 000 steps, milliseconds", f"{times['StatsAndPeaks']:.0f}", "< 300")
+    line("100 thresholds of exceedance of it, milliseconds", f"{times['Thresholds100/1']:.0f}", "< 500")
+
+
 def many_runs(program, writer, work):
     """The same run under many names: one wild card against a line for each; both are one process."""
     count = 1000
@@ -278,6 +301,7 @@ def main():
         tables(program, writer, work)
         lag_sums(build, work)
         waves(build, work)
+        ensemble(build, work)
         many_runs(program, writer, work)
         layouts(build, work)
         companion(build, work)
