@@ -104,10 +104,11 @@ void TellKind(const ControlRecords& records, const Seaway& seaway, const FileSca
   TellSpectrum(added, scales, added.ISEA == 8 ? kAddedByHeight : kAdded, lines);
 }
 
-// Nine digits: a 4-byte value comes back as it was, but for the conversion of its units.
+// Nine digits: a 4-byte value comes back as it was, but for the conversion of its units. The longest fill their column:
+// the blank ahead keeps them apart.
 template <typename... Values>
 void AppendRow(std::string& text, Values... values) {
-  (fmt::format_to(std::back_inserter(text), "{:>15.9g}", values), ...);
+  (fmt::format_to(std::back_inserter(text), " {:>14.9g}", values), ...);
   text += '\n';
 }
 

@@ -14,7 +14,7 @@ constexpr KinoSeaUnits kUnits{9.81, 100};
 Seaway OfKind(int ISEA) {
   Seaway sea;
   sea.ISEA = ISEA;
-  if (ISEA == 1 || ISEA == 3) sea.waves = {{1.25F}, {-77.2629F}, {0.0123456F}, {180}};
+  if (ISEA == 1 || ISEA == 3) sea.waves = {{1.25F}, {-1.2345679e-5F}, {0.0123456F}, {180}};  // as long as they get
   if (ISEA == 3) sea.WSPEC = 4;
   if (ISEA == 4)
     sea.alternative = {
