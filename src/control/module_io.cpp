@@ -58,6 +58,7 @@ ModuleFault ReadListField(const ModuleField& field, ModuleLines& text, ModuleSta
 
 ModuleFault ReadField(const ModuleField& field, ModuleLines& text, ModuleState& state) {
   if (field.text == nullptr) return ReadListField(field, text, state);
+  if (field.count != nullptr && field.count(state) <= 0) return ModuleFault::none;
   std::string_view line;
   if (!NextDataLine(text, line)) return ModuleFault::end_of_file;
   *field.text(state) = TextField(line, kNameLength);
