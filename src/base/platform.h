@@ -20,7 +20,14 @@ struct Console {
   // The progress line of a long load; on anything but a terminal both do nothing.
   void (*show_progress)(void* self, std::string_view text) = nullptr;
   void (*remove_progress)(void* self) = nullptr;
+  // Has the user pressed Ctrl-C since this was last asked? read_line is then false at once, so that the question that
+  // waits can ask this to tell Ctrl-C from the end of the input. Null: never.
+  bool (*take_interrupt)(void* self) = nullptr;
 };
+
+[[nodiscard]] inline bool TakeInterrupt(const Console& console) {
+  return console.take_interrupt != nullptr && console.take_interrupt(console.self);
+}
 
 using FileHandle = int;
 inline constexpr FileHandle kNoFile = -1;

@@ -11,7 +11,11 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
+
+#include "base/interrupt.h"
+#include "base/line_editor.h"
 
 namespace zaview {
 
@@ -20,16 +24,21 @@ namespace {
 constexpr std::size_t kConsoleBuffer = 1 << 16;
 constexpr std::size_t kKeptInputLine = 4096;  // columns kept of an input line; the rest is passed over
 constexpr mode_t kNewFileMode = 0666;         // less what the user's mask takes away
+constexpr int kEndedBySignal = 128;           // exit status, to which shells add the signal's number
 constexpr int kLinkHops = 40;                 // as the system itself: a longer chain is a loop
 
 struct PosixMachine {
   std::string out;       // console text not yet written
   std::vector<char> in;  // input read: [in_begin, in_end) is not yet taken
   std::size_t in_begin = 0, in_end = 0;
+  bool at_terminal = false;  // both standard input and output: lines are edited
+  LineEditor editor;         // made for the first line; null where the terminal can't
+  bool editor_tried = false;
   bool progress_on_terminal = false;
   bool progress_shown = false;
   std::vector<std::string> unfinished;  // files made new and neither renamed nor removed: a run that is cut off by its
                                         // console takes them away
+  std::vector<std::pair<FileHandle, std::string>> made_in_place;  // open files that were made under their own names
 };
 
 PosixMachine& Of(void* self) {
@@ -46,6 +55,14 @@ bool WriteAll(int file, std::string_view bytes) {
   return true;
 }
 
+// Of the files of a run that ends before its time: what is not complete goes.
+void RemoveUnfinished(const PosixMachine& machine) {
+  for (const std::string& name : machine.unfinished) ::unlink(name.c_str());
+  struct stat facts {};
+  for (const auto& [file, name] : machine.made_in_place)
+    if (::stat(name.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_size == 0) ::unlink(name.c_str());
+}
+
 ssize_t ReadSome(int file, char* to, std::size_t size) {
   for (;;) {
     const ssize_t n = ::read(file, to, std::min(size, static_cast<std::size_t>(SSIZE_MAX)));
@@ -55,7 +72,7 @@ ssize_t ReadSome(int file, char* to, std::size_t size) {
 
 // Nobody listens to the console any more (a closed pipe, a full disk).
 [[noreturn]] void EndWithoutConsole(const PosixMachine& machine) {
-  for (const std::string& name : machine.unfinished) ::unlink(name.c_str());
+  RemoveUnfinished(machine);
   ::_exit(1);
 }
 
@@ -75,17 +92,26 @@ void ShowProgress(void* self, std::string_view text) {
   WriteAll(STDERR_FILENO, line);
 }
 
+void FlushBegin(PosixMachine& machine, std::size_t size) {
+  if (size == 0) return;
+  RemoveProgress(&machine);
+  if (!WriteAll(STDOUT_FILENO, std::string_view(machine.out).substr(0, size))) EndWithoutConsole(machine);
+  machine.out.erase(0, size);
+}
+
+// At a terminal the open line is held back: it may become a prompt, which the editor draws.
 void FlushConsole(void* self) {
   PosixMachine& machine = Of(self);
-  if (machine.out.empty()) return;
-  RemoveProgress(self);
-  if (!WriteAll(STDOUT_FILENO, machine.out)) EndWithoutConsole(machine);
-  machine.out.clear();
+  FlushBegin(machine, machine.at_terminal ? machine.out.rfind('\n') + 1 : machine.out.size());
+}
+
+void FlushAll(PosixMachine& machine) {
+  FlushBegin(machine, machine.out.size());
 }
 
 void WriteConsole(void* self, std::string_view text) {
   PosixMachine& machine = Of(self);
-  if (machine.out.size() + text.size() > kConsoleBuffer) FlushConsole(self);
+  if (machine.out.size() + text.size() > kConsoleBuffer) FlushAll(machine);
   if (text.size() <= kConsoleBuffer) {
     machine.out += text;
     return;
@@ -93,7 +119,18 @@ void WriteConsole(void* self, std::string_view text) {
   if (!WriteAll(STDOUT_FILENO, text)) EndWithoutConsole(machine);
 }
 
+// The user wants out, or the system wants us out: files that stand are whole, others leave nothing.
+[[noreturn]] void EndEarly(PosixMachine& machine, int signal) {
+  if (machine.at_terminal) machine.out += '\n';
+  FlushAll(machine);
+  RemoveUnfinished(machine);
+  std::exit(kEndedBySignal + signal);
+}
+
+// False at the end of the input, or for an interrupt.
 bool FillInput(PosixMachine& machine) {
+  while (WaitForInput(STDIN_FILENO) == Waited::signal)
+    if (InterruptPending()) return false;
   machine.in.resize(kConsoleBuffer);
   const ssize_t n = ReadSome(STDIN_FILENO, machine.in.data(), machine.in.size());
   machine.in_begin = 0;
@@ -101,9 +138,8 @@ bool FillInput(PosixMachine& machine) {
   return n > 0;
 }
 
-bool ReadLine(void* self, std::string& line) {
-  FlushConsole(self);
-  PosixMachine& machine = Of(self);
+bool ReadPlainLine(PosixMachine& machine, std::string& line) {
+  FlushAll(machine);
   std::string kept;
   bool any = false;
   for (;;) {
@@ -118,8 +154,42 @@ bool ReadLine(void* self, std::string& line) {
     ++machine.in_begin;
     break;
   }
+  if (InterruptPending()) return false;
   if (any) line = std::move(kept);
   return any;
+}
+
+EditorParts* Editor(PosixMachine& machine) {
+  if (machine.at_terminal && !machine.editor_tried) machine.editor = MakeLineEditor();
+  machine.editor_tried = true;
+  return machine.editor.get();
+}
+
+bool ReadWithEditor(PosixMachine& machine, EditorParts& editor, std::string& line) {
+  RemoveProgress(&machine);
+  std::string prompt;
+  machine.out.swap(prompt);
+  std::string typed;
+  int end_signal = 0;
+  const EditEnd end = ReadEditedLine(editor, prompt, typed, end_signal);
+  if (end == EditEnd::end_of_run) EndEarly(machine, end_signal);
+  if (end != EditEnd::line) return false;
+  line = std::move(typed);
+  line.resize(std::min(line.size(), kKeptInputLine));
+  return true;
+}
+
+bool ReadLine(void* self, std::string& line) {
+  FlushConsole(self);
+  PosixMachine& machine = Of(self);
+  bool got = false;
+  if (!InterruptPending()) {
+    EditorParts* const editor = Editor(machine);
+    got = editor != nullptr ? ReadWithEditor(machine, *editor, line) : ReadPlainLine(machine, line);
+  }
+  if (InterruptedTwice()) EndEarly(machine, SIGINT);
+  if (got) NoteInput();
+  return got;
 }
 
 FileHandle OpenRead(void*, const std::string& name) {
@@ -136,12 +206,14 @@ std::int64_t ReadFile(void*, FileHandle file, char* to, std::size_t size) {
 }
 
 FileHandle OpenWrite(void* self, const std::string& name, WriteHow how, unsigned mode) {
+  const bool may_make = how != WriteHow::create_new && ::access(name.c_str(), F_OK) != 0;
   const int ways[] = {O_CREAT | O_EXCL, O_CREAT | O_TRUNC, O_CREAT | O_APPEND};
   const int file =
       ::open(name.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | ways[static_cast<std::size_t>(how)], kNewFileMode);
   if (file < 0) return kNoFile;
   if (mode != 0) static_cast<void>(::fchmod(file, mode));  // refused by some file systems: no reason to fail
   if (how == WriteHow::create_new) Of(self).unfinished.push_back(name);
+  if (may_make) Of(self).made_in_place.emplace_back(file, name);
   return file;
 }
 
@@ -153,7 +225,10 @@ bool ResizeFile(void*, FileHandle file, std::int64_t size) {
   return ::ftruncate(file, size) == 0;
 }
 
-bool CloseFile(void*, FileHandle file) {
+bool CloseFile(void* self, FileHandle file) {
+  auto& made = Of(self).made_in_place;
+  made.erase(std::remove_if(made.begin(), made.end(), [&](const auto& entry) { return entry.first == file; }),
+             made.end());
   return ::close(file) == 0 || errno == EINTR;
 }
 
@@ -228,7 +303,7 @@ double Seconds(void*) {
 }
 
 [[noreturn]] void Exit(void* self, int status) {
-  FlushConsole(self);
+  FlushAll(Of(self));
   std::exit(status);
 }
 
@@ -244,13 +319,21 @@ Platform PosixPlatform() {
   static PosixMachine machine;  // standard input and output are one a process themselves
   FillStandardFiles();
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+  CatchInterrupts();
+  machine.at_terminal = ::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1;
   machine.progress_on_terminal = ::isatty(STDERR_FILENO) == 1;
 
   Platform platform;
   platform.self = &machine;
   platform.exit = Exit;
-  platform.console = {&machine,     ReadLine,      WriteConsole, FlushConsole, ::isatty(STDIN_FILENO) == 1,
-                      ShowProgress, RemoveProgress};
+  platform.console = {&machine,
+                      ReadLine,
+                      WriteConsole,
+                      FlushConsole,
+                      ::isatty(STDIN_FILENO) == 1,
+                      ShowProgress,
+                      RemoveProgress,
+                      [](void*) { return TakeInterrupt(); }};
   platform.files = {&machine,  OpenRead, ReadFile, OpenWrite, WriteFile, ResizeFile,
                     CloseFile, Facts,    Rename,   Remove,    List};
   platform.clock = {&machine, Seconds};

@@ -32,7 +32,7 @@ Answer AskNumbers(const Console& console, std::string_view prompt, std::string_v
   for (;;) {
     std::string answer;
     const Answer status = ReadAnswer(console, prompt, fallback, answer);
-    if (status == Answer::end_of_input) return status;
+    if (status != Answer::ok) return status;
     if (IsQuit(answer)) return Answer::quit;
     if (!fallback.empty() && IsBlank(answer)) return Answer::ok;
     if (take(answer)) return Answer::ok;
@@ -80,7 +80,7 @@ Answer ReadAnswer(const Console& console, std::string_view prompt, std::string_v
   if (!console.input_is_terminal && !kept.empty()) console.write(console.self, fmt::format(" {}", kept));
   if (!console.input_is_terminal || !got) console.write(console.self, "\n");
   console.flush(console.self);
-  if (!got) return Answer::end_of_input;
+  if (!got) return TakeInterrupt(console) ? Answer::quit : Answer::end_of_input;
   answer = kept;
   return Answer::ok;
 }

@@ -19,7 +19,7 @@ enum class Answer : std::uint8_t { ok, quit, end_of_input };  // end_of_input is
 inline constexpr std::size_t kAnswerLine = 256;  // columns of an answer; the rest is dropped
 
 // One line as typed (no QUIT, no BLANK): the ground of all questions and menus. "prompt [shown] " stands ahead of it;
-// of a prompt of several lines the last one waits. At the end of input the answer is untouched.
+// of a prompt of several lines the last one waits. At the end of input, and for Ctrl-C (quit), the answer is untouched.
 [[nodiscard]] Answer ReadAnswer(const Console& console, std::string_view prompt, std::string_view shown,
                                 std::string& answer);
 [[nodiscard]] bool IsQuit(std::string_view answer);  // begins with QUIT, Quit or quit
