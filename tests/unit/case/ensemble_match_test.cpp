@@ -90,7 +90,8 @@ TEST(EnsembleMatch, RecordsChangePlaces) {
   reset_ensemble(held.store, held.ensemble);
   EXPECT_EQ(held.ensemble.nrec, 1);
   EXPECT_EQ(held.Select(1), "4");
-  reset_ensemble(CaseStore{}, held.ensemble);
+  held.store = CaseStore{};
+  reset_ensemble(held.store, held.ensemble);
   EXPECT_EQ(held.Select(1), "none");
 }
 
