@@ -1,5 +1,6 @@
 // What the fuzz targets and the replay test share. An input may hold two files: the second stands behind a line "%%%%".
-// Each routine runs the whole program on a machine in memory and ends the process if a file stays open.
+// Each routine runs the program, or the readers of the file, on a machine in memory and ends the process if a file
+// stays open.
 #pragma once
 
 #include <string>
@@ -25,5 +26,14 @@ void TryIrfSections(std::string_view input);
 void TryScriptText(std::string_view input);
 // input: a KINO motions file; the second file is the seaway to it, none: calm.
 void TryKinoFiles(std::string_view input);
+// input: a KINO seaway file.
+void TryKinoSea(std::string_view input);
+// input: a file of wave phases.
+void TryPhases(std::string_view input);
+// input: the modules of a control text; the second file is what they name.
+void TryModuleText(std::string_view input);
+// input: a line with the format's letter (small: half a body), UGEOMNORM and the number of surfaces, then a geometry
+// file; the second file, of its own such line, is added to it.
+void TryGeometry(std::string_view input);
 
 }  // namespace zaview

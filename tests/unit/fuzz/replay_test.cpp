@@ -51,5 +51,21 @@ TEST(FuzzReplay, KinoFiles) {
   Replay("kino_motions", TryKinoFiles);
 }
 
+TEST(FuzzReplay, KinoSeas) {
+  Replay("kino_sea", TryKinoSea);
+}
+
+TEST(FuzzReplay, Phases) {
+  Replay("phases", TryPhases);
+}
+
+TEST(FuzzReplay, ModuleTexts) {
+  Replay("module_text", TryModuleText);
+}
+
+TEST(FuzzReplay, Geometries) {
+  Replay("geometry", TryGeometry);
+}
+
 }  // namespace
 }  // namespace zaview
