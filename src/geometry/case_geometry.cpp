@@ -45,18 +45,10 @@ bool Append(const Console& console, Hull&& part, Hull& hull) {
 bool AddGeometry(const Platform& platform, const GeometryRequest& request, const InputTransform& transform,
                  Hull& hull) {
   Hull part;
-  switch (ReadGeometry(platform, request, part)) {
-    case GeometryStatus::ok:
-      break;
-    case GeometryStatus::skipped:
-      SayLine(platform.console, kSkipped);
-      return true;
-    case GeometryStatus::cannot_open:
-      Say(platform.console, kNotOpen, SplitGeometryName(request.name).file);
-      return false;
-    case GeometryStatus::failed:
-      return false;
-  }
+  const GeometryStatus status = ReadGeometry(platform, request, part);
+  if (status == GeometryStatus::skipped) SayLine(platform.console, kSkipped);
+  if (status == GeometryStatus::cannot_open) Say(platform.console, kNotOpen, SplitGeometryName(request.name).file);
+  if (status != GeometryStatus::ok) return status == GeometryStatus::skipped;
   if (request.half && !ReflectGeometry(platform.console, request.LENIN, part)) return false;
   TransformHull(transform, part);
   return Append(platform.console, std::move(part), hull);

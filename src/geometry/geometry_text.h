@@ -1,7 +1,9 @@
 // What the readers of the geometry formats share: clean lines as lists, an open file by its lines, points of a surface.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,6 +36,7 @@ struct GeometryLines {
   GeometryLines(const GeometryLines&) = delete;
   GeometryLines& operator=(const GeometryLines&) = delete;
   [[nodiscard]] bool is_open() const { return file != kNoFile; }
+  [[nodiscard]] std::int64_t line_number() const { return std::max<std::int64_t>(source.line_number, 1); }
 
   const Files& files;
   FileHandle file = kNoFile;

@@ -29,12 +29,10 @@ bool IsNone(std::string_view name) {
   return name.empty() || name == "NONE" || name == "none";
 }
 
-// Relative names: in the working directory, then beside the file that names them. Blank: there is no such file.
+// Relative names: in the working directory, then beside the file that names them. Blank: there is no such file. Only
+// plain ones: a pipe or terminal that a run file names would be waited for.
 std::string PathOf(const Files& files, const std::string& name, std::string_view folder) {
-  const auto is_file = [&files](const std::string& path) {
-    const FileFacts facts = files.facts(files.self, path);
-    return facts.exists && !facts.directory;
-  };
+  const auto is_file = [&files](const std::string& path) { return files.facts(files.self, path).plain; };
   if (is_file(name)) return name;
   if (folder.empty() || name.front() == '/') return {};
   std::string beside = std::string(folder) + name;

@@ -31,7 +31,7 @@ struct HrlText {
 
 bool SayUnreadable(const HrlText& text) {
   SayLine(text.console, kUnreadable);
-  Say(text.console, kAtGeometryLine, text.lines.source.line_number, text.path);
+  Say(text.console, kAtGeometryLine, text.lines.line_number(), text.path);
   return false;
 }
 

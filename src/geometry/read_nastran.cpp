@@ -165,7 +165,7 @@ GeometryStatus ReadNastran(const Platform& platform, const std::string& path, co
   }
   if (read == CardsRead::unreadable) {
     SayLine(console, kUnreadable);
-    Say(console, kAtGeometryLine, lines.source.line_number, path);
+    Say(console, kAtGeometryLine, lines.line_number(), path);
     return GeometryStatus::failed;
   }
   FindNodes(console, text, hull.mesh.elements);

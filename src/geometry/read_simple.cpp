@@ -22,8 +22,9 @@ inline constexpr std::string_view kThinned =
 inline constexpr std::string_view kNone = "ERR273 - No surface(s) read from SIMPLE file";
 
 constexpr std::size_t kSurfaces = 100;
-constexpr std::int64_t kLargestSurface =
-    4'000'000;  // points; larger ones are illegal: no file that is taken holds more
+// Points of all surfaces of a file, as many as can be kept. A file that asks for more, as repeat counts let a few bytes
+// do, has illegal dimensions.
+constexpr std::int64_t kMostPoints = std::int64_t{kSurfaces} * MAXSTA * MAXWL;
 
 enum class Next : std::uint8_t { surface, stop, abort };
 
@@ -31,6 +32,7 @@ struct SimpleText {
   const Console& console;
   const std::string& path;
   CleanLists lists;
+  std::int64_t points_left = kMostPoints;
 };
 
 Next SayFault(const SimpleText& text, std::string_view fault, Next next) {
@@ -57,8 +59,9 @@ void KeepEvenly(const std::vector<Vector3>& points, int n1, int n2, HullSurface&
 Next ReadSurface(SimpleText& text, HullSurface& surface) {
   std::array<int, 2> n{};
   if (ReadIntegers(ListsOf(text.lists), n) != ListStatus::ok) return SayFault(text, kNoDimensions, Next::abort);
-  if (n[0] < 1 || n[1] < 1 || std::int64_t{n[0]} * n[1] > kLargestSurface)
+  if (n[0] < 1 || n[1] < 1 || std::int64_t{n[0]} * n[1] > text.points_left)
     return SayFault(text, kBadDimensions, Next::abort);
+  text.points_left -= std::int64_t{n[0]} * n[1];
   std::vector<Vector3> points;
   surface.KSTA = std::min(n[0], MAXSTA);
   surface.KWL = std::min(n[1], MAXWL);

@@ -83,9 +83,9 @@ bool Stop(const Console& console) {
 // The name as it stands, or in the folder of the file that names it.
 std::string Find(const Files& files, std::string_view name, std::string_view folder) {
   std::string here(name);
-  if (name.starts_with('/') || files.facts(files.self, here).exists) return here;
+  if (name.starts_with('/') || files.facts(files.self, here).plain) return here;
   std::string there = std::string(folder) + here;
-  return files.facts(files.self, there).exists ? there : here;
+  return files.facts(files.self, there).plain ? there : here;
 }
 
 }  // namespace
@@ -127,7 +127,9 @@ bool ReadPhaseFile(const Platform& platform, std::string_view name, std::string_
   phases.clear();
   Say(console, kReading, file);
   std::vector<CleanLine> lines;
-  const CleanFault fault = CopyCleanText(platform.files, file, nullptr, lines);
+  // A pipe or terminal that a run file names would be waited for.
+  const bool plain = platform.files.facts(platform.files.self, file).plain;
+  const CleanFault fault = plain ? CopyCleanText(platform.files, file, nullptr, lines) : CleanFault::cannot_open;
   if (fault != CleanFault::none) {
     Say(console, fmt::runtime(fault == CleanFault::cannot_open ? kCannotOpen : kUnreadable), file);
     return Stop(console);
