@@ -188,16 +188,14 @@ void RegularHead(RunSpec& spec) {
 }
 
 // Twelve waves of 0.05 m to 0.6 m; heave 0.7, pitch 1 degree per metre, surge 0.2 of each, all in phase with it.
-void IrregularHead(RunSpec& spec) {
-  spec.title = "Twelve head waves, vertical and horizontal loads at 5 X cuts";
-  spec.nstep = spec.steps = 300;
+// realization: another set of phases.
+void TwelveWaves(int realization, RunSpec& spec) {
   spec.uship = 7.5;
-  spec.x_kinds = {1, 1, 0};
-  for (const double x : {37.5, 25.0, 0.0, -25.0, -37.5}) spec.x_cuts.push_back({x, 0, 5});
   spec.seaway = {"1", "12 0"};
   Motions motions = AtRest(spec);
   for (int i = 0; i < 12; ++i) {
-    const double w = 0.35 + 0.05 * i, phase = (i * 77) % 360, amplitude = 0.6 - 0.05 * i;
+    const double w = 0.35 + 0.05 * i, phase = (i * 77 + realization * (i * i * 41 + 23)) % 360;
+    const double amplitude = 0.6 - 0.05 * i;
     spec.seaway.push_back(fmt::format("{:.10g} {:.10g} {:.10g} 180.0", w, phase, amplitude));
     const double we = (w + spec.uship * w * w / spec.grav) * std::sqrt(spec.len / spec.grav);
     const double angle = -phase * kPi / 180, share = amplitude / spec.len;
@@ -206,6 +204,21 @@ void IrregularHead(RunSpec& spec) {
     motions.harmonics.push_back({5, amplitude * kPi / 180, we, angle, 0});
   }
   SetFill(motions, spec);
+}
+
+void IrregularHead(RunSpec& spec) {
+  spec.title = "Twelve head waves, vertical and horizontal loads at 5 X cuts";
+  spec.nstep = spec.steps = 300;
+  spec.x_kinds = {1, 1, 0};
+  for (const double x : {37.5, 25.0, 0.0, -25.0, -37.5}) spec.x_cuts.push_back({x, 0, 5});
+  TwelveWaves(0, spec);
+}
+
+template <int realization>
+void Sea(RunSpec& spec) {
+  spec.title = fmt::format("Twelve head waves, realization {} of 3", realization);
+  spec.nstep = spec.steps = 400;
+  TwelveWaves(realization, spec);
 }
 
 // Free roll in calm water from 10 degrees: exp(-0.05 wn t) cos(wd t), damped period 12 s.
@@ -329,10 +342,13 @@ struct Sample {
   void (*make)(RunSpec& spec);
 };
 
-constexpr std::array<Sample, 10> kSamples = {
+constexpr std::array<Sample, 13> kSamples = {
     {
      {"regular_head", RegularHead},
      {"irregular_head", IrregularHead},
+     {"sea_1", Sea<1>},
+     {"sea_2", Sea<2>},
+     {"sea_3", Sea<3>},
      {"roll_decay", RollDecay},
      {"forced_heave", ForcedHeave},
      {"short_cut", ShortCut},

@@ -49,7 +49,7 @@ int WriteAll(const std::filesystem::path& folder) {
 int List() {
   for (const std::string_view name : run_writer::SampleNames()) {
     run_writer::RunSpec spec;
-    if (run_writer::SampleSpec(name, spec)) fmt::print("{:<16}{}\n", name, spec.title);
+    if (run_writer::SampleSpec(name, spec)) fmt::print("{:<22}{}\n", name, spec.title);
   }
   return 0;
 }
