@@ -100,6 +100,34 @@ TEST(PeakAverage, TiesAndClusters) {
   }
 }
 
+// Two clusters, 300 and 100 peaks, have 17 and 10 lags: the sums of the plain loop, to the last digit.
+TEST(PeakAverage, LongClusters) {
+  std::vector<float> d(400);
+  std::vector<int> steps(d.size());
+  for (std::size_t i = 0; i < d.size(); ++i) {
+    d[i] = std::sin(static_cast<float>(i * i));
+    steps[i] = static_cast<int>(i < 300 ? i : i + 50);
+  }
+  PeakAverage out;
+  CalcPeakAvgN(1, kIntervals, ListOf(d, steps), 1.0F, 1, 1.0F, out);
+  for (float& v : d) v -= out.xpkN;
+  std::array<float, 17> R{};
+  for (std::size_t k = 0; k < R.size(); ++k) {
+    for (std::size_t i = 0; i + k < 400; ++i) R[k] += i + k < 300 || i >= 300 ? d[i] * d[i + k] : 0.0F;
+    R[k] *= 1.0F / 400.0F;
+  }
+  float sum = R[0];
+  for (const int nc : {300, 100}) {
+    const int mc = static_cast<int>(std::sqrt(static_cast<float>(nc)));
+    for (int k = 1; k < mc; ++k)
+      sum += ((1.0F - static_cast<float>(k) / static_cast<float>(mc)) * 2.0F * static_cast<float>(nc) *
+              R[static_cast<std::size_t>(k)]) /
+             400.0F;
+  }
+  ASSERT_GT(sum, 0.0F);
+  EXPECT_EQ(out.xpkNci, std::sqrt(sum / 400.0F));
+}
+
 TEST(RecordPeakStats, RefusedArguments) {
   const std::string where = "ERROR in CalcRecordPeakStats: invalid ";
   const struct {
