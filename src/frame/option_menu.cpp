@@ -52,7 +52,8 @@ Answer select_option(const Console& console, std::string_view title, std::string
   const std::string shown = fallback < 0 ? "" : fmt::format("{}", fallback);
   for (;;) {
     std::string answer;
-    if (ReadAnswer(console, prompt, shown, answer) != Answer::ok) return Answer::end_of_input;
+    const Answer status = ReadAnswer(console, prompt, shown, answer);
+    if (status != Answer::ok) return status;
     if (StartsWith(answer, "q") || StartsWith(answer, "Q")) return Answer::quit;
     if (fallback >= 0 && IsBlank(answer)) {
       value = fallback;

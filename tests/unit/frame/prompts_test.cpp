@@ -47,6 +47,25 @@ TEST(Prompts, TerminalShowsItsOwnAnswer) {
   EXPECT_EQ(fake.output, "Name [b] Name \n");
 }
 
+// It gives the question up; it does not take the default, as an empty answer does.
+TEST(Prompts, CtrlCIsQuit) {
+  FakePlatform fake;
+  fake.input_is_terminal = true;
+  Console console = fake.Get().console;
+  console.take_interrupt = [](void*) { return true; };
+  const MenuItem items[] = {
+      {"0 - leave", true},
+      {"1 - stay",  true}
+  };
+  std::string text = "kept";
+  int number = 7, option = 1;
+  EXPECT_EQ(ask_text(console, "Name", "other", text), Answer::quit);
+  EXPECT_EQ(ask_integer(console, "n", true, number), Answer::quit);
+  EXPECT_EQ(select_option(console, "", "=>", items, 1, option), Answer::quit);
+  EXPECT_EQ(text, "kept");
+  EXPECT_EQ(fake.output.rfind("Name [other] \nn [7] \n", 0), 0U);
+}
+
 TEST(Prompts, Numbers) {
   // clang-format off
   const struct {
