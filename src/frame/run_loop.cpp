@@ -22,7 +22,7 @@ ScriptEnd RunScript(Session& session, std::string_view name, int& status) {
   if (run.plot_module > 0) return ScriptEnd::go_on;
   if (!run.script_is_init) {
     SayLine(console, script == kScriptOk ? kDone : kAborting);
-    status = script == kScriptOk ? kRunOk : kRunFailed;
+    status = script == kScriptInterrupted ? kRunInterrupted : script == kScriptOk ? kRunOk : kRunFailed;
     return ScriptEnd::run_ends;
   }
   SayLine(console, kContinuing);

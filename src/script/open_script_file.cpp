@@ -30,6 +30,7 @@ constexpr EndRow kEnds[] = {
     {kScriptFailed,         "ERROR executing ZAVIEW script file : {}"    },
     {kScriptBadArgument,    "Argument ERROR in ZAVIEW script file : {}"  },
     {kScriptUnknownCommand, "ERROR parsing ZAVIEW script file : {}"      },
+    {kScriptInterrupted,    "Interrupted ZAVIEW script file : {}"        },
     {-1,                    "ERROR reading ZAVIEW script file : {}"      },
 };
 

@@ -8,6 +8,36 @@ namespace zaview {
 
 namespace {
 
+inline constexpr std::string_view kInterrupted = "ERROR - interrupted ahead of this command";
+inline constexpr std::string_view kQuestion = "ERROR - a script has no answer to this question";
+
+// The console while a command runs: what it asks finds the end of the input, so that no script ever waits.
+struct ScriptConsole {
+  Console console;  // the one behind it
+  bool asked = false;
+};
+
+ScriptConsole& Of(void* self) {
+  return *static_cast<ScriptConsole*>(self);
+}
+
+Console WithoutInput(ScriptConsole& silent) {
+  Console console = silent.console;
+  console.self = &silent;
+  console.read_line = [](void* self, std::string&) {
+    Of(self).asked = true;
+    return false;
+  };
+  console.write = [](void* self, std::string_view text) { Of(self).console.write(Of(self).console.self, text); };
+  console.flush = [](void* self) { Of(self).console.flush(Of(self).console.self); };
+  console.show_progress = [](void* self, std::string_view text) {
+    Of(self).console.show_progress(Of(self).console.self, text);
+  };
+  console.remove_progress = [](void* self) { Of(self).console.remove_progress(Of(self).console.self); };
+  console.take_interrupt = nullptr;  // it is looked for between commands
+  return console;
+}
+
 int RunLine(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
   const Console& console = session.platform.console;
   const std::string_view text = line.text;
@@ -26,6 +56,24 @@ int RunLine(Session& session, std::span<const CommandFamily> commands, const Scr
   return PreconditionsMet(call, command->needs) ? command->run(call) : kScriptFailed;
 }
 
+// A question that a command asked has failed, whatever the command made of it.
+int RunLineSilently(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
+  ScriptConsole silent{session.platform.console};
+  session.platform.console = WithoutInput(silent);
+  const int status = RunLine(session, commands, line);
+  session.platform.console = silent.console;
+  if (!silent.asked) return status;
+  SayLine(session.platform.console, kQuestion);
+  return status == kScriptOk ? kScriptFailed : status;
+}
+
+// Of one command, or of the Ctrl-C that came ahead of it.
+int RunUnlessInterrupted(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
+  if (!TakeInterrupt(session.platform.console)) return RunLineSilently(session, commands, line);
+  SayLine(session.platform.console, kInterrupted);
+  return kScriptInterrupted;
+}
+
 }  // namespace
 
 int ReadScriptFile(Session& session, std::span<const CommandFamily> commands) {
@@ -40,7 +88,7 @@ int ReadScriptFile(Session& session, std::span<const CommandFamily> commands) {
   while (status == kScriptOk && session.run.plot_suboption == 0 && script.next_line < script.final_text.size()) {
     const ScriptLine& line = script.final_text[script.next_line++];
     if (IsBlank(line.text)) continue;
-    status = RunLine(session, commands, line);
+    status = RunUnlessInterrupted(session, commands, line);
     if (status != kScriptOk) SayLine(console, AtLine(script.files, line.origin, line.text));
   }
   trace("exiting");

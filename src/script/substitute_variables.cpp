@@ -1,6 +1,9 @@
 #include "script/substitute_variables.h"
 
 #include <algorithm>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -30,22 +33,31 @@ std::string_view WithoutDoubleQuotes(std::string_view text) {
   return text.substr(1, text.size() - 2);
 }
 
-ScriptVariable* FindVariable(ScriptState& script, std::string_view name) {
+std::string Key(std::string_view name) {  // blanks at the end of a name don't count
   name = name.substr(0, kScriptValue);
-  const auto found = std::find_if(script.variables.rbegin(), script.variables.rend(),
-                                  [name](const ScriptVariable& variable) { return SamePadded(variable.name, name); });
-  return found == script.variables.rend() ? nullptr : &*found;
+  return std::string(name.substr(0, name.find_last_not_of(' ') + 1));
 }
 
+// The table by name: a script may set and use variables a million times.
+struct Variables {
+  ScriptState& script;
+  std::unordered_map<std::string, std::size_t> place{};
+
+  [[nodiscard]] ScriptVariable* Find(std::string_view name) {
+    const auto found = place.find(Key(name));
+    return found == place.end() ? nullptr : &script.variables[found->second];
+  }
+};
+
 // Replaces the first {name} of the line. False: fault tells why.
-bool SubstituteOnce(ScriptState& script, std::string& line, std::string& fault) {
+bool SubstituteOnce(Variables& variables, std::string& line, std::string& fault) {
   const std::size_t open = line.find('{');
   const std::size_t close = line.find('}');
   if (close == open + 1) fault = kEmptyBraces;
   else if (close == std::string::npos || close < open) fault = kNoBrace;
   if (!fault.empty()) return false;
   const std::string_view name = std::string_view(line).substr(open + 1, close - open - 1);
-  const ScriptVariable* variable = FindVariable(script, name);
+  const ScriptVariable* variable = variables.Find(name);
   if (IsBlank(name)) fault = kBlankName;
   else if (variable == nullptr) fault = fmt::format(kUndefined, name);
   if (!fault.empty()) return false;
@@ -54,40 +66,40 @@ bool SubstituteOnce(ScriptState& script, std::string& line, std::string& fault) 
   return true;
 }
 
-bool SubstituteLine(ScriptState& script, std::string& line, int& count, std::string& fault) {
+bool SubstituteLine(Variables& variables, std::string& line, int& count, std::string& fault) {
   for (int i = 0; line.find('{') != std::string::npos; ++i) {
     if (i >= kLineSubstitutions) fault = fmt::format(kEndless, kLineSubstitutions, "one line");
     else if (++count > kTextSubstitutions) fault = fmt::format(kEndless, kTextSubstitutions, "one script");
-    if (!fault.empty() || !SubstituteOnce(script, line, fault)) return false;
+    if (!fault.empty() || !SubstituteOnce(variables, line, fault)) return false;
   }
   return true;
 }
 
-bool SetVariable(const Console& console, ScriptState& script, const Assignment& assignment, std::string& fault) {
-  ScriptVariable* known = FindVariable(script, assignment.name);
+bool SetVariable(const Console& console, Variables& variables, const Assignment& assignment, std::string& fault) {
+  ScriptVariable* known = variables.Find(assignment.name);
   if (known != nullptr) {
     known->value = CutScriptValue(console, assignment.name, assignment.value);
     return true;
   }
+  ScriptState& script = variables.script;
   if (script.variables.size() >= kScriptVariables) {
     fault = fmt::format(kTooMany, kScriptVariables);
     return false;
   }
+  variables.place.emplace(Key(assignment.name), script.variables.size());
   AddScriptVariable(console, script, assignment.name, assignment.value);
   return true;
 }
 
 // An entry of a name that stands further up gives it its value and goes: the last one wins, the first place stays.
-void RemoveDuplicates(ScriptState& script) {
+void RemoveDuplicates(Variables& variables) {
   std::vector<ScriptVariable> kept;
-  for (ScriptVariable& variable : script.variables) {
-    const auto same = std::find_if(kept.begin(), kept.end(), [&variable](const ScriptVariable& other) {
-      return SamePadded(other.name, variable.name);
-    });
-    if (same != kept.end()) same->value = std::move(variable.value);
-    else kept.push_back(std::move(variable));
+  for (ScriptVariable& variable : variables.script.variables) {
+    const auto [entry, is_new] = variables.place.emplace(Key(variable.name), kept.size());
+    if (is_new) kept.push_back(std::move(variable));
+    else kept[entry->second].value = std::move(variable.value);
   }
-  script.variables = std::move(kept);
+  variables.script.variables = std::move(kept);
 }
 
 }  // namespace
@@ -107,20 +119,21 @@ bool ParseAssignment(std::string_view line, Assignment& assignment) {
 }
 
 bool SubstituteScriptVariables(const Console& console, ScriptState& script, ScriptText& text, PassMessage& message) {
-  RemoveDuplicates(script);
+  Variables variables{script};
+  RemoveDuplicates(variables);
   ScriptText out;
   int count = 0;
   for (ScriptLine& line : text.lines) {
     std::string fault;
     Assignment assignment;
     line.text.resize(std::min(line.text.size(), kScriptLine));
-    bool good = SubstituteLine(script, line.text, count, fault);
+    bool good = SubstituteLine(variables, line.text, count, fault);
     const bool is_assignment = good && ParseAssignment(line.text, assignment);
     if (assignment.fault) {
       message = {std::string(kBadAssignment), std::string(Trim(line.text)), line.origin, line.text};
       return false;
     }
-    if (is_assignment) good = SetVariable(console, script, assignment, fault);
+    if (is_assignment) good = SetVariable(console, variables, assignment, fault);
     else if (good && !AddScriptLine(out, {std::string(TrimEnd(line.text)), line.origin})) fault = TooLongMessage();
     if (good && fault.empty()) continue;
     message = {fault, "", line.origin, line.text};
