@@ -1,4 +1,4 @@
-// What the tests of hulls share: a file read on a machine in memory, bodies as texts, volumes.
+// What the tests of hulls share: boxes, as meshes and as texts, and volumes.
 #pragma once
 
 #include <string>
@@ -12,56 +12,23 @@
 
 namespace zaview {
 
-struct GeometryReading {
-  GeometryStatus status = GeometryStatus::ok;
-  Hull hull;
-  std::string console;
-};
-
-// request.name: with its prefix; the file is "hull".
-inline GeometryReading ReadHullText(const GeometryRequest& request, const std::string& text) {
-  FakePlatform fake;
-  fake.Put("hull", text);
-  GeometryReading reading;
-  reading.status = ReadGeometry(fake.Get(), request, reading.hull);
-  reading.console = fake.output;
-  EXPECT_EQ(fake.OpenHandles(), 0U);
-  EXPECT_EQ(reading.hull.empty(), reading.status != GeometryStatus::ok);
-  return reading;
-}
-
 inline double Volume(const HullMesh& mesh, const Vector3& about = {}) {
   double flux = 0;
   for (const HullElement& element : mesh.elements) flux += ElementFlux(mesh, element, about);
   return flux / 3;
 }
 
-// The faces of the box from `low` to `high`, all facing out: bottom, top, stern (y low), bow .. in the order of
-// kBoxFaces.
-inline constexpr int kBoxFaces[6][4] = {
-    {1, 4, 3, 2},
-    {5, 6, 7, 8},
-    {1, 2, 6, 5},
-    {2, 3, 7, 6},
-    {3, 4, 8, 7},
-    {4, 1, 5, 8}
-};
+// clang-format off
+// Of a box, all facing out: bottom, top, then those to y low, x high, y high, x low.
+inline constexpr int kBoxFaces[6][4] = {{1, 4, 3, 2}, {5, 6, 7, 8}, {1, 2, 6, 5}, {2, 3, 7, 6}, {3, 4, 8, 7}, {4, 1, 5, 8}};
 
-inline void AddBox(const Vector3& low, const Vector3& high, HullMesh& mesh) {
-  const auto first = static_cast<int>(mesh.nodes.size());
-  for (const double z : {low[2], high[2]})
-    for (const auto& [x, y] : {
-             std::pair{low[0],  low[1] },
-             {high[0], low[1] },
-             {high[0], high[1]},
-             {low[0],  high[1]}
-    })
-      mesh.nodes.push_back({x, y, z});
-  for (const auto& face : kBoxFaces)
-    mesh.elements.push_back({
-        {first + face[0], first + face[1], first + face[2], first + face[3]}
-    });
+inline void AddBox(const Vector3& a, const Vector3& b, HullMesh& mesh) {
+  const auto n = static_cast<int>(mesh.nodes.size());
+  for (const double z : {a[2], b[2]})
+    mesh.nodes.insert(mesh.nodes.end(), {{a[0], a[1], z}, {b[0], a[1], z}, {b[0], b[1], z}, {a[0], b[1], z}});
+  for (const auto& f : kBoxFaces) mesh.elements.push_back({{n + f[0], n + f[1], n + f[2], n + f[3]}});
 }
+// clang-format on
 
 inline std::string HrlText(const HullMesh& mesh) {
   std::string text = fmt::format("body\n{} {}\n", mesh.nodes.size(), mesh.elements.size());
