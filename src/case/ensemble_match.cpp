@@ -87,7 +87,7 @@ void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore
 
 void TrimOtherRecords(const OutputSettings& settings, EnsembleStore& ensemble) {
   for (std::size_t i = 0; i < ensemble.record.size(); ++i)
-    if (static_cast<int>(i) + 1 != ensemble.irec) (void)ApplyTrim(settings, ensemble.record[i]);
+    if (static_cast<int>(i) + 1 != ensemble.irec) (void)RetrimCase(settings, ensemble.record[i]);
 }
 
 void MarkChanged(EnsembleStore& ensemble, CaseStore& case_store) {

@@ -65,6 +65,17 @@ TrimOutcome ApplyTrim(const OutputSettings& settings, CaseStore& case_store) {
   return outcome;
 }
 
+TrimOutcome RetrimCase(const OutputSettings& settings, CaseStore& case_store) {
+  OutputSettings limited = settings;
+  if (case_store.last_read < case_store.nstep_expected) {
+    const std::int64_t first = std::int64_t{case_store.first_read} + std::max(0, settings.trim_initial);
+    const auto most = static_cast<int>(std::max<std::int64_t>(0, case_store.last_read - first));
+    limited.trim_terminal = std::min(limited.trim_terminal, most);
+    limited.trim_abort = std::min(limited.trim_abort, most);
+  }
+  return ApplyTrim(limited, case_store);
+}
+
 void SayTrim(const Console& console, const TrimOutcome& outcome) {
   if (outcome.incomplete_trimmed) {
     Say(console, "WRN500 - Last {} time steps trimmed from incomplete ZAVO run", outcome.abort_trim);

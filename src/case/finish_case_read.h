@@ -7,7 +7,7 @@
 
 namespace zaview {
 
-// The trim rules alone (also for SET_TRIM_STEPS and menu option 11): sets first_step, last_step and skip_effective, and
+// The trim rules of a read alone: sets first_step, last_step and skip_effective, and
 // keeps current_step inside. Says nothing; doing it again changes nothing. Lengths are compared with the count of
 // steps in store, so a restarted part that begins at step 371 is treated like a run that begins at 1.
 struct TrimOutcome {
@@ -16,6 +16,10 @@ struct TrimOutcome {
   bool whole = false;               // WRN501: trimming would have left nothing
 };
 [[nodiscard]] TrimOutcome ApplyTrim(const OutputSettings& settings, CaseStore& case_store);
+
+// The same for a record that is trimmed again, by menu or script. Of an incomplete run one step is left, however long
+// the trim.
+[[nodiscard]] TrimOutcome RetrimCase(const OutputSettings& settings, CaseStore& case_store);
 
 // WRN500 and WRN501 for an outcome; the second alone where a command trims anew.
 void SayTrim(const Console& console, const TrimOutcome& outcome);

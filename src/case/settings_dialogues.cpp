@@ -32,8 +32,13 @@ constexpr std::string_view kScaleHeads[] = {"The following variables define the 
 
 Answer AskScale(const Console& console, const ScaleRow& row, float& value) {
   for (;;) {
-    const Answer answer = ask_real(console, row.question, true, value);
-    if (answer != Answer::ok || value > 0.0F) return answer;
+    float asked = value;
+    const Answer answer = ask_real(console, row.question, true, asked);
+    if (answer != Answer::ok) return answer;
+    if (asked > 0.0F) {
+      value = asked;
+      return answer;
+    }
     Say(console, "ERROR - {} must be positive", row.name);
   }
 }
@@ -118,7 +123,7 @@ Asked AskSteps(const Console& console, std::string_view question, int most, std:
   }
 }
 
-void AskTrims(const Console& console, const CaseStore& c, OutputSettings& settings) {
+Asked AskTrims(const Console& console, const CaseStore& c, OutputSettings& settings) {
   const int steps = c.last_read - c.first_read + 1;
   const std::string too_many =
       fmt::format("ERROR - number of trimmed steps greater current data record's {} steps", steps);
@@ -127,8 +132,8 @@ void AskTrims(const Console& console, const CaseStore& c, OutputSettings& settin
           Asked::given_up ||
       AskSteps(console, "Enter # of TERMINAL time steps to TRIM:", steps - 1, too_many, settings.trim_terminal) ==
           Asked::given_up)
-    return;
-  (void)AskSteps(console, "Enter # of TERMINAL time steps to TRIM for aborted runs:", kAny, "", settings.trim_abort);
+    return Asked::given_up;
+  return AskSteps(console, "Enter # of TERMINAL time steps to TRIM for aborted runs:", kAny, "", settings.trim_abort);
 }
 
 void AskSkips(const Console& console, CaseStore& c, OutputSettings& settings) {
@@ -137,7 +142,7 @@ void AskSkips(const Console& console, CaseStore& c, OutputSettings& settings) {
   const int before = initial;
   if (AskSteps(console, "Enter # of INITIAL  time steps to SKIP:", kAny, "", initial) == Asked::given_up) return;
   if (initial != before) settings.skip_initial = initial;  // the default of each case stays in force otherwise
-  (void)ApplyTrim(settings, c);
+  (void)RetrimCase(settings, c);
   (void)AskSteps(console, "Enter # of TERMINAL time steps to SKIP:", kAny, "", settings.skip_terminal);
 }
 
@@ -160,6 +165,7 @@ void AskOutputScales(const Console& console, OutputSettings& settings, const Cas
 
 void retrim_record(const Console& console, OutputSettings& settings, CaseStore& case_store) {
   CaseStore& c = case_store;
+  if (!c.has_steps()) return SayLine(console, "ERROR - the case has no time steps");
   const bool trimmed = c.first_step != c.first_read || c.last_step != c.last_read;
   Say(console, "The current data record has steps {} to {}", c.first_read, c.last_read);
   if (trimmed) Say(console, "but has been trimmed to steps   {} {}", c.first_step, c.last_step);
@@ -167,16 +173,17 @@ void retrim_record(const Console& console, OutputSettings& settings, CaseStore& 
   const std::string_view question =
       trimmed ? "Do you want to re-trim the data record? (y/n)" : "Do you want to trim the data record? (y/n)";
   if (ask_text(console, question, "", answer) != Answer::ok) return;
+  Asked trims = Asked::taken;
   if (Capitals(Trim(answer)).substr(0, 1) == "Y") {
-    AskTrims(console, c, settings);
+    trims = AskTrims(console, c, settings);
   } else {
     settings.trim_initial = 0;
     settings.trim_terminal = 0;
   }
-  SayTrimWhole(console, ApplyTrim(settings, c));
+  SayTrimWhole(console, RetrimCase(settings, c));
   Say(console, "{} steps trimmed from beginning of time history", c.first_step - c.first_read);
   Say(console, "{} steps trimmed from end of time history", c.last_read - c.last_step);
-  AskSkips(console, c, settings);
+  if (trims == Asked::taken) AskSkips(console, c, settings);
 }
 
 void AskSmoothing(const Console& console, OutputSettings& settings) {

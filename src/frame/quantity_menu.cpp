@@ -68,17 +68,17 @@ bool AskItem(const Console& console, const TaskRow& task, const CaseStore& c, in
   return select_option(console, task.title, "Select =>", items, -1, iqnt) == Answer::ok && iqnt > 0;
 }
 
-// An impulsive run has two quantities, whatever its file holds.
+// An impulsive run has two quantities, whatever its file holds; one that it lacks is refused behind the question.
 bool AskImpulsiveItem(const Console& console, const TaskRow& task, const CaseStore& c, int& iqnt) {
-  const MenuItem items[] = {
-      {kReturn     },
-      { " 1 - Transient Added Mass", c.tadm_case},
-      { " 2 - Impulse Response Function",        true}
-  };
+  const MenuItem items[] = {{kReturn}, {" 1 - Transient Added Mass"}, {" 2 - Impulse Response Function"}};
   int item = 0;
   if (select_option(console, task.title, "Select =>", items, -1, item) != Answer::ok || item == 0) return false;
   iqnt = item;
   if (c.tadm_case) return true;
+  if (item == kTransientAddedMass) {
+    SayLine(console, "ERROR - Transient Added Mass is not in this output file");
+    return false;
+  }
   const int functions = static_cast<int>(c.irfs.size());
   const std::string question = fmt::format("Enter index of IRF (1 to {})=>", functions);
   for (iqnt = 1;;) {

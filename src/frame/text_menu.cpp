@@ -228,10 +228,11 @@ std::size_t AskOption(Session& s) {
 void text_menu(Session& session) {
   RunState& run = session.run;
   while (run.plot_module == 0 && !run.exit_requested) {
-    const Option& option = kOptions[AskOption(session)];
+    const std::size_t number = AskOption(session);
+    const Option& option = kOptions[number];
     if (option.act == nullptr) {
       constexpr std::size_t kNumber = 5;  // "10 - "
-      Say(session.platform.console, kNotYet, option.text.substr(kNumber));
+      Say(session.platform.console, kNotYet, TextOf(session, number).substr(kNumber));
       continue;
     }
     option.act(session);
