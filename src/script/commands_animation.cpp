@@ -40,7 +40,7 @@ int SetFlag(OptionCall& option) {
 struct NumberRule {
   std::string_view name;  // in the messages
   float low, high;
-  bool low_itself;        // is the lower limit allowed
+  bool low_itself;  // is the lower limit allowed
   std::string_view outside;
 };
 
@@ -87,16 +87,14 @@ int SetSea(OptionCall& option) {
     view.fs_transparent = false;
     return kScriptOk;
   }
-  if (!StartsWith(option.word, "T"))
-    return Fail(option.call, kScriptBadArgument, "Illegal value for KINO_OPT SEA");
+  if (!StartsWith(option.word, "T")) return Fail(option.call, kScriptBadArgument, "Illegal value for KINO_OPT SEA");
   std::vector<float> opacity;
   if (!ParseRealList(option.call.words, -1, opacity) || opacity.empty())
     return Fail(option.call, kScriptBadArgument, "ERROR parsing value for KINO_OPT {}", "SEA TRANSPARENT");
   view.fs_transparent = true;
   view.fs_opacity = opacity[0];
   if (opacity[0] >= 0 && opacity[0] <= 1) return kScriptOk;
-  SayLine(option.call.console(),
-          "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0");
+  SayLine(option.call.console(), "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0");
   view.fs_opacity = 1;
   return kScriptOk;
 }
@@ -128,30 +126,31 @@ struct OptionRow {
   int (*set)(OptionCall& option);
 };
 using enum NameMatch;
-constexpr OptionRow kOptionRows[] = {  // the first that fits counts
-    {"RUD",       beginning, SetFlag<&MotionViewState::show_rudders>                   },
-    {"TIME",      beginning, SetFlag<&MotionViewState::show_time>                      },
-    {"TITLE",     whole,     SetFlag<&MotionViewState::show_title>                     },
-    {"PERS",      beginning, SetFlag<&MotionViewState::perspective>                    },
-    {"SHAD",      beginning, SetFlag<&MotionViewState::shading_on>                     },
-    {"TR",        beginning, SetFlag<&MotionViewState::body_transparent>               },
-    {"BODY",      whole,     SetBody                                                   },
-    {"SEA",       whole,     SetSea                                                    },
-    {"AMB",       beginning, SetNumber<kAmbient, &MotionViewState::ambient>            },
-    {"APER",      beginning, SetNumber<kAperture, &MotionViewState::view_width>        },
-    {"VIEW_RAD",  beginning, SetNumber<kRadius, &MotionViewState::view_radius>         },
-    {"RAD",       beginning, SetNumber<kRadius, &MotionViewState::view_radius>         },
-    {"VIEW_AZIM", beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>       },
-    {"AZIM",      beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>       },
-    {"VIEW_ELEV", beginning, SetNumber<kElevation, &MotionViewState::view_elevation>   },
-    {"ELEV",      beginning, SetNumber<kElevation, &MotionViewState::view_elevation>   },
-    {"SYNC",      beginning, SetSync                                                   },
-    {"GRID",      whole,     SetNumber<kGridSize, &MotionViewState::fs_grid_size>      },
-    {"GRIDSIZE",  whole,     SetNumber<kGridSize, &MotionViewState::fs_grid_size>      },
-    {"GRID_SIZE", whole,     SetNumber<kGridSize, &MotionViewState::fs_grid_size>      },
-    {"THICK",     whole,     SetNumber<kThick, &MotionViewState::line_thickness>       },
-    {"INIT_STEP", whole,     SetStep                                                   },
-    {"STEP",      beginning, SetStep                                                   },
+constexpr OptionRow kOptionRows[] = {
+  // the first that fits counts
+    {"RUD",                            beginning,              SetFlag<&MotionViewState::show_rudders>},
+    {"TIME",                           beginning,              SetFlag<&MotionViewState::show_time>},
+    {"TITLE",                          whole,                  SetFlag<&MotionViewState::show_title>},
+    {"PERS",                           beginning,              SetFlag<&MotionViewState::perspective>},
+    {"SHAD",                           beginning,              SetFlag<&MotionViewState::shading_on>},
+    {"TR",                             beginning,              SetFlag<&MotionViewState::body_transparent>},
+    {"BODY",                           whole,                  SetBody},
+    {"SEA",                            whole,                  SetSea},
+    {"AMB",                            beginning,              SetNumber<kAmbient,&MotionViewState::ambient>},
+    {"APER",                                beginning,                                                 SetNumber<kAperture,&MotionViewState::view_width>},
+    {"VIEW_RAD",   beginning,                         SetNumber<kRadius,        &MotionViewState::view_radius>},
+    {"RAD",               beginning,SetNumber<kRadius,&MotionViewState::view_radius>},
+    {"VIEW_AZIM",         beginning,                                SetNumber<kAzimuth,                           &MotionViewState::view_azimuth>},
+    {"AZIM",                      beginning,                           SetNumber<kAzimuth,&MotionViewState::view_azimuth>},
+    {"VIEW_ELEV",                                beginning,                                                 SetNumber<kElevation,&MotionViewState::view_elevation>},
+    {"ELEV", beginning,                       SetNumber<kElevation,                                    &MotionViewState::view_elevation>},
+    {"SYNC",            beginning,SetSync},
+    {"GRID",                       whole,   SetNumber<kGridSize,&MotionViewState::fs_grid_size>},
+    {"GRIDSIZE",                           whole,                             SetNumber<kGridSize, &MotionViewState::fs_grid_size>},
+    {"GRID_SIZE",                           whole,                      SetNumber<kGridSize,&MotionViewState::fs_grid_size>},
+    {"THICK",                                whole,                                             SetNumber<kThick,&MotionViewState::line_thickness>},
+    {"INIT_STEP", whole,                       SetStep},
+    {"STEP",             beginning,SetStep},
 };
 
 bool Fits(NameMatch match, std::string_view name, std::string_view word) {
@@ -171,9 +170,9 @@ int RunAnimateOption(ScriptCall& call) {
 
 // ---- Graphs
 
-constexpr std::string_view kColourNames[kColours] = {"BLACK",   "WHITE",    "RED",    "GREEN", "BLUE",   "YELLOW",
-                                                     "CYAN",    "MAGENTA",  "SEAGREEN", "ORANGE", "TAN", "VIOLET",
-                                                     "GOLD",    "BROWN",    "GREY",   "DARKGREEN"};
+constexpr std::string_view kColourNames[kColours] = {"BLACK", "WHITE",   "RED",      "GREEN",    "BLUE", "YELLOW",
+                                                     "CYAN",  "MAGENTA", "SEAGREEN", "ORANGE",   "TAN",  "VIOLET",
+                                                     "GOLD",  "BROWN",   "GREY",     "DARKGREEN"};
 
 // A graph index from `least` to 4.
 int ReadGraph(ScriptCall& call, int least, int& graph) {
@@ -200,6 +199,12 @@ int RunAnimateGraph(ScriptCall& call) {
   Selector selector;
   QuantityRequest request;
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
+  if (selector.form == TailForm::missile) {  // here alone a curve index stands behind its eight numbers
+    std::vector<float> curve;
+    if (!ParseRealList(call.words, 1, curve)) return Fail(call, kScriptFailed, kFewMissile, call.command);
+    request.curve = RoundToInt(static_cast<double>(curve[0]));
+    if (const int status = CheckCurve(call, selector, request); status != kScriptOk) return status;
+  }
   graph.request = request;
   graph.on = true;
   return kScriptOk;
@@ -207,8 +212,7 @@ int RunAnimateGraph(ScriptCall& call) {
 
 int SetColour(ScriptCall& call, const std::string& word, MotionGraph& graph) {
   const auto name = std::find(std::begin(kColourNames), std::end(kColourNames), Capitals(word));
-  if (name == std::end(kColourNames))
-    return Fail(call, kScriptBadArgument, "ERROR - unrecognized color= {}", word);
+  if (name == std::end(kColourNames)) return Fail(call, kScriptBadArgument, "ERROR - unrecognized color= {}", word);
   graph.colour = static_cast<int>(name - std::begin(kColourNames));
   return kScriptOk;
 }
@@ -251,7 +255,8 @@ int RunAnimateGraphOption(ScriptCall& call) {
 
 constexpr Command kAnimation[] = {
     {{"ANIMATE_GRAPH", "KINO_GRAPH"},                                                      kNeedsCase, RunAnimateGraph      },
-    {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"}, kNone,      RunAnimateGraphOption},
+    {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"},
+     kNone,                                                                                            RunAnimateGraphOption},
     {{"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"},                         kNone,      RunAnimateOption     },
 };
 

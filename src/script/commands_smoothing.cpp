@@ -1,6 +1,7 @@
 // Commands that smooth: what is shown, or what is stored.
 #include <vector>
 
+#include "base/number_format.h"
 #include "base/number_parse.h"
 #include "case/ensemble_match.h"
 #include "case/smooth_stored.h"
@@ -19,13 +20,16 @@ int RunSmoothData(ScriptCall& call) {
   constexpr WordValue kWords[] = {
       {"OFF",  0     },
       {"NONE", 0     },
-      {"ON",   kCubic},
-      {"0",    0     },
-      {"1",    1     },
-      {"2",    2     },
-      {"3",    kCubic}
+      {"ON",   kCubic}
   };
-  return ReadWord(call, kWords, call.session.output.smooth_option);
+  int& option = call.session.output.smooth_option;
+  const std::string word = NextScriptWord(call.words, kKeyword);
+  if (FindWord(kWords, word, option)) return kScriptOk;
+  double number = 0;
+  if (!ParseDouble(word, number) || RoundToInt(number) < 0 || RoundToInt(number) > kCubic)
+    return Fail(call, kScriptBadArgument, kBadWord, call.command, word);
+  option = RoundToInt(number);
+  return kScriptOk;
 }
 
 int RunSmoothWindow(ScriptCall& call) {
@@ -46,7 +50,8 @@ int RunSmoothInput(ScriptCall& call) {
   const int option = RoundToInt(static_cast<double>(values[0]));
   const int width = values.size() > 1 ? RoundToInt(static_cast<double>(values[1])) : 0;
   const bool valid = option == 1 || (option == kCubic && width >= kLeastWindow);
-  if (!valid) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
+  const float bad = option == kCubic && values.size() > 1 ? values[1] : values[0];
+  if (!valid) return Fail(call, kScriptBadArgument, kBadWord, call.command, Shown{bad});
   const int window = option == 1 ? kLeastWindow : width;
   const auto smooth = [&call, &session, option, window](CaseStore& record) {
     SmoothStored(call.console(), option, window, record);

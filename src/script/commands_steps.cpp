@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "case/ensemble_match.h"
 #include "case/finish_case_read.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
@@ -36,7 +37,8 @@ bool ReadOne(ScriptCall& call, int n, float& value) {
 
 // Trims anew. The result has no abort_trim where nothing of an incomplete run was trimmed for that reason.
 TrimOutcome Retrim(Session& session) {
-  const TrimOutcome outcome = ApplyTrim(session.output, session.case_store);
+  const TrimOutcome outcome = RetrimCase(session.output, session.case_store);
+  TrimOtherRecords(session.output, session.ensemble);
   SayTrimWhole(session.platform.console, outcome);
   return outcome;
 }

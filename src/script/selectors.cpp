@@ -16,7 +16,6 @@ inline constexpr std::string_view kInvalidQuantity = "ERROR - Invalid quantity s
 inline constexpr std::string_view kAllRefused = "ERROR - Option ALL not valid for {} command ...";
 inline constexpr std::string_view kFewPlain = "ERROR - Insufficient arguments for {} command ...";
 inline constexpr std::string_view kFewPoint = "ERROR - Insufficient arguments for {} command for point motion...";
-inline constexpr std::string_view kFewMissile = "ERROR - Insufficient arguments for {} command for missile data...";
 inline constexpr std::string_view kBadMissile = "ERROR - Invalid option index for {} command for missile data...";
 inline constexpr std::string_view kCurveFault = "ERROR - Invalid curve index for {} option {}";
 

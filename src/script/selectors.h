@@ -32,6 +32,8 @@ struct Selector {
 // 0, or the status of the failure that has been said.
 [[nodiscard]] int ReadSelector(ScriptCall& call, Selector& selector);
 
+inline constexpr std::string_view kFewMissile = "ERROR - Insufficient arguments for {} command for missile data...";
+
 enum class CurveIndex : unsigned char { none, given };
 
 // The numbers behind the selector: plain `i`; point `x y z i`; missile x y z, an option index that is 1, four numbers.

@@ -1,19 +1,24 @@
 #include "script/setting_words.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "script/open_script_file.h"
 
 namespace zaview {
 
+bool FindWord(std::span<const WordValue> words, std::string_view word, int& value) {
+  const std::string capitals = Capitals(word);
+  const auto found =
+      std::find_if(words.begin(), words.end(), [&capitals](const WordValue& row) { return row.word == capitals; });
+  if (found != words.end()) value = found->value;
+  return found != words.end();
+}
+
 int ReadWord(ScriptCall& call, std::span<const WordValue> words, int& value) {
   const std::string word = NextScriptWord(call.words, kKeyword);
-  const std::string capitals = Capitals(word);
-  for (const WordValue& row : words) {
-    if (capitals != row.word) continue;
-    value = row.value;
-    return kScriptOk;
-  }
-  return Fail(call, kScriptBadArgument, "ERROR - Invalid argument for {} command : {}", call.command, word);
+  if (FindWord(words, word, value)) return kScriptOk;
+  return Fail(call, kScriptBadArgument, kBadWord, call.command, word);
 }
 
 bool ReadBoolean(std::string_view word, bool& value) {

@@ -13,6 +13,11 @@ struct WordValue {
   int value = 0;
 };
 
+inline constexpr std::string_view kBadWord = "ERROR - Invalid argument for {} command : {}";
+
+// A word in any case as the value of its row. False: it has none.
+[[nodiscard]] bool FindWord(std::span<const WordValue> words, std::string_view word, int& value);
+
 // The next word of the script, in any case, as the value of its row; "ERROR - Invalid argument for .. command : .."
 // if there is none. The status.
 [[nodiscard]] int ReadWord(ScriptCall& call, std::span<const WordValue> words, int& value);
