@@ -3,67 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include "case/output_scales.h"
-#include "fake_platform.h"
-#include "script/open_script_file.h"
+#include "unit/script/script_run.h"
 
 namespace zaview {
 namespace {
-
-void FillHistory(StepHistory& history, std::size_t components, std::size_t steps) {
-  history.component.assign(components, std::vector<float>(steps, 1.0F));
-}
-
-// 100 steps, no cuts.
-void GiveCase(CaseStore& store) {
-  store.file_name = "run.out";
-  store.has_case = true;
-  store.nstep_expected = store.last_read = store.last_step = 100;
-  FillHistory(store.time, 1, 100);
-  for (std::size_t i = 0; i < 100; ++i) store.time.component[0][i] = static_cast<float>(i);
-  for (StepHistory* history : {&store.pmgg, &store.vmg, &store.acc}) FillHistory(*history, 6, 100);
-  FillHistory(store.force, 30, 100);
-}
-
-struct ScriptRun {
-  FakePlatform fake;
-  Session session;
-  int status = 0;
-
-  explicit ScriptRun(const std::string& text, bool with_case = true) {
-    fake.Put("s", text);
-    session.platform = fake.Get();
-    set_output_scales(session.output, false);
-    if (with_case) GiveCase(session.case_store);
-  }
-  void Run() { status = OpenScriptFile(session, "s"); }
-};
-
-// What is said between "Reading .." and the closing line, echoes left out.
-std::string Said(const std::string& output) {
-  std::string said;
-  std::size_t begin = output.find('\n') + 1;
-  while (begin < output.size()) {
-    const std::size_t end = output.find('\n', begin);
-    const std::string line = output.substr(begin, end - begin + 1);
-    if (line.rfind("ZAVIEW Scripting: ", 0) != 0) said += line;
-    begin = end + 1;
-  }
-  return said;
-}
 
 struct CommandCase {
   std::string script;
   int status;
   std::string said;  // ahead of the line that names file and line, and of the closing line
 };
-
-constexpr const char* kEnd[] = {"\nSuccessfully parsed ZAVIEW script file : s\n",
-                                "",
-                                "",
-                                "ERROR parsing ZAVIEW script file : s\n",
-                                "Argument ERROR in ZAVIEW script file : s\n",
-                                "ERROR executing ZAVIEW script file : s\n"};
 
 void ExpectRun(const CommandCase& c, bool with_case) {
   ScriptRun run(c.script, with_case);
@@ -80,17 +29,9 @@ TEST(Script, Errors) {
   // clang-format off
   const CommandCase cases[] = {
       {"FOO 1\n", 3, "\nERROR parsing script file - unrecognized command: FOO\n"},
-      {"read_file \"\"\n", 4, "ERROR - Blank file name for READ_FILE command\n"},
       {"READ KINO\n", 5, "ERROR - alternate input needs READ_KINO_FILES in a script\n"},
-      {"SET_DLM FOO\n", 4, "ERROR - Invalid argument (FOO) for SET_DLM command...\n"},
-      {"SET_SCALE LENOUT 0\n", 4, "ERROR - LENOUT must be positive\n"},
       {"SET_SCALE LENOUT 1m\n", 5, "ERROR - Insufficient arguments for SET_SCALE command...\n"},
-      {"COORDS UP\n", 4, "ERROR - Unrecognized option for COORDS command...\n"},
-      {"TRIM_STEPS -1\n", 4, "ERROR - Illegal number of steps specified in TRIM_STEPS command...\n"},
-      {"SKIP_STEPS 5 -1\n", 4, "ERROR - Illegal number of steps specified in SKIP_STEPS command...\n"},
       {"TRIM_STEPS 1e30 1e30\n", 4, "ERROR - All steps trimmed by TRIM_STEPS command...\n"},
-      {"LEN_RAO -1\n", 4, "ERROR - Invalid argument for LEN_RAO value cannot be negative\n"},
-      {"CONF_PROB 1.01\n", 4, "ERROR - Invalid value for CONF_PROB command...\n"},
       {"WRITE_HISTORY moot\n", 4, "ERROR - Invalid quantity specifier: moot\n"},
       {"WRITE_HISTORY POINT_MISS 1 2 3 1 1 1 1\n", 5,
        "ERROR - Insufficient arguments for WRITE_HISTORY command for missile data...\n"},
@@ -133,48 +74,35 @@ TEST(Script, GoodLines) {
   // clang-format off
   const CommandCase cases[] = {
       {"", 0, ""}, {"STOP\nFOO\n", 0, ""}, {"TRIM_STEPS 0 0\n", 0, ""},
-      {"SET_STEPS 50 0\n", 0, "Output set to time steps 50 to 100\n"},
-      {"SET_STEPS 50 20\n", 0, "Output set to time steps 50 to 50\n"},
       {"SET_STEPS -1e30 1e30\n", 0, "Output set to time steps 1 to 100\n"},
-      {"STEP_INC 2.5\n", 0, "Setting output step increment to 3\n"},
-      {"SET_SCALE lenout 100\n", 0,
-       "Changing output dimensionalization:\nFactor        Old         New\n"
-       "GRAVOUT      9.81        9.81  Gravity\nRHOOUT       1025        1025  Water density\n"
-       "LENOUT          1         100  Reference length\nANGOUT          1           1  Angular scale factor\n"},
       {"WRITE_LABEL x \"o p\"\n", 0, "WARNING - output file name cut at blank : o\n"}};
   // clang-format on
   for (const CommandCase& c : cases) ExpectRun(c, true);
 }
 
-TEST(Script, EffectsOfSettings) {
-  ScriptRun run(
-      "SET_OUTPUT_SCALES 1 2 3 4\nTAB\nMODEL=1\nCOORDS MODEL\nTRIM_STEPS 10 5\nSTAT_STEPS 21 85\nRAO=3\n"
-      "LEN_RAO {RAO}\nBEAM_RAO 4\nCONF_PROB 1\nAUTOC_SAMPLE 2\nAC_CUTOFF 0.5\n");
-  run.Run();
-  const OutputSettings& output = run.session.output;
-  const CaseStore& store = run.session.case_store;
-  EXPECT_EQ(run.status, kScriptOk) << run.fake.output;
-  EXPECT_EQ(output.separator, Separator::tab);
-  EXPECT_EQ(output.cnvfac, (std::array<float, 6>{1, -1, -1, 1, -1, -1}));
-  EXPECT_EQ(output.user_scale, (std::array<bool, 4>{true, true, true, true}));
-  EXPECT_EQ(output.scales.position[0], 3.0F);
-  EXPECT_EQ((std::array{store.first_step, store.last_step, store.skip_effective, output.skip_terminal}),
-            (std::array{11, 95, 10, 10}));
-  EXPECT_EQ((std::array{output.ndtf_length, output.ndtf_beam, output.confidence_probability,
-                        output.autocorrelation_cutoff, static_cast<float>(output.autocorrelation_rate)}),
-            (std::array{3.0F, 4.0F, 1.0F, 0.5F, 2.0F}));
-}
-
 TEST(Script, AbortedCase) {
-  ScriptRun run("TRIM_STEPS 1 2\nTRIM_ABORT 30\nTRIM_ABORT 0\n");
+  ScriptRun run("TRIM_STEPS 1 2\nTRIM_ABORT 30\nTRIM_ABORT 500\nTRIM_ABORT 0\n");
   run.session.case_store.nstep_expected = 200;
   run.session.output.trim_abort = 20;
   run.Run();
   EXPECT_EQ(Said(run.fake.output), std::string("1 steps trimmed from beginning of time history\n"
                                                "20 steps trimmed from end of aborted time history\n"
-                                               "Trimming 30 steps from end of time history for aborted case\n") +
+                                               "Trimming 30 steps from end of time history for aborted case\n"
+                                               "Trimming 98 steps from end of time history for aborted case\n") +
                                        kEnd[0]);
   EXPECT_EQ(run.session.case_store.last_step, 98);
+}
+
+// Statistics of an ensemble see the same steps of all its records.
+TEST(Script, TrimsEveryRecord) {
+  ScriptRun run("TRIM_STEPS 10 5\n");
+  EnsembleStore& ensemble = run.session.ensemble;
+  ensemble.record.resize(2);
+  GiveCase(ensemble.record[0]);
+  ensemble.nrec = ensemble.irec = 2;
+  run.Run();
+  EXPECT_EQ(ensemble.record[0].first_step, 11);
+  EXPECT_EQ(ensemble.record[0].last_step, 95);
 }
 
 TEST(Script, FilesAndSwitches) {

@@ -1,0 +1,475 @@
+// Every command that reads files or changes a setting, by each of its words: what it sets, what it says, and that a
+// refused line leaves the session as it was.
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "unit/script/script_run.h"
+
+namespace zaview {
+namespace {
+
+using Values = std::vector<float>;
+using Texts = std::vector<std::string>;
+
+template <typename... T>
+Values Of(T... values) {
+  return {static_cast<float>(values)...};
+}
+
+// ---- What is read back
+
+Values Delimiter(const Session& s) {
+  return Of(s.output.separator);
+}
+Values Scales(const Session& s) {
+  const OutputSettings& o = s.output;
+  return Of(o.GRAVOUT, o.RHOOUT, o.LENOUT, o.ANGOUT, o.scales.position[0], o.user_scale[0], o.user_scale[1],
+            o.user_scale[2], o.user_scale[3]);
+}
+Values Signs(const Session& s) {
+  return {s.output.cnvfac.begin(), s.output.cnvfac.end()};
+}
+Values Steps(const Session& s) {
+  const CaseStore& c = s.case_store;
+  return Of(c.first_step, c.last_step, c.skip_effective, s.output.skip_terminal, s.output.trim_initial,
+            s.output.trim_terminal, s.output.trim_abort, s.output.step_stride);
+}
+Values Smoothing(const Session& s) {
+  return Of(s.output.smooth_option, s.output.smooth_window);
+}
+Values Ndtf(const Session& s) {
+  return Of(s.output.ndtf_length, s.output.ndtf_beam);
+}
+Values Intervals(const Session& s) {
+  return Of(s.output.confidence_probability, s.output.autocorrelation_rate, s.output.autocorrelation_cutoff,
+            s.statistics.nmany);
+}
+Values Shown(const Session& s) {
+  return Of(s.data_plot.show_stats);
+}
+Values Histogram(const Session& s) {
+  const HistogramRequest& h = s.statistics.histogram;
+  return Of(h.data, h.overlay, h.counts, h.rate, s.data_plot.hist_rendering);
+}
+Values PlotFrame(const Session& s) {
+  const DataPlotState& p = s.data_plot;
+  return Of(p.axis_x_length, p.axis_y_length, p.histogram_x_length, p.histogram_y_length, p.window_width,
+            p.window_height);
+}
+Values Flags(const Session& s) {
+  return Of(s.data_plot.grid_on, s.data_plot.match_scales, s.data_plot.show_ship);
+}
+Values Background(const Session& s) {
+  return Of(s.run.plot_colours);
+}
+Values Sensor(const Session& s) {
+  return Of(s.sensor.earth_radius, s.sensor.height_maximum);
+}
+Values Records(const Session& s) {
+  const CaseStore& c = s.case_store;
+  return Of(s.ensemble.nrec, c.first_read, c.last_read);
+}
+Values FirstMotion(const Session& s) {
+  Values values = Records(s);
+  for (const std::vector<float>& component : s.case_store.pmgg.component) values.push_back(component.front());
+  return values;
+}
+// The last sample is 5, all others are 1.
+Values LastMotion(const Session& s) {
+  return Of(s.case_store.pmgg.component[0].back() == 5.0F);
+}
+
+// The view's flags: rudders, time, title, perspective, shading, transparent body, solid hull, transparent sea.
+Values ViewFlags(const Session& s) {
+  const MotionViewState& v = s.motion_view;
+  return Of(v.show_rudders, v.show_time, v.show_title, v.perspective, v.shading_on, v.body_transparent, v.hull_solid,
+            v.fs_transparent);
+}
+Values ViewNumbers(const Session& s) {
+  const MotionViewState& v = s.motion_view;
+  return Of(v.fs_opacity, v.ambient, v.view_width, v.view_radius, v.view_azimuth, v.view_elevation, v.fs_grid_size,
+            v.line_thickness, v.initial_step);
+}
+Values Sync(const Session& s) {
+  const MotionViewState& v = s.motion_view;
+  return Of(v.run_sync, v.sync_real_time, v.run_sync_factor);
+}
+Values Graphs(const Session& s) {
+  Values values;
+  for (const MotionGraph& graph : s.motion_view.graphs) {
+    const QuantityRequest& q = graph.request;
+    for (const float value : Of(graph.on, q.iqnt, q.curve, q.point[0], q.missile[3])) values.push_back(value);
+  }
+  return values;
+}
+Values GraphOptions(const Session& s) {
+  Values values;
+  for (const MotionGraph& g : s.motion_view.graphs)
+    for (const float value : Of(g.colour, g.blank, g.scroll, g.time_bar, g.mark, g.value)) values.push_back(value);
+  return values;
+}
+
+// ---- Commands, as the tables of the tests say them
+
+struct Good {
+  std::string arguments;
+  Values values;
+  const char* said = "";  // null: it doesn't matter
+};
+struct Refused {
+  std::string arguments;
+  int status;
+  std::string said;  // ?: the command as typed
+};
+
+struct Setting {
+  Texts words;
+  Values (*read)(const Session& session);
+  std::vector<Good> good;
+  std::vector<Refused> refused;
+  Texts before = {""};  // lines ahead of it; with one of them at least, each good line changes something
+  bool needs_case = false;
+};
+
+std::string SampleBytes(const char* name) {
+  std::ifstream in(std::string(ZAVIEW_SOURCE_DIR "/samples/") + name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+struct SettingRun : ScriptRun {
+  SettingRun(const std::string& text, bool with_case) : ScriptRun(text, with_case) {
+    static const std::string whole = SampleBytes("regular_head.out"), first = SampleBytes("short_cut.out"),
+                             second = SampleBytes("restarted.out");
+    fake.Put("run.out", whole);
+    fake.Put("a/first.out", first);
+    fake.Put("a/second.out", second);
+    fake.Put("m.mot", "quay\n0\n0 1 2 3 0 0 0\n1 1 2 3 0 0 0\n");
+    if (with_case) session.case_store.pmgg.component[0].back() = 5;
+    Run();
+  }
+};
+
+std::string Filled(std::string text, const std::string& command) {
+  for (std::size_t at = text.find('?'); at != std::string::npos; at = text.find('?', at + command.size()))
+    text.replace(at, 1, command);
+  return text;
+}
+
+void ExpectGood(const Setting& setting, const std::string& word, const Good& good) {
+  bool changed = false;
+  for (const std::string& before : setting.before) {
+    const SettingRun baseline(before, true);
+    const SettingRun run(before + word + " " + good.arguments + "\n", true);
+    ASSERT_EQ(run.status, kScriptOk) << word << " " << good.arguments << "\n" << run.fake.output;
+    EXPECT_EQ(setting.read(run.session), good.values) << word << " " << good.arguments;
+    if (good.said != nullptr && before.empty()) {
+      EXPECT_EQ(Said(run.fake.output), std::string(good.said) + kEnd[0]) << word << " " << good.arguments;
+    }
+    changed = changed || setting.read(baseline.session) != good.values;
+  }
+  EXPECT_TRUE(changed) << word << " " << good.arguments << " : the row proves nothing";
+}
+
+void ExpectRefused(const Setting& setting, const std::string& word, const Refused& refused) {
+  const std::string& before = setting.before.front();
+  const std::string line = word + (refused.arguments.empty() ? "" : " " + refused.arguments);
+  const SettingRun baseline(before, true);
+  const SettingRun run(before + line + "\n", true);
+  EXPECT_EQ(run.status, refused.status) << line << run.fake.output;
+  EXPECT_EQ(setting.read(run.session), setting.read(baseline.session)) << line;
+  const std::string end = Filled(refused.said, word) + "\n        at line " + (before.empty() ? "1" : "2") +
+                          " of s : " + line + "\n" + kEnd[refused.status];
+  const std::string said = Said(run.fake.output);
+  const bool ends = said.size() >= end.size() && said.compare(said.size() - end.size(), end.size(), end) == 0;
+  EXPECT_TRUE(ends) << said << "\nshould end:\n" << end;
+}
+
+void ExpectSetting(const Setting& setting) {
+  for (const std::string& word : setting.words) {
+    ExpectGood(setting, word, setting.good.front());
+    for (const Refused& refused : setting.refused) ExpectRefused(setting, word, refused);
+    const SettingRun alone(setting.before.front() + word + " " + setting.good.front().arguments + "\n", false);
+    EXPECT_EQ(alone.status, setting.needs_case ? kScriptFailed : kScriptOk) << word << alone.fake.output;
+    const bool told =
+        alone.fake.output.find("ERROR - " + word + " : cannot be run until an output\n   file has been read\n") !=
+        std::string::npos;
+    EXPECT_EQ(told, setting.needs_case) << word;
+  }
+  for (const Good& good : setting.good) ExpectGood(setting, setting.words.front(), good);
+}
+
+constexpr const char* kFew = "ERROR - Insufficient arguments for ? command...";
+constexpr const char* kNoValue = "ERROR - Invalid value for ? command...";
+constexpr const char* kNoPair = "ERROR - missing or insufficient arguments for ";
+
+// clang-format off
+TEST(Settings, Files) {
+  const char* const blank = "ERROR - Blank file name for ? command";
+  const Setting settings[] = {
+      {{"READ_OUTPUT_FILE", "READ_OUTPUT", "READ_FILE", "READ"}, Records,
+       {{"run.out", Of(1, 1, 400), nullptr}, {"a/*.out", Of(1, 201, 400), nullptr}},
+       {{"", 4, blank}, {"\"\"", 4, blank}, {"b*.out", 5, "ERROR - no file(s) found which match b*.out"}},
+       {"", "READ a/first.out\n"}},
+      {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"}, Records,
+       {{"run.out", Of(2, 1, 400), nullptr}},  // READ would find the files identical
+       {{"", 4, blank}}, {"READ run.out\n"}},
+      {{"READ_OUTPUT_FILE_COMB", "READ_FILE_COMB", "READ_COMB", "READ_OUTPUT_FILE_COMBINE", "READ_FILE_COMBINE",
+        "READ_COMBINE"}, Records,
+       {{"a/second.out", Of(1, 1, 400), nullptr}},
+       {{"", 4, blank}, {"a/*", 4, "ERROR - Wild cards cannot be used with ? command"}}, {"READ a/first.out\n"}},
+      {{"READ_MULTI_SHIP_FILE", "READ_MULTI_SHIP", "READ_MULTI_FILE", "READ_OUTPUT_FILE_MULTI", "READ_FILE_MULTI",
+        "READ_MULTI"}, Records,
+       {{"run.out 1", Of(1, 1, 400), nullptr}},
+       {{"", 4, blank}, {"run.out", 5, kFew}, {"run.out 2", 5, "ERROR - ship 2 is not in the file (NSHIP= 1)"}}},
+      {{"READ_OLD_MULTI_SHIP_FILE", "READ_OLD_MULTI_SHIP", "READ_OLD_MULTI_FILE", "READ_OLD_MULTI"}, Records,
+       {{"run.out 1 0", Of(1, 1, 400), nullptr}}, {{"", 4, blank}, {"run.out 1", 5, kFew}}},
+      {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"}, FirstMotion,
+       {{"m \"\" \"\" 9.81 1025 0 0 0 0 0 0", Of(1, 1, 2, 1, 2, 3, 0, 0, 0), nullptr}},
+       {{"", 4, blank}, {"m \"\" \"\" 9.81 1025 0 0 0 0 0", 5, kFew}}},
+      {{"CLEAR_ENSEMBLE_DATA", "CLEAR_ENSEMBLE"}, Records,
+       {{"", Of(1, 1, 400), nullptr}}, {}, {"READ run.out\nREAD_ENSEMBLE run.out\n"}},
+  };
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+
+TEST(Settings, Output) {
+  const char* const convention = "ERROR - Unrecognized option for ? command...";
+  const Values zavo{1, 1, 1, 1, 1, 1}, model{1, -1, -1, 1, -1, -1}, cfd{-1, -1, 1, -1, -1, 1};
+  const Setting settings[] = {
+      {{"COMMA", "COMMAS"}, Delimiter, {{"", Of(Separator::comma)}}, {}},
+      {{"TAB", "TABS"},     Delimiter, {{"", Of(Separator::tab)}},   {}},
+      {{"SPACE", "SPACES"}, Delimiter, {{"", Of(Separator::space)}}, {}, {"TAB\n"}},
+      {{"SET_DELIMITER", "SET_DLM", "DELIMITER"}, Delimiter,
+       {{"COMMA", Of(Separator::comma)}, {"commas", Of(Separator::comma)}, {"TAB", Of(Separator::tab)},
+        {"Tabs", Of(Separator::tab)}, {"SPACE", Of(Separator::space)}, {"SPACES", Of(Separator::space)}},
+       {{"", 4, "ERROR - Invalid argument () for ? command..."}, {"Dot", 4, "ERROR - Invalid argument (Dot) for ? command..."}},
+       {"", "TAB\n"}},
+      {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"}, Scales,
+       {{"LENOUT 100", Of(9.81F, 1025, 100, 1, 100, 0, 0, 1, 0),
+         "Changing output dimensionalization:\nFactor        Old         New\n"
+         "GRAVOUT      9.81        9.81  Gravity\nRHOOUT       1025        1025  Water density\n"
+         "LENOUT          1         100  Reference length\nANGOUT          1           1  Angular scale factor\n"},
+        {"gravout 32.2", Of(32.2F, 1025, 1, 1, 1, 1, 0, 0, 0), nullptr},
+        {"RHOOUT 1000", Of(9.81F, 1000, 1, 1, 1, 0, 1, 0, 0), nullptr},
+        {"ANGOUT 2", Of(9.81F, 1025, 1, 2, 1, 0, 0, 0, 1), nullptr}},
+       {{"", 4, "ERROR - Invalid argument () for ? command..."}, {"L 1", 4, "ERROR - Invalid argument (L) for ? command..."},
+        {"LENOUT", 5, kFew}, {"LENOUT x", 5, kFew}, {"LENOUT 0", 4, "ERROR - LENOUT must be positive"}}},
+      {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"}, Scales,
+       {{"1 2 3 4", Of(1, 2, 3, 4, 3, 1, 1, 1, 1), nullptr}},
+       {{"1 2 3", 5, kFew}, {"1 2 3 -4", 4, "ERROR - ANGOUT must be positive"}}},
+      {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"}, Signs,
+       {{"MODEL", model}, {"zdown", model}, {"CFD", cfd}, {"XAFT", cfd}, {"XDOWN", cfd}, {"DEF", zavo},
+        {"DEFAULT", zavo}, {"zup", zavo}, {"ZAVO", zavo}},
+       {{"", 4, convention}, {"UP", 4, convention}}, {"", "COORDS CFD\n"}},
+  };
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+
+// Steps: first, last, skips, trims at start, end and of aborted runs, increment.
+TEST(Settings, Steps) {
+  const char* const illegal = "ERROR - Illegal number of steps specified in ? command...";
+  const char* const range = "ERROR - Illegal arguments for ? command...\n        Initial time step of range ";
+  const Setting settings[] = {
+      {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"}, Steps,
+       {{"10 5", Of(11, 95, 0, 0, 10, 5, 200, 1),
+         "10 steps trimmed from beginning of time history\n5 steps trimmed from end of time history\n"},
+        {"7", Of(8, 93, 0, 0, 7, 7, 200, 1), nullptr}, {"0 0", Of(1, 100, 0, 0, 0, 0, 200, 1), nullptr}},
+       {{"", 5, kFew}, {"x", 5, kFew}, {"-1", 4, illegal}, {"1 -1", 4, illegal},
+        {"50 50", 4, "ERROR - All steps trimmed by ? command..."}},
+       {"", "TRIM_STEPS 3\n"}},
+      {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, Steps,
+       {{"30", Of(1, 100, 0, 0, 0, 0, 30, 1)}}, {{"", 5, kFew}, {"-1", 4, illegal}}},
+      {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"}, Steps,
+       {{"20 60", Of(20, 60, 0, 0, 0, 0, 200, 1), "Output set to time steps 20 to 60\n"},
+        {"50 0", Of(50, 100, 0, 0, 0, 0, 200, 1), nullptr}, {"50 20", Of(50, 50, 0, 0, 0, 0, 200, 1), nullptr},
+        {"-7 101", Of(1, 100, 0, 0, 0, 0, 200, 1), nullptr}},
+       {{"", 5, kFew}, {"x", 5, kFew}}, {"", "SET_STEPS 2 3\nSET_STEPS 2 100\n"}, true},
+      {{"SET_SKIP_STEPS", "SKIP_STEPS"}, Steps,
+       {{"10 4", Of(1, 100, 10, 4, 0, 0, 200, 1),
+         "Setting # of initial and terminal time steps to skip in\nstatistical calculations to 10 and 4, respectively\n"},
+        {"10", Of(1, 100, 10, 0, 0, 0, 200, 1), nullptr}},
+       {{"", 5, kFew}, {"-1", 4, illegal}, {"5 -1", 4, illegal}}, {"", "SKIP_STEPS 1 2\n"}},
+      {{"SET_STAT_STEPS", "STAT_STEPS"}, Steps,
+       {{"21 85", Of(1, 100, 20, 15, 0, 0, 200, 1),
+         "Setting time step range for statistical calculations to: 21 through 85\n"},
+        {"21 185", Of(1, 100, 20, 0, 0, 0, 200, 1), nullptr}},
+       {{"", 5, kFew}, {"5", 5, kFew}, {"0 5", 4, range + std::string("cannot be zero")},
+        {"6 5", 4, range + std::string("after terminal step")}}, {""}, true},
+      {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"}, Steps,
+       {{"2.5", Of(1, 100, 0, 0, 0, 0, 200, 3), "Setting output step increment to 3\n"}},
+       {{"", 5, kFew}, {"0.4", 4, kNoValue}, {"-3", 4, kNoValue}}},
+  };
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+
+TEST(Settings, Data) {
+  const char* const bad_word = "ERROR - Invalid argument for ? command : 7";
+  const char* const no_word = "ERROR - Invalid argument for ? command :";
+  const char* const negative = "ERROR - Invalid argument for ? value cannot be negative";
+  const Setting settings[] = {
+      {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"}, Shown,
+       {{"1/3RD", {1}}, {"1/3", {1}}, {"3", {1}}, {"SIGNIFICANT", {1}}, {"sig", {1}}, {"ON", {1}}, {"1/10th", {2}},
+        {"1/10", {2}}, {"10", {2}}, {"STDEV", {3}}, {"ST.DEV", {3}}, {"RMS", {3}}, {"VAR", {3}}, {"VARIANCE", {3}},
+        {"MIN", {4}}, {"MAX", {4}}, {"MINIMUM", {4}}, {"MAXIMUM", {4}}, {"MINMAX", {4}}, {"OFF", {0}}, {"NONE", {0}}},
+       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "STATS ON\n"}},
+      {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"}, Smoothing,
+       {{"on", {3, 11}}, {"1", {1, 11}}, {"2.0", {2, 11}}, {"3", {3, 11}}, {"OFF", {0, 11}}, {"NONE", {0, 11}},
+        {"0", {0, 11}}},
+       {{"", 4, no_word}, {"7", 4, bad_word}, {"-1", 4, "ERROR - Invalid argument for ? command : -1"}},
+       {"", "SMOOTH 2\n"}},
+      {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"}, Smoothing,
+       {{"5", {0, 5}}, {"14.5", {0, 15}}}, {{"", 5, kFew}, {"4", 4, kNoValue}}},
+      {{"SMOOTH_INPUT", "SMOOTHINPUT"}, LastMotion, {{"3 21", {0}}, {"1", {0}}},
+       {{"", 5, kFew}, {"0", 4, "ERROR - Invalid argument for ? command : 0"}, {"3 4", 4, "ERROR - Invalid argument for ? command : 4"},
+        {"3", 4, "ERROR - Invalid argument for ? command : 3"}}, {""}, true},
+      {{"SET_LENGTH_NDTF", "LENGTH_NDTF", "SET_LEN_NDTF", "LEN_NDTF", "SET_LENGTH_RAO", "LENGTH_RAO", "SET_LEN_RAO",
+        "LEN_RAO"}, Ndtf, {{"3", {3, 0}}, {"0", {0, 0}}}, {{"", 5, kFew}, {"-1", 4, negative}}, {"", "LEN_RAO 1\n"}},
+      {{"SET_BEAM_NDTF", "BEAM_NDTF", "SET_BEAM_RAO", "BEAM_RAO"}, Ndtf,
+       {{"4", {0, 4}}}, {{"", 5, kFew}, {"-1", 4, negative}}},
+      {{"CONFIDENCE_PROBABILITY", "CONFIDENCE_PROB", "CONF_PROB"}, Intervals,
+       {{"1", {1, 1, 0.05F, 0}}, {"0.9", {0.9F, 1, 0.05F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}, {"1.01", 4, kNoValue}}},
+      {{"ENSEMBLE_NMANY", "NMANY"}, Intervals,
+       {{"30", {0.95F, 1, 0.05F, 30}}, {"0", {0.95F, 1, 0.05F, 0}}}, {{"", 5, kFew}, {"-1", 4, kNoValue}}, {"", "NMANY 2\n"}},
+      {{"AUTOCORRELATION_SAMPLE_RATE", "AUTOCORRELATION_SAMPLE", "AUTOC_SAMPLE_RATE", "AUTOC_SAMPLE"}, Intervals,
+       {{"1.5", {0.95F, 2, 0.05F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}}},
+      {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"}, Intervals,
+       {{"0.5", {0.95F, 1, 0.5F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}, {"1", 4, kNoValue}}},
+  };
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+
+// Histogram: data, overlay, counts, rate, style (2 by default). Plot frame: axes, histogram axes, window.
+TEST(Settings, Plots) {
+  const char* const bad_word = "ERROR - Invalid argument for ? command : 7";
+  const char* const no_word = "ERROR - Invalid argument for ? command :";
+  const char* const small = "ERROR - illegal arguments for ";
+  const auto flag = [](const char* word, Values on, Values off) {
+    return Setting{{word}, Flags,
+                   {{"ON", on}, {"yes", on}, {"", on}, {"OFF", off}, {"n", off}},
+                   {{"o", 4, "ERROR - illegal value for ? command: o"}},
+                   {"", std::string(word) + " OFF\n", std::string(word) + " ON\n"}};
+  };
+  const Setting settings[] = {
+      {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"}, Histogram,
+       {{"ABSOLUTE", {1, 0, 0, 1, 2}}, {"abs", {1, 0, 0, 1, 2}}, {"POSITIVE", {2, 0, 0, 1, 2}}, {"POS", {2, 0, 0, 1, 2}},
+        {"ALL", {0, 0, 0, 1, 2}}, {"SIGNED", {0, 0, 0, 1, 2}}, {"SIG", {0, 0, 0, 1, 2}}},
+       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_DATA POS\n"}},
+      {{"HISTOGRAM_STYLE", "HIST_STYLE"}, Histogram,
+       {{"LINED", {0, 0, 0, 1, 0}}, {"CURVE", {0, 0, 0, 1, 0}}, {"LINE", {0, 0, 0, 1, 0}}, {"FILLED", {0, 0, 0, 1, 1}},
+        {"fill", {0, 0, 0, 1, 1}}, {"OUTLINED", {0, 0, 0, 1, 2}}, {"OUTLINE", {0, 0, 0, 1, 2}}},
+       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_STYLE FILL\n"}},
+      {{"HISTOGRAM_DIST_OVERLAY", "HISTOGRAM_DIST", "HISTOGRAM_OVERLAY", "HIST_DIST_OVERLAY", "HIST_DIST",
+        "HIST_OVERLAY"}, Histogram,
+       {{"UNI", {0, 1, 0, 1, 2}}, {"UNIFORM", {0, 1, 0, 1, 2}}, {"NORM", {0, 2, 0, 1, 2}}, {"NORMAL", {0, 2, 0, 1, 2}},
+        {"GAUSSIAN", {0, 2, 0, 1, 2}}, {"gauss", {0, 2, 0, 1, 2}}, {"GRAMM-CHARLIER", {0, 3, 0, 1, 2}},
+        {"GRAMM", {0, 3, 0, 1, 2}}, {"GC", {0, 3, 0, 1, 2}}, {"G-C", {0, 3, 0, 1, 2}}, {"RAYLEIGH", {0, 4, 0, 1, 2}},
+        {"RAY", {0, 4, 0, 1, 2}}, {"EXPONENTIAL", {0, 5, 0, 1, 2}}, {"EXP", {0, 5, 0, 1, 2}},
+        {"OFF", {0, 0, 0, 1, 2}}, {"NONE", {0, 0, 0, 1, 2}}},
+       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_DIST GC\n"}},
+      {{"HISTOGRAM_YAXIS", "HISTOGRAM_Y", "HIST_YAXIS", "HIST_Y"}, Histogram,
+       {{"TOTAL", {0, 0, 1, 1, 2}}, {"count", {0, 0, 1, 1, 2}}, {"N/NTOT", {0, 0, 0, 1, 2}}, {"RATIO", {0, 0, 0, 1, 2}},
+        {"N", {0, 0, 0, 1, 2}}},
+       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_Y COUNT\n"}},
+      {{"HISTOGRAM_SAMPLE_RATE", "HISTOGRAM_SAMPLE", "HIST_SAMPLE_RATE", "HIST_SAMPLE"}, Histogram,
+       {{"2.5", {0, 0, 0, 3, 2}}}, {{"", 5, kFew}, {"0.4", 4, kNoValue}}},
+      {{"HISTOGRAM_PLOT_SIZE", "HISTOGRAM_AXES_SIZE", "HISTOGRAM_AXIS_SIZE", "HIST_PLOT_SIZE", "HIST_AXES_SIZE",
+        "HIST_AXIS_SIZE"}, PlotFrame,
+       {{"4 3", {9, 5.5F, 4, 3, 0, 0}}},
+       {{"4", 4, kNoPair + std::string("? command")}, {"4 0", 4, small + std::string("? command")}}},
+      {{"PLOT_SIZE", "AXES_SIZE", "AXIS_SIZE"}, PlotFrame,
+       {{"4 3", {4, 3, 9, 5.5F, 0, 0}}},
+       {{"", 4, kNoPair + std::string("PLOT_SIZE command")}, {"-4 3", 4, small + std::string("PLOT_SIZE command")}}},
+      {{"WINDOW_SIZE", "WINDOW"}, PlotFrame,
+       {{"800.4 600", {9, 5.5F, 9, 5.5F, 800, 600}}},
+       {{"800", 4, kNoPair + std::string("WINDOW_SIZE command")}, {"0.4 600", 4, small + std::string("WINDOW_SIZE command")}}},
+      flag("PLOT_GRID", {1, 0, 1}, {0, 0, 1}), flag("SHOW_GRID", {1, 0, 1}, {0, 0, 1}), flag("GRID", {1, 0, 1}, {0, 0, 1}),
+      flag("MATCH_SCALES", {0, 1, 1}, {0, 0, 1}), flag("SHOW_SHIP", {0, 0, 1}, {0, 0, 0}),
+      {{"REVERSE"}, Background, {{"", {1}}}, {}},
+      {{"BLACK", "BLACKBG", "BLACK_BG"}, Background, {{"", {2}}}, {}},
+      {{"WHITE", "WHITEBG", "WHITE_BG"}, Background, {{"", {3}}}, {}},
+      {{"EARTH_RADIUS", "RADIUS_EARTH", "R_EARTH"}, Sensor, {{"6.371e6", {6.371e6F, -1}}}, {{"", 5, kFew}, {"x", 5, kFew}}},
+      {{"MAXIXUM_SENSOR_VIEW_HEIGHT", "MAX_SENSOR_VIEW_HEIGHT", "MAX_SV_HEIGHT"}, Sensor, {{"50", {-1, 50}}}, {{"", 5, kFew}}},
+  };
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+
+TEST(Settings, AnimationOptions) {
+  const Texts words = {"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"};
+  const char* const sea = "Illegal value for KINO_OPT SEA";
+  const std::string outside = "ERROR - illegal value for KINO_OPT ";
+  const auto none = [](const char* name) { return std::string("ERROR parsing value for KINO_OPT ") + name; };
+  const Setting settings[] = {
+      {words, ViewFlags,
+       {{"RUDDER on", {1, 1, 1, 1, 1, 0, 1, 0}}, {"time OFF", {0, 0, 1, 1, 1, 0, 1, 0}},
+        {"TIMELABEL maybe", {0, 0, 1, 1, 1, 0, 1, 0}},  // what is no yes is a no
+        {"TITLE n", {0, 1, 0, 1, 1, 0, 1, 0}}, {"PERSPECTIVE off", {0, 1, 1, 0, 1, 0, 1, 0}},
+        {"SHADING off", {0, 1, 1, 1, 0, 0, 1, 0}}, {"TRANSPARENT y", {0, 1, 1, 1, 1, 1, 1, 0}},
+        {"BODY wire", {0, 1, 1, 1, 1, 0, 0, 0}}, {"SEA transp 0.5", {0, 1, 1, 1, 1, 0, 1, 1}}},
+       {{"", 4, "ERROR - Invalid quantity for ? command:"}, {"TITLES on", 4, "ERROR - Invalid quantity for ? command: TITLES"},
+        {"BODY x", 4, sea}, {"SEA", 4, sea}, {"SEA T", 4, none("SEA TRANSPARENT")}}},
+      {words, ViewFlags, {{"SEA Solid", {0, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT SEA T 0.5\n"}},
+      {words, ViewFlags, {{"BODY solid", {0, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT BODY W\n"}},
+      {words, ViewNumbers,
+       {{"SEA T 0.25", {0.25F, 0.3F, 30, 0, 45, 30, 0, 0, 0}},
+        {"SEA T 1.5", {1, 0.3F, 30, 0, 45, 30, 0, 0, 0},
+         "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0\n"},
+        {"AMB 1", {0.5F, 1, 30, 0, 45, 30, 0, 0, 0}}, {"APER 90", {0.5F, 0.3F, 90, 0, 45, 30, 0, 0, 0}},
+        {"VIEW_RADIUS 7", {0.5F, 0.3F, 30, 7, 45, 30, 0, 0, 0}}, {"RADIUS 8", {0.5F, 0.3F, 30, 8, 45, 30, 0, 0, 0}},
+        {"VIEW_AZIMUTH 0", {0.5F, 0.3F, 30, 0, 0, 30, 0, 0, 0}}, {"AZIM 360", {0.5F, 0.3F, 30, 0, 360, 30, 0, 0, 0}},
+        {"VIEW_ELEV 90", {0.5F, 0.3F, 30, 0, 45, 90, 0, 0, 0}}, {"ELEV -90", {0.5F, 0.3F, 30, 0, 45, -90, 0, 0, 0}},
+        {"GRID 5", {0.5F, 0.3F, 30, 0, 45, 30, 5, 0, 0}}, {"GRIDSIZE 6", {0.5F, 0.3F, 30, 0, 45, 30, 6, 0, 0}},
+        {"GRID_SIZE 7", {0.5F, 0.3F, 30, 0, 45, 30, 7, 0, 0}}, {"THICK 2", {0.5F, 0.3F, 30, 0, 45, 30, 0, 2, 0}},
+        {"INIT_STEP 900", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0, 100}}, {"STEP 9", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0, 9}}},
+       {{"AMB 1.1", 4, outside + "AMBIENT; should be between 0.0 and 1.0"}, {"AMB x", 4, none("AMBIENT")},
+        {"APER -1", 4, outside + "APERTURE; should be between 0.0 and 90.0"}, {"APER x", 4, none("APERTURE")},
+        {"RAD 0", 4, outside + "RADIUS; should be > 0.0"}, {"RAD x", 4, none("RADIUS")},
+        {"AZIM 361", 4, outside + "AZIMUTH; should be between 0.0 and 360.0"}, {"AZIM x", 4, none("AZIMUTH")},
+        {"ELEV 91", 4, outside + "ELEVATION; should be between -90.0 and 90.0"}, {"ELEV x", 4, none("ELEVATION")},
+        {"GRID 0", 4, outside + "GRIDSIZE; should be > 0.0"}, {"GRID x", 4, none("GRIDSIZE")},
+        {"THICK -1", 4, outside + "THICK; should be => 0.0"}, {"THICK x", 4, none("THICK")}, {"STEP x", 4, none("STEP")},
+        {"AMB", 4, none("AMBIENT")}}},
+      {words, Sync,
+       {{"SYNC_FACTOR 2", {1, 1, 2}}, {"SYNC -4", {1, 0, 4}}, {"SYNC 0", {0, 0, 3}}},
+       {{"SYNC x", 4, none("SYNC_FACTOR")}}, {"KINO_OPT SYNC -3\n"}},
+  };
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+
+// A graph: on, quantity, curve, first of the point, last of the missile data; and its looks.
+TEST(Settings, AnimationGraphs) {
+  const char* const index = "ERROR - Invalid graph index for ? value must be ";
+  const Setting settings[] = {
+      {{"ANIMATE_GRAPH", "KINO_GRAPH"}, Graphs,
+       {{"2 MOT 3", {0, 1, 0, 0, 0, 1, 1, 3, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
+        {"1 point_mot 7 8 9 2", {1, 27, 2, 7, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
+        {"4 POINT_MISS 7 8 9 1 1 2 3 4 1", {0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 1, 48, 1, 7, 4}}},
+       {{"", 5, index + std::string("1-4")}, {"0 MOT 3", 5, index + std::string("1-4")}, {"5 MOT 3", 5, index + std::string("1-4")},
+        {"1 ALL", 4, "ERROR - Option ALL not valid for ? command ..."}, {"1 moot", 4, "ERROR - Invalid quantity specifier: moot"},
+        {"1 VSF 1", 4, "ERROR - ? option VSF not valid for this output file"},
+        {"1 MOT", 4, "ERROR - Insufficient arguments for ? command ..."}, {"1 MOT 7", 4, "ERROR - Invalid curve index for ? option MOT"},
+        {"1 POINT_MOT 7 8 9", 5, "ERROR - Insufficient arguments for ? command for point motion..."},
+        {"1 POINT_MISS 7 8 9 1 1 2 3 4", 5, "ERROR - Insufficient arguments for ? command for missile data..."},
+        {"1 POINT_MISS 7 8 9 1 1 2 3 4 2", 4, "ERROR - Invalid curve index for ? option POINT_MISS"}},
+       {""}, true},
+      {{"KINO_GRAPH"}, Graphs, {{"1 off", {0, 2, 2, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}}}, {},
+       {"KINO_GRAPH 1 VEL 2\n"}, true},
+      {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"}, GraphOptions,
+       {{"0 COLOR DarkGreen", {15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0}},
+        {"1 COL black", {0, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
+        {"2 BLANK off", {1, 1, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
+        {"3 SCROLL on", {1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
+        {"4 TIME no", {1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 0, 0, 0}},
+        {"1 MARK y", {1, 1, 0, 1, 1, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
+        {"1 VALUE y", {1, 1, 0, 1, 0, 1, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}}},
+       {{"", 5, index + std::string("0-4")}, {"5 COL RED", 5, index + std::string("0-4")}, {"0 COL 3", 4, "ERROR - unrecognized color= 3"},
+        {"1 Foo on", 4, "ERROR - Invalid quantity for ? command: Foo"}}},
+  };
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+// clang-format on
+
+}  // namespace
+}  // namespace zaview
