@@ -4,7 +4,8 @@
     tests/ensemble_check.py PROGRAM FILE...
 
 The run files are taken as one ensemble, each .mot file (KINO motions) alone. The samples are those of WRITE_HISTORY, to
-the last bit; what is counted must be equal, what is computed must agree to FIVE_DIGITS. Needs numpy. By hand.
+the last bit; what is counted must be equal, what is computed must agree to FIVE_DIGITS, or to what 4 bytes can hold
+(Check.begin). Tells the largest relative difference of each kind. Needs numpy. By hand.
 """
 import os
 import re
@@ -76,17 +77,18 @@ class Check:
             return
         ours, expected, size = ours.ravel(), expected.ravel(), np.maximum(np.abs(expected), scale).ravel()
         off = np.abs(ours - expected) / np.where(size > 0, size, 1)
-        off = np.where(np.isnan(off), np.inf, off) / (slack * self.slack)
+        off = np.where(np.isnan(off), np.inf, off)
         worst = int(np.argmax(off))
-        if off[worst] > self.largest.get(kind, (0,))[0]:
-            self.largest[kind] = (off[worst], self.where)
+        allowed = FIVE_DIGITS * slack * self.slack
         self.compared[kind] = self.compared.get(kind, 0) + len(ours)
-        if not off[worst] <= FIVE_DIGITS:
+        if np.isfinite(allowed):
+            self.largest[kind] = max(self.largest.get(kind, (0, 0, "")), (off[worst], off[worst] / allowed, self.where))
+        if not off[worst] <= allowed:
             self.faults.append(f"{self.where} {kind}: {ours[worst]:.7g}, expected {expected[worst]:.7g}")
 
     def equal(self, kind, ours, expected):
         kind += " (counts)"
-        self.largest.setdefault(kind, (0, ""))
+        self.largest.setdefault(kind, (0, 0, ""))
         self.compared[kind] = self.compared.get(kind, 0) + np.size(expected)
         if not np.array_equal(ours, expected):
             self.faults.append(f"{self.where} {kind}: {ours}, expected {expected}")
@@ -352,8 +354,8 @@ def main():
         finally:
             shutil.rmtree(group.folder)
     for kind in sorted(check.largest):
-        off, where = check.largest[kind]
-        print(f"{kind:45s} {check.compared[kind]:8d} values   {off:8.1e}   {where}")
+        off, share, where = check.largest[kind]
+        print(f"{kind:42s} {check.compared[kind]:7d} values  {off:8.1e}, {share:4.0%} of what is allowed  {where}")
     print("\n".join(check.faults))
     print(f"{len(check.faults)} differences")
     return 1 if check.faults else 0
