@@ -9,6 +9,7 @@
 
 #include "base/platform.h"
 #include "gks/gks_state.h"
+#include "gks/number_label.h"
 
 namespace zaview {
 
@@ -73,9 +74,5 @@ void dgBlank(PlotDraw draw, float x, float y, float width, float height, float f
 void dgCurve(PlotDraw draw, std::span<const float> x, std::span<const float> y, int mode);
 void dgArrow(PlotDraw draw, float x0, float y0, float x1, float y1, int code);
 void dgArrowWorld(PlotDraw draw, float x0, float y0, float x1, float y1, int code);
-
-// ---- Numbers of axes (number_label.cpp); pure
-// At least c in size, else " 0.00"; five characters up to 99999, then m.mEe.
-[[nodiscard]] std::string dgFormatNumber(float v, float c);
 
 }  // namespace zaview
