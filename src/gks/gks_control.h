@@ -17,7 +17,11 @@ void GDAWK(GksState& gks);
 void GCLWK(GksState& gks);
 void GCLKS(GksState& gks);
 void gksOpenTo(GksState& gks, GksLevel level);  // only as far as needed; clears on arrival at active
-void GCLRWK(const GksState& gks);               // the colour buffer
+// Begins a picture of the main window: binds it and sets viewport, projection (pixels, y down) and drawing state anew.
+void gksBeginPicture(const WindowSystem& windows, const GksState& gks);
+// The same for the picture or window that is bound already, width x height pixels.
+void gksSetProjection(int width, int height);
+void GCLRWK(const GksState& gks);                             // the colour buffer
 void GUWK(const WindowSystem& windows, const GksState& gks);  // ends a picture
 
 // Colour indices: below 0 becomes 1, above 256 becomes 256, said once in a run.
