@@ -1,6 +1,6 @@
-// The plot layer: a page, an area on it, a graph with axes, curves, markers and text. Sizes are in page units. The calls
-// go in a fixed order a picture: dgFrame(2), dgPage, dgArea, names, dgHeading, dgGraf, curves, dgFrame(-3). State lasts
-// for one picture.
+// The plot layer: a page, an area on it, a graph with axes, curves, markers and text. Sizes are in page units. The
+// calls go in a fixed order a picture: dgFrame(2), dgPage, dgArea, names, dgHeading, dgGraf, curves, dgFrame(-3). State
+// lasts for one picture.
 #pragma once
 
 #include <span>
@@ -20,7 +20,7 @@ struct PlotPage {  // data only
   bool frame = true;
   int colour_count = 15;
   float thickness = 0, char_height = 0.14F;
-  int headings = 0;  // drawn so far
+  int headings = 0;              // drawn so far
   int x_ticks = 1, y_ticks = 1;  // minor ones an interval
   std::string x_name, y_name;
   bool x_named = false, y_named = false, y_name_turned = false;
