@@ -18,8 +18,8 @@ void GPM(const GksState& gks, std::span<const float> x, std::span<const float> y
 void GTX(const GksState& gks, GksPoint at, std::string_view text);
 
 struct TextExtent {
-  GksPoint corner[4];  // world
-  GksPoint end;        // where a further text would go on
+  GksPoint corner[4];  // world; counter-clockwise from the left end below the baseline
+  GksPoint end;        // where a further text of the same alignment would go on; a centred one: the point itself
 };
 [[nodiscard]] TextExtent GQTXX(const GksState& gks, GksPoint at, std::string_view text);
 
