@@ -1,10 +1,9 @@
 #include "gks/fonts.h"
 
 #include <cmath>
+#include <gks_font_tables.h>  // made by the build
 
 #include <GL/gl.h>
-
-#include "gks_font_tables.h"
 
 namespace zaview {
 
