@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,12 @@ struct Box {
   [[nodiscard]] int height() const { return bottom - top + 1; }
 };
 
+// Pixels are those of one driver on every machine.
+inline void UseSoftwareDriver() {
+  setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+  setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+}
+
 // White on black, world units are pixels with y up, until a test says otherwise.
 struct Drawing {
   FakePlatform fake;
@@ -34,6 +41,7 @@ struct Drawing {
   std::vector<unsigned char> rgb;
 
   Drawing(int width, int height) {
+    UseSoftwareDriver();
     platform = fake.Get();
     platform.window = OffscreenWindowSystem(windows);
     std::string why;

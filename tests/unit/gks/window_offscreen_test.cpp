@@ -6,6 +6,8 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "unit/gks/drawing.h"
+
 namespace zaview {
 namespace {
 
@@ -17,6 +19,7 @@ struct Watcher {
   int idle_calls = 0, stop_idle_at = 1;
 
   Watcher() {
+    UseSoftwareDriver();
     WindowEvents events;
     events.self = this;
     events.display = [](void* self, int id, bool damaged) {
