@@ -1,6 +1,6 @@
 // The graphics window as this program sees it: a record of function pointers with three fillings, GLUT on a display, an
-// offscreen context (EGL) without one, and the offscreen one fed with events by a test. Window 1 is the main window, menu
-// windows follow. All on one thread.
+// offscreen context (EGL) without one, and the offscreen one fed with events by a test. Window 1 is the main window,
+// menu windows follow. All on one thread.
 #pragma once
 
 #include <cstdint>
@@ -40,10 +40,11 @@ struct WindowSystem {
   void (*show)(void* self, int id) = nullptr;
   void (*hide)(void* self, int id) = nullptr;
   void (*reshape_window)(void* self, int id, int width, int height) = nullptr;
-  int (*set_current)(void* self, int id) = nullptr;       // the one before
-  void (*begin_picture)(void* self, int id) = nullptr;    // binds the picture that is drawn into
-  void (*present)(void* self, int id) = nullptr;          // a picture is complete
-  // The picture of the main window, width x height x 3 bytes, bottom row first.
+  int (*set_current)(void* self, int id) = nullptr;     // the one before
+  void (*begin_picture)(void* self, int id) = nullptr;  // binds the picture that is drawn into
+  void (*present)(void* self, int id) = nullptr;        // a picture is complete
+  // The picture of the main window, width x height x 3 bytes, bottom row first. False: it has not got that size (a
+  // reshape counts from the next begin_picture), or can't be read.
   bool (*read_picture)(void* self, int width, int height, unsigned char* rgb) = nullptr;
   void (*set_idle)(void* self, bool on) = nullptr;
   // Counted up when a window was replaced and everything kept in its context is gone.

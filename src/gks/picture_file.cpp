@@ -105,10 +105,12 @@ gdImagePtr MakePalette(const Rows& rows, const std::vector<std::uint32_t>& colou
   for (const std::uint32_t c : colours)
     static_cast<void>(gdImageColorAllocate(image, static_cast<int>(c >> 16U), static_cast<int>(c >> 8U & 255U),
                                            static_cast<int>(c & 255U)));
+  auto at = colours.begin();
   for (int y = 0; y < rows.height; ++y) {
     const unsigned char* p = rows.FromTop(y);
     for (int x = 0; x < rows.width; ++x, p += kSamples) {
-      const auto at = std::lower_bound(colours.begin(), colours.end(), Packed(p));
+      const std::uint32_t colour = Packed(p);
+      if (*at != colour) at = std::lower_bound(colours.begin(), colours.end(), colour);
       image->pixels[y][x] = static_cast<unsigned char>(at - colours.begin());
     }
   }

@@ -24,10 +24,10 @@ constexpr const char* kLibrary = "libEGL.so.1";
 struct EglCalls {
   decltype(&eglGetProcAddress) get_proc_address = nullptr;
   decltype(&eglInitialize) initialize = nullptr;
-  decltype(&eglTerminate) terminate = nullptr;
   decltype(&eglBindAPI) bind_api = nullptr;
   decltype(&eglChooseConfig) choose_config = nullptr;
   decltype(&eglCreateContext) create_context = nullptr;
+  decltype(&eglDestroyContext) destroy_context = nullptr;
   decltype(&eglMakeCurrent) make_current = nullptr;
 };
 
@@ -49,6 +49,7 @@ struct Row {
 struct OffscreenWindows {
   EglCalls egl;
   EGLDisplay display = EGL_NO_DISPLAY;
+  EGLContext context = EGL_NO_CONTEXT;
   bool started = false;
   WindowEvents events;
   std::map<int, Row> rows;
@@ -82,7 +83,7 @@ bool OpenLibrary(EglCalls& egl) {
   void* const library = dlopen(kLibrary, RTLD_NOW | RTLD_GLOBAL);
   if (library == nullptr) return false;
   return Load(library, "eglGetProcAddress", egl.get_proc_address) && Load(library, "eglInitialize", egl.initialize) &&
-         Load(library, "eglTerminate", egl.terminate) && Load(library, "eglBindAPI", egl.bind_api) &&
+         Load(library, "eglDestroyContext", egl.destroy_context) && Load(library, "eglBindAPI", egl.bind_api) &&
          Load(library, "eglChooseConfig", egl.choose_config) && Load(library, "eglCreateContext", egl.create_context) &&
          Load(library, "eglMakeCurrent", egl.make_current);
 }
@@ -103,9 +104,9 @@ bool OpenContext(OffscreenWindows& windows) {
   EGLConfig config = nullptr;
   EGLint count = 0;
   if (egl.choose_config(windows.display, kWanted, &config, 1, &count) != EGL_TRUE || count < 1) return false;
-  const EGLContext context = egl.create_context(windows.display, config, EGL_NO_CONTEXT, nullptr);
-  if (context == EGL_NO_CONTEXT) return false;
-  return egl.make_current(windows.display, EGL_NO_SURFACE, EGL_NO_SURFACE, context) == EGL_TRUE;
+  windows.context = egl.create_context(windows.display, config, EGL_NO_CONTEXT, nullptr);
+  if (windows.context == EGL_NO_CONTEXT) return false;
+  return egl.make_current(windows.display, EGL_NO_SURFACE, EGL_NO_SURFACE, windows.context) == EGL_TRUE;
 }
 
 // ---- Pictures
@@ -325,8 +326,9 @@ void FreeOffscreenWindows(OffscreenWindows* windows) {
   if (windows == nullptr) return;
   for (auto& [id, row] : windows->rows) FreePicture(row.picture);
   if (windows->started) {
+    // The display stays open: it is the same one for all of a process.
     static_cast<void>(windows->egl.make_current(windows->display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT));
-    static_cast<void>(windows->egl.terminate(windows->display));  // and the context with it
+    static_cast<void>(windows->egl.destroy_context(windows->display, windows->context));
   }
   delete windows;
 }
