@@ -10,6 +10,7 @@
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
+#include "base/text.h"
 #include "gks/gks_control.h"
 #include "gks/gks_draw.h"
 #include "gks/gks_transform.h"
@@ -30,11 +31,13 @@ constexpr float kMostSteps = 1000.0F;                  // on an axis; with more 
 constexpr int kMostMinors = 100;                       // in an interval
 constexpr float kTick = 0.01F;                         // of the length of the other axis
 constexpr float kMinorTick = 0.5F;                     // of a tick
-constexpr float kXLabelGap = 1.1F, kYLabelGap = 1.2F;  // ticks between the axis and its labels
+constexpr float kXLabelGap = 2.1F, kYLabelGap = 1.7F;  // ticks between the axis and its labels, the tick included
 constexpr float kXNameGap = 1.5F;                      // character heights between the axis and its name
 constexpr float kYNameGap = 0.25F;                     // from the labels
 constexpr float kYNameTurned = 2.3F;                   // from the axis
 constexpr float kLabelSpace = 0.5F;                    // character heights that stay free between labels
+constexpr float kXNameSpace = 0.6F;                    // between the labels and the name
+constexpr float kDescender = 0.25F;                    // of the height of a text
 constexpr float kLeastDecade = 40.0F;                  // pixels; shorter decades have no minor ticks
 
 struct Axis {
@@ -148,48 +151,73 @@ void Line(PlotDraw draw, float x0, float y0, float x1, float y1) {
   GPL(draw.gks, x, y);
 }
 
-GksRectangle BoxOf(const TextExtent& extent) {
-  GksRectangle box = {extent.corner[0].x, extent.corner[0].x, extent.corner[0].y, extent.corner[0].y};
-  for (const GksPoint& corner : extent.corner) {
-    box.xmin = std::min(box.xmin, corner.x);
-    box.xmax = std::max(box.xmax, corner.x);
-    box.ymin = std::min(box.ymin, corner.y);
-    box.ymax = std::max(box.ymax, corner.y);
-  }
-  return box;
-}
-
-struct LabelRow {  // where the labels of one axis go
-  bool upward = false;
-  float across = 0;  // page coordinate that all have in common
+struct Label {
+  std::string text;
+  GksPoint at;
+  GksRectangle box;  // page units
 };
 
-// Draws the labels that don't touch the one before; the box around them all.
-GksRectangle DrawLabels(PlotDraw draw, const Axis& axis, const Ticks& ticks, LabelRow row) {
-  GksRectangle all = {row.across, row.across, row.across, row.across};
-  bool any = false;
-  GksRectangle before;
-  const float space = kLabelSpace * draw.page.char_height;
+struct LabelRow {  // where the labels of one axis go
+  bool upward = false, level = true;
+  float across = 0;                // page coordinate that all have in common
+  float space_x = 0, space_y = 0;  // that stays free between two of them
+};
+
+bool Touch(const GksRectangle& a, const GksRectangle& b, LabelRow row) {
+  return a.xmin < b.xmax + row.space_x && b.xmin < a.xmax + row.space_x && a.ymin < b.ymax + row.space_y &&
+         b.ymin < a.ymax + row.space_y;
+}
+
+GksRectangle Around(const GksRectangle& a, const GksRectangle& b) {
+  return {std::min(a.xmin, b.xmin), std::max(a.xmax, b.xmax), std::min(a.ymin, b.ymin), std::max(a.ymax, b.ymax)};
+}
+
+std::vector<Label> LabelsOf(PlotDraw draw, const Axis& axis, const Ticks& ticks, LabelRow row) {
+  std::vector<Label> out;
+  if (!Reserve(out, ticks.size())) return out;
   for (const Tick& tick : ticks) {
     if (!tick.major) continue;
-    const std::string label = LabelOf(axis, tick);
-    const std::string_view text = std::string_view(label).substr(label.front() == ' ' ? 1 : 0);
-    const GksPoint at = row.upward ? GksPoint{row.across, tick.page} : GksPoint{tick.page, row.across};
-    const GksRectangle box = BoxOf(GQTXX(draw.gks, at, text));
-    if (any && box.xmin < before.xmax + space && box.xmax > before.xmin - space && box.ymin < before.ymax &&
-        box.ymax > before.ymin)
-      continue;
-    GTX(draw.gks, at, text);
-    before = box;
-    if (!any) all = box;
-    any = true;
-    all = {std::min(all.xmin, box.xmin), std::max(all.xmax, box.xmax), std::min(all.ymin, box.ymin),
-           std::max(all.ymax, box.ymax)};
+    Label label;
+    label.text = Trim(LabelOf(axis, tick));
+    label.at = row.upward ? GksPoint{row.across, tick.page} : GksPoint{tick.page, row.across};
+    label.box = PlotTextBox(draw.gks, label.at, label.text);
+    if (row.level) label.box.ymin += kDescender * (label.box.ymax - label.box.ymin);  // figures have none
+    out.push_back(std::move(label));
+  }
+  return out;
+}
+
+// Every so manyeth label is drawn.
+std::size_t StrideOf(const std::vector<Label>& labels, LabelRow row) {
+  for (std::size_t stride = 1; stride < labels.size(); ++stride) {
+    bool free = true;
+    for (std::size_t i = 0; free && i + stride < labels.size(); i += stride)
+      free = !Touch(labels[i].box, labels[i + stride].box, row);
+    if (free) return stride;
+  }
+  return std::max<std::size_t>(labels.size(), 1);
+}
+
+// Draws as many labels as have room, and that of the end if it has. `taken` is what the first must not touch. The box
+// around all of them.
+GksRectangle DrawLabels(PlotDraw draw, const std::vector<Label>& labels, LabelRow row, const GksRectangle& taken) {
+  if (labels.empty()) return {};
+  const std::size_t stride = StrideOf(labels, row);
+  GksRectangle before = taken, all = labels.front().box;
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    const Label& label = labels[i];
+    if (i % stride != 0 && i + 1 != labels.size()) continue;
+    if (Touch(before, label.box, row)) continue;
+    GTX(draw.gks, label.at, label.text);
+    before = label.box;
+    all = Around(all, label.box);
   }
   return all;
 }
 
-void DrawXAxis(PlotDraw draw) {
+// The box of the first label: that of the other axis is near.
+GksRectangle DrawXAxis(PlotDraw draw) {
+  constexpr GksRectangle kNowhere = {-2.0F, -1.0F, -2.0F, -1.0F};
   const PlotPage& page = draw.page;
   const Axis axis = XAxis(page, page.x_ticks);
   const float tick_length = kTick * page.area_height;
@@ -198,52 +226,53 @@ void DrawXAxis(PlotDraw draw) {
     Line(draw, tick.page, page.area_y, tick.page, page.area_y - (tick.major ? 1.0F : kMinorTick) * tick_length);
   GSCHUP(draw.gks, 0, 1);
   GSTXAL(draw.gks, kCentre, kTop);
-  const GksRectangle labels = DrawLabels(draw, axis, ticks, {false, page.area_y - kXLabelGap * tick_length});
-  if (page.x_name.empty()) return;
-  const float below = ticks.empty() ? page.area_y : labels.ymin;
-  GTX(draw.gks, {page.area_x + 0.5F * page.area_width, std::min(page.area_y - kXNameGap * page.char_height, below)},
-      page.x_name);
+  const LabelRow row = {false, true, page.area_y - kXLabelGap * tick_length, kLabelSpace * page.char_height, 0};
+  const std::vector<Label> labels = LabelsOf(draw, axis, ticks, row);
+  const GksRectangle all = DrawLabels(draw, labels, row, kNowhere);
+  const float below = labels.empty() ? page.area_y : all.ymin - kXNameSpace * page.char_height;
+  if (!page.x_name.empty())
+    GTX(draw.gks, {page.area_x + 0.5F * page.area_width, std::min(page.area_y - kXNameGap * page.char_height, below)},
+        page.x_name);
+  return labels.empty() ? kNowhere : labels.front().box;
 }
 
 void DrawYName(PlotDraw draw, const GksRectangle& labels) {
   const PlotPage& page = draw.page;
+  const bool bitmap = draw.gks.window.bitmap_font;
   const float middle = page.area_y + 0.5F * page.area_height;
-  const float right =
-      page.y_name_turned ? page.area_x - kYNameTurned * page.char_height : labels.xmin - kYNameGap * page.char_height;
-  if (!draw.gks.window.bitmap_font) {
-    GSCHUP(draw.gks, -1, 0);
-    GSTXAL(draw.gks, kCentre, kBase);
-    GTX(draw.gks, {right, middle}, page.y_name);
-    return;
-  }
-  GSCHUP(draw.gks, 0, 1);
-  GSTXAL(draw.gks, kRight, kHalf);
-  if (BoxOf(GQTXX(draw.gks, {right, middle}, page.y_name)).xmin >= 0.0F) {
+  float right = labels.xmin - kYNameGap * page.char_height;
+  if (page.y_name_turned) right = std::min(right, page.area_x - kYNameTurned * page.char_height);
+  GSCHUP(draw.gks, bitmap ? 0.0F : -1.0F, bitmap ? 1.0F : 0.0F);
+  GSTXAL(draw.gks, bitmap ? kRight : kCentre, bitmap ? kHalf : kBottom);
+  if (!bitmap || PlotTextBox(draw.gks, {right, middle}, page.y_name).xmin >= 0.0F) {
     GTX(draw.gks, {right, middle}, page.y_name);
     return;
   }
   // A bitmap font can't turn: a name that has no room beside the labels stands over the axis.
   GSTXAL(draw.gks, kLeft, kBase);
-  GTX(draw.gks, {labels.xmin, std::max(labels.ymax, page.area_y + page.area_height) + kYNameGap * page.char_height},
+  GTX(draw.gks,
+      {std::max(labels.xmin, 0.0F),
+       std::max(labels.ymax, page.area_y + page.area_height) + kYNameGap * page.char_height},
       page.y_name);
 }
 
-void DrawYAxis(PlotDraw draw) {
+void DrawYAxis(PlotDraw draw, const GksRectangle& first_of_x) {
   const PlotPage& page = draw.page;
   const Axis axis = YAxis(page, page.y_ticks);
   const float tick_length = kTick * page.area_width;
   const Ticks ticks = TicksOf(draw, axis);
   for (const Tick& tick : ticks)
     Line(draw, page.area_x, tick.page, page.area_x - (tick.major ? 1.0F : kMinorTick) * tick_length, tick.page);
-  if (page.y_name_turned) {
-    GSCHUP(draw.gks, -1, 0);
-    GSTXAL(draw.gks, kCentre, kBase);
-  } else {
-    GSCHUP(draw.gks, 0, 1);
-    GSTXAL(draw.gks, kRight, kHalf);
-  }
-  const GksRectangle labels = DrawLabels(draw, axis, ticks, {true, page.area_x - kYLabelGap * tick_length});
-  if (!page.y_name.empty()) DrawYName(draw, labels);
+  const bool turned = page.y_name_turned;
+  GSCHUP(draw.gks, turned ? -1.0F : 0.0F, turned ? 0.0F : 1.0F);
+  GSTXAL(draw.gks, turned ? kCentre : kRight, turned ? kBase : kHalf);
+  const float across = page.area_x - kYLabelGap * tick_length;
+  const bool level = !turned || draw.gks.window.bitmap_font;
+  const LabelRow row = {true, level, across, 0, level ? 0 : kLabelSpace * page.char_height};
+  const std::vector<Label> labels = LabelsOf(draw, axis, ticks, row);
+  GksRectangle all = DrawLabels(draw, labels, row, first_of_x);
+  if (labels.empty()) all = {across, across, page.area_y, page.area_y};
+  if (!page.y_name.empty()) DrawYName(draw, all);
 }
 
 void DrawAxes(PlotDraw draw) {
@@ -259,9 +288,10 @@ void DrawAxes(PlotDraw draw) {
   const float top = page.area_y + page.area_height, right = page.area_x + page.area_width;
   const std::array<float, 3> x = {page.area_x, page.area_x, right}, y = {top, page.area_y, page.area_y};
   GPL(draw.gks, x, y);
-  DrawXAxis(draw);
-  DrawYAxis(draw);
+  const int align_x = draw.gks.attribute.align_x, align_y = draw.gks.attribute.align_y;
+  DrawYAxis(draw, DrawXAxis(draw));
   GSCHUP(draw.gks, 0, 1);
+  GSTXAL(draw.gks, align_x, align_y);
 }
 
 void DrawGraph(PlotDraw draw) {

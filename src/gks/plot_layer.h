@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "gks/gks_transform.h"
 #include "gks/plot_page.h"
 
 namespace zaview {
@@ -11,7 +12,7 @@ inline constexpr int kPageTransform = 1, kGraphTransform = 2;
 
 // Alignments of GSTXAL.
 inline constexpr int kLeft = 1, kCentre = 2, kRight = 3;
-inline constexpr int kTop = 1, kHalf = 3, kBase = 4;
+inline constexpr int kTop = 1, kHalf = 3, kBase = 4, kBottom = 5;
 
 // Selects a transformation for one call and the former one again at its end.
 class SelectedTransform {
@@ -31,5 +32,8 @@ class SelectedTransform {
 
 // Sets the character height so that text of the selected transformation has `height` page units.
 void SetTextHeight(PlotDraw draw, float height);
+
+// What a text of the selected transformation covers, by the text attributes; world.
+[[nodiscard]] GksRectangle PlotTextBox(const GksState& gks, GksPoint at, std::string_view text);
 
 }  // namespace zaview

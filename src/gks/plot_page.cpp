@@ -89,6 +89,30 @@ void ClosePicture(PlotDraw draw) {
   GUWK(draw.platform.window, draw.gks);
 }
 
+// The character height, which is set, that lets a text be as wide as the page at most, if a font is that small.
+float FittingHeight(PlotDraw draw, float height, std::string_view text) {
+  constexpr float kSmaller = 0.9F, kLeast = 0.5F;
+  for (float now = height;; now *= kSmaller) {
+    GSCHH(draw.gks, now);
+    const GksRectangle box = PlotTextBox(draw.gks, {}, text);
+    if (box.xmax - box.xmin <= draw.page.page_width || now < kLeast * height) return now;
+  }
+}
+
+// Of the baseline over the area. On a small window the letters are larger than their height on the page, so that lines
+// are set further apart then, and nearer to the area if they don't fit on the page.
+float HeadingBaseline(PlotDraw draw, float height, std::string_view text, int lines, int line) {
+  constexpr float kAccent = 0.15F;  // of a text's height, above its capitals
+  const GksRectangle box = PlotTextBox(draw.gks, {}, text);
+  const float accents = kAccent * (box.ymax - box.ymin);
+  const float room = draw.page.page_height - draw.page.area_y - draw.page.area_height - box.ymax - accents;
+  const float others = static_cast<float>(std::max(lines - 1, 0));
+  float first = kFirstLine * height, pitch = std::max(kLinePitch * height, box.ymax - box.ymin);
+  first = std::max(std::min(first, room - others * pitch), std::min(first, -box.ymin));
+  if (first + others * pitch > room && others > 0.0F) pitch = std::max((room - first) / others, box.ymax);
+  return std::min(first + static_cast<float>(lines - line) * pitch, room);
+}
+
 void TakeName(std::string_view text, std::string& name, bool& named) {
   name = PlotText(text).substr(0, kNameRoom);
   named = true;
@@ -116,6 +140,19 @@ void SetTextHeight(PlotDraw draw, float height) {
   const float scale = std::hypot(gks.attribute.up_x * here.x, gks.attribute.up_y * here.y);
   const SelectedTransform page(gks, kPageTransform);
   if (scale > 0.0F) GSCHH(gks, height * gksPixelsPerUnit(gks).y / scale);
+}
+
+GksRectangle PlotTextBox(const GksState& gks, GksPoint at, std::string_view text) {
+  const TextExtent extent = GQTXX(gks, at, text);
+  const GksPoint first = extent.corner[0];
+  GksRectangle box = {first.x, first.x, first.y, first.y};
+  for (const GksPoint& corner : extent.corner) {
+    box.xmin = std::min(box.xmin, corner.x);
+    box.xmax = std::max(box.xmax, corner.x);
+    box.ymin = std::min(box.ymin, corner.y);
+    box.ymax = std::max(box.ymax, corner.y);
+  }
+  return box;
 }
 
 bool dgFrame(PlotDraw draw, int mode) {
@@ -175,13 +212,14 @@ void dgHeading(PlotDraw draw, std::string_view text, float factor, int lines) {
   text = PlotText(text);
   if (text.empty() || !IsSize(factor)) return;
   const SelectedTransform on_page(draw.gks, kPageTransform);
-  const float height = page.char_height * factor;
-  const float above = (static_cast<float>(lines - line) * kLinePitch + kFirstLine) * height;
+  const int align_x = draw.gks.attribute.align_x, align_y = draw.gks.attribute.align_y;
   GSTXCI(draw.platform.console, draw.gks, 1);
   GSCHUP(draw.gks, 0, 1);
   GSTXAL(draw.gks, kCentre, kBase);
-  GSCHH(draw.gks, height);
+  const float height = FittingHeight(draw, page.char_height * factor, text);
+  const float above = HeadingBaseline(draw, height, text, lines, line);
   GTX(draw.gks, {page.area_x + 0.5F * page.area_width, page.area_y + page.area_height + above}, text);
+  GSTXAL(draw.gks, align_x, align_y);
 }
 
 void dgCharHeight(PlotDraw draw, float height) {
