@@ -1,8 +1,10 @@
 #include "views/dense_curve.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 
 #include "base/grow.h"
 #include "gks/gks_transform.h"
@@ -11,63 +13,77 @@ namespace zaview {
 
 namespace {
 
-struct Column {
-  int pixel = 0;
+struct Place {  // of a point in the picture
+  int column = 0;
+  int row = 0;   // within the window, if lines are clipped there
   int side = 0;  // -1 left of the window, 1 right of it
-  bool finite = true;
-  bool operator==(const Column&) const = default;
+  bool finite = false;
 };
 
-struct Run {  // indices into the curve
-  std::size_t first = 0, lowest = 0, highest = 0, last = 0;
-  std::size_t other = 0;  // the last point that isn't as high as the last one
-};
-
-class Thinning {
+class Places {
  public:
-  Thinning(std::span<const float> x, std::span<const float> y, CurvePoints& out) : x_(x), y_(y), out_(out) {}
-
-  void Start(std::size_t i) { run_ = {i, i, i, i, i}; }
-
-  void Extend(std::size_t i) {
-    if (y_[i] != y_[run_.last]) run_.other = run_.last;
-    if (y_[i] < y_[run_.lowest]) run_.lowest = i;
-    if (y_[i] > y_[run_.highest]) run_.highest = i;
-    run_.last = i;
+  explicit Places(const GksState& gks) : gks_(gks), window_(gksSortedWindow(gks)) {
+    if (!gks.attribute.clip) return;
+    const int a = gksToPixel(gks, {window_.xmin, window_.ymin}).y, b = gksToPixel(gks, {window_.xmin, window_.ymax}).y;
+    top_ = std::min(a, b);
+    bottom_ = std::max(a, b);
   }
 
-  // The end of a polyline isn't drawn itself, so there the way to it counts.
-  void Flush(bool at_end) {
-    Keep(run_.first);
-    Keep(std::min(run_.lowest, run_.highest));
-    Keep(std::max(run_.lowest, run_.highest));
-    if (at_end) Keep(run_.other);
-    Keep(run_.last);
+  Place Of(float x, float y) const {
+    Place out;
+    out.finite = std::isfinite(x) && std::isfinite(y);
+    if (!out.finite) return out;
+    const GksPixel pixel = gksToPixel(gks_, {x, y});
+    out.column = pixel.x;
+    out.row = std::clamp(pixel.y, top_, bottom_);
+    if (x < window_.xmin) out.side = -1;
+    if (x > window_.xmax) out.side = 1;
+    return out;
+  }
+
+  bool OnEdge(int row) const { return row <= top_ || row >= bottom_; }
+
+ private:
+  const GksState& gks_;
+  GksRectangle window_;
+  int top_ = std::numeric_limits<int>::min(), bottom_ = std::numeric_limits<int>::max();
+};
+
+struct Point {
+  std::size_t index = 0;
+  int row = 0;
+};
+
+class Run {  // of points in one column
+ public:
+  void Start(Point at) { first_ = highest_ = lowest_ = last_ = other_ = at; }
+
+  void Extend(Point at) {
+    if (at.row != last_.row) other_ = last_;
+    if (at.row < highest_.row) highest_ = at;
+    if (at.row > lowest_.row) lowest_ = at;
+    last_ = at;
+  }
+
+  int last_row() const { return last_.row; }
+
+  // The end of a line isn't drawn itself. Where the run ends its line the point before counts too, the last one in
+  // another row: the line may have come and gone there.
+  std::array<std::size_t, 5> Kept(bool ends_line) const {
+    const auto [from, to] = std::minmax(highest_.index, lowest_.index);
+    return {first_.index, from, to, ends_line ? other_.index : to, last_.index};
   }
 
  private:
-  void Keep(std::size_t i) {
-    if (any_ && i <= kept_) return;
-    out_.x.push_back(x_[i]);
-    out_.y.push_back(y_[i]);
-    kept_ = i;
-    any_ = true;
-  }
-
-  std::span<const float> x_, y_;
-  CurvePoints& out_;
-  Run run_;
-  std::size_t kept_ = 0;
-  bool any_ = false;
+  Point first_, highest_, lowest_, last_, other_;
 };
 
-Column ColumnOf(const GksState& gks, const GksRectangle& window, float x, float y) {
-  if (!std::isfinite(x) || !std::isfinite(y)) return {0, 0, false};
-  Column out;
-  out.pixel = gksToPixel(gks, {x, 0.0F}).x;
-  if (x < window.xmin) out.side = -1;
-  if (x > window.xmax) out.side = 1;
-  return out;
+void Put(std::span<const float> x, std::span<const float> y, const std::array<std::size_t, 5>& kept, CurvePoints& out) {
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    if (i > 0 && kept[i] <= *std::max_element(kept.begin(), kept.begin() + static_cast<std::ptrdiff_t>(i))) continue;
+    out.x.push_back(x[kept[i]]);
+    out.y.push_back(y[kept[i]]);
+  }
 }
 
 }  // namespace
@@ -77,23 +93,23 @@ bool ThinCurve(const GksState& gks, std::span<const float> x, std::span<const fl
   out.x.clear();
   out.y.clear();
   if (!Reserve(out.x, n) || !Reserve(out.y, n)) return false;
-  const GksRectangle window = gksSortedWindow(gks);
-  Thinning thinning(x, y, out);
-  Column column;
+  const Places places(gks);
+  Run run;
+  Place before;
   bool any = false;
   for (std::size_t i = 0; i < n; ++i) {
     if (log_y && !(y[i] > 0.0F)) continue;
-    const Column here = ColumnOf(gks, window, x[i], y[i]);
-    if (any && here.finite && here == column) {
-      thinning.Extend(i);
+    const Place here = places.Of(x[i], log_y ? std::log10(y[i]) : y[i]);
+    if (any && here.finite && before.finite && here.column == before.column && here.side == before.side) {
+      run.Extend({i, here.row});
       continue;
     }
-    if (any) thinning.Flush(!here.finite);
-    thinning.Start(i);
-    column = here;
+    if (any) Put(x, y, run.Kept(!here.finite || places.OnEdge(run.last_row())), out);
+    run.Start({i, here.row});
+    before = here;
     any = true;
   }
-  if (any) thinning.Flush(true);
+  if (any) Put(x, y, run.Kept(true), out);
   return true;
 }
 

@@ -15,12 +15,12 @@
 namespace zaview {
 namespace {
 
-GksState Graph(float x0, float x1) {
+GksState Graph(float x0, float x1, float y1) {
   GksState gks;
   gks.window.width = 200;
   gks.window.height = 100;
   EXPECT_TRUE(GSWKWN(gks, {0, 1, 0, 0.5F}));
-  GSWN(gks, 2, {x0, x1, -1, 1});
+  GSWN(gks, 2, {x0, x1, -y1, y1});
   GSVP(gks, 2, {0.1013F, 0.913F, 0.1F, 0.45F});
   GSELNT(gks, 2);
   return gks;
@@ -34,6 +34,9 @@ struct Lit {
 };
 
 Lit Raster(const GksState& gks, const std::vector<float>& x, const std::vector<float>& y) {
+  const GksRectangle window = gks.transform[2].window;
+  const int top = gksToPixel(gks, {0, window.ymax}).y, bottom = gksToPixel(gks, {0, window.ymin}).y;
+  const auto row = [&](GksPixel at) { return std::clamp(at.y, top, bottom); };
   Lit out;
   for (std::size_t i = 1; i < x.size(); ++i) {
     const GksPixel a = gksToPixel(gks, {x[i - 1], y[i - 1]}), b = gksToPixel(gks, {x[i], y[i]});
@@ -41,8 +44,8 @@ Lit Raster(const GksState& gks, const std::vector<float>& x, const std::vector<f
       out.across.emplace_back(a, b);
       continue;
     }
-    auto& rows = out.rows.try_emplace(a.x, a.y, a.y).first->second;
-    rows = {std::min({rows.first, a.y, b.y}), std::max({rows.second, a.y, b.y})};
+    auto& rows = out.rows.try_emplace(a.x, row(a), row(a)).first->second;
+    rows = {std::min({rows.first, row(a), row(b)}), std::max({rows.second, row(a), row(b)})};
   }
   return out;
 }
@@ -82,12 +85,12 @@ TEST(DenseCurve, SamePicture) {
            {50.03F, 60.07F},
            {0.0F,   1e6F  }
   }) {
-    const GksState gks = Graph(x0, x1);
-    for (const auto* x : {&t, &back, &still})
-      for (const auto* y : {&sine, &rough}) ExpectSamePicture(gks, *x, *y);
+    for (const float y1 : {1.0F, 0.4F})  // the second one clips
+      for (const auto* x : {&t, &back, &still})
+        for (const auto* y : {&sine, &rough}) ExpectSamePicture(Graph(x0, x1, y1), *x, *y);
   }
   CurvePoints thin;
-  ASSERT_TRUE(ThinCurve(Graph(0, 200), t, rough, false, thin));
+  ASSERT_TRUE(ThinCurve(Graph(0, 200, 1.1F), t, rough, false, thin));
   EXPECT_LE(thin.x.size(), 4U * 164U);
 }
 
@@ -109,7 +112,7 @@ TEST(DenseCurve, KeepsInOrder) {
   for (const auto& c : cases) {
     const std::vector<float> x(c.y.size(), 50);
     CurvePoints thin;
-    ASSERT_TRUE(ThinCurve(Graph(0, 100), x, c.y, c.log_y, thin));
+    ASSERT_TRUE(ThinCurve(Graph(0, 100, c.log_y ? 1.0F : 10.0F), x, c.y, c.log_y, thin));
     ASSERT_EQ(thin.y.size(), c.want.size());
     for (std::size_t i = 0; i < c.want.size(); ++i)
       EXPECT_TRUE(thin.y[i] == c.want[i] || std::isnan(c.want[i])) << i << ' ' << thin.y[i];
@@ -118,7 +121,7 @@ TEST(DenseCurve, KeepsInOrder) {
 
 // Clipping starts at the window's edge, which lies inside a column: points beyond it must not stand for points within.
 TEST(DenseCurve, EdgeOfTheWindow) {
-  const GksState gks = Graph(0, 1e4F);
+  const GksState gks = Graph(0, 1e4F, 1);
   const std::vector<float> x = {-2, -1, -0.5F, 0.5F, 1, 1.5F}, y = {0.9F, -0.9F, 0, 0.1F, 0.2F, 0.1F};
   ASSERT_EQ(gksToPixel(gks, {-0.5F, 0}).x, gksToPixel(gks, {0.5F, 0}).x);
   CurvePoints thin;
