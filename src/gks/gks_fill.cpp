@@ -12,11 +12,6 @@ namespace zaview {
 
 namespace {
 
-void PutVertex(const GksState& gks, GksPoint point) {
-  const GksPixel pixel = gksToPixel(gks, point);
-  glVertex2i(pixel.x, pixel.y);
-}
-
 bool IsAllInside(const GksRectangle& window, std::span<const float> x, std::span<const float> y) {
   for (std::size_t i = 0; i < x.size(); ++i)
     if (!gksInside(window, {x[i], y[i]})) return false;
@@ -31,14 +26,14 @@ void gksDrawFill(const GksState& gks, std::span<const float> x, std::span<const 
   const GksRectangle window = gksSortedWindow(gks);
   if (!gks.attribute.clip || IsAllInside(window, x.first(n), y.first(n))) {
     glBegin(GL_POLYGON);
-    for (std::size_t i = 0; i < n; ++i) PutVertex(gks, {x[i], y[i]});
+    for (std::size_t i = 0; i < n; ++i) gksPutVertex(gks, {x[i], y[i]});
     glEnd();
     return;
   }
   std::vector<GksPoint> inside;
   if (!ClipPolygon(window, x, y, inside)) return;
   glBegin(GL_POLYGON);
-  for (const GksPoint& point : inside) PutVertex(gks, point);
+  for (const GksPoint& point : inside) gksPutVertex(gks, point);
   glEnd();
 }
 

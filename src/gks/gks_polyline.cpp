@@ -14,11 +14,6 @@ namespace {
 
 constexpr std::array<GLushort, 5> kStipples{0xFFFF, 255, 257, 7239, 2056};  // by line style; low bit first
 
-void PutVertex(const GksState& gks, GksPoint point) {
-  const GksPixel pixel = gksToPixel(gks, point);
-  glVertex2i(pixel.x, pixel.y);
-}
-
 struct Strip {
   const GksState& gks;
   bool open = false;
@@ -26,7 +21,7 @@ struct Strip {
   void Begin(GksPoint from) {
     glBegin(GL_LINE_STRIP);
     open = true;
-    PutVertex(gks, from);
+    gksPutVertex(gks, from);
   }
   void End() {
     if (open) glEnd();
@@ -35,6 +30,11 @@ struct Strip {
 };
 
 }  // namespace
+
+void gksPutVertex(const GksState& gks, GksPoint point) {
+  const GksPixel pixel = gksToPixel(gks, point);
+  glVertex2i(pixel.x, pixel.y);
+}
 
 void gksSetColour(const GksState& gks, int index) {
   const GksColour& colour = gks.colour[static_cast<std::size_t>(std::clamp(index, 0, GKS_MAX_COLORS))];
@@ -57,7 +57,7 @@ void gksDrawLine(const GksState& gks, std::span<const float> x, std::span<const 
   Strip strip{gks};
   if (!gks.attribute.clip) {
     strip.Begin({x[0], y[0]});
-    for (std::size_t i = 1; i < n; ++i) PutVertex(gks, {x[i], y[i]});
+    for (std::size_t i = 1; i < n; ++i) gksPutVertex(gks, {x[i], y[i]});
     strip.End();
     return;
   }
@@ -67,7 +67,7 @@ void gksDrawLine(const GksState& gks, std::span<const float> x, std::span<const 
     if (!part.visible || part.in != WindowEdge::none) strip.End();
     if (!part.visible) continue;
     if (!strip.open) strip.Begin(part.from);
-    PutVertex(gks, part.to);
+    gksPutVertex(gks, part.to);
     if (part.out != WindowEdge::none) strip.End();
   }
   strip.End();
