@@ -91,12 +91,14 @@ void ClosePicture(PlotDraw draw) {
 
 // The character height, which is set, that lets a text be as wide as the page at most, if a font is that small.
 float FittingHeight(PlotDraw draw, float height, std::string_view text) {
-  constexpr float kSmaller = 0.9F, kLeast = 0.5F;
-  for (float now = height;; now *= kSmaller) {
-    GSCHH(draw.gks, now);
+  constexpr float kSmaller = 0.9F;
+  constexpr int kMostTries = 7;  // down to half
+  for (int i = 0; i < kMostTries; ++i, height *= kSmaller) {
+    GSCHH(draw.gks, height);
     const GksRectangle box = PlotTextBox(draw.gks, {}, text);
-    if (box.xmax - box.xmin <= draw.page.page_width || now < kLeast * height) return now;
+    if (!(box.xmax - box.xmin > draw.page.page_width)) break;
   }
+  return draw.gks.attribute.char_height;
 }
 
 // Of the baseline over the area. On a small window the letters are larger than their height on the page, so that lines

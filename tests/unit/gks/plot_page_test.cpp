@@ -131,6 +131,12 @@ TEST(PlotPage, AxesAndLabels) {
   EXPECT_EQ(plot.Spans(2.2F, 2.22F, 1), 101);  // ticks
 }
 
+TEST(PlotPage, HeightWithoutBounds) {  // comes back, whatever it draws
+  Plot plot;
+  dgCharHeight(plot.draw, 3e38F);
+  dgHeading(plot.draw, "HEAD", 10, 1);
+}
+
 // On a small window letters are larger than their lines are apart.
 TEST(PlotPage, HeadingsFit) {
   for (const int width : {440, 1100}) {
