@@ -14,6 +14,10 @@ constexpr float kSmallestStep = 1.0e-12F;
 constexpr float kOnTick = 0.0001F;  // of a step: how far a limit may pass a tick that still holds it
 constexpr double kLargest = std::numeric_limits<float>::max();
 constexpr double kSteps[] = {10, 7.5, 5, 4, 3, 2.5, 2, 1, 0.75, 0.5, 0.4, 0.3, 0.25, 0.2, 0.1};
+constexpr double kFineDigits[] = {7.5, 6, 5, 4, 3, 2.5, 2, 1};
+constexpr double kFinePowers[] = {1e3, 1e2, 1e1, 1e0, 1e-1, 1e-2, 1e-3, 1e-4, 1e-5};
+constexpr double kOnDecade = 1e-6;  // of a decade: as near as this is on it
+constexpr int kDecadesBelow = 3;    // shown of a logarithmic axis whose low limit isn't positive
 
 // The first step of the table that isn't below d.
 float RoundUp(float d) {
@@ -39,6 +43,12 @@ RoundAxis Rising(float low, float high, float ticks, float length) {
   return out;
 }
 
+double Decades(float value) {
+  const double decades = std::log10(static_cast<double>(value));
+  const double whole = std::round(decades);
+  return std::abs(decades - whole) <= kOnDecade ? whole : decades;
+}
+
 }  // namespace
 
 RoundAxis dgRoundAxis(float low, float high, float ticks, float length) {
@@ -52,6 +62,32 @@ RoundAxis dgRoundAxis(float low, float high, float ticks, float length) {
   }
   out.low += 0.0F;  // -0 becomes 0
   out.high += 0.0F;
+  return out;
+}
+
+float dgRoundStep(float step) {
+  if (step == 0.0F || !std::isfinite(step)) return step;
+  return std::copysign(RoundUp(std::abs(step)), step);
+}
+
+float dgRoundFine(float value) {
+  float above = value;  // the entry before; none is before the first
+  for (const double power : kFinePowers) {
+    for (const double digits : kFineDigits) {
+      const float entry = static_cast<float>(digits * power);
+      if (value > entry) return above;
+      above = entry;
+    }
+  }
+  return value;
+}
+
+LogLimits dgRoundLog(float low, float high) {
+  if (!std::isfinite(low) || !std::isfinite(high) || (!(low > 0.0F) && !(high > 0.0F))) return {};
+  LogLimits out;
+  const int top = high > 0.0F ? static_cast<int>(std::ceil(Decades(high))) : 0;
+  out.low = low > 0.0F ? static_cast<int>(std::floor(Decades(low))) : top - kDecadesBelow;
+  out.high = high > low && top > out.low ? top : out.low + 1;
   return out;
 }
 

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/window_system.h"
+
 namespace zaview {
 
 struct Console {
@@ -63,11 +65,6 @@ struct Files {
 struct Clock {
   void* self = nullptr;
   double (*seconds)(void* self) = nullptr;  // since any fixed moment, steady
-};
-
-// The graphics window. There is none yet: `available` is what graphics commands and options ask for.
-struct WindowSystem {
-  bool available = false;
 };
 
 struct Platform {

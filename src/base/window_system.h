@@ -1,0 +1,56 @@
+// The graphics window as this program sees it: a record of function pointers with three fillings, GLUT on a display, an
+// offscreen context (EGL) without one, and the offscreen one fed with events by a test. Window 1 is the main window,
+// menu windows follow. All on one thread.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zaview {
+
+// Modifier keys held down at an event.
+inline constexpr unsigned kShift = 1, kControl = 2, kAlt = 4;
+
+// Keys: letters as ASCII (Control and a letter: 1 to 26), and these.
+inline constexpr int kKeyLeft = 65361, kKeyUp = 65362, kKeyRight = 65363, kKeyDown = 65364, kKeyPageUp = 1104,
+                     kKeyPageDown = 1105, kKeyEnd = 1107, kKeyF1 = 1001;
+
+struct WindowEvents {  // filled by whoever opens the window
+  void* self = nullptr;
+  void (*display)(void* self, int id, bool damaged) = nullptr;
+  void (*reshape)(void* self, int id, int width, int height) = nullptr;
+  void (*visible)(void* self, int id, bool on) = nullptr;
+  void (*key)(void* self, int id, int code, unsigned modifiers, int x, int y) = nullptr;
+  void (*mouse)(void* self, int id, int button, unsigned modifiers, int x, int y) = nullptr;  // presses of 1, 2, 3
+  void (*closed)(void* self, int id) = nullptr;
+  void (*idle)(void* self) = nullptr;
+};
+
+enum class Font : std::uint8_t { helvetica_10, helvetica_12, fixed_8_13, fixed_9_15, helvetica_18, times_24, stroke };
+
+struct WindowSystem {
+  void* self = nullptr;
+  // False, with the cause in `why`: nothing can be drawn. A second start does nothing.
+  bool (*start)(void* self, const WindowEvents& events, std::string& why) = nullptr;
+  int (*create_window)(void* self, const std::string& title, int x, int y, int width, int height) = nullptr;
+  void (*destroy_window)(void* self, int id) = nullptr;
+  void (*main_loop)(void* self) = nullptr;  // comes back only offscreen, when nothing is left to be done
+  void (*post_redisplay)(void* self, int id) = nullptr;
+  void (*show)(void* self, int id) = nullptr;
+  void (*hide)(void* self, int id) = nullptr;
+  void (*reshape_window)(void* self, int id, int width, int height) = nullptr;
+  int (*set_current)(void* self, int id) = nullptr;     // the one before
+  void (*begin_picture)(void* self, int id) = nullptr;  // binds the picture that is drawn into
+  void (*present)(void* self, int id) = nullptr;        // a picture is complete
+  // The picture of the main window, width x height x 3 bytes, bottom row first. False: it has not got that size (a
+  // reshape counts from the next begin_picture), or can't be read.
+  bool (*read_picture)(void* self, int width, int height, unsigned char* rgb) = nullptr;
+  void (*set_idle)(void* self, bool on) = nullptr;
+  // Counted up when a window was replaced and everything kept in its context is gone.
+  unsigned (*context_generation)(void* self) = nullptr;
+  bool available = false;  // what graphics commands and options ask for
+  bool offscreen = false;  // no keys, no mouse, no menus
+};
+
+}  // namespace zaview

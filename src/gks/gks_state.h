@@ -1,0 +1,84 @@
+// All state of the GKS kernel. Data only.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/window_system.h"
+
+namespace zaview {
+
+inline constexpr int GKS_MAX_COLORS = 256;
+inline constexpr int kTransforms = 10;
+
+struct GksRectangle {
+  float xmin = 0, xmax = 1, ymin = 0, ymax = 1;
+};
+
+struct GksTransform {
+  GksRectangle window, viewport;  // world; normalized
+  float x_sign = 1, y_sign = 1;
+};
+
+enum class GksLevel : std::uint8_t { closed, open, workstation, active };  // GKS values 0 to 3
+
+struct GksAttributes {
+  int polyline_colour = 1, marker_colour = 1, text_colour = 1, fill_colour = 1;
+  int line_style = 0;       // 0 solid, 1 to 4 stippled
+  float line_width = 1;     // scale, at least 1
+  int marker_type = 0;      // 0 to 21
+  float marker_scale = 1;
+  float char_height = 0.14F;  // world units
+  float up_x = 0, up_y = 1;
+  float text_rotation = 0;  // degrees
+  int align_x = 0, align_y = 0;
+  int fill_style = 0;
+  bool clip = true;
+};
+
+struct GksColour {
+  float red = 0, green = 0, blue = 0;
+};
+
+struct GksWindow {
+  int width = 500, height = 400, x = 100, y = 100;  // pixels
+  int id = 0;                                       // 0: not there yet
+  bool reverse_video = false, bitmap_font = true;
+  bool size_is_fixed = false;  // chosen by the program: the environment is not asked
+  bool visible = false, shown = false, force = false;
+};
+
+enum class ScreenMode : std::int8_t { plot = -1, text = 0, free = 1, integer = 2, real = 3, one_key = 4 };
+
+struct TextScreen {
+  ScreenMode mode = ScreenMode::plot;
+  std::vector<std::string> lines;
+  int first = 0, last = -1;  // shown
+  int paging = 0;            // -1, 0, 1: wanted at the next drawing
+  std::string prompt, fallback, typed;
+};
+
+struct DumpOrder {
+  bool dump_only = false;  // every view is dumped and left
+  bool waiting = false;    // the next one is
+  std::string name;        // blank: a numbered one
+  int idle_count = 0;
+};
+
+struct GksState {
+  GksLevel level = GksLevel::closed;
+  GksWindow window;
+  std::array<GksTransform, kTransforms> transform{};
+  int selected = 1;
+  GksRectangle ws_window, ws_viewport;  // the latter in pixels
+  GksAttributes attribute;
+  std::array<GksColour, GKS_MAX_COLORS + 1> colour{};
+  bool colour_warned = false;
+  TextScreen screen;
+  DumpOrder dump;
+};
+
+}  // namespace zaview

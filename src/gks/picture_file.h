@@ -1,0 +1,17 @@
+// Pictures as files: PNG, BMP, GIF by the end of the name.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "base/platform.h"
+
+namespace zaview {
+
+enum class PictureFormat : unsigned char { png, bmp, gif };
+
+// rgb: width x height x 3 bytes, bottom row first. The file appears when it is complete. False: it can't be written.
+[[nodiscard]] bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width,
+                                int height, std::span<const unsigned char> rgb);
+
+}  // namespace zaview

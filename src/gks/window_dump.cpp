@@ -1,0 +1,104 @@
+#include "gks/window_dump.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "base/grow.h"
+#include "base/message.h"
+#include "base/text.h"
+#include "gks/picture_file.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr fmt::string_view kIllegalOption = "LOGIC error - Illegal Dump_Option={} in GKSDUMP";
+constexpr fmt::string_view kNoMoreNames = " GKSDUMP failed - no more {} files";
+constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error";
+constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
+constexpr fmt::string_view kWriting = "DumpWindow - Writing {} file {}";
+constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}";
+
+constexpr int kNames = 10000;
+
+struct DumpKind {
+  int fixed, numbered;  // options
+  PictureFormat format;
+  std::string_view capital, extension;
+};
+constexpr DumpKind kKinds[] = {
+    {1, 2, PictureFormat::gif, "GIF", "gif"},
+    {3, 4, PictureFormat::bmp, "BMP", "bmp"},
+    {5, 6, PictureFormat::png, "PNG", "png"},
+};
+constexpr int kUsualOption = 6;  // what -1 stands for
+
+const DumpKind* KindOfOption(int option) {
+  for (const DumpKind& kind : kKinds)
+    if (option == kind.fixed || option == kind.numbered) return &kind;
+  return nullptr;
+}
+
+const DumpKind* KindOfName(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos) return nullptr;
+  const std::string_view end = name.substr(dot + 1);
+  for (const DumpKind& kind : kKinds)
+    if (end == kind.extension || end == kind.capital) return &kind;
+  return nullptr;
+}
+
+// The first free one, always from 1. False: there is none.
+bool FindFreeName(const Files& files, const DumpKind& kind, std::string& name) {
+  for (int n = 1; n < kNames; ++n) {
+    name = fmt::format("dump{:04}.{}", n, kind.extension);
+    if (!files.facts(files.self, name).exists) return true;
+  }
+  return false;
+}
+
+void WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& kind, const std::string& name) {
+  const int width = gks.window.width, height = gks.window.height;
+  if (width < 1 || height < 1) return;
+  std::vector<unsigned char> rgb;
+  if (!Grow(rgb, static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)) {
+    SayLine(platform.console, kNoMemory);
+    return;
+  }
+  if (!platform.window.read_picture(platform.window.self, width, height, rgb.data())) {
+    SayLine(platform.console, kNoPicture);
+    return;
+  }
+  Say(platform.console, kWriting, kind.capital, name);
+  if (!WritePicture(platform, name, kind.format, width, height, rgb)) Say(platform.console, kNotWritten, name);
+}
+
+}  // namespace
+
+void GKSDUMP(const Platform& platform, GksState& gks, int option) {
+  const int wanted = option == -1 ? kUsualOption : option;
+  const DumpKind* kind = KindOfOption(wanted);
+  if (kind == nullptr) {
+    Say(platform.console, kIllegalOption, option);
+    return;
+  }
+  std::string name(TrimEnd(std::exchange(gks.dump.name, {})));
+  if (!name.empty()) {
+    const DumpKind* const named = KindOfName(name);
+    WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);
+    return;
+  }
+  if (wanted == kind->fixed) name = fmt::format("gl.{}", kind->extension);
+  else if (!FindFreeName(platform.files, *kind, name)) {
+    Say(platform.console, kNoMoreNames, kind->extension);
+    return;
+  }
+  WriteWindow(platform, gks, *kind, name);
+}
+
+}  // namespace zaview

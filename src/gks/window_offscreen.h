@@ -1,0 +1,29 @@
+// The window without a display: an EGL context (surfaceless) and a picture in memory. libEGL is opened on need.
+#pragma once
+
+#include "base/platform.h"
+#include "base/window_system.h"
+
+namespace zaview {
+
+struct OffscreenWindows;  // opaque
+
+// The record for a platform; its state lives until it is freed. Nothing is opened before `start`.
+[[nodiscard]] OffscreenWindows* MakeOffscreenWindows();
+void FreeOffscreenWindows(OffscreenWindows* windows);
+[[nodiscard]] WindowSystem OffscreenWindowSystem(OffscreenWindows* windows);
+
+// For tests: an event that main_loop delivers in its turn, behind all drawing that is pending and ahead of idle calls.
+struct FedEvent {
+  enum class Kind : unsigned char { key, mouse, reshape, close } kind = Kind::key;
+  int id = 1, code = 0;  // key code or button
+  unsigned modifiers = 0;
+  int x = 0, y = 0;  // pixels; reshape: width, height
+};
+void FeedEvent(OffscreenWindows& windows, const FedEvent& event);
+
+// For tests: the picture of any window, as read_picture gives that of the main window.
+[[nodiscard]] bool ReadOffscreenPicture(OffscreenWindows& windows, int id, int width, int height, unsigned char* rgb);
+[[nodiscard]] bool IsOffscreenWindowShown(const OffscreenWindows& windows, int id);
+
+}  // namespace zaview

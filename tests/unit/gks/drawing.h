@@ -1,0 +1,101 @@
+// A window without a display, its kernel, and its picture as numbers.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "fake_platform.h"
+#include "gks/gks_control.h"
+#include "gks/gks_draw.h"
+#include "gks/window_offscreen.h"
+
+namespace zaview {
+
+struct Box {
+  int left = 1000000, right = -1, top = 1000000, bottom = -1;  // pixels, y down, ends included
+  int count = 0;                                               // of lit pixels in it
+  double x = 0, y = 0;                                         // their centre
+  [[nodiscard]] int width() const { return right - left + 1; }
+  [[nodiscard]] int height() const { return bottom - top + 1; }
+};
+
+// Pixels are those of one driver on every machine.
+inline void UseSoftwareDriver() {
+  setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+  setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+}
+
+// White on black, world units are pixels with y up, until a test says otherwise.
+struct Drawing {
+  FakePlatform fake;
+  OffscreenWindows* windows = MakeOffscreenWindows();
+  Platform platform;
+  GksState gks;
+  std::vector<unsigned char> rgb;
+
+  Drawing(int width, int height) {
+    UseSoftwareDriver();
+    platform = fake.Get();
+    platform.window = OffscreenWindowSystem(windows);
+    std::string why;
+    EXPECT_TRUE(platform.window.start(platform.window.self, {}, why)) << why;
+    gks.window.width = width;
+    gks.window.height = height;
+    gks.window.id = platform.window.create_window(platform.window.self, "test", 0, 0, width, height);
+    gksSetReverse(gks, false);
+    Clear();
+  }
+  Drawing(const Drawing&) = delete;
+  Drawing& operator=(const Drawing&) = delete;
+  ~Drawing() { FreeOffscreenWindows(windows); }
+
+  void Clear() {
+    GCLKS(gks);
+    gksBeginPicture(platform.window, gks);
+    gksOpenTo(gks, GksLevel::active);
+    const float w = static_cast<float>(gks.window.width), h = static_cast<float>(gks.window.height);
+    GSWKVP(gks, {0, w, 0, h});
+    GSWN(gks, 1, {0, w, 0, h});
+  }
+  void Line(const std::vector<float>& x, const std::vector<float>& y) { GPL(gks, x, y); }
+  void Fill(const std::vector<float>& x, const std::vector<float>& y) { GFA(gks, x, y); }
+  void Marker(float x, float y) { GPM(gks, std::array{x}, std::array{y}); }
+
+  void Read() {
+    GUWK(platform.window, gks);
+    rgb.assign(static_cast<std::size_t>(gks.window.width * gks.window.height) * 3, 0);
+    EXPECT_TRUE(platform.window.read_picture(platform.window.self, gks.window.width, gks.window.height, rgb.data()));
+  }
+  [[nodiscard]] unsigned At(int x, int y) const {  // 0xRRGGBB, y down
+    const auto i = static_cast<std::size_t>((gks.window.height - 1 - y) * gks.window.width + x) * 3;
+    return static_cast<unsigned>(rgb[i]) << 16U | static_cast<unsigned>(rgb[i + 1]) << 8U | rgb[i + 2];
+  }
+  Box Lit() {  // all that has not the colour of the paper
+    Read();
+    const unsigned paper = gks.window.reverse_video ? 0xFFFFFF : 0;
+    Box box;
+    for (int y = 0; y < gks.window.height; ++y) {
+      for (int x = 0; x < gks.window.width; ++x) {
+        if (At(x, y) == paper) continue;
+        box.left = std::min(box.left, x);
+        box.right = std::max(box.right, x);
+        box.top = std::min(box.top, y);
+        box.bottom = std::max(box.bottom, y);
+        box.x += x;
+        box.y += y;
+        ++box.count;
+      }
+    }
+    if (box.count > 0) box.x /= box.count, box.y /= box.count;
+    return box;
+  }
+};
+
+}  // namespace zaview

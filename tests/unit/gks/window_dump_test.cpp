@@ -1,0 +1,173 @@
+#include "gks/window_dump.h"
+
+#include <array>
+#include <cstring>
+#include <gd.h>
+
+#include <gtest/gtest.h>
+#include <png.h>
+
+#include "gks/picture_file.h"
+#include "unit/gks/drawing.h"
+
+namespace zaview {
+namespace {
+
+using Bytes = std::vector<unsigned char>;
+
+Bytes FromPng(const std::string& file, int& width, int& height) {  // top row first
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  if (png_image_begin_read_from_memory(&image, file.data(), file.size()) == 0) return {};
+  image.format = PNG_FORMAT_RGB;
+  width = static_cast<int>(image.width);
+  height = static_cast<int>(image.height);
+  Bytes rgb(PNG_IMAGE_SIZE(image));
+  return png_image_finish_read(&image, nullptr, rgb.data(), 0, nullptr) == 0 ? Bytes{} : rgb;
+}
+
+Bytes FromGd(const std::string& file, bool gif, int& width, int& height) {
+  std::string copy = file;
+  const int size = static_cast<int>(copy.size());
+  gdImagePtr image = gif ? gdImageCreateFromGifPtr(size, copy.data()) : gdImageCreateFromBmpPtr(size, copy.data());
+  if (image == nullptr) return {};
+  width = gdImageSX(image);
+  height = gdImageSY(image);
+  Bytes rgb;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const int colour = gdImageGetTrueColorPixel(image, x, y);
+      for (const int shift : {16, 8, 0}) rgb.push_back(static_cast<unsigned char>(colour >> shift & 255));
+    }
+  }
+  gdImageDestroy(image);
+  return rgb;
+}
+
+Bytes Upside(const Bytes& rgb, int width) {
+  Bytes out;
+  const std::ptrdiff_t row = static_cast<std::ptrdiff_t>(width) * 3;
+  for (auto end = rgb.end(); end != rgb.begin(); end -= row) out.insert(out.end(), end - row, end);
+  return out;
+}
+
+TEST(PictureFile, ReadsBackAsItWas) {
+  for (const int colours : {2, 200, 256}) {
+    for (const int width : {1, 2, 37}) {
+      const int height = 19;
+      Bytes rgb;
+      for (int i = 0; i < width * height; ++i) {
+        const int c = i % colours;
+        for (const int value : {c, 255 - c, c * 7 % 256}) rgb.push_back(static_cast<unsigned char>(value));
+      }
+      for (const PictureFormat format : {PictureFormat::png, PictureFormat::bmp, PictureFormat::gif}) {
+        FakePlatform fake;
+        ASSERT_TRUE(WritePicture(fake.Get(), "p", format, width, height, rgb));
+        int w = 0, h = 0;
+        const Bytes read = format == PictureFormat::png ? FromPng(fake.Bytes("p"), w, h)
+                                                        : FromGd(fake.Bytes("p"), format == PictureFormat::gif, w, h);
+        EXPECT_EQ(w, width);
+        EXPECT_EQ(h, height);
+        EXPECT_EQ(read, Upside(rgb, width)) << colours << " " << width << " " << static_cast<int>(format);
+      }
+    }
+  }
+}
+
+TEST(PictureFile, KeepsManyColoursNearInAGif) {
+  Bytes rgb;
+  for (int i = 0; i < 64 * 64; ++i)
+    for (const int value : {i % 64 * 4, i / 64 * 4, 128}) rgb.push_back(static_cast<unsigned char>(value));
+  FakePlatform fake;
+  ASSERT_TRUE(WritePicture(fake.Get(), "p", PictureFormat::gif, 64, 64, rgb));
+  int w = 0, h = 0;
+  const Bytes read = FromGd(fake.Bytes("p"), true, w, h), wanted = Upside(rgb, 64);
+  ASSERT_EQ(read.size(), wanted.size());
+  double off = 0;
+  for (std::size_t i = 0; i < read.size(); ++i) off += std::abs(read[i] - wanted[i]);
+  EXPECT_LT(off / static_cast<double>(read.size()), 12);
+}
+
+TEST(PictureFile, LeavesTheOldFileWhereItFails) {
+  const Bytes rgb(30 * 30 * 3, 99);
+  for (const PictureFormat format : {PictureFormat::png, PictureFormat::bmp, PictureFormat::gif}) {
+    FakePlatform fake;
+    fake.Put("p", "old");
+    fake.room = 20;
+    EXPECT_FALSE(WritePicture(fake.Get(), "p", format, 30, 30, rgb));
+    EXPECT_FALSE(WritePicture(fake.Get(), "no/p", format, 30, 30, rgb));
+    EXPECT_FALSE(WritePicture(fake.Get(), "p", format, 31, 30, rgb));
+    EXPECT_FALSE(WritePicture(fake.Get(), "p", format, 0, 30, rgb));
+    EXPECT_EQ(fake.Bytes("p"), "old");
+    EXPECT_EQ(fake.files.size(), 1U);
+    EXPECT_EQ(fake.OpenHandles(), 0U);
+  }
+}
+
+TEST(WindowDump, NamesTheFileByOptionAndOrder) {
+  const struct {
+    const char* order;
+    int option;
+    const char *written, *said;
+  } cases[] = {
+      {"",         -1, "dump0001.png", "DumpWindow - Writing PNG file dump0001.png\n"                                         },
+      {"",         6,  "dump0003.png", "DumpWindow - Writing PNG file dump0003.png\n"                                         }, // the gap; 2 is there
+      {"",         6,  "dump0004.png", "DumpWindow - Writing PNG file dump0004.png\n"                                         },
+      {"",         2,  "dump0001.gif", "DumpWindow - Writing GIF file dump0001.gif\n"                                         },
+      {"",         4,  "dump0001.bmp", "DumpWindow - Writing BMP file dump0001.bmp\n"                                         },
+      {"",         5,  "gl.png",       "DumpWindow - Writing PNG file gl.png\n"                                               },
+      {"",         1,  "gl.gif",       "DumpWindow - Writing GIF file gl.gif\n"                                               },
+      {"",         3,  "gl.bmp",       "DumpWindow - Writing BMP file gl.bmp\n"                                               },
+      {"x.PNG",    2,  "x.PNG",        "DumpWindow - Writing PNG file x.PNG\n"                                                },
+      {"",         2,  "dump0002.gif", "DumpWindow - Writing GIF file dump0002.gif\n"                                         }, // a name counts once
+      {"v1.2",     4,  "v1.2",         "DumpWindow - Writing BMP file v1.2\n"                                                 },
+      {"",         7,  "",             "LOGIC error - Illegal Dump_Option=7 in GKSDUMP\n"                                     },
+      {"no/x.bmp", 6,  "",             "DumpWindow - Writing BMP file no/x.bmp\nERROR - Picture can't be written : no/x.bmp\n"},
+  };
+  Drawing d(20, 10);
+  d.fake.Put("dump0002.png", "here");
+  for (const auto& c : cases) {
+    d.fake.output.clear();
+    d.gks.dump.name = c.order;
+    const std::size_t before = d.fake.files.size();
+    GKSDUMP(d.platform, d.gks, c.option);
+    EXPECT_EQ(d.fake.output, c.said);
+    EXPECT_EQ(d.fake.files.size(), before + (*c.written == '\0' ? 0 : 1)) << c.said;
+    if (*c.written != '\0') {
+      const std::string bytes = d.fake.Bytes(c.written);
+      const char* const magic = std::strstr(c.said, "PNG") != nullptr ? "\x89PNG"
+                                : std::strstr(c.said, "GIF")          ? "GIF8"
+                                                                      : "BM";
+      EXPECT_EQ(bytes.substr(0, std::strlen(magic)), magic);
+    }
+  }
+}
+
+TEST(WindowDump, EndsAtTheLastNumberAndWithoutAPicture) {
+  Drawing d(20, 10);
+  for (int n = 1; n < 10000; ++n) d.fake.Put(fmt::format("dump{:04}.png", n), "");
+  GKSDUMP(d.platform, d.gks, 6);
+  EXPECT_EQ(d.fake.output, " GKSDUMP failed - no more png files\n");
+  d.fake.output.clear();
+  d.gks.window.width = 21;
+  GKSDUMP(d.platform, d.gks, 5);
+  EXPECT_EQ(d.fake.output, "GKSDUMP failed - there is no picture\n");
+}
+
+TEST(WindowDump, IsThePictureThatWasDrawn) {
+  Drawing d(120, 90);
+  GSCR(d.platform.console, d.gks, 2, {0.2F, 0.4F, 0.6F});
+  GSFACI(d.platform.console, d.gks, 2);
+  d.Fill({10, 50, 50, 10}, {10, 10, 30, 30});
+  GSCHH(d.gks, 10);
+  GTX(d.gks, {60, 60}, "Heave");
+  d.Read();
+  GKSDUMP(d.platform, d.gks, 5);
+  int w = 0, h = 0;
+  EXPECT_EQ(FromPng(d.fake.Bytes("gl.png"), w, h), Upside(d.rgb, 120));
+  GKSDUMP(d.platform, d.gks, 1);
+  EXPECT_EQ(FromGd(d.fake.Bytes("gl.gif"), true, w, h), Upside(d.rgb, 120));
+}
+
+}  // namespace
+}  // namespace zaview
