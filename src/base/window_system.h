@@ -10,7 +10,7 @@
 namespace zaview {
 
 // Modifier keys held down at an event.
-inline constexpr unsigned kShift = 1, kControl = 2, kAlt = 4;
+inline constexpr unsigned kShiftKey = 1, kControlKey = 2, kAltKey = 4;
 
 // Keys: letters as ASCII (Control and a letter: 1 to 26), and these.
 inline constexpr int kKeyLeft = 65361, kKeyUp = 65362, kKeyRight = 65363, kKeyDown = 65364, kKeyPageUp = 1104,
