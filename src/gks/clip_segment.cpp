@@ -113,13 +113,17 @@ ClippedSegment CLIPSEG(const GksRectangle& window, GksPoint a, GksPoint b) {
     }
   }
   if (!(t0 <= t1)) return ClippedSegment{};
-  const auto at = [&](float t) {  // on the edge itself, whatever was rounded
-    return GksPoint{std::clamp(a.x + t * dx, window.xmin, window.xmax),
-                    std::clamp(a.y + t * dy, window.ymin, window.ymax)};
+  const auto at = [&](float t, WindowEdge edge) {  // on the edge itself, whatever was rounded
+    GksPoint p{std::clamp(a.x + t * dx, window.xmin, window.xmax), std::clamp(a.y + t * dy, window.ymin, window.ymax)};
+    if (edge == WindowEdge::left) p.x = window.xmin;
+    if (edge == WindowEdge::right) p.x = window.xmax;
+    if (edge == WindowEdge::bottom) p.y = window.ymin;
+    if (edge == WindowEdge::top) p.y = window.ymax;
+    return p;
   };
   out.visible = true;
-  out.from = out.in == WindowEdge::none ? a : at(t0);
-  out.to = out.out == WindowEdge::none ? b : at(t1);
+  out.from = out.in == WindowEdge::none ? a : at(t0, out.in);
+  out.to = out.out == WindowEdge::none ? b : at(t1, out.out);
   return out;
 }
 
