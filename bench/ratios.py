@@ -118,16 +118,35 @@ def tables(program, writer, work):
     line("interval tables / statistics tables", f"{interval / plain:.2f}", "<= 10")
 
 
-def lag_sums(build, work):
-    program = os.path.join(build, "bench", "lag_sums_bench")
+def bench_rows(build, work, name, *options):
+    """The runs of a bench program, with plain names; none, which is told, where there is no bench build."""
+    program = os.path.join(build, "bench", name)
     if not os.path.exists(program):
-        line("lag sums: no bench build", "-", "<= 0.06")
-        return
-    report = os.path.join(work, "lags.json")
-    subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
+        print(f"{name}: no bench build")
+        return []
+    report = os.path.join(work, name + ".json")
+    subprocess.run([program, *options, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
                    stdout=subprocess.DEVNULL)
     with open(report) as source:
-        times = {row["name"].split("/")[0]: row["real_time"] for row in json.load(source)["benchmarks"]}
+        rows = [row for row in json.load(source)["benchmarks"] if row["run_type"] == "iteration"]
+    for row in rows:
+        row["name"] = row["name"].replace("/real_time", "")
+    return rows
+
+
+def bench_times(build, work, name, *options):
+    """The least time of each run, in its unit."""
+    least = {}
+    for row in bench_rows(build, work, name, *options):
+        least[row["name"]] = min(least.get(row["name"], row["real_time"]), row["real_time"])
+    return least
+
+
+def lag_sums(build, work):
+    times = bench_times(build, work, "lag_sums_bench")
+    if not times:
+        return
+    times = {name.split("/")[0]: time for name, time in times.items()}
     line("all lags of 20 000 samples / the plain loop", f"{times['AllLags'] / times['PlainLoop']:.4f}", "<= 0.06")
 
 
@@ -167,15 +186,9 @@ def numpy_elevation(block):
 
 
 def waves(build, work):
-    program = os.path.join(build, "bench", "incident_wave_bench")
-    if not os.path.exists(program):
-        line("waves: no bench build", "-", ">= 2")
+    times = bench_times(build, work, "incident_wave_bench")
+    if not times:
         return
-    report = os.path.join(work, "waves.json")
-    subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
-                   stdout=subprocess.DEVNULL)
-    with open(report) as source:
-        times = {row["name"].removesuffix("/real_time"): row["real_time"] for row in json.load(source)["benchmarks"]}
     theirs = 1000 * min(numpy_elevation(block) for block in (16, 64, 256))
     one, both = times["MovingPoint/1"], times["MovingPoint/2"]
     print(f"500 components, {STEPS} steps: {both:.0f} ms on two threads, {one:.0f} on one, numpy {theirs:.0f} ms")
@@ -188,15 +201,9 @@ def waves(build, work):
 def ensemble(build, work):
     """100 records of 20 000 steps; numpy makes the same lags of every record as running sums in single precision, which
     give the same bits, and as its own products, which don't."""
-    program = os.path.join(build, "bench", "ensemble_bench")
-    if not os.path.exists(program):
-        line("ensemble: no bench build", "-", ">= 20")
+    times = bench_times(build, work, "ensemble_bench")
+    if not times:
         return
-    report = os.path.join(work, "ensemble.json")
-    subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
-                   stdout=subprocess.DEVNULL)
-    with open(report) as source:
-        times = {row["name"].removesuffix("/real_time"): row["real_time"] for row in json.load(source)["benchmarks"]}
     c = numpy.random.default_rng(11).standard_normal(20_000, dtype=numpy.float32)
     lags = [(c[:c.size - k], c[k:]) for k in range(141)]
     running = 1e5 * best(lambda: seconds_of(lambda: [numpy.add.accumulate(a * b)[-1] for a, b in lags]))
@@ -239,57 +246,31 @@ def many_runs(program, writer, work):
 
 
 def layouts(build, work):
-    program = os.path.join(build, "bench", "time_steps_bench")
-    if not os.path.exists(program):
-        line("layouts of steps: no bench build", "-", "<= 1")
-        return
-    report = os.path.join(work, "layouts.json")
-    subprocess.run([program, "--benchmark_filter=threads:2/per_line:6/", "--benchmark_repetitions=15",
-                    "--benchmark_enable_random_interleaving=true", "--benchmark_min_time=0.2",
-                    f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True, stdout=subprocess.DEVNULL)
     speeds, first = {}, ""
-    with open(report) as source:
-        for row in json.load(source)["benchmarks"]:
-            if row["run_type"] != "iteration":
-                continue
-            if row["name"].removesuffix("/real_time").endswith("layout:0"):
-                first = row["label"]
-            speeds[row["label"]] = max(speeds.get(row["label"], 0), row["bytes_per_second"])
-    present = speeds.pop(first)
+    for row in bench_rows(build, work, "time_steps_bench", "--benchmark_filter=threads:2/per_line:6/",
+                          "--benchmark_repetitions=15", "--benchmark_enable_random_interleaving=true",
+                          "--benchmark_min_time=0.2"):
+        if row["name"].endswith("layout:0"):
+            first = row["label"]
+        speeds[row["label"]] = max(speeds.get(row["label"], 0), row["bytes_per_second"])
+    present = speeds.pop(first, 0)
     for label, speed in speeds.items():
         line(f"seconds a megabyte, {label} / present layout", f"{present / speed:.2f}", "<= 1")
 
 
 def companion(build, work):
-    program = os.path.join(build, "bench", "companion_bench")
-    if not os.path.exists(program):
-        line("companion: no bench build", "-", "<= 1, hoped for 0.5")
-        return
-    report = os.path.join(work, "companion.json")
     least = {}
     for _ in range(3):  # in turn, so that other work falls on all of them
-        subprocess.run([program, f"--benchmark_out={report}", "--benchmark_out_format=json"], check=True,
-                       stdout=subprocess.DEVNULL)
-        with open(report) as source:
-            for row in json.load(source)["benchmarks"]:
-                name = row["name"].replace("/real_time", "")
-                least[name] = min(least.get(name, row["real_time"]), row["real_time"])
-    plain = least.pop("PlainRead/cuts:0")
+        for name, milliseconds in bench_times(build, work, "companion_bench").items():
+            least[name] = min(least.get(name, milliseconds), milliseconds)
+    plain = least.pop("PlainRead/cuts:0", 0)
     for name, milliseconds in least.items():
         line(f"{name}, 256 MB / plain read of the file", f"{milliseconds / plain:.2f}", "<= 1, hoped for 0.5")
 
 
 def mesh(build, work):
-    program = os.path.join(build, "bench", "mesh_bench")
-    if not os.path.exists(program):
-        line("mesh: no bench build", "-", "< 50")
-        return
-    report = os.path.join(work, "mesh.json")
-    subprocess.run([program, "--benchmark_repetitions=5", f"--benchmark_out={report}", "--benchmark_out_format=json"],
-                   check=True, stdout=subprocess.DEVNULL)
-    with open(report) as source:
-        least = min(row["real_time"] for row in json.load(source)["benchmarks"] if row["run_type"] == "iteration")
-    line("4900 elements of NASTRAN read, checked and turned, milliseconds", f"{least:.1f}", "< 50")
+    for milliseconds in bench_times(build, work, "mesh_bench", "--benchmark_repetitions=5").values():
+        line("4900 elements of NASTRAN read, checked and turned, milliseconds", f"{milliseconds:.1f}", "< 50")
 
 
 def first_line(program, work):

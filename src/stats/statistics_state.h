@@ -45,7 +45,6 @@ struct DependenceResult {  // of the loaded ensemble; loading another one makes 
 struct StatisticsState {
   int nmany = 0;  // which scheme (ensemble_stats.h)
   HistogramRequest histogram;
-  bool histogram_of_ensemble = false;
   EnsembleData ensemble;
   DependenceResult dependence;
 };
