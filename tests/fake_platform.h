@@ -25,6 +25,8 @@ struct FakePlatform {
   std::string output;             // all that was written to the console
   bool input_is_terminal = false;
   bool window_available = false;
+  WindowSystem window;  // what choose_window gives
+  std::map<std::string, std::string> environment;
   double seconds = 0.0;
   std::string progress;  // the progress line now shown, if any
 
@@ -110,7 +112,12 @@ inline Platform FakePlatform::Get() {
   Platform p;
   p.self = this;
   p.exit = [](void*, int status) { throw FakeExit{status}; };
-  p.window.available = window_available;
+  if (window_available) p.choose_window = [](void* self) { return Of(self).window; };
+  p.environment = [](void* self, const char* name) -> const char* {
+    const auto& set = Of(self).environment;
+    const auto found = set.find(name);
+    return found == set.end() ? nullptr : found->second.c_str();
+  };
   p.clock = {this, [](void* self) { return Of(self).seconds; }};
 
   p.console.self = this;

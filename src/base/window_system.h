@@ -49,7 +49,6 @@ struct WindowSystem {
   void (*set_idle)(void* self, bool on) = nullptr;
   // Counted up when a window was replaced and everything kept in its context is gone.
   unsigned (*context_generation)(void* self) = nullptr;
-  bool available = false;  // what graphics commands and options ask for
   bool offscreen = false;  // no keys, no mouse, no menus
 };
 

@@ -27,9 +27,9 @@ enum class GksLevel : std::uint8_t { closed, open, workstation, active };  // GK
 
 struct GksAttributes {
   int polyline_colour = 1, marker_colour = 1, text_colour = 1, fill_colour = 1;
-  int line_style = 0;       // 0 solid, 1 to 4 stippled
-  float line_width = 1;     // scale, at least 1
-  int marker_type = 0;      // 0 to 21
+  int line_style = 0;    // 0 solid, 1 to 4 stippled
+  float line_width = 1;  // scale, at least 1
+  int marker_type = 0;   // 0 to 21
   float marker_scale = 1;
   float char_height = 0.14F;  // world units
   float up_x = 0, up_y = 1;
@@ -48,7 +48,11 @@ struct GksWindow {
   int id = 0;                                       // 0: not there yet
   bool reverse_video = false, bitmap_font = true;
   bool size_is_fixed = false;  // chosen by the program: the environment is not asked
-  bool visible = false, shown = false, force = false;
+  bool visible = false;        // as the window system tells
+  bool shown = false;          // wanted on the screen
+  bool hidden = false;         // by the program itself
+  bool force = false;          // the next display draws whatever the view thinks
+  bool idle_on = false;
 };
 
 enum class ScreenMode : std::int8_t { plot = -1, text = 0, free = 1, integer = 2, real = 3, one_key = 4 };
@@ -68,6 +72,18 @@ struct DumpOrder {
   int idle_count = 0;
 };
 
+// The kernel's calls upward, filled once by whoever starts the graphics. Clicks in the world of the selected
+// transformation.
+struct GksHooks {
+  void* self = nullptr;
+  void (*render)(void* self, bool force) = nullptr;
+  void (*mouse)(void* self, int button, float x, float y) = nullptr;
+  void (*keyboard)(void* self, int key, float x, float y) = nullptr;
+  bool (*idle)(void* self) = nullptr;  // true: display again
+  void (*screen_input)(void* self, std::string_view text) = nullptr;
+  void (*close_menus)(void* self) = nullptr;
+};
+
 struct GksState {
   GksLevel level = GksLevel::closed;
   GksWindow window;
@@ -79,6 +95,8 @@ struct GksState {
   bool colour_warned = false;
   TextScreen screen;
   DumpOrder dump;
+  GksHooks hooks;
+  unsigned modifiers = 0;  // keys held down at the event that is being handled
 };
 
 }  // namespace zaview

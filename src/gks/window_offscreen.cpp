@@ -350,7 +350,6 @@ WindowSystem OffscreenWindowSystem(OffscreenWindows* windows) {
   system.read_picture = ReadMainPicture;
   system.set_idle = SetIdle;
   system.context_generation = ContextGeneration;
-  system.available = windows != nullptr;
   system.offscreen = true;
   return system;
 }

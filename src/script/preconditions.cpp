@@ -21,7 +21,7 @@ bool IsMotionCase(Session& session) {
   return session.case_store.time_history();
 }
 bool GraphicsAvailable(Session& session) {
-  return session.platform.window.available;
+  return session.platform.choose_window != nullptr;
 }
 bool GeometryRead(Session& session) {
   return EnsureHull(session.platform, session.case_store);

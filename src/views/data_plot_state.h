@@ -1,21 +1,113 @@
-// What scripts and menus have set for the data plot. Data only.
+// The data plot: what it shows, its limits and looks, and the data made for it. Lives as long as the run. Data only.
+// What is counted in statistics has its own owner: steps to skip and trim, smoothing, cut-off (OutputSettings),
+// histogram data, rate and theoretical distribution (StatisticsState), the current step (CaseStore).
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
+
+#include "case/plot_data.h"
+#include "stats/histogram.h"
 
 namespace zaview {
 
+enum class PlotKind : std::uint8_t {
+  none,
+  history,
+  trajectory,
+  load_dist,
+  histogram,
+  autocovariance,
+  autocorrelation,
+  interval
+};
+inline constexpr int kPlotKinds = 8;
+
 enum class HistogramStyle : std::uint8_t { line, filled, outlined };
+enum class StatsPlace : std::uint8_t { bottom, below, above };
+
+struct PlotLimits {
+  float x_min = 0, x_step = 1, x_max = 1, y_min = 0, y_step = 1, y_max = 1;
+};
+
+// What the plots are made of, each kind its own part; remade when its flag says that it is out of date.
+struct DataPlotDerived {
+  PlotData history;           // all components; also the track
+  std::vector<float> step_x;  // of the same points: their step index
+  Histogram histogram;
+  std::vector<float> lag, correlation;  // shown lag times; autocovariance or autocorrelation
+  std::vector<float> env_lag, env_R;    // envelope of the autocorrelation
+  int ndti = 0;                         // dependence in steps; 0: not reached
+  float dti = 0;
+  std::vector<float> record_low, record_estimate, record_high;  // confidence intervals of the realizations
+  float low = 0, estimate = 0, high = 0;                        // of the ensemble
+  std::vector<float> cut, load, load_least, load_largest;       // by sectional cut: coordinate, present value, range
+  std::vector<int> hull_steps;                                  // where a trajectory shows the hull
+  std::vector<std::vector<float>> waterline_x, waterline_y;     // of the hull, ship axes, output units; a line each
+};
 
 struct DataPlotState {
-  float axis_x_length = 9, axis_y_length = 5.5F;  // page units; the page is 11 by 8.5
-  float histogram_x_length = 9, histogram_y_length = 5.5F;
-  HistogramStyle hist_rendering = HistogramStyle::outlined;
-  bool grid_on = false;
+  // What is shown
+  PlotKind kind = PlotKind::none;
+  QuantityRequest quantity;  // its curve isn't looked at: plot_component is
+  int plot_component = 0;    // 0: all
+  int plot_component_count = 0;
+  std::vector<std::uint8_t> hidden;  // by component: left out where all are shown
+  bool of_ensemble = false;          // histogram, autocorrelation
+  int statistic = 1;                 // of confidence intervals: 1 mean, 2 standard deviation, 3 variance, 4 significant
+                                     // amplitude
+
+  // Axes
+  PlotLimits limits;                              // in use
+  PlotLimits data_limits;                         // of the last fit, or kept
+  float axis_x_length = 8, axis_y_length = 5.5F;  // page units; the page is 11 by 8.5
+  float histogram_x_length = 8, histogram_y_length = 5.5F;
+  bool rescale = true;          // the limits are to be fitted
+  bool limits_changed = false;  // by zoom or pan since the last fit
+  bool keep_scale = false;      // when the quantity changes
+  bool x_axis_by_index = false;
+  bool keep_aspect = true;    // of trajectories
   bool match_scales = false;  // the same limits on all graphs
-  bool show_ship = true;      // on trajectories
-  int show_stats = 0;         // 0 none, 1 1/3rd peaks, 2 1/10th peaks, 3 standard deviation, 4 minimum and maximum
+
+  // Out of date
+  bool redo_data = true, redo_hist = true, redo_conf = true, redo_cov = true, redo_load = true;
+
+  // Looks
+  int plot_text_mode = 1;  // 0 none, 1 all, 2 title and axes, 3 axes, 4 file name and axes
+  int mark_every = 0;      // n: line and every n-th mark; -n: marks only; 0: no marks
+  int mark_base = 1;       // 1, 10, 100, 1000
+  float mark_size = 1;
+  float line_thickness = 0;                     // page units
+  float annot_size = 0.14F, text_size = 0.14F;  // page units
+  bool colour_on = true;
+  bool grid_on = false;
+  int axis_option = 0;  // 1 y name upright, 2 a frame round the area, 3 both
+  bool numbers_on = false, time_labels_on = false;
+  bool values_in_legend = false;
+  int show_stats = 0;  // 0 none, 1 1/3rd peaks, 2 1/10th peaks, 3 standard deviation, 4 minimum and maximum
+  StatsPlace stats_at = StatsPlace::bottom;
+  HistogramStyle hist_rendering = HistogramStyle::outlined;
+  bool wave_overlay = false;
+  bool wave_own_scale = true;
   int window_width = 0, window_height = 0;  // pixels; 0: as the window system has it
+
+  // Trajectory
+  bool show_ship = true;
+  int geometry_every = 0;  // steps; 0: ten hulls on the track
+  float geometry_scale = 1;
+  std::vector<int> marked_steps;  // typed by the user; empty: every n-th
+
+  // Measuring, zooming, the popup
+  bool measure_on = false;
+  float measure_x = 0, measure_y = 0;
+  bool measure_closest = true;
+  bool zoom_pending = false;
+  float zoom_x0 = 0, zoom_y0 = 0;
+  bool popup_open = false;
+  float popup_x = 0, popup_y = 0;
+
+  DataPlotDerived derived;
 };
 
 }  // namespace zaview
