@@ -1,0 +1,116 @@
+// A data plot in a window without a display: a session with a sample case in store, its picture as numbers.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "case/read_output_file.h"
+#include "fake_platform.h"
+#include "frame/session.h"
+#include "gks/gks_control.h"
+#include "gks/window_offscreen.h"
+#include "views/data_plot.h"
+
+namespace zaview {
+
+// Of the folder of samples.
+inline std::string SampleBytes(const std::string& name) {
+  std::ifstream in(std::string(ZAVIEW_SOURCE_DIR) + "/samples/" + name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+struct PixelBox {
+  int left = 1000000, right = -1, top = 1000000, bottom = -1;  // y down, ends included
+  int count = 0;
+};
+
+struct PlotView {
+  FakePlatform fake;  // its output is what was said since the case was read
+  OffscreenWindows* windows = MakeOffscreenWindows();
+  Session session;
+  std::vector<unsigned char> rgb;
+
+  explicit PlotView(const std::string& sample, int width = 500, int height = 400) {
+    setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+    setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+    session.platform = fake.Get();
+    if (!sample.empty()) Read(sample);
+    Platform& platform = session.platform;
+    platform.window = OffscreenWindowSystem(windows);
+    std::string why;
+    EXPECT_TRUE(platform.window.start(platform.window.self, {}, why)) << why;
+    GksState& gks = session.gks;
+    gks.window.width = width;
+    gks.window.height = height;
+    gks.window.id = platform.window.create_window(platform.window.self, "test", 0, 0, width, height);
+    gksSetReverse(gks, false);
+    session.run.plot_module = 1;
+  }
+  PlotView(const PlotView&) = delete;
+  PlotView& operator=(const PlotView&) = delete;
+  ~PlotView() { FreeOffscreenWindows(windows); }
+
+  // "irregular_head.out": another one joins it where it matches.
+  void Read(const std::string& sample) {
+    const std::string name = sample.find('/') == std::string::npos ? sample : sample.substr(sample.rfind('/') + 1);
+    fake.Put(name, SampleBytes(sample));
+    ReadRequest request;
+    request.name = name;
+    const ReadOutcome outcome =
+        read_output_file(request, session.platform, session.run, session.output, session.case_store, session.ensemble);
+    EXPECT_EQ(outcome, ReadOutcome::ok) << fake.output;
+    fake.output.clear();
+  }
+
+  DataPlotState& plot() { return session.data_plot; }
+
+  // The kind of plot of a quantity, with everything to be made anew.
+  void Choose(PlotKind kind, int iqnt, int component) {
+    plot().kind = kind;
+    plot().quantity.iqnt = iqnt;
+    plot().plot_component = component;
+    plot().rescale = true;
+    plot().limits_changed = false;
+    MarkAllStale(plot());
+  }
+
+  // As a display of the frame does it. The picture is in rgb unless the view was left.
+  void Show() {
+    gksBeginPicture(session.platform.window, session.gks);
+    zaviewsetaxes(session);
+    if (session.run.plot_module == 0) return;
+    zaviewrender(session);
+    const int width = session.gks.window.width, height = session.gks.window.height;
+    rgb.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3, 0);
+    EXPECT_TRUE(session.platform.window.read_picture(session.platform.window.self, width, height, rgb.data()));
+  }
+
+  [[nodiscard]] unsigned At(int x, int y) const {  // 0xRRGGBB, y down
+    const auto i = static_cast<std::size_t>((session.gks.window.height - 1 - y) * session.gks.window.width + x) * 3;
+    return static_cast<unsigned>(rgb[i]) << 16U | static_cast<unsigned>(rgb[i + 1]) << 8U | rgb[i + 2];
+  }
+  // Of all pixels of a colour. In the dark mode the paper is 0, colour 1 white, 2 red, 3 green.
+  [[nodiscard]] PixelBox Pixels(unsigned colour) const {
+    PixelBox box;
+    for (int y = 0; y < session.gks.window.height; ++y) {
+      for (int x = 0; x < session.gks.window.width; ++x) {
+        if (At(x, y) != colour) continue;
+        box.left = std::min(box.left, x);
+        box.right = std::max(box.right, x);
+        box.top = std::min(box.top, y);
+        box.bottom = std::max(box.bottom, y);
+        ++box.count;
+      }
+    }
+    return box;
+  }
+};
+
+}  // namespace zaview
