@@ -1,0 +1,66 @@
+#include "views/popup.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "gks/gks_control.h"
+#include "gks/gks_draw.h"
+#include "views/plot_parts.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr float kHeight = 0.14F;     // of its text
+constexpr float kLetter = 1.0F;      // room beside the longest line, in heights
+constexpr float kBaseline = 0.3F;    // of the pitch, from the lower edge of a line
+constexpr float kOnPage = 0.02F;     // stays free to the page's edge, so that the frame is seen
+constexpr int kPaper = 0, kInk = 1;  // colours
+
+float HeightOf(const PopupBox& box) {
+  return box.pitch * static_cast<float>(kPopupLines.size());
+}
+
+}  // namespace
+
+PopupBox PopupBoxOf(const DataPlotState& plot, PlotDraw draw) {
+  PopupBox box;
+  for (const std::string_view line : kPopupLines) box.width = std::max(box.width, TextWidth(draw, line, kHeight));
+  box.width += kLetter * kHeight;
+  box.pitch = LinePitch(draw, kHeight);
+  const auto inside = [](float value, float most) { return std::max(std::min(value, most - kOnPage), kOnPage); };
+  box.left = inside(plot.popup_x, draw.page.page_width - box.width);
+  box.bottom = inside(plot.popup_y, draw.page.page_height - HeightOf(box));
+  return box;
+}
+
+PopupChoice ChoiceAt(const PopupBox& box, float x, float y) {
+  const float below_top = box.bottom + HeightOf(box) - y;
+  const bool inside = x >= box.left && x <= box.left + box.width && below_top >= 0.0F && y >= box.bottom;
+  if (!inside || !(box.pitch > 0.0F)) return PopupChoice::none;
+  const auto line = std::min(static_cast<std::size_t>(below_top / box.pitch), kPopupLines.size() - 1);
+  return static_cast<PopupChoice>(line + 1);
+}
+
+void DrawPopup(const DataPlotState& plot, PlotDraw draw) {
+  if (!plot.popup_open) return;
+  const PopupBox box = PopupBoxOf(plot, draw);
+  const float right = box.left + box.width, top = box.bottom + HeightOf(box);
+  const float x[] = {box.left, right, right, box.left, box.left};
+  const float y[] = {box.bottom, box.bottom, top, top, box.bottom};
+  dgSelectGraf(draw, 0);
+  dgClip(draw, 0);
+  dgThickness(draw, 0);
+  dgReset(draw, "all");
+  dgColour(draw, kInk);
+  GSFACI(draw.platform.console, draw.gks, kPaper);
+  GFA(draw.gks, x, y);
+  dgCurve(draw, x, y, 0);
+  for (std::size_t i = 0; i < kPopupLines.size(); ++i)
+    PageText(draw, kPopupLines[i], box.left + 0.5F * kLetter * kHeight,
+             top - box.pitch * (static_cast<float>(i + 1) - kBaseline), kHeight, TextSide::left);
+  dgClip(draw, 1);
+  dgSelectGraf(draw, 1);
+}
+
+}  // namespace zaview
