@@ -128,19 +128,23 @@ Answer VINPUT(const Console& console, std::string_view prompt, bool has_default,
   });
 }
 
+StepAnswer TakeStepAnswer(std::string_view answer, bool offers_all, int first, int last, std::vector<int>& indices) {
+  StepRange range = ParseStepRange(answer);
+  if (range.numbers == 1 && range.begin == 0) return StepAnswer::end;
+  const bool all = offers_all && range.numbers == 1 && range.begin == -1;
+  if (all) range = {2, first, last, 1};
+  const bool good = range.numbers > 0 && range.begin >= first && range.end <= last && range.step > 0;
+  if (!good) return StepAnswer::bad;
+  for (std::int64_t i = range.begin; i <= range.end; i += range.step) indices.push_back(static_cast<int>(i));
+  return all ? StepAnswer::end : StepAnswer::more;
+}
+
 Answer ask_step_list(const Console& console, bool offers_all, int first, int last, std::vector<int>& indices) {
   for (;;) {
     std::string answer;
     const Answer status = ask_text(console, offers_all ? kStepListOrAll : kStepList, "", answer);
     if (status != Answer::ok) return status;
-    StepRange range = ParseStepRange(answer);
-    if (range.numbers == 1 && range.begin == 0) return Answer::ok;
-    const bool all = offers_all && range.numbers == 1 && range.begin == -1;
-    if (all) range = {2, first, last, 1};
-    const bool good = range.numbers > 0 && range.begin >= first && range.end <= last && range.step > 0;
-    if (!good) continue;
-    for (std::int64_t i = range.begin; i <= range.end; i += range.step) indices.push_back(static_cast<int>(i));
-    if (all) return Answer::ok;
+    if (TakeStepAnswer(answer, offers_all, first, last, indices) == StepAnswer::end) return Answer::ok;
   }
 }
 

@@ -37,6 +37,10 @@ inline constexpr std::size_t kAnswerLine = 256;  // columns of an answer; the re
 // asked again.
 [[nodiscard]] Answer ask_step_list(const Console& console, bool offers_all, int first, int last,
                                    std::vector<int>& indices);
+// One line of that list. bad: nothing was taken of it.
+enum class StepAnswer : std::uint8_t { more, end, bad };
+[[nodiscard]] StepAnswer TakeStepAnswer(std::string_view answer, bool offers_all, int first, int last,
+                                        std::vector<int>& indices);
 // "Hit RETURN to continue...", one line read and ignored.
 void pause_for_return(const Console& console);
 

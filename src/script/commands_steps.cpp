@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "case/ensemble_match.h"
-#include "case/finish_case_read.h"
+#include "case/step_settings.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 
@@ -35,12 +34,8 @@ bool ReadOne(ScriptCall& call, int n, float& value) {
   return true;
 }
 
-// Trims anew. The result has no abort_trim where nothing of an incomplete run was trimmed for that reason.
 TrimOutcome Retrim(Session& session) {
-  const TrimOutcome outcome = RetrimCase(session.output, session.case_store);
-  TrimOtherRecords(session.output, session.ensemble);
-  SayTrimWhole(session.platform.console, outcome);
-  return outcome;
+  return RetrimRecords(session.platform.console, session.output, session.case_store, session.ensemble);
 }
 
 void SayTrimmed(const Console& console, int n, std::string_view where) {
@@ -55,9 +50,7 @@ int RunTrimSteps(ScriptCall& call) {
   const int terminal = counts.back();  // one number trims both ends
   if (initial < 0 || terminal < 0) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
   const CaseStore& store = session.case_store;
-  const long in_store = static_cast<long>(store.last_read) - store.first_read + 1;
-  if (store.has_steps() && static_cast<long>(initial) + terminal >= in_store)
-    return Fail(call, kScriptBadArgument, kAllTrimmed, call.command);
+  if (TrimsAll(store, initial, terminal)) return Fail(call, kScriptBadArgument, kAllTrimmed, call.command);
   session.output.trim_initial = initial;
   session.output.trim_terminal = terminal;
   const TrimOutcome outcome = store.has_steps() ? Retrim(session) : TrimOutcome{};
@@ -96,19 +89,12 @@ int RunSetSteps(ScriptCall& call) {
   return kScriptOk;
 }
 
-void SetSkips(Session& session, int initial, int terminal) {
-  session.output.skip_initial = initial;
-  session.output.skip_terminal = terminal;
-  CaseStore& store = session.case_store;
-  if (store.has_steps()) store.skip_effective = initial <= store.last_step ? initial : store.last_step - 1;
-}
-
 int RunSkipSteps(ScriptCall& call) {
   std::vector<int> counts;
   if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   if (*std::min_element(counts.begin(), counts.end()) < 0)
     return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
-  SetSkips(call.session, counts[0], counts.size() > 1 ? counts[1] : 0);
+  SetSkips(counts[0], counts.size() > 1 ? counts[1] : 0, call.session.output, call.session.case_store);
   if (counts.size() == 1) {
     Say(call.console(), "Setting # of initial time steps to skip in statistical calculations to {}", counts[0]);
     return kScriptOk;
@@ -128,9 +114,9 @@ int RunStatSteps(ScriptCall& call) {
     SayLine(call.console(), first < 1 ? kRangeAtZero : kRangeUpsideDown);
     return kScriptBadArgument;
   }
-  const CaseStore& store = call.session.case_store;
+  CaseStore& store = call.session.case_store;
   if (!store.has_steps()) return Fail(call, kScriptFailed, kNoSteps, call.command);
-  SetSkips(call.session, std::max(0, first - store.first_step), std::max(0, store.last_step - last));
+  SetSkips(std::max(0, first - store.first_step), std::max(0, store.last_step - last), call.session.output, store);
   Say(call.console(), "Setting time step range for statistical calculations to: {} through {}", first, last);
   return kScriptOk;
 }
