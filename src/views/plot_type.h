@@ -15,14 +15,15 @@
 
 namespace zaview {
 
-struct DrawnCurve {  // as it is drawn: views of the derived data
-  int component = 1;
+struct DrawnCurve {   // as it is drawn: views of the derived data
+  int component = 1;  // 0: drawn by its kind itself (the wave of a time history)
   std::span<const float> x, y;
 };
 
 struct PlotNames {
   std::string x, y;
   std::string title;  // the quantity line of the heading
+  std::string note;   // the last line of the heading, whatever else of it is shown
 };
 
 struct PlotType {
@@ -52,7 +53,8 @@ extern const PlotType kHistoryPlot, kTrajectoryPlot, kLoadPlot, kHistogramPlot, 
 [[nodiscard]] PlotDraw DrawOf(Session& session);
 [[nodiscard]] bool IsShown(const DataPlotState& plot, int component);  // by plot_component and `hidden`
 [[nodiscard]] QuantityRequest RequestOf(const DataPlotState& plot, int component);
-void DrawCurves(Session& session, PlotDraw draw);  // colours, marks, thickness, numbers; thinned where dense
+[[nodiscard]] int ColourOf(const DataPlotState& plot, int index);  // 1 without colours
+void DrawCurves(Session& session, PlotDraw draw);  // colours, marks, thickness, numbers; curve 0 is left to its kind
 
 enum class FitOver : unsigned char { shown_steps, all_steps };  // those in the x limits in use, or all
 // Raw limits of the curves on display; false: there is no finite point.

@@ -1,0 +1,163 @@
+// One page: heading, axes, the curves of the kind of plot, what is measured, the popup. From the state alone.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "base/text.h"
+#include "gks/gks_control.h"
+#include "views/data_plot.h"
+#include "views/plot_parts.h"
+#include "views/plot_type.h"
+#include "views/popup.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
+constexpr std::size_t kTitleColumns = 70;
+constexpr float kHeading = 1.0F;  // of the character height
+constexpr float kPageMargin = 0.15F;
+constexpr float kSmallest = 0.5F;  // of its height a heading may become before it is cut
+constexpr int kFrameOption = 2;    // of axis_option, and the one above
+constexpr int kCross = 2;          // marker
+constexpr float kCrossSize = 2.0F;
+
+// Which texts stand around the plot, by plot_text_mode.
+struct TextMode {
+  bool title, file, axes;
+};
+constexpr TextMode kTextModes[] = {
+    {false, false, false},
+    {true,  true,  true },
+    {true,  false, true },
+    {false, false, true },
+    {false, true,  true },
+};
+
+TextMode ModeOf(const DataPlotState& plot) {
+  return kTextModes[static_cast<std::size_t>(std::clamp(plot.plot_text_mode, 0, 4))];
+}
+
+// Asked for by a key or a script, once.
+void TakeReverse(Session& session) {
+  const int wanted = session.run.plot_colours;
+  session.run.plot_colours = 0;
+  if (wanted == 0) return;
+  gksSetReverse(session.gks, wanted == 1 ? !session.gks.window.reverse_video : wanted == 3);
+}
+
+void SetPage(const DataPlotState& plot, PlotDraw draw) {
+  const bool histogram = plot.kind == PlotKind::histogram;
+  dgNoFrame(draw);
+  dgPage(draw, kPageWidth, kPageHeight);
+  dgArea(draw, histogram ? plot.histogram_x_length : plot.axis_x_length,
+         histogram ? plot.histogram_y_length : plot.axis_y_length);
+  dgCharHeight(draw, plot.text_size);
+}
+
+// ---- Heading
+std::string FileLine(const CaseStore& store) {
+  const std::string_view title = Trim(store.control.DESCR);
+  return title.empty() ? store.file_name : fmt::format("{}: {}", store.base_name, title);
+}
+
+std::string ModeLine(const Session& session) {
+  const DataPlotState& plot = session.data_plot;
+  const CaseStore& store = session.case_store;
+  if (plot.of_ensemble || plot.kind == PlotKind::interval) return "Ensemble";
+  if (session.ensemble.nrec > 1) return fmt::format("Record {} of {}", session.ensemble.irec, session.ensemble.nrec);
+  if (store.irf_case && plot.quantity.iqnt >= 1 && static_cast<std::size_t>(plot.quantity.iqnt) <= store.irfs.size())
+    return store.irfs[static_cast<std::size_t>(plot.quantity.iqnt - 1)].label;
+  return {};
+}
+
+std::vector<std::string> HeadingLines(const Session& session, const PlotNames& names) {
+  const TextMode mode = ModeOf(session.data_plot);
+  std::vector<std::string> lines;
+  const auto add = [&lines](std::string_view line) {
+    if (!IsBlank(line)) lines.emplace_back(TrimEnd(line));
+  };
+  if (mode.file) add(FileLine(session.case_store));
+  if (mode.title) add(std::string_view(names.title).substr(0, kTitleColumns));
+  if (mode.title) add(ModeLine(session));
+  add(names.note);
+  return lines;
+}
+
+void DrawHeading(const Session& session, PlotDraw draw, const PlotNames& names) {
+  const std::vector<std::string> lines = HeadingLines(session, names);
+  const float smallest = kSmallest * draw.page.char_height;
+  const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
+  const float room = 2.0F * (std::min(middle, draw.page.page_width - middle) - kPageMargin);
+  for (const std::string& line : lines)
+    dgHeading(draw, CutToWidth(draw, line, smallest, room), kHeading, static_cast<int>(lines.size()));
+}
+
+// ---- Axes
+void DrawFrame(PlotDraw draw) {
+  const PlotPage& page = draw.page;
+  const float left = page.area_x, right = left + page.area_width;
+  const float bottom = page.area_y, top = bottom + page.area_height;
+  const float x[] = {left, right, right, left, left};
+  const float y[] = {bottom, bottom, top, top, bottom};
+  dgSelectGraf(draw, 0);
+  dgClip(draw, 0);
+  dgCurve(draw, x, y, 0);
+  dgClip(draw, 1);
+  dgSelectGraf(draw, 1);
+}
+
+void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
+  const PlotLimits& l = plot.limits;
+  dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
+  dgThickness(draw, 0);
+  dgColour(draw, 1);
+  if (plot.axis_option >= kFrameOption) DrawFrame(draw);
+  dgZeroLines(draw);
+  if (!plot.grid_on) return;
+  dgDot(draw);
+  dgGrid(draw, 1, 1);
+  dgReset(draw, "dot");
+}
+
+// ---- Overlays
+void DrawMeasure(const DataPlotState& plot, PlotDraw draw) {
+  if (!plot.measure_on) return;
+  dgColour(draw, 1);
+  dgMarkerType(draw, kCross);
+  dgMarkerScale(draw, kCrossSize);
+  const float x[] = {plot.measure_x}, y[] = {plot.measure_y};
+  dgCurve(draw, x, y, -1);
+  const std::string text = fmt::format("{:>8}  {:>8}", ShortNumber(plot.measure_x), ShortNumber(plot.measure_y));
+  PageText(draw, text, draw.page.page_width - kPageMargin, kPageMargin, plot.annot_size, TextSide::right);
+}
+
+}  // namespace
+
+void zaviewrender(Session& session) {
+  const DataPlotState& plot = session.data_plot;
+  const PlotType& type = PlotTypeOf(plot.kind);
+  TakeReverse(session);
+  const PlotDraw draw = DrawOf(session);
+  if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
+  SetPage(plot, draw);
+  PlotNames names;
+  if (type.names != nullptr) type.names(session, names);
+  const bool labels = ModeOf(plot).axes;
+  dgXName(draw, labels ? names.x : "");
+  dgYName(draw, labels ? names.y : "");
+  DrawHeading(session, draw, names);
+  dgYName90(draw, plot.axis_option % kFrameOption);
+  DrawAxes(plot, draw);
+  if (type.draw != nullptr) type.draw(session, draw);
+  else DrawCurves(session, draw);
+  DrawMeasure(plot, draw);
+  DrawPopup(plot, draw);
+  (void)dgFrame(draw, -3);
+  session.run.redraw = false;
+}
+
+}  // namespace zaview

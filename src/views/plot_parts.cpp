@@ -1,0 +1,175 @@
+#include "views/plot_parts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include <fmt/format.h>
+
+#include "base/message.h"
+#include "gks/gks_control.h"
+#include "gks/gks_draw.h"
+#include "views/dense_curve.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr std::string_view kNotValid = "ERROR - Quantity {} not valid for this output file";
+constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
+constexpr std::string_view kDots = "...";
+constexpr std::size_t kShort = 8;
+constexpr int kMostDigits = 8;
+constexpr float kPitch = 1.5F;      // character heights between lines
+constexpr float kAxisTexts = 2.2F;  // lines that ticks, labels and name of the horizontal axis take
+constexpr float kTicks = 0.021F;    // of the area's height, between the axis and its labels
+constexpr float kNameSpace = 0.6F;  // character heights between labels and name
+constexpr float kPageMargin = 0.1F;
+constexpr float kColumnGap = 3.0F;  // character heights between columns of notes
+constexpr int kNoteAlign = 4;       // baseline
+
+class OnPage {  // the page's transformation for a while, and text attributes back at its end
+ public:
+  explicit OnPage(PlotDraw draw) : gks_(draw.gks), before_(draw.gks.attribute), selected_(draw.gks.selected) {
+    dgSelectGraf(draw, 0);
+  }
+  ~OnPage() {
+    GSELNT(gks_, selected_);
+    GSTXAL(gks_, before_.align_x, before_.align_y);
+    GSCHH(gks_, before_.char_height);
+  }
+  OnPage(const OnPage&) = delete;
+  OnPage& operator=(const OnPage&) = delete;
+
+ private:
+  GksState& gks_;
+  GksAttributes before_;
+  int selected_;
+};
+
+struct Extent {
+  float width = 0, height = 0;
+};
+
+Extent ExtentOf(PlotDraw draw, std::string_view text, float height) {
+  const OnPage page(draw);
+  GSCHH(draw.gks, height);
+  const TextExtent extent = GQTXX(draw.gks, {}, text);
+  const auto [left, right] = std::minmax_element(std::begin(extent.corner), std::end(extent.corner),
+                                                 [](GksPoint a, GksPoint b) { return a.x < b.x; });
+  const auto [low, high] = std::minmax_element(std::begin(extent.corner), std::end(extent.corner),
+                                               [](GksPoint a, GksPoint b) { return a.y < b.y; });
+  return {right->x - left->x, high->y - low->y};
+}
+
+}  // namespace
+
+void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y) {
+  CurvePoints thin;
+  if (ThinCurve(draw.gks, x, y, draw.page.log_y, thin)) dgCurve(draw, thin.x, thin.y, 0);
+  else dgCurve(draw, x, y, 0);
+}
+
+std::string ShortNumber(float value) {
+  if (value == 0.0F) return "0";
+  for (int digits = kMostDigits - 1; digits > 1; --digits) {
+    std::string text = fmt::format("{:.{}g}", value, digits);
+    if (text.size() <= kShort) return text;
+  }
+  return fmt::format("{:.0e}", value);
+}
+
+float TextWidth(PlotDraw draw, std::string_view text, float height) {
+  return ExtentOf(draw, text, height).width;
+}
+
+float LinePitch(PlotDraw draw, float height) {
+  return std::max(kPitch * height, ExtentOf(draw, "X", height).height);
+}
+
+std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float width) {
+  if (!(TextWidth(draw, text, height) > width)) return std::string(text);
+  std::size_t fits = 0, too_long = text.size();
+  std::string cut(kDots);
+  while (fits + 1 < too_long) {
+    const std::size_t middle = (fits + too_long) / 2;
+    std::string tried = fmt::format("{}{}", text.substr(0, middle), kDots);
+    const bool fit = !(TextWidth(draw, tried, height) > width);
+    (fit ? fits : too_long) = middle;
+    if (fit) cut = std::move(tried);
+  }
+  return cut;
+}
+
+float WorldX(const PlotPage& page, float x) {
+  return page.x_origin + (x - page.area_x) / page.area_width * (page.x_end - page.x_origin);
+}
+
+float WorldY(const PlotPage& page, float y) {
+  return page.y_origin + (y - page.area_y) / page.area_height * (page.y_end - page.y_origin);
+}
+
+void PageText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side) {
+  const OnPage page(draw);
+  GSTXAL(draw.gks, 1, kNoteAlign);
+  dgCharHeight(draw, height);
+  dgPageText(draw, text, x, y, static_cast<int>(side) + 1);
+}
+
+float NoteLine(PlotDraw draw, float text_size, float height) {
+  const float axis = kAxisTexts * ExtentOf(draw, "X", text_size).height + kNameSpace * text_size;
+  return draw.page.area_y - kTicks * draw.page.area_height - axis - LinePitch(draw, height);
+}
+
+void PageNotes(PlotDraw draw, std::span<const std::string> lines, float text_size, float height) {
+  if (lines.empty()) return;
+  const PlotPage& page = draw.page;
+  const float pitch = LinePitch(draw, height), first = NoteLine(draw, text_size, height);
+  const float room = std::max(first - kPageMargin, 0.0F) / pitch;
+  const std::size_t rows = static_cast<std::size_t>(room) + 1;
+  float left = page.area_x;
+  for (std::size_t from = 0; from < lines.size(); from += rows) {
+    float widest = 0.0F;
+    for (std::size_t i = from; i < std::min(from + rows, lines.size()); ++i) {
+      const float y = std::max(first, kPageMargin) - static_cast<float>(i - from) * pitch;
+      const std::string text = CutToWidth(draw, lines[i], height, page.page_width - left - kPageMargin);
+      PageText(draw, text, left, y, height, TextSide::left);
+      widest = std::max(widest, TextWidth(draw, text, height));
+    }
+    left += widest + kColumnGap * height;
+    if (left > page.page_width) return;
+  }
+}
+
+void PaperBox(PlotDraw draw, float x, float y, float width, float height) {
+  const OnPage page(draw);
+  const float xs[] = {x, x + width, x + width, x, x}, ys[] = {y, y, y + height, y + height, y};
+  const bool clip = draw.gks.attribute.clip;
+  GSCLIP(draw.gks, 0);
+  GSFACI(draw.platform.console, draw.gks, 0);
+  GFA(draw.gks, xs, ys);
+  dgColour(draw, 1);
+  dgCurve(draw, xs, ys, 0);
+  GSCLIP(draw.gks, clip ? 1 : 0);
+}
+
+bool SayPlotFault(const Console& console, PlotFault fault, int iqnt) {
+  if (fault == PlotFault::not_valid) Say(console, kNotValid, iqnt);
+  if (fault == PlotFault::no_memory) SayLine(console, kNoMemory);
+  return fault == PlotFault::none;
+}
+
+TableFault TableFaultOf(PlotFault fault) {
+  switch (fault) {
+    case PlotFault::none:
+      return TableFault::none;
+    case PlotFault::not_valid:
+      return TableFault::not_valid;
+    case PlotFault::no_memory:
+      return TableFault::no_memory;
+    default:
+      return TableFault::said;
+  }
+}
+
+}  // namespace zaview

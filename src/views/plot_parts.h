@@ -1,0 +1,47 @@
+// Texts and lines that the kinds of data plot share. Sizes are in page units. Private to views.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "case/plot_data.h"
+#include "gks/plot_page.h"
+#include "stats/stat_table.h"
+
+namespace zaview {
+
+// A solid line in the graph, thinned where points are closer than pixels.
+void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y);
+
+// At most 8 characters, as many digits as fit: "-12.3457", "1.23e+12", "NaN".
+[[nodiscard]] std::string ShortNumber(float value);
+
+[[nodiscard]] float TextWidth(PlotDraw draw, std::string_view text, float height);
+[[nodiscard]] float LinePitch(PlotDraw draw, float height);  // of lines that don't touch
+// The text, or as much of it as has room with "..." behind.
+[[nodiscard]] std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float width);
+
+// From page to the world of the graph that is set up.
+[[nodiscard]] float WorldX(const PlotPage& page, float x);
+[[nodiscard]] float WorldY(const PlotPage& page, float y);
+
+enum class TextSide : unsigned char { left, centre, right };  // of the text, at the point
+// On the page, baseline at y, over everything. The character height of the page becomes `height`.
+void PageText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side);
+
+// Where the first line below the name of the horizontal axis has its baseline.
+[[nodiscard]] float NoteLine(PlotDraw draw, float text_size, float height);
+// Lines below the plot, in columns from its left end on, as many as the page has room for.
+void PageNotes(PlotDraw draw, std::span<const std::string> lines, float text_size, float height);
+
+// A framed rectangle of paper on the page: what is drawn beneath can't be seen.
+void PaperBox(PlotDraw draw, float x, float y, float width, float height);
+
+// Says why there are no data. False: there are none.
+[[nodiscard]] bool SayPlotFault(const Console& console, PlotFault fault, int iqnt);
+[[nodiscard]] TableFault TableFaultOf(PlotFault fault);
+inline constexpr std::string_view kNoPlotSteps = "ERROR - Too many steps skipped or trimmed";
+
+}  // namespace zaview

@@ -1,0 +1,33 @@
+// Statistics of the one curve of a time history, drawn over it: lines with their names, and a block of values. Pure
+// texts and values; plot_history.cpp draws them.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zaview {
+
+inline constexpr std::string_view kOverlaySkipped =
+    "ERROR - Too many steps skipped or trimmed - overlay statistics punted";
+inline constexpr std::string_view kNoPeaks = "No peaks found";
+
+struct OverlayLine {
+  float y = 0;
+  int colour = 1;
+  std::string name;
+};
+
+struct StatOverlay {
+  std::vector<OverlayLine> lines;
+  std::vector<std::string> texts;
+  bool no_peaks = false;  // the lines are the mean alone
+};
+
+// show_stats 1 to 4: 1/3rd peaks, 1/10th peaks, standard deviation, extremes; any other: nothing. x: the points that
+// statistics take, at least one. prob: confidence, only looked at as an argument of the statistics.
+void MakeStatOverlay(int show_stats, std::span<const float> x, float prob, StatOverlay& out);
+
+}  // namespace zaview
