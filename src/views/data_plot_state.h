@@ -33,8 +33,9 @@ struct PlotLimits {
 
 // What the plots are made of, each kind its own part; remade when its flag says that it is out of date.
 struct DataPlotDerived {
-  PlotData history;           // all components; also the track
-  std::vector<float> step_x;  // of the same points: their step index
+  PlotKind history_of = PlotKind::none;  // the kind for which the next two were made
+  PlotData history;                      // all components; also the track and the loads
+  std::vector<float> step_x;             // of the same points: their step index
   Histogram histogram;
   std::vector<float> lag, correlation;  // shown lag times; autocovariance or autocorrelation
   std::vector<float> env_lag, env_R;    // envelope of the autocorrelation
