@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace zaview {
 
@@ -17,10 +18,12 @@ struct PlotSessionState {
   float run_t0 = 0;       // time of the first step of the run, seconds as simulated
   double run_clock0 = 0;  // the clock at its start
 
-  // The question on the text screen. option: 0 none, 2 file output; step: 1 the name, 2 may it be overwritten.
+  // The question on the text screen. option: screen_dialogue.h; step, of file output: 1 the name, 2 may it be
+  // overwritten.
   int screen_io_option = 0;
   int screen_io_step = 1;
   std::string screen_io_file;
+  std::vector<int> screen_io_steps;  // the list that is being typed
 };
 
 }  // namespace zaview

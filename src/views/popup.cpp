@@ -3,19 +3,16 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "gks/gks_control.h"
-#include "gks/gks_draw.h"
 #include "views/plot_parts.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr float kHeight = 0.14F;     // of its text
-constexpr float kLetter = 1.0F;      // room beside the longest line, in heights
-constexpr float kBaseline = 0.3F;    // of the pitch, from the lower edge of a line
-constexpr float kOnPage = 0.02F;     // stays free to the page's edge, so that the frame is seen
-constexpr int kPaper = 0, kInk = 1;  // colours
+constexpr float kHeight = 0.14F;   // of its text
+constexpr float kLetter = 1.0F;    // room beside the longest line, in heights
+constexpr float kBaseline = 0.3F;  // of the pitch, from the lower edge of a line
+constexpr float kOnPage = 0.02F;   // stays free to the page's edge, so that the frame is seen
 
 float HeightOf(const PopupBox& box) {
   return box.pitch * static_cast<float>(kPopupLines.size());
@@ -45,22 +42,13 @@ PopupChoice ChoiceAt(const PopupBox& box, float x, float y) {
 void DrawPopup(const DataPlotState& plot, PlotDraw draw) {
   if (!plot.popup_open) return;
   const PopupBox box = PopupBoxOf(plot, draw);
-  const float right = box.left + box.width, top = box.bottom + HeightOf(box);
-  const float x[] = {box.left, right, right, box.left, box.left};
-  const float y[] = {box.bottom, box.bottom, top, top, box.bottom};
-  dgSelectGraf(draw, 0);
-  dgClip(draw, 0);
+  const float top = box.bottom + HeightOf(box);
   dgThickness(draw, 0);
-  dgReset(draw, "all");
-  dgColour(draw, kInk);
-  GSFACI(draw.platform.console, draw.gks, kPaper);
-  GFA(draw.gks, x, y);
-  dgCurve(draw, x, y, 0);
+  dgColour(draw, 1);
+  PaperBox(draw, box.left, box.bottom, box.width, HeightOf(box));
   for (std::size_t i = 0; i < kPopupLines.size(); ++i)
     PageText(draw, kPopupLines[i], box.left + 0.5F * kLetter * kHeight,
              top - box.pitch * (static_cast<float>(i + 1) - kBaseline), kHeight, TextSide::left);
-  dgClip(draw, 1);
-  dgSelectGraf(draw, 1);
 }
 
 }  // namespace zaview
