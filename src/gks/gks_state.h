@@ -11,6 +11,8 @@
 
 namespace zaview {
 
+struct Platform;
+
 inline constexpr int GKS_MAX_COLORS = 256;
 inline constexpr int kTransforms = 10;
 
@@ -46,13 +48,15 @@ struct GksColour {
 struct GksWindow {
   int width = 500, height = 400, x = 100, y = 100;  // pixels
   int id = 0;                                       // 0: not there yet
+  std::string title;
   bool reverse_video = false, bitmap_font = true;
   bool size_is_fixed = false;  // chosen by the program: the environment is not asked
   bool visible = false;        // as the window system tells
   bool shown = false;          // wanted on the screen
   bool hidden = false;         // by the program itself
   bool force = false;          // the next display draws whatever the view thinks
-  bool idle_on = false;
+  bool idle_on = false;        // idle calls are wanted; they rest while nothing can be seen
+  bool greeted = false;        // its first display is over
 };
 
 enum class ScreenMode : std::int8_t { plot = -1, text = 0, free = 1, integer = 2, real = 3, one_key = 4 };
@@ -61,7 +65,6 @@ struct TextScreen {
   ScreenMode mode = ScreenMode::plot;
   std::vector<std::string> lines;
   int first = 0, last = -1;  // shown
-  int paging = 0;            // -1, 0, 1: wanted at the next drawing
   std::string prompt, fallback, typed;
 };
 
@@ -85,6 +88,8 @@ struct GksHooks {
 };
 
 struct GksState {
+  const Platform* platform = nullptr;  // whose window system was started, by gksReady
+  bool environment_read = false;
   GksLevel level = GksLevel::closed;
   GksWindow window;
   std::array<GksTransform, kTransforms> transform{};

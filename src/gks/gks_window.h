@@ -11,14 +11,10 @@ namespace zaview {
 
 inline constexpr std::string_view kNoWindow = "GLGKS - Error Initializing Window...";
 
-struct GksFrame {  // what the calls of the event loop work on; outlives it
-  const Platform& platform;
-  GksState& gks;
-};
-
 // Can the next view be shown? At the first call the environment is read and the window system is chosen and started;
-// gks.hooks are to be set by then. False: the cause, then kNoWindow, have been said. Offscreen a view can be shown only
-// in dump-only mode or with a picture's file ordered.
+// gks.hooks are to be set by then, and platform outlives the event loop. False: the cause, then kNoWindow, have been
+// said; the next call tries again. Offscreen a view can be shown only in dump-only mode or with a picture's file
+// ordered.
 [[nodiscard]] bool gksReady(Platform& platform, GksState& gks);
 
 // Opens the window and runs the event loop. After gksReady. It comes back only when nothing is left to be done though a

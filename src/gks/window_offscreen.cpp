@@ -13,6 +13,8 @@
 #include <GL/gl.h>
 #include <GL/glext.h>
 
+#include "gks/picture_buffer.h"
+
 namespace zaview {
 
 namespace {
@@ -31,17 +33,12 @@ struct EglCalls {
   decltype(&eglMakeCurrent) make_current = nullptr;
 };
 
-struct Picture {
-  int width = 0, height = 0;  // of the buffers; 0: none yet
-  GLuint frame = 0, colour = 0, depth = 0;
-};
-
 struct Row {
   int width = 0, height = 0;  // of the window; the picture follows at the next begin_picture
   bool shown = true;
   bool sized = true, uncovered = true;  // to be told by reshape and visible
   bool pending = true, damaged = true;
-  Picture picture;
+  PictureBuffer picture;
 };
 
 }  // namespace
@@ -109,40 +106,6 @@ bool OpenContext(OffscreenWindows& windows) {
   return egl.make_current(windows.display, EGL_NO_SURFACE, EGL_NO_SURFACE, windows.context) == EGL_TRUE;
 }
 
-// ---- Pictures
-
-void FreePicture(Picture& picture) {
-  if (picture.frame == 0) return;
-  glDeleteFramebuffers(1, &picture.frame);
-  glDeleteRenderbuffers(1, &picture.colour);
-  glDeleteRenderbuffers(1, &picture.depth);
-  picture = Picture{};
-}
-
-void MakePart(GLuint& part, GLenum format, GLenum place, int width, int height) {
-  glGenRenderbuffers(1, &part);
-  glBindRenderbuffer(GL_RENDERBUFFER, part);
-  glRenderbufferStorage(GL_RENDERBUFFER, format, width, height);
-  glFramebufferRenderbuffer(GL_FRAMEBUFFER, place, GL_RENDERBUFFER, part);
-}
-
-void MakePicture(Picture& picture, int width, int height) {
-  FreePicture(picture);
-  glGenFramebuffers(1, &picture.frame);
-  glBindFramebuffer(GL_FRAMEBUFFER, picture.frame);
-  MakePart(picture.colour, GL_RGBA8, GL_COLOR_ATTACHMENT0, width, height);
-  MakePart(picture.depth, GL_DEPTH_COMPONENT24, GL_DEPTH_ATTACHMENT, width, height);
-  if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) {
-    FreePicture(picture);
-    return;
-  }
-  picture.width = width;
-  picture.height = height;
-  glViewport(0, 0, width, height);
-  glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
-  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-}
-
 // ---- The calls of the record
 
 bool Start(void* self, const WindowEvents& events, std::string& why) {
@@ -178,7 +141,7 @@ void DestroyWindow(void* self, int id) {
   OffscreenWindows& windows = Of(self);
   Row* const row = Find(windows, id);
   if (row == nullptr) return;
-  FreePicture(row->picture);
+  FreePictureBuffer(row->picture);
   windows.rows.erase(id);
   if (windows.current == id) windows.current = 0;
 }
@@ -227,8 +190,9 @@ void BeginPicture(void* self, int id) {
   Row* const row = Find(windows, id);
   if (row == nullptr) return;
   windows.current = id;
-  Picture& picture = row->picture;
-  if (picture.width != row->width || picture.height != row->height) MakePicture(picture, row->width, row->height);
+  PictureBuffer& picture = row->picture;
+  if (picture.width != row->width || picture.height != row->height)
+    static_cast<void>(MakePictureBuffer(picture, row->width, row->height));  // none: can't be read either
   glBindFramebuffer(GL_FRAMEBUFFER, picture.frame);
 }
 
@@ -324,7 +288,7 @@ OffscreenWindows* MakeOffscreenWindows() {
 
 void FreeOffscreenWindows(OffscreenWindows* windows) {
   if (windows == nullptr) return;
-  for (auto& [id, row] : windows->rows) FreePicture(row.picture);
+  for (auto& [id, row] : windows->rows) FreePictureBuffer(row.picture);
   if (windows->started) {
     // The display stays open: it is the same one for all of a process.
     static_cast<void>(windows->egl.make_current(windows->display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT));
@@ -360,14 +324,7 @@ void FeedEvent(OffscreenWindows& windows, const FedEvent& event) {
 
 bool ReadOffscreenPicture(OffscreenWindows& windows, int id, int width, int height, unsigned char* rgb) {
   const Row* const row = Find(windows, id);
-  if (row == nullptr || width < 1 || height < 1) return false;
-  if (width > row->picture.width || height > row->picture.height) return false;
-  while (glGetError() != GL_NO_ERROR) continue;  // of what was drawn before
-  glBindFramebuffer(GL_READ_FRAMEBUFFER, row->picture.frame);
-  glReadBuffer(GL_COLOR_ATTACHMENT0);
-  glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, rgb);
-  return glGetError() == GL_NO_ERROR;
+  return row != nullptr && ReadPictureBuffer(row->picture, width, height, rgb);
 }
 
 bool IsOffscreenWindowShown(const OffscreenWindows& windows, int id) {
