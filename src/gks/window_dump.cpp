@@ -21,9 +21,11 @@ constexpr fmt::string_view kIllegalOption = "LOGIC error - Illegal Dump_Option={
 constexpr fmt::string_view kNoMoreNames = " GKSDUMP failed - no more {} files";
 constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error";
 constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
-constexpr fmt::string_view kWriting = "DumpWindow - Writing {} file {}";
+constexpr fmt::string_view kWriting = "DumpWindow - Writing PNG file {}";
+constexpr fmt::string_view kConverting = "DumpWindow - ppm2gif {} {}";
 constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}";
 
+constexpr std::string_view kStep = "gl.png";  // on the way to the other formats; it stays
 constexpr int kNames = 10000;
 
 struct DumpKind {
@@ -74,8 +76,15 @@ void WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& 
     SayLine(platform.console, kNoPicture);
     return;
   }
-  Say(platform.console, kWriting, kind.capital, name);
-  if (!WritePicture(platform, name, kind.format, width, height, rgb)) Say(platform.console, kNotWritten, name);
+  const auto write = [&](const std::string& file, PictureFormat format) {
+    if (!WritePicture(platform, file, format, width, height, rgb)) Say(platform.console, kNotWritten, file);
+  };
+  if (kind.format == PictureFormat::png) Say(platform.console, kWriting, name);
+  else {
+    write(std::string(kStep), PictureFormat::png);
+    Say(platform.console, kConverting, kStep, name);
+  }
+  write(name, kind.format);
 }
 
 }  // namespace

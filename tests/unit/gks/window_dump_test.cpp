@@ -108,39 +108,43 @@ TEST(WindowDump, NamesTheFileByOptionAndOrder) {
   const struct {
     const char* order;
     int option;
-    const char *written, *said;
+    const char *written, *magic, *said;
   } cases[] = {
-      {"",         -1, "dump0001.png", "DumpWindow - Writing PNG file dump0001.png\n"                                         },
-      {"",         6,  "dump0003.png", "DumpWindow - Writing PNG file dump0003.png\n"                                         }, // the gap; 2 is there
-      {"",         6,  "dump0004.png", "DumpWindow - Writing PNG file dump0004.png\n"                                         },
-      {"",         2,  "dump0001.gif", "DumpWindow - Writing GIF file dump0001.gif\n"                                         },
-      {"",         4,  "dump0001.bmp", "DumpWindow - Writing BMP file dump0001.bmp\n"                                         },
-      {"",         5,  "gl.png",       "DumpWindow - Writing PNG file gl.png\n"                                               },
-      {"",         1,  "gl.gif",       "DumpWindow - Writing GIF file gl.gif\n"                                               },
-      {"",         3,  "gl.bmp",       "DumpWindow - Writing BMP file gl.bmp\n"                                               },
-      {"x.PNG",    2,  "x.PNG",        "DumpWindow - Writing PNG file x.PNG\n"                                                },
-      {"",         2,  "dump0002.gif", "DumpWindow - Writing GIF file dump0002.gif\n"                                         }, // a name counts once
-      {"v1.2",     4,  "v1.2",         "DumpWindow - Writing BMP file v1.2\n"                                                 },
-      {"",         7,  "",             "LOGIC error - Illegal Dump_Option=7 in GKSDUMP\n"                                     },
-      {"no/x.bmp", 6,  "",             "DumpWindow - Writing BMP file no/x.bmp\nERROR - Picture can't be written : no/x.bmp\n"},
+      {"",         -1, "dump0001.png", "\x89PNG", "DumpWindow - Writing PNG file dump0001.png\n"                                       },
+      {"",         6,  "dump0003.png", "\x89PNG", "DumpWindow - Writing PNG file dump0003.png\n"                                       }, // the gap; 2 is there
+      {"",         6,  "dump0004.png", "\x89PNG", "DumpWindow - Writing PNG file dump0004.png\n"                                       },
+      {"",         2,  "dump0001.gif", "GIF8",    "DumpWindow - ppm2gif gl.png dump0001.gif\n"                                         },
+      {"",         4,  "dump0001.bmp", "BM",      "DumpWindow - ppm2gif gl.png dump0001.bmp\n"                                         },
+      {"",         5,  "gl.png",       "\x89PNG", "DumpWindow - Writing PNG file gl.png\n"                                             },
+      {"",         1,  "gl.gif",       "GIF8",    "DumpWindow - ppm2gif gl.png gl.gif\n"                                               },
+      {"",         3,  "gl.bmp",       "BM",      "DumpWindow - ppm2gif gl.png gl.bmp\n"                                               },
+      {"x.PNG",    2,  "x.PNG",        "\x89PNG", "DumpWindow - Writing PNG file x.PNG\n"                                              },
+      {"",         2,  "dump0002.gif", "GIF8",    "DumpWindow - ppm2gif gl.png dump0002.gif\n"                                         }, // a name counts once
+      {"v1.2",     4,  "v1.2",         "BM",      "DumpWindow - ppm2gif gl.png v1.2\n"                                                 },
+      {"",         7,  "",             "",        "LOGIC error - Illegal Dump_Option=7 in GKSDUMP\n"                                   },
+      {"no/x.bmp", 6,  "",             "",        "DumpWindow - ppm2gif gl.png no/x.bmp\nERROR - Picture can't be written : no/x.bmp\n"},
   };
   Drawing d(20, 10);
   d.fake.Put("dump0002.png", "here");
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.said);
     d.fake.output.clear();
+    d.fake.files.erase("gl.png");
     d.gks.dump.name = c.order;
-    const std::size_t before = d.fake.files.size();
     GKSDUMP(d.platform, d.gks, c.option);
     EXPECT_EQ(d.fake.output, c.said);
-    EXPECT_EQ(d.fake.files.size(), before + (*c.written == '\0' ? 0 : 1)) << c.said;
-    if (*c.written != '\0') {
-      const std::string bytes = d.fake.Bytes(c.written);
-      const char* const magic = std::strstr(c.said, "PNG") != nullptr ? "\x89PNG"
-                                : std::strstr(c.said, "GIF")          ? "GIF8"
-                                                                      : "BM";
-      EXPECT_EQ(bytes.substr(0, std::strlen(magic)), magic);
-    }
+    const std::size_t magic = std::strlen(c.magic);
+    EXPECT_EQ(d.fake.Bytes(c.written).substr(0, magic), c.magic);
+    const bool by_way_of_png = std::strstr(c.said, "gl.png") != nullptr;
+    EXPECT_EQ(d.fake.Bytes("gl.png").substr(0, 4), by_way_of_png ? "\x89PNG" : "(no ");
+    EXPECT_EQ(d.fake.files.count("no/x.bmp"), 0U);
   }
+  d.fake.refused.insert("gl.png");
+  d.fake.output.clear();
+  d.gks.dump.name = "y.gif";
+  GKSDUMP(d.platform, d.gks, 2);
+  EXPECT_EQ(d.fake.output, "ERROR - Picture can't be written : gl.png\nDumpWindow - ppm2gif gl.png y.gif\n");
+  EXPECT_EQ(d.fake.Bytes("y.gif").substr(0, 4), "GIF8");
 }
 
 TEST(WindowDump, EndsAtTheLastNumberAndWithoutAPicture) {
