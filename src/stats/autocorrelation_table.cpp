@@ -33,21 +33,30 @@ std::vector<float> Sampled(std::span<const float> all, std::size_t rate) {
   return some;
 }
 
-struct Curves {
-  std::vector<float> dtau, R;     // lag time; autocovariance, scaled to 1 at lag 0 where that is above 0
-  std::vector<int> upper, lower;  // places of the extremes in the two above
-};
-
-bool FindCurves(std::span<const float> t, std::span<const float> x, std::size_t rate, Curves& out) {
+bool FindCurves(std::span<const float> t, std::span<const float> x, std::size_t rate, AutocorrelationCurves& out) {
   if (!AutoCovariance(Sampled(t, rate), Sampled(x, rate), out.dtau, out.R)) return false;
   EnvelopeExtremes(out.R, out.upper, out.lower);
-  const float scale = out.R[0] > 0.0F ? 1.0F / out.R[0] : 1.0F;
+  out.R0 = out.R[0];
+  const float scale = out.R0 > 0.0F ? 1.0F / out.R0 : 1.0F;
   for (float& value : out.R) value = value * scale;
   return true;
 }
 
-void WriteRows(const Curves& curves, std::span<const int> places, const TableLayout& layout, std::string& text,
-               OutputFile& out) {
+TableFault Make(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                CaseStore& case_store, AutocorrelationCurves& curves) {
+  QuantityRequest one = request;
+  one.curve = std::max(1, request.curve);
+  StatRecord record;
+  const TableFault fault = TakeRecord(console, settings, one, kTooManySkipped, kNoMemory, case_store, record);
+  if (fault != TableFault::none) return fault;
+  const auto rate = static_cast<std::size_t>(std::max(1, settings.autocorrelation_rate));
+  if (FindCurves(record.t(), record.curve(0), rate, curves)) return TableFault::none;
+  SayLine(console, kBadRecord);
+  return TableFault::said;
+}
+
+void WriteRows(const AutocorrelationCurves& curves, std::span<const int> places, const TableLayout& layout,
+               std::string& text, OutputFile& out) {
   for (const int place : places) {
     const auto i = static_cast<std::size_t>(place);
     const float cells[] = {curves.dtau[i], curves.R[i]};
@@ -60,24 +69,15 @@ void WriteRows(const Curves& curves, std::span<const int> places, const TableLay
 
 TableFault WriteTable(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                       CaseStore& case_store, OutputFile& out) {
-  QuantityRequest one = request;
-  one.curve = std::max(1, request.curve);
-  StatRecord record;
-  const TableFault fault = TakeRecord(console, settings, one, kTooManySkipped, kNoMemory, case_store, record);
+  AutocorrelationCurves curves;
+  const TableFault fault = Make(console, settings, request, case_store, curves);
   if (fault != TableFault::none) return fault;
-  Curves curves;
-  const auto rate = static_cast<std::size_t>(std::max(1, settings.autocorrelation_rate));
-  if (!FindCurves(record.t(), record.curve(0), rate, curves)) {
-    SayLine(console, kBadRecord);
-    return TableFault::said;
-  }
-
   std::vector<int> all(curves.R.size());
   std::iota(all.begin(), all.end(), 0);
   const std::string names[] = {"dTime", "Rx"};
   const TableLayout layout = LayoutFor(settings.separator, names);
   std::string text = out.had_text ? "\n" : "";
-  fmt::format_to(std::back_inserter(text), "Autocorrelation of {} for ZAVO file {}\n", cQntLong(one.iqnt),
+  fmt::format_to(std::back_inserter(text), "Autocorrelation of {} for ZAVO file {}\n", cQntLong(request.iqnt),
                  case_store.file_name);
   const struct {
     std::string_view title;
@@ -97,6 +97,17 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
 }
 
 }  // namespace
+
+TableFault MakeAutocorrelation(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                               CaseStore& case_store, AutocorrelationCurves& curves) {
+  curves = {};
+  try {
+    return Make(console, settings, request, case_store, curves);
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
 
 TableFault WriteAutocorrelation(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                                 CaseStore& case_store, OutputFile& out) {

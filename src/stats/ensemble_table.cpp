@@ -208,6 +208,16 @@ void WriteAutoCorrelation(const OutputSettings& settings, const StatisticsState&
 
 }  // namespace
 
+bool FindEnsembleIntervals(const Console& console, const StatisticName& statistic, EnsembleRecords X, float prob,
+                           int nmany, IntervalValues& out) {
+  StatisticName with_interval = statistic;
+  with_interval.interval = true;
+  EnsembleValues values;
+  if (!FindValues(console, with_interval, X, prob, nmany, values)) return false;
+  out = values.values;
+  return true;
+}
+
 TableFault EnsembleStat(const Console& console, const OutputSettings& settings, const StatRequest& request,
                         const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
   if (!Available(console, request.statistic)) return TableFault::said;

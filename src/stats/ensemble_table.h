@@ -6,6 +6,8 @@
 
 #include "frame/output_file.h"
 #include "stats/ensemble_data.h"
+#include "stats/ensemble_stats.h"
+#include "stats/interval_cells.h"
 #include "stats/stat_table.h"
 
 namespace zaview {
@@ -16,6 +18,10 @@ namespace zaview {
 [[nodiscard]] TableFault EnsembleStat(const Console& console, const OutputSettings& settings,
                                       const StatRequest& request, const EnsembleCases& cases, StatisticsState& state,
                                       OutputFile& out);
+
+// As FindIntervals (interval_table.h), of all records together.
+[[nodiscard]] bool FindEnsembleIntervals(const Console& console, const StatisticName& statistic, EnsembleRecords X,
+                                         float prob, int nmany, IntervalValues& out);
 
 // The table of Rax and its envelope, or the line of the dependence time alone.
 [[nodiscard]] TableFault EnsembleAutoCorrelation(const Console& console, const OutputSettings& settings,

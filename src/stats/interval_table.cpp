@@ -42,28 +42,6 @@ constexpr IntervalRow kRows[] = {
     {kStatSsa,       " SSA           ", " SSA           "},
 };
 
-// Statistic 0: everything. False: an argument was refused and it has been said.
-bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x, float prob,
-                   IntervalValues& out) {
-  constexpr int kIntervals = 1, kPeakIntervals = 0;  // options of the two routines
-  const int number = statistic.number;
-  std::vector<std::string> lines;
-  if (number == kStatTable || !IntervalNeedsPeaks(number)) {
-    const StatFault fault = CalcRecordStats(kIntervals, x, prob, out.record);
-    lines = StatFaultLines(fault, "CalcRecordStats", 0, kIntervals, prob);
-  }
-  if (lines.empty() && IntervalNeedsPeaks(number)) {
-    const int N[] = {3, std::max(1, statistic.N)};
-    RecordPeakStats peaks[std::size(N)];
-    const StatFault fault = CalcRecordPeakStats(N, kPeakIntervals, x, prob, peaks);
-    lines = StatFaultLines(fault, "CalcRecordPeakStats", N[1], kPeakIntervals, prob);
-    out.third = peaks[0];
-    out.nth = peaks[1];
-  }
-  for (const std::string& line : lines) SayLine(console, line);
-  return lines.empty();
-}
-
 // What stands in the column "Quantity      " of a curve; blank: there is no such column.
 std::string QuantityOf(const StatRequest& request, const PlotData& data, std::size_t i) {
   const bool several = data.y.size() > 1;
@@ -117,6 +95,27 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
 }
 
 }  // namespace
+
+bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x, float prob,
+                   IntervalValues& out) {
+  constexpr int kIntervals = 1, kPeakIntervals = 0;  // options of the two routines
+  const int number = statistic.number;
+  std::vector<std::string> lines;
+  if (number == kStatTable || !IntervalNeedsPeaks(number)) {
+    const StatFault fault = CalcRecordStats(kIntervals, x, prob, out.record);
+    lines = StatFaultLines(fault, "CalcRecordStats", 0, kIntervals, prob);
+  }
+  if (lines.empty() && IntervalNeedsPeaks(number)) {
+    const int N[] = {3, std::max(1, statistic.N)};
+    RecordPeakStats peaks[std::size(N)];
+    const StatFault fault = CalcRecordPeakStats(N, kPeakIntervals, x, prob, peaks);
+    lines = StatFaultLines(fault, "CalcRecordPeakStats", N[1], kPeakIntervals, prob);
+    out.third = peaks[0];
+    out.nth = peaks[1];
+  }
+  for (const std::string& line : lines) SayLine(console, line);
+  return lines.empty();
+}
 
 void AppendIntervalHeading(Separator separator, bool quantity_column, std::string& text) {
   std::vector<std::string> names{" Statistic     ", "Cnfdnce Intvl", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};

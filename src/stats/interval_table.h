@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,11 @@ namespace zaview {
 // 24: one line, text, half width, low, estimate, high.
 [[nodiscard]] TableFault WriteIntervals(const Console& console, const OutputSettings& settings,
                                         const StatRequest& request, CaseStore& case_store, OutputFile& out);
+
+// The values of one record that a statistic takes; of number 0 those of all. False: an argument was refused and it has
+// been said.
+[[nodiscard]] bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x,
+                                 float prob, IntervalValues& out);
 
 // ---- What the table of an ensemble has in common with this one
 
