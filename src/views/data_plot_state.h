@@ -37,10 +37,15 @@ struct DataPlotDerived {
   PlotData history;                      // all components; also the track and the loads
   std::vector<float> step_x;             // of the same points: their step index
   Histogram histogram;
-  std::vector<float> lag, correlation;  // shown lag times; autocovariance or autocorrelation
-  std::vector<float> env_lag, env_R;    // envelope of the autocorrelation
-  int ndti = 0;                         // dependence in steps; 0: not reached
+  std::vector<float> bar_x, bar_y;           // the upper ends of its bars, two points each
+  PlotKind correlation_of = PlotKind::none;  // the kind for which the next were made
+  std::vector<float> lag, correlation;       // shown lag times; autocovariance or autocorrelation
+  std::vector<float> env_lag, env_R;         // upper envelope, or that of the size
+  std::vector<float> low_lag, low_R;         // lower envelope; empty of an ensemble
+  float variance = 1;                        // what a correlation of 1 is in the unit shown
+  int ndti = 0;                              // dependence in steps; 0: not reached
   float dti = 0;
+  std::vector<float> record_x;                                  // numbers of the realizations that have samples
   std::vector<float> record_low, record_estimate, record_high;  // confidence intervals of the realizations
   float low = 0, estimate = 0, high = 0;                        // of the ensemble
   std::vector<float> cut, load, load_least, load_largest;       // by sectional cut: coordinate, present value, range
@@ -106,7 +111,7 @@ struct DataPlotState {
   bool zoom_pending = false;
   float zoom_x0 = 0, zoom_y0 = 0;
   bool popup_open = false;
-  float popup_x = 0, popup_y = 0;
+  float popup_x = 0, popup_y = 0;  // page units
 
   DataPlotDerived derived;
 };
