@@ -141,8 +141,12 @@ bool LastInside(const PlotPage& page, const DrawnCurve& curve, std::size_t& last
   return false;
 }
 
+struct NumberPlace {
+  int position = 1, of = 1;  // of the numbers
+};
+
 // Each number further right than the one before, so that those of curves which end together can be told apart.
-void DrawNumber(const DataPlotState& plot, PlotDraw draw, const DrawnCurve& curve, int position) {
+void DrawNumber(const DataPlotState& plot, PlotDraw draw, const DrawnCurve& curve, NumberPlace place) {
   const PlotPage& page = draw.page;
   std::size_t last = 0;
   if (!plot.numbers_on || !LastInside(page, curve, last)) return;
@@ -150,8 +154,10 @@ void DrawNumber(const DataPlotState& plot, PlotDraw draw, const DrawnCurve& curv
   const float y = (curve.y[last] - page.y_origin) / (page.y_end - page.y_origin) * page.area_height + page.area_y;
   const std::string text = fmt::format("{}", curve.component);
   const float room = page.page_width - TextWidth(draw, text, plot.annot_size);
-  const float shift = kNumberGap * plot.annot_size * static_cast<float>(position);
-  PageText(draw, text, std::min(x + shift, room), y - kHalfCapital * plot.annot_size, plot.annot_size, TextSide::left);
+  const float margin = room - page.area_x - page.area_width;
+  const float gap = std::min(kNumberGap * plot.annot_size, margin / static_cast<float>(place.of));
+  const float at = std::min(x + gap * static_cast<float>(place.position), room);
+  PageText(draw, text, at, y - kHalfCapital * plot.annot_size, plot.annot_size, TextSide::left);
 }
 
 }  // namespace
@@ -228,14 +234,15 @@ void DrawCurves(Session& session, PlotDraw draw) {
   const DataPlotState& plot = session.data_plot;
   std::vector<DrawnCurve> curves;
   if (const auto list = PlotTypeOf(plot.kind).curves) list(session, curves);
-  int position = 0;
+  std::erase_if(curves, [](const DrawnCurve& curve) { return curve.component == 0; });
+  NumberPlace place{0, static_cast<int>(curves.size())};
   for (const DrawnCurve& curve : curves) {
-    if (curve.component == 0) continue;
     dgColour(draw, ColourOf(plot, curve.component + 1));
     dgThickness(draw, plot.line_thickness);
     if (plot.mark_every >= 0) DrawSolid(draw, curve.x, curve.y);
     DrawMarks(plot, draw, curve);
-    DrawNumber(plot, draw, curve, ++position);
+    ++place.position;
+    DrawNumber(plot, draw, curve, place);
   }
   dgThickness(draw, 0);
   dgColour(draw, 1);

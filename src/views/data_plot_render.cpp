@@ -18,11 +18,13 @@ namespace {
 
 constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
 constexpr std::size_t kTitleColumns = 70;
-constexpr float kHeading = 1.0F;  // of the character height
+constexpr float kHeading = 1.0F;    // of the character height
+constexpr float kFirstLine = 0.9F;  // of its height, the heading is above the area
+constexpr float kAxisTexts = 3.0F;  // lines that stay free below the area
 constexpr float kPageMargin = 0.15F;
 constexpr float kSmallest = 0.5F;  // of its height a heading may become before it is cut
 constexpr int kFrameOption = 2;    // of axis_option, and the one above
-constexpr int kCross = 2;          // marker
+constexpr int kCross = 3;          // marker
 constexpr float kCrossSize = 2.0F;
 
 // Which texts stand around the plot, by plot_text_mode.
@@ -67,7 +69,8 @@ std::string FileLine(const CaseStore& store) {
 std::string ModeLine(const Session& session) {
   const DataPlotState& plot = session.data_plot;
   const CaseStore& store = session.case_store;
-  if (plot.of_ensemble || plot.kind == PlotKind::interval) return "Ensemble";
+  const bool of_ensemble = plot.of_ensemble && plot.kind >= PlotKind::histogram;
+  if (of_ensemble || plot.kind == PlotKind::interval) return "Ensemble";
   if (session.ensemble.nrec > 1) return fmt::format("Record {} of {}", session.ensemble.irec, session.ensemble.nrec);
   if (store.irf_case && plot.quantity.iqnt >= 1 && static_cast<std::size_t>(plot.quantity.iqnt) <= store.irfs.size())
     return store.irfs[static_cast<std::size_t>(plot.quantity.iqnt - 1)].label;
@@ -87,13 +90,46 @@ std::vector<std::string> HeadingLines(const Session& session, const PlotNames& n
   return lines;
 }
 
+// A name of the vertical axis that has no room beside it stands over it: in the way of the heading's last line?
+bool NameTouches(PlotDraw draw, const std::string& name, const std::string& last_line, float middle) {
+  const float h = draw.page.char_height, width = TextWidth(draw, name, h);
+  const float labels = TextWidth(draw, "-2.50", h);
+  if (name.empty() || width + labels < draw.page.area_x) return false;
+  const float left_end = middle - 0.5F * TextWidth(draw, last_line, h);
+  return draw.page.area_x - labels + width + h > left_end;
+}
+
+// Letters that are large for the page need more room above the area, which then moves down.
+void MakeRoom(PlotDraw draw, std::size_t lines) {
+  PlotPage& page = draw.page;
+  const float pitch = std::max(1.2F * page.char_height, LetterHeight(draw, page.char_height));
+  const float needed = kFirstLine * page.char_height + pitch * static_cast<float>(lines);
+  const float room = page.page_height - page.area_y - page.area_height;
+  const float below = std::max(page.area_y - kAxisTexts * pitch, 0.0F);
+  page.area_y -= std::clamp(needed - room, 0.0F, below);
+}
+
+// Of the character height: all lines are as high, so that the longest has room, unless it has to be cut.
+float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float room) {
+  constexpr float kSmaller = 0.9F;
+  const float h = draw.page.char_height;
+  float factor = kHeading;
+  const auto fits = [&](const std::string& line) { return TextWidth(draw, line, factor * h) <= room; };
+  while (factor * kSmaller >= kSmallest && !std::all_of(lines.begin(), lines.end(), fits)) factor *= kSmaller;
+  return factor;
+}
+
 void DrawHeading(const Session& session, PlotDraw draw, const PlotNames& names) {
-  const std::vector<std::string> lines = HeadingLines(session, names);
-  const float smallest = kSmallest * draw.page.char_height;
+  std::vector<std::string> lines = HeadingLines(session, names);
+  if (lines.empty()) return;
   const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
   const float room = 2.0F * (std::min(middle, draw.page.page_width - middle) - kPageMargin);
+  const float factor = HeadingFactor(draw, lines, room);
+  if (NameTouches(draw, draw.page.y_name, lines.back(), middle)) lines.emplace_back();
+  MakeRoom(draw, lines.size());
+  const float h = draw.page.char_height;
   for (const std::string& line : lines)
-    dgHeading(draw, CutToWidth(draw, line, smallest, room), kHeading, static_cast<int>(lines.size()));
+    dgHeading(draw, CutToWidth(draw, line, factor * h, room), factor, static_cast<int>(lines.size()));
 }
 
 // ---- Axes

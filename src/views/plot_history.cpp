@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -26,7 +27,6 @@ namespace {
 
 constexpr std::string_view kLeftOut = "{} NOT included when all are plotted";
 constexpr std::string_view kWave = "Eta0";
-constexpr std::size_t kUnitColumns = 20;
 constexpr float kRightTicks = 1.0F;  // of the wave's own axis, a page unit
 constexpr float kGap = 0.1F;         // between the area and texts right of it
 constexpr float kTick = 0.06F;
@@ -115,7 +115,7 @@ void HistoryNames(const Session& session, PlotNames& names) {
   names.title = std::string(QuantityLabel(store, iqnt));
   if (!curve.empty()) names.title += ", " + curve;
   const std::string_view all = store.time_history() ? cQntMed(iqnt) : QuantityLabel(store, iqnt);
-  names.y = curve.empty() ? std::string(all.substr(0, kUnitColumns)) : curve.substr(0, kUnitColumns);
+  names.y = curve.empty() ? std::string(all) : curve;
 }
 
 // ---- The wave
@@ -185,10 +185,19 @@ bool HasRightAxis(const DataPlotState& plot) {
   return plot.wave_overlay && plot.wave_own_scale && !plot.derived.history.wave.empty();
 }
 
+// Is there room for the names right of the area?
+bool NamesFit(const DataPlotState& plot, PlotDraw draw, const std::vector<OverlayLine>& lines) {
+  if (HasRightAxis(plot)) return false;
+  const float room = draw.page.page_width - draw.page.area_x - draw.page.area_width - 2.0F * kGap;
+  return std::none_of(lines.begin(), lines.end(),
+                      [&](const OverlayLine& line) { return TextWidth(draw, line.name, plot.annot_size) > room; });
+}
+
 // The lines that are in the graph, from the lowest on, with the names apart from each other.
 void DrawStatLines(const DataPlotState& plot, PlotDraw draw, std::vector<OverlayLine> lines, float from, float to) {
   const PlotPage& page = draw.page;
   const float h = plot.annot_size, pitch = LinePitch(draw, h), right = page.area_x + page.area_width;
+  const bool outside = NamesFit(plot, draw, lines);
   std::sort(lines.begin(), lines.end(), [](const OverlayLine& a, const OverlayLine& b) { return a.y < b.y; });
   float free_from = page.area_y;
   for (const OverlayLine& line : lines) {
@@ -197,35 +206,26 @@ void DrawStatLines(const DataPlotState& plot, PlotDraw draw, std::vector<Overlay
     dgCurve(draw, x, y, 0);
     const float at = page.area_y + (line.y - page.y_origin) / (page.y_end - page.y_origin) * page.area_height;
     if (!(at >= page.area_y && at <= page.area_y + page.area_height)) continue;
-    const float room = page.page_width - right - 2.0F * kGap;
-    const bool outside = !HasRightAxis(plot) && TextWidth(draw, line.name, h) <= room;
     const float base = std::max(outside ? at - kTextDrop * h : at + kGap, free_from);
-    PageText(draw, line.name, outside ? right + kGap : right - kGap, base, h,
-             outside ? TextSide::left : TextSide::right);
+    if (outside) PageText(draw, line.name, right + kGap, base, h, TextSide::left);
+    else PageText(draw, line.name, right - kGap, base, h, TextSide::right);
     free_from = base + pitch;
   }
   dgColour(draw, 1);
 }
 
-// Inside the graph, at its right end, on paper of its own.
-void DrawStatBlock(const DataPlotState& plot, PlotDraw draw, const std::vector<std::string>& texts) {
+// Inside the graph, at its right end.
+void DrawStatBlock(const DataPlotState& plot, PlotDraw draw, const std::vector<PageNote>& texts) {
   const PlotPage& page = draw.page;
-  const float h = plot.annot_size, pitch = LinePitch(draw, h);
-  float widest = 0.0F;
-  for (const std::string& text : texts) widest = std::max(widest, TextWidth(draw, text, h));
-  const float height = pitch * static_cast<float>(texts.size()) + kBlockMargin;
-  const float right = page.area_x + page.area_width - kBlockMargin, left = right - widest - 2.0F * kBlockMargin;
+  const NotesSize size = SizeOfNotes(draw, texts, plot.annot_size);
+  const float x = page.area_x + page.area_width - kBlockMargin - size.width;
   const float top = plot.stats_at == StatsPlace::above ? page.area_y + page.area_height - kBlockMargin
-                                                       : page.area_y + kBlockMargin + height;
-  PaperBox(draw, left, top - height, right - left, height);
-  float y = top - pitch;
-  for (const std::string& text : texts) {
-    PageText(draw, text, left + kBlockMargin, y, h, TextSide::left);
-    y -= pitch;
-  }
+                                                       : page.area_y + kBlockMargin + size.height;
+  PaperNotes(draw, texts, x, top, plot.annot_size);
 }
 
-void DrawStatistics(Session& session, PlotDraw draw) {
+// Values that belong below the plot are added to its notes.
+void DrawStatistics(Session& session, PlotDraw draw, std::vector<PageNote>& notes) {
   const DataPlotState& plot = session.data_plot;
   std::vector<DrawnCurve> curves;
   HistoryCurves(session, curves);
@@ -243,11 +243,31 @@ void DrawStatistics(Session& session, PlotDraw draw) {
   StatOverlay overlay;
   MakeStatOverlay(plot.show_stats, curves[0].y.subspan(first, n), session.output.confidence_probability, overlay);
   DrawStatLines(plot, draw, overlay.lines, curves[0].x[first], curves[0].x[first + n - 1]);
-  if (plot.stats_at == StatsPlace::bottom) PageNotes(draw, overlay.texts, plot.text_size, plot.annot_size);
-  else DrawStatBlock(plot, draw, overlay.texts);
+  std::vector<PageNote> texts;
+  for (std::string& text : overlay.texts) texts.push_back({std::move(text)});
+  if (plot.stats_at == StatsPlace::bottom) notes.insert(notes.end(), texts.begin(), texts.end());
+  else DrawStatBlock(plot, draw, texts);
 }
 
 // ---- Notes
+// A line a curve: number, name, and the value at its last point, or where is measured.
+void AddLegend(const Session& session, std::vector<PageNote>& notes) {
+  const DataPlotState& plot = session.data_plot;
+  if (!plot.values_in_legend) return;
+  std::vector<DrawnCurve> curves;
+  HistoryCurves(session, curves);
+  for (const DrawnCurve& curve : curves) {
+    if (curve.component == 0 || curve.y.empty()) continue;
+    std::size_t i = curve.y.size() - 1;
+    if (plot.measure_on)
+      i = std::min(i, static_cast<std::size_t>(std::lower_bound(curve.x.begin(), curve.x.end(), plot.measure_x) -
+                                               curve.x.begin()));
+    const std::string& label = plot.derived.history.labels[static_cast<std::size_t>(curve.component - 1)];
+    notes.push_back({fmt::format("{} {} = {}", curve.component, label, ShortNumber(curve.y[i])),
+                     ColourOf(plot, curve.component + 1)});
+  }
+}
+
 std::string_view WordFor(const CaseStore& store, int iqnt) {
   const QuantityRow* row = store.time_history() ? FindQuantity(iqnt) : nullptr;
   if (row != nullptr && row->load_kind != 0) return "Load plane";
@@ -265,7 +285,10 @@ void DrawLeftOut(const Session& session, PlotDraw draw) {
 void DrawHistory(Session& session, PlotDraw draw) {
   DrawCurves(session, draw);
   DrawWave(session.data_plot, draw);
-  DrawStatistics(session, draw);
+  std::vector<PageNote> notes;
+  AddLegend(session, notes);
+  DrawStatistics(session, draw, notes);
+  PageNotes(draw, notes, session.data_plot.text_size, session.data_plot.annot_size);
   DrawLeftOut(session, draw);
 }
 

@@ -25,8 +25,9 @@ constexpr float kAxisTexts = 2.2F;  // lines that ticks, labels and name of the 
 constexpr float kTicks = 0.021F;    // of the area's height, between the axis and its labels
 constexpr float kNameSpace = 0.6F;  // character heights between labels and name
 constexpr float kPageMargin = 0.1F;
-constexpr float kColumnGap = 3.0F;  // character heights between columns of notes
-constexpr int kNoteAlign = 4;       // baseline
+constexpr float kColumnGap = 1.0F;  // character heights between columns of notes
+constexpr float kBoxMargin = 0.15F;
+constexpr int kNoteAlign = 4;  // baseline
 
 class OnPage {  // the page's transformation for a while, and text attributes back at its end
  public:
@@ -83,8 +84,12 @@ float TextWidth(PlotDraw draw, std::string_view text, float height) {
   return ExtentOf(draw, text, height).width;
 }
 
+float LetterHeight(PlotDraw draw, float height) {
+  return ExtentOf(draw, "X", height).height;
+}
+
 float LinePitch(PlotDraw draw, float height) {
-  return std::max(kPitch * height, ExtentOf(draw, "X", height).height);
+  return std::max(kPitch * height, LetterHeight(draw, height));
 }
 
 std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float width) {
@@ -116,29 +121,45 @@ void PageText(PlotDraw draw, std::string_view text, float x, float y, float heig
   dgPageText(draw, text, x, y, static_cast<int>(side) + 1);
 }
 
-float NoteLine(PlotDraw draw, float text_size, float height) {
-  const float axis = kAxisTexts * ExtentOf(draw, "X", text_size).height + kNameSpace * text_size;
-  return draw.page.area_y - kTicks * draw.page.area_height - axis - LinePitch(draw, height);
+NotesSize SizeOfNotes(PlotDraw draw, std::span<const PageNote> notes, float height) {
+  float widest = 0.0F;
+  for (const PageNote& note : notes) widest = std::max(widest, TextWidth(draw, note.text, height));
+  return {widest + 2.0F * kBoxMargin, LinePitch(draw, height) * static_cast<float>(notes.size()) + kBoxMargin};
 }
 
-void PageNotes(PlotDraw draw, std::span<const std::string> lines, float text_size, float height) {
-  if (lines.empty()) return;
-  const PlotPage& page = draw.page;
-  const float pitch = LinePitch(draw, height), first = NoteLine(draw, text_size, height);
-  const float room = std::max(first - kPageMargin, 0.0F) / pitch;
-  const std::size_t rows = static_cast<std::size_t>(room) + 1;
-  float left = page.area_x;
-  for (std::size_t from = 0; from < lines.size(); from += rows) {
-    float widest = 0.0F;
-    for (std::size_t i = from; i < std::min(from + rows, lines.size()); ++i) {
-      const float y = std::max(first, kPageMargin) - static_cast<float>(i - from) * pitch;
-      const std::string text = CutToWidth(draw, lines[i], height, page.page_width - left - kPageMargin);
-      PageText(draw, text, left, y, height, TextSide::left);
-      widest = std::max(widest, TextWidth(draw, text, height));
-    }
-    left += widest + kColumnGap * height;
-    if (left > page.page_width) return;
+void PaperNotes(PlotDraw draw, std::span<const PageNote> notes, float x, float top, float height) {
+  const NotesSize size = SizeOfNotes(draw, notes, height);
+  const float pitch = LinePitch(draw, height);
+  PaperBox(draw, x, top - size.height, size.width, size.height);
+  float y = top;
+  for (const PageNote& note : notes) {
+    dgColour(draw, note.colour);
+    PageText(draw, note.text, x + kBoxMargin, y -= pitch, height, TextSide::left);
   }
+  dgColour(draw, 1);
+}
+
+void PageNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height) {
+  if (notes.empty()) return;
+  const PlotPage& page = draw.page;
+  const float pitch = LinePitch(draw, height);
+  const float axis = kAxisTexts * LetterHeight(draw, text_size) + kNameSpace * text_size;
+  const float first = page.area_y - kTicks * page.area_height - axis - pitch;
+  const float room = (first - kPageMargin) / pitch + 1.0F;
+  const NotesSize size = SizeOfNotes(draw, notes, height);
+  const std::size_t rows = room >= 1.0F ? static_cast<std::size_t>(room) : 0;
+  const std::size_t columns = rows > 0 ? (notes.size() + rows - 1) / rows : 0;
+  const float column = size.width + kColumnGap * height;
+  if (columns == 0 || page.area_x + column * static_cast<float>(columns) > page.page_width) {
+    PaperNotes(draw, notes, page.area_x + kBoxMargin, page.area_y + size.height + kBoxMargin, height);
+    return;
+  }
+  for (std::size_t i = 0; i < notes.size(); ++i) {
+    const float x = page.area_x + column * static_cast<float>(i / rows);
+    dgColour(draw, notes[i].colour);
+    PageText(draw, notes[i].text, x, first - pitch * static_cast<float>(i % rows), height, TextSide::left);
+  }
+  dgColour(draw, 1);
 }
 
 void PaperBox(PlotDraw draw, float x, float y, float width, float height) {

@@ -19,7 +19,8 @@ void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y
 [[nodiscard]] std::string ShortNumber(float value);
 
 [[nodiscard]] float TextWidth(PlotDraw draw, std::string_view text, float height);
-[[nodiscard]] float LinePitch(PlotDraw draw, float height);  // of lines that don't touch
+[[nodiscard]] float LetterHeight(PlotDraw draw, float height);  // as drawn, with room for descenders
+[[nodiscard]] float LinePitch(PlotDraw draw, float height);     // of lines that don't touch
 // The text, or as much of it as has room with "..." behind.
 [[nodiscard]] std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float width);
 
@@ -31,10 +32,18 @@ enum class TextSide : unsigned char { left, centre, right };  // of the text, at
 // On the page, baseline at y, over everything. The character height of the page becomes `height`.
 void PageText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side);
 
-// Where the first line below the name of the horizontal axis has its baseline.
-[[nodiscard]] float NoteLine(PlotDraw draw, float text_size, float height);
-// Lines below the plot, in columns from its left end on, as many as the page has room for.
-void PageNotes(PlotDraw draw, std::span<const std::string> lines, float text_size, float height);
+struct PageNote {
+  std::string text;
+  int colour = 1;
+};
+// Lines below the plot and its axis, in columns; inside the graph, at its lower left corner, if there is no room.
+void PageNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height);
+// Lines on paper of their own, their box's top left corner at x, top.
+void PaperNotes(PlotDraw draw, std::span<const PageNote> notes, float x, float top, float height);
+struct NotesSize {
+  float width = 0, height = 0;  // of that box
+};
+[[nodiscard]] NotesSize SizeOfNotes(PlotDraw draw, std::span<const PageNote> notes, float height);
 
 // A framed rectangle of paper on the page: what is drawn beneath can't be seen.
 void PaperBox(PlotDraw draw, float x, float y, float width, float height);

@@ -255,9 +255,9 @@ void DrawTrajectory(Session& session, PlotDraw draw) {
   DrawHulls(session, draw);
   DrawCurves(session, draw);
   DrawTimes(session, draw);
-  std::vector<std::string> notes;
-  if (!plot.keep_aspect) notes.emplace_back(kNotPreserved);
-  if (ShowsHull(plot) && plot.geometry_scale != 1.0F) notes.emplace_back(kNotToScale);
+  std::vector<PageNote> notes;
+  if (!plot.keep_aspect) notes.push_back({std::string(kNotPreserved)});
+  if (ShowsHull(plot) && plot.geometry_scale != 1.0F) notes.push_back({std::string(kNotToScale)});
   PageNotes(draw, notes, plot.text_size, plot.annot_size);
 }
 

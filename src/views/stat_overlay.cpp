@@ -30,17 +30,22 @@ void AddText(StatOverlay& out, std::string_view label, float value) {
 void AddPeaks(const PeakTexts& texts, std::span<const float> x, float prob, StatOverlay& out) {
   RecordPeakStats peaks;
   const StatFault fault = CalcRecordPeakStats(texts.N, kAverageOnly, x, prob, peaks);
-  out.no_peaks = fault != StatFault::none || peaks.Npks == 0;
+  // Of fewer peaks than N no average is made.
+  out.no_peaks = fault != StatFault::none || peaks.Npks <= texts.N;
   if (out.no_peaks) {
     out.texts.emplace_back(kNoPeaks);
     return;
   }
-  out.lines.push_back({peaks.xpkNt, kFirstColour, std::string(texts.top_name)});
-  out.lines.push_back({peaks.xpkNb, kSecondColour, std::string(texts.bottom_name)});
-  AddText(out, texts.top, peaks.xpkNt);
-  AddText(out, texts.bottom, peaks.xpkNb);
+  if (peaks.Npkst > texts.N) {
+    out.lines.push_back({peaks.xpkNt, kFirstColour, std::string(texts.top_name)});
+    AddText(out, texts.top, peaks.xpkNt);
+  }
+  if (peaks.Npksb > texts.N) {
+    out.lines.push_back({peaks.xpkNb, kSecondColour, std::string(texts.bottom_name)});
+    AddText(out, texts.bottom, peaks.xpkNb);
+  }
   AddText(out, texts.amplitude, peaks.xpkN);
-  AddText(out, texts.double_amplitude, peaks.xpkNt - peaks.xpkNb);
+  if (peaks.Npkst > texts.N && peaks.Npksb > texts.N) AddText(out, texts.double_amplitude, peaks.xpkNt - peaks.xpkNb);
 }
 
 void AddDeviation(const RecordStats& stats, StatOverlay& out) {

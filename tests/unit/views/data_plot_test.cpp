@@ -1,0 +1,521 @@
+#include "views/data_plot.h"
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "../case/small_case.h"
+#include "plot_view.h"
+#include "views/hull_waterline.h"
+#include "views/plot_parts.h"
+#include "views/plot_type.h"
+#include "views/stat_overlay.h"
+
+namespace zaview {
+namespace {
+
+constexpr unsigned kWhite = 0xFFFFFF, kRed = 0xFF0000, kGreen = 0x00FF00;
+
+// Steps 5 to 44, shown: component i of quantity 1 is 10 + 5 i + s in metres for i to 3, time 0.25 s.
+void UseSmallCase(PlotView& view) {
+  CaseStore& store = view.session.case_store;
+  store = SmallCase(5, 40);
+  AddLoads(store, 5, 40);
+  view.session.output = SettingsFor(store);
+}
+
+void ExpectLimits(const PlotLimits& got, const PlotLimits& want, const std::string& row) {
+  EXPECT_NEAR(got.x_min, want.x_min, 1e-3) << row;
+  EXPECT_NEAR(got.x_step, want.x_step, 1e-3) << row;
+  EXPECT_NEAR(got.x_max, want.x_max, 1e-3) << row;
+  EXPECT_NEAR(got.y_min, want.y_min, 1e-3) << row;
+  EXPECT_NEAR(got.y_step, want.y_step, 1e-3) << row;
+  EXPECT_NEAR(got.y_max, want.y_max, 1e-3) << row;
+}
+
+TEST(DataPlotAxes, Component) {
+  struct Row {
+    PlotKind kind;
+    int iqnt, component;
+    bool all_hidden;
+    int want;
+  };
+  const Row rows[] = {
+      {PlotKind::history,   1,  0, false, 0},
+      {PlotKind::history,   1,  0, true,  1}, // nothing would be left
+      {PlotKind::history,   1,  6, true,  6},
+      {PlotKind::history,   1,  7, false, 0}, // of a quantity with more of them
+      {PlotKind::history,   23, 1, false, 0}, // the only one
+      {PlotKind::load_dist, 13, 0, false, 0},
+  };
+  PlotView view("");
+  UseSmallCase(view);
+  for (const Row& row : rows) {
+    view.Choose(row.kind, row.iqnt, row.component);
+    view.plot().hidden.assign(6, row.all_hidden ? 1 : 0);
+    zaviewsetaxes(view.session);
+    EXPECT_EQ(view.plot().plot_component, row.want) << row.iqnt << ' ' << row.component;
+    EXPECT_EQ(view.session.run.plot_module, 1);
+  }
+}
+
+TEST(DataPlotAxes, HistoryLimits) {
+  struct Row {
+    const char* name;
+    int component;
+    bool by_index, match;
+    PlotLimits want;
+  };
+  const Row rows[] = {
+      {"one",      1, false, false, {1.25F, 1, 11, 20, 10, 60}}, // x as the data have it
+      {"by index", 1, true,  false, {5, 5, 44, 20, 10, 60}    },
+      {"matched",  1, false, true,  {1.25F, 1, 11, 20, 10, 70}}, // component 3 ends at 69
+      {"all",      0, false, false, {1.25F, 1, 11, 20, 10, 70}},
+  };
+  PlotView view("");
+  UseSmallCase(view);
+  // Time steps of 0.25.
+  for (std::size_t k = 0; k < 40; ++k)
+    view.session.case_store.time.component[0][k] = 0.25F * static_cast<float>(5 + k) / view.session.output.scales.T;
+  for (const Row& row : rows) {
+    view.Choose(PlotKind::history, 1, row.component);
+    view.plot().x_axis_by_index = row.by_index;
+    view.plot().match_scales = row.match;
+    zaviewsetaxes(view.session);
+    PlotLimits want = row.want;
+    want.x_step = view.plot().limits.x_step;
+    ExpectLimits(view.plot().limits, want, row.name);
+  }
+}
+
+TEST(DataPlotAxes, FitPassesOverWhatIsNotFinite) {
+  PlotView view("");
+  UseSmallCase(view);
+  std::vector<float>& y = view.session.case_store.pmgg.component[0];
+  y[0] = std::numeric_limits<float>::quiet_NaN();
+  y[39] = std::numeric_limits<float>::infinity();
+  view.Choose(PlotKind::history, 1, 1);
+  zaviewsetaxes(view.session);
+  PlotLimits limits;
+  ASSERT_TRUE(FitAxes(view.session, FitOver::all_steps, limits));
+  EXPECT_NEAR(limits.y_min, 21, 1e-3);
+  EXPECT_NEAR(limits.y_max, 58, 1e-3);
+  view.plot().limits.x_min = view.plot().derived.history.x[10];
+  view.plot().limits.x_max = view.plot().derived.history.x[20];
+  ASSERT_TRUE(FitAxes(view.session, FitOver::shown_steps, limits));
+  EXPECT_NEAR(limits.y_min, 30, 1e-3);
+  EXPECT_NEAR(limits.y_max, 40, 1e-3);
+  y.assign(40, std::numeric_limits<float>::quiet_NaN());
+  MarkAllStale(view.plot());
+  zaviewsetaxes(view.session);
+  EXPECT_FALSE(FitAxes(view.session, FitOver::all_steps, limits));
+  view.Show();  // an empty graph, not a failure
+}
+
+TEST(DataPlotAxes, LimitsStayWhileZoomed) {
+  PlotView view("");
+  UseSmallCase(view);
+  view.Choose(PlotKind::history, 1, 1);
+  zaviewsetaxes(view.session);
+  const PlotLimits zoomed = {2, 1, 4, 30, 2, 40};
+  view.plot().limits = zoomed;
+  view.plot().limits_changed = true;
+  view.plot().plot_component = 2;
+  MarkAllStale(view.plot());
+  zaviewsetaxes(view.session);
+  ExpectLimits(view.plot().limits, zoomed, "zoomed");
+  view.plot().rescale = true;
+  zaviewsetaxes(view.session);
+  EXPECT_FALSE(view.plot().limits_changed);
+  EXPECT_NEAR(view.plot().limits.y_max, 70, 1e-3);  // 20 + 44 rounded
+}
+
+TEST(DataPlotAxes, ChangeQuantity) {
+  struct Row {
+    PlotKind kind;
+    int from, direction, want;
+  };
+  const Row rows[] = {
+      {PlotKind::history,    1,  1,  2 },
+      {PlotKind::history,    14, 1,  23}, // kinds that the case has not
+      {PlotKind::history,    33, 1,  39}, // files and tables only
+      {PlotKind::history,    1,  -1, 48},
+      {PlotKind::load_dist,  14, 1,  23},
+      {PlotKind::load_dist,  24, 1,  13}, // round and round
+      {PlotKind::load_dist,  13, -1, 24},
+      {PlotKind::trajectory, 1,  1,  1 },
+  };
+  for (const Row& row : rows) {
+    PlotView view("");
+    UseSmallCase(view);
+    view.Choose(row.kind, row.from, 0);
+    view.plot().hidden.assign(1, 1);
+    view.plot().rescale = false;
+    view.plot().limits_changed = true;
+    view.plot().redo_data = false;
+    ChangeQuantity(view.session, row.direction, false);
+    EXPECT_EQ(view.plot().quantity.iqnt, row.want) << row.from;
+    const bool changed = row.want != row.from;
+    EXPECT_EQ(view.plot().rescale, changed);
+    EXPECT_EQ(view.plot().redo_data, changed);
+    EXPECT_EQ(view.plot().hidden.empty(), changed);
+    view.plot().rescale = false;
+    ChangeQuantity(view.session, row.direction, true);
+    EXPECT_FALSE(view.plot().rescale);
+  }
+}
+
+TEST(DataPlotAxes, WhatCannotBeShownLeavesTheView) {
+  struct Row {
+    PlotKind kind;
+    int iqnt;
+    const char* said;
+  };
+  const Row rows[] = {
+      {PlotKind::history,   15, "ERROR - Quantity 15 not valid for this output file\n"},
+      {PlotKind::load_dist, 1,  "ERROR - Quantity 1 not valid for this output file\n" },
+  };
+  for (const Row& row : rows) {
+    PlotView view("");
+    UseSmallCase(view);
+    view.Choose(row.kind, row.iqnt, 0);
+    view.session.run.redraw = true;
+    zaviewsetaxes(view.session);
+    EXPECT_EQ(view.session.run.plot_module, 0);
+    EXPECT_FALSE(view.session.run.redraw);
+    EXPECT_EQ(view.fake.output, row.said);
+  }
+}
+
+// The curve runs through the area from its lower left to a 40th below its upper right corner: 8 by 5.5 on a page of 11
+// by 8.5, which is 500 by 386 pixels.
+TEST(DataPlotPicture, CurveStandsWhereTheAxesSay) {
+  constexpr double kUnit = 500.0 / 11;
+  PlotView view("");
+  UseSmallCase(view);
+  view.Choose(PlotKind::history, 1, 1);
+  view.Show();
+  PixelBox red = view.Pixels(kRed);
+  EXPECT_NEAR(red.left, 1.5 * kUnit, 2);
+  EXPECT_NEAR(red.right - red.left, 8 * kUnit, 2);
+  EXPECT_NEAR(red.bottom - red.top, 5.5 * kUnit * 39 / 40, 2);
+  const int lit = view.Pixels(kWhite).count;
+  EXPECT_GT(lit, 0);
+
+  view.plot().colour_on = false;
+  view.Show();
+  EXPECT_EQ(view.Pixels(kRed).count, 0);
+  EXPECT_GT(view.Pixels(kWhite).count, lit);
+
+  view.plot().colour_on = true;
+  view.plot().limits = {5, 1, 6, 20, 10, 60};
+  view.plot().limits_changed = true;
+  view.Show();  // steeper now, cut at the ends
+  red = view.Pixels(kRed);
+  EXPECT_NEAR(red.right - red.left, 8 * kUnit, 2);
+  EXPECT_LT(red.bottom - red.top, 5.5 * kUnit * 0.2);
+}
+
+TEST(DataPlotPicture, ReverseVideoIsAskedForOnce) {
+  const bool want[] = {true, true, false, true};
+  const int asked[] = {1, 0, 2, 3};
+  PlotView view("");
+  UseSmallCase(view);
+  view.Choose(PlotKind::history, 1, 1);
+  for (std::size_t i = 0; i < std::size(asked); ++i) {
+    view.session.run.plot_colours = asked[i];
+    view.Show();
+    EXPECT_EQ(view.At(3, 396), want[i] ? kWhite : 0U) << i;
+    EXPECT_EQ(view.session.run.plot_colours, 0);
+    EXPECT_FALSE(view.session.run.redraw);
+  }
+}
+
+// Nothing is cut at the edges of the page, however long the texts or large the numbers.
+TEST(DataPlotPicture, TextsStayOnThePage) {
+  struct Row {
+    const char* name;
+    int width, height;
+    void (*set)(PlotView&);
+  };
+  const auto none = [](PlotView&) {};
+  const auto long_title = [](PlotView& v) { v.session.case_store.control.DESCR = std::string(80, 'W'); };
+  const auto large = [](PlotView& v) { v.session.output.scales.position.fill(-3.0e14F); };
+  const auto small = [](PlotView& v) { v.session.output.scales.position.fill(-3.0e-9F); };
+  const auto large_text = [](PlotView& v) { v.plot().text_size = v.plot().annot_size = 0.25F; };
+  const Row rows[] = {
+      {"plain",       500,  400, none      },
+      {"long title",  500,  400, long_title},
+      {"long title",  1100, 850, long_title},
+      {"huge values", 500,  400, large     },
+      {"tiny values", 1100, 850, small     },
+      {"large text",  500,  400, large_text},
+  };
+  for (const Row& row : rows) {
+    PlotView view("", row.width, row.height);
+    UseSmallCase(view);
+    view.plot().numbers_on = view.plot().values_in_legend = true;
+    view.plot().show_stats = 1;
+    row.set(view);
+    view.Choose(PlotKind::history, 1, 3);
+    view.Show();
+    const PixelBox texts = view.Pixels(kWhite);
+    EXPECT_GT(texts.left, 0) << row.name;
+    EXPECT_GT(texts.top, 0) << row.name;
+    EXPECT_LT(texts.right, row.width - 1) << row.name;
+    EXPECT_LT(texts.bottom, row.height - 1) << row.name;
+  }
+}
+
+TEST(DataPlotPicture, MarksEveryNth) {
+  PlotView view("");
+  UseSmallCase(view);
+  view.Choose(PlotKind::history, 1, 1);
+  int before = 0;
+  for (const int every : {-20, -10, -1}) {  // more and more of them, without the line
+    view.plot().mark_every = every;
+    view.Show();
+    EXPECT_GT(view.Pixels(kRed).count, before) << every;
+    before = view.Pixels(kRed).count;
+  }
+}
+
+// ---- Statistics over a curve
+TEST(StatOverlay, LinesAndTexts) {
+  struct Row {
+    int show;
+    std::vector<float> x;
+    std::vector<float> lines;
+    std::vector<std::string> texts;
+  };
+  std::vector<float> swing;  // five times up to 3 and down to -1: mean 1, variance 40/9
+  for (int i = 0; i < 5; ++i) swing.insert(swing.end(), {3.0F, -1.0F});
+  const Row rows[] = {
+      {0, swing,        {},                       {}                                                   },
+      {1,
+       swing,           {1, 3, -1},
+       {"Mean (avg)  = 1", "Avg top 1/3 = 3", "Avg bot 1/3 = -1", "1/3 Amp Avg = 2", "Dbl Amp Avg = 4"}},
+      {2, swing,        {1},                      {"Mean (avg)  = 1", "No peaks found"}                },
+      {1, {2, 2, 2, 2}, {2},                      {"Mean (avg)  = 2", "No peaks found"}                },
+      {3,
+       swing,           {1, 3.10819F, -1.10819F},
+       {"Mean (avg)  = 1", "StDev       = 2.108185", "Variance    = 4.444445", "SSA= 4.21637"}         },
+      {4, swing,        {1, 3, -1},               {"Mean (avg)  = 1", "Maximum = 3", "Minimum = -1"}   },
+  };
+  for (const Row& row : rows) {
+    StatOverlay overlay;
+    MakeStatOverlay(row.show, row.x, 0.95F, overlay);
+    EXPECT_EQ(overlay.texts, row.texts) << row.show;
+    ASSERT_EQ(overlay.lines.size(), row.lines.size()) << row.show;
+    for (std::size_t i = 0; i < row.lines.size(); ++i) EXPECT_NEAR(overlay.lines[i].y, row.lines[i], 1e-5) << row.show;
+  }
+}
+
+TEST(StatOverlay, NeedsOneCurveAndPoints) {
+  PlotView view("");
+  UseSmallCase(view);
+  view.Choose(PlotKind::history, 2, 0);
+  view.plot().show_stats = 4;
+  view.session.output.skip_terminal = 100;
+  view.Show();
+  EXPECT_EQ(view.fake.output, "");  // several curves: no statistics
+  view.plot().plot_component = 3;
+  view.Show();
+  EXPECT_EQ(view.fake.output, std::string(kOverlaySkipped) + "\n");
+}
+
+// ---- Trajectories
+// A box hull, 0.4 long and 0.1 wide, about the centre of gravity, cut half way up.
+void GiveHull(CaseStore& store) {
+  const Triple& g = store.ships[0].centre;
+  HullSurface side;
+  side.KSTA = 5;
+  side.KWL = 2;
+  const double ring[5][2] = {
+      {0.2,  0.05 },
+      {-0.2, 0.05 },
+      {-0.2, -0.05},
+      {0.2,  -0.05},
+      {0.2,  0.05 }
+  };
+  for (const auto& corner : ring)
+    for (const double z : {-0.1, 0.1}) side.points.push_back({g[0] + corner[0], g[1] + corner[1], z});
+  store.hull.surfaces = {side};
+  store.hull_tried = Tried::there;
+}
+
+TEST(HullWaterline, PiecesOfABox) {
+  CaseStore store = SmallCase(1, 4);
+  GiveHull(store);
+  std::vector<WaterlinePiece> pieces;
+  EXPECT_EQ(CutHull(store.hull, 0.0, pieces), 4);
+  double length = 0;
+  for (const WaterlinePiece& piece : pieces) length += std::hypot(piece[1][0] - piece[0][0], piece[1][1] - piece[0][1]);
+  EXPECT_NEAR(length, 1.0, 1e-12);
+  EXPECT_EQ(CutHull(store.hull, 0.2, pieces), 0);
+  EXPECT_EQ(CutHull(store.hull, 0.1, pieces), 4);  // in the plane counts as above
+  for (int i = 0; i < 200; ++i) store.hull.surfaces.push_back(store.hull.surfaces[0]);
+  EXPECT_EQ(CutHull(store.hull, 0.0, pieces), 804);
+  EXPECT_EQ(pieces.size(), 500U);
+}
+
+TEST(Trajectory, UnitsAreAsLongOnBothAxes) {
+  PlotView view("");
+  UseSmallCase(view);
+  GiveHull(view.session.case_store);
+  view.Choose(PlotKind::trajectory, 1, 0);
+  view.Show();
+  const PlotLimits& l = view.plot().limits;
+  EXPECT_NEAR((l.x_max - l.x_min) / 8, (l.y_max - l.y_min) / 5.5, 1e-3);
+  // The track runs from (20, 25) to (59, 64) and the hull is 40 long.
+  EXPECT_LE(l.x_min, 0);
+  EXPECT_GE(l.x_max, 79);
+  view.plot().keep_aspect = false;
+  view.plot().rescale = true;
+  zaviewsetaxes(view.session);
+  EXPECT_GT(std::abs((l.x_max - l.x_min) / 8 - (l.y_max - l.y_min) / 5.5F), 0.1F);
+}
+
+// Hull pixels: as long as the ship along the heading, as wide as it across.
+TEST(Trajectory, HullPointsWhereTheShipHeads) {
+  for (const bool turned : {false, true}) {
+    PlotView view("", 1100, 850);
+    UseSmallCase(view);
+    GiveHull(view.session.case_store);
+    view.session.case_store.pmgg.component[5].assign(40, turned ? 1.5707963F : 0.0F);
+    view.Choose(PlotKind::trajectory, 1, 0);
+    view.plot().marked_steps = {25};
+    view.Show();
+    const PlotLimits& l = view.plot().limits;
+    const double metre = 800.0 / (l.x_max - l.x_min);
+    const PixelBox hull = view.Pixels(kGreen);
+    EXPECT_NEAR(hull.right - hull.left, (turned ? 10 : 40) * metre, 3);
+    EXPECT_NEAR(hull.bottom - hull.top, (turned ? 40 : 10) * metre, 3);
+    view.plot().show_ship = false;
+    view.Show();
+    EXPECT_EQ(view.Pixels(kGreen).count, 0);
+  }
+}
+
+TEST(Trajectory, StepsWithAHull) {
+  struct Row {
+    int every, stride;
+    std::vector<int> marked, want;
+  };
+  const Row rows[] = {
+      {0,  1, {},          {5, 9, 13, 18, 22, 26, 31, 35, 39, 44}}, // ten from end to end
+      {15, 1, {},          {5, 20, 35}                           },
+      {15, 4, {},          {5, 17, 29, 41}                       }, // whole strides
+      {3,  1, {40, 7, 99}, {7, 40}                               }, // those not in use don't count
+      {3,  5, {12, 13},    {10}                                  }, // the point before, once
+  };
+  PlotView view("");
+  UseSmallCase(view);
+  for (const Row& row : rows) {
+    view.session.output.step_stride = row.stride;
+    view.plot().geometry_every = row.every;
+    view.plot().marked_steps = row.marked;
+    view.Choose(PlotKind::trajectory, 1, 0);
+    zaviewsetaxes(view.session);
+    EXPECT_EQ(view.plot().derived.hull_steps, row.want) << row.every << ' ' << row.stride;
+  }
+}
+
+TEST(Trajectory, Table) {
+  PlotView view("");
+  UseSmallCase(view);
+  view.session.case_store.last_step = 6;
+  view.session.output.separator = Separator::comma;
+  view.session.output.cnvfac[1] = -1;
+  OutputFile out;
+  ASSERT_TRUE(OpenOutput(view.session.platform, "", OpenHow::replace, out));
+  EXPECT_EQ(kTrajectoryPlot.write(view.session, out), TableFault::none);
+  const std::string& text = view.fake.output;
+  EXPECT_NE(text.find("Trajectory for ZAVO file run.out\nTime,pmgg(1),pmgg(2)\n"), std::string::npos) << text;
+  EXPECT_NE(text.find(",20.00000,-25.00000\n"), std::string::npos) << text;
+  EXPECT_NE(text.find(",21.00000,-26.00000\n"), std::string::npos) << text;
+}
+
+// ---- Loads: kind 1 at cut i and step s is 0.001 i + 0.0001 s in 1025 9.81 100^3 N.
+TEST(LoadPlot, PresentValueAndRange) {
+  constexpr double kForce = 1025 * 9.81 * 1.0e6;
+  struct Row {
+    int step, stride, now;
+  };
+  const Row rows[] = {
+      {10, 1, 10},
+      {99, 1, 44}, // not beyond the last
+      {10, 7, 10}, // a step that is no point
+  };
+  PlotView view("");
+  UseSmallCase(view);
+  for (const Row& row : rows) {
+    view.session.case_store.current_step = row.step;
+    view.session.output.step_stride = row.stride;
+    view.Choose(PlotKind::load_dist, 13, 0);
+    zaviewsetaxes(view.session);
+    const DataPlotDerived& d = view.plot().derived;
+    EXPECT_EQ(d.cut, (std::vector<float>{25.0F, -12.5F}));
+    const int last = 5 + 39 / row.stride * row.stride;
+    for (std::size_t i = 0; i < 2; ++i) {
+      const double cut = 0.001 * static_cast<double>(i + 1);
+      EXPECT_NEAR(d.load[i] / kForce, cut + 0.0001 * row.now, 1e-8);
+      EXPECT_NEAR(d.load_least[i] / kForce, cut + 0.0005, 1e-8);
+      EXPECT_NEAR(d.load_largest[i] / kForce, cut + 0.0001 * last, 1e-8);
+    }
+  }
+  view.plot().hidden = {1, 0};
+  view.session.case_store.current_step = 11;  // a step alone needs no flag
+  zaviewsetaxes(view.session);
+  EXPECT_EQ(view.plot().derived.cut, std::vector<float>{-12.5F});
+  EXPECT_NEAR(view.plot().derived.load[0] / kForce, 0.0031, 1e-8);
+  view.Show();
+  PlotNames names;
+  kLoadPlot.names(view.session, names);
+  EXPECT_EQ(names.note.substr(0, 14), "Step 11 Time= ");
+}
+
+// Kinds share the histories: each makes its own again after another one.
+TEST(DataPlot, KindsTakeTurns) {
+  PlotView view("");
+  UseSmallCase(view);
+  view.Choose(PlotKind::history, 2, 0);
+  for (const PlotKind kind : {PlotKind::history, PlotKind::trajectory, PlotKind::history}) {
+    view.plot().kind = kind;
+    zaviewsetaxes(view.session);
+    EXPECT_EQ(view.plot().derived.history.labels[0], kind == PlotKind::history ? "vmg(1)" : "pmgg(1)");
+  }
+}
+
+TEST(DataPlot, ImpulsiveRuns) {
+  for (const char* sample : {"impulse_responses.out", "transient_added_mass.out"}) {
+    PlotView view(sample);
+    view.Choose(PlotKind::history, 1, 3);
+    view.plot().show_stats = 4;
+    view.Show();
+    EXPECT_EQ(view.session.run.plot_module, 1) << view.fake.output;
+    EXPECT_GT(view.Pixels(kGreen).count, 100) << sample;  // the line of the maximum
+  }
+}
+
+TEST(PlotParts, ShortNumber) {
+  struct Row {
+    float value;
+    const char* text;
+  };
+  const Row rows[] = {
+      {0,           "0"       },
+      {20,          "20"      },
+      {-12.345678F, "-12.3457"},
+      {1.0e12F,     "1e+12"   },
+      {-1.5e-9F,    "-1.5e-09"},
+      {-1.234e-9F,  "-1.2e-09"},
+  };
+  for (const Row& row : rows) EXPECT_EQ(ShortNumber(row.value), row.text);
+}
+
+}  // namespace
+}  // namespace zaview
