@@ -1,5 +1,6 @@
 // The track of the centre of gravity, with the waterline of the hull at some steps.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <string>
@@ -137,19 +138,16 @@ std::vector<HullPlace> HullPlaces(const Session& session) {
   return places;
 }
 
-// A piece of the waterline of the hull at a place.
-void PlacePiece(const Session& session, const HullPlace& place, std::size_t piece, std::vector<float>& x,
-                std::vector<float>& y) {
-  const DataPlotState& plot = session.data_plot;
-  const std::vector<float>& ship_x = plot.derived.waterline_x[piece];
-  const std::vector<float>& ship_y = plot.derived.waterline_y[piece];
-  const float c = plot.geometry_scale * std::cos(place.yaw), s = plot.geometry_scale * std::sin(place.yaw);
-  x.clear();
-  y.clear();
-  for (std::size_t i = 0; i < ship_x.size(); ++i) {
-    x.push_back(place.x + session.output.cnvfac[0] * (c * ship_x[i] - s * ship_y[i]));
-    y.push_back(place.y + session.output.cnvfac[1] * (s * ship_x[i] + c * ship_y[i]));
-  }
+struct ShownPoint {
+  float x = 0, y = 0;
+};
+
+// A point of the ship at a place; ship axes from the centre, output units.
+ShownPoint OfShip(const Session& session, const HullPlace& place, float x, float y) {
+  const float scale = session.data_plot.geometry_scale;
+  const float c = scale * std::cos(place.yaw), s = scale * std::sin(place.yaw);
+  const std::array<float, 6>& sign = session.output.cnvfac;
+  return {place.x + sign[0] * (c * x - s * y), place.y + sign[1] * (s * x + c * y)};
 }
 
 bool ShowsHull(const DataPlotState& plot) {
@@ -171,7 +169,15 @@ void DrawHulls(const Session& session, PlotDraw draw) {
     pixel_before = pixel;
     before = place;
     for (std::size_t k = 0; k < plot.derived.waterline_x.size(); ++k) {
-      PlacePiece(session, place, k, x, y);
+      const std::vector<float>& ship_x = plot.derived.waterline_x[k];
+      const std::vector<float>& ship_y = plot.derived.waterline_y[k];
+      x.clear();
+      y.clear();
+      for (std::size_t i = 0; i < ship_x.size(); ++i) {
+        const ShownPoint at = OfShip(session, place, ship_x[i], ship_y[i]);
+        x.push_back(at.x);
+        y.push_back(at.y);
+      }
       dgCurve(draw, x, y, 0);
     }
   }
@@ -179,25 +185,27 @@ void DrawHulls(const Session& session, PlotDraw draw) {
 }
 
 // ---- Limits and texts
-// Room for the hulls as well, where they are drawn to scale.
+void Include(const ShownPoint& at, PlotLimits& limits) {
+  if (!std::isfinite(at.x) || !std::isfinite(at.y)) return;
+  limits.x_min = std::min(limits.x_min, at.x);
+  limits.x_max = std::max(limits.x_max, at.x);
+  limits.y_min = std::min(limits.y_min, at.y);
+  limits.y_max = std::max(limits.y_max, at.y);
+}
+
+// Room for the rectangles about the hulls as well.
 void FitTrajectory(const Session& session, PlotLimits& limits) {
   const DataPlotState& plot = session.data_plot;
   limits = PlotLimits{};
   if (!FitAxes(session, FitOver::all_steps, limits)) return;
-  std::vector<float> x, y;
   if (ShowsHull(plot)) {
-    for (const HullPlace& place : HullPlaces(session)) {
-      for (std::size_t k = 0; k < plot.derived.waterline_x.size(); ++k) {
-        PlacePiece(session, place, k, x, y);
-        for (std::size_t i = 0; i < x.size(); ++i) {
-          if (!std::isfinite(x[i]) || !std::isfinite(y[i])) continue;
-          limits.x_min = std::min(limits.x_min, x[i]);
-          limits.x_max = std::max(limits.x_max, x[i]);
-          limits.y_min = std::min(limits.y_min, y[i]);
-          limits.y_max = std::max(limits.y_max, y[i]);
-        }
-      }
-    }
+    PlotLimits ship{0, 0, 0, 0, 0, 0};
+    for (std::size_t k = 0; k < plot.derived.waterline_x.size(); ++k)
+      for (std::size_t i = 0; i < plot.derived.waterline_x[k].size(); ++i)
+        Include({plot.derived.waterline_x[k][i], plot.derived.waterline_y[k][i]}, ship);
+    for (const HullPlace& place : HullPlaces(session))
+      for (const float x : {ship.x_min, ship.x_max})
+        for (const float y : {ship.y_min, ship.y_max}) Include(OfShip(session, place, x, y), limits);
   }
   RoundX(plot, limits);
   RoundY(plot, limits);
@@ -207,11 +215,7 @@ void TrajectoryNames(const Session&, PlotNames& names) {
   names.title = "Trajectory";
 }
 
-struct PagePoint {
-  float x = 0, y = 0;
-};
-
-PagePoint OnPaper(const PlotPage& page, float x, float y) {
+ShownPoint OnPaper(const PlotPage& page, float x, float y) {
   return {page.area_x + (x - page.x_origin) / (page.x_end - page.x_origin) * page.area_width,
           page.area_y + (y - page.y_origin) / (page.y_end - page.y_origin) * page.area_height};
 }
@@ -223,7 +227,7 @@ void DrawTimes(const Session& session, PlotDraw draw) {
   const PlotPage& page = draw.page;
   const int stride = std::max(1, session.output.step_stride);
   const float h = plot.annot_size, pitch = LinePitch(draw, h);
-  PagePoint before{-page.page_width, -page.page_height};
+  ShownPoint before{-page.page_width, -page.page_height};
   float width_before = 0;
   dgColour(draw, kLabelColour);
   dgMarkerType(draw, kTrackMark);
@@ -234,7 +238,7 @@ void DrawTimes(const Session& session, PlotDraw draw) {
     if (point >= track.x.size()) continue;
     const float x[] = {track.y[0][point]}, y[] = {track.y[1][point]};
     dgCurve(draw, x, y, -1);
-    PagePoint at = OnPaper(page, x[0], y[0]);
+    ShownPoint at = OnPaper(page, x[0], y[0]);
     const bool inside = at.x >= page.area_x && at.x <= page.area_x + page.area_width && at.y >= page.area_y &&
                         at.y <= page.area_y + page.area_height;
     if (!inside) continue;
