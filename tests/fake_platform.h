@@ -112,7 +112,7 @@ inline Platform FakePlatform::Get() {
   Platform p;
   p.self = this;
   p.exit = [](void*, int status) { throw FakeExit{status}; };
-  if (window_available) p.choose_window = [](void* self) { return Of(self).window; };
+  if (window_available) p.choose_window = [](const Platform& platform) { return Of(platform.self).window; };
   p.environment = [](void* self, const char* name) -> const char* {
     const auto& set = Of(self).environment;
     const auto found = set.find(name);

@@ -1,4 +1,5 @@
-// A child process behind a pseudo terminal: what a user types, and what the screen gets.
+// A child process behind a pseudo terminal, or behind a plain line where none is wanted: what a user types, and what
+// the screen gets.
 #pragma once
 
 #include <cerrno>
@@ -11,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -20,12 +22,13 @@
 
 namespace zaview {
 
+enum class Over : unsigned char { terminal, plain_line };
+
 class PseudoTerminal {
  public:
   // The child has a folder of its own, where its history goes as well; it ends with what `work` returns.
-  PseudoTerminal(const std::filesystem::path& folder, const std::function<int()>& work) {
-    winsize size{24, 80, 0, 0};
-    child_ = ::forkpty(&master_, nullptr, nullptr, &size);
+  PseudoTerminal(const std::filesystem::path& folder, const std::function<int()>& work, Over over = Over::terminal) {
+    child_ = over == Over::terminal ? ForkBehindTerminal() : ForkBehindLine();
     if (child_ != 0) return;
     std::filesystem::current_path(folder);
     ::setenv("TERM", "xterm", 1);
@@ -80,6 +83,20 @@ class PseudoTerminal {
   [[nodiscard]] const std::string& Screen() const { return screen_; }
 
  private:
+  pid_t ForkBehindTerminal() {
+    winsize size{24, 80, 0, 0};
+    return ::forkpty(&master_, nullptr, nullptr, &size);
+  }
+  pid_t ForkBehindLine() {
+    int ends[2] = {-1, -1};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return -1;
+    master_ = ends[0];
+    const pid_t child = ::fork();
+    for (const int file : {STDIN_FILENO, STDOUT_FILENO})
+      if (child == 0) ::dup2(ends[1], file);
+    ::close(ends[1]);
+    return child;
+  }
   bool ReadMore() {
     constexpr int kPatience = 10'000;  // ms
     pollfd wanted{master_, POLLIN, 0};

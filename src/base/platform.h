@@ -71,9 +71,10 @@ struct Platform {
   Console console;
   Files files;
   Clock clock;
-  WindowSystem window;  // as choose_window has given it
-  // The window system of this machine: of its display, else in memory. Asked at the first view; null: no graphics.
-  WindowSystem (*choose_window)(void* self) = nullptr;
+  WindowSystem window;  // in memory, until choose_window has been asked
+  // The window system of this machine: of its display, else platform.window. Asked at the first view; null: no
+  // graphics.
+  WindowSystem (*choose_window)(const Platform& platform) = nullptr;
   const char* (*environment)(void* self, const char* name) = nullptr;  // null: not set
   void* self = nullptr;
   void (*exit)(void* self, int status) = nullptr;  // does not come back

@@ -326,6 +326,7 @@ Platform PosixPlatform() {
   Platform platform;
   platform.self = &machine;
   platform.exit = Exit;
+  platform.environment = [](void*, const char* name) -> const char* { return std::getenv(name); };
   platform.console = {&machine,
                       ReadLine,
                       WriteConsole,

@@ -12,6 +12,7 @@
 #include "frame/title_box.h"
 #include "frame/wildcards.h"
 #include "script/script_variables.h"
+#include "script/start_plot.h"
 
 namespace zaview {
 
@@ -52,6 +53,8 @@ constexpr std::string_view kPlotFromScript =
     "Initial plot argument -plot* or -anim* ignored as plot was invoked from script file";
 constexpr std::string_view kPlotWithoutData =
     "Initial plot argument -plot* or -anim* ignored as data file not specified";
+constexpr std::string_view kViewNotYet = "Initial plot argument ignored : this view is not available yet";
+constexpr int kInitialHistory = 1, kInitialTrajectory = 3;  // of RunState::initial_plot
 constexpr std::string_view kPlotWithoutGraphics =
     "Initial plot argument -plot* or -anim* ignored as graphics are not avialable";
 
@@ -280,7 +283,13 @@ void StartInitialPlot(Session& session) {
   const Console& console = session.platform.console;
   if (run.plot_module > 0) return SayLine(console, kPlotFromScript);
   if (!session.case_store.has_steps()) return SayLine(console, kPlotWithoutData);
-  SayLine(console, kPlotWithoutGraphics);
+  if (session.platform.choose_window == nullptr) return SayLine(console, kPlotWithoutGraphics);
+  const PlotKind kind = run.initial_plot == kInitialTrajectory ? PlotKind::trajectory : PlotKind::history;
+  if (run.initial_plot == kInitialHistory || run.initial_plot == kInitialTrajectory) {
+    static_cast<void>(StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0));
+    return;
+  }
+  SayLine(console, kViewNotYet);
 }
 
 // Without a case there is nothing to do: one is asked for. A case of geometry only is a case.
@@ -318,9 +327,8 @@ CommandLineResult read_defaults_and_arguments(Session& session, std::span<const 
   run.change_module = 0;
   run.view_is_new = false;
   if (run.script_active) {
-    int status = kRunOk;
-    if (RunScript(session, run.script_file_name, status) == ScriptEnd::run_ends) return {LineEnd::stop, status};
-    if (run.exit_requested) return {};
+    RunScript(session, run.script_file_name);
+    if (run.exit_requested) return {LineEnd::stop, run.exit_status};
   }
   if (run.initial_plot > 0) StartInitialPlot(session);
   return AskForCase(session);

@@ -6,12 +6,9 @@
 #include <string>
 
 #include "frame/session.h"
+#include "frame/zaview_exit.h"
 
 namespace zaview {
-
-// Exit statuses of a run.
-inline constexpr int kRunOk = 0, kRunFailed = 1, kRunBadArguments = 2,
-                     kRunInterrupted = 130;  // what shells say of a program that Ctrl-C ended
 
 enum class LineEnd : std::uint8_t { go_on, stop };  // stop: the run ends with `status`
 

@@ -4,9 +4,15 @@
 #include "base/platform_posix.h"
 #include "frame/zaview_exit.h"
 #include "frame/zaview_main.h"
+#include "gks/window_glut.h"
+#include "gks/window_offscreen.h"
 
 int main(int count, char** words) {
-  const zaview::Platform platform = zaview::PosixPlatform();
+  zaview::Platform platform = zaview::PosixPlatform();
+  platform.window = zaview::OffscreenWindowSystem(zaview::MakeOffscreenWindows());  // nothing is opened yet
+  platform.choose_window = [](const zaview::Platform& machine) {
+    return zaview::HasDisplay() ? zaview::GlutWindowSystem(machine) : machine.window;
+  };
   const std::vector<std::string> arguments(words + (count > 0 ? 1 : 0), words + count);
   zaview::zaview_exit(platform, zaview::zaview_main(platform, arguments));
 }

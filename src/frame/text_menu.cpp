@@ -1,6 +1,7 @@
 #include "frame/text_menu.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "base/message.h"
@@ -10,6 +11,7 @@
 #include "case/read_output_file.h"
 #include "case/settings_dialogues.h"
 #include "frame/option_menu.h"
+#include "frame/plot_menus.h"
 #include "frame/quantity_menu.h"
 #include "script/open_script_file.h"
 #include "stats/ensemble_dialogues.h"
@@ -20,6 +22,7 @@ namespace {
 
 constexpr std::string_view kTitle = "ZAVO Output Options:";
 constexpr std::string_view kPrompt = "Select option=>";
+constexpr std::string_view kFrequencyDomain = "Frequency domain coefficients";
 constexpr std::string_view kNotYet = "{} : this option is not available yet";
 
 // ---- When an option is offered
@@ -150,11 +153,6 @@ void EnsembleIntervals(Session& s) {
                [&s](const QuantityRequest& request) { AskEnsembleFile(DialogueOf(s), request, true); });
 }
 
-void Autocorrelation(Session& s) {
-  const QuantityTask task = SeveralRecords(s) ? QuantityTask::ensemble_autocorrelation : QuantityTask::autocorrelation;
-  WithQuantity(s, task, [&s](const QuantityRequest& request) { AskAutocorrelationFile(DialogueOf(s), request); });
-}
-
 void Rates(Session& s) {
   constexpr MenuItem kItems[] = {
       {" 0 - Return to main menu"}, {" 1 - Upcrossing statistics"}, {" 2 - Exceedance rate"}};
@@ -166,46 +164,55 @@ void Rates(Session& s) {
   WithQuantity(s, QuantityTask::rates, [&s, ask](const QuantityRequest& request) { ask(DialogueOf(s), request); });
 }
 
+// Of a run in the frequency domain the option has another name and other work.
+void Histogram(Session& s, int option) {
+  if (s.case_store.time_history()) MenuHistogram(s, option);
+  else Say(s.platform.console, kNotYet, kFrequencyDomain);
+}
+
 // ---- The options, by number
 
 struct Option {
   std::string_view text;
   bool (*offered)(const Session& session);
-  void (*act)(Session& session);  // null: not there yet, which is said
+  void (*act)(Session& session);  // null: a plot, or not there yet, which is said
+  void (*plot)(Session& session, int option) = nullptr;
+  bool continues = false;  // behind the plot its questions come again, without the menu
 };
 // clang-format off
 constexpr Option kOptions[] = {
     {" 0 - Exit ZAVIEW",                                        Always,         Exit              },
-    {" 1 - Plot curves of time history data",                   Always,         nullptr           },
+    {" 1 - Plot curves of time history data",                   Always,         nullptr, MenuHistory, true},
     {" 2 - Write time history file(s)",                         Always,         WriteHistory      },
-    {" 3 - Histogram of time history data",                     Always,         nullptr           },
+    {" 3 - Histogram of time history data",                     Always,         nullptr, Histogram, true},
     {" 4 - Write statistics of time history data",              TimeHistory,    WriteStatistics   },
     {" 5 - 3-D motion animation",                               Animation,      nullptr           },
-    {" 6 - Plot trajectory",                                    Trajectory,     nullptr           },
-    {" 7 - Plot sectional load distribution",                   HasXCuts,       nullptr           },
+    {" 6 - Plot trajectory",                                    Trajectory,     nullptr, MenuTrajectory},
+    {" 7 - Plot sectional load distribution",                   HasXCuts,       nullptr, MenuLoads, true},
     {" 8 - Statistics with confidence interval",                TimeHistory,    WriteIntervalTable},
-    {" 9 - Read new output file",                               Always,         ReadNewFile      },
-    {"10 - Change output dimensionalization (scale) factors",   Always,         ChangeScales     },
-    {"11 - Trim time record for statistics or output files",    Always,         Trim},
+    {" 9 - Read new output file",                               Always,         ReadNewFile       },
+    {"10 - Change output dimensionalization (scale) factors",   Always,         ChangeScales      },
+    {"11 - Trim time record for statistics or output files",    Always,         Trim              },
     {"12 - Plot geometry",                                      HasHull,        nullptr           },
-    {"13 - Run script file",                                    Always,         RunScriptFile},
+    {"13 - Run script file",                                    Always,         RunScriptFile     },
     {"14 - GZ curve analysis",                                  HullAndHistory, nullptr           },
     {"15 - Compute roll decay coefficients",                    RollDecay,      nullptr           },
     {"16 - Wave celerity analysis",                             TimeHistory,    nullptr           },
     {"17 - Write KINO motion, seaway and command files",        TimeHistory,    WriteKino         },
-    {"18 - Set data smoothing option",                          Always,         SetSmoothing     },
+    {"18 - Set data smoothing option",                          Always,         SetSmoothing      },
     {"19 - Wave field output",                                  TimeHistory,    nullptr           },
     {"20 - Ensemble statistics",                                SeveralRecords, EnsembleTable     },
     {"21 - Ensemble statistics with confidence interval",       SeveralRecords, EnsembleIntervals },
-    {"22 - Plot statistics with confidence intervals",          TimeHistory,    nullptr           },
-    {"23 - Write/Plot autocorrelation",                         TimeHistory,    Autocorrelation   },
+    {"22 - Plot statistics with confidence intervals",          TimeHistory,    nullptr, MenuIntervals, true},
+    {"23 - Write/Plot autocorrelation",                         TimeHistory,    nullptr, MenuAutocorrelation, true},
     {"24 - Upcrossings and exceedances",                        TimeHistory,    Rates             },
     {"25 - Sensor view analysis",                               TimeHistory,    nullptr           },
     {"26 - Crane and cargo simulation",                         TimeHistory,    nullptr           },
 };
 // clang-format on
 
-constexpr std::size_t kHistogram = 3, kAutocorrelation = 23;
+constexpr std::size_t kNumber = 5;  // characters of "10 - "
+constexpr std::size_t kCurves = 1, kHistogram = 3, kAutocorrelation = 23;
 
 std::string_view TextOf(const Session& s, std::size_t i) {
   if (i == kHistogram && !s.case_store.time_history()) return " 3 - Frequency domain coefficients";
@@ -223,19 +230,26 @@ std::size_t AskOption(Session& s) {
   return static_cast<std::size_t>(option);
 }
 
+// The option whose plot was left goes on, else the user is asked. Curves and histogram are one another's where the kind
+// of plot was changed in the view.
+std::size_t NextOption(Session& s) {
+  const int left = std::exchange(s.run.plot_suboption, 0);
+  if (left <= 0 || left >= static_cast<int>(std::size(kOptions)) || !kOptions[left].continues) return AskOption(s);
+  const auto option = static_cast<std::size_t>(left);
+  if (option != kCurves && option != kHistogram) return option;
+  return s.data_plot.kind == PlotKind::histogram ? kHistogram : kCurves;
+}
+
 }  // namespace
 
 void text_menu(Session& session) {
   RunState& run = session.run;
   while (run.plot_module == 0 && !run.exit_requested) {
-    const std::size_t number = AskOption(session);
+    const std::size_t number = NextOption(session);
     const Option& option = kOptions[number];
-    if (option.act == nullptr) {
-      constexpr std::size_t kNumber = 5;  // "10 - "
-      Say(session.platform.console, kNotYet, TextOf(session, number).substr(kNumber));
-      continue;
-    }
-    option.act(session);
+    if (option.act != nullptr) option.act(session);
+    else if (option.plot != nullptr) option.plot(session, static_cast<int>(number));
+    else Say(session.platform.console, kNotYet, TextOf(session, number).substr(kNumber));
   }
 }
 

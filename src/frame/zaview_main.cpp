@@ -3,16 +3,22 @@
 #include "frame/command_line.h"
 #include "frame/run_loop.h"
 #include "frame/session.h"
+#include "views/plot_session.h"
 
 namespace zaview {
 
 int zaview_main(const Platform& platform, std::span<const std::string> arguments) {
   Session session;
   session.platform = platform;
+  session.dialogue = RunDialogue;
+  SetHooks(session);
   const CommandLineResult start = read_defaults_and_arguments(session, arguments);
-  const int status = start.end == LineEnd::stop ? start.status : RunDialogue(session);
+  if (start.end != LineEnd::stop) {
+    RunDialogue(session);
+    if (session.run.plot_module > 0) startgraphics(session);  // the rest of the run is in there
+  }
   platform.console.flush(platform.console.self);
-  return status;
+  return start.end == LineEnd::stop ? start.status : session.run.exit_status;
 }
 
 }  // namespace zaview

@@ -25,8 +25,8 @@ constexpr std::string_view kBadWindowSize = "GLGKS ERROR : GLWINDOWSIZE value in
 
 constexpr float kDegrees = 180.0F / 3.1415925F;
 constexpr int kMarkerTypes = 22;
-constexpr std::size_t kSwitchText = 80, kNotSetColumns = 8, kDumpName = 60;  // columns that are looked at
-constexpr int kLargestWindow = 16384;                                        // pixels; what OpenGL can draw into
+constexpr std::size_t kSwitchText = 80, kNotSetColumns = 8;  // columns that are looked at
+constexpr int kLargestWindow = 16384;                        // pixels; what OpenGL can draw into
 
 std::string_view OutOfRange(int index) {
   return index < 0 ? kBelow : kAbove;
@@ -230,7 +230,6 @@ void gksTakeEnvironment(const Console& console, const GksEnvironment& environmen
 }
 
 void gksSetDumpOption(GksState& gks, std::string_view word) {
-  constexpr std::string_view kAutomatic = "auto";  // the next picture gets the next number
   const std::string_view text = TrimEnd(word);
   if (text.empty()) return;
   if (text == "off" || text == "Off" || text == "OFF") {
@@ -238,7 +237,8 @@ void gksSetDumpOption(GksState& gks, std::string_view word) {
     return;
   }
   const bool on = text == "on" || text == "On" || text == "ON";
-  gks.dump.name = on || text == kAutomatic ? std::string_view() : text.substr(0, kDumpName);
+  const bool automatic = text == "auto" || text == "Auto" || text == "AUTO";  // the next picture gets the next number
+  gks.dump.name = on || automatic ? std::string_view() : text.substr(0, kDumpName);
   if (on) gks.dump.dump_only = true;
   else gks.dump.waiting = true;
 }

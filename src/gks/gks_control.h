@@ -2,6 +2,7 @@
 // the top left.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "base/platform.h"
@@ -52,6 +53,8 @@ struct GksEnvironment {
   const char* dump_only = nullptr;
 };
 void gksTakeEnvironment(const Console& console, const GksEnvironment& environment, GksState& gks);
+
+inline constexpr std::size_t kDumpName = 60;  // characters of a picture's file name
 
 // "on", "off" set and clear dump-only mode; any other word is the name of the next picture's file.
 void gksSetDumpOption(GksState& gks, std::string_view word);

@@ -55,6 +55,7 @@ struct GksWindow {
   bool shown = false;          // wanted on the screen
   bool hidden = false;         // by the program itself
   bool force = false;          // the next display draws whatever the view thinks
+  double resize_until = 0;     // clock: a new size was ordered, pictures wait for it until then
   bool idle_on = false;        // idle calls are wanted; they rest while nothing can be seen
   bool greeted = false;        // its first display is over
 };

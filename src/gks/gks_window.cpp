@@ -87,10 +87,15 @@ void Dump(GksState& gks) {
   LeaveView(gks);
 }
 
+double Now(const GksState& gks) {
+  const Clock& clock = gks.platform->clock;
+  return clock.seconds(clock.self);
+}
+
 // On a display the first drawing of a window may not be whole: the second one goes into the file.
 void DumpWhenDrawn(GksState& gks) {
   constexpr int kCalls = 2;
-  if (gks.window.force) return;  // still to be drawn
+  if (gks.window.force || Now(gks) < gks.window.resize_until) return;  // still to be drawn
   if (++gks.dump.idle_count < kCalls) ForceDisplay(gks);
   else Dump(gks);
 }
@@ -125,6 +130,7 @@ void OnReshape(void* self, int id, int width, int height) {
   if (id != gks.window.id || width < 1 || height < 1) return;
   gks.window.width = width;
   gks.window.height = height;
+  gks.window.resize_until = 0;
   ForceDisplay(gks);
 }
 
@@ -259,6 +265,13 @@ void glResizeWindow(const Platform& platform, GksState& gks, int width, int heig
   }
   platform.window.reshape_window(platform.window.self, gks.window.id, width, height);
   gksPostRedisplay(platform, gks);
+  if (platform.window.offscreen) {  // nobody can refuse: the view that comes next has this size
+    gks.window.width = width;
+    gks.window.height = height;
+    return;
+  }
+  constexpr double kPatience = 1.0;  // seconds; a window manager may want another size
+  if (width != gks.window.width || height != gks.window.height) gks.window.resize_until = Now(gks) + kPatience;
 }
 
 void gksPostRedisplay(const Platform& platform, const GksState& gks) {

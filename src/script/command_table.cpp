@@ -19,10 +19,10 @@ bool Matches(const Command& command, std::string_view word) {
 
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
-      ReadingCommands(),   OutputTextCommands(), StepCommands(),      StatisticSettings(), SmoothingCommands(),
-      HistoryCommands(),   StatisticCommands(),  EnsembleCommands(),  HistogramCommands(), ControlCommands(),
-      KinoCommands(),      ViewSettings(),       AnimationSettings(), LaterCommands(),     RateCommands(),
-      LaterBeginnings()};
+      ReadingCommands(), OutputTextCommands(), StepCommands(),      StatisticSettings(), SmoothingCommands(),
+      HistoryCommands(), StatisticCommands(),  EnsembleCommands(),  HistogramCommands(), ControlCommands(),
+      KinoCommands(),    ViewSettings(),       AnimationSettings(), PlotCommands(),      LaterCommands(),
+      RateCommands(),    LaterBeginnings()};
   return families;
 }
 

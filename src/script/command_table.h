@@ -37,6 +37,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily KinoCommands();
 [[nodiscard]] CommandFamily ViewSettings();
 [[nodiscard]] CommandFamily AnimationSettings();
+[[nodiscard]] CommandFamily PlotCommands();
 [[nodiscard]] CommandFamily LaterCommands();
 [[nodiscard]] CommandFamily RateCommands();     // some are known by the beginning of their word
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word

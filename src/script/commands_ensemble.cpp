@@ -8,6 +8,7 @@
 #include "script/ensemble_cases.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
+#include "script/plot_commands.h"
 #include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/statistic_word.h"
@@ -48,12 +49,12 @@ int RunEnsembleIntervals(ScriptCall& call) {
 int RunEnsembleAutocorrelation(ScriptCall& call) {
   Session& session = call.session;
   const std::string line = call.command + Capitals(call.words.line);
-  if (Contains(line, "PLOT"))
-    return Fail(call, kScriptFailed, "ERROR - {} : plots are not available yet", call.command);
+  const bool plot = Contains(line, "PLOT");
   const bool dependence_only = Contains(line, "DEPEND");
   Selector selector;
   QuantityRequest request;
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
+  if (plot) return HandOverPlot(call, {.kind = PlotKind::autocorrelation, .quantity = request, .of_ensemble = true});
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
   const TableFault fault = EnsembleAutoCorrelation(call.console(), session.output, request, dependence_only,

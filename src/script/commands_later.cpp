@@ -10,17 +10,11 @@ int RunNotYet(ScriptCall& call) {
   return Fail(call, kScriptFailed, "ERROR - {} : this command is not available yet", call.command);
 }
 
-constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble, M = kNeedsGeometry;
+constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, M = kNeedsGeometry;
 
 constexpr Command kLater[] = {
-    {{"PLOT_HISTORY"},                                                                              D | G | kShortWords, RunNotYet},
-    {{"PLOT_TRAJECTORY"},                                                                           D | R | G,           RunNotYet},
     {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"},                           G | M,               RunNotYet},
     {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},                                  D | R | G,           RunNotYet},
-    {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},                                                 D | R | G,           RunNotYet},
-    {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},                                 D | R | G,           RunNotYet},
-    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"},                       E | G,               RunNotYet},
-    {{"PLOT_LOAD_DISTRIBUTION", "PLOT_LOAD_DIST", "PLOT_LOADDIST"},                                 D | R | G,           RunNotYet},
     {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"},                                D | M,               RunNotYet},
     {{"GZL_CURVES", "GZLCURVES", "WRITE_GZL_CURVES", "WRITE_GZLCURVES"},                            D | M,               RunNotYet},
     {{"WAVE_CELERITY", "ANALYZE_WAVE"},                                                             D | M,               RunNotYet},

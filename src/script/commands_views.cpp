@@ -3,6 +3,7 @@
 
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "gks/gks_window.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 #include "script/setting_words.h"
@@ -50,8 +51,7 @@ int RunWindowSize(ScriptCall& call) {
   const int width = RoundToInt(static_cast<double>(size.first));
   const int height = RoundToInt(static_cast<double>(size.second));
   if (width < 1 || height < 1) return Fail(call, kScriptBadArgument, kIllegal, "WINDOW_SIZE");
-  call.session.data_plot.window_width = width;
-  call.session.data_plot.window_height = height;
+  glResizeWindow(call.session.platform, call.session.gks, width, height);
   return kScriptOk;
 }
 

@@ -71,9 +71,7 @@ void CloseScript(ScriptState& script) {
   script.next_line = 0;
 }
 
-int RunOpenScript(Session& session) {
-  const int status = ReadScriptFile(session);
-  if (status == kScriptOk && session.run.plot_suboption > 0) return status;  // suspended: all stays open
+int EndScript(Session& session, int status) {
   const std::string name = session.script.name;
   CloseScript(session.script);
   const EndRow* row = kEnds;
@@ -81,6 +79,20 @@ int RunOpenScript(Session& session) {
   if (status == kScriptOk) SayLine(session.platform.console, "");
   Say(session.platform.console, fmt::runtime(row->text), name);
   return status;
+}
+
+int RunOpenScript(Session& session) {
+  const int status = ReadScriptFile(session);
+  if (status == kScriptOk && session.run.plot_suboption > 0) return status;  // suspended: all stays open
+  return EndScript(session, status);
+}
+
+// The plot that a command asked for could not be made.
+int EndFailedPlot(Session& session) {
+  const ScriptState& script = session.script;
+  const ScriptLine& line = script.final_text[script.command_line];
+  SayLine(session.platform.console, AtLine(script.files, line.origin, line.text));
+  return EndScript(session, kScriptFailed);
 }
 
 int StartScript(Session& session, std::string_view name) {
@@ -128,7 +140,7 @@ int AskForScript(Session& session) {
 int ResumeOrStart(Session& session, std::string_view name) {
   if (session.run.plot_suboption > 0 && session.script.open) {
     session.run.plot_suboption = 0;
-    return RunOpenScript(session);
+    return session.run.plot_failed ? EndFailedPlot(session) : RunOpenScript(session);
   }
   return IsBlank(name) ? AskForScript(session) : StartScript(session, name);
 }

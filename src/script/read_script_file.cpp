@@ -86,7 +86,8 @@ int ReadScriptFile(Session& session, std::span<const CommandFamily> commands) {
   trace("entering");
   int status = kScriptOk;
   while (status == kScriptOk && session.run.plot_suboption == 0 && script.next_line < script.final_text.size()) {
-    const ScriptLine& line = script.final_text[script.next_line++];
+    script.command_line = script.next_line++;
+    const ScriptLine& line = script.final_text[script.command_line];
     if (IsBlank(line.text)) continue;
     status = RunUnlessInterrupted(session, commands, line);
     if (status != kScriptOk) SayLine(console, AtLine(script.files, line.origin, line.text));

@@ -26,6 +26,7 @@ struct ScriptState {
   std::vector<ScriptVariable> variables;
   std::vector<std::string> files;      // the script and what it includes
   std::vector<ScriptLine> final_text;  // what the passes left
+  std::size_t command_line = 0;        // where the command at hand begins
   std::size_t next_line = 0;           // read position
   std::string name;                    // as opened
   bool open = false;                   // running or suspended at a plot

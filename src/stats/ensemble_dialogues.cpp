@@ -18,7 +18,6 @@
 namespace zaview {
 namespace {
 
-constexpr std::string_view kNoGraph = "ERROR - the graph cannot be shown : plots are not available yet";
 constexpr std::string_view kScreenPrompt = "(<RETURN> for screen, QUIT to exit)";
 
 std::string WithScreenPrompt(std::string_view question) {
@@ -149,11 +148,11 @@ void AskEnsembleFile(const EnsembleDialogue& dialogue, const QuantityRequest& re
   FinishTable(d.platform, fault, "Ensemble statistics written to", chosen);
 }
 
-void AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
+bool AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
   const EnsembleDialogue& d = dialogue;
   const Console& console = d.platform.console;
-  if (AskCutoff(console, d.settings) != Answer::ok) return;
-  if (UpdateDependence(console, d.settings, request, d.cases, d.state) != TableFault::none) return;
+  if (AskCutoff(console, d.settings) != Answer::ok) return false;
+  if (UpdateDependence(console, d.settings, request, d.cases, d.state) != TableFault::none) return false;
   Say(console, "Dependence time= {} ({} steps)", Shown{d.state.dependence.dti}, d.state.dependence.ndti);
   FileQuestion question;
   question.use = FileUse::output;
@@ -162,10 +161,10 @@ void AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequ
   question.word = "PLOT";
   ChosenFile chosen;
   const FileAnswer answer = OPNFIL(d.platform, question, chosen);
-  if (answer == FileAnswer::word) return SayLine(console, kNoGraph);
-  if (answer != FileAnswer::opened) return;
+  if (answer != FileAnswer::opened) return answer == FileAnswer::word;
   const TableFault fault = EnsembleAutoCorrelation(console, d.settings, request, false, d.cases, d.state, chosen.out);
   FinishTable(d.platform, fault, "Autocorrelation written to", chosen);
+  return false;
 }
 
 void AskUpcrossings(const EnsembleDialogue& dialogue, const QuantityRequest& request) {

@@ -16,8 +16,9 @@ struct EnsembleDialogue {  // what all of them work on
 };
 
 void AskEnsembleFile(const EnsembleDialogue& dialogue, const QuantityRequest& request, bool intervals);
-// Of one record the table of the record, of an ensemble the averaged one; the cut-off is asked for first.
-void AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequest& request);
+// Of one record the table of the record, of an ensemble the averaged one; the cut-off is asked for first. True: the user
+// wants the graph instead.
+[[nodiscard]] bool AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequest& request);
 void AskUpcrossings(const EnsembleDialogue& dialogue, const QuantityRequest& request);
 void AskExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& request);
 

@@ -73,7 +73,9 @@ struct DataPlotState {
   bool limits_changed = false;  // by zoom or pan since the last fit
   bool keep_scale = false;      // when the quantity changes
   bool x_axis_by_index = false;
-  bool keep_aspect = true;    // of trajectories
+  bool keep_aspect = true;        // of trajectories
+  std::uint64_t case_serial = 0;  // case and settings that limits and hidden curves were chosen for
+  OutputSettings settings;
   bool match_scales = false;  // the same limits on all graphs
 
   // Out of date
@@ -96,7 +98,6 @@ struct DataPlotState {
   HistogramStyle hist_rendering = HistogramStyle::outlined;
   bool wave_overlay = false;
   bool wave_own_scale = true;
-  int window_width = 0, window_height = 0;  // pixels; 0: as the window system has it
 
   // Trajectory
   bool show_ship = true;

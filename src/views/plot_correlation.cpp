@@ -24,7 +24,7 @@ namespace zaview {
 
 namespace {
 
-constexpr int kUpperColour = 3, kLowerColour = 4, kCutoffColour = 1;
+constexpr int kEnvelopeColour = 9, kCutoffColour = 1;
 constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 
 int ComponentOf(const DataPlotState& plot) {
@@ -150,10 +150,11 @@ void CorrelationNames(const Session& session, PlotNames& names) {
 }
 
 // ---- Drawing
-void DrawEnvelope(const DataPlotState& plot, PlotDraw draw, int colour, const std::vector<float>& lag,
-                  const std::vector<float>& R) {
-  dgColour(draw, ColourOf(plot, colour));
-  dgCurve(draw, lag, R, 0);
+void DrawEnvelopes(const DataPlotState& plot, PlotDraw draw) {
+  const DataPlotDerived& d = plot.derived;
+  dgColour(draw, ColourOf(plot, kEnvelopeColour));
+  dgCurve(draw, d.env_lag, d.env_R, 0);
+  dgCurve(draw, d.low_lag, d.low_R, 0);
 }
 
 // Along the cut-off to the dependence time, and down there; to the end where the cut-off isn't reached.
@@ -174,8 +175,7 @@ void Draw(Session& session, PlotDraw draw) {
   const DataPlotState& plot = session.data_plot;
   const DataPlotDerived& d = plot.derived;
   DrawCurves(session, draw);
-  DrawEnvelope(plot, draw, kUpperColour, d.env_lag, d.env_R);
-  DrawEnvelope(plot, draw, kLowerColour, d.low_lag, d.low_R);
+  DrawEnvelopes(plot, draw);
   DrawCutoff(session, draw);
   dgColour(draw, 1);
   const bool covariance = plot.kind == PlotKind::autocovariance;

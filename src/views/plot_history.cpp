@@ -1,9 +1,8 @@
 // The time history of a quantity: its curves, the incident wave over them, statistics of a single one.
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
-#include <iterator>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>

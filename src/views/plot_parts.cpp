@@ -106,14 +106,6 @@ std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float
   return cut;
 }
 
-float WorldX(const PlotPage& page, float x) {
-  return page.x_origin + (x - page.area_x) / page.area_width * (page.x_end - page.x_origin);
-}
-
-float WorldY(const PlotPage& page, float y) {
-  return page.y_origin + (y - page.area_y) / page.area_height * (page.y_end - page.y_origin);
-}
-
 void PageText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side) {
   const OnPage page(draw);
   GSTXAL(draw.gks, 1, kNoteAlign);

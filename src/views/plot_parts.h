@@ -4,7 +4,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "case/plot_data.h"
 #include "gks/plot_page.h"
@@ -23,10 +22,6 @@ void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y
 [[nodiscard]] float LinePitch(PlotDraw draw, float height);     // of lines that don't touch
 // The text, or as much of it as has room with "..." behind.
 [[nodiscard]] std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float width);
-
-// From page to the world of the graph that is set up.
-[[nodiscard]] float WorldX(const PlotPage& page, float x);
-[[nodiscard]] float WorldY(const PlotPage& page, float y);
 
 enum class TextSide : unsigned char { left, centre, right };  // of the text, at the point
 // On the page, baseline at y, over everything. The character height of the page becomes `height`.

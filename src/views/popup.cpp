@@ -10,6 +10,7 @@ namespace zaview {
 namespace {
 
 constexpr float kHeight = 0.14F;   // of its text
+constexpr float kLine = 1.3F;      // lines stand apart, as each is to be hit by the mouse
 constexpr float kLetter = 1.0F;    // room beside the longest line, in heights
 constexpr float kBaseline = 0.3F;  // of the pitch, from the lower edge of a line
 constexpr float kOnPage = 0.02F;   // stays free to the page's edge, so that the frame is seen
@@ -24,7 +25,7 @@ PopupBox PopupBoxOf(const DataPlotState& plot, PlotDraw draw) {
   PopupBox box;
   for (const std::string_view line : kPopupLines) box.width = std::max(box.width, TextWidth(draw, line, kHeight));
   box.width += kLetter * kHeight;
-  box.pitch = LinePitch(draw, kHeight);
+  box.pitch = kLine * LinePitch(draw, kHeight);
   const auto inside = [](float value, float most) { return std::max(std::min(value, most - kOnPage), kOnPage); };
   box.left = inside(plot.popup_x, draw.page.page_width - box.width);
   box.bottom = inside(plot.popup_y, draw.page.page_height - HeightOf(box));

@@ -31,8 +31,7 @@ void AddPeaks(const PeakTexts& texts, std::span<const float> x, float prob, Stat
   RecordPeakStats peaks;
   const StatFault fault = CalcRecordPeakStats(texts.N, kAverageOnly, x, prob, peaks);
   // Of fewer peaks than N no average is made.
-  out.no_peaks = fault != StatFault::none || peaks.Npks <= texts.N;
-  if (out.no_peaks) {
+  if (fault != StatFault::none || peaks.Npks <= texts.N) {
     out.texts.emplace_back(kNoPeaks);
     return;
   }

@@ -2,7 +2,6 @@
 // texts and values; plot_history.cpp draws them.
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,7 +22,6 @@ struct OverlayLine {
 struct StatOverlay {
   std::vector<OverlayLine> lines;
   std::vector<std::string> texts;
-  bool no_peaks = false;  // the lines are the mean alone
 };
 
 // show_stats 1 to 4: 1/3rd peaks, 1/10th peaks, standard deviation, extremes; any other: nothing. x: the points that

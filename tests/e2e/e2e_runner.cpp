@@ -15,6 +15,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <png.h>
 
 namespace {
 
@@ -23,7 +24,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kAnyLines = "...";
 constexpr double kNear = 2e-5;  // what 4-byte sums leave of a closed form
 
-constexpr std::string_view kBareSteps[] = {"copy", "stdin", "run", "console", "exit", "absent"};
+constexpr std::string_view kBareSteps[] = {"copy", "stdin", "run", "console", "exit", "absent", "picture"};
 constexpr std::string_view kNamedSteps[] = {"file", "holds", "near"};  // "word NAME:" instead of "word: rest"
 constexpr std::string_view kWithLines[] = {"file", "stdin", "console", "holds", "near"};
 
@@ -181,6 +182,17 @@ bool Matches(const std::vector<std::string>& expected, const std::vector<std::st
   return e == expected.size();
 }
 
+bool ReadPng(const std::string& name, int& width, int& height, std::vector<unsigned char>& rgb) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  if (png_image_begin_read_from_file(&image, name.c_str()) == 0) return false;
+  image.format = PNG_FORMAT_RGB;
+  rgb.resize(PNG_IMAGE_SIZE(image));
+  width = static_cast<int>(image.width);
+  height = static_cast<int>(image.height);
+  return png_image_finish_read(&image, nullptr, rgb.data(), 0, nullptr) != 0;
+}
+
 class Folder {
  public:
   Folder() {
@@ -209,8 +221,11 @@ Outcome RunProgram(const fs::path& folder, const std::string& arguments, const s
   const Folder io;
   const std::string files = io.Path().string();
   std::ofstream(io.Path() / "stdin", std::ios::binary) << input;
-  const std::string command = "cd " + folder.string() + " && timeout 60 " ZAVIEW_PROGRAM + arguments + " <" + files +
-                              "/stdin >" + files + "/stdout 2>" + files + "/stderr";
+  // Never on the display of whoever runs the tests; pictures by the same driver everywhere.
+  const std::string command =
+      "cd " + folder.string() +
+      " && env -u DISPLAY LIBGL_ALWAYS_SOFTWARE=1 GALLIUM_DRIVER=llvmpipe timeout 60 " ZAVIEW_PROGRAM + arguments +
+      " <" + files + "/stdin >" + files + "/stdout 2>" + files + "/stderr";
   Outcome outcome;
   outcome.status = WEXITSTATUS(std::system(command.c_str()));
   outcome.console = FileText(io.Path() / "stdout");
@@ -255,6 +270,8 @@ class Session {
       EXPECT_EQ(std::to_string(outcome_.status), step.rest) << At(step) << ", console:\n" << outcome_.console;
     } else if (step.word == "absent") {
       EXPECT_FALSE(fs::exists(folder_.Path() / step.rest)) << At(step) << ": " << step.rest << " is there";
+    } else if (step.word == "picture") {
+      LookAt(step);
     } else if (step.word == "holds") {
       Holds(step, std::equal_to<std::string>{});
     } else {
@@ -292,6 +309,23 @@ class Session {
   void CheckRunIsOver() {
     if (runs_ == 0 || status_checked_) return;
     EXPECT_EQ(outcome_.status, 0) << text_.filename() << ", console:\n" << outcome_.console;
+  }
+
+  // picture: NAME.png 500x400 lit 2 10: its size, and how many of a hundred pixels haven't the colour of the corner.
+  void LookAt(const Step& step) {
+    const std::vector<std::string> words = Words(step.rest);
+    ASSERT_TRUE(words.size() == 5 && words[2] == "lit") << At(step);
+    int width = 0, height = 0;
+    std::vector<unsigned char> rgb;
+    ASSERT_TRUE(ReadPng((folder_.Path() / words[0]).string(), width, height, rgb))
+        << At(step) << ": no picture " << words[0] << ", console:\n"
+        << outcome_.console;
+    EXPECT_EQ(std::to_string(width) + "x" + std::to_string(height), words[1]) << At(step);
+    size_t lit = 0;
+    for (size_t i = 0; i < rgb.size(); i += 3) lit += std::equal(&rgb[i], &rgb[i] + 3, rgb.data()) ? 0 : 1;
+    const double percent = 300.0 * static_cast<double>(lit) / static_cast<double>(rgb.size());
+    EXPECT_GE(percent, std::stod(words[3])) << At(step);
+    EXPECT_LE(percent, std::stod(words[4])) << At(step);
   }
 
   void Holds(const Step& step, const LineTest& same) {

@@ -56,8 +56,8 @@ Values Histogram(const Session& s) {
 }
 Values PlotFrame(const Session& s) {
   const DataPlotState& p = s.data_plot;
-  return Of(p.axis_x_length, p.axis_y_length, p.histogram_x_length, p.histogram_y_length, p.window_width,
-            p.window_height);
+  return Of(p.axis_x_length, p.axis_y_length, p.histogram_x_length, p.histogram_y_length, s.gks.window.width,
+            s.gks.window.height);
 }
 Values Flags(const Session& s) {
   return Of(s.data_plot.grid_on, s.data_plot.match_scales, s.data_plot.show_ship);

@@ -1,0 +1,102 @@
+#!/usr/bin/env python3
+"""Prints how many pictures of a long history a minute the program makes without a display, beside matplotlib's Agg
+backend and gnuplot's png terminal on the same curve.
+
+Usage: bench/pictures.py BUILD_DIR [--count N] [--work DIR]
+BUILD_DIR holds the program and run_writer (a bench or release build). Needs python3-numpy, python3-matplotlib and
+gnuplot-nox. One process each; the others make fewer pictures, as they only give a rate. Nothing fails if a goal is
+missed.
+"""
+import argparse
+import os
+import resource
+import subprocess
+import tempfile
+import time
+
+STEPS = 50_000
+WIDTH, HEIGHT = 1100, 850
+OTHERS = 30  # pictures of the other programs
+
+MATPLOTLIB = """
+import sys, time
+import numpy, matplotlib
+matplotlib.use("Agg")
+import matplotlib.pyplot as plt
+t, y = numpy.loadtxt("curve.txt", unpack=True)
+begin = time.perf_counter()
+for i in range({count}):
+    figure = plt.figure(figsize=(11, 8.5), dpi=100)
+    axes = figure.add_subplot()
+    axes.plot(t, y, linewidth=1)
+    axes.set_xlabel("Time")
+    axes.set_title("Position of CG")
+    figure.savefig("mpl%04d.png" % i)
+    plt.close(figure)
+print(time.perf_counter() - begin)
+"""
+
+GNUPLOT = """
+set terminal png size {width},{height}
+set xlabel "Time"
+set title "Position of CG"
+unset key
+do for [i=1:{count}] {{
+  set output sprintf("gnu%04d.png", i)
+  plot "curve.bin" binary record={steps} format="%float32%float32" using 1:2 with lines
+}}
+"""
+
+
+def timed(args, cwd, env=None):
+    begin = time.perf_counter()
+    done = subprocess.run(args, cwd=cwd, env=env, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+    if done.returncode != 0:
+        raise SystemExit(f"{args[0]} ended with status {done.returncode}:\n{done.stdout[-2000:]}{done.stderr[-2000:]}")
+    return time.perf_counter() - begin, done.stdout
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build")
+    parser.add_argument("--count", type=int, default=1000)
+    parser.add_argument("--work")
+    options = parser.parse_args()
+    work = options.work or tempfile.mkdtemp(prefix="zaview_pictures_")
+    os.makedirs(work, exist_ok=True)
+    program = os.path.abspath(os.path.join(options.build, "zaview"))
+    writer = os.path.abspath(os.path.join(options.build, "tools", "run_writer"))
+    subprocess.run([writer, "--steps", str(STEPS), os.path.join(work, "long.out")], check=True)
+    env = {k: v for k, v in os.environ.items() if k != "DISPLAY"}
+
+    with open(os.path.join(work, "s"), "w") as script:
+        script.write(f"WINDOW_SIZE {WIDTH} {HEIGHT}\nWRITE_HISTORY MOT curve_all.txt\n")
+    timed([program, "long.out", "-script", "s"], work, env)
+    import numpy
+    curve = numpy.loadtxt(os.path.join(work, "curve_all.txt"), skiprows=2, usecols=(0, 3), dtype=numpy.float32)
+    numpy.savetxt(os.path.join(work, "curve.txt"), curve)
+    curve.tofile(os.path.join(work, "curve.bin"))
+
+    with open(os.path.join(work, "s"), "w") as script:
+        script.write(f"WINDOW_SIZE {WIDTH} {HEIGHT}\n")
+        for i in range(options.count):
+            script.write(f"PLOT_HISTORY MOT 3 p{i:04}.png\n")
+    seconds = timed([program, "long.out", "-script", "s"], work, env)[0]
+    peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
+    made = len([name for name in os.listdir(work) if name.startswith("p") and name.endswith(".png")])
+    ours = options.count / seconds * 60
+    print(f"{made} pictures of {STEPS} steps at {WIDTH}x{HEIGHT}: {ours:.0f} a minute, peak memory {peak:.0f} MB")
+
+    with open(os.path.join(work, "mpl.py"), "w") as source:
+        source.write(MATPLOTLIB.format(count=OTHERS))
+    theirs = OTHERS / float(timed(["/usr/bin/python3", "mpl.py"], work)[1]) * 60
+    print(f"matplotlib Agg: {theirs:.0f} a minute; ours / theirs {ours / theirs:.2f}   goal >= 4")
+
+    with open(os.path.join(work, "g.plt"), "w") as source:
+        source.write(GNUPLOT.format(width=WIDTH, height=HEIGHT, count=OTHERS, steps=STEPS))
+    theirs = OTHERS / timed(["gnuplot", "g.plt"], work)[0] * 60
+    print(f"gnuplot png (gd): {theirs:.0f} a minute; ours / theirs {ours / theirs:.2f}   goal >= 0.67, hoped for 1")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,135 @@
+// Commands that ask for a data plot. Nothing is drawn here: the interpreter stops behind them, and the run loop enters
+// the view.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "case/quantity_catalogue.h"
+#include "gks/gks_control.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+#include "script/plot_commands.h"
+#include "script/selectors.h"
+#include "script/start_plot.h"
+#include "stats/statistic_table.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kFewIrf = "ERROR - Insufficient or invalid arguments for {} command ...";
+inline constexpr std::string_view kBadIrf = "ERROR - IRF index {} not valid for {}";
+inline constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
+inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for {} command ...";
+inline constexpr std::string_view kLongName = "ERROR - name of a picture file is longer than {} characters : {}";
+inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical option ({}) for {}";
+
+constexpr int kScriptReadFault = -1;  // what a histogram of a quantity that the case lacks ends with
+constexpr int kFromScript = 1;        // plot_suboption
+
+// An IRF case has the index of a function where others have a selector.
+int ReadIrfCurve(ScriptCall& call, QuantityRequest& request) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptBadArgument, kFewIrf, call.command);
+  request.iqnt = RoundToInt(static_cast<double>(values[0]));
+  request.curve = RoundToInt(static_cast<double>(values[1]));
+  const int curves = CurveCount(call.session.case_store, request.iqnt);
+  if (request.curve >= 1 && request.curve <= curves) return kScriptOk;
+  return Fail(call, kScriptBadArgument, kBadIrf, request.iqnt, call.command);
+}
+
+int RunHistory(ScriptCall& call) {
+  PlotRequest wanted;
+  Selector selector;
+  const int status = call.session.case_store.irf_case ? ReadIrfCurve(call, wanted.quantity)
+                                                      : ReadCurve(call, selector, wanted.quantity);
+  return status == kScriptOk ? HandOverPlot(call, wanted) : status;
+}
+
+int RunTrajectory(ScriptCall& call) {
+  return HandOverPlot(call, {.kind = PlotKind::trajectory});
+}
+
+bool IsThere(const ScriptCall& call, const Selector& selector) {
+  const QuantityRow* row = FindQuantity(selector.iqnt);
+  return row != nullptr && row->need != QuantityNeed::file_only &&
+         QuantityValid(call.session.case_store, selector.iqnt);
+}
+
+int RunHistogram(ScriptCall& call) {
+  PlotRequest wanted{.kind = PlotKind::histogram};
+  wanted.of_ensemble = Contains(call.command, "ENS") || call.session.ensemble.nrec > 1;
+  Selector selector;
+  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
+  if (!IsThere(call, selector)) return Fail(call, kScriptReadFault, kNotValid, call.command, selector.word);
+  if (const int status = ReadTail(call, selector, CurveIndex::given, wanted.quantity); status != kScriptOk)
+    return status;
+  if (const int status = CheckCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
+  return HandOverPlot(call, wanted);
+}
+
+int RunAutocorrelation(ScriptCall& call) {
+  PlotRequest wanted{.kind = PlotKind::autocorrelation};
+  Selector selector;
+  if (const int status = ReadCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
+  return HandOverPlot(call, wanted);
+}
+
+// Mean, standard deviation, variance and significant amplitude, by their numbers.
+int RunInterval(ScriptCall& call) {
+  constexpr int kLastStatistic = kStatThird;
+  PlotRequest wanted{.kind = PlotKind::interval, .of_ensemble = true};
+  const std::string word = NextScriptWord(call.words, kKeyword);
+  const StatisticName statistic = FindStatistic(word);
+  if (statistic.number < kStatMean || statistic.number > kLastStatistic)
+    return Fail(call, kScriptBadArgument, kBadStatistic, word, call.command);
+  wanted.statistic = statistic.number;
+  Selector selector;
+  if (const int status = ReadCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
+  return HandOverPlot(call, wanted);
+}
+
+int RunLoads(ScriptCall& call) {
+  CaseStore& store = call.session.case_store;
+  PlotRequest wanted{.kind = PlotKind::load_dist};
+  Selector selector;
+  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
+  const QuantityRow* row = FindQuantity(selector.iqnt);
+  if (row == nullptr || row->load_kind == 0 || selector.form != TailForm::plain)
+    return Fail(call, kScriptBadArgument, kNoLoad, call.command);
+  if (!QuantityValid(store, selector.iqnt))
+    return Fail(call, kScriptBadArgument, kNotValid, call.command, selector.word);
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
+  wanted.quantity.iqnt = selector.iqnt;
+  store.current_step = std::max(store.first_step, std::min(StepCount(values[0]), store.last_step));
+  return HandOverPlot(call, wanted);
+}
+
+constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
+
+constexpr Command kPlots[] = {
+    {{"PLOT_HISTORY"},                                                        D | G | kShortWords, RunHistory        },
+    {{"PLOT_TRAJECTORY"},                                                     D | R | G,           RunTrajectory     },
+    {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},                           D | R | G,           RunHistogram      },
+    {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},           D | R | G,           RunAutocorrelation},
+    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"}, E | G,               RunInterval       },
+    {{"PLOT_LOAD_DISTRIBUTION", "PLOT_LOAD_DIST", "PLOT_LOADDIST"},           D | R | G,           RunLoads          },
+};
+
+}  // namespace
+
+int HandOverPlot(ScriptCall& call, const PlotRequest& wanted) {
+  const std::string word = NextScriptWord(call.words, kFreeText);
+  if (word.size() > kDumpName) return Fail(call, kScriptBadArgument, kLongName, kDumpName, word);
+  gksSetDumpOption(call.session.gks, word);
+  return StartPlot(call.session, wanted, kFromScript) ? kScriptOk : kScriptFailed;
+}
+
+CommandFamily PlotCommands() {
+  return kPlots;
+}
+
+}  // namespace zaview

@@ -1,0 +1,12 @@
+// The end of every plot command.
+#pragma once
+
+#include "script/script_call.h"
+#include "script/start_plot.h"
+
+namespace zaview {
+
+// Takes the dump word and asks for the plot. 0, or the status of the failure that has been said.
+[[nodiscard]] int HandOverPlot(ScriptCall& call, const PlotRequest& wanted);
+
+}  // namespace zaview

@@ -1,0 +1,197 @@
+// Sessions of the real program with its window on a display: what drawing in memory can't tell.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <png.h>
+
+#include "pseudo_terminal.h"
+#include "x_display.h"
+
+namespace zaview {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kMenu = "Select option=>", kQuantity = "Select =>", kHelp = "Hit the 'h' key for HELP";
+
+struct WindowSession : testing::Test {
+  std::string path = (fs::temp_directory_path() / "zaview-test-XXXXXX").string();
+  XServer server;
+
+  WindowSession() {
+    EXPECT_NE(::mkdtemp(path.data()), nullptr);
+    fs::copy(ZAVIEW_SOURCE_DIR "/samples/irregular_head.out", fs::path(path) / "run.out");
+  }
+  ~WindowSession() override { fs::remove_all(path); }
+  void SetUp() override {
+    if (!server.Runs()) GTEST_SKIP() << "there is no Xvfb";
+  }
+
+  // What the child runs: the program, with its window on the server or, without a name, in memory.
+  static int Program(const std::string& display, std::vector<std::string> words) {
+    words.insert(words.begin(), "zaview");
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    if (display.empty()) ::unsetenv("DISPLAY");
+    else ::setenv("DISPLAY", display.c_str(), 1);
+    ::setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+    ::setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+    ::setenv("LSAN_OPTIONS", "suppressions=" ZAVIEW_SOURCE_DIR "/tests/e2e/lsan.supp", 1);  // of the driver
+    ::execv(ZAVIEW_PROGRAM, arguments.data());
+    return 127;
+  }
+  [[nodiscard]] std::function<int()> Run(std::vector<std::string> words) const {
+    return [name = server.Name(), words = std::move(words)] { return Program(name, words); };
+  }
+  void Script(const std::string& name, std::string_view lines) const { std::ofstream(fs::path(path) / name) << lines; }
+  [[nodiscard]] std::string Bytes(const std::string& name) const {
+    std::ifstream file(fs::path(path) / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  [[nodiscard]] std::string Size(const std::string& name) const {  // of a picture
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (png_image_begin_read_from_file(&image, (fs::path(path) / name).c_str()) == 0) return "no picture";
+    png_image_free(&image);
+    return std::to_string(image.width) + "x" + std::to_string(image.height);
+  }
+};
+
+// From the menu to a view, and back to the question for the next one.
+void OpenView(PseudoTerminal& t, XServer& server) {
+  t.Answer(kMenu, "1\n");
+  t.Answer(kQuantity, "1\n");
+  t.Expect(kHelp);
+  server.WaitUntil(true);
+}
+void ComeBack(PseudoTerminal& t, XServer& server) {
+  t.Expect(kQuantity);
+  EXPECT_FALSE(server.IsShown());  // by now, not some time later
+  t.Type("0\n");
+}
+
+TEST_F(WindowSession, MenuScriptAndViewsTakeTurns) {
+  Script("s", "PLOT_HISTORY MOT 3 one.png\nPLOT_HISTORY MOT 5\n");
+  for (const Over over : {Over::plain_line, Over::terminal}) {
+    for (const bool covered : {false, true}) {
+      SCOPED_TRACE(covered);
+      fs::remove(fs::path(path) / "one.png");
+      XServer own;
+      PseudoTerminal t(
+          path, [&] { return Program(own.Name(), {"run.out"}); }, over);
+      OpenView(t, own);
+      if (covered) own.Cover();
+      own.Key('q');
+      ComeBack(t, own);
+      t.Answer(kMenu, "13\n");
+      t.Answer("(Return to cancel):", "s\n");
+      t.Expect("DumpWindow - Writing PNG file one.png");
+      t.Expect(kHelp);
+      own.WaitUntil(true);
+      own.Key('q');
+      t.Expect("ZAVIEW continuing...");
+      t.Expect(kMenu);
+      EXPECT_FALSE(own.IsShown());
+      t.Type("0\n");
+      EXPECT_EQ(t.End(), 0);
+      EXPECT_EQ(Size("one.png"), "500x400");
+    }
+  }
+}
+
+TEST_F(WindowSession, PicturesAreThoseOfAMachineWithoutADisplay) {
+  for (const std::string name : {"shown", "memory"}) {
+    Script(name, "PLOT_HISTORY MOT 0 " + name + ".png\nPLOT_TRAJECTORY " + name + ".bmp\nPLOT_HISTOGRAM MOT 3 " + name +
+                     ".gif\n");
+    PseudoTerminal t(path, [&] { return Program(name == "shown" ? server.Name() : "", {"run.out", "-script", name}); });
+    EXPECT_EQ(t.End(), 0) << t.Screen();
+  }
+  for (const char* end : {".png", ".bmp", ".gif"}) {
+    EXPECT_GT(Bytes(std::string("shown") + end).size(), 1000U);
+    EXPECT_EQ(Bytes(std::string("shown") + end), Bytes(std::string("memory") + end)) << end;
+  }
+}
+
+TEST_F(WindowSession, CloseButtonLeavesTheView) {
+  PseudoTerminal t(path, Run({"run.out"}));
+  for (int i = 0; i < 2; ++i) {  // the window that stands in can be closed as well
+    OpenView(t, server);
+    server.PressCloseButton();
+    ComeBack(t, server);
+  }
+  t.Answer(kMenu, "0\n");
+  EXPECT_EQ(t.End(), 0);
+}
+
+TEST_F(WindowSession, CloseButtonLosesNoPicture) {
+  Script("s", "FOR i IN SEQ 1 12 DO\n  PLOT_HISTORY MOT 3 p$i.png\nDONE\n");
+  PseudoTerminal t(path, Run({"run.out", "-script", "s"}));
+  for (int i = 1; i < 12; ++i) {
+    t.Expect("Writing PNG file p" + std::to_string(i) + ".png");
+    server.PressCloseButton();
+  }
+  EXPECT_EQ(t.End(), 0) << t.Screen();
+  for (int i = 1; i <= 12; ++i) EXPECT_EQ(Size("p" + std::to_string(i) + ".png"), "500x400");
+}
+
+TEST_F(WindowSession, DrawsAndDumpsAtTheSizeOfTheWindow) {
+  PseudoTerminal t(path, Run({"run.out"}));
+  OpenView(t, server);
+  const unsigned sizes[][2] = {
+      {720,  610 },
+      {1500, 1200},
+      {90,   70  }
+  };  // the second one is larger than the screen
+  for (std::size_t i = 0; i < std::size(sizes); ++i) {
+    const std::string name = "dump000" + std::to_string(i + 1) + ".png";
+    server.Resize(sizes[i][0], sizes[i][1]);
+    server.Key('r');
+    server.Key('W', ShiftMask);
+    t.Expect("DumpWindow - Writing PNG file " + name);
+    EXPECT_EQ(Size(name), std::to_string(sizes[i][0]) + "x" + std::to_string(sizes[i][1]));
+  }
+  server.Key('q');
+  ComeBack(t, server);
+  t.Answer(kMenu, "0\n");
+  EXPECT_EQ(t.End(), 0);
+}
+
+// While a view is up, and while a question waits.
+TEST_F(WindowSession, EndsWhenTheDisplayIsLost) {
+  for (const bool in_view : {true, false}) {
+    XServer own;
+    PseudoTerminal t(path, [&] { return Program(own.Name(), {"run.out"}); });
+    OpenView(t, own);
+    if (!in_view) {
+      own.Key('q');
+      t.Expect(kQuantity);
+    }
+    own.End();
+    if (!in_view) t.Type("1\n");
+    t.Expect("GLGKS - connection to the display lost");
+    EXPECT_EQ(t.End(), 1);
+  }
+}
+
+TEST_F(WindowSession, AnInterruptEndsAView) {
+  PseudoTerminal t(path, Run({"run.out"}));
+  OpenView(t, server);
+  t.Type("\003");
+  EXPECT_EQ(t.End(), 130);
+}
+
+TEST_F(WindowSession, ADisplayThatIsNotThereIsNone) {
+  PseudoTerminal t(path, [] { return Program(":4999", {"run.out", "-command", "PLOT_HISTORY MOT 3"}); });
+  t.Expect("GLGKS - no display");
+  t.Expect("GLGKS - Error Initializing Window...");
+  EXPECT_EQ(t.End(), 1);
+}
+
+}  // namespace
+}  // namespace zaview
