@@ -147,7 +147,8 @@ void PageNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, 
     return;
   }
   for (std::size_t i = 0; i < notes.size(); ++i) {
-    const float x = page.area_x + column * static_cast<float>(i / rows);
+    const std::size_t at = i / rows;
+    const float x = page.area_x + column * static_cast<float>(at);
     dgColour(draw, notes[i].colour);
     PageText(draw, notes[i].text, x, first - pitch * static_cast<float>(i % rows), height, TextSide::left);
   }
