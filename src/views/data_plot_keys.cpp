@@ -36,7 +36,6 @@ constexpr PlotKinds kOfComponents = kHistory | kLoadDist | kOneCurve;
 constexpr float kTextFactor = 1.1F, kLeastText = 0.02F, kMostText = 1.0F;
 constexpr float kMarkFactor = 1.414F, kLeastMark = 0.05F, kMostMark = 50.0F;
 constexpr float kRoot2 = 1.4142135F, kLeastShip = 1.0e-3F, kMostShip = 1.0e3F;
-constexpr float kLeastSync = 1.0e-4F, kMostSync = 1.0e4F;
 
 bool Scale(float& value, float factor, float least, float most) {
   value = std::clamp(value * factor, least, most);
@@ -197,72 +196,6 @@ bool ToggleAspect(Session& s) {
   DataPlotState& plot = s.data_plot;
   plot.keep_aspect = !plot.keep_aspect;
   if (!plot.limits_changed) plot.rescale = true;
-  return true;
-}
-
-// From the hulls that are drawn where no number was set.
-int HullSpacing(const DataPlotState& plot) {
-  const std::vector<int>& steps = plot.derived.hull_steps;
-  if (plot.geometry_every > 0 || steps.size() < 2) return std::max(plot.geometry_every, 1);
-  return std::max(1, (steps.back() - steps.front()) / static_cast<int>(steps.size() - 1));
-}
-
-bool ScaleHullSpacing(Session& s, float factor) {
-  DataPlotState& plot = s.data_plot;
-  const int before = HullSpacing(plot), most = std::max(1, s.case_store.last_step - s.case_store.first_step);
-  const int n = static_cast<int>(std::min(static_cast<float>(before) * factor, static_cast<float>(most)));
-  // 1 and 2 would never grow when truncated.
-  plot.geometry_every = factor > 1.0F ? std::min(std::max(n, before + 1), most) : std::max(n, 1);
-  plot.marked_steps.clear();
-  return true;
-}
-
-// ---- Steps of a load distribution
-void StartClock(Session& s) {
-  const CaseStore& store = s.case_store;
-  s.plot_session.run_t0 = store.time.at(1, store.current_step) * s.output.scales.T;
-  s.plot_session.run_clock0 = s.platform.clock.seconds(s.platform.clock.self);
-}
-
-bool HasCurrentStep(const CaseStore& store) {
-  return store.has_steps() && store.current_step >= store.first_step && store.current_step <= store.last_step;
-}
-
-void StopRun(Session& s) {
-  PlotSessionState& p = s.plot_session;
-  if (!p.run_on) return;
-  p.run_on = p.run_dump = false;
-  gksIdleOff(s.platform, s.gks);
-}
-
-bool ToggleRun(Session& s) {
-  PlotSessionState& p = s.plot_session;
-  if (p.run_on) {
-    StopRun(s);
-    return true;
-  }
-  if (!HasCurrentStep(s.case_store)) return false;
-  p.run_on = true;
-  p.idle_count = 0;
-  StartClock(s);
-  gksIdleOn(s.platform, s.gks);
-  return true;
-}
-
-bool GoToStep(Session& s, int step) {
-  CaseStore& store = s.case_store;
-  step = std::max(store.first_step, std::min(step, store.last_step));
-  if (!HasCurrentStep(store) || step == store.current_step) return false;
-  store.current_step = step;
-  s.plot_session.step_stale = true;
-  if (s.plot_session.run_on) StartClock(s);
-  return true;
-}
-
-bool ScaleSync(Session& s, float factor) {
-  if (!s.motion_view.run_sync) return false;
-  Scale(s.motion_view.run_sync_factor, factor, kLeastSync, kMostSync);
-  if (s.plot_session.run_on) StartClock(s);
   return true;
 }
 

@@ -64,4 +64,11 @@ bool WidenYStep(Session& session);
 bool PanX(Session& session, float ranges);
 bool PanY(Session& session, float ranges);
 
+// ---- Keys of time steps (step_keys.cpp)
+void StopRun(Session& session);
+bool ToggleRun(Session& session);
+bool GoToStep(Session& session, int step);  // limited to those in use
+bool ScaleSync(Session& session, float factor);
+bool ScaleHullSpacing(Session& session, float factor);
+
 }  // namespace zaview

@@ -1,7 +1,7 @@
 #include "views/screen_dialogue.h"
 
 #include <algorithm>
-#include <limits>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -25,6 +25,7 @@ namespace {
 constexpr std::string_view kBadStep = "TopScreenInput Logic error : screen_io_step={}";
 constexpr std::string_view kBadOption = "TopScreenInput Logic error : screen_io_option={}";
 constexpr std::string_view kNamePrompt = "(RETURN to abort) => ";
+constexpr std::string_view kTrack = "Trajectory";
 constexpr std::string_view kAskAgain = "File output abort - re-specify";
 constexpr std::string_view kExists = "File {} exists - overwrite (y/n) ";
 constexpr std::string_view kKeepPrompt = "(RETURN to keep) => ";
@@ -38,7 +39,11 @@ constexpr std::string_view kHullForms[] = {"   IBEG             one step", "   I
 constexpr std::string_view kBackToPlot = "Returning to plot ...";
 constexpr int kNameStep = 1, kOverwriteStep = 2;
 
-void Ask(Session& s, ScreenMode mode, std::string_view prompt, std::string_view fallback) {
+// Below the lines that tell what is asked for: they go with each answer.
+void Ask(Session& s, std::initializer_list<std::string_view> lines, ScreenMode mode, std::string_view prompt,
+         std::string_view fallback) {
+  int number = 0;
+  for (const std::string_view line : lines) gksScreenLine(s.gks, line, number++);
   gksScreenPrompt(s.platform, s.gks, mode, prompt, fallback);
 }
 
@@ -50,6 +55,13 @@ void EndQuestion(Session& s) {
 }
 
 // ---- The file of the plot's data
+void AskName(Session& s, std::string_view note) {
+  const DataPlotState& plot = s.data_plot;
+  const std::string_view what =
+      plot.kind == PlotKind::trajectory ? kTrack : QuantityLabel(s.case_store, plot.quantity.iqnt);
+  Ask(s, {PlotTypeOf(plot.kind).file_prompt, what}, ScreenMode::free, kNamePrompt, note);
+}
+
 void WriteNow(Session& s, const std::string& name) {
   EndQuestion(s);
   WritePlotData(s, name);
@@ -61,14 +73,14 @@ void TakeName(Session& s, std::string_view text) {
   p.screen_io_file = text;
   if (!s.platform.files.facts(s.platform.files.self, p.screen_io_file).exists) return WriteNow(s, p.screen_io_file);
   p.screen_io_step = kOverwriteStep;
-  Ask(s, ScreenMode::free, fmt::format(kExists, p.screen_io_file), "");
+  Ask(s, {}, ScreenMode::free, fmt::format(kExists, p.screen_io_file), "");
 }
 
 void TakeOverwrite(Session& s, std::string_view text) {
   PlotSessionState& p = s.plot_session;
   if (text.empty() || text == "Y" || text == "y") return WriteNow(s, p.screen_io_file);
   p.screen_io_step = kNameStep;
-  Ask(s, ScreenMode::free, kNamePrompt, kAskAgain);
+  AskName(s, kAskAgain);
 }
 
 void TakeFileAnswer(Session& s, std::string_view text) {
@@ -124,10 +136,10 @@ constexpr StepCountRow kStepCounts[] = {
      [](const Session& s) { return std::max(0, s.case_store.skip_effective); }, SetSkipFirst},
     {          kSkipLast, "Enter # of TERMINAL time steps to skip in statistics",
      [](const Session& s) { return s.output.skip_terminal; },      SetSkipLast            },
-    { kTrimFirst,  "Enter # of INITIAL time steps to trim from all output",
+    { kTrimFirst,  "Enter # of INITIAL time steps to trim (all output)",
      [](const Session& s) { return s.output.trim_initial; },
      SetTrim<&OutputSettings::trim_initial,                &OutputSettings::trim_terminal>},
-    {  kTrimLast, "Enter # of TERMINAL time steps to trim from all output",
+    {  kTrimLast, "Enter # of TERMINAL time steps to trim (all output)",
      [](const Session& s) { return s.output.trim_terminal; },
      SetTrim<&OutputSettings::trim_terminal,                &OutputSettings::trim_initial>},
 };
@@ -138,21 +150,29 @@ const StepCountRow* FindStepCount(int option) {
   return nullptr;
 }
 
-void AskAgain(Session& s, std::string_view why) {
+void AskAgain(Session& s, const StepCountRow& row, std::string_view why) {
   SayLine(s.platform.console, why);
-  Ask(s, ScreenMode::integer, kKeepPrompt, why);
+  Ask(s, {row.question}, ScreenMode::integer, kKeepPrompt, why);
 }
 
 void TakeStepCount(Session& s, const StepCountRow& row, std::string_view text) {
   int n = 0;
   if (text.empty()) return EndQuestion(s);
-  if (!ParseInteger(text, n) || n < 0) return AskAgain(s, kIllegal);
-  if (!row.set(s, n)) return AskAgain(s, kTooMany);
+  if (!ParseInteger(text, n) || n < 0) return AskAgain(s, row, kIllegal);
+  if (!row.set(s, n)) return AskAgain(s, row, kTooMany);
   TakeOtherSteps(s);
   EndQuestion(s);
 }
 
 // ---- Steps of the hull
+void AskNextSteps(Session& s, std::string_view note) {
+  const CaseStore& store = s.case_store;
+  const std::string in_use = fmt::format("   Steps {} to {} are in use", store.first_step, store.last_step);
+  const std::string marked = fmt::format("   {} steps are marked", s.plot_session.screen_io_steps.size());
+  Ask(s, {kHullSteps, kHullForms[0], kHullForms[1], kHullForms[2], kHullForms[3], in_use, marked}, ScreenMode::integer,
+      "=> ", note);
+}
+
 void TakeHullSteps(Session& s, std::string_view text) {
   std::vector<int>& steps = s.plot_session.screen_io_steps;
   const bool given_up = text.empty() && steps.empty();
@@ -161,7 +181,7 @@ void TakeHullSteps(Session& s, std::string_view text) {
                                 : TakeStepAnswer(text, true, s.case_store.first_step, s.case_store.last_step, steps);
   std::sort(steps.begin(), steps.end());
   steps.erase(std::unique(steps.begin(), steps.end()), steps.end());
-  if (answer != StepAnswer::end) return Ask(s, ScreenMode::integer, "=> ", answer == StepAnswer::bad ? kIllegal : "");
+  if (answer != StepAnswer::end) return AskNextSteps(s, answer == StepAnswer::bad ? kIllegal : "");
   SayLine(s.platform.console, kBackToPlot);
   if (!given_up) s.data_plot.marked_steps = std::move(steps);
   steps.clear();
@@ -175,9 +195,7 @@ void AskPlotFile(Session& session) {
   if (type.write == nullptr) return;
   session.plot_session.screen_io_option = kFileQuestion;
   session.plot_session.screen_io_step = kNameStep;
-  gksScreenLine(session.gks, type.file_prompt, 0);
-  gksScreenLine(session.gks, QuantityLabel(session.case_store, session.data_plot.quantity.iqnt), 1);
-  Ask(session, ScreenMode::free, kNamePrompt, "");
+  AskName(session, "");
 }
 
 void AskStepCount(Session& session, int option) {
@@ -185,20 +203,14 @@ void AskStepCount(Session& session, int option) {
   if (row == nullptr) return;
   if (!session.case_store.has_steps()) return SayLine(session.platform.console, kNoSteps);
   session.plot_session.screen_io_option = option;
-  gksScreenLine(session.gks, row->question, 0);
-  Ask(session, ScreenMode::integer, kKeepPrompt, fmt::format("{}", row->value(session)));
+  Ask(session, {row->question}, ScreenMode::integer, kKeepPrompt, fmt::format("{}", row->value(session)));
 }
 
 void AskHullSteps(Session& session) {
-  const CaseStore& store = session.case_store;
-  if (!store.has_steps()) return SayLine(session.platform.console, kNoSteps);
+  if (!session.case_store.has_steps()) return SayLine(session.platform.console, kNoSteps);
   session.plot_session.screen_io_option = kStepsQuestion;
   session.plot_session.screen_io_steps.clear();
-  gksScreenLine(session.gks, kHullSteps, 0);
-  int line = 0;
-  for (const std::string_view form : kHullForms) gksScreenLine(session.gks, form, ++line);
-  gksScreenLine(session.gks, fmt::format("   Steps {} to {} are in use", store.first_step, store.last_step), ++line);
-  Ask(session, ScreenMode::integer, "=> ", "");
+  AskNextSteps(session, "");
 }
 
 void TopScreenInput(Session& session, std::string_view text) {
