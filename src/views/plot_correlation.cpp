@@ -153,8 +153,8 @@ void CorrelationNames(const Session& session, PlotNames& names) {
 void DrawEnvelopes(const DataPlotState& plot, PlotDraw draw) {
   const DataPlotDerived& d = plot.derived;
   dgColour(draw, ColourOf(plot, kEnvelopeColour));
-  dgCurve(draw, d.env_lag, d.env_R, 0);
-  dgCurve(draw, d.low_lag, d.low_R, 0);
+  DrawSolid(draw, d.env_lag, d.env_R);
+  DrawSolid(draw, d.low_lag, d.low_R);
 }
 
 // Along the cut-off to the dependence time, and down there; to the end where the cut-off isn't reached.
