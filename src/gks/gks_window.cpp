@@ -95,7 +95,7 @@ double Now(const GksState& gks) {
 // On a display the first drawing of a window may not be whole: the second one goes into the file.
 void DumpWhenDrawn(GksState& gks) {
   constexpr int kCalls = 2;
-  if (gks.window.force || Now(gks) < gks.window.resize_until) return;  // still to be drawn
+  if (Now(gks) < gks.window.resize_until) return;
   if (++gks.dump.idle_count < kCalls) ForceDisplay(gks);
   else Dump(gks);
 }
@@ -143,9 +143,16 @@ void OnVisible(void* self, int id, bool on) {
   ForceDisplay(gks);
 }
 
+// Keys and clicks are meant for the picture at the window's size, as it is about to be drawn.
+void DrawIfStale(GksState& gks, int id) {
+  const GksWindow& window = gks.window;
+  if (window.force && window.shown && !window.hidden) OnDisplay(&gks, id, false);
+}
+
 void OnKey(void* self, int id, int code, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
   if (id != gks.window.id || gks.dump.dump_only) return;
+  DrawIfStale(gks, id);
   gks.modifiers = modifiers;
   gksKey(gks, code, x, y);
   gks.modifiers = 0;
@@ -155,6 +162,7 @@ void OnKey(void* self, int id, int code, unsigned modifiers, int x, int y) {
 void OnMouse(void* self, int id, int button, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
   if (id != gks.window.id || gks.dump.dump_only || gks.screen.mode != ScreenMode::plot) return;
+  DrawIfStale(gks, id);
   gks.modifiers = modifiers;
   const GksPoint world = gksToWorld(gks, x, y);
   gks.hooks.mouse(gks.hooks.self, button, world.x, world.y);
@@ -190,6 +198,7 @@ void OnIdle(void* self) {
     Windows(gks).set_idle(Windows(gks).self, false);  // until it can be seen again
     return;
   }
+  if (gks.window.force) return;  // still to be drawn
   if (IsDumping(gks)) {
     DumpWhenDrawn(gks);
     return;
