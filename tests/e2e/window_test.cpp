@@ -42,7 +42,8 @@ struct WindowSession : testing::Test {
     else ::setenv("DISPLAY", display.c_str(), 1);
     ::setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
     ::setenv("GALLIUM_DRIVER", "llvmpipe", 1);
-    ::setenv("LSAN_OPTIONS", "suppressions=" ZAVIEW_SOURCE_DIR "/tests/e2e/lsan.supp", 1);  // of the driver
+    ::setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" ZAVIEW_SOURCE_DIR "/tests/e2e/lsan.supp",
+             1);  // of the driver
     ::execv(ZAVIEW_PROGRAM, arguments.data());
     return 127;
   }
@@ -63,12 +64,17 @@ struct WindowSession : testing::Test {
   }
 };
 
+void Begin(PseudoTerminal& t) {
+  t.Answer("How many time steps to skip=>", "\n");
+  t.Answer("Hit RETURN to continue...", "\n");
+}
+
 // From the menu to a view, and back to the question for the next one.
 void OpenView(PseudoTerminal& t, XServer& server) {
   t.Answer(kMenu, "1\n");
   t.Answer(kQuantity, "1\n");
   t.Expect(kHelp);
-  server.WaitUntil(true);
+  EXPECT_TRUE(server.WaitForPicture());
 }
 void ComeBack(PseudoTerminal& t, XServer& server) {
   t.Expect(kQuantity);
@@ -85,6 +91,7 @@ TEST_F(WindowSession, MenuScriptAndViewsTakeTurns) {
       XServer own;
       PseudoTerminal t(
           path, [&] { return Program(own.Name(), {"run.out"}); }, over);
+      Begin(t);
       OpenView(t, own);
       if (covered) own.Cover();
       own.Key('q');
@@ -92,8 +99,8 @@ TEST_F(WindowSession, MenuScriptAndViewsTakeTurns) {
       t.Answer(kMenu, "13\n");
       t.Answer("(Return to cancel):", "s\n");
       t.Expect("DumpWindow - Writing PNG file one.png");
-      t.Expect(kHelp);
-      own.WaitUntil(true);
+      t.Expect("PLOT_HISTORY MOT 5");
+      EXPECT_TRUE(own.WaitForWindow());
       own.Key('q');
       t.Expect("ZAVIEW continuing...");
       t.Expect(kMenu);
@@ -107,7 +114,7 @@ TEST_F(WindowSession, MenuScriptAndViewsTakeTurns) {
 
 TEST_F(WindowSession, PicturesAreThoseOfAMachineWithoutADisplay) {
   for (const std::string name : {"shown", "memory"}) {
-    Script(name, "PLOT_HISTORY MOT 0 " + name + ".png\nPLOT_TRAJECTORY " + name + ".bmp\nPLOT_HISTOGRAM MOT 3 " + name +
+    Script(name, "PLOT_HISTORY MOT 3 " + name + ".png\nPLOT_TRAJECTORY " + name + ".bmp\nPLOT_HISTOGRAM MOT 3 " + name +
                      ".gif\n");
     PseudoTerminal t(path, [&] { return Program(name == "shown" ? server.Name() : "", {"run.out", "-script", name}); });
     EXPECT_EQ(t.End(), 0) << t.Screen();
@@ -120,6 +127,7 @@ TEST_F(WindowSession, PicturesAreThoseOfAMachineWithoutADisplay) {
 
 TEST_F(WindowSession, CloseButtonLeavesTheView) {
   PseudoTerminal t(path, Run({"run.out"}));
+  Begin(t);
   for (int i = 0; i < 2; ++i) {  // the window that stands in can be closed as well
     OpenView(t, server);
     server.PressCloseButton();
@@ -130,7 +138,7 @@ TEST_F(WindowSession, CloseButtonLeavesTheView) {
 }
 
 TEST_F(WindowSession, CloseButtonLosesNoPicture) {
-  Script("s", "FOR i IN SEQ 1 12 DO\n  PLOT_HISTORY MOT 3 p$i.png\nDONE\n");
+  Script("s", "FOR i IN SEQ 1 12 DO\n  PLOT_HISTORY MOT 3 p{i}.png\nDONE\n");
   PseudoTerminal t(path, Run({"run.out", "-script", "s"}));
   for (int i = 1; i < 12; ++i) {
     t.Expect("Writing PNG file p" + std::to_string(i) + ".png");
@@ -142,24 +150,26 @@ TEST_F(WindowSession, CloseButtonLosesNoPicture) {
 
 TEST_F(WindowSession, DrawsAndDumpsAtTheSizeOfTheWindow) {
   PseudoTerminal t(path, Run({"run.out"}));
+  Begin(t);
   OpenView(t, server);
   const unsigned sizes[][2] = {
       {720,  610 },
       {1500, 1200},
       {90,   70  }
   };  // the second one is larger than the screen
-  for (std::size_t i = 0; i < std::size(sizes); ++i) {
-    const std::string name = "dump000" + std::to_string(i + 1) + ".png";
-    server.Resize(sizes[i][0], sizes[i][1]);
+  for (const auto& size : sizes) {
+    server.Resize(size[0], size[1]);
     server.Key('r');
-    server.Key('W', ShiftMask);
-    t.Expect("DumpWindow - Writing PNG file " + name);
-    EXPECT_EQ(Size(name), std::to_string(sizes[i][0]) + "x" + std::to_string(sizes[i][1]));
+    server.Key('W', kShiftHeld);
+    t.Expect("DumpWindow - Writing PNG file dump000");
   }
   server.Key('q');
   ComeBack(t, server);
   t.Answer(kMenu, "0\n");
   EXPECT_EQ(t.End(), 0);
+  for (std::size_t i = 0; i < std::size(sizes); ++i)
+    EXPECT_EQ(Size("dump000" + std::to_string(i + 1) + ".png"),
+              std::to_string(sizes[i][0]) + "x" + std::to_string(sizes[i][1]));
 }
 
 // While a view is up, and while a question waits.
@@ -167,6 +177,7 @@ TEST_F(WindowSession, EndsWhenTheDisplayIsLost) {
   for (const bool in_view : {true, false}) {
     XServer own;
     PseudoTerminal t(path, [&] { return Program(own.Name(), {"run.out"}); });
+    Begin(t);
     OpenView(t, own);
     if (!in_view) {
       own.Key('q');
@@ -181,6 +192,7 @@ TEST_F(WindowSession, EndsWhenTheDisplayIsLost) {
 
 TEST_F(WindowSession, AnInterruptEndsAView) {
   PseudoTerminal t(path, Run({"run.out"}));
+  Begin(t);
   OpenView(t, server);
   t.Type("\003");
   EXPECT_EQ(t.End(), 130);

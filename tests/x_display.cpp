@@ -1,0 +1,163 @@
+#include "x_display.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace zaview {
+
+namespace {
+
+constexpr int kPatience = 10'000, kLook = 2;  // ms
+
+void Rest() {
+  std::this_thread::sleep_for(std::chrono::milliseconds(kLook));
+}
+
+[[noreturn]] void Serve(int number) {
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  ::fcntl(number, F_SETFD, 0);
+  const int nowhere = ::open("/dev/null", O_RDWR);
+  for (const int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::dup2(nowhere, file);
+  const std::string to = std::to_string(number);
+  ::execlp("Xvfb", "Xvfb", "-displayfd", to.c_str(), "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset",
+           nullptr);
+  ::_exit(127);
+}
+
+// Empty: it didn't start.
+std::string ReadLine(int file) {
+  std::string line;
+  pollfd wanted{file, POLLIN, 0};
+  char c = 0;
+  while (::poll(&wanted, 1, kPatience) == 1 && ::read(file, &c, 1) == 1) {
+    if (c == '\n') return line;
+    line += c;
+  }
+  return "";
+}
+
+}  // namespace
+
+XServer::XServer() {
+  int number[2] = {-1, -1};
+  if (::pipe2(number, O_CLOEXEC) != 0) return;
+  server_ = ::fork();
+  if (server_ == 0) Serve(number[1]);
+  ::close(number[1]);
+  const std::string line = ReadLine(number[0]);
+  ::close(number[0]);
+  if (line.empty()) return;
+  name_ = ":" + line;
+  ::XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });  // windows go while we look at them
+  display_ = ::XOpenDisplay(name_.c_str());
+}
+
+void XServer::End() {
+  if (display_ != nullptr) ::XCloseDisplay(std::exchange(display_, nullptr));
+  if (server_ < 1) return;
+  ::kill(server_, SIGKILL);
+  ::waitpid(std::exchange(server_, -1), nullptr, 0);
+}
+
+// The window with the program's name; 0: there is none.
+Window XServer::Look() {
+  Window root = 0, parent = 0, *children = nullptr, found = 0;
+  unsigned count = 0;
+  if (::XQueryTree(display_, XDefaultRootWindow(display_), &root, &parent, &children, &count) == 0) return 0;
+  for (unsigned i = 0; i < count; ++i) {
+    char* name = nullptr;
+    if (::XFetchName(display_, children[i], &name) == 0) continue;
+    if (std::string(name) == "zaview") found = children[i];
+    ::XFree(name);
+  }
+  if (children != nullptr) ::XFree(children);
+  return found;
+}
+
+Window XServer::Find() {
+  Window found = Look();
+  for (int i = 0; i < kPatience / kLook && found == 0; ++i) {
+    Rest();
+    found = Look();
+  }
+  return found;
+}
+
+bool XServer::IsShown() {
+  XWindowAttributes facts{};
+  const Window window = Look();
+  return window != 0 && ::XGetWindowAttributes(display_, window, &facts) != 0 && facts.map_state == IsViewable;
+}
+
+bool XServer::HasPicture() {
+  constexpr int kEdge = 400;  // pixels that are looked at
+  XImage* const image = IsShown() ? ::XGetImage(display_, Look(), 0, 0, kEdge, kEdge, AllPlanes, ZPixmap) : nullptr;
+  if (image == nullptr) return false;
+  bool any = false;
+  for (int i = 0; i < kEdge * kEdge && !any; ++i) any = (XGetPixel(image, i % kEdge, i / kEdge) & 0xFFFFFFUL) != 0;
+  XDestroyImage(image);
+  return any;
+}
+
+bool XServer::WaitFor(bool (XServer::*what)()) {
+  for (int i = 0; i < kPatience / kLook && !(this->*what)(); ++i) Rest();
+  return (this->*what)();
+}
+
+bool XServer::WaitForWindow() {
+  return WaitFor(&XServer::IsShown);
+}
+bool XServer::WaitForPicture() {
+  return WaitFor(&XServer::HasPicture);
+}
+
+void XServer::Send(XEvent& event, long mask) {
+  ::XSendEvent(display_, event.xany.window, 0, mask, &event);
+  ::XSync(display_, 0);
+}
+
+void XServer::Key(char key, unsigned held) {
+  XEvent event{};
+  event.xkey.type = KeyPress;
+  event.xkey.window = Find();
+  event.xkey.root = XDefaultRootWindow(display_);
+  event.xkey.same_screen = 1;
+  event.xkey.keycode = ::XKeysymToKeycode(display_, static_cast<KeySym>(key));
+  event.xkey.state = held;
+  Send(event, KeyPressMask);
+}
+
+void XServer::PressCloseButton() {
+  XEvent event{};
+  event.xclient.type = ClientMessage;
+  event.xclient.window = Find();
+  event.xclient.message_type = ::XInternAtom(display_, "WM_PROTOCOLS", 0);
+  event.xclient.format = 32;
+  event.xclient.data.l[0] = static_cast<long>(::XInternAtom(display_, "WM_DELETE_WINDOW", 0));
+  Send(event, 0);
+}
+
+void XServer::Resize(unsigned width, unsigned height) {
+  ::XResizeWindow(display_, Find(), width, height);
+  ::XSync(display_, 0);
+}
+
+void XServer::Cover() {
+  const int screen = XDefaultScreen(display_);
+  const auto width = static_cast<unsigned>(XDisplayWidth(display_, screen));
+  const auto height = static_cast<unsigned>(XDisplayHeight(display_, screen));
+  ::XMapRaised(display_, ::XCreateSimpleWindow(display_, XDefaultRootWindow(display_), 0, 0, width, height, 0, 0, 0));
+  ::XSync(display_, 0);
+}
+
+}  // namespace zaview
