@@ -1,4 +1,6 @@
 // Keys of the data plot: what each changes, what it says, and where it does nothing.
+#include "views/data_plot_keys.h"
+
 #include <cmath>
 #include <iterator>
 #include <sstream>
@@ -8,7 +10,6 @@
 #include <vector>
 
 #include "unit/views/plot_view.h"
-#include "views/data_plot_keys.h"
 #include "views/plot_session.h"
 #include "views/plot_type.h"
 #include "views/screen_dialogue.h"
@@ -21,9 +22,17 @@ constexpr int kPosition = 1, kVerticalForce = 13, kWaveAtCg = 25;
 
 // "g ^e ^E A-o Left S-PgUp Space": keys as a user would write them.
 void Press(Session& session, const std::string& keys) {
-  const std::pair<std::string_view, int> names[] = {{"Left", kKeyLeft},   {"Right", kKeyRight},   {"Up", kKeyUp},
-                                                    {"Down", kKeyDown},   {"PgUp", kKeyPageUp},   {"PgDn", kKeyPageDown},
-                                                    {"Space", ' '},       {"Esc", 27},            {"F1", kKeyF1}};
+  const std::pair<std::string_view, int> names[] = {
+      {"Left",  kKeyLeft    },
+      {"Right", kKeyRight   },
+      {"Up",    kKeyUp      },
+      {"Down",  kKeyDown    },
+      {"PgUp",  kKeyPageUp  },
+      {"PgDn",  kKeyPageDown},
+      {"Space", ' '         },
+      {"Esc",   27          },
+      {"F1",    kKeyF1      }
+  };
   std::istringstream in(keys);
   for (std::string word; in >> word;) {
     unsigned held = 0;
@@ -92,6 +101,7 @@ void ExpectAll(const KeyCase* cases, std::size_t n) {
 }
 
 TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
+  // clang-format off
   const KeyCase cases[] = {
       {kHistory, "a a a", [](const Session& s) { return s.data_plot.axis_option == 3 && s.run.redraw; }},
       {kHistory, "a a a a", [](const Session& s) { return s.data_plot.axis_option == 0; }},
@@ -138,11 +148,13 @@ TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
       {kHistory, "A-o A-s A-Space", [](const Session& s) { return !s.run.redraw; },
        "Plot Options : this menu is not available yet\nCurve Selection : this menu is not available yet\n"},
   };
+  // clang-format on
   ExpectAll(cases, std::size(cases));
 }
 
 // The sample's heave runs from -2.83219 to 1.38696 (numpy on the file), time from 0 to 74.75.
 TEST(DataPlotKeys, LimitsArePannedZoomedAndFitted) {
+  // clang-format off
   const KeyCase cases[] = {
       {kHistory, "b", [](const Session& s) { return LimitsAre(s, -10, 20, 70, -4, 2, 4); }},
       {kHistory, "Left Up", [](const Session& s) { return LimitsAre(s, -10, 10, 30, 0, 1, 4); }},
@@ -165,10 +177,12 @@ TEST(DataPlotKeys, LimitsArePannedZoomedAndFitted) {
       {kTrack, "X", [](const Session& s) { return !s.data_plot.x_axis_by_index; }},
       {kTrack, "^g", [](const Session& s) { return !s.data_plot.keep_aspect; }},
   };
+  // clang-format on
   ExpectAll(cases, std::size(cases));
 }
 
 TEST(DataPlotKeys, OtherCurvesQuantitiesAndKindsAreChosen) {
+  // clang-format off
   const KeyCase cases[] = {
       {kHistory, "s", [](const Session& s) { return s.data_plot.plot_component == 4 && s.data_plot.rescale; }},
       {kHistory, "6 s", [](const Session& s) { return s.data_plot.plot_component == 0; }},
@@ -193,10 +207,12 @@ TEST(DataPlotKeys, OtherCurvesQuantitiesAndKindsAreChosen) {
       {kHistory, "i I", [](const Session& s) { return s.data_plot.wave_overlay && !s.data_plot.wave_own_scale; }},
       {kBars, "i I", [](const Session& s) { return !s.data_plot.wave_overlay && s.data_plot.wave_own_scale; }},
   };
+  // clang-format on
   ExpectAll(cases, std::size(cases));
 }
 
 TEST(DataPlotKeys, StepsOfLoadDistributionsAreTakenOneByOneAndInRunMode) {
+  // clang-format off
   const KeyCase cases[] = {
       {kLoads, "PgUp", [](const Session& s) { return s.case_store.current_step == 99 && s.run.redraw; }},
       {kLoads, "PgDn PgDn", [](const Session& s) { return s.case_store.current_step == 102; }},
@@ -209,6 +225,7 @@ TEST(DataPlotKeys, StepsOfLoadDistributionsAreTakenOneByOneAndInRunMode) {
          return s.plot_session.run_on && Near(s.plot_session.run_t0, 24.75); }},
       {kLoads, "Space", [](const Session& s) { return !s.plot_session.run_on; }},  // the one before goes on till here
   };
+  // clang-format on
   ExpectAll(cases, std::size(cases));
   PlotView v{std::string(kSample)};
   v.Choose(kLoads, kVerticalForce, 0);
@@ -242,8 +259,8 @@ TEST(DataPlotKeys, WithOneComponentAllIsKept) {
   EXPECT_EQ(v.plot().plot_component, 0);
 }
 
-// Every key, with and without modifiers, on every kind, with and without a case: nothing may crash, and limits and sizes
-// stay numbers however often a key is pressed.
+// Every key, with and without modifiers, on every kind, with and without a case: nothing may crash, and limits and
+// sizes stay numbers however often a key is pressed.
 TEST(DataPlotKeys, NoKeyEndsTheProgram) {
   for (const std::string_view sample : {std::string_view(), kSample, std::string_view("impulse_responses.out")}) {
     PlotView v{std::string(sample)};
@@ -277,6 +294,7 @@ struct Talk {
 };
 
 TEST(DataPlotKeys, StepsAreAskedForOnTheTextScreen) {
+  // clang-format off
   const Talk talks[] = {
       {"^s", {"20"}, [](const Session& s) { return s.output.skip_initial == 20 && s.case_store.skip_effective == 20; }, ""},
       {"^S", {"5"}, [](const Session& s) { return s.output.skip_terminal == 5 && s.output.skip_initial == -1; }, ""},
@@ -294,6 +312,7 @@ TEST(DataPlotKeys, StepsAreAskedForOnTheTextScreen) {
       {"I", {""}, [](const Session& s) { return s.data_plot.marked_steps == std::vector<int>{3}; },
        "Returning to plot ...\n"},
   };
+  // clang-format on
   for (const Talk& talk : talks) {
     PlotView v{std::string(kSample)};
     v.Choose(kTrack, kPosition, 0);
@@ -320,12 +339,12 @@ TEST(DataPlotKeys, PlotDataGoToAFile) {
     int iqnt;
     const char *begins, *said;
   } cases[] = {
-      {kHistory, kPosition, "Time History of Position of CG", "Time history data written to file\n"},
-      {kTrack, kPosition, "Trajectory for ZAVO file irregular_head.out", "Trajectory data written to file\n"},
-      {kBars, kPosition, "Histogram of Position of CG", "Histogram data written to file\n"},
-      {kCovariance, kPosition, "Autocovariance of Position of CG, pmgg(3)", "Autocovariance data written to file\n"},
+      {kHistory,                  kPosition, "Time History of Position of CG",              "Time history data written to file\n"  },
+      {kTrack,                    kPosition, "Trajectory for ZAVO file irregular_head.out", "Trajectory data written to file\n"    },
+      {kBars,                     kPosition, "Histogram of Position of CG",                 "Histogram data written to file\n"     },
+      {kCovariance,               kPosition, "Autocovariance of Position of CG, pmgg(3)",   "Autocovariance data written to file\n"},
       {PlotKind::autocorrelation, kPosition, "Autocorrelation of Position of CG",
-       "Autocorrelation data written to file\n"},
+       "Autocorrelation data written to file\n"                                                                                    },
   };
   for (const auto& c : cases) {
     PlotView v{std::string(kSample)};
@@ -355,8 +374,9 @@ TEST(DataPlotKeys, AnswersThatNobodyAskedForAreTold) {
   v.session.plot_session.screen_io_option = kFileQuestion;
   v.session.plot_session.screen_io_step = 3;
   TopScreenInput(v.session, "name");
-  EXPECT_EQ(v.fake.output, "TopScreenInput Logic error : screen_io_option=9\n"
-                           "TopScreenInput Logic error : screen_io_step=3\n");
+  EXPECT_EQ(v.fake.output,
+            "TopScreenInput Logic error : screen_io_option=9\n"
+            "TopScreenInput Logic error : screen_io_step=3\n");
 }
 
 TEST(DataPlotKeys, HelpListsTheKeysOfTheKind) {
@@ -366,14 +386,14 @@ TEST(DataPlotKeys, HelpListsTheKeysOfTheKind) {
     const char* line;
     bool there;
   } cases[] = {
-      {kHistory, " a      Toggle axis plot options", true},
-      {kHistory, "^P      Toggle position of peak statitics overlay", true},
-      {kBars, "^P      Toggle position of peak statitics overlay", false},
+      {kHistory, " a      Toggle axis plot options",                                  true },
+      {kHistory, "^P      Toggle position of peak statitics overlay",                 true },
+      {kBars,    "^P      Toggle position of peak statitics overlay",                 false},
       {kHistory, "Space bar - Start/stop run mode (plotting time steps in sequence)", false},
-      {kLoads, "Space bar - Start/stop run mode (plotting time steps in sequence)", true},
-      {kBand, "{/}     Plot previous/next statistic (confidence interval plots)", true},
-      {kBand, "{/}     Plot previous/next quantity without reseting plot scales", false},
-      {kLoads, "{/}     Plot previous/next quantity without reseting plot scales", true},
+      {kLoads,   "Space bar - Start/stop run mode (plotting time steps in sequence)", true },
+      {kBand,    "{/}     Plot previous/next statistic (confidence interval plots)",  true },
+      {kBand,    "{/}     Plot previous/next quantity without reseting plot scales",  false},
+      {kLoads,   "{/}     Plot previous/next quantity without reseting plot scales",  true },
   };
   for (const auto& c : cases) {
     v.plot().kind = c.kind;
