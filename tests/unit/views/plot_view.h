@@ -26,6 +26,24 @@ inline std::string SampleBytes(const std::string& name) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+// Pixels are those of one driver on every machine.
+inline void UseSoftwareDriver() {
+  setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+  setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+}
+
+// "irregular_head.out": another one joins it where it matches. What was said is forgotten.
+inline void ReadSample(Session& session, FakePlatform& fake, const std::string& sample) {
+  const std::string name = sample.find('/') == std::string::npos ? sample : sample.substr(sample.rfind('/') + 1);
+  fake.Put(name, SampleBytes(sample));
+  ReadRequest request;
+  request.name = name;
+  const ReadOutcome outcome =
+      read_output_file(request, session.platform, session.run, session.output, session.case_store, session.ensemble);
+  EXPECT_EQ(outcome, ReadOutcome::ok) << fake.output;
+  fake.output.clear();
+}
+
 struct PixelBox {
   int left = 1000000, right = -1, top = 1000000, bottom = -1;  // y down, ends included
   int count = 0;
@@ -38,8 +56,7 @@ struct PlotView {
   std::vector<unsigned char> rgb;
 
   explicit PlotView(const std::string& sample, int width = 500, int height = 400) {
-    setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
-    setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+    UseSoftwareDriver();
     session.platform = fake.Get();
     if (!sample.empty()) Read(sample);
     Platform& platform = session.platform;
@@ -57,17 +74,7 @@ struct PlotView {
   PlotView& operator=(const PlotView&) = delete;
   ~PlotView() { FreeOffscreenWindows(windows); }
 
-  // "irregular_head.out": another one joins it where it matches.
-  void Read(const std::string& sample) {
-    const std::string name = sample.find('/') == std::string::npos ? sample : sample.substr(sample.rfind('/') + 1);
-    fake.Put(name, SampleBytes(sample));
-    ReadRequest request;
-    request.name = name;
-    const ReadOutcome outcome =
-        read_output_file(request, session.platform, session.run, session.output, session.case_store, session.ensemble);
-    EXPECT_EQ(outcome, ReadOutcome::ok) << fake.output;
-    fake.output.clear();
-  }
+  void Read(const std::string& sample) { ReadSample(session, fake, sample); }
 
   DataPlotState& plot() { return session.data_plot; }
 
