@@ -74,6 +74,7 @@ struct DumpOrder {
   bool waiting = false;    // the next one is
   std::string name;        // blank: a numbered one
   int idle_count = 0;
+  bool failed = false;  // a picture couldn't be written
 };
 
 // The kernel's calls upward, filled once by whoever starts the graphics. Clicks in the world of the selected

@@ -80,7 +80,7 @@ void LeaveView(GksState& gks) {
 }
 
 void Dump(GksState& gks) {
-  GKSDUMP(*gks.platform, gks, kDumpOption);
+  if (!GKSDUMP(*gks.platform, gks, kDumpOption)) gks.dump.failed = true;
   gks.dump.idle_count = 0;
   gks.dump.waiting = false;
   SetIdle(*gks.platform, gks, false);

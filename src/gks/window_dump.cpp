@@ -55,59 +55,69 @@ const DumpKind* KindOfName(std::string_view name) {
   return nullptr;
 }
 
-// The first free one, always from 1. False: there is none.
-bool FindFreeName(const Files& files, const DumpKind& kind, std::string& name) {
+// The first free one, always from 1. It is taken at once, so that programs side by side never take the same.
+// False: there is none.
+bool TakeFreeName(const Files& files, const DumpKind& kind, std::string& name) {
   for (int n = 1; n < kNames; ++n) {
     name = fmt::format("dump{:04}.{}", n, kind.extension);
-    if (!files.facts(files.self, name).exists) return true;
+    if (files.facts(files.self, name).exists) continue;
+    const FileHandle file = files.open_write(files.self, name, WriteHow::create_new, 0);
+    if (file != kNoFile) {
+      static_cast<void>(files.close(files.self, file));
+      return true;
+    }
+    if (!files.facts(files.self, name).exists) return true;  // can't be made at all: told by the writing
   }
   return false;
 }
 
-void WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& kind, const std::string& name) {
+bool WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& kind, const std::string& name) {
   const int width = gks.window.width, height = gks.window.height;
-  if (width < 1 || height < 1) return;
+  if (width < 1 || height < 1) return false;
   std::vector<unsigned char> rgb;
   if (!Grow(rgb, static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)) {
     SayLine(platform.console, kNoMemory);
-    return;
+    return false;
   }
   if (!platform.window.read_picture(platform.window.self, width, height, rgb.data())) {
     SayLine(platform.console, kNoPicture);
-    return;
+    return false;
   }
   const auto write = [&](const std::string& file, PictureFormat format) {
-    if (!WritePicture(platform, file, format, width, height, rgb)) Say(platform.console, kNotWritten, file);
+    if (WritePicture(platform, file, format, width, height, rgb)) return true;
+    Say(platform.console, kNotWritten, file);
+    return false;
   };
   if (kind.format == PictureFormat::png) Say(platform.console, kWriting, name);
   else {
-    write(std::string(kStep), PictureFormat::png);
+    static_cast<void>(write(std::string(kStep), PictureFormat::png));
     Say(platform.console, kConverting, kStep, name);
   }
-  write(name, kind.format);
+  return write(name, kind.format);
 }
 
 }  // namespace
 
-void GKSDUMP(const Platform& platform, GksState& gks, int option) {
+bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
   const int wanted = option == -1 ? kUsualOption : option;
   const DumpKind* kind = KindOfOption(wanted);
   if (kind == nullptr) {
     Say(platform.console, kIllegalOption, option);
-    return;
+    return false;
   }
   std::string name(TrimEnd(std::exchange(gks.dump.name, {})));
   if (!name.empty()) {
     const DumpKind* const named = KindOfName(name);
-    WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);
-    return;
+    return WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);
   }
-  if (wanted == kind->fixed) name = fmt::format("gl.{}", kind->extension);
-  else if (!FindFreeName(platform.files, *kind, name)) {
+  if (wanted == kind->fixed) return WriteWindow(platform, gks, *kind, fmt::format("gl.{}", kind->extension));
+  if (!TakeFreeName(platform.files, *kind, name)) {
     Say(platform.console, kNoMoreNames, kind->extension);
-    return;
+    return false;
   }
-  WriteWindow(platform, gks, *kind, name);
+  if (WriteWindow(platform, gks, *kind, name)) return true;
+  static_cast<void>(platform.files.remove(platform.files.self, name));
+  return false;
 }
 
 }  // namespace zaview

@@ -1,6 +1,7 @@
 #include "script/open_script_file.h"
 
 #include <string>
+#include <utility>
 
 #include "base/message.h"
 #include "base/text.h"
@@ -140,7 +141,8 @@ int AskForScript(Session& session) {
 int ResumeOrStart(Session& session, std::string_view name) {
   if (session.run.plot_suboption > 0 && session.script.open) {
     session.run.plot_suboption = 0;
-    return session.run.plot_failed ? EndFailedPlot(session) : RunOpenScript(session);
+    const bool no_picture = std::exchange(session.gks.dump.failed, false);
+    return session.run.plot_failed || no_picture ? EndFailedPlot(session) : RunOpenScript(session);
   }
   return IsBlank(name) ? AskForScript(session) : StartScript(session, name);
 }

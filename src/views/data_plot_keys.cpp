@@ -312,7 +312,7 @@ bool AskFile(Session& s) {
 }
 
 bool DumpWindow(Session& s) {
-  GKSDUMP(s.platform, s.gks, kNumberedPng);
+  static_cast<void>(GKSDUMP(s.platform, s.gks, kNumberedPng));
   return false;
 }
 

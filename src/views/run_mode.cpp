@@ -57,11 +57,6 @@ void OpenPendingMenu(Session& s) {
   SayLine(s.platform.console, kNoMenu);
 }
 
-void MarkForRedraw(Session& s) {
-  s.run.redraw = true;
-  s.data_plot.redo_load = true;
-}
-
 }  // namespace
 
 bool TopIdle(Session& session) {
@@ -72,17 +67,17 @@ bool TopIdle(Session& session) {
     return false;
   }
   if (p.run_dump && p.idle_count < kDrawnBeforeDump) {
-    MarkForRedraw(session);
+    session.run.redraw = true;
     return true;
   }
-  if (p.run_dump) GKSDUMP(session.platform, session.gks, kNumberedPng);
+  if (p.run_dump) static_cast<void>(GKSDUMP(session.platform, session.gks, kNumberedPng));
   p.idle_count = 0;
   if (AtLastStep(session)) {  // its picture is stored too
     Stop(session);
     return false;
   }
   if (!Advance(session)) return false;
-  MarkForRedraw(session);
+  session.run.redraw = true;
   if (AtLastStep(session) && !p.run_dump) Stop(session);
   return true;
 }
