@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the program alone and runs a first script on a sample: ends with a table of confidence intervals on the screen.
+# Builds the program alone and runs a first script on a sample: leaves a picture, ends with a table of confidence intervals
+# on the screen.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

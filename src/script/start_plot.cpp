@@ -14,7 +14,8 @@ bool SameQuantity(const QuantityRequest& a, const QuantityRequest& b) {
 void ForgetLimits(Session& session, const PlotRequest& wanted) {
   DataPlotState& plot = session.data_plot;
   const bool same_case = plot.case_serial == session.case_store.serial && plot.settings == session.output;
-  const bool same_plot = plot.kind == wanted.kind && SameQuantity(plot.quantity, wanted.quantity);
+  const bool same_plot = plot.kind == wanted.kind && SameQuantity(plot.quantity, wanted.quantity) &&
+                         plot.of_ensemble == wanted.of_ensemble && plot.statistic == wanted.statistic;
   if (!same_plot || !same_case) plot.hidden.clear();
   const bool same_axes = same_plot && same_case && plot.plot_component == wanted.quantity.curve;
   if (same_axes || (plot.keep_scale && plot.kind == wanted.kind)) return;
