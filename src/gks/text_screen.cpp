@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include <GL/gl.h>
 
@@ -23,6 +25,7 @@ constexpr int kLeft = 10, kPitch = 17;  // pixels
 constexpr int kHalfPitch = 15;          // of two lines above the middle of the window
 constexpr int kBitmapTab = 45, kStrokeTab = 60;
 constexpr float kStrokeScale = 0.126F;
+constexpr std::string_view kFurtherIn = "        ";  // where a broken line goes on
 constexpr GksColour kFallbackColour{0.0F, 1.0F, 0.0F};
 constexpr int kEnter = 13, kEscape = 27, kBackspace = 8, kDelete = 127;
 
@@ -78,6 +81,16 @@ int FirstBaseline(const GksState& gks, TextScreen& screen) {
 std::string InputLine(const TextScreen& screen) {
   if (screen.prompt.empty() || screen.typed.empty()) return screen.prompt + screen.typed;
   return screen.prompt + " " + screen.typed;
+}
+
+// Where a line has to be broken for a window of this width: at its last blank that fits. Its own end if it fits, or has
+// no such blank, or columns.
+std::size_t LineEnd(const GksState& gks, std::string_view line) {
+  constexpr int kCharWidth = 9;
+  const std::size_t columns = static_cast<std::size_t>(std::max(gks.window.width - 2 * kLeft, 0) / kCharWidth);
+  if (line.size() <= columns || line.find('\t') != std::string_view::npos) return line.size();
+  const std::size_t blank = line.rfind(' ', columns), begin = line.find_first_not_of(' ');
+  return blank == std::string_view::npos || blank < begin || blank <= kFurtherIn.size() ? line.size() : blank;
 }
 
 // ---- Keys
@@ -145,8 +158,14 @@ void gksScreenPrompt(const Platform& platform, GksState& gks, ScreenMode mode, s
 }
 
 void gksScreenLine(GksState& gks, std::string_view text, int number) {
-  if (number == 0) gks.screen.lines.clear();
-  if (gks.screen.lines.size() < kMostLines) gks.screen.lines.emplace_back(TrimEnd(text).substr(0, kColumns));
+  std::vector<std::string>& lines = gks.screen.lines;
+  if (number == 0) lines.clear();
+  std::string rest(TrimEnd(text).substr(0, kColumns));
+  for (std::size_t end = LineEnd(gks, rest); end < rest.size() && lines.size() < kMostLines; end = LineEnd(gks, rest)) {
+    lines.push_back(rest.substr(0, end));
+    rest = std::string(kFurtherIn).append(rest, end + 1);
+  }
+  if (lines.size() < kMostLines) lines.push_back(std::move(rest));
 }
 
 void gksScreenShow(const Platform& platform, GksState& gks) {

@@ -12,8 +12,8 @@ namespace zaview {
 // Shows the text screen with a question. The answer goes to the screen_input hook.
 void gksScreenPrompt(const Platform& platform, GksState& gks, ScreenMode mode, std::string_view prompt,
                      std::string_view fallback);
-// Appends a line (256 columns); number 0 clears the screen first. At most 100 lines, later ones are dropped. The lines
-// stand until their screen ends.
+// Appends a line (256 columns), broken at blanks where the window is too narrow; number 0 clears the screen first. At
+// most 100 lines, later ones are dropped. The lines stand until their screen ends.
 void gksScreenLine(GksState& gks, std::string_view text, int number);
 void gksScreenShow(const Platform& platform, GksState& gks);  // text only: any key goes on
 

@@ -67,6 +67,17 @@ TEST(TextScreen, KeepsAHundredLinesAndAsManyColumnsAsItHas) {
   EXPECT_GT(d.Lit().count, 1000);
 }
 
+// 200 pixels have room for 20 letters.
+TEST(TextScreen, BreaksLongLinesAtBlanks) {
+  Drawing d(200, 200);
+  gksScreenLine(d.gks, " w      Write the data of the plot", 0);
+  gksScreenLine(d.gks, "twenty letters, fits", 1);
+  gksScreenLine(d.gks, "a_word_that_is_longer_than_the_window", 2);
+  const std::vector<std::string> lines = {" w      Write the", "        data of the", "        plot",
+                                          "twenty letters, fits", "a_word_that_is_longer_than_the_window"};
+  EXPECT_EQ(d.gks.screen.lines, lines);
+}
+
 // 170 pixels: 9 lines a page.
 TEST(TextScreen, PagesAheadOfTheAnswer) {
   const struct {
