@@ -5,6 +5,7 @@
 #include <csetjmp>
 #include <cstddef>
 #include <cstdint>
+#include <dlfcn.h>
 #include <gd.h>
 #include <string_view>
 #include <vector>
@@ -67,14 +68,42 @@ bool PutPng(const Rows& rows, OutputFile& out) {
   return done;
 }
 
-// ---- BMP and GIF
+// ---- BMP and GIF. The library and the many it needs are opened for the first of them: they would cost every start of
+// the program ten times its own.
+
+struct GdCalls {
+  decltype(&gdImageCreate) create = nullptr;
+  decltype(&gdImageCreateTrueColor) create_true_colour = nullptr;
+  decltype(&gdImageColorAllocate) allocate = nullptr;
+  decltype(&gdImageTrueColorToPalette) to_palette = nullptr;
+  decltype(&gdImageGifPtr) gif = nullptr;
+  decltype(&gdImageBmpPtr) bmp = nullptr;
+  decltype(&gdImageDestroy) destroy = nullptr;
+  decltype(&gdFree) free = nullptr;
+};
+
+template <typename Call>
+bool Load(void* library, const char* name, Call& call) {
+  call = reinterpret_cast<Call>(dlsym(library, name));
+  return call != nullptr;
+}
+
+bool OpenGd(GdCalls& gd) {
+  void* const library = dlopen("libgd.so.3", RTLD_NOW | RTLD_LOCAL);  // stays open: the next picture needs it too
+  return library != nullptr && Load(library, "gdImageCreate", gd.create) &&
+         Load(library, "gdImageCreateTrueColor", gd.create_true_colour) &&
+         Load(library, "gdImageColorAllocate", gd.allocate) &&
+         Load(library, "gdImageTrueColorToPalette", gd.to_palette) && Load(library, "gdImageGifPtr", gd.gif) &&
+         Load(library, "gdImageBmpPtr", gd.bmp) && Load(library, "gdImageDestroy", gd.destroy) &&
+         Load(library, "gdFree", gd.free);
+}
 
 std::uint32_t Packed(const unsigned char* p) {
   return static_cast<std::uint32_t>(p[0]) << 16U | static_cast<std::uint32_t>(p[1]) << 8U | p[2];
 }
 
-gdImagePtr MakeTrueColour(const Rows& rows) {
-  const gdImagePtr image = gdImageCreateTrueColor(rows.width, rows.height);
+gdImagePtr MakeTrueColour(const GdCalls& gd, const Rows& rows) {
+  const gdImagePtr image = gd.create_true_colour(rows.width, rows.height);
   if (image == nullptr) return nullptr;
   for (int y = 0; y < rows.height; ++y) {
     const unsigned char* p = rows.FromTop(y);
@@ -99,12 +128,12 @@ bool FindColours(const Rows& rows, std::vector<std::uint32_t>& colours) {
   return true;
 }
 
-gdImagePtr MakePalette(const Rows& rows, const std::vector<std::uint32_t>& colours) {
-  const gdImagePtr image = gdImageCreate(rows.width, rows.height);
+gdImagePtr MakePalette(const GdCalls& gd, const Rows& rows, const std::vector<std::uint32_t>& colours) {
+  const gdImagePtr image = gd.create(rows.width, rows.height);
   if (image == nullptr) return nullptr;
   for (const std::uint32_t c : colours)
-    static_cast<void>(gdImageColorAllocate(image, static_cast<int>(c >> 16U), static_cast<int>(c >> 8U & 255U),
-                                           static_cast<int>(c & 255U)));
+    static_cast<void>(
+        gd.allocate(image, static_cast<int>(c >> 16U), static_cast<int>(c >> 8U & 255U), static_cast<int>(c & 255U)));
   auto at = colours.begin();
   for (int y = 0; y < rows.height; ++y) {
     const unsigned char* p = rows.FromTop(y);
@@ -118,23 +147,25 @@ gdImagePtr MakePalette(const Rows& rows, const std::vector<std::uint32_t>& colou
 }
 
 // Plots have few colours and keep them exactly; a picture with more gets the 256 that fit best.
-gdImagePtr MakeFewColours(const Rows& rows) {
+gdImagePtr MakeFewColours(const GdCalls& gd, const Rows& rows) {
   std::vector<std::uint32_t> colours;
-  if (FindColours(rows, colours)) return MakePalette(rows, colours);
-  const gdImagePtr image = MakeTrueColour(rows);
-  if (image != nullptr) gdImageTrueColorToPalette(image, 0, static_cast<int>(kPalette));
+  if (FindColours(rows, colours)) return MakePalette(gd, rows, colours);
+  const gdImagePtr image = MakeTrueColour(gd, rows);
+  if (image != nullptr) gd.to_palette(image, 0, static_cast<int>(kPalette));
   return image;
 }
 
 bool PutGdImage(PictureFormat format, const Rows& rows, OutputFile& out) {
-  const gdImagePtr image = format == PictureFormat::gif ? MakeFewColours(rows) : MakeTrueColour(rows);
+  GdCalls gd;
+  if (!OpenGd(gd)) return false;
+  const gdImagePtr image = format == PictureFormat::gif ? MakeFewColours(gd, rows) : MakeTrueColour(gd, rows);
   if (image == nullptr) return false;
   int size = 0;
-  void* const bytes = format == PictureFormat::gif ? gdImageGifPtr(image, &size) : gdImageBmpPtr(image, &size, 0);
-  gdImageDestroy(image);
+  void* const bytes = format == PictureFormat::gif ? gd.gif(image, &size) : gd.bmp(image, &size, 0);
+  gd.destroy(image);
   if (bytes == nullptr) return false;
   WriteOutput(out, {static_cast<const char*>(bytes), static_cast<std::size_t>(size)});
-  gdFree(bytes);
+  gd.free(bytes);
   return !out.failed;
 }
 
