@@ -1,4 +1,5 @@
 // Settings that the views read: sizes, grid, backgrounds, and limits of the sensor view.
+#include <algorithm>
 #include <vector>
 
 #include "base/number_parse.h"
@@ -14,6 +15,7 @@ namespace {
 
 inline constexpr std::string_view kIllegal = "ERROR - illegal arguments for {} command";
 inline constexpr std::string_view kMissing = "ERROR - missing or insufficient arguments for {} command";
+constexpr int kLargestWindow = 16384;  // pixels; what OpenGL can draw into
 
 struct Pair {
   float first = 0, second = 0;
@@ -50,7 +52,8 @@ int RunWindowSize(ScriptCall& call) {
   if (status != kScriptOk) return status;
   const int width = RoundToInt(static_cast<double>(size.first));
   const int height = RoundToInt(static_cast<double>(size.second));
-  if (width < 1 || height < 1) return Fail(call, kScriptBadArgument, kIllegal, "WINDOW_SIZE");
+  if (std::min(width, height) < 1 || std::max(width, height) > kLargestWindow)
+    return Fail(call, kScriptBadArgument, kIllegal, "WINDOW_SIZE");
   glResizeWindow(call.session.platform, call.session.gks, width, height);
   return kScriptOk;
 }

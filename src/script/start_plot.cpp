@@ -46,6 +46,7 @@ bool StartPlot(Session& session, const PlotRequest& wanted, int suboption) {
   plot.case_serial = session.case_store.serial;
   plot.settings = session.output;
   session.run.plot_failed = false;
+  session.gks.dump.failed = false;
   session.run.redraw = true;
   session.run.plot_suboption = suboption;
   session.run.plot_module = 1;

@@ -8,6 +8,7 @@
 #include "gks/gks_control.h"
 #include "gks/gks_window.h"
 #include "views/data_plot.h"
+#include "views/screen_dialogue.h"
 
 namespace zaview {
 
@@ -66,6 +67,7 @@ void LeaveForDialogue(Session& s) {
 void GiveUpView(Session& s) {
   s.run.plot_failed = true;
   s.gks.dump.waiting = false;
+  s.gks.dump.name.clear();
   gksWindowHideNow(s.platform, s.gks);
 }
 
@@ -125,6 +127,7 @@ void TopMouse(Session& session, int button, float x, float y) {
 }
 
 void TopKeyboard(Session& session, int key, float, float) {
+  session.plot_session.screen_io_option = kNoQuestion;  // one that still stood there went with its window
   if (const View* view = ViewOf(session)) view->keyboard(session, key);
   AfterEvent(session);
 }
