@@ -1,6 +1,7 @@
 #include "views/plot_session.h"
 
 #include <string_view>
+#include <vector>
 
 #include "frame/zaview_exit.h"
 #include "plot_view.h"
@@ -99,6 +100,91 @@ TEST(PlotSession, AFailedPictureIsForgottenByTheNextPlot) {
   EXPECT_EQ(v.Run(), kRunOk) << v.fake.output;
   EXPECT_FALSE(v.session.gks.dump.failed);
   EXPECT_TRUE(v.fake.files.contains("dump0001.gif"));
+}
+
+// ---- Run mode
+struct LoadRun : PlotView {
+  LoadRun() : PlotView("irregular_head.out") {
+    constexpr int kBendingMoment = 13;
+    SetHooks(session);
+    Choose(PlotKind::load_dist, kBendingMoment, 0);
+    Show();
+  }
+  CaseStore& store() { return session.case_store; }
+  void Begin(int step) {
+    store().current_step = step;
+    TopKeyboard(session, ' ', 0, 0);
+    EXPECT_TRUE(session.plot_session.run_on && session.gks.window.idle_on);
+  }
+  // The steps drawn in so many idle calls.
+  std::vector<int> Idle(int calls) {
+    std::vector<int> drawn;
+    for (int i = 0; i < calls && session.gks.window.idle_on; ++i) {
+      if (!TopIdle(session)) continue;
+      Show();
+      drawn.push_back(store().current_step);
+    }
+    return drawn;
+  }
+};
+
+TEST(RunMode, EndsWithTheLastStepAndItsPicture) {
+  for (const bool dumps : {false, true}) {
+    LoadRun run;
+    const int last = run.store().last_step;
+    run.Begin(last - 2);
+    run.session.plot_session.run_dump = dumps;
+    const std::vector<int> drawn = run.Idle(100);
+    // Each picture is drawn until it is stored, the first one too.
+    if (dumps) EXPECT_EQ(drawn, (std::vector<int>{last - 2, last - 2, last - 1, last - 1, last - 1, last, last, last}));
+    else EXPECT_EQ(drawn, (std::vector<int>{last - 1, last}));
+    EXPECT_FALSE(run.session.plot_session.run_on || run.session.plot_session.run_dump);
+    EXPECT_FALSE(run.session.gks.window.idle_on);
+    EXPECT_EQ(run.fake.files.contains("dump0003.png"), dumps);
+    EXPECT_FALSE(run.fake.files.contains("dump0004.png"));
+  }
+}
+
+TEST(RunMode, KeepsTimeWithTheClock) {
+  LoadRun run;
+  constexpr float kSlower = 2;
+  run.session.motion_view.run_sync = true;
+  run.session.motion_view.run_sync_factor = kSlower;
+  run.fake.seconds = 1000;
+  run.Begin(150);
+  const double step = static_cast<double>((run.store().time.at(1, 151) - run.store().time.at(1, 150)) *
+                                          run.session.output.scales.T * kSlower);
+  const struct {
+    double steps;  // that have gone by
+    int shown;     // 0: nothing new
+  } cases[] = {
+      {0.0, 0  },
+      {0.9, 0  },
+      {1.1, 151},
+      {1.9, 0  },
+      {4.1, 154},
+      {1e6, 300}
+  };
+  for (const auto& c : cases) {
+    run.fake.seconds = 1000 + c.steps * step;
+    EXPECT_EQ(run.Idle(1), c.shown == 0 ? std::vector<int>{} : std::vector<int>{c.shown}) << c.steps;
+  }
+  EXPECT_FALSE(run.session.plot_session.run_on || run.session.gks.window.idle_on);
+}
+
+// From one view to another without the text menu: there is no dialogue here that could be called.
+TEST(PlotSession, AChangeOfViewPassesTheMenuBy) {
+  LoadRun run;
+  run.session.run.change_module = 1;
+  run.session.run.plot_module = 2;
+  run.fake.output.clear();
+  TopRender(run.session, false);
+  EXPECT_EQ(run.fake.output, "change_module=1\nHit the 'h' key for HELP, Alt-o for Options menu\n");
+  EXPECT_TRUE(run.session.run.view_is_new && run.session.gks.window.idle_on);
+  EXPECT_EQ(run.session.run.plot_module, 1);
+  EXPECT_EQ(run.session.run.change_module, 0);
+  EXPECT_FALSE(TopIdle(run.session));  // the options menu
+  EXPECT_FALSE(run.session.plot_session.menu_pending || run.session.gks.window.idle_on);
 }
 
 }  // namespace
