@@ -21,8 +21,10 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kHelpHint = "Hit the 'h' key for HELP, Alt-o for Options menu";
-constexpr float kTicks = 1.0F;        // a page unit
-constexpr float kNumberGap = 1.5F;    // character heights from a curve's end to its number, and between numbers
+constexpr std::string_view kLeftOut = "{} NOT included when all are plotted";
+constexpr float kTicks = 1.0F;      // a page unit
+constexpr float kNumberGap = 1.5F;  // character heights from a curve's end to its number, and between numbers
+constexpr float kPageMargin = 0.1F;
 constexpr float kHalfCapital = 0.5F;  // character heights by which the baseline of a number is below its curve
 
 struct Range {
@@ -145,7 +147,12 @@ struct NumberPlace {
   int position = 1, of = 1;  // of the numbers
 };
 
-// Each number further right than the one before, so that those of curves which end together can be told apart.
+bool HasRightAxis(const DataPlotState& plot) {
+  return plot.kind == PlotKind::history && plot.wave_overlay && plot.wave_own_scale;
+}
+
+// Each number further right than the one before, so that those of curves which end together can be told apart; in the
+// area where labels stand right of it.
 void DrawNumber(const DataPlotState& plot, PlotDraw draw, const DrawnCurve& curve, NumberPlace place) {
   const PlotPage& page = draw.page;
   std::size_t last = 0;
@@ -154,10 +161,19 @@ void DrawNumber(const DataPlotState& plot, PlotDraw draw, const DrawnCurve& curv
   const float y = (curve.y[last] - page.y_origin) / (page.y_end - page.y_origin) * page.area_height + page.area_y;
   const std::string text = fmt::format("{}", curve.component);
   const float room = page.page_width - TextWidth(draw, text, plot.annot_size);
-  const float margin = room - page.area_x - page.area_width;
-  const float gap = std::min(kNumberGap * plot.annot_size, margin / static_cast<float>(place.of));
-  const float at = std::min(x + gap * static_cast<float>(place.position), room);
+  const float right = page.area_x + page.area_width, of = static_cast<float>(place.of);
+  const bool in_area = HasRightAxis(plot);
+  const float gap =
+      in_area ? kNumberGap * plot.annot_size : std::min(kNumberGap * plot.annot_size, (room - right) / of);
+  const float from = in_area ? std::min(x, right - gap * (of + 1.0F)) : x;
+  const float at = std::min(from + gap * static_cast<float>(place.position), room);
   PageText(draw, text, at, y - kHalfCapital * plot.annot_size, plot.annot_size, TextSide::left);
+}
+
+std::string_view WordFor(const CaseStore& store, int iqnt) {
+  const QuantityRow* row = store.time_history() ? FindQuantity(iqnt) : nullptr;
+  if (row != nullptr && row->load_kind != 0) return "Load plane";
+  return row == nullptr || row->scale == ScaleKind::force ? "Direction" : "Motion";
 }
 
 }  // namespace
@@ -248,6 +264,14 @@ void DrawCurves(Session& session, PlotDraw draw) {
   dgColour(draw, 1);
 }
 
+void DrawLeftOut(const Session& session, PlotDraw draw) {
+  const DataPlotState& plot = session.data_plot;
+  const auto i = static_cast<std::size_t>(plot.plot_component - 1);
+  if (plot.plot_component < 1 || i >= plot.hidden.size() || plot.hidden[i] == 0) return;
+  const std::string text = fmt::format(kLeftOut, WordFor(session.case_store, plot.quantity.iqnt));
+  PageText(draw, text, kPageMargin, kPageMargin, plot.annot_size, TextSide::left);
+}
+
 bool FitAxes(const Session& session, FitOver over, PlotLimits& limits) {
   const DataPlotState& plot = session.data_plot;
   std::vector<DrawnCurve> curves;
@@ -257,13 +281,12 @@ bool FitAxes(const Session& session, FitOver over, PlotLimits& limits) {
   for (const DrawnCurve& curve : curves) {
     for (std::size_t i = 0; i < std::min(curve.x.size(), curve.y.size()); ++i) {
       const float at = curve.x[i];
-      if (!std::isfinite(at) || !std::isfinite(curve.y[i])) continue;
-      if (over == FitOver::shown_steps && (at < left || at > right)) continue;
+      if (!std::isfinite(at) || (over == FitOver::shown_steps && (at < left || at > right))) continue;
       x.Take(at);
-      y.Take(curve.y[i]);
+      if (std::isfinite(curve.y[i])) y.Take(curve.y[i]);
     }
   }
-  if (!(x.low <= x.high)) return false;
+  if (!(y.low <= y.high)) return false;
   limits = {x.low, dgRoundAxis(x.low, x.high, kTicks, XLength(plot)).step, x.high,
             y.low, dgRoundAxis(y.low, y.high, kTicks, YLength(plot)).step, y.high};
   return true;

@@ -31,8 +31,9 @@ bool IsBetween(float value, float a, float b) {
   return value >= std::min(a, b) && value <= std::max(a, b);
 }
 
-bool InPlot(const PlotLimits& l, PlotPoint at) {
-  return IsBetween(at.x, l.x_min, l.x_max) && IsBetween(at.y, l.y_min, l.y_max);
+// In the axes as they are drawn: limits that are equal are drawn apart.
+bool InPlot(const PlotPage& page, PlotPoint at) {
+  return IsBetween(at.x, page.x_origin, page.x_end) && IsBetween(at.y, page.y_origin, page.y_end);
 }
 
 // Page units a unit of the axes as they are drawn.
@@ -105,7 +106,7 @@ void TakeChoice(Session& s, PlotPoint at) {
 
 void FirstCorner(Session& s, PlotPoint at) {
   DataPlotState& plot = s.data_plot;
-  if (InPlot(plot.limits, at)) {
+  if (InPlot(s.page, at)) {
     plot.zoom_pending = true;
     plot.zoom_x0 = at.x;
     plot.zoom_y0 = at.y;
@@ -152,7 +153,7 @@ void zaviewmouse(Session& session, int button, float x, float y) {
   if (plot.popup_open) return TakeChoice(session, at);
   const GksModifiers held = gksMouseButtons(session.gks);
   if (held.alt || held.control) return OpenPopup(session, at);
-  if (button == kRightButton && !held.shift && InPlot(plot.limits, at)) {
+  if (button == kRightButton && !held.shift && InPlot(session.page, at)) {
     DropZoom(session);
     return Measure(session, at);
   }

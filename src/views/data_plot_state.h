@@ -31,11 +31,25 @@ struct PlotLimits {
   float x_min = 0, x_step = 1, x_max = 1, y_min = 0, y_step = 1, y_max = 1;
 };
 
+// Statistics of the one curve of a time history: lines with their names, and a block of values.
+struct OverlayLine {
+  float y = 0;
+  int colour = 1;
+  std::string name;
+};
+
+struct StatOverlay {
+  std::vector<OverlayLine> lines;
+  std::vector<std::string> texts;
+};
+
 // What the plots are made of, each kind its own part; remade when its flag says that it is out of date.
 struct DataPlotDerived {
-  PlotKind history_of = PlotKind::none;  // the kind for which the next two were made
-  PlotData history;                      // all components; also the track and the loads
-  std::vector<float> step_x;             // of the same points: their step index
+  PlotKind history_of = PlotKind::none;       // the kind for which the next two were made
+  PlotData history;                           // all components; also the track and the loads
+  std::vector<float> step_x;                  // of the same points: their step index
+  int overlay_of = 0, overlay_component = 0;  // show_stats and curve for which the next was made; 0: none
+  StatOverlay overlay;
   Histogram histogram;
   std::vector<float> bar_x, bar_y;           // the upper ends of its bars, two points each
   PlotKind correlation_of = PlotKind::none;  // the kind for which the next were made

@@ -24,7 +24,6 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kLeftOut = "{} NOT included when all are plotted";
 constexpr std::string_view kWave = "Eta0";
 constexpr float kRightTicks = 1.0F;  // of the wave's own axis, a page unit
 constexpr float kGap = 0.1F;         // between the area and texts right of it
@@ -60,6 +59,7 @@ bool PrepareHistory(Session& session) {
   const bool there = !plot.redo_data && plot.derived.history_of == PlotKind::history && !wave_missing;
   if (there) return true;
   plot.derived.history_of = PlotKind::none;
+  plot.derived.overlay_of = 0;
   PlotFault fault = FillHistory(session, plot);
   if (fault == PlotFault::none && !FillSteps(session, plot.derived)) fault = PlotFault::no_memory;
   if (!SayPlotFault(session.platform.console, fault, plot.quantity.iqnt)) return false;
@@ -223,6 +223,29 @@ void DrawStatBlock(const DataPlotState& plot, PlotDraw draw, const std::vector<P
   PaperNotes(draw, texts, x, top, plot.annot_size);
 }
 
+// The points of a curve that statistics take.
+StatRange OverlayPoints(const Session& session, int points) {
+  // A function of an impulsive run has no steps to skip.
+  StatRange range{0, points};
+  if (session.case_store.time_history()) range = StatPoints(session.case_store, session.output);
+  range.n = std::min(range.n, points - range.first);
+  return range;
+}
+
+// Made once of the same data, whatever part of them is shown.
+void UpdateOverlay(Session& session, const DrawnCurve& curve, StatRange range) {
+  const DataPlotState& plot = session.data_plot;
+  DataPlotDerived& d = session.data_plot.derived;
+  if (d.overlay_of == plot.show_stats && d.overlay_component == curve.component) return;
+  d.overlay_of = plot.show_stats;
+  d.overlay_component = curve.component;
+  d.overlay = StatOverlay{};
+  if (range.n <= 0) return SayLine(session.platform.console, kOverlaySkipped);
+  MakeStatOverlay(plot.show_stats,
+                  curve.y.subspan(static_cast<std::size_t>(range.first), static_cast<std::size_t>(range.n)),
+                  session.output.confidence_probability, d.overlay);
+}
+
 // Values that belong below the plot are added to its notes.
 void DrawStatistics(Session& session, PlotDraw draw, std::vector<PageNote>& notes) {
   const DataPlotState& plot = session.data_plot;
@@ -230,20 +253,14 @@ void DrawStatistics(Session& session, PlotDraw draw, std::vector<PageNote>& note
   HistoryCurves(session, curves);
   std::erase_if(curves, [](const DrawnCurve& curve) { return curve.component == 0; });
   if (plot.show_stats == 0 || curves.size() != 1) return;
-  // A function of an impulsive run has no steps to skip.
-  StatRange range{0, static_cast<int>(curves[0].y.size())};
-  if (session.case_store.time_history()) range = StatPoints(session.case_store, session.output);
-  range.n = std::min(range.n, static_cast<int>(curves[0].y.size()) - range.first);
-  if (range.n <= 0) {
-    SayLine(session.platform.console, kOverlaySkipped);
-    return;
-  }
-  const auto first = static_cast<std::size_t>(range.first), n = static_cast<std::size_t>(range.n);
-  StatOverlay overlay;
-  MakeStatOverlay(plot.show_stats, curves[0].y.subspan(first, n), session.output.confidence_probability, overlay);
-  DrawStatLines(plot, draw, overlay.lines, curves[0].x[first], curves[0].x[first + n - 1]);
+  const StatRange range = OverlayPoints(session, static_cast<int>(curves[0].y.size()));
+  UpdateOverlay(session, curves[0], range);
+  const StatOverlay& overlay = plot.derived.overlay;
+  if (range.n <= 0) return;
+  const auto first = static_cast<std::size_t>(range.first), last = first + static_cast<std::size_t>(range.n) - 1;
+  DrawStatLines(plot, draw, overlay.lines, curves[0].x[first], curves[0].x[last]);
   std::vector<PageNote> texts;
-  for (std::string& text : overlay.texts) texts.push_back({std::move(text)});
+  for (const std::string& text : overlay.texts) texts.push_back({text});
   if (plot.stats_at == StatsPlace::bottom) notes.insert(notes.end(), texts.begin(), texts.end());
   else DrawStatBlock(plot, draw, texts);
 }
@@ -265,20 +282,6 @@ void AddLegend(const Session& session, std::vector<PageNote>& notes) {
     notes.push_back({fmt::format("{} {} = {}", curve.component, label, ShortNumber(curve.y[i])),
                      ColourOf(plot, curve.component + 1)});
   }
-}
-
-std::string_view WordFor(const CaseStore& store, int iqnt) {
-  const QuantityRow* row = store.time_history() ? FindQuantity(iqnt) : nullptr;
-  if (row != nullptr && row->load_kind != 0) return "Load plane";
-  return row == nullptr || row->scale == ScaleKind::force ? "Direction" : "Motion";
-}
-
-void DrawLeftOut(const Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
-  const auto i = static_cast<std::size_t>(plot.plot_component - 1);
-  if (plot.plot_component < 1 || i >= plot.hidden.size() || plot.hidden[i] == 0) return;
-  const std::string text = fmt::format(kLeftOut, WordFor(session.case_store, plot.quantity.iqnt));
-  PageText(draw, text, kGap, kGap, plot.annot_size, TextSide::left);
 }
 
 void DrawHistory(Session& session, PlotDraw draw) {

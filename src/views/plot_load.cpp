@@ -21,6 +21,8 @@ namespace {
 
 constexpr int kPresentColour = 2, kRangeColour = 3;
 constexpr std::string_view kStepNote = "Step {} Time= {}";
+constexpr std::string_view kSelection = "Load plane selection mode";
+constexpr std::string_view kSelected = "{} {}";
 constexpr int kMark = 1;
 
 // All steps in use, whatever the stride: the present one need not be one of the points.
@@ -46,11 +48,12 @@ struct Extremes {
   float low = 0, high = 0;
 };
 
+// Values that are no numbers are passed over as long as there are others.
 Extremes ExtremesOf(const std::vector<float>& y, std::size_t stride) {
   Extremes out{y[0], y[0]};
   for (std::size_t i = 0; i < y.size(); i += stride) {
-    out.low = std::min(out.low, y[i]);
-    out.high = std::max(out.high, y[i]);
+    out.low = std::fmin(out.low, y[i]);
+    out.high = std::fmax(out.high, y[i]);
   }
   return out;
 }
@@ -99,6 +102,22 @@ void LoadNames(const Session& session, PlotNames& names) {
       fmt::format(kStepNote, store.current_step, Shown{store.time.at(1, store.current_step) * session.output.scales.T});
 }
 
+// While a cut is selected, for the key that leaves it out.
+void DrawSelection(const Session& session, PlotDraw draw) {
+  const DataPlotState& plot = session.data_plot;
+  const int cut = plot.plot_component, iqnt = plot.quantity.iqnt;
+  if (cut < 1) return;
+  const float at = CutCoordinate(session.case_store, session.output, iqnt, cut);
+  const float x[] = {at, at}, y[] = {draw.page.y_origin, draw.page.y_end};
+  dgDash(draw);
+  dgCurve(draw, x, y, 0);
+  dgReset(draw, "dash");
+  const PageNote notes[] = {{std::string(kSelection)},
+                            {fmt::format(kSelected, cut, CurveLabel(session.case_store, session.output, iqnt, cut))}};
+  PageNotes(draw, notes, plot.text_size, plot.annot_size);
+  DrawLeftOut(session, draw);
+}
+
 void DrawLoad(Session& session, PlotDraw draw) {
   const DataPlotState& plot = session.data_plot;
   const DataPlotDerived& d = plot.derived;
@@ -115,6 +134,7 @@ void DrawLoad(Session& session, PlotDraw draw) {
   if (plot.mark_every != 0) dgCurve(draw, d.cut, d.load, -std::abs(plot.mark_every));
   dgThickness(draw, 0);
   dgColour(draw, 1);
+  DrawSelection(session, draw);
 }
 
 TableFault WriteLoad(Session& session, OutputFile& out) {

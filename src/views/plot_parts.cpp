@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "base/message.h"
+#include "base/number_format.h"
 #include "gks/gks_control.h"
 #include "gks/gks_draw.h"
 #include "views/dense_curve.h"
@@ -21,6 +22,7 @@ constexpr std::string_view kDots = "...";
 constexpr std::size_t kShort = 8;
 constexpr int kMostDigits = 8;
 constexpr float kPitch = 1.5F;      // character heights between lines
+constexpr float kClear = 1.1F;      // of a line of letters that are large for their height, to the next
 constexpr float kAxisTexts = 2.2F;  // lines that ticks, labels and name of the horizontal axis take
 constexpr float kTicks = 0.021F;    // of the area's height, between the axis and its labels
 constexpr float kNameSpace = 0.6F;  // character heights between labels and name
@@ -73,6 +75,7 @@ void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y
 
 std::string ShortNumber(float value) {
   if (value == 0.0F) return "0";
+  if (!std::isfinite(value)) return SentenceNumber(value);
   for (int digits = kMostDigits - 1; digits > 1; --digits) {
     std::string text = fmt::format("{:.{}g}", value, digits);
     if (text.size() <= kShort) return text;
@@ -89,7 +92,7 @@ float LetterHeight(PlotDraw draw, float height) {
 }
 
 float LinePitch(PlotDraw draw, float height) {
-  return std::max(kPitch * height, LetterHeight(draw, height));
+  return std::max(kPitch * height, kClear * LetterHeight(draw, height));
 }
 
 std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float width) {

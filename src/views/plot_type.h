@@ -56,6 +56,9 @@ extern const PlotType kHistoryPlot, kTrajectoryPlot, kLoadPlot, kHistogramPlot, 
 [[nodiscard]] int ColourOf(const DataPlotState& plot, int index);  // 1 without colours
 void DrawCurves(Session& session, PlotDraw draw);  // colours, marks, thickness, numbers; curve 0 is left to its kind
 
+// The note on a curve that is selected and left out where all are plotted, at the page's lower left corner.
+void DrawLeftOut(const Session& session, PlotDraw draw);
+
 enum class FitOver : unsigned char { shown_steps, all_steps };  // those in the x limits in use, or all
 // Raw limits of the curves on display; false: there is no finite point.
 [[nodiscard]] bool FitAxes(const Session& session, FitOver over, PlotLimits& limits);

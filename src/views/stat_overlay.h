@@ -3,26 +3,15 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
+
+#include "views/data_plot_state.h"
 
 namespace zaview {
 
 inline constexpr std::string_view kOverlaySkipped =
     "ERROR - Too many steps skipped or trimmed - overlay statistics punted";
 inline constexpr std::string_view kNoPeaks = "No peaks found";
-
-struct OverlayLine {
-  float y = 0;
-  int colour = 1;
-  std::string name;
-};
-
-struct StatOverlay {
-  std::vector<OverlayLine> lines;
-  std::vector<std::string> texts;
-};
 
 // show_stats 1 to 4: 1/3rd peaks, 1/10th peaks, standard deviation, extremes; any other: nothing. x: the points that
 // statistics take, at least one. prob: confidence, only looked at as an argument of the statistics.

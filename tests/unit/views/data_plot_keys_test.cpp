@@ -31,6 +31,7 @@ void Press(Session& session, const std::string& keys) {
       {"PgDn",  kKeyPageDown},
       {"Space", ' '         },
       {"Esc",   27          },
+      {"Back",  8           },
       {"F1",    kKeyF1      }
   };
   std::istringstream in(keys);
@@ -75,25 +76,30 @@ struct KeyCase {
 constexpr PlotKind kHistory = PlotKind::history, kTrack = PlotKind::trajectory, kLoads = PlotKind::load_dist,
                    kBars = PlotKind::histogram, kCovariance = PlotKind::autocovariance, kBand = PlotKind::interval;
 
+// A zoomed plot, nothing else changed, at step 100.
+void Renew(PlotView& v, PlotKind kind) {
+  Session& s = v.session;
+  s.data_plot = DataPlotState{};
+  s.output.smooth_option = 0;
+  s.statistics = StatisticsState{};
+  s.motion_view = MotionViewState{};
+  s.run.plot_module = 1;
+  s.run.exit_requested = false;
+  s.case_store.current_step = 100;
+  v.Choose(kind, kind == kLoads ? kVerticalForce : kPosition, kind == kLoads ? 0 : 3);
+  zaviewsetaxes(s);
+  s.data_plot.limits = {10, 10, 50, -2, 1, 2};
+  s.data_plot.limits_changed = true;
+  s.run.redraw = false;
+  v.fake.output.clear();
+}
+
 void ExpectAll(const KeyCase* cases, std::size_t n) {
   PlotView v{std::string(kSample)};
-  const DataPlotState fresh = v.plot();
+  Session& s = v.session;
   for (std::size_t i = 0; i < n; ++i) {
     const KeyCase& c = cases[i];
-    Session& s = v.session;
-    s.data_plot = fresh;
-    s.output.smooth_option = 0;
-    s.statistics = StatisticsState{};
-    s.motion_view = MotionViewState{};
-    s.run.plot_module = 1;
-    s.run.exit_requested = false;
-    s.case_store.current_step = 100;
-    v.Choose(c.kind, c.kind == kLoads ? kVerticalForce : kPosition, c.kind == kLoads ? 0 : 3);
-    zaviewsetaxes(s);
-    s.data_plot.limits = {10, 10, 50, -2, 1, 2};  // zoomed
-    s.data_plot.limits_changed = true;
-    s.run.redraw = false;
-    v.fake.output.clear();
+    Renew(v, c.kind);
     Press(s, c.keys);
     EXPECT_TRUE(c.holds(s)) << static_cast<int>(c.kind) << ": " << c.keys;
     EXPECT_EQ(v.fake.output, c.said) << c.keys;
@@ -108,12 +114,15 @@ TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
       {kBars, "c", [](const Session& s) { return !s.data_plot.colour_on; }},
       {kHistory, "^c", [](const Session& s) { return !s.data_plot.colour_on; }},
       {kHistory, "C", [](const Session& s) { return s.data_plot.colour_on && !s.run.redraw; }},
+      {kLoads, "^c", [](const Session& s) { return !s.data_plot.colour_on; }},  // there is no time sync
       {kBars, "C", [](const Session& s) { return s.data_plot.hist_rendering == HistogramStyle::line; }},
+      {kBars, "C C C", [](const Session& s) { return s.data_plot.hist_rendering == HistogramStyle::outlined; }},
       {kHistory, "e", [](const Session& s) { return Near(s.data_plot.annot_size, 0.154); }},
       {kHistory, "E", [](const Session& s) { return Near(s.data_plot.annot_size, 0.1272727); }},
       {kHistory, "^e", [](const Session& s) { return Near(s.data_plot.text_size, 0.1272727); }},
       {kHistory, "^E ^E", [](const Session& s) { return Near(s.data_plot.text_size, 0.1694); }},
       {kHistory, "P", [](const Session& s) { return Near(s.data_plot.mark_size, 1.414); }},
+      {kHistory, "p", [](const Session& s) { return Near(s.data_plot.mark_size, 0.7072136); }},
       {kHistory, "g n v", [](const Session& s) {
          return s.data_plot.grid_on && s.data_plot.numbers_on && s.data_plot.values_in_legend; }},
       {kHistory, "N G", [](const Session& s) { return !s.data_plot.time_labels_on && s.data_plot.show_ship; }},
@@ -130,9 +139,16 @@ TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
       {kHistory, "^r", [](const Session& s) { return s.run.plot_colours == 1 && s.run.redraw; }},
       {kHistory, "^p ^p ^P", [](const Session& s) {
          return s.data_plot.show_stats == 2 && s.data_plot.stats_at == StatsPlace::below; }},
+      {kHistory, "^p ^p ^p ^p ^p ^P ^P ^P", [](const Session& s) {
+         return s.data_plot.show_stats == 0 && s.data_plot.stats_at == StatsPlace::bottom; }},
+      {kBars, "^p ^p ^p ^p ^p ^p", [](const Session& s) {
+         return s.statistics.histogram.overlay == Overlay::none && s.data_plot.redo_hist; }},
       {kBars, "^p ^P", [](const Session& s) {  // ^P is no key of histograms, and not ^p either
          return s.statistics.histogram.overlay == Overlay::uniform && s.data_plot.show_stats == 0; }},
       {kTrack, "l l", [](const Session& s) { return Near(s.data_plot.geometry_scale, 0.5); }},
+      {kTrack, "L L", [](const Session& s) { return Near(s.data_plot.geometry_scale, 2.0); }},
+      {kHistory, "l L j J", [](const Session& s) {
+         return s.data_plot.geometry_scale == 1.0F && s.data_plot.geometry_every == 0 && !s.run.redraw; }},
       {kTrack, "j", [](const Session& s) { return s.data_plot.geometry_every == 23; }},  // from 299/9 = 33
       {kTrack, "J J", [](const Session& s) { return s.data_plot.geometry_every == 65; }},
       {kTrack, "j j j j j j j j j j j j J J J", [](const Session& s) { return s.data_plot.geometry_every == 4; }},
@@ -147,6 +163,8 @@ TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
       {kHistory, "Q", [](const Session& s) { return s.run.exit_requested; }},
       {kHistory, "A-o A-s A-Space", [](const Session& s) { return !s.run.redraw; },
        "Plot Options : this menu is not available yet\nCurve Selection : this menu is not available yet\n"},
+      {kLoads, "A-Space", [](const Session& s) { return !s.plot_session.run_on; },
+       "Time Step : this menu is not available yet\n"},
   };
   // clang-format on
   ExpectAll(cases, std::size(cases));
@@ -176,6 +194,7 @@ TEST(DataPlotKeys, LimitsArePannedZoomedAndFitted) {
       {kHistory, "X X", [](const Session& s) { return LimitsAre(s, 10, 5, 50, -2, 1, 2); }},
       {kTrack, "X", [](const Session& s) { return !s.data_plot.x_axis_by_index; }},
       {kTrack, "^g", [](const Session& s) { return !s.data_plot.keep_aspect; }},
+      {kHistory, "^g", [](const Session& s) { return s.data_plot.keep_aspect && !s.run.redraw; }},
   };
   // clang-format on
   ExpectAll(cases, std::size(cases));
@@ -187,6 +206,13 @@ TEST(DataPlotKeys, OtherCurvesQuantitiesAndKindsAreChosen) {
       {kHistory, "s", [](const Session& s) { return s.data_plot.plot_component == 4 && s.data_plot.rescale; }},
       {kHistory, "6 s", [](const Session& s) { return s.data_plot.plot_component == 0; }},
       {kBars, "6 s", [](const Session& s) { return s.data_plot.plot_component == 1 && s.data_plot.redo_hist; }},
+      {kCovariance, "6 s", [](const Session& s) { return s.data_plot.plot_component == 1 && s.data_plot.redo_cov; }},
+      {kBand, "6 s", [](const Session& s) { return s.data_plot.plot_component == 1 && s.data_plot.redo_conf; }},
+      {kHistory, "1", [](const Session& s) { return s.data_plot.plot_component == 1; }},
+      {kHistory, "2", [](const Session& s) { return s.data_plot.plot_component == 2; }},
+      {kBars, "4", [](const Session& s) { return s.data_plot.plot_component == 4; }},
+      {kLoads, "5 6", [](const Session& s) { return s.data_plot.plot_component == 5 && s.data_plot.limits_changed; }},
+      {kHistory, "8 9", [](const Session& s) { return s.data_plot.plot_component == 3 && !s.run.redraw; }},
       {kHistory, "7", [](const Session& s) { return s.data_plot.plot_component == 3 && !s.run.redraw; }},
       {kHistory, "0", [](const Session& s) { return s.data_plot.plot_component == 0; }},
       {kBars, "0", [](const Session& s) { return s.data_plot.plot_component == 1; }},
@@ -200,9 +226,14 @@ TEST(DataPlotKeys, OtherCurvesQuantitiesAndKindsAreChosen) {
       {kBand, "{", [](const Session& s) { return s.data_plot.statistic == 4 && s.data_plot.redo_conf; }},
       {kBand, "} } } }", [](const Session& s) { return s.data_plot.statistic == 1; }},
       {kHistory, "^h", [](const Session& s) { return s.data_plot.kind == kBars && s.data_plot.redo_hist; }},
+      {kHistory, "Back", [](const Session& s) { return s.data_plot.kind == kBars; }},  // the same code
       {kHistory, "^h ^h", [](const Session& s) { return s.data_plot.kind == kHistory; }},
       {kCovariance, "^h", [](const Session& s) { return s.data_plot.kind == kCovariance; },
        "Use Options Menu (alt-o) to select plot type\n"},
+      {kBars, "^H ^H ^H", [](const Session& s) { return s.statistics.histogram.data == HistogramData::signed_values; }},
+      {kHistory, "^H", [](const Session& s) { return s.data_plot.kind == kHistory && !s.run.redraw; }},
+      {kHistory, "} {", [](const Session& s) { return s.data_plot.quantity.iqnt == kPosition; }},
+      {kTrack, "{ } ^p d", [](const Session& s) { return !s.run.redraw; }},
       {kBars, "^H ^H", [](const Session& s) { return s.statistics.histogram.data == HistogramData::positive; }},
       {kHistory, "i I", [](const Session& s) { return s.data_plot.wave_overlay && !s.data_plot.wave_own_scale; }},
       {kBars, "i I", [](const Session& s) { return !s.data_plot.wave_overlay && s.data_plot.wave_own_scale; }},
@@ -235,6 +266,36 @@ TEST(DataPlotKeys, StepsOfLoadDistributionsAreTakenOneByOneAndInRunMode) {
   EXPECT_TRUE(Near(v.session.motion_view.run_sync_factor, 1.4142135));
 }
 
+// Every key that acts on a kind of plot asks for a picture, but for those that ask, tell, leave or change nothing here.
+TEST(DataPlotKeys, AskForAPicture) {
+  constexpr int kTelling[] = {'h', 'H', 'q', 'Q', 'w', 'W', 27, Ctrl('s'), Ctrl('t'), CtrlShift('s'), CtrlShift('t')};
+  const struct {
+    PlotKind kind;
+    std::string_view idle;  // and these
+  } cases[] = {
+      {kHistory,    "3789"     },
+      {kTrack,      "I\b"      },
+      {kLoads,      "06789dC\b"}, // all are shown, none is selected; not in time with the clock
+      {kBars,       "3789"     },
+      {kCovariance, "3789\b"   },
+  };
+  PlotView v{std::string(kSample)};
+  for (const auto& c : cases) {
+    for (const PlotKey& row : DataPlotKeys()) {
+      const int key = row.code & (kWithShift - 1);
+      const bool idle = key < 128 && c.idle.find(static_cast<char>(key)) != std::string_view::npos;
+      const bool telling = std::find(std::begin(kTelling), std::end(kTelling), row.code) != std::end(kTelling);
+      const bool shift = (row.code & kWithShift) != 0, alt = (row.code & kWithAlt) != 0;
+      if ((row.kinds & In(c.kind)) == 0 || idle || telling || alt) continue;
+      Renew(v, c.kind);
+      v.session.gks.modifiers = (key <= 26 ? kControlKey : 0U) | (shift ? kShiftKey : 0U);
+      zaviewkeyboard(v.session, key);
+      v.session.gks.modifiers = 0;
+      EXPECT_TRUE(v.session.run.redraw) << static_cast<int>(c.kind) << ": " << row.help[0] << ' ' << row.code;
+    }
+  }
+}
+
 // A key drops a pending zoom, ends measuring, closes the popup, and acts.
 TEST(DataPlotKeys, EndWhatTheMouseBegan) {
   PlotView v{std::string(kSample)};
@@ -257,6 +318,18 @@ TEST(DataPlotKeys, WithOneComponentAllIsKept) {
   v.Show();
   Press(v.session, "s");
   EXPECT_EQ(v.plot().plot_component, 0);
+  Press(v.session, "A-s");  // nothing can be selected
+  EXPECT_EQ(v.fake.output.find("Curve Selection"), std::string::npos);
+}
+
+TEST(DataPlotKeys, TheWindowGoesToAFile) {
+  PlotView v{std::string(kSample)};
+  v.Choose(kHistory, kPosition, 3);
+  v.Show();
+  v.fake.output.clear();
+  Press(v.session, "W");
+  EXPECT_EQ(v.fake.output, "DumpWindow - Writing PNG file dump0001.png\n");
+  EXPECT_EQ(v.fake.Bytes("dump0001.png").substr(1, 3), "PNG");
 }
 
 // Every key, with and without modifiers, on every kind, with and without a case: nothing may crash, and limits and
@@ -403,6 +476,12 @@ TEST(DataPlotKeys, HelpListsTheKeysOfTheKind) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), c.line), c.there ? 1 : 0) << c.line;
     EXPECT_LE(lines.size(), 100U);  // of the text screen
   }
+  std::string all;
+  std::vector<std::string> lines;
+  zaviewhelp(v.session, lines);
+  for (const std::string& line : lines) all += line + "\n";
+  Press(v.session, "H");
+  EXPECT_EQ(v.fake.output, all);
   Press(v.session, "h");
   EXPECT_EQ(v.session.gks.screen.mode, ScreenMode::text);
 }

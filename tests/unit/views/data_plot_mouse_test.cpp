@@ -119,6 +119,18 @@ TEST(DataPlotMouse, MeasuresTheClosestPointOnThePage) {
   EXPECT_EQ(v.fake.output, "Logic ERROR in FindClosestDrawnPoint()\n");
 }
 
+// Limits that are the same are drawn apart: a click on the curve is inside.
+TEST(DataPlotMouse, MeasuresWhatIsConstant) {
+  PlotView v("irregular_head.out");
+  v.Choose(PlotKind::history, 1, 2);
+  v.Show();
+  v.plot().limits.y_min = v.plot().limits.y_max = 1;
+  v.plot().limits_changed = true;
+  v.Show();
+  Do(v, {kRight, 20, 1.000005F});
+  EXPECT_TRUE(v.plot().measure_on);
+}
+
 // Its four lines, hit in their middles; a click anywhere closes it.
 TEST(DataPlotMouse, ThePopupIsDrawnWhereItIsHit) {
   constexpr const char* kSaid[] = {"", "Curve Selection : this menu is not available yet\n",

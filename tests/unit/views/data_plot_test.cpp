@@ -108,6 +108,9 @@ TEST(DataPlotAxes, FitPassesOverWhatIsNotFinite) {
   ASSERT_TRUE(FitAxes(view.session, FitOver::shown_steps, limits));
   EXPECT_NEAR(limits.y_min, 30, 1e-3);
   EXPECT_NEAR(limits.y_max, 40, 1e-3);
+  ASSERT_TRUE(FitAxes(view.session, FitOver::all_steps, limits));
+  EXPECT_EQ(limits.x_min, view.plot().derived.history.x.front());  // all steps, whatever their values
+  EXPECT_EQ(limits.x_max, view.plot().derived.history.x.back());
   y.assign(40, std::numeric_limits<float>::quiet_NaN());
   MarkAllStale(view.plot());
   zaviewsetaxes(view.session);
@@ -327,6 +330,29 @@ TEST(StatOverlay, NeedsOneCurveAndPoints) {
   EXPECT_EQ(view.fake.output, std::string(kOverlaySkipped) + "\n");
 }
 
+// Panning and new looks draw what stands; other data, curves and statistics make it anew.
+TEST(StatOverlay, IsMadeOnce) {
+  const std::string kept = "kept";
+  PlotView view("");
+  UseSmallCase(view);
+  view.Choose(PlotKind::history, 2, 3);
+  view.plot().show_stats = 4;
+  void (*const changes[])(DataPlotState & plot) = {
+      [](DataPlotState& plot) { plot.limits_changed = true, plot.limits.x_max += 1.0F; },
+      [](DataPlotState& plot) { plot.stats_at = StatsPlace::above; },
+      [](DataPlotState& plot) { plot.redo_data = true; },
+      [](DataPlotState& plot) { plot.show_stats = 3; },
+      [](DataPlotState& plot) { plot.plot_component = 2; },
+  };
+  for (std::size_t i = 0; i < std::size(changes); ++i) {
+    view.Show();
+    view.plot().derived.overlay.texts = {kept};
+    changes[i](view.plot());
+    view.Show();
+    EXPECT_EQ(view.plot().derived.overlay.texts[0] == kept, i < 2) << i;
+  }
+}
+
 // ---- Trajectories
 // A box hull, 0.4 long and 0.1 wide, about the centre of gravity, cut half way up.
 void GiveHull(CaseStore& store) {
@@ -473,6 +499,11 @@ TEST(LoadPlot, PresentValueAndRange) {
   EXPECT_EQ(view.plot().derived.cut, std::vector<float>{-12.5F});
   EXPECT_NEAR(view.plot().derived.load[0] / kForce, 0.0031, 1e-8);
   view.Show();
+  const int lit = view.Pixels(kWhite).count;
+  view.plot().plot_component = 1;  // selected: its cut, and two notes, as it is left out
+  view.Show();
+  EXPECT_GT(view.Pixels(kWhite).count, lit + 300);
+  EXPECT_GT(view.Pixels(kWhite).bottom, 375);  // the page ends at 386
   PlotNames names;
   kLoadPlot.names(view.session, names);
   EXPECT_EQ(names.note.substr(0, 14), "Step 11 Time= ");
@@ -513,6 +544,8 @@ TEST(PlotParts, ShortNumber) {
       {1.0e12F,     "1e+12"   },
       {-1.5e-9F,    "-1.5e-09"},
       {-1.234e-9F,  "-1.2e-09"},
+      {-INFINITY,   "-Inf"    },
+      {-NAN,        "NaN"     },
   };
   for (const Row& row : rows) EXPECT_EQ(ShortNumber(row.value), row.text);
 }
