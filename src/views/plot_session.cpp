@@ -97,6 +97,7 @@ void SetHooks(Session& session) {
 
 void startgraphics(Session& session) {
   session.plot_session.graphics_started = true;
+  session.plot_session.menu_pending = session.run.open_options_menu && session.run.initial_plot > 0;
   EnterView(session);
   gksTop(session.platform, session.gks, kTitle);
   zaviewexit(session, kRunFailed);  // no view can be shown, or nobody is there to leave it

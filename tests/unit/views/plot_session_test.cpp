@@ -1,5 +1,6 @@
 #include "views/plot_session.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -100,6 +101,17 @@ TEST(PlotSession, AFailedPictureIsForgottenByTheNextPlot) {
   EXPECT_EQ(v.Run(), kRunOk) << v.fake.output;
   EXPECT_FALSE(v.session.gks.dump.failed);
   EXPECT_TRUE(v.fake.files.contains("dump0001.gif"));
+}
+
+TEST(PlotSession, TheOptionsMenuOpensWithTheInitialPlot) {
+  for (const int initial : {0, 1}) {
+    Views v;
+    v.session.run.open_options_menu = true;
+    v.session.run.initial_plot = initial;
+    EXPECT_TRUE(StartPlot(v.session, kHeave, 0));
+    EXPECT_EQ(v.Run(), kRunFailed);  // nobody leaves the view
+    EXPECT_EQ(v.fake.output.find("Plot Options") != std::string::npos, initial == 1);
+  }
 }
 
 // ---- Run mode
