@@ -286,7 +286,7 @@ void StartInitialPlot(Session& session) {
   if (session.platform.choose_window == nullptr) return SayLine(console, kPlotWithoutGraphics);
   const PlotKind kind = run.initial_plot == kInitialTrajectory ? PlotKind::trajectory : PlotKind::history;
   if (run.initial_plot == kInitialHistory || run.initial_plot == kInitialTrajectory) {
-    static_cast<void>(StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0));
+    run.view_is_new = StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0);
     return;
   }
   SayLine(console, kViewNotYet);
