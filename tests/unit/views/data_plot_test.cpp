@@ -286,6 +286,20 @@ TEST(DataPlotPicture, MarksEveryNth) {
   }
 }
 
+// Right of the area, but in it where the labels of the wave's axis stand there.
+TEST(DataPlotPicture, NumbersKeepClearOfOtherLabels) {
+  PlotView view("irregular_head.out");
+  view.Choose(PlotKind::history, 1, 0);
+  view.plot().numbers_on = true;
+  for (const bool wave : {false, true}) {
+    view.plot().wave_overlay = wave;
+    view.Show();
+    const PlotPage& page = view.session.page;
+    const int right = static_cast<int>((page.area_x + page.area_width) * 500.0F / page.page_width);
+    EXPECT_EQ(view.Pixels(kRed).right > right + 2, !wave);
+  }
+}
+
 // ---- Statistics over a curve
 TEST(StatOverlay, LinesAndTexts) {
   struct Row {
