@@ -26,7 +26,6 @@ constexpr std::string_view kBadWindowSize = "GLGKS ERROR : GLWINDOWSIZE value in
 constexpr float kDegrees = 180.0F / 3.1415925F;
 constexpr int kMarkerTypes = 22;
 constexpr std::size_t kSwitchText = 80, kNotSetColumns = 8;  // columns that are looked at
-constexpr int kLargestWindow = 16384;                        // pixels; what OpenGL can draw into
 
 std::string_view OutOfRange(int index) {
   return index < 0 ? kBelow : kAbove;

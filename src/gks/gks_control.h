@@ -54,6 +54,7 @@ struct GksEnvironment {
 };
 void gksTakeEnvironment(const Console& console, const GksEnvironment& environment, GksState& gks);
 
+inline constexpr int kLargestWindow = 16384;  // pixels a side; what OpenGL can draw into
 inline constexpr std::size_t kDumpName = 60;  // characters of a picture's file name
 
 // "on", "off" set and clear dump-only mode; any other word is the name of the next picture's file.

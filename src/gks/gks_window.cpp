@@ -83,6 +83,7 @@ void Dump(GksState& gks) {
   if (!GKSDUMP(*gks.platform, gks, kDumpOption)) gks.dump.failed = true;
   gks.dump.idle_count = 0;
   gks.dump.waiting = false;
+  gks.screen = TextScreen{};
   SetIdle(*gks.platform, gks, false);
   LeaveView(gks);
 }
@@ -151,7 +152,7 @@ void DrawIfStale(GksState& gks, int id) {
 
 void OnKey(void* self, int id, int code, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
-  if (id != gks.window.id || gks.dump.dump_only) return;
+  if (id != gks.window.id || IsDumping(gks)) return;  // nobody is to come between a view and its picture
   DrawIfStale(gks, id);
   gks.modifiers = modifiers;
   gksKey(gks, code, x, y);
@@ -161,7 +162,7 @@ void OnKey(void* self, int id, int code, unsigned modifiers, int x, int y) {
 
 void OnMouse(void* self, int id, int button, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
-  if (id != gks.window.id || gks.dump.dump_only || gks.screen.mode != ScreenMode::plot) return;
+  if (id != gks.window.id || IsDumping(gks) || gks.screen.mode != ScreenMode::plot) return;
   DrawIfStale(gks, id);
   gks.modifiers = modifiers;
   const GksPoint world = gksToWorld(gks, x, y);
@@ -203,6 +204,10 @@ void OnIdle(void* self) {
     DumpWhenDrawn(gks);
     return;
   }
+  if (gks.screen.mode != ScreenMode::plot) {  // run mode rests behind a text screen
+    Windows(gks).set_idle(Windows(gks).self, false);
+    return;
+  }
   if (gks.hooks.idle(gks.hooks.self)) Post(gks);
 }
 
@@ -221,7 +226,15 @@ WindowEvents EventsOf(GksState& gks) {
 
 // ---- Opening
 
-void ReadEnvironment(const Platform& platform, GksState& gks) {
+bool Refuse(const Console& console, std::string_view cause) {
+  Say(console, kCause, cause);
+  SayLine(console, kNoWindow);
+  return false;
+}
+
+}  // namespace
+
+void gksReadEnvironment(const Platform& platform, GksState& gks) {
   if (std::exchange(gks.environment_read, true)) return;
   GksEnvironment environment;
   if (platform.environment != nullptr) {
@@ -231,16 +244,8 @@ void ReadEnvironment(const Platform& platform, GksState& gks) {
   gksTakeEnvironment(platform.console, environment, gks);
 }
 
-bool Refuse(const Console& console, std::string_view cause) {
-  Say(console, kCause, cause);
-  SayLine(console, kNoWindow);
-  return false;
-}
-
-}  // namespace
-
 bool gksReady(Platform& platform, GksState& gks) {
-  ReadEnvironment(platform, gks);
+  gksReadEnvironment(platform, gks);
   const bool started = gks.platform != nullptr;
   WindowSystem windows = platform.window;
   if (!started) windows = platform.choose_window == nullptr ? WindowSystem{} : platform.choose_window(platform);

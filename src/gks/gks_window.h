@@ -11,6 +11,10 @@ namespace zaview {
 
 inline constexpr std::string_view kNoWindow = "GLGKS - Error Initializing Window...";
 
+// Reads the environment, at its first call. Ahead of the first word that orders a picture: the environment sets how the
+// program begins, not what it does later.
+void gksReadEnvironment(const Platform& platform, GksState& gks);
+
 // Can the next view be shown? At the first call the environment is read and the window system is chosen and started;
 // gks.hooks are to be set by then, and platform outlives the event loop. False: the cause, then kNoWindow, have been
 // said; the next call tries again. Offscreen a view can be shown only in dump-only mode or with a picture's file

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <GL/gl.h>
+#include <fmt/format.h>
 
 #include "base/text.h"
 #include "gks/fonts.h"
@@ -33,8 +34,15 @@ int Count(const TextScreen& screen) {
   return static_cast<int>(screen.lines.size());
 }
 
+// One line stays for the question, another for its default.
 int LinesPerPage(const GksState& gks) {
-  return std::max(gks.window.height / kPitch - 1, 1);
+  const int fallback = gks.screen.fallback.empty() ? 0 : 1;
+  return std::max(gks.window.height / kPitch - 1 - fallback, 1);
+}
+
+std::size_t Columns(const GksState& gks) {
+  constexpr int kCharWidth = 9;
+  return static_cast<std::size_t>(std::max(gks.window.width - 2 * kLeft, 0) / kCharWidth);
 }
 
 // ---- Drawing
@@ -78,16 +86,20 @@ int FirstBaseline(const GksState& gks, TextScreen& screen) {
   return count <= page ? gks.window.height / 2 - kHalfPitch * (count / 2) : kPitch;
 }
 
-std::string InputLine(const TextScreen& screen) {
-  if (screen.prompt.empty() || screen.typed.empty()) return screen.prompt + screen.typed;
-  return screen.prompt + " " + screen.typed;
+// Of a line that is too long its end, where the user types.
+std::string InputLine(const GksState& gks) {
+  const TextScreen& screen = gks.screen;
+  const std::string_view between = screen.prompt.empty() || screen.typed.empty() ? "" : " ";
+  std::string line = fmt::format("{}{}{}", screen.prompt, between, screen.typed);
+  const std::size_t columns = std::max(Columns(gks), std::size_t{1});
+  if (line.size() > columns) line.erase(0, line.size() - columns);
+  return line;
 }
 
 // Where a line has to be broken for a window of this width: at its last blank that fits. Its own end if it fits, or has
 // no such blank, or columns.
 std::size_t LineEnd(const GksState& gks, std::string_view line) {
-  constexpr int kCharWidth = 9;
-  const std::size_t columns = static_cast<std::size_t>(std::max(gks.window.width - 2 * kLeft, 0) / kCharWidth);
+  const std::size_t columns = Columns(gks);
   if (line.size() <= columns || line.find('\t') != std::string_view::npos) return line.size();
   const std::size_t blank = line.rfind(' ', columns), begin = line.find_first_not_of(' ');
   return blank == std::string_view::npos || blank < begin || blank <= kFurtherIn.size() ? line.size() : blank;
@@ -111,6 +123,7 @@ std::string Close(GksState& gks) {
   std::string typed = std::move(gks.screen.typed);
   gks.screen = TextScreen{};
   gks.window.force = true;
+  if (gks.window.idle_on) gks.platform->window.set_idle(gks.platform->window.self, true);  // it rested meanwhile
   return typed;
 }
 
@@ -182,7 +195,7 @@ void DrawTextScreen(const Platform& platform, GksState& gks) {
   int y = FirstBaseline(gks, screen);
   for (int i = screen.first; i <= screen.last; ++i, y += kPitch)
     DrawLine(gks, y, screen.lines[static_cast<std::size_t>(i)]);
-  DrawLine(gks, y, InputLine(screen));
+  DrawLine(gks, y, InputLine(gks));
   if (screen.typed.empty()) {
     glColor3f(kFallbackColour.red, kFallbackColour.green, kFallbackColour.blue);
     DrawLine(gks, y + kPitch, screen.fallback);

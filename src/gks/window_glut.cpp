@@ -451,8 +451,10 @@ unsigned ContextGeneration(void* self) {
 bool HasDisplay() {
   Display* const display = XOpenDisplay(nullptr);
   if (display == nullptr) return false;
+  int opcode = 0, event = 0, error = 0;
+  const bool draws = XQueryExtension(display, "GLX", &opcode, &event, &error) != 0;
   static_cast<void>(XCloseDisplay(display));
-  return true;
+  return draws;
 }
 
 WindowSystem GlutWindowSystem(const Platform& platform) {

@@ -7,7 +7,7 @@
 
 namespace zaview {
 
-// Is there a display that answers?
+// Is there a display that answers, and that OpenGL can draw on?
 [[nodiscard]] bool HasDisplay();
 
 // One a process. platform: whom to tell, and whom to end, when the display is lost; outlives the windows.

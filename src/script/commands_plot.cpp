@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "gks/gks_control.h"
+#include "gks/gks_window.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 #include "script/plot_commands.h"
@@ -124,6 +125,7 @@ constexpr Command kPlots[] = {
 int HandOverPlot(ScriptCall& call, const PlotRequest& wanted) {
   const std::string word = NextScriptWord(call.words, kFreeText);
   if (word.size() > kDumpName) return Fail(call, kScriptBadArgument, kLongName, kDumpName, word);
+  gksReadEnvironment(call.session.platform, call.session.gks);
   gksSetDumpOption(call.session.gks, word);
   return StartPlot(call.session, wanted, kFromScript) ? kScriptOk : kScriptFailed;
 }

@@ -4,6 +4,7 @@
 
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "gks/gks_control.h"
 #include "gks/gks_window.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
@@ -15,7 +16,6 @@ namespace {
 
 inline constexpr std::string_view kIllegal = "ERROR - illegal arguments for {} command";
 inline constexpr std::string_view kMissing = "ERROR - missing or insufficient arguments for {} command";
-constexpr int kLargestWindow = 16384;  // pixels; what OpenGL can draw into
 
 struct Pair {
   float first = 0, second = 0;

@@ -1,5 +1,7 @@
 #include "gks/gks_control.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
@@ -40,10 +42,35 @@ TEST(Environment, TakesModesAndSizes) {
   gksTakeEnvironment(fake.Get().console, {nullptr, nullptr, "640x480", "yes"}, gks);
   EXPECT_EQ(gks.window.width, 500);
   EXPECT_TRUE(gks.dump.dump_only && gks.dump.name.empty());
-  gksTakeEnvironment(fake.Get().console, {nullptr, nullptr, nullptr, "?"}, gks);
-  EXPECT_TRUE(gks.dump.dump_only);
-  gksTakeEnvironment(fake.Get().console, {nullptr, nullptr, nullptr, "no"}, gks);
-  EXPECT_FALSE(gks.dump.dump_only);
+}
+
+// The first letter decides; anything else leaves things as they are.
+TEST(Environment, SwitchesDumpOnlyByOneLetter) {
+  enum { on, off, as_it_was };
+  const std::pair<const char*, int> cases[] = {
+      {"T",     on       },
+      {"Y",     on       },
+      {"true",  on       },
+      {"yes",   on       },
+      {"F",     off      },
+      {"N",     off      },
+      {"false", off      },
+      {"no",    off      },
+      {"on",    as_it_was},
+      {"1",     as_it_was},
+      {" yes",  as_it_was},
+      {"",      as_it_was},
+      {nullptr, as_it_was},
+  };
+  for (const bool before : {false, true}) {
+    for (const auto& [value, effect] : cases) {
+      FakePlatform fake;
+      GksState gks;
+      gks.dump.dump_only = before;
+      gksTakeEnvironment(fake.Get().console, {nullptr, nullptr, nullptr, value}, gks);
+      EXPECT_EQ(gks.dump.dump_only, effect == as_it_was ? before : effect == on) << (value == nullptr ? "" : value);
+    }
+  }
 }
 
 TEST(Attributes, AreLimitedAndReset) {

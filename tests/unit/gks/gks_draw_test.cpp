@@ -338,5 +338,30 @@ TEST(Colours, EachPrimitiveHasItsOwnAndReverseVideoTurnsThem) {
   }
 }
 
+// A letter of 60 pixels: the largest font of pixels has 24, drawn ones are as large as they are wanted.
+TEST(Text, PaperAndLettersAreThoseOfTheEnvironment) {
+  const struct {
+    const char *reverse, *bitmap;
+    unsigned paper, ink;
+    bool large;
+  } cases[] = {
+      {nullptr, nullptr, 0,        0xFFFFFF, false},
+      {"on",    "on",    0xFFFFFF, 0,        false},
+      {"OFF",   "off",   0,        0xFFFFFF, true },
+      {"on",    "no",    0xFFFFFF, 0,        true },
+  };
+  for (const auto& c : cases) {
+    Drawing d(200, 150);
+    gksTakeEnvironment(d.platform.console, {c.reverse, c.bitmap, nullptr, nullptr}, d.gks);
+    d.Clear();
+    GSCHH(d.gks, 60);
+    GTX(d.gks, {20, 40}, "H");
+    const Box box = d.Lit();
+    EXPECT_EQ(d.At(0, 0), c.paper);
+    EXPECT_EQ(d.At(box.left, box.bottom), c.ink);
+    EXPECT_EQ(box.height() > 40, c.large) << box.height();
+  }
+}
+
 }  // namespace
 }  // namespace zaview

@@ -135,6 +135,39 @@ TEST(GksWindow, DrawsAtTheSizeThatTheWindowGets) {
   EXPECT_TRUE(v.platform.window.read_picture(v.platform.window.self, 90, 80, rgb.data()));
 }
 
+// A key of the user never comes between a view and the picture that is ordered of it.
+TEST(GksWindow, TakesNoKeyWhileAPictureIsOrdered) {
+  ViewWindow v;
+  v.orders = {"second.png"};
+  gksSetDumpOption(v.gks, "first.png");
+  EXPECT_EQ(
+      v.Run({
+          {key, 1, 'p'},
+          {key, 1, 'q'}
+  }),
+      "draw all 500x400; key 113 at 0.00 0.00; menus; menu hidden; draw all 500x400; key 113 at 0.00 0.00; menus; "
+      "menu hidden; end; ");
+  EXPECT_NE(v.fake.Bytes("first.png"), v.fake.Bytes("nothing"));
+  EXPECT_EQ(v.fake.Bytes("first.png"), v.fake.Bytes("second.png"));
+}
+
+// Run mode: no idle call while a question stands, and on with it behind the answer.
+TEST(GksWindow, RestsBehindATextScreen) {
+  ViewWindow v;
+  v.Run({});
+  EXPECT_EQ(v.Run({
+                {key, 1, 'p'},
+  }),
+            "key 112 at 0.00 1.00; ");
+  v.idle_calls = 2;
+  gksIdleOn(v.platform, v.gks);
+  EXPECT_EQ(v.Run({}), "");
+  EXPECT_EQ(v.Run({
+                {key, 1, 13}
+  }),
+            "answer ''; draw all 500x400; idle; draw 500x400; idle; ");
+}
+
 // On a display the second drawing is stored, in memory the first; each order counts once.
 TEST(GksWindow, WritesTheOrderedPictureAndLeavesTheView) {
   const std::string one = "draw all 500x400; key 113 at 0.00 0.00; menus; menu hidden; ";

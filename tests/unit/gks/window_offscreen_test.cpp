@@ -82,7 +82,7 @@ TEST(OffscreenWindow, TellsWhatIsPendingThenWhatIsFedThenIdle) {
   EXPECT_EQ(w.Run({}), "reshape 1 20x10; visible 1 true; display 1 all; ");
   EXPECT_EQ(w.Run({
                 {key, 1, 'p', kControlKey},
-                { mouse, 1,  2,   0,        5, 6}
+                { mouse, 1,  2,   0,           5, 6}
   }),
             "key 1 112 2; display 1 posted; mouse 1 2 at 5 6; ");
   EXPECT_EQ(
