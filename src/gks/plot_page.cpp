@@ -42,6 +42,7 @@ constexpr std::size_t kNameRoom = 80;
 constexpr float kTopMargin = 0.75F;                    // page units above the area, for headings
 constexpr float kLineWidthsPerPage = 500.0F;           // a line of scale 1 is this part of the page's width
 constexpr float kFirstLine = 0.9F, kLinePitch = 1.2F;  // of headings, in character heights
+constexpr float kLetterPitch = 1.1F;                   // at least, in heights of the letters as drawn
 constexpr int kMostDigits = 20;
 
 bool IsSize(float value) {
@@ -109,7 +110,7 @@ float HeadingBaseline(PlotDraw draw, float height, std::string_view text, int li
   const float accents = kAccent * (box.ymax - box.ymin);
   const float room = draw.page.page_height - draw.page.area_y - draw.page.area_height - box.ymax - accents;
   const float others = static_cast<float>(std::max(lines - 1, 0));
-  float first = kFirstLine * height, pitch = std::max(kLinePitch * height, box.ymax - box.ymin);
+  float first = kFirstLine * height, pitch = std::max(kLinePitch * height, kLetterPitch * (box.ymax - box.ymin));
   first = std::max(std::min(first, room - others * pitch), std::min(first, -box.ymin));
   if (first + others * pitch > room && others > 0.0F) pitch = std::max((room - first) / others, box.ymax);
   return std::min(first + static_cast<float>(lines - line) * pitch, room);

@@ -102,7 +102,7 @@ bool NameTouches(PlotDraw draw, const std::string& name, const std::string& last
 // Letters that are large for the page need more room above the area, which then moves down.
 void MakeRoom(PlotDraw draw, std::size_t lines) {
   PlotPage& page = draw.page;
-  const float pitch = std::max(1.2F * page.char_height, LetterHeight(draw, page.char_height));
+  const float pitch = std::max(1.2F * page.char_height, 1.1F * LetterHeight(draw, page.char_height));
   const float needed = kFirstLine * page.char_height + pitch * static_cast<float>(lines);
   const float room = page.page_height - page.area_y - page.area_height;
   const float below = std::max(page.area_y - kAxisTexts * pitch, 0.0F);
