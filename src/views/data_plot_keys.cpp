@@ -316,6 +316,14 @@ bool DumpWindow(Session& s) {
   return false;
 }
 
+template <int step>
+bool MenuFont(Session& s) {
+  constexpr int kMostSteps = 10;
+  int& steps = s.plot_session.menu_font_step;
+  steps = std::clamp(steps + step, -kMostSteps, kMostSteps);
+  return false;  // of the menu windows alone
+}
+
 bool AskOptionsMenu(Session& s) {
   SayNoMenu(s, kOptionsMenu);
   return false;
@@ -473,6 +481,9 @@ constexpr PlotKey kKeys[] = {
      {"Alt+o bar - Invoke plot options menu"}},
     {Alt('s'),        kAnyPlot,  AskCurveMenu,
      {"Alt+s bar - Invoke curve selection menu"}},
+    {Alt('+'),        kAnyPlot,  MenuFont<1>},
+    {Alt('='),        kAnyPlot,  MenuFont<1>},
+    {Alt('-'),        kAnyPlot,  MenuFont<-1>},
     {kKeyPageUp,      kLoadDist, StepBack,
      {"Pg up/dn  - Plot previous/next time step",
       "Shift+Pg up/dn  - Plot first/last time step"}},

@@ -8,6 +8,7 @@ namespace zaview {
 
 struct PlotSessionState {
   bool graphics_started = false;  // the event loop runs
+  int menu_font_step = 0;         // of the menu windows, up and down from their usual size
   bool menu_pending = false;      // the options menu opens at the next idle call
 
   // Run mode: steps one after the other (CaseStore::current_step).

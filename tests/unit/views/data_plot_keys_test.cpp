@@ -163,6 +163,7 @@ TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
       {kHistory, "Q", [](const Session& s) { return s.run.exit_requested; }},
       {kHistory, "A-o A-s A-Space", [](const Session& s) { return !s.run.redraw; },
        "Plot Options : this menu is not available yet\nCurve Selection : this menu is not available yet\n"},
+      {kHistory, "A-+ A-= A--", [](const Session& s) { return s.plot_session.menu_font_step == 1 && !s.run.redraw; }},
       {kLoads, "A-Space", [](const Session& s) { return !s.plot_session.run_on; },
        "Time Step : this menu is not available yet\n"},
   };
