@@ -78,6 +78,8 @@ void GPL(const GksState& gks, std::span<const float> x, std::span<const float> y
   gksSetLineStyle(gks.attribute.line_style, gks.attribute.line_width);
   gksDrawLine(gks, x, y);
   glDisable(GL_LINE_STIPPLE);
+  constexpr std::size_t kLong = 1000;  // points: the driver's threads draw it while the next curve is being made
+  if (x.size() >= kLong) glFlush();
 }
 
 }  // namespace zaview
