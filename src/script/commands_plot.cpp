@@ -71,8 +71,10 @@ int RunHistogram(ScriptCall& call) {
   return HandOverPlot(call, wanted);
 }
 
+// kind: normalized by the variance, or in the square of the quantity's unit.
+template <PlotKind kind>
 int RunAutocorrelation(ScriptCall& call) {
-  PlotRequest wanted{.kind = PlotKind::autocorrelation};
+  PlotRequest wanted{.kind = kind};
   Selector selector;
   if (const int status = ReadCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
   return HandOverPlot(call, wanted);
@@ -111,14 +113,17 @@ int RunLoads(ScriptCall& call) {
 
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
 
+// clang-format off
 constexpr Command kPlots[] = {
-    {{"PLOT_HISTORY"},                                                        D | G | kShortWords, RunHistory        },
-    {{"PLOT_TRAJECTORY"},                                                     D | R | G,           RunTrajectory     },
-    {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},                           D | R | G,           RunHistogram      },
-    {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},           D | R | G,           RunAutocorrelation},
-    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"}, E | G,               RunInterval       },
-    {{"PLOT_LOAD_DISTRIBUTION", "PLOT_LOAD_DIST", "PLOT_LOADDIST"},           D | R | G,           RunLoads          },
+    {{"PLOT_HISTORY"},                                                        D | G | kShortWords, RunHistory   },
+    {{"PLOT_TRAJECTORY"},                                                     D | R | G,           RunTrajectory},
+    {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},                           D | R | G,           RunHistogram },
+    {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},           D | R | G,           RunAutocorrelation<PlotKind::autocorrelation>},
+    {{"PLOT_AUTOCOVARIANCE", "PLOT_AUTOCOV"},                                 D | R | G,           RunAutocorrelation<PlotKind::autocovariance> },
+    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"}, E | G,               RunInterval  },
+    {{"PLOT_LOAD_DISTRIBUTION", "PLOT_LOAD_DIST", "PLOT_LOADDIST"},           D | R | G,           RunLoads     },
 };
+// clang-format on
 
 }  // namespace
 
