@@ -14,6 +14,7 @@
 
 #include "base/grow.h"
 #include "frame/output_file.h"
+#include "gks/opened_library.h"
 
 namespace zaview {
 
@@ -81,12 +82,6 @@ struct GdCalls {
   decltype(&gdImageDestroy) destroy = nullptr;
   decltype(&gdFree) free = nullptr;
 };
-
-template <typename Call>
-bool Load(void* library, const char* name, Call& call) {
-  call = reinterpret_cast<Call>(dlsym(library, name));
-  return call != nullptr;
-}
 
 bool OpenGd(GdCalls& gd) {
   void* const library = dlopen("libgd.so.3", RTLD_NOW | RTLD_LOCAL);  // stays open: the next picture needs it too

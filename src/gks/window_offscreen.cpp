@@ -13,6 +13,7 @@
 #include <GL/gl.h>
 #include <GL/glext.h>
 
+#include "gks/opened_library.h"
 #include "gks/picture_buffer.h"
 
 namespace zaview {
@@ -68,12 +69,6 @@ Row* Find(OffscreenWindows& windows, int id) {
 }
 
 // ---- EGL
-
-template <typename Call>
-bool Load(void* library, const char* name, Call& call) {
-  call = reinterpret_cast<Call>(dlsym(library, name));
-  return call != nullptr;
-}
 
 // The library stays open to the end of the process: the driver's threads and its end-of-process work are in it.
 bool OpenLibrary(EglCalls& egl) {

@@ -69,11 +69,7 @@ Pair BothUnits(const HistogramRequest& request, const Histogram& h, float value)
 void AppendFit(const HistogramRequest& request, const Histogram& h, std::string& text) {
   text += '\n';
   text += kFit;
-  for (const FitLine& line : kFitLines) {
-    if (line.overlay != request.overlay) continue;
-    if (line.value == nullptr) fmt::format_to(std::back_inserter(text), "{}\n", line.label);
-    else fmt::format_to(std::back_inserter(text), "{} {}\n", line.label, Shown{h.*line.value});
-  }
+  for (const std::string& line : DistributionLines(request.overlay, h)) text.append(line) += '\n';
   text += kFitHeads;
   for (std::size_t j = 0; j < h.expected.size(); ++j) {
     const Pair expected = BothUnits(request, h, h.expected[j]);
@@ -117,6 +113,16 @@ TableFault Make(const Console& console, const OutputSettings& settings, const Qu
 }
 
 }  // namespace
+
+std::vector<std::string> DistributionLines(Overlay overlay, const Histogram& histogram) {
+  std::vector<std::string> lines;
+  for (const FitLine& line : kFitLines) {
+    if (line.overlay != overlay) continue;
+    lines.push_back(line.value == nullptr ? std::string(line.label)
+                                          : fmt::format("{} {}", line.label, Shown{histogram.*line.value}));
+  }
+  return lines;
+}
 
 TableFault MakeHistogram(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                          bool of_ensemble, const EnsembleCases& cases, StatisticsState& state, Histogram& histogram) {

@@ -1,6 +1,9 @@
 // The histogram of the current record or of the whole ensemble as a table.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "frame/output_file.h"
 #include "stats/ensemble_data.h"
 #include "stats/histogram.h"
@@ -12,6 +15,9 @@ namespace zaview {
 [[nodiscard]] TableFault MakeHistogram(const Console& console, const OutputSettings& settings,
                                        const QuantityRequest& request, bool of_ensemble, const EnsembleCases& cases,
                                        StatisticsState& state, Histogram& histogram);
+
+// The name of the theoretical distribution and what it was fitted by, a line each: of the table and of the plot.
+[[nodiscard]] std::vector<std::string> DistributionLines(Overlay overlay, const Histogram& histogram);
 
 [[nodiscard]] TableFault WriteHistogram(const Console& console, const OutputSettings& settings,
                                         const QuantityRequest& request, bool of_ensemble, const EnsembleCases& cases,

@@ -88,7 +88,9 @@ bool Holds(const NormalRow& row, int iqnt, int component) {
   return (others ? iqnt >= kFirstOther && iqnt != 31 && iqnt != 32 : named) && Between(row.first, component, row.last);
 }
 
-TableFault FaultOf(PlotFault fault) {
+}  // namespace
+
+TableFault TableFaultOf(PlotFault fault) {
   switch (fault) {
     case PlotFault::none:
       return TableFault::none;
@@ -103,12 +105,10 @@ TableFault FaultOf(PlotFault fault) {
   return TableFault::said;
 }
 
-}  // namespace
-
 TableFault TakeRecord(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                       std::string_view too_many_skipped, std::string_view no_memory, CaseStore& case_store,
                       StatRecord& record) {
-  const TableFault fault = FaultOf(SetPlotData(console, settings, request, case_store, record.data));
+  const TableFault fault = TableFaultOf(SetPlotData(console, settings, request, case_store, record.data));
   if (fault == TableFault::no_memory) {
     SayLine(console, no_memory);
     return TableFault::said;

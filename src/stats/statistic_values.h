@@ -25,6 +25,8 @@ struct StatRecord {
   }
 };
 
+[[nodiscard]] TableFault TableFaultOf(PlotFault fault);
+
 // Fills a record of at least one point. The two texts are said where no point is left, or memory is out.
 [[nodiscard]] TableFault TakeRecord(const Console& console, const OutputSettings& settings,
                                     const QuantityRequest& request, std::string_view too_many_skipped,

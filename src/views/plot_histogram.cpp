@@ -8,7 +8,6 @@
 #include <fmt/format.h>
 
 #include "base/axis_rounding.h"
-#include "base/number_format.h"
 #include "case/quantity_catalogue.h"
 #include "gks/gks_control.h"
 #include "gks/gks_draw.h"
@@ -24,27 +23,6 @@ namespace {
 constexpr int kFitColour = 13;
 constexpr float kYTicks = 0.75F;  // a page unit
 constexpr std::string_view kRate = "Sampling rate= {} step(s)";
-
-struct FitText {
-  Overlay overlay;
-  std::string_view label;
-  float Histogram::*value;  // null: a line of words
-};
-constexpr FitText kFitTexts[] = {
-    {Overlay::uniform,        "Uniform distribution",           nullptr             },
-    {Overlay::normal,         "Normal (Gaussian) distribution", nullptr             },
-    {Overlay::normal,         "Mean        =",                  &Histogram::mean    },
-    {Overlay::normal,         "Variance    =",                  &Histogram::variance},
-    {Overlay::gramm_charlier, "Gramm-Charlier distribution",    nullptr             },
-    {Overlay::gramm_charlier, "Mean        =",                  &Histogram::mean    },
-    {Overlay::gramm_charlier, "Variance    =",                  &Histogram::variance},
-    {Overlay::gramm_charlier, "Skew        =",                  &Histogram::skew    },
-    {Overlay::gramm_charlier, "Excess      =",                  &Histogram::excess  },
-    {Overlay::rayleigh,       "Rayleigh distribution",          nullptr             },
-    {Overlay::rayleigh,       "Variance    =",                  &Histogram::variance},
-    {Overlay::exponential,    "Exponential distribution",       nullptr             },
-    {Overlay::exponential,    "Lambda      =",                  &Histogram::lambda  },
-};
 
 EnsembleCases CasesOf(Session& session) {
   return {session.case_store, session.ensemble};
@@ -148,13 +126,8 @@ std::vector<PageNote> NotesOf(const Session& session) {
   const HistogramRequest& how = session.statistics.histogram;
   const int colour = ColourOf(session.data_plot, kFitColour);
   std::vector<PageNote> notes{{fmt::format(kRate, how.rate)}};
-  for (const FitText& text : kFitTexts) {
-    if (text.overlay != how.overlay) continue;
-    if (text.value == nullptr) notes.push_back({std::string(text.label), colour});
-    else
-      notes.push_back(
-          {fmt::format("{} {}", text.label, Shown{session.data_plot.derived.histogram.*text.value}), colour});
-  }
+  for (const std::string& line : DistributionLines(how.overlay, session.data_plot.derived.histogram))
+    notes.push_back({line, colour});
   return notes;
 }
 

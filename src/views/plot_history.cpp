@@ -16,6 +16,7 @@
 #include "case/history_table.h"
 #include "case/quantity_catalogue.h"
 #include "gks/number_label.h"
+#include "stats/statistic_values.h"
 #include "views/plot_parts.h"
 #include "views/plot_type.h"
 #include "views/stat_overlay.h"

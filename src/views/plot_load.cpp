@@ -12,6 +12,7 @@
 #include "base/number_format.h"
 #include "case/load_table.h"
 #include "case/quantity_catalogue.h"
+#include "stats/statistic_values.h"
 #include "views/plot_parts.h"
 #include "views/plot_type.h"
 

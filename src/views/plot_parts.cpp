@@ -176,17 +176,4 @@ bool SayPlotFault(const Console& console, PlotFault fault, int iqnt) {
   return fault == PlotFault::none;
 }
 
-TableFault TableFaultOf(PlotFault fault) {
-  switch (fault) {
-    case PlotFault::none:
-      return TableFault::none;
-    case PlotFault::not_valid:
-      return TableFault::not_valid;
-    case PlotFault::no_memory:
-      return TableFault::no_memory;
-    default:
-      return TableFault::said;
-  }
-}
-
 }  // namespace zaview

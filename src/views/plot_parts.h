@@ -45,7 +45,6 @@ void PaperBox(PlotDraw draw, float x, float y, float width, float height);
 
 // Says why there are no data. False: there are none.
 [[nodiscard]] bool SayPlotFault(const Console& console, PlotFault fault, int iqnt);
-[[nodiscard]] TableFault TableFaultOf(PlotFault fault);
 inline constexpr std::string_view kNoPlotSteps = "ERROR - Too many steps skipped or trimmed";
 
 }  // namespace zaview
