@@ -1,11 +1,10 @@
 #include "frame/plot_menus.h"
 
-#include <array>
+#include <span>
 #include <string>
 
 #include "base/message.h"
 #include "base/text.h"
-#include "frame/option_menu.h"
 #include "frame/prompts.h"
 #include "frame/quantity_menu.h"
 #include "script/ensemble_cases.h"
@@ -19,19 +18,19 @@ namespace {
 constexpr std::string_view kRecordOrEnsemble = "Create histogram from current Record or Ensemble of all records?";
 constexpr std::string_view kRecordPrompt = "Ens/Rec=>";
 constexpr std::string_view kData = "Select data to use for histogram:";
-constexpr MenuItem kDataItems[] = {
-    {" 0 - Use signed values"}, {" 1 - Use absolute values"}, {" 2 - Use positive values"}};
+constexpr std::string_view kDataLines[] = {" 0 - Use signed values", " 1 - Use absolute values",
+                                           " 2 - Use positive values"};
 constexpr std::string_view kRate =
     "The data sampling rate defines the frequency of points used in\n"
     "constructing the histogram (1=every point, 2=every other point, etc.)\n"
     "Enter data sampling rate (integer) =>";
 constexpr std::string_view kOverlay = "Theoretical distribution overlay options:";
-constexpr MenuItem kOverlayItems[] = {{" 0 - no overlay"},
-                                      {" 1 - uniform distribution"},
-                                      {" 2 - Normal (Gaussian) distribution"},
-                                      {" 3 - Gramm-Charlier distribution"},
-                                      {" 4 - Rayleigh (Y>=0.0)"},
-                                      {" 5 - Exponential (Y>=0.0)"}};
+constexpr std::string_view kOverlayLines[] = {" 0 - no overlay",
+                                              " 1 - uniform distribution",
+                                              " 2 - Normal (Gaussian) distribution",
+                                              " 3 - Gramm-Charlier distribution",
+                                              " 4 - Rayleigh (Y>=0.0)",
+                                              " 5 - Exponential (Y>=0.0)"};
 constexpr std::string_view kStatistic = "Select statistic to plot:";
 constexpr std::string_view kStatisticLines[] = {" 1 - Mean", " 2 - Standard deviation", " 3 - Variance",
                                                 " 4 - Significant amplitude"};
@@ -72,14 +71,30 @@ bool AskRate(Session& s, int& rate) {
   }
 }
 
+// One of a list of numbered lines, asked until it is in there. first: the number of the first line; note: behind them.
+bool AskListed(const Console& console, std::string_view title, std::span<const std::string_view> lines, int first,
+               std::string_view note, int& value) {
+  for (;;) {
+    SayLine(console, title);
+    for (const std::string_view line : lines) SayLine(console, line);
+    if (!note.empty()) SayLine(console, note);
+    int answer = value;
+    if (ask_integer(console, kSelect, true, answer) != Answer::ok) return false;
+    if (answer >= first && answer < first + static_cast<int>(lines.size())) {
+      value = answer;
+      return true;
+    }
+    SayLine(console, kOutOfRange);
+  }
+}
+
 // Nothing is set before all is answered.
 bool AskHistogram(Session& s, bool& of_ensemble) {
   const Console& console = s.platform.console;
   HistogramRequest request = s.statistics.histogram;
   int data = static_cast<int>(request.data), overlay = static_cast<int>(request.overlay);
-  if (!AskOfEnsemble(s, of_ensemble) || select_option(console, kData, kSelect, kDataItems, data, data) != Answer::ok ||
-      !AskRate(s, request.rate) ||
-      select_option(console, kOverlay, kSelect, kOverlayItems, overlay, overlay) != Answer::ok)
+  if (!AskOfEnsemble(s, of_ensemble) || !AskListed(console, kData, kDataLines, 0, "", data) ||
+      !AskRate(s, request.rate) || !AskListed(console, kOverlay, kOverlayLines, 0, "", overlay))
     return false;
   request.data = static_cast<HistogramData>(data);
   request.overlay = static_cast<Overlay>(overlay);
@@ -88,19 +103,7 @@ bool AskHistogram(Session& s, bool& of_ensemble) {
 }
 
 bool AskStatistic(Session& s, int& statistic) {
-  const Console& console = s.platform.console;
-  for (;;) {
-    SayLine(console, kStatistic);
-    for (const std::string_view line : kStatisticLines) SayLine(console, line);
-    SayLine(console, kStatisticNote);
-    int value = statistic;
-    if (ask_integer(console, kSelect, true, value) != Answer::ok) return false;
-    if (value >= 1 && value <= static_cast<int>(std::size(kStatisticLines))) {
-      statistic = value;
-      return true;
-    }
-    SayLine(console, kOutOfRange);
-  }
+  return AskListed(s.platform.console, kStatistic, kStatisticLines, 1, kStatisticNote, statistic);
 }
 
 // What can't be shown has been said; the menu goes on.
