@@ -11,7 +11,7 @@
 #include <benchmark/benchmark.h>
 
 #include "base/platform_posix.h"
-#include "case/unformatted_steps.h"
+#include "case/read/unformatted_steps.h"
 
 namespace zaview {
 namespace {

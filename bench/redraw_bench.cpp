@@ -7,10 +7,10 @@
 #include <benchmark/benchmark.h>
 
 #include "base/platform_posix.h"
-#include "gks/gks_control.h"
-#include "gks/plot_page.h"
-#include "gks/window_offscreen.h"
-#include "views/dense_curve.h"
+#include "gks/kernel/gks_control.h"
+#include "gks/plot/dense_curve.h"
+#include "gks/plot/plot_layer.h"
+#include "gks/window/window_offscreen.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "stats/autocorrelation_table.h"
-#include "stats/interval_table.h"
-#include "stats/stat_table.h"
+#include "stats/tables/autocorrelation_table.h"
+#include "stats/tables/interval_table.h"
+#include "stats/tables/stat_table.h"
 
 namespace zaview {
 namespace {

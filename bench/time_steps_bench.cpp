@@ -9,7 +9,7 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
-#include "case/time_steps.h"
+#include "case/read/time_steps.h"
 
 namespace zaview {
 namespace {

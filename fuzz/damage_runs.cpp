@@ -12,7 +12,7 @@
 
 #include <fmt/format.h>
 
-#include "case/read_output_file.h"
+#include "case/read/read_output_file.h"
 #include "fake_platform.h"
 #include "fuzz/try_input.h"
 #include "run_writer.h"

@@ -5,12 +5,12 @@
 #include "base/message.h"
 #include "base/number_parse.h"
 #include "base/text.h"
-#include "case/read_output_file.h"
-#include "frame/output_file.h"
-#include "frame/prompts.h"
+#include "case/read/read_output_file.h"
+#include "frame/ground/output_file.h"
+#include "frame/ground/prompts.h"
+#include "frame/ground/wildcards.h"
 #include "frame/run_loop.h"
 #include "frame/title_box.h"
-#include "frame/wildcards.h"
 #include "script/script_variables.h"
 #include "script/start_plot.h"
 
@@ -286,7 +286,11 @@ void StartInitialPlot(Session& session) {
   if (session.platform.choose_window == nullptr) return SayLine(console, kPlotWithoutGraphics);
   const PlotKind kind = run.initial_plot == kInitialTrajectory ? PlotKind::trajectory : PlotKind::history;
   if (run.initial_plot == kInitialHistory || run.initial_plot == kInitialTrajectory) {
-    run.view_is_new = StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0);
+    run.view_is_new = StartPlot(session,
+                                {
+                                    .kind = kind, .quantity = {.iqnt = 1, .curve = 1}
+    },
+                                0);
     return;
   }
   SayLine(console, kViewNotYet);

@@ -5,8 +5,8 @@
 #include <span>
 #include <string>
 
+#include "frame/ground/zaview_exit.h"
 #include "frame/session.h"
-#include "frame/zaview_exit.h"
 
 namespace zaview {
 

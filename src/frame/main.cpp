@@ -2,10 +2,10 @@
 #include <vector>
 
 #include "base/platform_posix.h"
-#include "frame/zaview_exit.h"
+#include "frame/ground/zaview_exit.h"
 #include "frame/zaview_main.h"
-#include "gks/window_glut.h"
-#include "gks/window_offscreen.h"
+#include "gks/window/window_glut.h"
+#include "gks/window/window_offscreen.h"
 
 int main(int count, char** words) {
   zaview::Platform platform = zaview::PosixPlatform();

@@ -5,11 +5,11 @@
 
 #include "base/message.h"
 #include "base/text.h"
-#include "frame/prompts.h"
+#include "frame/ground/prompts.h"
 #include "frame/quantity_menu.h"
 #include "script/ensemble_cases.h"
 #include "script/start_plot.h"
-#include "stats/ensemble_dialogues.h"
+#include "stats/tables/ensemble_dialogues.h"
 
 namespace zaview {
 

@@ -7,8 +7,8 @@
 #include "base/message.h"
 #include "case/point_motion.h"
 #include "case/quantity_catalogue.h"
-#include "frame/option_menu.h"
-#include "frame/prompts.h"
+#include "frame/ground/option_menu.h"
+#include "frame/ground/prompts.h"
 
 namespace zaview {
 namespace {

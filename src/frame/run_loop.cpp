@@ -1,8 +1,8 @@
 #include "frame/run_loop.h"
 
 #include "base/message.h"
+#include "frame/ground/zaview_exit.h"
 #include "frame/text_menu.h"
-#include "frame/zaview_exit.h"
 #include "script/open_script_file.h"
 
 namespace zaview {

@@ -7,15 +7,15 @@
 #include "case/case_store.h"
 #include "case/ensemble_store.h"
 #include "case/output_settings.h"
-#include "frame/file_units.h"
-#include "frame/run_state.h"
-#include "gks/gks_state.h"
-#include "gks/plot_page.h"
+#include "frame/ground/file_units.h"
+#include "frame/ground/run_state.h"
+#include "gks/kernel/gks_state.h"
+#include "gks/plot/plot_layer.h"
 #include "script/script_state.h"
 #include "stats/statistics_state.h"
-#include "views/data_plot_state.h"
-#include "views/motion_view_state.h"
-#include "views/plot_session_state.h"
+#include "views/state/data_plot_state.h"
+#include "views/state/motion_view_state.h"
+#include "views/state/plot_session_state.h"
 
 namespace zaview {
 

@@ -6,16 +6,16 @@
 
 #include "base/message.h"
 #include "case/case_hull.h"
-#include "case/ensemble_match.h"
-#include "case/history_dialogue.h"
-#include "case/read_output_file.h"
-#include "case/settings_dialogues.h"
-#include "frame/option_menu.h"
+#include "case/read/ensemble_match.h"
+#include "case/read/read_output_file.h"
+#include "case/settings/settings_dialogues.h"
+#include "case/tables/history_dialogue.h"
+#include "frame/ground/option_menu.h"
 #include "frame/plot_menus.h"
 #include "frame/quantity_menu.h"
 #include "script/open_script_file.h"
-#include "stats/ensemble_dialogues.h"
-#include "stats/table_dialogues.h"
+#include "stats/tables/ensemble_dialogues.h"
+#include "stats/tables/table_dialogues.h"
 
 namespace zaview {
 namespace {

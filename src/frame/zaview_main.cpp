@@ -3,7 +3,7 @@
 #include "frame/command_line.h"
 #include "frame/run_loop.h"
 #include "frame/session.h"
-#include "views/plot_session.h"
+#include "views/frame/plot_session.h"
 
 namespace zaview {
 

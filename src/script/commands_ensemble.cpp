@@ -12,7 +12,7 @@
 #include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/statistic_word.h"
-#include "stats/ensemble_table.h"
+#include "stats/tables/ensemble_table.h"
 
 namespace zaview {
 

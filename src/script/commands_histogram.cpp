@@ -12,7 +12,7 @@
 #include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/setting_words.h"
-#include "stats/histogram_table.h"
+#include "stats/tables/histogram_table.h"
 
 namespace zaview {
 

@@ -5,10 +5,10 @@
 
 #include "base/number_parse.h"
 #include "base/text.h"
-#include "case/history_table.h"
-#include "case/kino_files.h"
-#include "case/load_table.h"
 #include "case/quantity_catalogue.h"
+#include "case/tables/history_table.h"
+#include "case/tables/kino_output.h"
+#include "case/tables/load_table.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"

@@ -6,8 +6,8 @@
 #include "base/number_format.h"
 #include "base/number_parse.h"
 #include "base/text.h"
-#include "case/kino_files.h"
-#include "case/kino_input.h"
+#include "case/read/kino_input.h"
+#include "case/tables/kino_output.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 

@@ -12,7 +12,7 @@
 #include "script/output_argument.h"
 #include "script/plot_fault.h"
 #include "script/selectors.h"
-#include "stats/rate_tables.h"
+#include "stats/tables/rate_tables.h"
 
 namespace zaview {
 

@@ -4,8 +4,8 @@
 
 #include "base/number_parse.h"
 #include "base/text.h"
-#include "case/read_output_file.h"
-#include "frame/wildcards.h"
+#include "case/read/read_output_file.h"
+#include "frame/ground/wildcards.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 

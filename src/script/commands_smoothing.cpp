@@ -3,7 +3,7 @@
 
 #include "base/number_format.h"
 #include "base/number_parse.h"
-#include "case/ensemble_match.h"
+#include "case/read/ensemble_match.h"
 #include "case/smooth_stored.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"

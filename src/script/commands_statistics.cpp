@@ -8,9 +8,9 @@
 #include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/statistic_word.h"
-#include "stats/autocorrelation_table.h"
-#include "stats/interval_table.h"
-#include "stats/stat_table.h"
+#include "stats/tables/autocorrelation_table.h"
+#include "stats/tables/interval_table.h"
+#include "stats/tables/stat_table.h"
 
 namespace zaview {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "case/step_settings.h"
+#include "case/settings/step_settings.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 

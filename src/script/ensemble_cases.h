@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/session.h"
-#include "stats/ensemble_data.h"
+#include "stats/tables/ensemble_data.h"
 
 namespace zaview {
 

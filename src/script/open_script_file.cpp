@@ -5,7 +5,7 @@
 
 #include "base/message.h"
 #include "base/text.h"
-#include "frame/prompts.h"
+#include "frame/ground/prompts.h"
 #include "script/expand_includes.h"
 #include "script/expand_loops.h"
 #include "script/read_script_file.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/output_file.h"
+#include "frame/ground/output_file.h"
 #include "script/script_call.h"
 
 namespace zaview {

@@ -5,7 +5,7 @@
 
 #include "case/plot_data.h"
 #include "script/script_call.h"
-#include "stats/stat_table.h"
+#include "stats/tables/stat_table.h"
 
 namespace zaview {
 

@@ -1,6 +1,6 @@
 #include "script/start_plot.h"
 
-#include "gks/gks_window.h"
+#include "gks/window/gks_window.h"
 
 namespace zaview {
 

@@ -1,7 +1,7 @@
 #include "script/statistic_word.h"
 
 #include "script/open_script_file.h"
-#include "stats/interval_table.h"
+#include "stats/tables/interval_table.h"
 
 namespace zaview {
 

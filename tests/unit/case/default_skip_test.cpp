@@ -1,4 +1,4 @@
-#include "case/default_skip.h"
+#include "case/read/default_skip.h"
 
 #include <numbers>
 

@@ -1,4 +1,4 @@
-#include "case/ensemble_match.h"
+#include "case/read/ensemble_match.h"
 
 #include <gtest/gtest.h>
 

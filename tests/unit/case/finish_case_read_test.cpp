@@ -1,4 +1,4 @@
-#include "case/finish_case_read.h"
+#include "case/read/finish_case_read.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "case/history_table.h"
+#include "case/tables/history_table.h"
 
 #include <algorithm>
 

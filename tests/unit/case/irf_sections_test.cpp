@@ -1,4 +1,4 @@
-#include "case/irf_sections.h"
+#include "case/read/irf_sections.h"
 
 #include <tuple>
 

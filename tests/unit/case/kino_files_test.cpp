@@ -1,7 +1,6 @@
-#include "case/kino_files.h"
-
 #include <gtest/gtest.h>
 
+#include "case/tables/kino_output.h"
 #include "fake_platform.h"
 #include "small_case.h"
 

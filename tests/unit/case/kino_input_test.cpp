@@ -1,4 +1,4 @@
-#include "case/kino_input.h"
+#include "case/read/kino_input.h"
 
 #include <cmath>
 #include <numbers>
@@ -7,7 +7,7 @@
 
 #include "case/plot_data.h"
 #include "case/quantity_catalogue.h"
-#include "case/read_output_file.h"
+#include "case/read/read_output_file.h"
 #include "fake_platform.h"
 
 namespace zaview {

@@ -1,4 +1,4 @@
-#include "case/load_table.h"
+#include "case/tables/load_table.h"
 
 #include <gtest/gtest.h>
 

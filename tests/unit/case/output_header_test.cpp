@@ -1,4 +1,4 @@
-#include "case/output_header.h"
+#include "case/read/output_header.h"
 
 #include <cstring>
 

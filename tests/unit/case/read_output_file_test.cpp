@@ -1,4 +1,4 @@
-#include "case/read_output_file.h"
+#include "case/read/read_output_file.h"
 
 #include <gtest/gtest.h>
 

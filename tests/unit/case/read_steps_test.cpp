@@ -1,4 +1,4 @@
-#include "case/read_steps.h"
+#include "case/read/read_steps.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "case/restart_combine.h"
+#include "case/read/restart_combine.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "case/seaway_match.h"
+#include "case/read/seaway_match.h"
 
 #include <string>
 #include <utility>

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "case/time_steps.h"
+#include "case/read/time_steps.h"
 #include "control_draft.h"
 #include "step_draft.h"
 

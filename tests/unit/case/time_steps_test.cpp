@@ -1,4 +1,4 @@
-#include "case/time_steps.h"
+#include "case/read/time_steps.h"
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "case/unformatted_steps.h"
+#include "case/read/unformatted_steps.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
-#include "frame/file_dialogue.h"
+#include "frame/ground/file_dialogue.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
-#include "frame/file_units.h"
-#include "frame/wildcards.h"
+#include "frame/ground/file_units.h"
+#include "frame/ground/wildcards.h"
 
 namespace zaview {
 namespace {

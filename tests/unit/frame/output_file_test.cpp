@@ -1,4 +1,4 @@
-#include "frame/output_file.h"
+#include "frame/ground/output_file.h"
 
 #include <fcntl.h>
 #include <filesystem>

@@ -1,9 +1,9 @@
-#include "frame/prompts.h"
+#include "frame/ground/prompts.h"
 
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
-#include "frame/option_menu.h"
+#include "frame/ground/option_menu.h"
 
 namespace zaview {
 namespace {

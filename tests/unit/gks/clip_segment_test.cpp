@@ -1,4 +1,4 @@
-#include "gks/clip_segment.h"
+#include "gks/kernel/clip_segment.h"
 
 #include <cmath>
 #include <numbers>

@@ -12,9 +12,9 @@
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
-#include "gks/gks_control.h"
-#include "gks/gks_draw.h"
-#include "gks/window_offscreen.h"
+#include "gks/kernel/gks_control.h"
+#include "gks/kernel/gks_draw.h"
+#include "gks/window/window_offscreen.h"
 
 namespace zaview {
 

@@ -1,4 +1,4 @@
-#include "gks/gks_control.h"
+#include "gks/kernel/gks_control.h"
 
 #include <utility>
 

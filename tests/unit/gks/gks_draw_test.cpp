@@ -1,11 +1,11 @@
-#include "gks/gks_draw.h"
+#include "gks/kernel/gks_draw.h"
 
 #include <cmath>
 #include <numbers>
 
 #include <gtest/gtest.h>
 
-#include "gks/fonts.h"
+#include "gks/kernel/fonts.h"
 #include "unit/gks/drawing.h"
 
 namespace zaview {

@@ -1,10 +1,10 @@
-#include "gks/gks_transform.h"
+#include "gks/kernel/gks_transform.h"
 
 #include <cmath>
 
 #include <gtest/gtest.h>
 
-#include "gks/gks_control.h"
+#include "gks/kernel/gks_control.h"
 
 namespace zaview {
 namespace {

@@ -1,4 +1,4 @@
-#include "gks/gks_window.h"
+#include "gks/window/gks_window.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "gks/number_label.h"
+#include "gks/plot/number_label.h"
 
 #include <cmath>
 #include <limits>

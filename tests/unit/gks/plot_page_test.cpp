@@ -1,5 +1,3 @@
-#include "gks/plot_page.h"
-
 #include <cmath>
 #include <limits>
 #include <string_view>
@@ -8,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "drawing.h"
+#include "gks/plot/plot_layer.h"
 
 namespace zaview {
 namespace {

@@ -1,4 +1,4 @@
-#include "gks/text_screen.h"
+#include "gks/window/text_screen.h"
 
 #include <string>
 #include <vector>

@@ -10,8 +10,8 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "gks/gks_window.h"
-#include "gks/text_screen.h"
+#include "gks/window/gks_window.h"
+#include "gks/window/text_screen.h"
 #include "unit/gks/drawing.h"
 
 namespace zaview {

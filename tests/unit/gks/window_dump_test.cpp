@@ -1,4 +1,4 @@
-#include "gks/window_dump.h"
+#include "gks/picture/window_dump.h"
 
 #include <array>
 #include <cstring>
@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
-#include "gks/picture_file.h"
+#include "gks/picture/picture_file.h"
 #include "unit/gks/drawing.h"
 
 namespace zaview {

@@ -1,4 +1,4 @@
-#include "gks/window_offscreen.h"
+#include "gks/window/window_offscreen.h"
 
 #include <string>
 #include <vector>

@@ -17,12 +17,10 @@ namespace fs = std::filesystem;
 using Names = std::set<std::string>;
 
 struct Layers {
-  std::map<std::string, Names> below;        // room -> rooms it may include, itself too
-  std::map<std::string, std::string> floor;  // "frame/prompts" -> room of a folder with two floors
-  std::map<std::string, std::string> rest;   // folder with two floors -> its room for files not named; blank: all named
-  Names records;                             // headers that may include, and be included by, their like of any folder
-  Names session_users;                       // rooms that may see frame/session.h
-  std::vector<std::string> faults;           // of the file of layers itself
+  std::map<std::string, Names> below;  // room -> rooms it may include, itself too
+  Names records;                       // headers that may include, and be included by, their like of any folder
+  Names session_users;                 // rooms that may see frame/session.h
+  std::vector<std::string> faults;     // of the file of layers itself
 };
 
 constexpr std::string_view kSession = "frame/session";
@@ -49,19 +47,14 @@ Layers ReadLayers(std::istream& in) {
       layers.faults.push_back("no colon: " + line);
       continue;
     }
-    const std::string head = line.substr(0, colon);
+    const std::string room = line.substr(0, colon);
     std::istringstream words(line.substr(colon + 1));
-    const std::string room = head.starts_with("floor ") ? head.substr(6) : head;
-    const bool special = head == "records" || head == "session";
-    if (room != head && !layers.below.contains(room)) layers.faults.push_back("floor of an unknown room " + room);
-    if (room == head && !special) layers.below[room].insert(room);
+    if (room != "records" && room != "session") layers.below[room].insert(room);
     for (std::string word; words >> word;) {
-      if (head == "records") {
+      if (room == "records") {
         layers.records.insert(word);
-      } else if (head == "session") {
+      } else if (room == "session") {
         layers.session_users.insert(word);
-      } else if (room != head) {
-        layers.floor[word] = room;
       } else {
         if (!layers.below.contains(word))
           layers.faults.push_back(room + " includes " + word + ", which stands no line above");
@@ -70,10 +63,6 @@ Layers ReadLayers(std::istream& in) {
     }
   }
   ReachDown(layers);
-  for (const auto& [file, room] : layers.floor) {
-    const std::string folder = file.substr(0, file.find('/'));
-    layers.rest.emplace(folder, layers.below.contains(folder) ? folder : "");
-  }
   return layers;
 }
 
@@ -82,12 +71,13 @@ std::string Stem(const std::string& path) {
   return path.substr(0, path.rfind('.'));
 }
 
-// Blank: no line of the layers tells the room of this file.
+// The deepest folder that is a room; blank: no line of the layers names one.
 std::string RoomOf(const Layers& layers, const std::string& path) {
-  const std::string stem = Stem(path), folder = path.substr(0, path.find('/'));
-  if (const auto named = layers.floor.find(stem); named != layers.floor.end()) return named->second;
-  if (const auto rest = layers.rest.find(folder); rest != layers.rest.end()) return rest->second;
-  return layers.below.contains(folder) ? folder : "";
+  for (size_t slash = path.rfind('/'); slash != std::string::npos && slash > 0; slash = path.rfind('/', slash - 1)) {
+    const std::string folder = path.substr(0, slash);
+    if (layers.below.contains(folder)) return folder;
+  }
+  return "";
 }
 
 // Blank: the include is allowed. Else what is wrong with it.
@@ -114,17 +104,17 @@ std::string Included(std::string_view line) {
   return close == std::string_view::npos ? "" : std::string(line.substr(open + 1, close - open - 1));
 }
 
-std::string CheckFile(const Layers& layers, const fs::path& path, const std::string& name) {
+std::string CheckFile(const Layers& layers, const fs::path& src, const std::string& name) {
   std::string faults;
-  if (RoomOf(layers, name).empty()) return name + ": no line of layers.txt names its folder or floor\n";
-  std::ifstream in(path);
+  if (RoomOf(layers, name).empty()) return name + ": no line of layers.txt names its folder\n";
+  std::ifstream in(src / name);
   int number = 0;
   for (std::string line; std::getline(in, line);) {
     ++number;
     const std::string to = Included(line);
     if (to.empty()) continue;
     std::string fault = FaultOf(layers, name, to);
-    if (fault.empty() && !fs::exists(path.parent_path().parent_path() / to)) fault = "no such file";
+    if (fault.empty() && !fs::exists(src / to)) fault = "no such file";
     if (!fault.empty()) faults += name + ":" + std::to_string(number) + ": " + line + "  // " + fault + "\n";
   }
   return faults;
@@ -145,7 +135,7 @@ TEST(Layers, EveryIncludeOfSrcGoesDown) {
     const std::string kind = entry.path().extension().string();
     if (kind != ".h" && kind != ".cpp") continue;
     const std::string name = fs::relative(entry.path(), src).generic_string();
-    faults += CheckFile(layers, entry.path(), name);
+    faults += CheckFile(layers, src, name);
     stems.insert(Stem(name));
   }
   EXPECT_EQ(faults, "");
@@ -162,14 +152,15 @@ TEST(Layers, RefusesWhatGoesUpOrSideways) {
       {"case/plot_data.cpp", "control/control_text.h", true},     // through geometry and waves
       {"control/control_text.cpp", "case/plot_data.h", false},    // upward
       {"stats/peaks.cpp", "case/plot_data.h", false},             // the pure floor never sees the case
-      {"stats/stat_table.cpp", "case/plot_data.h", true},         // the upper floor does
-      {"stats/peaks.cpp", "stats/stat_table.h", false},           // floor below to floor above
-      {"stats/peaks.cpp", "frame/prompts.h", false},              // pure: no console
+      {"stats/tables/stat_table.cpp", "case/plot_data.h", true},         // the upper floor does
+      {"stats/peaks.cpp", "stats/tables/stat_table.h", false},           // floor below to floor above
+      {"stats/peaks.cpp", "frame/ground/prompts.h", false},              // pure: no console
       {"case/plot_data.cpp", "frame/run_loop.h", false},          // roof
-      {"script/selectors.cpp", "views/plot_session.h", false},    // sideways
+      {"script/selectors.cpp", "views/frame/plot_session.h", false},    // sideways
       {"script/selectors.cpp", "frame/session.h", true}, {"case/plot_data.cpp", "frame/session.h", false},
       {"frame/session.h", "script/script_state.h", true},         // records include their like
-      {"gks/plot_page.cpp", "case/plot_data.h", false},           // pictures know nothing of ships
+      {"gks/plot/plot_layer.cpp", "case/plot_data.h", false},           // pictures know nothing of ships
+      {"case/plot_data.cpp", "case/read/time_steps.h", false},    // a room inside a folder is a room of its own
       {"case/plot_data.cpp", "nowhere/plot.h", false}};
   // clang-format on
   for (const auto& c : cases) EXPECT_EQ(FaultOf(layers, c.from, c.to).empty(), c.allowed) << c.from << " " << c.to;

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
-#include "frame/prompts.h"
+#include "frame/ground/prompts.h"
 #include "script/open_script_file.h"
 #include "script/read_script_file.h"
 

@@ -1,4 +1,4 @@
-#include "stats/autocorrelation_table.h"
+#include "stats/tables/autocorrelation_table.h"
 
 #include <algorithm>
 #include <limits>

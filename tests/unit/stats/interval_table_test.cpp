@@ -1,4 +1,4 @@
-#include "stats/interval_table.h"
+#include "stats/tables/interval_table.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "stats/stat_table.h"
+#include "stats/tables/stat_table.h"
 
 #include "near.h"
-#include "stats/statistic_values.h"
+#include "stats/tables/statistic_values.h"
 #include "worked_case.h"
 
 namespace zaview {

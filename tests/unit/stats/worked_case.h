@@ -10,8 +10,8 @@
 #include "case/case_store.h"
 #include "case/output_settings.h"
 #include "fake_platform.h"
-#include "frame/output_file.h"
-#include "stats/stat_table.h"
+#include "frame/ground/output_file.h"
+#include "stats/tables/stat_table.h"
 #include "worked_records.h"
 
 namespace zaview {

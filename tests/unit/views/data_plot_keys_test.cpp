@@ -1,5 +1,5 @@
 // Keys of the data plot: what each changes, what it says, and where it does nothing.
-#include "views/data_plot_keys.h"
+#include "views/data_plot/data_plot_keys.h"
 
 #include <cmath>
 #include <iterator>
@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "unit/views/plot_view.h"
-#include "views/plot_session.h"
-#include "views/plot_type.h"
-#include "views/screen_dialogue.h"
+#include "views/data_plot/plot_type.h"
+#include "views/data_plot/screen_dialogue.h"
+#include "views/frame/plot_session.h"
 
 namespace zaview {
 namespace {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "unit/views/plot_view.h"
-#include "views/plot_type.h"
-#include "views/popup.h"
+#include "views/data_plot/plot_type.h"
+#include "views/data_plot/popup.h"
 
 namespace zaview {
 namespace {

@@ -1,4 +1,4 @@
-#include "views/data_plot.h"
+#include "views/data_plot/data_plot.h"
 
 #include <cmath>
 #include <limits>
@@ -9,10 +9,10 @@
 
 #include "../case/small_case.h"
 #include "plot_view.h"
-#include "views/hull_waterline.h"
-#include "views/plot_parts.h"
-#include "views/plot_type.h"
-#include "views/stat_overlay.h"
+#include "views/data_plot/hull_waterline.h"
+#include "views/data_plot/plot_parts.h"
+#include "views/data_plot/plot_type.h"
+#include "views/data_plot/stat_overlay.h"
 
 namespace zaview {
 namespace {

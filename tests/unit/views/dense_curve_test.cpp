@@ -1,4 +1,4 @@
-#include "views/dense_curve.h"
+#include "gks/plot/dense_curve.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "gks/gks_transform.h"
+#include "gks/kernel/gks_transform.h"
 
 namespace zaview {
 namespace {

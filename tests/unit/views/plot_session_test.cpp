@@ -1,10 +1,10 @@
-#include "views/plot_session.h"
+#include "views/frame/plot_session.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "frame/zaview_exit.h"
+#include "frame/ground/zaview_exit.h"
 #include "plot_view.h"
 #include "script/start_plot.h"
 

@@ -11,12 +11,12 @@
 
 #include <gtest/gtest.h>
 
-#include "case/read_output_file.h"
+#include "case/read/read_output_file.h"
 #include "fake_platform.h"
 #include "frame/session.h"
-#include "gks/gks_control.h"
-#include "gks/window_offscreen.h"
-#include "views/data_plot.h"
+#include "gks/kernel/gks_control.h"
+#include "gks/window/window_offscreen.h"
+#include "views/data_plot/data_plot.h"
 
 namespace zaview {
 

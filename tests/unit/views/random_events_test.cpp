@@ -4,11 +4,11 @@
 #include <random>
 #include <string>
 
-#include "frame/zaview_exit.h"
-#include "gks/gks_window.h"
+#include "frame/ground/zaview_exit.h"
+#include "gks/window/gks_window.h"
 #include "plot_view.h"
 #include "script/start_plot.h"
-#include "views/plot_session.h"
+#include "views/frame/plot_session.h"
 
 namespace zaview {
 namespace {

@@ -11,7 +11,7 @@
 
 #include "case/plot_data.h"
 #include "unit/views/plot_view.h"
-#include "views/plot_type.h"
+#include "views/data_plot/plot_type.h"
 
 namespace zaview {
 namespace {

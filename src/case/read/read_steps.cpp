@@ -1,0 +1,103 @@
+#include "case/read/read_steps.h"
+
+#include <algorithm>
+#include <string>
+#include <thread>
+
+#include "base/message.h"
+#include "case/read/unformatted_steps.h"
+#include "case/smoothing.h"
+
+namespace zaview {
+namespace {
+
+// Says how far a long read is: not before kQuietTime, then at most five times a second.
+struct ProgressLine {
+  const Platform* platform;
+  std::string_view name;
+  std::int64_t size;  // bytes; below 1: unknown
+  double next;        // when to show it again
+};
+constexpr double kQuietTime = 2.0;  // seconds
+constexpr double kShowEvery = 0.2;
+
+void ShowTaken(void* self, std::int64_t bytes) {
+  auto& line = *static_cast<ProgressLine*>(self);
+  const Clock& clock = line.platform->clock;
+  const double now = clock.seconds(clock.self);
+  if (now < line.next) return;
+  line.next = now + kShowEvery;
+  const double part = line.size > 0 ? static_cast<double>(bytes) / static_cast<double>(line.size) : 0.0;
+  const int percent = static_cast<int>(std::clamp(part, 0.0, 1.0) * 100.0);
+  const Console& console = line.platform->console;
+  console.show_progress(console.self, fmt::format("Reading {} {:>3} %", line.name, percent));
+}
+
+ProgressLine StartProgress(const Platform& platform, std::string_view name) {
+  const std::int64_t size = platform.files.facts(platform.files.self, std::string(name)).size;
+  return {&platform, name, size, platform.clock.seconds(platform.clock.self) + kQuietTime};
+}
+
+void SayVersions(const Console& console, int formatted, int unformatted) {
+  SayLine(console, kVersionsDiffer[0]);
+  Say(console, kVersionsDiffer[1], formatted);
+  Say(console, kVersionsDiffer[2], unformatted);
+  SayLine(console, kVersionsDiffer[3]);
+}
+
+void SmoothLoads(const Console& console, CaseStore& fresh) {
+  for (auto* const loads : {&fresh.load_force, &fresh.load_moment})
+    for (StepHistory& kind : *loads)
+      if (!smooth_section_loads(kind)) return SayLine(console, kSmoothingSkipped);
+}
+
+[[nodiscard]] bool ReadCompanionStream(const Platform& platform, const std::string& name, BlockStream& stream,
+                                       CaseStore& fresh, StepsRead& steps) {
+  const Console& console = platform.console;
+  int version = 0;
+  if (!ReadCompanionVersion(stream, version)) {
+    Say(console, kCompanionUnparsed, name);
+    return false;
+  }
+  if (VersionsDiffer(fresh.labels.VERSION, version)) SayVersions(console, fresh.labels.VERSION, version);
+  if (stream.begin == stream.end && !FillStream(stream, kStepBlock)) {
+    steps.end = stream.fault ? StepsEnd::bad_value : StepsEnd::no_record;
+    return true;
+  }
+  Say(console, kReadingHistory, name);
+  ProgressLine line = StartProgress(platform, name);
+  const CompanionRead read = ReadUnformattedSteps(stream, line.size, fresh, {&line, ShowTaken});
+  console.remove_progress(console.self);
+  if (read.bad_indices > 0) SayLine(console, kInvalidIndex);
+  constexpr int kWithoutForces = 2;
+  if (CompanionMode(fresh) == kWithoutForces && read.steps.kept > 0) SmoothLoads(console, fresh);
+  steps = read.steps;
+  return true;
+}
+
+}  // namespace
+
+StepsRead ReadFormattedSteps(const Platform& platform, BlockStream& stream, CaseStore& fresh) {
+  Say(platform.console, kReadingHistory, fresh.file_name);
+  ProgressLine line = StartProgress(platform, fresh.file_name);
+  const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, 2U);
+  const StepsRead steps = ReadTimeSteps(stream, line.size, fresh, {&line, ShowTaken}, threads);
+  platform.console.remove_progress(platform.console.self);
+  return steps;
+}
+
+bool ReadCompanion(const Platform& platform, CaseStore& fresh, StepsRead& steps) {
+  const std::string name = CompanionName(fresh.file_name);
+  const FileHandle file = platform.files.open_read(platform.files.self, name);
+  if (file == kNoFile) {
+    Say(platform.console, kCompanionUnopened, name);
+    return false;
+  }
+  BlockStream stream;
+  StartStream(stream, platform.files, file);
+  const bool read = ReadCompanionStream(platform, name, stream, fresh, steps);
+  (void)platform.files.close(platform.files.self, file);  // nothing was written
+  return read;
+}
+
+}  // namespace zaview

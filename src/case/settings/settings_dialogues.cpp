@@ -1,0 +1,224 @@
+#include "case/settings/settings_dialogues.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/message.h"
+#include "base/number_format.h"
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "case/output_scales.h"
+#include "case/read/finish_case_read.h"
+
+namespace zaview {
+namespace {
+
+// ---- Scales and signs
+
+struct ScaleRow {
+  std::string_view line, question, name;
+  float OutputSettings::*scale;
+};
+constexpr ScaleRow kScales[] = {
+    {"   GRAVOUT = acceleration due to gravity =", "Enter GRAVOUT :", "GRAVOUT", &OutputSettings::GRAVOUT},
+    {"   RHOOUT  = mass density of water       =", "Enter  RHOOUT :", "RHOOUT",  &OutputSettings::RHOOUT },
+    {"   LENOUT  = reference length            =", "Enter  LENOUT :", "LENOUT",  &OutputSettings::LENOUT },
+    {"   ANGOUT  = output angle scale factor   =", "Enter  ANGOUT :", "ANGOUT",  &OutputSettings::ANGOUT },
+};
+constexpr std::string_view kScaleHeads[] = {"The following variables define the units and scale of all ZAVIEW output:",
+                                            "   name      description                    current value"};
+
+Answer AskScale(const Console& console, const ScaleRow& row, float& value) {
+  for (;;) {
+    float asked = value;
+    const Answer answer = ask_real(console, row.question, true, asked);
+    if (answer != Answer::ok) return answer;
+    if (asked > 0.0F) {
+      value = asked;
+      return answer;
+    }
+    Say(console, "ERROR - {} must be positive", row.name);
+  }
+}
+
+// False: the user gave up.
+bool AskScales(const Console& console, OutputSettings& settings) {
+  for (std::size_t i = 0; i < std::size(kScales); ++i) {
+    float& scale = settings.*kScales[i].scale;
+    float value = scale;
+    if (AskScale(console, kScales[i], value) != Answer::ok) return false;
+    if (value != scale) settings.user_scale[i] = true;
+    scale = value;
+  }
+  return true;
+}
+
+struct ConventionWord {
+  std::string_view word;
+  Convention convention;
+};
+constexpr ConventionWord kConventionWords[] = {
+    {"ZAV", Convention::zavo },
+    {"ZUP", Convention::zavo },
+    {"MOD", Convention::model},
+    {"ZDO", Convention::model},
+    {"CFD", Convention::cfd  },
+    {"XAF", Convention::cfd  },
+};
+constexpr std::size_t kConventionLetters = 3;
+
+const ConventionRow* PresentConvention(const OutputSettings& settings) {
+  for (const ConventionRow& row : kConventions)
+    if (row.factors == settings.cnvfac) return &row;
+  return nullptr;
+}
+
+void TakeConvention(const Console& console, std::string_view word, OutputSettings& settings) {
+  for (const ConventionWord& known : kConventionWords) {
+    if (word != known.word) continue;
+    for (const ConventionRow& row : kConventions) {
+      if (row.convention != known.convention) continue;
+      settings.cnvfac = row.factors;
+      Say(console, "Selecting {} coordinate convention", row.name);
+    }
+    return;
+  }
+  SayLine(console, "Unrecognized option : convention not changed");
+}
+
+// False: the user gave up.
+bool AskConvention(const Console& console, OutputSettings& settings) {
+  SayLine(console, "Select coordinate convention for motion and force/moment data");
+  for (const ConventionRow& row : kConventions)
+    for (const std::string_view text : row.text) SayLine(console, text);
+  const ConventionRow* present = PresentConvention(settings);
+  if (present == nullptr) SayLine(console, "LOGIC ERROR #3 in CNVFAC - report to Ned");
+  const std::string shown(present == nullptr ? "" : present->name.substr(0, kConventionLetters));
+  std::string answer;
+  if (ask_text(console, "Select =>", shown, answer) != Answer::ok) return false;
+  if (IsBlank(answer)) return true;
+  TakeConvention(console, Capitals(Trim(answer)).substr(0, kConventionLetters), settings);
+  return true;
+}
+
+// ---- Trims and skips
+
+enum class Asked : std::uint8_t { taken, given_up };
+
+// `most`: the largest number taken; more is answered by `too_many`.
+Asked AskSteps(const Console& console, std::string_view question, int most, std::string_view too_many, int& value) {
+  for (;;) {
+    int steps = value;
+    if (ask_integer(console, question, true, steps) != Answer::ok) return Asked::given_up;
+    if (steps < 0) {
+      SayLine(console, "ERROR - value cannot be negative");
+    } else if (steps > most) {
+      SayLine(console, too_many);
+    } else {
+      value = steps;
+      return Asked::taken;
+    }
+  }
+}
+
+Asked AskTrims(const Console& console, const CaseStore& c, OutputSettings& settings) {
+  const int steps = c.last_read - c.first_read + 1;
+  const std::string too_many =
+      fmt::format("ERROR - number of trimmed steps greater current data record's {} steps", steps);
+  constexpr int kAny = 2'000'000'000;
+  if (AskSteps(console, "Enter # of INITIAL  time steps to TRIM:", steps, too_many, settings.trim_initial) ==
+          Asked::given_up ||
+      AskSteps(console, "Enter # of TERMINAL time steps to TRIM:", steps - 1, too_many, settings.trim_terminal) ==
+          Asked::given_up)
+    return Asked::given_up;
+  return AskSteps(console, "Enter # of TERMINAL time steps to TRIM for aborted runs:", kAny, "", settings.trim_abort);
+}
+
+void AskSkips(const Console& console, CaseStore& c, OutputSettings& settings) {
+  constexpr int kAny = 2'000'000'000;
+  int initial = std::max(0, c.skip_effective);
+  const int before = initial;
+  if (AskSteps(console, "Enter # of INITIAL  time steps to SKIP:", kAny, "", initial) == Asked::given_up) return;
+  if (initial != before) settings.skip_initial = initial;  // the default of each case stays in force otherwise
+  (void)RetrimCase(settings, c);
+  (void)AskSteps(console, "Enter # of TERMINAL time steps to SKIP:", kAny, "", settings.skip_terminal);
+}
+
+// ---- Smoothing
+
+constexpr std::string_view kSmoothingMenu[] = {"Data Smoothing Options:", " 1 - Small window least-squares fits",
+                                               " 3 - Cubic polynomial fits over specified window", " 0 - No smoothing"};
+constexpr int kMostSmoothing = 3, kCubic = 3;  // 2, the Fourier series, is taken though not listed
+constexpr int kLeastWindow = 5;
+
+}  // namespace
+
+void AskOutputScales(const Console& console, OutputSettings& settings, const CaseStore& case_store) {
+  for (const std::string_view line : kScaleHeads) SayLine(console, line);
+  for (const ScaleRow& row : kScales) Say(console, "{} {}", row.line, Shown{settings.*row.scale});
+  const bool asked = AskScales(console, settings);
+  set_output_scales(settings, !case_store.time_history());
+  if (asked && AskConvention(console, settings)) pause_for_return(console);
+}
+
+void retrim_record(const Console& console, OutputSettings& settings, CaseStore& case_store) {
+  CaseStore& c = case_store;
+  if (!c.has_steps()) return SayLine(console, "ERROR - the case has no time steps");
+  const bool trimmed = c.first_step != c.first_read || c.last_step != c.last_read;
+  Say(console, "The current data record has steps {} to {}", c.first_read, c.last_read);
+  if (trimmed) Say(console, "but has been trimmed to steps   {} {}", c.first_step, c.last_step);
+  std::string answer;
+  const std::string_view question =
+      trimmed ? "Do you want to re-trim the data record? (y/n)" : "Do you want to trim the data record? (y/n)";
+  if (ask_text(console, question, "", answer) != Answer::ok) return;
+  Asked trims = Asked::taken;
+  if (Capitals(Trim(answer)).substr(0, 1) == "Y") {
+    trims = AskTrims(console, c, settings);
+  } else {
+    settings.trim_initial = 0;
+    settings.trim_terminal = 0;
+  }
+  SayTrimWhole(console, RetrimCase(settings, c));
+  Say(console, "{} steps trimmed from beginning of time history", c.first_step - c.first_read);
+  Say(console, "{} steps trimmed from end of time history", c.last_read - c.last_step);
+  if (trims == Asked::taken) AskSkips(console, c, settings);
+}
+
+void AskSmoothing(const Console& console, OutputSettings& settings) {
+  for (const std::string_view line : kSmoothingMenu) SayLine(console, line);
+  int option = settings.smooth_option;
+  for (;;) {
+    if (ask_integer(console, "Select =>", true, option) != Answer::ok) return;
+    if (option >= 0 && option <= kMostSmoothing) break;
+    SayLine(console, "ERROR - illegal value");
+    option = settings.smooth_option;
+  }
+  int width = settings.smooth_window;
+  while (option == kCubic) {
+    if (ask_integer(console, "Enter smoothing window width (in time steps)=>", true, width) != Answer::ok) return;
+    if (width >= kLeastWindow) break;
+    SayLine(console, "ERROR - illegal value, must be >=5");
+    width = settings.smooth_window;
+  }
+  settings.smooth_option = option;
+  settings.smooth_window = width;
+}
+
+Answer AskSeparator(const Console& console, OutputSettings& settings) {
+  const std::string_view present = settings.separator == Separator::comma ? "COMMA"
+                                   : settings.separator == Separator::tab ? "TAB"
+                                                                          : "SPACE";
+  std::string word;
+  const Answer answer =
+      ask_text(console, "Select the separation character for the table:\n(SPACE, COMMA or TAB):", present, word);
+  if (answer != Answer::ok) return answer;
+  const char first = word.empty() ? ' ' : word.front();
+  if (first == 'c' || first == 'C' || first == ',') settings.separator = Separator::comma;
+  else if (first == 't' || first == 'T' || first == '\t') settings.separator = Separator::tab;
+  else settings.separator = Separator::space;
+  return Answer::ok;
+}
+
+}  // namespace zaview

@@ -1,0 +1,14 @@
+// Sectional load distribution as a table: a row per cut with its coordinate, the value at one step, least and largest
+// over the used steps (trim and stride, no skip).
+#pragma once
+
+#include "case/plot_data.h"
+#include "frame/ground/output_file.h"
+
+namespace zaview {
+
+// iqnt 13 to 24 (others: said, logic). step: absolute index, limited to the steps in store.
+[[nodiscard]] PlotFault LoadDistFil(const Console& console, const OutputSettings& settings, int iqnt, int step,
+                                    CaseStore& case_store, OutputFile& out);
+
+}  // namespace zaview

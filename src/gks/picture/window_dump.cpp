@@ -1,0 +1,123 @@
+#include "gks/picture/window_dump.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "base/grow.h"
+#include "base/message.h"
+#include "base/text.h"
+#include "gks/picture/picture_file.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr fmt::string_view kIllegalOption = "LOGIC error - Illegal Dump_Option={} in GKSDUMP";
+constexpr fmt::string_view kNoMoreNames = " GKSDUMP failed - no more {} files";
+constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error";
+constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
+constexpr fmt::string_view kWriting = "DumpWindow - Writing PNG file {}";
+constexpr fmt::string_view kConverting = "DumpWindow - ppm2gif {} {}";
+constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}";
+
+constexpr std::string_view kStep = "gl.png";  // on the way to the other formats; it stays
+constexpr int kNames = 10000;
+
+struct DumpKind {
+  int fixed, numbered;  // options
+  PictureFormat format;
+  std::string_view capital, extension;
+};
+constexpr DumpKind kKinds[] = {
+    {1, 2, PictureFormat::gif, "GIF", "gif"},
+    {3, 4, PictureFormat::bmp, "BMP", "bmp"},
+    {5, 6, PictureFormat::png, "PNG", "png"},
+};
+constexpr int kUsualOption = 6;  // what -1 stands for
+
+const DumpKind* KindOfOption(int option) {
+  for (const DumpKind& kind : kKinds)
+    if (option == kind.fixed || option == kind.numbered) return &kind;
+  return nullptr;
+}
+
+const DumpKind* KindOfName(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos) return nullptr;
+  const std::string_view end = name.substr(dot + 1);
+  for (const DumpKind& kind : kKinds)
+    if (end == kind.extension || end == kind.capital) return &kind;
+  return nullptr;
+}
+
+// The first free one, always from 1. It is taken at once, so that programs side by side never take the same.
+// False: there is none.
+bool TakeFreeName(const Files& files, const DumpKind& kind, std::string& name) {
+  for (int n = 1; n < kNames; ++n) {
+    name = fmt::format("dump{:04}.{}", n, kind.extension);
+    if (files.facts(files.self, name).exists) continue;
+    const FileHandle file = files.open_write(files.self, name, WriteHow::create_new, 0);
+    if (file != kNoFile) {
+      static_cast<void>(files.close(files.self, file));
+      return true;
+    }
+    if (!files.facts(files.self, name).exists) return true;  // can't be made at all: told by the writing
+  }
+  return false;
+}
+
+bool WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& kind, const std::string& name) {
+  const int width = gks.window.width, height = gks.window.height;
+  if (width < 1 || height < 1) return false;
+  std::vector<unsigned char> rgb;
+  if (!Grow(rgb, static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)) {
+    SayLine(platform.console, kNoMemory);
+    return false;
+  }
+  if (!platform.window.read_picture(platform.window.self, width, height, rgb.data())) {
+    SayLine(platform.console, kNoPicture);
+    return false;
+  }
+  const auto write = [&](const std::string& file, PictureFormat format) {
+    if (WritePicture(platform, file, format, width, height, rgb)) return true;
+    Say(platform.console, kNotWritten, file);
+    return false;
+  };
+  if (kind.format == PictureFormat::png) Say(platform.console, kWriting, name);
+  else {
+    static_cast<void>(write(std::string(kStep), PictureFormat::png));
+    Say(platform.console, kConverting, kStep, name);
+  }
+  return write(name, kind.format);
+}
+
+}  // namespace
+
+bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
+  const int wanted = option == -1 ? kUsualOption : option;
+  const DumpKind* kind = KindOfOption(wanted);
+  if (kind == nullptr) {
+    Say(platform.console, kIllegalOption, option);
+    return false;
+  }
+  std::string name(TrimEnd(std::exchange(gks.dump.name, {})));
+  if (!name.empty()) {
+    const DumpKind* const named = KindOfName(name);
+    return WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);
+  }
+  if (wanted == kind->fixed) return WriteWindow(platform, gks, *kind, fmt::format("gl.{}", kind->extension));
+  if (!TakeFreeName(platform.files, *kind, name)) {
+    Say(platform.console, kNoMoreNames, kind->extension);
+    return false;
+  }
+  if (WriteWindow(platform, gks, *kind, name)) return true;
+  static_cast<void>(platform.files.remove(platform.files.self, name));
+  return false;
+}
+
+}  // namespace zaview

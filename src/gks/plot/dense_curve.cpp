@@ -1,0 +1,116 @@
+#include "gks/plot/dense_curve.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+#include "base/grow.h"
+#include "gks/kernel/gks_transform.h"
+
+namespace zaview {
+
+namespace {
+
+struct Place {  // of a point in the picture
+  int column = 0;
+  int row = 0;   // within the window, if lines are clipped there
+  int side = 0;  // -1 left of the window, 1 right of it
+  bool finite = false;
+};
+
+class Places {
+ public:
+  explicit Places(const GksState& gks) : gks_(gks), window_(gksSortedWindow(gks)) {
+    if (!gks.attribute.clip) return;
+    const int a = gksToPixel(gks, {window_.xmin, window_.ymin}).y, b = gksToPixel(gks, {window_.xmin, window_.ymax}).y;
+    top_ = std::min(a, b);
+    bottom_ = std::max(a, b);
+  }
+
+  Place Of(float x, float y) const {
+    Place out;
+    out.finite = std::isfinite(x) && std::isfinite(y);
+    if (!out.finite) return out;
+    const GksPixel pixel = gksToPixel(gks_, {x, y});
+    out.column = pixel.x;
+    out.row = std::clamp(pixel.y, top_, bottom_);
+    if (x < window_.xmin) out.side = -1;
+    if (x > window_.xmax) out.side = 1;
+    return out;
+  }
+
+  bool OnEdge(int row) const { return row <= top_ || row >= bottom_; }
+
+ private:
+  const GksState& gks_;
+  GksRectangle window_;
+  int top_ = std::numeric_limits<int>::min(), bottom_ = std::numeric_limits<int>::max();
+};
+
+struct Point {
+  std::size_t index = 0;
+  int row = 0;
+};
+
+class Run {  // of points in one column
+ public:
+  void Start(Point at) { first_ = highest_ = lowest_ = last_ = other_ = at; }
+
+  void Extend(Point at) {
+    if (at.row != last_.row) other_ = last_;
+    if (at.row < highest_.row) highest_ = at;
+    if (at.row > lowest_.row) lowest_ = at;
+    last_ = at;
+  }
+
+  int last_row() const { return last_.row; }
+
+  // The end of a line isn't drawn itself. Where the run ends its line the point before counts too, the last one in
+  // another row: the line may have come and gone there.
+  std::array<std::size_t, 5> Kept(bool ends_line) const {
+    const auto [from, to] = std::minmax(highest_.index, lowest_.index);
+    return {first_.index, from, to, ends_line ? other_.index : to, last_.index};
+  }
+
+ private:
+  Point first_, highest_, lowest_, last_, other_;
+};
+
+void Put(std::span<const float> x, std::span<const float> y, const std::array<std::size_t, 5>& kept, CurvePoints& out) {
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    if (i > 0 && kept[i] <= *std::max_element(kept.begin(), kept.begin() + static_cast<std::ptrdiff_t>(i))) continue;
+    out.x.push_back(x[kept[i]]);
+    out.y.push_back(y[kept[i]]);
+  }
+}
+
+}  // namespace
+
+bool ThinCurve(const GksState& gks, std::span<const float> x, std::span<const float> y, bool log_y, CurvePoints& out) {
+  const std::size_t n = std::min(x.size(), y.size());
+  out.x.clear();
+  out.y.clear();
+  if (!Reserve(out.x, n) || !Reserve(out.y, n)) return false;
+  const Places places(gks);
+  Run run;
+  Place before;
+  bool any = false;
+  for (std::size_t i = 0; i < n; ++i) {
+    if (log_y && !(y[i] > 0.0F)) continue;
+    const Place here = places.Of(x[i], log_y ? std::log10(y[i]) : y[i]);
+    if (any && here.finite && before.finite && here.column == before.column && here.side == before.side) {
+      run.Extend({i, here.row});
+      continue;
+    }
+    if (any) Put(x, y, run.Kept(!here.finite || places.OnEdge(run.last_row())), out);
+    run.Start({i, here.row});
+    before = here;
+    any = true;
+  }
+  if (any) Put(x, y, run.Kept(true), out);
+  return true;
+}
+
+}  // namespace zaview

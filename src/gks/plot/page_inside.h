@@ -1,0 +1,39 @@
+// What the families of the plot layer share. Private to gks.
+#pragma once
+
+#include <string_view>
+
+#include "gks/kernel/gks_transform.h"
+#include "gks/plot/plot_layer.h"
+
+namespace zaview {
+
+inline constexpr int kPageTransform = 1, kGraphTransform = 2;
+
+// Alignments of GSTXAL.
+inline constexpr int kLeft = 1, kCentre = 2, kRight = 3;
+inline constexpr int kTop = 1, kHalf = 3, kBase = 4, kBottom = 5;
+
+// Selects a transformation for one call and the former one again at its end.
+class SelectedTransform {
+ public:
+  SelectedTransform(GksState& gks, int number);
+  ~SelectedTransform();
+  SelectedTransform(const SelectedTransform&) = delete;
+  SelectedTransform& operator=(const SelectedTransform&) = delete;
+
+ private:
+  GksState& gks_;
+  int before_;
+};
+
+// The text that is drawn: without blanks at its end and without one "$" or NUL behind that.
+[[nodiscard]] std::string_view PlotText(std::string_view text);
+
+// Sets the character height so that text of the selected transformation has `height` page units.
+void SetTextHeight(PlotDraw draw, float height);
+
+// What a text of the selected transformation covers, by the text attributes; world.
+[[nodiscard]] GksRectangle PlotTextBox(const GksState& gks, GksPoint at, std::string_view text);
+
+}  // namespace zaview

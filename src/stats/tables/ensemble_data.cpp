@@ -1,0 +1,150 @@
+#include "stats/tables/ensemble_data.h"
+
+#include <algorithm>
+#include <new>
+
+#include "base/message.h"
+#include "base/number_format.h"
+#include "case/quantity_catalogue.h"
+#include "control/input_scales.h"
+#include "stats/ensemble_stats.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kTooManySkipped =
+    "ERR495 - Too many steps skipped or trimmed in autocorrelation setup";
+inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating data for the ensemble";
+
+constexpr int kWaveAtCg = 25, kWaveAtOrigin = 26;
+
+std::string_view PurposeOf(int iqnt) {
+  if (iqnt == kWaveAtCg) return "Calculating Ensemble Elevations at CG...";
+  if (iqnt == kWaveAtOrigin) return "Calculating Ensemble Elevations at Origin...";
+  return IsPointQuantity(iqnt) ? "Calculating ensemble motion for ship fixed point..." : "";
+}
+
+EnsembleKey KeyOf(const OutputSettings& settings, const QuantityRequest& request, const EnsembleCases& cases) {
+  EnsembleKey key{request.iqnt, request.curve, request.point, request.missile, 0, settings, {}};
+  key.skip_initial = std::max(0, cases.current.skip_effective);
+  for (int irec = 1; irec <= cases.count(); ++irec) {
+    const CaseStore& record = cases.record(irec);
+    key.records.push_back({record.serial, record.first_step, record.last_step});
+  }
+  return key;
+}
+
+float SampleInterval(const CaseStore& c, const OutputSettings& settings) {
+  const double step = c.control.DTH * InputScalesOf(c.control).time * static_cast<double>(settings.scales.T);
+  return static_cast<float>(step * std::max(1, settings.step_stride));
+}
+
+// Appends one record. An empty one if no point is left of it.
+TableFault LoadRecord(const Console& console, const OutputSettings& settings, const QuantityRequest& request, int skip,
+                      CaseStore& record, EnsembleData& data) {
+  PlotData plot;
+  const PlotFault fault = SetPlotData(console, settings, request, record, plot);
+  if (fault == PlotFault::not_valid) return TableFault::not_valid;
+  if (fault == PlotFault::no_memory) return TableFault::no_memory;
+  if (fault != PlotFault::none) return TableFault::said;
+  if (plot.y.empty()) return TableFault::not_valid;
+  const StatRange range = StatPoints(record, settings, skip);
+  const auto first = range.first;
+  const auto n = plot.n > 0 ? range.n : 0;
+  data.X.emplace_back(plot.y[0].begin() + first, plot.y[0].begin() + first + n);
+  data.t.emplace_back(plot.x.begin() + first, plot.x.begin() + first + n);
+  data.first_step.push_back(record.first_step + first * data.stride);
+  return TableFault::none;
+}
+
+TableFault LoadRecords(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                       const EnsembleCases& cases, EnsembleData& data) {
+  const std::string_view purpose = PurposeOf(request.iqnt);
+  if (!purpose.empty()) SayLine(console, purpose);
+  for (int irec = 1; irec <= cases.count(); ++irec) {
+    const TableFault fault = LoadRecord(console, settings, request, data.key.skip_initial, cases.record(irec), data);
+    if (fault != TableFault::none) return fault;
+  }
+  if (!purpose.empty()) SayLine(console, "done:");
+  return TableFault::none;
+}
+
+std::vector<std::span<const float>> ViewsOf(const std::vector<std::vector<float>>& records) {
+  return {records.begin(), records.end()};
+}
+
+}  // namespace
+
+int EnsembleCases::count() const {
+  return std::max(1, ensemble.nrec);
+}
+
+CaseStore& EnsembleCases::record(int irec) const {
+  const bool held = irec != ensemble.irec && irec >= 1 && static_cast<std::size_t>(irec) <= ensemble.record.size();
+  return held ? ensemble.record[static_cast<std::size_t>(irec - 1)] : current;
+}
+
+TableFault LoadEnsemble(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                        const EnsembleCases& cases, std::string_view too_many_skipped, StatisticsState& state) {
+  QuantityRequest one = request;
+  one.curve = std::max(1, request.curve);
+  one.wave_overlay = false;
+  try {
+    EnsembleKey key = KeyOf(settings, one, cases);
+    if (!state.ensemble.loaded || state.ensemble.key != key) {
+      state.dependence = {};
+      state.ensemble = {};
+      state.ensemble.key = std::move(key);
+      state.ensemble.stride = std::max(1, settings.step_stride);
+      state.ensemble.dt = SampleInterval(cases.current, settings);
+      const TableFault fault = LoadRecords(console, settings, one, cases, state.ensemble);
+      if (fault != TableFault::none) {
+        state.ensemble = {};
+        return fault;
+      }
+      state.ensemble.loaded = true;
+    }
+  } catch (const std::bad_alloc&) {
+    state.ensemble = {};
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+  const auto& X = state.ensemble.X;
+  if (std::any_of(X.begin(), X.end(), [](const std::vector<float>& x) { return !x.empty(); })) return TableFault::none;
+  SayLine(console, too_many_skipped);
+  return TableFault::said;
+}
+
+std::vector<std::span<const float>> SamplesOf(const EnsembleData& data) {
+  return ViewsOf(data.X);
+}
+
+std::vector<std::span<const float>> TimesOf(const EnsembleData& data) {
+  return ViewsOf(data.t);
+}
+
+TableFault UpdateDependence(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                            const EnsembleCases& cases, StatisticsState& state) {
+  const TableFault fault = LoadEnsemble(console, settings, request, cases, kTooManySkipped, state);
+  if (fault != TableFault::none) return fault;
+  DependenceResult& dependence = state.dependence;
+  if (dependence.known && dependence.cutoff == settings.autocorrelation_cutoff) return TableFault::none;
+  SayLine(console, "Computing autocorrelation...");
+  EnsembleAutoCov autocov;
+  CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.autocorrelation_cutoff, false, autocov);
+  dependence = {settings.autocorrelation_cutoff, true, autocov.ndti, state.ensemble.dt * autocov.lag};
+  SayLine(console, "Done");
+  return TableFault::none;
+}
+
+std::string DependenceLine(const DependenceResult& dependence) {
+  return fmt::format("Dependence time= {} ({} steps)", Shown{dependence.dti}, dependence.ndti);
+}
+
+std::string EnsembleCurveName(const OutputSettings& settings, const QuantityRequest& request,
+                              const EnsembleCases& cases) {
+  return fmt::format("{}, {}", QuantityLabel(cases.current, request.iqnt),
+                     CurveLabel(cases.current, settings, request.iqnt, std::max(1, request.curve)));
+}
+
+}  // namespace zaview

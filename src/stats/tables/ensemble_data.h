@@ -1,0 +1,48 @@
+// The records of an ensemble for one curve, loaded once for its key, and their dependence length.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/ensemble_store.h"
+#include "case/output_settings.h"
+#include "case/plot_data.h"
+#include "stats/statistics_state.h"
+#include "stats/tables/stat_table.h"
+
+namespace zaview {
+
+struct EnsembleCases {  // where the records stand: the current one in the case store, the others in the ensemble store
+  CaseStore& current;
+  EnsembleStore& ensemble;
+  // Records from 1 to count(); without an ensemble the current case is record 1.
+  [[nodiscard]] int count() const;
+  [[nodiscard]] CaseStore& record(int irec) const;
+};
+
+// One curve of each record over its own steps in use, the skip counts of the current one for all. Says "Calculating
+// Ensemble ..." where waves or point motions have to be made. Loads only if the key differs. A record without points
+// is empty; without points in any of them `too_many_skipped` is said.
+[[nodiscard]] TableFault LoadEnsemble(const Console& console, const OutputSettings& settings,
+                                      const QuantityRequest& request, const EnsembleCases& cases,
+                                      std::string_view too_many_skipped, StatisticsState& state);
+
+// Views of the loaded samples, and of their times.
+[[nodiscard]] std::vector<std::span<const float>> SamplesOf(const EnsembleData& data);
+[[nodiscard]] std::vector<std::span<const float>> TimesOf(const EnsembleData& data);
+
+// Loads, and makes state.dependence current: "Computing autocorrelation...", "Done" when it has to be computed.
+[[nodiscard]] TableFault UpdateDependence(const Console& console, const OutputSettings& settings,
+                                          const QuantityRequest& request, const EnsembleCases& cases,
+                                          StatisticsState& state);
+
+// "Dependence time= 12.5 (25 steps)"
+[[nodiscard]] std::string DependenceLine(const DependenceResult& dependence);
+
+// "Position of CG, pmgg(3)"
+[[nodiscard]] std::string EnsembleCurveName(const OutputSettings& settings, const QuantityRequest& request,
+                                            const EnsembleCases& cases);
+
+}  // namespace zaview

@@ -1,0 +1,183 @@
+#include "stats/tables/ensemble_dialogues.h"
+
+#include <array>
+#include <cmath>
+#include <string>
+#include <string_view>
+
+#include "base/message.h"
+#include "base/number_format.h"
+#include "case/quantity_catalogue.h"
+#include "case/settings/settings_dialogues.h"
+#include "frame/ground/prompts.h"
+#include "stats/tables/autocorrelation_table.h"
+#include "stats/tables/ensemble_table.h"
+#include "stats/tables/rate_tables.h"
+#include "stats/tables/table_dialogues.h"
+
+namespace zaview {
+namespace {
+
+constexpr std::string_view kScreenPrompt = "(<RETURN> for screen, QUIT to exit)";
+
+std::string WithScreenPrompt(std::string_view question) {
+  return fmt::format("{}\n{}", question, kScreenPrompt);
+}
+
+// ---- Dependence
+
+// The cut-off, asked until it lies inside of 0 and 1.
+Answer AskCutoff(const Console& console, OutputSettings& settings) {
+  for (;;) {
+    float cutoff = settings.autocorrelation_cutoff;
+    const Answer answer =
+        ask_real(console, "Enter autocorrelation value at which to assume independence:", true, cutoff);
+    if (answer != Answer::ok) return answer;
+    if (cutoff > 0.0F && cutoff < 1.0F) {
+      settings.autocorrelation_cutoff = cutoff;
+      return answer;
+    }
+    SayLine(console, "Invalid value - must be > 0.0 and < 1.0");
+  }
+}
+
+// ---- Rates
+
+struct DataRange {
+  float min = 0, mean = 0, max = 0;
+};
+
+DataRange RangeOf(const EnsembleData& data) {
+  DataRange range;
+  float sum = 0;
+  std::size_t count = 0;
+  for (const std::vector<float>& record : data.X)
+    for (const float x : record) {
+      if (count == 0) range.min = range.max = x;
+      range.min = std::fmin(range.min, x);
+      range.max = std::fmax(range.max, x);
+      sum += x;
+      ++count;
+    }
+  range.mean = count == 0 ? 0.0F : sum / static_cast<float>(count);
+  return range;
+}
+
+void SayRange(const Console& console, const EnsembleData& data) {
+  const DataRange range = RangeOf(data);
+  SayLine(console, "Data Range:");
+  Say(console, "Min = {}", Shown{range.min});
+  Say(console, "Mean= {}", Shown{range.mean});
+  Say(console, "Max = {}", Shown{range.max});
+}
+
+// Title, and the data with their dependence length. False: it has been said why not.
+bool BeginRates(const EnsembleDialogue& d, const QuantityRequest& request, std::string_view title,
+                std::string_view calculation) {
+  const Console& console = d.platform.console;
+  SayLine(console, title);
+  Say(console, "{} {}", calculation, QuantityLabel(d.cases.current, request.iqnt));
+  if (UpdateDependence(console, d.settings, request, d.cases, d.state) != TableFault::none) return false;
+  SayRange(console, d.state.ensemble);
+  return true;
+}
+
+constexpr std::string_view kDirections[] = {" 1 - Up-crossing of value, down-crossing of -value",
+                                            " 2 - Up-crossing of value", " 3 - Down-crossing of value"};
+constexpr std::string_view kIllegal = "Illegal value - try again or QUIT to abort";
+
+Answer AskDirection(const Console& console, Direction& direction) {
+  SayLine(console, "Exceedance crossing direction options:");
+  for (const std::string_view line : kDirections) SayLine(console, line);
+  for (;;) {
+    int option = static_cast<int>(direction);
+    const Answer answer = ask_integer(console, "Enter option=>", true, option);
+    if (answer != Answer::ok) return answer;
+    if (option >= 1 && option <= static_cast<int>(std::size(kDirections))) {
+      direction = static_cast<Direction>(option);
+      return answer;
+    }
+    SayLine(console, kIllegal);
+  }
+}
+
+Answer AskDependence(const Console& console, int ndti, int& ndep) {
+  for (;;) {
+    ndep = ndti;
+    const Answer answer = ask_integer(console,
+                                      "Enter dependence length (in time steps) for finding independent exceedances;\n"
+                                      "(Default value computed from autocorrelation function)",
+                                      true, ndep);
+    if (answer != Answer::ok || ndep >= 0) return answer;
+    SayLine(console, kIllegal);
+  }
+}
+
+}  // namespace
+
+void AskExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& quantity) {
+  const EnsembleDialogue& d = dialogue;
+  const Console& console = d.platform.console;
+  if (!BeginRates(d, quantity, "ZAVIEW - Exceedance Rate Calculation", "Exceedance calculation for")) return;
+  ExceedanceRequest request;
+  request.quantity = quantity;
+  request.ndep_is_given = true;
+  ChosenFile chosen;
+  if (ask_real(console, "Enter thresold value:", false, request.threshold) != Answer::ok ||
+      AskDirection(console, request.direction) != Answer::ok ||
+      AskDependence(console, d.state.dependence.ndti, request.ndep) != Answer::ok ||
+      !AskTableFile(d.platform, WithScreenPrompt("Enter file for exceedance statistics"), chosen))
+    return;
+  const TableFault fault = WriteExceedances(d.platform, d.settings, request, d.cases, d.state, chosen.out);
+  FinishTable(d.platform, fault, "Exceedance statistics written to", chosen);
+}
+
+void AskEnsembleFile(const EnsembleDialogue& dialogue, const QuantityRequest& request, bool intervals) {
+  const EnsembleDialogue& d = dialogue;
+  const Console& console = d.platform.console;
+  if (intervals && AskProbability(console, d.settings) != Answer::ok) return;
+  ChosenFile chosen;
+  if (!AskTableFile(d.platform, "Enter file for statistical output\n(BLANK to print to screen, QUIT to abort)", chosen))
+    return;
+  if (AskSeparator(console, d.settings) != Answer::ok) return DiscardOutput(chosen.out);
+  StatRequest table;
+  table.statistic.number = kStatTable;
+  table.statistic.interval = intervals;
+  table.quantity = request;
+  const TableFault fault = EnsembleStat(console, d.settings, table, d.cases, d.state, chosen.out);
+  FinishTable(d.platform, fault, "Ensemble statistics written to", chosen);
+}
+
+bool AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
+  const EnsembleDialogue& d = dialogue;
+  const Console& console = d.platform.console;
+  if (AskCutoff(console, d.settings) != Answer::ok) return false;
+  if (UpdateDependence(console, d.settings, request, d.cases, d.state) != TableFault::none) return false;
+  Say(console, "Dependence time= {} ({} steps)", Shown{d.state.dependence.dti}, d.state.dependence.ndti);
+  FileQuestion question;
+  question.use = FileUse::output;
+  question.prompt = "Enter file for autocorrelation output\n(<RETURN> for screen, PLOT to graph, QUIT to exit)";
+  question.blank_is_console = true;
+  question.word = "PLOT";
+  ChosenFile chosen;
+  const FileAnswer answer = OPNFIL(d.platform, question, chosen);
+  if (answer != FileAnswer::opened) return answer == FileAnswer::word;
+  const TableFault fault = EnsembleAutoCorrelation(console, d.settings, request, false, d.cases, d.state, chosen.out);
+  FinishTable(d.platform, fault, "Autocorrelation written to", chosen);
+  return false;
+}
+
+void AskUpcrossings(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
+  const EnsembleDialogue& d = dialogue;
+  const Console& console = d.platform.console;
+  if (!BeginRates(d, request, "ZAVIEW - Upcrossing Statistics", "Upcrossing calculation for")) return;
+  std::array<float, 3> thresholds{};
+  if (VINPUT(console, "Enter thresold values as min,max,increment:", false, thresholds) != Answer::ok) return;
+  ChosenFile chosen;
+  if (!AskTableFile(d.platform, WithScreenPrompt("Enter file for upcrossing statistics"), chosen)) return;
+  const UpcrossingRequest upcrossings{request, thresholds[0], thresholds[1], thresholds[2]};
+  const TableFault fault = WriteUpcrossings(console, d.settings, upcrossings, d.cases, d.state, chosen.out);
+  FinishTable(d.platform, fault, "Upcrossing statistics written to", chosen);
+}
+
+}  // namespace zaview

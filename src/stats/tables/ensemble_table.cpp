@@ -1,0 +1,247 @@
+#include "stats/tables/ensemble_table.h"
+
+#include <algorithm>
+#include <iterator>
+#include <new>
+#include <vector>
+
+#include "base/message.h"
+#include "base/number_format.h"
+#include "base/table_text.h"
+#include "base/text.h"
+#include "case/quantity_catalogue.h"
+#include "stats/ensemble_stats.h"
+#include "stats/tables/interval_table.h"
+#include "stats/tables/statistic_values.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in statistics output";
+inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
+inline constexpr std::string_view kNotRelevant = "ERR494 - NDTF/RAO and PHASE not relevant for ensemble statistics";
+inline constexpr std::string_view kNotHere = "ERR496 - statistic option not implemented for ensemble statistics";
+inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
+inline constexpr std::string_view kBadCurve = "ERROR - Invalid curve index for specified quantity";
+
+constexpr int kAll = 1, kMeanOnly = 2, kNoIntervals = 3;  // of CalcEnsembleStats
+constexpr int kPeakIntervals = 0, kPeakAveragesOnly = 1;  // of CalcEnsemblePeakStats
+constexpr int kThird = 3;
+constexpr int kTableRows[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, kStatSsa};
+
+// Can this statistic be had? If not, it has been said why.
+bool Available(const Console& console, const StatisticName& statistic) {
+  const int number = statistic.number;
+  if (number >= kStatNdtf && number <= kStatPhaseLead) SayLine(console, kNotRelevant);
+  else if (number > kStatAbsolute && number != kStatSsa) SayLine(console, kNotHere);
+  else if (statistic.interval && !HasInterval(number)) Say(console, kNoInterval, number);
+  else return true;
+  return false;
+}
+
+struct RecordRow {
+  float xm = 0, xs = 0, third = 0;
+};
+
+struct EnsembleValues {
+  IntervalValues values;  // with or without half widths
+  float xmin = 0, xmax = 0;
+  std::vector<RecordRow> records;
+};
+
+bool SaidFaults(const Console& console, const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) SayLine(console, line);
+  return !lines.empty();
+}
+
+void FindRecords(EnsembleRecords X, float prob, std::vector<RecordRow>& rows) {
+  for (const std::span<const float> x : X) {
+    RecordStats stats;
+    RecordPeakStats peaks;
+    (void)CalcRecordStats(kNoIntervals, x, prob, stats);
+    (void)CalcRecordPeakStats(kThird, kPeakAveragesOnly, x, prob, peaks);
+    rows.push_back({stats.xm, stats.xs, peaks.xpkN});
+  }
+}
+
+// False: an argument was refused and it has been said.
+bool FindValues(const Console& console, const StatisticName& statistic, EnsembleRecords X, float prob, int nmany,
+                EnsembleValues& out) {
+  const int number = statistic.number;
+  const bool table = number == kStatTable;
+  const int option = !statistic.interval ? kNoIntervals : number == kStatMean ? kMeanOnly : kAll;
+  EnsembleStats stats;
+  if (table || !IntervalNeedsPeaks(number)) {
+    const StatFault fault = CalcEnsembleStats(option, X, prob, nmany, stats);
+    if (SaidFaults(console, StatFaultLines(fault, "CalcEnsembleStats", 0, option, prob))) return false;
+  }
+  out.values.record = {stats.xme, stats.xve, stats.xse, stats.xmeci, stats.xveci, stats.xseci, stats.xmin, stats.xmax};
+  if (IntervalNeedsPeaks(number)) {
+    const int peak_option = statistic.interval ? kPeakIntervals : kPeakAveragesOnly;
+    const int N[] = {kThird, std::max(1, statistic.N)};
+    RecordPeakStats peaks[std::size(N)];
+    const StatFault fault = CalcEnsemblePeakStats(N, peak_option, X, prob, peaks);
+    if (SaidFaults(console, StatFaultLines(fault, "CalcEnsemblePeakStats", N[1], peak_option, prob))) return false;
+    out.values.third = peaks[0];
+    out.values.nth = peaks[1];
+  }
+  if (table && !statistic.interval) FindRecords(X, prob, out.records);
+  return true;
+}
+
+float ValueOf(int number, const EnsembleValues& v) {
+  constexpr std::size_t kEstimate = 2;
+  if (number == kStatMinimum) return v.values.record.xmin;
+  if (number == kStatMaximum) return v.values.record.xmax;
+  if (number == kStatAbsolute) return std::max(v.values.record.xmax, -v.values.record.xmin);
+  return IntervalCellsOf(number, v.values)[kEstimate];
+}
+
+void AppendRecordRows(Separator separator, const EnsembleValues& v, std::string& text) {
+  const std::string names[] = {"Record stats:", "Mean", "StDev", "1/3rd Amp Avg"};
+  const TableLayout layout = LayoutFor(separator, names);
+  AppendHeading(text, layout, names);
+  int number = 0;
+  for (const RecordRow& row : v.records) {
+    const float cells[] = {row.xm, row.xs, row.third};
+    const std::string label = fmt::format("{:>{}}", ++number, layout.widths[0]);
+    AppendLabelledRow(text, layout, label, cells);
+  }
+}
+
+void AppendTable(const OutputSettings& settings, const StatRequest& request, const QuantityRequest& one,
+                 const EnsembleCases& cases, const EnsembleValues& v, std::string& text) {
+  std::string name = EnsembleCurveName(settings, one, cases);
+  const bool titled = !IsBlank(request.text);
+  if (titled && !request.statistic.interval)
+    name = fmt::format("{}, {}", QuantityLabel(cases.current, one.iqnt), Trim(request.text));
+  auto to = std::back_inserter(text);
+  if (request.statistic.interval) {
+    fmt::format_to(to, "Ensemble stats with Confidence Interval; {} records\n{}\nConfidence Interval Probability= {}\n",
+                   cases.count(), name, Shown{settings.confidence_probability});
+    AppendIntervalHeading(settings.separator, titled, text);
+    AppendIntervalRows(settings.separator, titled ? request.text : "", IntervalWords::ensemble, v.values, text);
+    return;
+  }
+  fmt::format_to(to, "Ensemble stats; {} records\n{}\n", cases.count(), name);
+  AppendRecordRows(settings.separator, v, text);
+  text += "Ensemble stats:\n";
+  TableLayout layout;  // all cells are of the usual width
+  layout.separator = settings.separator;
+  for (const int number : kTableRows) {
+    const float cell[] = {ValueOf(number, v)};
+    AppendLabelledRow(text, layout, StatisticLabel(number, false), cell);
+  }
+}
+
+void AppendCells(const StatRequest& request, const EnsembleValues& v, std::vector<float>& cells) {
+  const int number = request.statistic.number;
+  if (!request.statistic.interval) return cells.push_back(ValueOf(number, v));
+  const IntervalCells four = IntervalCellsOf(number, v.values);
+  cells.insert(cells.end(), four.begin(), four.end());
+}
+
+TableFault WriteStatistics(const Console& console, const OutputSettings& settings, const StatRequest& request,
+                           const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  const int curves = CurveCount(cases.current, request.quantity.iqnt);
+  if (curves < 1) return TableFault::not_valid;
+  if (request.quantity.curve > curves) {
+    SayLine(console, kBadCurve);
+    return TableFault::said;
+  }
+  const bool all = request.quantity.curve < 1;
+  QuantityRequest one = request.quantity;
+  std::string text;
+  std::vector<float> cells;
+  for (int curve = all ? 1 : one.curve; curve <= (all ? curves : request.quantity.curve); ++curve) {
+    one.curve = curve;
+    const TableFault fault = LoadEnsemble(console, settings, one, cases, kTooManySkipped, state);
+    if (fault != TableFault::none) return fault;
+    SayLine(console, "Computing statistics...");
+    EnsembleValues values;
+    if (!FindValues(console, request.statistic, SamplesOf(state.ensemble), settings.confidence_probability, state.nmany,
+                    values))
+      return TableFault::said;
+    if (request.statistic.number != kStatTable) {
+      AppendCells(request, values, cells);
+      continue;
+    }
+    if (!text.empty() || out.had_text) text += '\n';
+    AppendTable(settings, request, one, cases, values, text);
+  }
+  if (request.statistic.number != kStatTable) AppendBareLine(settings.separator, request.text, cells, text);
+  WriteOutput(out, text);
+  return TableFault::none;
+}
+
+// ---- Autocorrelation
+
+constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
+
+void WriteRows(const TableLayout& layout, std::span<const float> lags, std::span<const float> values, float dt,
+               std::string& text, OutputFile& out) {
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const float lag = lags.empty() ? static_cast<float>(i) : lags[i];
+    const float cells[] = {lag * dt, values[i]};
+    AppendRow(text, layout, cells);
+    if (text.size() < kBlock) continue;
+    WriteOutput(out, text);
+    text.clear();
+  }
+}
+
+void WriteAutoCorrelation(const OutputSettings& settings, const StatisticsState& state, OutputFile& out) {
+  EnsembleAutoCov autocov;
+  CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.autocorrelation_cutoff, true, autocov);
+  const std::string names[] = {"dTime", "Rax"}, envelope_names[] = {"dTime", "Raxe"};
+  const TableLayout layout = LayoutFor(settings.separator, names);
+  std::string text = out.had_text ? "\n" : "";
+  text += "Ensemble Averaged Autocorrelation\n";
+  AppendHeading(text, layout, names);
+  WriteRows(layout, {}, autocov.ratio, state.ensemble.dt, text, out);
+  text += "\nEnvelope curve\n";
+  AppendHeading(text, layout, envelope_names);
+  WriteRows(layout, autocov.env_lag, autocov.env_R, state.ensemble.dt, text, out);
+  text += '\n' + DependenceLine(state.dependence) + '\n';
+  WriteOutput(out, text);
+}
+
+}  // namespace
+
+bool FindEnsembleIntervals(const Console& console, const StatisticName& statistic, EnsembleRecords X, float prob,
+                           int nmany, IntervalValues& out) {
+  StatisticName with_interval = statistic;
+  with_interval.interval = true;
+  EnsembleValues values;
+  if (!FindValues(console, with_interval, X, prob, nmany, values)) return false;
+  out = values.values;
+  return true;
+}
+
+TableFault EnsembleStat(const Console& console, const OutputSettings& settings, const StatRequest& request,
+                        const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  if (!Available(console, request.statistic)) return TableFault::said;
+  try {
+    return WriteStatistics(console, settings, request, cases, state, out);
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
+
+TableFault EnsembleAutoCorrelation(const Console& console, const OutputSettings& settings,
+                                   const QuantityRequest& request, bool dependence_only, const EnsembleCases& cases,
+                                   StatisticsState& state, OutputFile& out) {
+  try {
+    const TableFault fault = UpdateDependence(console, settings, request, cases, state);
+    if (fault != TableFault::none) return fault;
+    if (dependence_only) WriteOutput(out, DependenceLine(state.dependence) + '\n');
+    else WriteAutoCorrelation(settings, state, out);
+    return TableFault::none;
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
+
+}  // namespace zaview

@@ -1,0 +1,31 @@
+// Ensemble statistics: tables with and without intervals, single statistics, the averaged autocorrelation.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "frame/ground/output_file.h"
+#include "stats/ensemble_stats.h"
+#include "stats/interval_cells.h"
+#include "stats/tables/ensemble_data.h"
+#include "stats/tables/stat_table.h"
+
+namespace zaview {
+
+// request.statistic 0: the table, a block a curve; with `interval` the one with intervals. Else one bare line: text,
+// separator, value, or half width, low, estimate, high. request.quantity.curve 0: all curves. Statistics that an
+// ensemble doesn't have are said (ERR494, ERR496).
+[[nodiscard]] TableFault EnsembleStat(const Console& console, const OutputSettings& settings,
+                                      const StatRequest& request, const EnsembleCases& cases, StatisticsState& state,
+                                      OutputFile& out);
+
+// As FindIntervals (interval_table.h), of all records together.
+[[nodiscard]] bool FindEnsembleIntervals(const Console& console, const StatisticName& statistic, EnsembleRecords X,
+                                         float prob, int nmany, IntervalValues& out);
+
+// The table of Rax and its envelope, or the line of the dependence time alone.
+[[nodiscard]] TableFault EnsembleAutoCorrelation(const Console& console, const OutputSettings& settings,
+                                                 const QuantityRequest& request, bool dependence_only,
+                                                 const EnsembleCases& cases, StatisticsState& state, OutputFile& out);
+
+}  // namespace zaview

@@ -1,0 +1,155 @@
+#include "stats/tables/histogram_table.h"
+
+#include <iterator>
+#include <new>
+
+#include "base/message.h"
+#include "base/number_format.h"
+#include "case/quantity_catalogue.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in histogram setup";
+inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
+
+constexpr std::string_view kHeads =
+    "    Bucket        Bucket        Bucket      Number        Fraction of\n"
+    "    Min           Max           Mid         Data Pts      Total Points\n";
+constexpr std::string_view kFit = "Theoretical Probability Distribution Fit:\n";
+constexpr std::string_view kFitHeads =
+    "               Expected #     Expect Frac\n"
+    "    Value       Data Pts      Total Points\n";
+
+// The current record alone, as an ensemble of one.
+struct OneRecord {
+  EnsembleStore none;
+  StatisticsState state;
+};
+
+struct FitLine {
+  Overlay overlay;
+  std::string_view label;
+  float Histogram::*value;  // null: a line of words
+};
+constexpr FitLine kFitLines[] = {
+    {Overlay::uniform,        "Uniform distribution",           nullptr             },
+    {Overlay::normal,         "Normal (Gaussian) distribution", nullptr             },
+    {Overlay::normal,         "Mean        =",                  &Histogram::mean    },
+    {Overlay::normal,         "Variance    =",                  &Histogram::variance},
+    {Overlay::gramm_charlier, "Gramm-Charlier distribution",    nullptr             },
+    {Overlay::gramm_charlier, "Mean        =",                  &Histogram::mean    },
+    {Overlay::gramm_charlier, "Variance    =",                  &Histogram::variance},
+    {Overlay::gramm_charlier, "Skew        =",                  &Histogram::skew    },
+    {Overlay::gramm_charlier, "Excess      =",                  &Histogram::excess  },
+    {Overlay::rayleigh,       "Rayleigh distribution",          nullptr             },
+    {Overlay::rayleigh,       "Variance    =",                  &Histogram::variance},
+    {Overlay::exponential,    "Exponential distribution",       nullptr             },
+    {Overlay::exponential,    "Lambda      =",                  &Histogram::lambda  },
+};
+
+void AppendCells(std::span<const float> cells, std::string& text) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (i > 0) text += ' ';
+    AppendPaddedCell(text, cells[i]);
+  }
+  text += '\n';
+}
+
+// Number and fraction of what is held in the unit asked for.
+struct Pair {
+  float number, fraction;
+};
+Pair BothUnits(const HistogramRequest& request, const Histogram& h, float value) {
+  const auto npts = static_cast<float>(h.npts);
+  if (!request.counts) return {value * npts, value};
+  return {value, h.npts == 0 ? 0.0F : value / npts};
+}
+
+void AppendFit(const HistogramRequest& request, const Histogram& h, std::string& text) {
+  text += '\n';
+  text += kFit;
+  for (const std::string& line : DistributionLines(request.overlay, h)) text.append(line) += '\n';
+  text += kFitHeads;
+  for (std::size_t j = 0; j < h.expected.size(); ++j) {
+    const Pair expected = BothUnits(request, h, h.expected[j]);
+    const float cells[] = {h.mid[j], expected.number, expected.fraction};
+    AppendCells(cells, text);
+  }
+}
+
+void AppendTable(const HistogramRequest& request, const CaseStore& c, std::string_view label, const Histogram& h,
+                 std::string& text) {
+  fmt::format_to(std::back_inserter(text), "Histogram of {} for ZAVO file {}\n Total data points = {}\n", label,
+                 c.file_name, h.npts);
+  text += kHeads;
+  for (std::size_t j = 0; j < h.count.size(); ++j) {
+    const float low = h.edges[j], high = h.edges[j + 1];
+    const Pair points = BothUnits(request, h, h.count[j]);
+    const float cells[] = {low, high, (low + high) / 2.0F, points.number, points.fraction};
+    AppendCells(cells, text);
+  }
+  if (request.overlay != Overlay::none) AppendFit(request, h, text);
+}
+
+TableFault Make(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                const EnsembleCases& cases, StatisticsState& state, const HistogramRequest& how, Histogram& histogram) {
+  const TableFault fault = LoadEnsemble(console, settings, request, cases, kTooManySkipped, state);
+  if (fault != TableFault::none) return fault;
+  const EnsembleData& data = state.ensemble;
+  const bool one_record = data.X.size() == 1;
+  if (one_record && data.X[0].size() < 2) {
+    SayLine(console, kTooManySkipped);
+    return TableFault::said;
+  }
+  // Positions count from the first point in use; the points skipped are the same for all records.
+  const int skip = data.key.skip_initial == 0 ? 0 : (data.key.skip_initial + data.stride - 1) / data.stride;
+  if (!SetHistogramData(how, SamplesOf(data), skip, histogram)) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+  if (how.overlay != Overlay::none) Say(console, "chi2= {}", Shown{histogram.chi2});
+  return TableFault::none;
+}
+
+}  // namespace
+
+std::vector<std::string> DistributionLines(Overlay overlay, const Histogram& histogram) {
+  std::vector<std::string> lines;
+  for (const FitLine& line : kFitLines) {
+    if (line.overlay != overlay) continue;
+    lines.push_back(line.value == nullptr ? std::string(line.label)
+                                          : fmt::format("{} {}", line.label, Shown{histogram.*line.value}));
+  }
+  return lines;
+}
+
+TableFault MakeHistogram(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                         bool of_ensemble, const EnsembleCases& cases, StatisticsState& state, Histogram& histogram) {
+  try {
+    if (of_ensemble) return Make(console, settings, request, cases, state, state.histogram, histogram);
+    OneRecord one;
+    return Make(console, settings, request, {cases.current, one.none}, one.state, state.histogram, histogram);
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
+
+TableFault WriteHistogram(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                          bool of_ensemble, const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  Histogram histogram;
+  const TableFault fault = MakeHistogram(console, settings, request, of_ensemble, cases, state, histogram);
+  if (fault != TableFault::none) return fault;
+  try {
+    std::string text = out.had_text ? "\n" : "";
+    AppendTable(state.histogram, cases.current, QuantityLabel(cases.current, request.iqnt), histogram, text);
+    WriteOutput(out, text);
+    return TableFault::none;
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
+
+}  // namespace zaview

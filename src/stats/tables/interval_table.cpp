@@ -1,0 +1,161 @@
+#include "stats/tables/interval_table.h"
+
+#include <algorithm>
+#include <iterator>
+#include <new>
+#include <vector>
+
+#include "base/message.h"
+#include "base/number_format.h"
+#include "base/table_text.h"
+#include "base/text.h"
+#include "case/quantity_catalogue.h"
+#include "stats/interval_cells.h"
+#include "stats/tables/statistic_values.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kTooManySkipped =
+    "ERR495 - Too many steps skipped or trimmed in confidence interval calculation";
+inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
+inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
+
+constexpr std::string_view kQuantityHead = "Quantity      ";
+
+struct IntervalRow {
+  int number;  // of the statistic
+  std::string_view label, ensemble_label;
+};
+constexpr IntervalRow kRows[] = {
+    {kStatMean,      " Mean          ", " Mean          "},
+    {kStatVariance,  " Variance      ", " Variance      "},
+    {kStatStdev,     " Std. Deviation", " Std. Deviation"},
+    {kStatThird,     " Significnt Amp", " Significnt Amp"},
+    {kStatThird + 1, " 1/3rd Top Avg ", " 1/3rd Top Avg "},
+    {kStatThird + 2, " 1/3rd bot Avg ", " 1/3rd Bot Avg "},
+    {kStatThird + 3, " Significnt Hgt", " Significnt Hgt"},
+    {kStatNth,       " 1/10th Amp Avg", " 1/10th Amp Avg"},
+    {kStatNth + 1,   " 1/10th Top Avg", " 1/10th Top Avg"},
+    {kStatNth + 2,   " 1/10th bot Avg", " 1/10th Bot Avg"},
+    {kStatNth + 3,   " 1/10th Dbl Amp", " 1/10th Dbl Avg"},
+    {kStatSsa,       " SSA           ", " SSA           "},
+};
+
+// What stands in the column "Quantity      " of a curve; blank: there is no such column.
+std::string QuantityOf(const StatRequest& request, const PlotData& data, std::size_t i) {
+  const bool several = data.y.size() > 1;
+  return several ? data.labels[i] : IsBlank(request.text) ? std::string() : request.text;
+}
+
+void AppendTitle(const OutputSettings& settings, const StatRequest& request, const CaseStore& c, const OutputFile& out,
+                 std::string& text) {
+  if (out.had_text) text += '\n';
+  fmt::format_to(std::back_inserter(text),
+                 "Statistical estimates with confidence interval of {} for ZAVO file {}\n"
+                 "Confidence Interval Probability= {}\n",
+                 cQntLong(request.quantity.iqnt), c.file_name, Shown{settings.confidence_probability});
+}
+
+// One bare line: text as typed, then four cells a curve.
+void AppendLine(const OutputSettings& settings, const StatRequest& request, std::span<const IntervalValues> curves,
+                std::string& text) {
+  std::vector<float> cells;
+  for (const IntervalValues& values : curves) {
+    const IntervalCells four = IntervalCellsOf(request.statistic.number, values);
+    cells.insert(cells.end(), four.begin(), four.end());
+  }
+  AppendBareLine(settings.separator, request.text, cells, text);
+}
+
+TableFault WriteTable(const Console& console, const OutputSettings& settings, const StatRequest& request,
+                      CaseStore& case_store, OutputFile& out) {
+  StatRecord record;
+  const TableFault fault =
+      TakeRecord(console, settings, request.quantity, kTooManySkipped, kNoMemory, case_store, record);
+  if (fault != TableFault::none) return fault;
+  std::vector<IntervalValues> curves(record.data.y.size());
+  for (std::size_t i = 0; i < curves.size(); ++i)
+    if (!FindIntervals(console, request.statistic, record.curve(i), settings.confidence_probability, curves[i]))
+      return TableFault::said;
+
+  std::string text;
+  if (request.statistic.number == kStatTable) {
+    const bool quantity_column = curves.size() > 1 || !IsBlank(request.text);
+    AppendTitle(settings, request, case_store, out, text);
+    AppendIntervalHeading(settings.separator, quantity_column, text);
+    for (std::size_t i = 0; i < curves.size(); ++i)
+      AppendIntervalRows(settings.separator, QuantityOf(request, record.data, i), IntervalWords::record, curves[i],
+                         text);
+  } else {
+    AppendLine(settings, request, curves, text);
+  }
+  WriteOutput(out, text);
+  return TableFault::none;
+}
+
+}  // namespace
+
+bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x, float prob,
+                   IntervalValues& out) {
+  constexpr int kIntervals = 1, kPeakIntervals = 0;  // options of the two routines
+  const int number = statistic.number;
+  std::vector<std::string> lines;
+  if (number == kStatTable || !IntervalNeedsPeaks(number)) {
+    const StatFault fault = CalcRecordStats(kIntervals, x, prob, out.record);
+    lines = StatFaultLines(fault, "CalcRecordStats", 0, kIntervals, prob);
+  }
+  if (lines.empty() && IntervalNeedsPeaks(number)) {
+    const int N[] = {3, std::max(1, statistic.N)};
+    RecordPeakStats peaks[std::size(N)];
+    const StatFault fault = CalcRecordPeakStats(N, kPeakIntervals, x, prob, peaks);
+    lines = StatFaultLines(fault, "CalcRecordPeakStats", N[1], kPeakIntervals, prob);
+    out.third = peaks[0];
+    out.nth = peaks[1];
+  }
+  for (const std::string& line : lines) SayLine(console, line);
+  return lines.empty();
+}
+
+void AppendIntervalHeading(Separator separator, bool quantity_column, std::string& text) {
+  std::vector<std::string> names{" Statistic     ", "Cnfdnce Intvl", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
+  if (quantity_column) names.insert(names.begin(), std::string(kQuantityHead));
+  AppendHeading(text, LayoutFor(separator, names), names);
+}
+
+void AppendIntervalRows(Separator separator, std::string_view quantity, IntervalWords words,
+                        const IntervalValues& values, std::string& text) {
+  std::string ahead;
+  if (!quantity.empty() && separator != Separator::space) ahead = QuotedName(separator, quantity);
+  else if (!quantity.empty()) ahead = fmt::format("{:<{}}", TrimEnd(quantity), kQuantityHead.size());
+  if (!quantity.empty()) ahead += static_cast<char>(separator);
+  TableLayout layout;  // all cells are of the usual width
+  layout.separator = separator;
+  for (const IntervalRow& row : kRows) {
+    text += ahead;
+    const std::string_view label = words == IntervalWords::ensemble ? row.ensemble_label : row.label;
+    AppendLabelledRow(text, layout, label, IntervalCellsOf(row.number, values));
+  }
+}
+
+bool HasInterval(int number) {
+  if (number == kStatTable) return true;
+  return std::any_of(std::begin(kRows), std::end(kRows), [number](const IntervalRow& r) { return r.number == number; });
+}
+
+TableFault WriteIntervals(const Console& console, const OutputSettings& settings, const StatRequest& request,
+                          CaseStore& case_store, OutputFile& out) {
+  const int number = request.statistic.number;
+  if (!HasInterval(number)) {
+    Say(console, kNoInterval, number);
+    return TableFault::said;
+  }
+  try {
+    return WriteTable(console, settings, request, case_store, out);
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
+
+}  // namespace zaview

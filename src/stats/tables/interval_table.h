@@ -1,0 +1,37 @@
+// Statistics with confidence intervals: 12 rows for each curve, or one bare line of one statistic.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/table_text.h"
+#include "stats/interval_cells.h"
+#include "stats/tables/stat_table.h"
+
+namespace zaview {
+
+// The statistics that have an interval: mean to 1/nth double amplitude, SSA, and 0, the table of all.
+[[nodiscard]] bool HasInterval(int number);
+
+// request.statistic 0: the table (request.text not blank, or several curves: with the column "Quantity"); 1 to 11 and
+// 24: one line, text, half width, low, estimate, high.
+[[nodiscard]] TableFault WriteIntervals(const Console& console, const OutputSettings& settings,
+                                        const StatRequest& request, CaseStore& case_store, OutputFile& out);
+
+// The values of one record that a statistic takes; of number 0 those of all. False: an argument was refused and it has
+// been said.
+[[nodiscard]] bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x,
+                                 float prob, IntervalValues& out);
+
+// ---- What the table of an ensemble has in common with this one
+
+enum class IntervalWords : std::uint8_t { record, ensemble };  // their row labels differ in a letter or two
+
+void AppendIntervalHeading(Separator separator, bool quantity_column, std::string& text);
+// The 12 rows; quantity: what stands in that column, blank: there is none.
+void AppendIntervalRows(Separator separator, std::string_view quantity, IntervalWords words,
+                        const IntervalValues& values, std::string& text);
+
+}  // namespace zaview

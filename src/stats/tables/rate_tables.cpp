@@ -1,0 +1,331 @@
+#include "stats/tables/rate_tables.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <new>
+
+#include "base/message.h"
+#include "base/number_format.h"
+#include "base/table_text.h"
+#include "case/quantity_catalogue.h"
+#include "stats/tables/statistic_values.h"
+#include "stats/upcrossings.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
+inline constexpr std::string_view kList = "exceedance.list";
+inline constexpr std::string_view kBlockList = "block_exceedance.list";
+
+// ---- Cells of several widths in a line
+
+// Joins cells with the separator; with SPACE each is right-justified in its width.
+class Line {
+ public:
+  Line(Separator separator, std::string& text) : separator_(separator), text_(text) {}
+  Line& Integer(std::int64_t value, int width) {
+    Begin();
+    if (separator_ == Separator::space) fmt::format_to(std::back_inserter(text_), "{:>{}}", value, width);
+    else fmt::format_to(std::back_inserter(text_), "{}", value);
+    return *this;
+  }
+  Line& Cell(float value) {
+    Begin();
+    if (separator_ == Separator::space) AppendPaddedCell(text_, value);
+    else AppendCell(text_, value);
+    return *this;
+  }
+  void End() { text_ += '\n'; }
+
+ private:
+  void Begin() {
+    if (!first_) text_ += static_cast<char>(separator_);
+    first_ = false;
+  }
+  Separator separator_;
+  std::string& text_;
+  bool first_ = true;
+};
+
+// A head that stands as it is with SPACE, else as names.
+struct Head {
+  std::string_view lines;  // with their line ends
+  std::span<const std::string_view> names;
+};
+
+void AppendHead(Separator separator, const Head& head, std::string& text) {
+  if (separator == Separator::space) {
+    text += head.lines;
+    return;
+  }
+  for (std::size_t i = 0; i < head.names.size(); ++i) {
+    if (i > 0) text += static_cast<char>(separator);
+    text += QuotedName(separator, head.names[i]);
+  }
+  text += '\n';
+}
+
+// ---- What all three have in common
+
+float TotalTime(const EnsembleData& data) {
+  float total = 0;
+  for (const std::vector<float>& t : data.t)
+    if (!t.empty()) total += t.back() - t.front();
+  return total;
+}
+
+std::int64_t SampleCount(const EnsembleData& data) {
+  std::int64_t count = 0;
+  for (const std::vector<float>& x : data.X) count += static_cast<std::int64_t>(x.size());
+  return count;
+}
+
+float MeanOfAll(const EnsembleData& data) {
+  float sum = 0;
+  for (const std::vector<float>& record : data.X)
+    for (const float x : record) sum += x;
+  const std::int64_t count = SampleCount(data);
+  return count == 0 ? 0.0F : sum / static_cast<float>(count);
+}
+
+// File step of a sample; both numbers from 1.
+int StepOf(const EnsembleData& data, int record, int position) {
+  return data.first_step[static_cast<std::size_t>(record - 1)] + (position - 1) * data.stride;
+}
+
+// The time of a dependence length: as interpolated where it is the computed one.
+float DependenceTime(const StatisticsState& state, int ndep) {
+  if (ndep == state.dependence.ndti) return state.dependence.dti;
+  return state.ensemble.dt * static_cast<float>(ndep);
+}
+
+// Writes a list beside the report, in place of the one before. A list that can't be opened is left out.
+void WriteList(const Platform& platform, std::string_view name, std::string_view done, const std::string& text) {
+  OutputFile list;
+  if (!OpenOutput(platform, name, OpenHow::replace, list)) return;
+  WriteOutput(list, text);
+  if (CloseOutput(list)) Say(platform.console, "{} {}", done, name);
+}
+
+// One value of a report: its label in the sentence form, in the tabular form, and what stands behind the value.
+struct ReportItem {
+  std::string_view label, short_label, behind;
+  bool count = false;
+  float value = 0;
+  std::int64_t number = 0;
+};
+
+// SPACE: a line each. COMMA, TAB: a row, under a head if the file is new or empty.
+void AppendReport(Separator separator, bool head, std::span<const ReportItem> items, std::string& text) {
+  if (separator == Separator::space) {
+    for (const ReportItem& item : items) {
+      const std::string value = item.count ? std::to_string(item.number) : SentenceNumber(item.value);
+      fmt::format_to(std::back_inserter(text), "{} {}{}\n", item.label, value, item.behind);
+    }
+    return;
+  }
+  for (std::size_t i = 0; head && i < items.size(); ++i) {
+    if (i > 0) text += static_cast<char>(separator);
+    text += QuotedName(separator, items[i].short_label);
+  }
+  if (head) text += '\n';
+  Line line(separator, text);
+  for (const ReportItem& item : items) {
+    if (item.count) line.Integer(item.number, 0);
+    else line.Cell(item.value);
+  }
+  line.End();
+}
+
+// ---- Upcrossings
+
+constexpr std::string_view kUpcrossingNames[] = {"Threshold Value", "Total Upcross", "Upcross Rate",  "Min Record",
+                                                 "Max Record",      "Avg Record",    "Indep. Upcross"};
+constexpr Head kUpcrossingHead{
+    "Threshold    Total    Upcross     Min     Max     Avg  Indep.\n"
+    "   Value     Upcross  Rate        Record  Record  Record Upcross\n",
+    kUpcrossingNames};
+
+TableFault Upcrossings(const Console& console, const OutputSettings& settings, const UpcrossingRequest& request,
+                       const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  const TableFault fault = UpdateDependence(console, settings, request.quantity, cases, state);
+  if (fault != TableFault::none) return fault;
+  const EnsembleData& data = state.ensemble;
+  const std::vector<float> thresholds = Thresholds(request.min, request.max, request.increment);
+  std::vector<UpcrossingRow> rows;
+  UpCrossing(SamplesOf(data), MeanOfAll(data), thresholds, state.dependence.ndti, rows);
+
+  const float T = TotalTime(data);
+  constexpr int kCount = 7;
+  std::string text = out.had_text ? "\n" : "";
+  fmt::format_to(std::back_inserter(text), "Upcrossing Statistics for {}\nSimulation time= {}\nDependence time= {}\n",
+                 QuantityLabel(cases.current, request.quantity.iqnt), Shown{T}, Shown{state.dependence.dti});
+  AppendHead(settings.separator, kUpcrossingHead, text);
+  for (const UpcrossingRow& row : rows) {
+    Line line(settings.separator, text);
+    line.Cell(row.threshold).Integer(row.total, kCount).Cell(static_cast<float>(row.total) / T);
+    line.Integer(row.min_record, kCount).Integer(row.max_record, kCount);
+    line.Integer(row.total / cases.count(), kCount).Integer(row.independent, kCount).End();
+  }
+  WriteOutput(out, text);
+  return TableFault::none;
+}
+
+// ---- Exceedances
+
+constexpr std::string_view kListNames[] = {"Record", "Step", "Time"};
+constexpr Head kListHead{"Record    Step     Time\n", kListNames};
+
+std::string ListOf(Separator separator, const EnsembleData& data, const ExceedanceCount& count) {
+  std::string text;
+  AppendHead(separator, kListHead, text);
+  for (const Exceedance& each : count.list) {
+    Line line(separator, text);
+    line.Integer(each.record, 6).Integer(StepOf(data, each.record, each.position), 7).Cell(each.time).End();
+  }
+  return text;
+}
+
+// The values of one selection, threshold first.
+std::vector<float> SelectedValues(const ExceedanceRequest& request, const ExceedanceCount& count,
+                                  const ExceedanceLimits& limits, float T) {
+  const auto nind = static_cast<float>(count.nind);
+  switch (request.result) {
+    case ExceedanceResult::rate_ci:
+      return {request.threshold, limits.low / T, nind / T, limits.high / T};
+    case ExceedanceResult::rate:
+      return {request.threshold, nind / T};
+    case ExceedanceResult::number:
+      return {request.threshold, nind};
+    case ExceedanceResult::time_fraction:
+      return {request.threshold, count.Tex / T};
+    case ExceedanceResult::total:
+      return {request.threshold, static_cast<float>(count.total)};
+    case ExceedanceResult::time:
+      return {request.threshold, count.Tex};
+    case ExceedanceResult::report:
+    case ExceedanceResult::list:
+      break;
+  }
+  return {};
+}
+
+TableFault Exceedances(const Platform& platform, const OutputSettings& settings, const ExceedanceRequest& request,
+                       const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  const TableFault fault = UpdateDependence(platform.console, settings, request.quantity, cases, state);
+  if (fault != TableFault::none) return fault;
+  const EnsembleData& data = state.ensemble;
+  const int ndep = request.ndep < 1 && !request.ndep_is_given ? state.dependence.ndti : request.ndep;
+  ExceedanceCount count;
+  CountExceedances(SamplesOf(data), TimesOf(data), request.threshold, request.direction, ndep, count);
+  const ExceedanceLimits limits = LimitsOf(count.nind, SampleCount(data), settings.confidence_probability);
+  const float T = TotalTime(data);
+  std::string text;
+  if (request.result == ExceedanceResult::list) {
+    WriteOutput(out, ListOf(settings.separator, data, count));
+    return TableFault::none;
+  }
+  if (request.result != ExceedanceResult::report) {
+    AppendBareLine(settings.separator, "", SelectedValues(request, count, limits, T), text);
+    WriteOutput(out, text);
+    return TableFault::none;
+  }
+  WriteList(platform, kList, "Independent Exceedances written to", ListOf(settings.separator, data, count));
+  const auto nind = static_cast<float>(count.nind);
+  const ReportItem items[] = {
+      {"Threshold             =", "Threshold",       "",                                          false,                             request.threshold,    0                          },
+      {"Total Time            =", "Total Time",      "",                                          false,                             T,                    0                          },
+      {"Dependence time       =", "Dependence time", "",                                          false,                             DependenceTime(state, ndep),                       0},
+      {"Dependence steps      =",                         "Dependence steps",                  "",                   true,                                 0,                               ndep                        },
+      {"Number of Exceedances =",                         "Number of Exceedances (indepdnent)",                  " (independent)", true, 0,                 count.nind                  },
+      {"Number of Exceedances =",                         "Number of Exceedances (total)",                  " (total)",      true,            0,                       count.total                   },
+      {"Exceedance rate       =",                         "Exceedance rate",                  "",                    false,                                  nind / T,                              0},
+      {"Exceedance rate low   =",                         "Exceedance rate low",                  "",                false,                              limits.low / T,                              0                 },
+      {"Exceedance rate high  =",                         "Exceedance rate high",                  "",               false,                             limits.high / T,                              0},
+      {"Confidence probility  =",                         "Confidence probability.",                  "",            false,                          settings.confidence_probability,                              0    },
+      {"Exceedance time total =",                         "Exceedance time total",                  "",              false,                            count.Tex,                              0                },
+      {"Exceedance time frac. =",                         "Exceedance time frac.",                  "",              false,                            count.Tex / T,                              0},
+  };
+  if (settings.separator == Separator::space && out.had_text) text += '\n';
+  AppendReport(settings.separator, !out.had_text, items, text);
+  WriteOutput(out, text);
+  return TableFault::none;
+}
+
+// ---- Blocks
+
+constexpr std::string_view kBlockNames[] = {"Block", "Record", "Step1", "Step2", "Min", "Max"};
+constexpr Head kBlockHead{"Block Record Step1   Step2   Min         Max\n", kBlockNames};
+
+std::string BlockListOf(Separator separator, const EnsembleData& data, const BlockCount& count) {
+  std::string text;
+  AppendHead(separator, kBlockHead, text);
+  std::int64_t number = 0;
+  for (const Block& block : count.blocks) {
+    Line line(separator, text);
+    line.Integer(++number, 5).Integer(block.record, 6);
+    line.Integer(StepOf(data, block.record, block.first), 7).Integer(StepOf(data, block.record, block.last), 7);
+    line.Cell(block.min).Cell(block.max).End();
+  }
+  return text;
+}
+
+TableFault BlockExceedances(const Platform& platform, const OutputSettings& settings, const ExceedanceRequest& request,
+                            const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  const TableFault fault = UpdateDependence(platform.console, settings, request.quantity, cases, state);
+  if (fault != TableFault::none) return fault;
+  const EnsembleData& data = state.ensemble;
+  const int ndep = std::max(1, request.ndep < 1 ? state.dependence.ndti : request.ndep);
+  BlockCount count;
+  CountBlocks(SamplesOf(data), request.threshold, request.direction, ndep, count);
+  WriteList(platform, kBlockList, "Block min/max written to", BlockListOf(settings.separator, data, count));
+  const float T = TotalTime(data);
+  const ReportItem items[] = {
+      {"Total Time           =", "Total Time",           "", false, T,                                       0                                             },
+      {"Dependence time      =", "Dependence time",      "", false, data.dt * static_cast<float>(ndep),      0                                             },
+      {"Dependence steps     =", "Dependence steps",     "", true,  0,                                       ndep                                          },
+      {"Number of blocks     =", "Number of blocks",     "", true,  0,                                       static_cast<std::int64_t>(count.blocks.size())},
+      {"Blocks w/exceedances =", "Blocks w/exceedances", "", true,  0,                                       count.exceeding                               },
+      {"Exceedance rate      =", "Exceedance rate",      "", false, static_cast<float>(count.exceeding) / T, 0                                             },
+      {"Average block min    =", "Average block min",    "", false, count.average_min,                       0                                             },
+      {"Average block max    =", "Average block max",    "", false, count.average_max,                       0                                             },
+  };
+  std::string text;
+  if (settings.separator == Separator::space && out.had_text) text += '\n';
+  AppendReport(settings.separator, !out.had_text, items, text);
+  WriteOutput(out, text);
+  return TableFault::none;
+}
+
+// Runs a writer; exhausted memory is said.
+template <typename Write>
+TableFault Guarded(const Console& console, Write write) {
+  try {
+    return write();
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
+
+}  // namespace
+
+TableFault WriteUpcrossings(const Console& console, const OutputSettings& settings, const UpcrossingRequest& request,
+                            const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  return Guarded(console, [&] { return Upcrossings(console, settings, request, cases, state, out); });
+}
+
+TableFault WriteExceedances(const Platform& platform, const OutputSettings& settings, const ExceedanceRequest& request,
+                            const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+  return Guarded(platform.console, [&] { return Exceedances(platform, settings, request, cases, state, out); });
+}
+
+TableFault WriteBlockExceedances(const Platform& platform, const OutputSettings& settings,
+                                 const ExceedanceRequest& request, const EnsembleCases& cases, StatisticsState& state,
+                                 OutputFile& out) {
+  return Guarded(platform.console, [&] { return BlockExceedances(platform, settings, request, cases, state, out); });
+}
+
+}  // namespace zaview

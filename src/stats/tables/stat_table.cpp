@@ -1,0 +1,184 @@
+#include "stats/tables/stat_table.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <new>
+#include <vector>
+
+#include "base/message.h"
+#include "base/table_text.h"
+#include "base/text.h"
+#include "case/quantity_catalogue.h"
+#include "stats/fourier.h"
+#include "stats/tables/statistic_values.h"
+
+namespace zaview {
+namespace {
+
+inline constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in statistics output";
+inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
+inline constexpr std::string_view kNotRegular =
+    "ERR494 - NDTF/RAO and phase statistics only available for regular wave cases";
+inline constexpr std::string_view kUnknown = "LOGIC ERROR in WRSTAT : isel0= {}";
+inline constexpr std::string_view kNoWavePhase = "LOGIC ERROR - Wave phase calculation failed";
+inline constexpr std::string_view kNoNormaliser = "ERROR - NDTF/RAO is not defined for {}, {}";
+
+constexpr float kNotKnown = std::numeric_limits<float>::quiet_NaN();
+
+// In the order of the table. NDTF/RAO, phases and transfer function stand there for regular waves only.
+constexpr int kTableRows[] = {
+    1,  2,  3,  4,  5,  6,  7, 8, 9, 10, 11, 12, 13, 14, kStatNdtf, kStatPhase, kStatPhaseLead, kStatTransfer,
+    18, 19, 24, 20, 21, 22, 23};
+constexpr int kWaveAtCg = 25;  // the quantity that phases refer to
+
+bool IsPhase(int number) {
+  return number == kStatPhase || number == kStatPhaseLead;
+}
+bool IsTransfer(int number) {
+  return number == kStatNdtf || number == kStatTransfer;
+}
+
+// One statistic of all curves asked for.
+struct StatColumns {
+  int iqnt = 0;
+  int first_curve = 1;
+  std::vector<RecordValues> curves;
+  std::vector<float> phases;  // degrees behind the wave at the CG; empty: not wanted or not to be had
+  bool regular = false;
+  Normalisers normals;
+};
+
+float TransferValue(const StatColumns& columns, int number, std::size_t i) {
+  Normal kind = Normal::a;
+  const int component = columns.first_curve + static_cast<int>(i);
+  if (number == kStatNdtf && !FindNormal(columns.iqnt, component, kind)) return kNotKnown;
+  return StatisticValue(kStatThird, columns.curves[i]) / columns.normals.of(kind);
+}
+
+float CellOf(const StatColumns& columns, int number, std::size_t i) {
+  if (number == kStatPhase) return columns.phases[i];
+  if (number == kStatPhaseLead) return 360.0F - columns.phases[i];
+  return IsTransfer(number) ? TransferValue(columns, number, i) : StatisticValue(number, columns.curves[i]);
+}
+
+void CellsOf(const StatColumns& columns, int number, std::vector<float>& cells) {
+  cells.clear();
+  for (std::size_t i = 0; i < columns.curves.size(); ++i) cells.push_back(CellOf(columns, number, i));
+}
+
+bool AnyNormaliser(const StatColumns& columns) {
+  Normal kind = Normal::a;
+  for (std::size_t i = 0; i < columns.curves.size(); ++i)
+    if (FindNormal(columns.iqnt, columns.first_curve + static_cast<int>(i), kind)) return true;
+  return false;
+}
+
+bool RowShown(const StatColumns& columns, int number) {
+  if (number == kStatTransfer) return columns.regular;
+  if (IsPhase(number)) return !columns.phases.empty();
+  return number != kStatNdtf || (columns.regular && AnyNormaliser(columns));
+}
+
+// Is this single statistic to be had? If not, it has been said why.
+bool Available(const Console& console, const StatColumns& columns, const StatRecord& record, int number) {
+  if (!IsPhase(number) && !IsTransfer(number)) return true;
+  if (!columns.regular) {
+    SayLine(console, kNotRegular);
+    return false;
+  }
+  Normal kind = Normal::a;
+  for (std::size_t i = 0; number == kStatNdtf && i < record.data.labels.size(); ++i) {
+    if (FindNormal(columns.iqnt, columns.first_curve + static_cast<int>(i), kind)) continue;
+    Say(console, kNoNormaliser, cQntLong(columns.iqnt), record.data.labels[i]);
+    return false;
+  }
+  return true;
+}
+
+// The phases of all curves. False (told): the wave at the CG can't be had.
+bool FindPhases(const Console& console, const OutputSettings& settings, const StatRecord& record, CaseStore& case_store,
+                StatColumns& columns) {
+  QuantityRequest at_cg;
+  at_cg.iqnt = kWaveAtCg;
+  at_cg.curve = 1;
+  StatRecord wave;
+  if (TakeRecord(console, settings, at_cg, kTooManySkipped, kNoMemory, case_store, wave) != TableFault::none)
+    return false;
+  columns.phases.resize(columns.curves.size());
+  for (std::size_t i = 0; i < columns.curves.size(); ++i) {
+    if (PhaseLag(record.t(), record.curve(i), wave.curve(0), columns.phases[i])) continue;
+    SayLine(console, kNoWavePhase);
+    columns.phases.assign(columns.curves.size(), 0.0F);
+    break;
+  }
+  return true;
+}
+
+void AppendTable(const StatColumns& columns, const StatRequest& request, const OutputSettings& settings,
+                 const StatRecord& record, const CaseStore& c, const OutputFile& out, std::string& text) {
+  std::vector<std::string> names{"Statistic     "};
+  names.insert(names.end(), record.data.labels.begin(), record.data.labels.end());
+  if (names.size() == 2 && !IsBlank(request.text)) names[1] = request.text;
+  const TableLayout layout = LayoutFor(settings.separator, names);
+  if (out.had_text) text += '\n';
+  fmt::format_to(std::back_inserter(text), "Statistics of {} for ZAVO file {}\n", cQntLong(columns.iqnt), c.file_name);
+  AppendHeading(text, layout, names);
+  std::vector<float> cells;
+  for (const int number : kTableRows) {
+    if (!RowShown(columns, number)) continue;
+    CellsOf(columns, number, cells);
+    AppendLabelledRow(text, layout, StatisticLabel(number, !out.to_console), cells);
+  }
+}
+
+void AppendLine(const StatColumns& columns, const StatRequest& request, const OutputSettings& settings,
+                std::string& text) {
+  std::vector<float> cells;
+  CellsOf(columns, request.statistic.number, cells);
+  AppendBareLine(settings.separator, request.text, cells, text);
+}
+
+TableFault WriteStatistics(const Console& console, const OutputSettings& settings, const StatRequest& request,
+                           CaseStore& case_store, OutputFile& out) {
+  StatRecord record;
+  const TableFault fault =
+      TakeRecord(console, settings, request.quantity, kTooManySkipped, kNoMemory, case_store, record);
+  if (fault != TableFault::none) return fault;
+  StatColumns columns;
+  columns.iqnt = request.quantity.iqnt;
+  columns.first_curve = std::max(1, request.quantity.curve);
+  columns.regular = FindNormalisers(case_store.control, settings, columns.normals);
+  const int number = request.statistic.number;
+  if (!Available(console, columns, record, number)) return TableFault::said;
+
+  columns.curves.resize(record.data.y.size());
+  for (std::size_t i = 0; i < columns.curves.size(); ++i)
+    FindRecordValues(request.statistic, record.t(), record.curve(i), columns.curves[i]);
+  const bool phases = columns.regular && (number == kStatTable || IsPhase(number));
+  if (phases && !FindPhases(console, settings, record, case_store, columns) && IsPhase(number)) return TableFault::said;
+  std::string text;
+  if (number == kStatTable) AppendTable(columns, request, settings, record, case_store, out, text);
+  else AppendLine(columns, request, settings, text);
+  WriteOutput(out, text);
+  return TableFault::none;
+}
+
+}  // namespace
+
+TableFault WRSTAT(const Console& console, const OutputSettings& settings, const StatRequest& request,
+                  CaseStore& case_store, OutputFile& out) {
+  const int number = request.statistic.number;
+  if (number != kStatTable && StatisticLabel(number, false).empty()) {
+    Say(console, kUnknown, number);
+    return TableFault::said;
+  }
+  try {
+    return WriteStatistics(console, settings, request, case_store, out);
+  } catch (const std::bad_alloc&) {
+    SayLine(console, kNoMemory);
+    return TableFault::said;
+  }
+}
+
+}  // namespace zaview

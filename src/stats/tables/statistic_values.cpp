@@ -1,0 +1,224 @@
+#include "stats/tables/statistic_values.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "base/message.h"
+#include "base/text.h"
+#include "control/input_scales.h"
+#include "stats/record_stats.h"
+#include "waves/regular_wave.h"
+
+namespace zaview {
+namespace {
+
+constexpr int kThird = 3, kHundredth = 100;
+constexpr int kNoIntervals = 3;  // CalcRecordStats: mean, variance, extremes
+constexpr float kAnyProbability = 0.5F;
+
+constexpr bool Between(int low, int number, int high) {
+  return low <= number && number <= high;
+}
+
+// Is it one of the four that begin with `first`?
+constexpr bool IsSideOf(int first, int number) {
+  return Between(first, number, first + kStatSides - 1);
+}
+
+bool NeedsPeaks(int number) {
+  return number == kStatTable || IsSideOf(kStatThird, number) || IsSideOf(kStatNth, number) ||
+         IsSideOf(kStatHundredth, number) || Between(kStatNdtf, number, kStatPhaseLead) || number == kStatTransfer;
+}
+
+// A record without tops or without bottoms has no amplitude; its highest and lowest values are the mean.
+struct Extremes {
+  float top, bot;
+};
+Extremes ExtremesOf(const HighestPeaks& peaks, float xm) {
+  return peaks.iflag == 1 ? Extremes{xm, xm} : Extremes{peaks.top, peaks.bot};
+}
+
+enum Side : int { amplitude, top, bottom, height };
+float SideValue(int side, const HighestPeaks& peaks, float xm) {
+  const Extremes e = ExtremesOf(peaks, xm);
+  switch (side) {
+    case amplitude:
+      return (e.top - e.bot) / 2.0F;
+    case top:
+      return e.top;
+    case bottom:
+      return e.bot;
+    default:
+      return e.top - e.bot;
+  }
+}
+
+// The first row that holds quantity and component. No quantities: 30 and above that no other row names.
+struct NormalRow {
+  std::array<int, 7> quantities;
+  int first, last;  // components
+  Normal kind;
+};
+constexpr int kAll = std::numeric_limits<int>::max();
+constexpr int kFirstOther = 30;
+constexpr NormalRow kNormals[] = {
+    {{1, 4, 27},               1, 3,    Normal::a     },
+    {{1, 4, 27},               4, 6,    Normal::ka    },
+    {{2, 5, 28},               1, 3,    Normal::a_we  },
+    {{2, 5, 28},               4, 6,    Normal::ka_we },
+    {{3, 29},                  1, 3,    Normal::a_we2 },
+    {{3, 29},                  4, 6,    Normal::ka_we2},
+    {{6, 7, 8, 9, 10, 11, 12}, 1, 3,    Normal::force },
+    {{6, 7, 8, 9, 10, 11, 12}, 4, 6,    Normal::moment},
+    {{13, 15, 17, 19, 21, 23}, 1, kAll, Normal::force },
+    {{14, 16, 18, 20, 22, 24}, 1, kAll, Normal::moment},
+    {{25, 26},                 1, 3,    Normal::a     },
+    {{31, 32},                 1, 3,    Normal::a     },
+    {{31, 32},                 4, 6,    Normal::a_we  },
+    {{31, 32},                 7, 9,    Normal::a_we2 },
+    {{},                       1, 1,    Normal::a     },
+    {{},                       2, 2,    Normal::a_we  },
+    {{},                       3, 3,    Normal::a_we2 },
+};
+
+bool Holds(const NormalRow& row, int iqnt, int component) {
+  const bool others = row.quantities[0] == 0;
+  const bool named = std::find(row.quantities.begin(), row.quantities.end(), iqnt) != row.quantities.end();
+  return (others ? iqnt >= kFirstOther && iqnt != 31 && iqnt != 32 : named) && Between(row.first, component, row.last);
+}
+
+}  // namespace
+
+TableFault TableFaultOf(PlotFault fault) {
+  switch (fault) {
+    case PlotFault::none:
+      return TableFault::none;
+    case PlotFault::not_valid:
+      return TableFault::not_valid;
+    case PlotFault::no_memory:
+      return TableFault::no_memory;
+    case PlotFault::no_wave:
+    case PlotFault::logic:
+      break;
+  }
+  return TableFault::said;
+}
+
+TableFault TakeRecord(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                      std::string_view too_many_skipped, std::string_view no_memory, CaseStore& case_store,
+                      StatRecord& record) {
+  const TableFault fault = TableFaultOf(SetPlotData(console, settings, request, case_store, record.data));
+  if (fault == TableFault::no_memory) {
+    SayLine(console, no_memory);
+    return TableFault::said;
+  }
+  if (fault != TableFault::none) return fault;
+  if (record.data.y.empty()) return TableFault::not_valid;
+  record.range = StatPoints(case_store, settings);
+  if (record.data.n > 0 && record.range.n > 0) return TableFault::none;
+  SayLine(console, too_many_skipped);
+  return TableFault::said;
+}
+
+void FindRecordValues(const StatisticName& statistic, std::span<const float> t, std::span<const float> x,
+                      RecordValues& values) {
+  values = RecordValues{};
+  RecordStats stats;
+  (void)CalcRecordStats(kNoIntervals, x, kAnyProbability, stats);
+  values.xm = stats.xm;
+  values.xv = stats.xv;
+  values.xmin = stats.xmin;
+  values.xmax = stats.xmax;
+  const int number = statistic.number;
+  if (NeedsPeaks(number)) {
+    const int N[] = {kThird, std::max(1, statistic.N), kHundredth};
+    HighestPeaks peaks[std::size(N)];
+    CalcAvgHighestPeaks(N, x, values.xm, peaks);
+    values.third = peaks[0];
+    values.nth = peaks[1];
+    values.hundredth = peaks[2];
+  }
+  if (number == kStatTable || Between(kStatBetweenUpcrossings, number, kStatBetweenPeaks))
+    CalcAvgBetween(t, x, values.xm, values.between);
+}
+
+float StatisticValue(int number, const RecordValues& values) {
+  if (IsSideOf(kStatThird, number)) return SideValue(number - kStatThird, values.third, values.xm);
+  if (IsSideOf(kStatNth, number)) return SideValue(number - kStatNth, values.nth, values.xm);
+  if (IsSideOf(kStatHundredth, number)) return SideValue(number - kStatHundredth, values.hundredth, values.xm);
+  switch (number) {
+    case kStatMean:
+      return values.xm;
+    case kStatStdev:
+      return std::sqrt(values.xv);
+    case kStatVariance:
+      return values.xv;
+    case kStatMinimum:
+      return values.xmin;
+    case kStatMaximum:
+      return values.xmax;
+    case kStatAbsolute:
+      return std::max(-values.xmin, values.xmax);
+    case kStatBetweenUpcrossings:
+      return values.between.avgc;
+    case kStatBetweenPeaks:
+      return values.between.avgp;
+    case kStatSsa:
+      return 2.0F * std::sqrt(values.xv);
+    default:
+      return 0.0F;
+  }
+}
+
+bool FindNormalisers(const ControlRecords& records, const OutputSettings& settings, Normalisers& out) {
+  constexpr float kNoEncounter = 1.0e-6F;
+  out = Normalisers{};
+  RegularWave wave;
+  if (!FindRegularWave(records, wave)) return false;
+
+  const float w = static_cast<float>(wave.w);
+  const float k = static_cast<float>(wave.k);
+  const float A = static_cast<float>(wave.A);
+  const float U = static_cast<float>(records.USHIP * InputScalesOf(records).velocity);
+  const float cos_beta = static_cast<float>(std::cos(wave.beta));
+  const float L = settings.LENOUT;
+  const float g = settings.GRAVOUT;
+  const float root = std::sqrt(g / L);
+  float we = std::abs(w - (U * cos_beta) * k) * root;
+  if (we < kNoEncounter) we = w * root;
+  const float a = L * A;
+  const float ka = (settings.ANGOUT * k) * A;
+  const float B = settings.ndtf_beam > 0.0F ? settings.ndtf_beam : L;
+  const float Ln = settings.ndtf_length > 0.0F ? settings.ndtf_length : L;
+  out.value = {a,
+               a * we,
+               a * (we * we),
+               ka,
+               ka * we,
+               ka * (we * we),
+               (((g * B) * Ln) * a) * settings.RHOOUT,
+               (((g * B) * (Ln * Ln)) * a) * settings.RHOOUT};
+  return true;
+}
+
+bool FindNormal(int iqnt, int component, Normal& kind) {
+  for (const NormalRow& row : kNormals) {
+    if (!Holds(row, iqnt, component)) continue;
+    kind = row.kind;
+    return true;
+  }
+  return false;
+}
+
+void AppendBareLine(Separator separator, std::string_view label, std::span<const float> values, std::string& text) {
+  TableLayout layout;
+  layout.separator = separator;
+  if (!IsBlank(label)) {
+    text += label;
+    text += static_cast<char>(separator);
+  }
+  AppendRow(text, layout, values);
+}
+
+}  // namespace zaview

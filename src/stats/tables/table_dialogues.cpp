@@ -1,0 +1,95 @@
+#include "stats/tables/table_dialogues.h"
+
+#include <string>
+
+#include "base/message.h"
+#include "case/quantity_catalogue.h"
+#include "case/settings/settings_dialogues.h"
+#include "frame/ground/prompts.h"
+#include "stats/tables/interval_table.h"
+
+namespace zaview {
+namespace {
+
+constexpr std::string_view kProbability = "Enter probability level for the confidence interval calculation:";
+constexpr std::string_view kBadProbability = "Invalid value - must be > 0.0 and < 1.0";
+constexpr std::string_view kWriteFault = "ERROR writing file {}";
+constexpr std::string_view kNotValid = "ERROR - the quantity is not in this output file";
+constexpr std::string_view kNoMemory = "ERROR allocating memory for the table";
+constexpr std::string_view kAborting = "Aborting output";
+
+}  // namespace
+
+Answer AskProbability(const Console& console, OutputSettings& settings) {
+  for (;;) {
+    float probability = settings.confidence_probability;
+    const Answer answer = ask_real(console, kProbability, true, probability);
+    if (answer != Answer::ok) return answer;
+    if (probability > 0.0F && probability < 1.0F) {
+      settings.confidence_probability = probability;
+      return answer;
+    }
+    SayLine(console, kBadProbability);
+  }
+}
+
+bool AskTableFile(const Platform& platform, std::string_view prompt, ChosenFile& chosen) {
+  FileQuestion question;
+  question.use = FileUse::output;
+  question.prompt = prompt;
+  question.blank_is_console = true;
+  return OPNFIL(platform, question, chosen) == FileAnswer::opened;
+}
+
+void FinishTable(const Platform& platform, TableFault fault, std::string_view done, ChosenFile& chosen) {
+  const Console& console = platform.console;
+  const bool to_console = chosen.out.to_console;
+  if (fault != TableFault::none) {
+    DiscardOutput(chosen.out);
+    if (fault == TableFault::not_valid) SayLine(console, kNotValid);
+    if (fault == TableFault::no_memory) SayLine(console, kNoMemory);
+  } else if (!CloseOutput(chosen.out)) {
+    Say(console, kWriteFault, chosen.name);
+  } else if (!to_console) {
+    Say(console, "{} {}", done, chosen.name);
+  }
+  pause_for_return(console);
+}
+
+void AskStatisticsFile(const Platform& platform, const OutputSettings& settings, const QuantityRequest& request,
+                       CaseStore& case_store) {
+  ChosenFile chosen;
+  if (!AskTableFile(platform, "Enter file for statistical output\n(BLANK to print to screen, QUIT to abort)", chosen))
+    return;
+  StatRequest table;
+  table.statistic.number = kStatTable;
+  table.quantity = request;
+  const TableFault fault = WRSTAT(platform.console, settings, table, case_store, chosen.out);
+  FinishTable(platform, fault, "Statistics written to", chosen);
+}
+
+void AskIntervalFile(const Platform& platform, OutputSettings& settings, const QuantityRequest& request,
+                     CaseStore& case_store) {
+  const Console& console = platform.console;
+  ChosenFile chosen;
+  if (AskProbability(console, settings) != Answer::ok) return SayLine(console, kAborting);
+  if (!AskTableFile(platform,
+                    "Enter confidence interval statistics output file name:\n"
+                    "(BLANK to print to screen, QUIT to abort)",
+                    chosen))
+    return SayLine(console, kAborting);
+  if (AskSeparator(console, settings) != Answer::ok) {
+    DiscardOutput(chosen.out);
+    return SayLine(console, kAborting);
+  }
+  StatRequest table;
+  table.statistic.number = kStatTable;
+  table.statistic.interval = true;
+  table.quantity = request;
+  const TableFault fault = WriteIntervals(console, settings, table, case_store, chosen.out);
+  FinishTable(platform, fault,
+              fmt::format("Confidence interval data of {} written to", QuantityLabel(case_store, request.iqnt)),
+              chosen);
+}
+
+}  // namespace zaview

@@ -1,0 +1,31 @@
+// Statistics tables of the current record from the menu: a file is asked for, written, and RETURN awaited.
+#pragma once
+
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/output_settings.h"
+#include "case/plot_data.h"
+#include "frame/ground/file_dialogue.h"
+#include "frame/ground/prompts.h"
+#include "stats/tables/stat_table.h"
+
+namespace zaview {
+
+// All curves of the quantity.
+void AskStatisticsFile(const Platform& platform, const OutputSettings& settings, const QuantityRequest& request,
+                       CaseStore& case_store);
+void AskIntervalFile(const Platform& platform, OutputSettings& settings, const QuantityRequest& request,
+                     CaseStore& case_store);
+
+// ---- What these and the dialogues of ensembles have in common
+
+// The probability level, the present one as the default, asked until 0 < p < 1.
+[[nodiscard]] Answer AskProbability(const Console& console, OutputSettings& settings);
+
+// Asks for a table's file; false: the user gave up.
+[[nodiscard]] bool AskTableFile(const Platform& platform, std::string_view prompt, ChosenFile& chosen);
+
+// Closes the file, or discards it on a fault, says "{done} {name}" of a file and waits for RETURN.
+void FinishTable(const Platform& platform, TableFault fault, std::string_view done, ChosenFile& chosen);
+
+}  // namespace zaview

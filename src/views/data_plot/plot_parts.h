@@ -1,0 +1,50 @@
+// Texts and lines that the kinds of data plot share. Sizes are in page units. Private to views.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "case/plot_data.h"
+#include "gks/plot/plot_layer.h"
+#include "stats/tables/stat_table.h"
+
+namespace zaview {
+
+// A solid line in the graph, thinned where points are closer than pixels.
+void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y);
+
+// At most 8 characters, as many digits as fit: "-12.3457", "1.23e+12", "NaN".
+[[nodiscard]] std::string ShortNumber(float value);
+
+[[nodiscard]] float TextWidth(PlotDraw draw, std::string_view text, float height);
+[[nodiscard]] float LetterHeight(PlotDraw draw, float height);  // as drawn, with room for descenders
+[[nodiscard]] float LinePitch(PlotDraw draw, float height);     // of lines that don't touch
+// The text, or as much of it as has room with "..." behind.
+[[nodiscard]] std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float width);
+
+enum class TextSide : unsigned char { left, centre, right };  // of the text, at the point
+// On the page, baseline at y, over everything. The character height of the page becomes `height`.
+void PageText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side);
+
+struct PageNote {
+  std::string text;
+  int colour = 1;
+};
+// Lines below the plot and its axis, in columns; inside the graph, at its lower left corner, if there is no room.
+void PageNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height);
+// Lines on paper of their own, their box's top left corner at x, top.
+void PaperNotes(PlotDraw draw, std::span<const PageNote> notes, float x, float top, float height);
+struct NotesSize {
+  float width = 0, height = 0;  // of that box
+};
+[[nodiscard]] NotesSize SizeOfNotes(PlotDraw draw, std::span<const PageNote> notes, float height);
+
+// A framed rectangle of paper on the page: what is drawn beneath can't be seen.
+void PaperBox(PlotDraw draw, float x, float y, float width, float height);
+
+// Says why there are no data. False: there are none.
+[[nodiscard]] bool SayPlotFault(const Console& console, PlotFault fault, int iqnt);
+inline constexpr std::string_view kNoPlotSteps = "ERROR - Too many steps skipped or trimmed";
+
+}  // namespace zaview

@@ -1,0 +1,43 @@
+// The data of the plot as text, by the writer of its kind.
+#include "views/data_plot/plot_write.h"
+
+#include <string>
+
+#include "base/message.h"
+#include "case/quantity_catalogue.h"
+#include "frame/ground/output_file.h"
+#include "views/data_plot/data_plot.h"
+#include "views/data_plot/plot_type.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr std::string_view kOpenFault = "ERROR opening file {}";
+constexpr std::string_view kWriteFault = "ERROR writing file {}";
+
+constexpr std::string_view kNotValid = "ERROR - {} is not in this output file";
+constexpr std::string_view kNoMemory = "ERROR allocating memory for the plot";
+
+}  // namespace
+
+bool SayTableFault(const Session& session, TableFault fault) {
+  const Console& console = session.platform.console;
+  if (fault == TableFault::not_valid)
+    Say(console, kNotValid, QuantityLabel(session.case_store, session.data_plot.quantity.iqnt));
+  if (fault == TableFault::no_memory) SayLine(console, kNoMemory);
+  return fault == TableFault::none;
+}
+
+void WritePlotData(Session& session, const std::string& name) {
+  const Console& console = session.platform.console;
+  const PlotType& type = PlotTypeOf(session.data_plot.kind);
+  if (type.write == nullptr) return;
+  OutputFile out;
+  if (!OpenOutput(session.platform, name, OpenHow::replace, out)) return Say(console, kOpenFault, name);
+  if (!SayTableFault(session, type.write(session, out))) return DiscardOutput(out);
+  if (!CloseOutput(out)) return Say(console, kWriteFault, name);
+  SayLine(console, type.written);
+}
+
+}  // namespace zaview

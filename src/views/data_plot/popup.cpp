@@ -1,0 +1,55 @@
+#include "views/data_plot/popup.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "views/data_plot/plot_parts.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr float kHeight = 0.14F;   // of its text
+constexpr float kLine = 1.3F;      // lines stand apart, as each is to be hit by the mouse
+constexpr float kLetter = 1.0F;    // room beside the longest line, in heights
+constexpr float kBaseline = 0.3F;  // of the pitch, from the lower edge of a line
+constexpr float kOnPage = 0.02F;   // stays free to the page's edge, so that the frame is seen
+
+float HeightOf(const PopupBox& box) {
+  return box.pitch * static_cast<float>(kPopupLines.size());
+}
+
+}  // namespace
+
+PopupBox PopupBoxOf(const DataPlotState& plot, PlotDraw draw) {
+  PopupBox box;
+  for (const std::string_view line : kPopupLines) box.width = std::max(box.width, TextWidth(draw, line, kHeight));
+  box.width += kLetter * kHeight;
+  box.pitch = kLine * LinePitch(draw, kHeight);
+  const auto inside = [](float value, float most) { return std::max(std::min(value, most - kOnPage), kOnPage); };
+  box.left = inside(plot.popup_x, draw.page.page_width - box.width);
+  box.bottom = inside(plot.popup_y, draw.page.page_height - HeightOf(box));
+  return box;
+}
+
+PopupChoice ChoiceAt(const PopupBox& box, float x, float y) {
+  const float below_top = box.bottom + HeightOf(box) - y;
+  const bool inside = x >= box.left && x <= box.left + box.width && below_top >= 0.0F && y >= box.bottom;
+  if (!inside || !(box.pitch > 0.0F)) return PopupChoice::none;
+  const auto line = std::min(static_cast<std::size_t>(below_top / box.pitch), kPopupLines.size() - 1);
+  return static_cast<PopupChoice>(line + 1);
+}
+
+void DrawPopup(const DataPlotState& plot, PlotDraw draw) {
+  if (!plot.popup_open) return;
+  const PopupBox box = PopupBoxOf(plot, draw);
+  const float top = box.bottom + HeightOf(box);
+  dgThickness(draw, 0);
+  dgColour(draw, 1);
+  PaperBox(draw, box.left, box.bottom, box.width, HeightOf(box));
+  for (std::size_t i = 0; i < kPopupLines.size(); ++i)
+    PageText(draw, kPopupLines[i], box.left + 0.5F * kLetter * kHeight,
+             top - box.pitch * (static_cast<float>(i + 1) - kBaseline), kHeight, TextSide::left);
+}
+
+}  // namespace zaview

@@ -1,0 +1,136 @@
+#include "views/frame/plot_session.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "base/message.h"
+#include "frame/ground/zaview_exit.h"
+#include "gks/kernel/gks_control.h"
+#include "gks/window/gks_window.h"
+#include "views/data_plot/data_plot.h"
+#include "views/data_plot/screen_dialogue.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr std::string_view kTitle = "zaview";
+constexpr std::string_view kChange = "change_module={}";
+
+struct View {
+  void (*init)(Session& session);
+  void (*render)(Session& session);
+  void (*mouse)(Session& session, int button, float x, float y);
+  void (*keyboard)(Session& session, int key);
+};
+
+void RenderDataPlot(Session& s) {
+  zaviewsetaxes(s);
+  if (s.run.plot_module > 0) zaviewrender(s);
+}
+
+// By plot_module, from 1.
+constexpr View kViews[] = {
+    {zaviewinit, RenderDataPlot, zaviewmouse, zaviewkeyboard},
+};
+
+const View* ViewOf(const Session& s) {
+  const int module = s.run.plot_module;
+  return module < 1 || module > static_cast<int>(std::size(kViews)) ? nullptr : &kViews[module - 1];
+}
+
+void EnterView(Session& s) {
+  if (const View* view = ViewOf(s)) view->init(s);
+}
+
+// From one view straight to another; the options menu is open there as well.
+void ChangeModule(Session& s) {
+  RunState& run = s.run;
+  Say(s.platform.console, kChange, run.change_module);
+  run.plot_module = run.change_module;
+  EnterView(s);
+  run.change_module = 0;
+  run.view_is_new = true;
+  run.redraw = true;
+  s.plot_session.menu_pending = true;
+}
+
+// A view was left: script or text menu go on here, on the console, until the next view or the end of the run.
+void LeaveForDialogue(Session& s) {
+  s.dialogue(s);
+  if (s.run.exit_requested) zaviewexit(s, s.run.exit_status);
+  EnterView(s);
+  gksBeginPicture(s.platform.window, s.gks);  // its size may be another one by now
+}
+
+// The picture can't be made: no file is written of it, and a script that wanted it fails.
+void GiveUpView(Session& s) {
+  s.run.plot_failed = true;
+  s.gks.dump.waiting = false;
+  s.gks.dump.name.clear();
+  gksWindowHideNow(s.platform, s.gks);
+}
+
+// What every handler of an event ends with.
+void AfterEvent(Session& s) {
+  if (s.run.exit_requested) zaviewexit(s, s.run.exit_status);
+  if (s.run.plot_module == 0) gksWindowHideNow(s.platform, s.gks);
+  else if (s.run.redraw) gksPostRedisplay(s.platform, s.gks);
+}
+
+Session& Of(void* self) {
+  return *static_cast<Session*>(self);
+}
+
+}  // namespace
+
+void SetHooks(Session& session) {
+  GksHooks& hooks = session.gks.hooks;
+  hooks.self = &session;
+  hooks.render = [](void* self, bool force) { TopRender(Of(self), force); };
+  hooks.mouse = [](void* self, int button, float x, float y) { TopMouse(Of(self), button, x, y); };
+  hooks.keyboard = [](void* self, int key, float x, float y) { TopKeyboard(Of(self), key, x, y); };
+  hooks.idle = [](void* self) { return TopIdle(Of(self)); };
+  hooks.screen_input = [](void* self, std::string_view text) { TopScreenInput(Of(self), text); };
+  hooks.close_menus = [](void*) {};
+}
+
+void startgraphics(Session& session) {
+  session.plot_session.graphics_started = true;
+  session.plot_session.menu_pending = session.run.open_options_menu && session.run.initial_plot > 0;
+  EnterView(session);
+  gksTop(session.platform, session.gks, kTitle);
+  zaviewexit(session, kRunFailed);  // no view can be shown, or nobody is there to leave it
+}
+
+void zaviewexit(Session& session, int status) {
+  constexpr int kDeactivate = 4;
+  if (session.plot_session.graphics_started)
+    static_cast<void>(dgFrame({session.platform, session.gks, session.page}, kDeactivate));
+  zaview_exit(session.platform, status);
+}
+
+void TopRender(Session& session, bool force) {
+  RunState& run = session.run;
+  if (run.change_module > 0) ChangeModule(session);
+  else if (run.plot_module == 0) LeaveForDialogue(session);
+  gksWindowShow(session.gks);
+  if (force) run.redraw = true;
+  if (const View* view = ViewOf(session)) view->render(session);
+  if (run.exit_requested) zaviewexit(session, run.exit_status);
+  if (run.plot_module == 0) return GiveUpView(session);
+  if (session.plot_session.menu_pending) gksIdleOn(session.platform, session.gks);
+}
+
+void TopMouse(Session& session, int button, float x, float y) {
+  if (const View* view = ViewOf(session)) view->mouse(session, button, x, y);
+  AfterEvent(session);
+}
+
+void TopKeyboard(Session& session, int key, float, float) {
+  session.plot_session.screen_io_option = kNoQuestion;  // one that still stood there went with its window
+  if (const View* view = ViewOf(session)) view->keyboard(session, key);
+  AfterEvent(session);
+}
+
+}  // namespace zaview
