@@ -11,7 +11,6 @@
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/screen_dialogue.h"
-#include "views/frame/plot_session.h"
 
 namespace zaview {
 

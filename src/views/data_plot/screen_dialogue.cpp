@@ -16,7 +16,6 @@
 #include "gks/window/text_screen.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_type.h"
-#include "views/frame/plot_session.h"
 
 namespace zaview {
 
@@ -132,16 +131,16 @@ bool SetTrim(Session& s, int n) {
 }
 
 constexpr StepCountRow kStepCounts[] = {
-    {kSkipFirst,                                              "Enter # of INITIAL time steps to skip in statistics",
+    {kSkipFirst, "Enter # of INITIAL time steps to skip in statistics",
      [](const Session& s) { return std::max(0, s.case_store.skip_effective); }, SetSkipFirst},
-    {          kSkipLast, "Enter # of TERMINAL time steps to skip in statistics",
-     [](const Session& s) { return s.output.skip_terminal; },      SetSkipLast            },
-    { kTrimFirst,  "Enter # of INITIAL time steps to trim (all output)",
+    {kSkipLast, "Enter # of TERMINAL time steps to skip in statistics",
+     [](const Session& s) { return s.output.skip_terminal; }, SetSkipLast},
+    {kTrimFirst, "Enter # of INITIAL time steps to trim (all output)",
      [](const Session& s) { return s.output.trim_initial; },
-     SetTrim<&OutputSettings::trim_initial,                &OutputSettings::trim_terminal>},
-    {  kTrimLast, "Enter # of TERMINAL time steps to trim (all output)",
+     SetTrim<&OutputSettings::trim_initial, &OutputSettings::trim_terminal>},
+    {kTrimLast, "Enter # of TERMINAL time steps to trim (all output)",
      [](const Session& s) { return s.output.trim_terminal; },
-     SetTrim<&OutputSettings::trim_terminal,                &OutputSettings::trim_initial>},
+     SetTrim<&OutputSettings::trim_terminal, &OutputSettings::trim_initial>},
 };
 
 const StepCountRow* FindStepCount(int option) {

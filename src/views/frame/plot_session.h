@@ -2,8 +2,6 @@
 // in plot_session_state.h and run_state.h.
 #pragma once
 
-#include <string_view>
-
 #include "frame/session.h"
 
 namespace zaview {
@@ -18,10 +16,6 @@ void TopRender(Session& session, bool force);
 void TopMouse(Session& session, int button, float x, float y);
 void TopKeyboard(Session& session, int key, float x, float y);
 [[nodiscard]] bool TopIdle(Session& session);  // true: display again
-void TopScreenInput(Session& session, std::string_view text);
-
-// Asks for the file of the plot's data on the text screen.
-void AskPlotFile(Session& session);
 
 // The hooks of the kernel; set ahead of gksReady.
 void SetHooks(Session& session);
