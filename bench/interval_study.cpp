@@ -92,9 +92,7 @@ Estimates OfRecord(std::span<const float> x) {
   RecordPeakStats peaks;
   (void)CalcRecordStats(1, x, kProbability, stats);
   (void)CalcRecordPeakStats(kThird, 0, x, kProbability, peaks);
-  return {
-      {{stats.xm, stats.xmci}, {stats.xs, stats.xsci}, {peaks.xpkN, peaks.xpkNci}}
-  };
+  return {{{stats.xm, stats.xmci}, {stats.xs, stats.xsci}, {peaks.xpkN, peaks.xpkNci}}};
 }
 
 constexpr int kFew = 0, kMany = 1;  // ENSEMBLE_NMANY: the scheme of few records, of many
@@ -102,9 +100,7 @@ constexpr int kFew = 0, kMany = 1;  // ENSEMBLE_NMANY: the scheme of few records
 Estimates OfEnsemble(EnsembleRecords X, int nmany, const RecordPeakStats& peaks) {
   EnsembleStats stats;
   (void)CalcEnsembleStats(1, X, kProbability, nmany, stats);
-  return {
-      {{stats.xme, stats.xmeci}, {stats.xse, stats.xseci}, {peaks.xpkN, peaks.xpkNci}}
-  };
+  return {{{stats.xme, stats.xmeci}, {stats.xse, stats.xseci}, {peaks.xpkN, peaks.xpkNci}}};
 }
 
 struct Study {
@@ -165,10 +161,7 @@ int Main() {
   std::array<Study, kLengths.size()> studies;
   for (std::size_t i = 0; i < kLengths.size(); ++i) {
     const unsigned seed = 100U + 2U * static_cast<unsigned>(i);
-    Sea seas[] = {
-        {kLengths[i], seed     },
-        {kLengths[i], seed + 1U}
-    };  // transforms are planned on one thread
+    Sea seas[] = {{kLengths[i], seed}, {kLengths[i], seed + 1U}};  // transforms are planned on one thread
     Study halves[2];
     std::thread other([&] { Run(seas[1], kRecords / kEnsemble / 2, halves[1]); });
     Run(seas[0], kRecords / kEnsemble / 2, halves[0]);

@@ -26,16 +26,10 @@ std::vector<HullElement> Elements(std::mt19937& random) {
   const int bow = 1, stern = 2 + kRings * kAround;
   std::vector<HullElement> elements;
   for (int i = 0; i < kAround; ++i) {
-    elements.push_back({
-        {bow, node(0, i), node(0, i + 1), 0}
-    });
-    elements.push_back({
-        {stern, node(kRings - 1, i + 1), node(kRings - 1, i), 0}
-    });
+    elements.push_back({{bow, node(0, i), node(0, i + 1), 0}});
+    elements.push_back({{stern, node(kRings - 1, i + 1), node(kRings - 1, i), 0}});
     for (int ring = 0; ring + 1 < kRings; ++ring)
-      elements.push_back({
-          {node(ring, i), node(ring + 1, i), node(ring + 1, i + 1), node(ring, i + 1)}
-      });
+      elements.push_back({{node(ring, i), node(ring + 1, i), node(ring + 1, i + 1), node(ring, i + 1)}});
   }
   std::shuffle(elements.begin(), elements.end(), random);
   for (HullElement& element : elements)

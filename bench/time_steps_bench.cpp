@@ -21,17 +21,9 @@ struct Layout {
   bool gyre;
   int MOTYPE;
 };
-constexpr Layout kLayouts[] = {
-    {417, 1, false, 0},
-    {290, 1, false, 0},
-    {291, 1, false, 0},
-    {361, 1, false, 0},
-    {417, 1, true,  0},
-    {357, 2, false, 0},
-    {361, 3, false, 0},
-    {417, 3, false, 0},
-    {417, 1, false, 1}
-};
+constexpr Layout kLayouts[] = {{417, 1, false, 0}, {290, 1, false, 0}, {291, 1, false, 0},
+                               {361, 1, false, 0}, {417, 1, true, 0},  {357, 2, false, 0},
+                               {361, 3, false, 0}, {417, 3, false, 0}, {417, 1, false, 1}};
 
 CaseStore CaseOf(const Layout& layout) {
   CaseStore fresh;
@@ -120,9 +112,7 @@ void ReadSteps(benchmark::State& state) {
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(ReadSteps)
-    ->ArgNames({
-        "threads", "per_line", "layout"
-})
+    ->ArgNames({"threads", "per_line", "layout"})
     ->ArgsProduct({{1, 2}, {6, kWholeStep}, {0}})
     ->ArgsProduct({{2}, {6}, benchmark::CreateDenseRange(1, std::ssize(kLayouts) - 1, 1)})
     ->UseRealTime()

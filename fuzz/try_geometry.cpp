@@ -90,8 +90,7 @@ void TryGeometry(std::string_view input) {
   if (!second.empty()) {
     const std::string name = added_file.name.substr(0, added_file.name.rfind(':') + 1) + "added";
     records.added_geometry = {
-        {name, added_file.half ? 1 : 0, added_file.components, {1, 2, 3}, {4, 5, 6}, {10, -20, 30}}
-    };
+        {name, added_file.half ? 1 : 0, added_file.components, {1, 2, 3}, {4, 5, 6}, {10, -20, 30}}};
   }
   Hull hull;
   const bool read = ReadCaseGeometry(platform, records, "cases/", hull);

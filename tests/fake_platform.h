@@ -94,7 +94,8 @@ struct FakePlatform {
     const std::string directory = DirectoryOf(name);
     if (refused.count(name) != 0 || directories.count(name) != 0) return kNoFile;
     if (exists && (how == WriteHow::create_new || (files[name].mode & 0200U) == 0)) return kNoFile;
-    if (!exists && (no_handles || no_new_files_in.count(directory) != 0 || directories.count(directory) == 0)) return kNoFile;
+    if (!exists && (no_handles || no_new_files_in.count(directory) != 0 || directories.count(directory) == 0))
+      return kNoFile;
     if (!exists) files[name] = {"", mode == 0 ? 0644U : mode, true};
     if (how == WriteHow::truncate) files[name].bytes.clear();
     return Open(name);

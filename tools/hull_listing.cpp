@@ -36,9 +36,7 @@ zaview::HullMesh Elements(const zaview::Hull& hull) {
     const auto number = [&](int station, int waterline) { return first + (station - 1) * surface.KWL + waterline; };
     for (int i = 1; i < surface.KSTA; ++i)
       for (int j = 1; j < surface.KWL; ++j)
-        all.elements.push_back({
-            {number(i, j), number(i, j + 1), number(i + 1, j + 1), number(i + 1, j)}
-        });
+        all.elements.push_back({{number(i, j), number(i, j + 1), number(i + 1, j + 1), number(i + 1, j)}});
   }
   return all;
 }

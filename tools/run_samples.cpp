@@ -57,11 +57,9 @@ Modes ModesAt(const Motions& motions, double t) {
 Mat3 Rotation(const std::array<double, 6>& x) {
   const double cr = std::cos(x[3]), sr = std::sin(x[3]), cp = std::cos(x[4]), sp = std::sin(x[4]), cy = std::cos(x[5]),
                sy = std::sin(x[5]);
-  return {
-      {{cy * cp, cy * sp * sr - sy * cr, cy * sp * cr + sy * sr},
-       {sy * cp, sy * sp * sr + cy * cr, sy * sp * cr - cy * sr},
-       {-sp, cp * sr, cp * cr}}
-  };
+  return {{{cy * cp, cy * sp * sr - sy * cr, cy * sp * cr + sy * sr},
+           {sy * cp, sy * sp * sr + cy * cr, sy * sp * cr - cy * sr},
+           {-sp, cp * sr, cp * cr}}};
 }
 
 Vec3 ToGlobal(const Mat3& r, const Vec3& v) {
@@ -180,10 +178,7 @@ void RegularHead(RunSpec& spec) {
   spec.seaway = {"1", "1 0", "0.5 0.0 1.0 180.0"};
   Motions motions = AtRest(spec);
   const double frequency = Frequency(spec, 10);
-  motions.harmonics = {
-      {3, 0.008,    frequency, -kPi / 5, 0},
-      {5, kPi / 90, frequency, kPi / 2,  0}
-  };
+  motions.harmonics = {{3, 0.008, frequency, -kPi / 5, 0}, {5, kPi / 90, frequency, kPi / 2, 0}};
   SetFill(motions, spec);
 }
 
@@ -227,9 +222,7 @@ void RollDecay(RunSpec& spec) {
   spec.nstep = spec.steps = 300;
   Motions motions = AtRest(spec);
   const double damped = Frequency(spec, 12), natural = damped / std::sqrt(1 - 0.05 * 0.05);
-  motions.harmonics = {
-      {4, kPi / 18, damped, 0, 0.05 * natural}
-  };
+  motions.harmonics = {{4, kPi / 18, damped, 0, 0.05 * natural}};
   SetFill(motions, spec);
 }
 
@@ -240,9 +233,7 @@ void ForcedHeave(RunSpec& spec) {
   spec.ampm[2] = 1;
   spec.omegm[2] = 2 * kPi / 10;
   Motions motions = AtRest(spec);
-  motions.harmonics = {
-      {3, 0.01, Frequency(spec, 10), -kPi / 2, 0}
-  };
+  motions.harmonics = {{3, 0.01, Frequency(spec, 10), -kPi / 2, 0}};
   SetFill(motions, spec);
 }
 
@@ -273,15 +264,9 @@ void YCuts(RunSpec& spec) {
   spec.title = "Regular head wave, vertical and horizontal loads at 3 Y cuts";
   spec.nstep = spec.steps = 150;
   spec.y_kinds = {1, 1, 0};
-  spec.y_cuts = {
-      {0, 2.5,  6.25},
-      {0, 0,    6.25},
-      {0, -2.5, 6.25}
-  };
+  spec.y_cuts = {{0, 2.5, 6.25}, {0, 0, 6.25}, {0, -2.5, 6.25}};
   Motions motions = AtRest(spec);
-  motions.harmonics = {
-      {3, 0.008, Frequency(spec, 10), -kPi / 5, 0}
-  };
+  motions.harmonics = {{3, 0.008, Frequency(spec, 10), -kPi / 5, 0}};
   SetFill(motions, spec);
 }
 
@@ -342,23 +327,21 @@ struct Sample {
   void (*make)(RunSpec& spec);
 };
 
-constexpr std::array<Sample, 13> kSamples = {
-    {
-     {"regular_head", RegularHead},
-     {"irregular_head", IrregularHead},
-     {"sea_1", Sea<1>},
-     {"sea_2", Sea<2>},
-     {"sea_3", Sea<3>},
-     {"roll_decay", RollDecay},
-     {"forced_heave", ForcedHeave},
-     {"short_cut", ShortCut},
-     {"equal_times", EqualTimes},
-     {"restarted", Restarted},
-     {"y_cuts", YCuts},
-     {"impulse_responses", ImpulseResponses},
-     {"transient_added_mass", TransientAddedMass},
-     }
-};
+constexpr std::array<Sample, 13> kSamples = {{
+    {"regular_head", RegularHead},
+    {"irregular_head", IrregularHead},
+    {"sea_1", Sea<1>},
+    {"sea_2", Sea<2>},
+    {"sea_3", Sea<3>},
+    {"roll_decay", RollDecay},
+    {"forced_heave", ForcedHeave},
+    {"short_cut", ShortCut},
+    {"equal_times", EqualTimes},
+    {"restarted", Restarted},
+    {"y_cuts", YCuts},
+    {"impulse_responses", ImpulseResponses},
+    {"transient_added_mass", TransientAddedMass},
+}};
 
 }  // namespace
 

@@ -8,11 +8,9 @@ Rotation ShipToGlobal(double roll, double pitch, double yaw) {
   const double cr = std::cos(roll), sr = std::sin(roll);
   const double cp = std::cos(pitch), sp = std::sin(pitch);
   const double cy = std::cos(yaw), sy = std::sin(yaw);
-  return {
-      {{cy * cp, cy * sp * sr - sy * cr, cy * sp * cr + sy * sr},
-       {sy * cp, sy * sp * sr + cy * cr, sy * sp * cr - cy * sr},
-       {-sp, cp * sr, cp * cr}}
-  };
+  return {{{cy * cp, cy * sp * sr - sy * cr, cy * sp * cr + sy * sr},
+           {sy * cp, sy * sp * sr + cy * cr, sy * sp * cr - cy * sr},
+           {-sp, cp * sr, cp * cr}}};
 }
 
 Vector3 ToGlobal(const Rotation& rotation, const Vector3& ship) {

@@ -95,7 +95,7 @@ enum class Tried : unsigned char { not_yet, there, failed };  // what is made on
 struct CaseStore {
   std::uint64_t serial = 0;  // another one for each read and each change of the histories in store
   std::string file_name;     // as opened
-  std::string base_name;  // without directory, ".XML" and ".out"
+  std::string base_name;     // without directory, ".XML" and ".out"
   OutputLabels labels;
   int NSHIP = 0;
   int ship = 1;  // the selected one, from 1: control, histories and impulse response functions are its own

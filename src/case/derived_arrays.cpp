@@ -91,12 +91,12 @@ struct DerivedRow {  // in the order of Derived
   StepHistory CaseStore::*history;
 };
 constexpr DerivedRow kDerived[] = {
-    {&DerivedCache::motion,     MakeMotion,                                                            &CaseStore::motion    },
-    {&DerivedCache::vmgshp,     [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgshp, c.vmgshp); }, &CaseStore::vmgshp    },
-    {&DerivedCache::vmgg,       [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgg, c.vmgg); },     &CaseStore::vmgg      },
-    {&DerivedCache::accg,       [](CaseStore& c) { return TurnTriples(c, c.acc, kAccg, c.accg); },     &CaseStore::accg      },
-    {&DerivedCache::force_ship, MakeForceShip,                                                         &CaseStore::force_ship},
-    {&DerivedCache::maneuver,   MakeManeuver,                                                          &CaseStore::maneuver  },
+    {&DerivedCache::motion, MakeMotion, &CaseStore::motion},
+    {&DerivedCache::vmgshp, [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgshp, c.vmgshp); }, &CaseStore::vmgshp},
+    {&DerivedCache::vmgg, [](CaseStore& c) { return TurnTriples(c, c.vmg, kVmgg, c.vmgg); }, &CaseStore::vmgg},
+    {&DerivedCache::accg, [](CaseStore& c) { return TurnTriples(c, c.acc, kAccg, c.accg); }, &CaseStore::accg},
+    {&DerivedCache::force_ship, MakeForceShip, &CaseStore::force_ship},
+    {&DerivedCache::maneuver, MakeManeuver, &CaseStore::maneuver},
 };
 
 }  // namespace

@@ -14,7 +14,7 @@ struct EnsembleStore {
   // here at all.
   std::vector<CaseStore> record;
   int nrec = 0;
-  int irec = 0;  // the current one, from 1; 0: none
+  int irec = 0;                   // the current one, from 1; 0: none
   std::uint64_t last_serial = 0;  // the last CaseStore::serial that was given
 };
 

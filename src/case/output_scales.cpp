@@ -5,22 +5,20 @@
 
 namespace zaview {
 
-const std::array<ConventionRow, 3> kConventions{
-    {
-     {Convention::zavo,
-         "ZAVO",
-         {" ZAVO : +X forward, +Y to port, +Z up;", "      : +roll to stbd, +pitch bow down, +yaw bow to port"},
-         {1, 1, 1, 1, 1, 1}},
-     {Convention::model,
-         "MODEL",
-         {" MODEL: +X forward, +Y to stbd, +Z down;", "      : +roll to stbd, +pitch bow up, +yaw bow to starboard"},
-         {1, -1, -1, 1, -1, -1}},
-     {Convention::cfd,
-         "CFD",
-         {" CFD  : +X aft, +Y to stbd, +Z up;", "      : +roll to port, +pitch bow up, +yaw bow to port"},
-         {-1, -1, 1, -1, -1, 1}},
-     }
-};
+const std::array<ConventionRow, 3> kConventions{{
+    {Convention::zavo,
+     "ZAVO",
+     {" ZAVO : +X forward, +Y to port, +Z up;", "      : +roll to stbd, +pitch bow down, +yaw bow to port"},
+     {1, 1, 1, 1, 1, 1}},
+    {Convention::model,
+     "MODEL",
+     {" MODEL: +X forward, +Y to stbd, +Z down;", "      : +roll to stbd, +pitch bow up, +yaw bow to starboard"},
+     {1, -1, -1, 1, -1, -1}},
+    {Convention::cfd,
+     "CFD",
+     {" CFD  : +X aft, +Y to stbd, +Z up;", "      : +roll to port, +pitch bow up, +yaw bow to port"},
+     {-1, -1, 1, -1, -1, 1}},
+}};
 
 namespace {
 
@@ -67,12 +65,10 @@ void AdoptFileScales(OutputSettings& settings, const CaseStore& case_store) {
   struct {
     float* scale;
     double of_file;
-  } const pairs[] = {
-      {&settings.GRAVOUT, case_store.control.GRAVOUT},
-      {&settings.RHOOUT,  case_store.control.RHOOUT },
-      {&settings.LENOUT,  case_store.control.LENOUT },
-      {&settings.ANGOUT,  case_store.control.ANGOUT }
-  };
+  } const pairs[] = {{&settings.GRAVOUT, case_store.control.GRAVOUT},
+                     {&settings.RHOOUT, case_store.control.RHOOUT},
+                     {&settings.LENOUT, case_store.control.LENOUT},
+                     {&settings.ANGOUT, case_store.control.ANGOUT}};
   for (std::size_t i = 0; i < settings.user_scale.size(); ++i)
     if (!settings.user_scale[i]) *pairs[i].scale = static_cast<float>(pairs[i].of_file);
   set_output_scales(settings, !case_store.time_history());

@@ -71,15 +71,7 @@ struct SlotRange {
   int first, last;
 };
 SlotRange SlotsOf(int iqnt) {
-  constexpr SlotRange kSlots[] = {
-      {1, 5},
-      {1, 2},
-      {1, 1},
-      {2, 2},
-      {3, 3},
-      {4, 4},
-      {5, 5}
-  };  // 6..12 and 41..47
+  constexpr SlotRange kSlots[] = {{1, 5}, {1, 2}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}};  // 6..12 and 41..47
   return kSlots[static_cast<std::size_t>(iqnt < 41 ? iqnt - 6 : iqnt - 41)];
 }
 
@@ -116,14 +108,9 @@ CurveSource PointListSource(const CaseStore& c, const OutputSettings& s, int cur
     int first;  // component of the group's first column
     const std::array<float, 6>* scale;
     std::size_t slot;  // of scale and sign
-  } groups[] = {
-      {&c.point_motion, 1, &s.scales.position,     0},
-      {&c.pmgg,         4, &s.scales.position,     3},
-      {&c.point_motion, 4, &s.scales.velocity,     0},
-      {&c.vmg,          4, &s.scales.velocity,     3},
-      {&c.point_motion, 7, &s.scales.acceleration, 0},
-      {&c.acc,          4, &s.scales.acceleration, 3}
-  };
+  } groups[] = {{&c.point_motion, 1, &s.scales.position, 0},     {&c.pmgg, 4, &s.scales.position, 3},
+                {&c.point_motion, 4, &s.scales.velocity, 0},     {&c.vmg, 4, &s.scales.velocity, 3},
+                {&c.point_motion, 7, &s.scales.acceleration, 0}, {&c.acc, 4, &s.scales.acceleration, 3}};
   const auto& group = groups[(curve - 1) / 3];
   const int within = (curve - 1) % 3;
   const std::size_t slot = group.slot + static_cast<std::size_t>(within);

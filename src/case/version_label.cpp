@@ -18,11 +18,9 @@ struct VariantRow {
   std::optional<int> VERSION;  // used for the file; none: the value of the line
 };
 constexpr VariantRow kVariants[] = {
-    {VersionVariant::rvm,      "RVM",      "RVM ",           293         },
-    {VersionVariant::wexmark,  "WEXMARK",  "WEXMARK ",       std::nullopt},
-    {VersionVariant::gyre,     "GYRE",     "GYRE ",          -1          },
-    {VersionVariant::tambrine, "TAMBRINE", "ZAVO-TAMBRINE ", 407         },
-    {VersionVariant::none,     "",         "",               std::nullopt}, // the last row fits every line
+    {VersionVariant::rvm, "RVM", "RVM ", 293},    {VersionVariant::wexmark, "WEXMARK", "WEXMARK ", std::nullopt},
+    {VersionVariant::gyre, "GYRE", "GYRE ", -1},  {VersionVariant::tambrine, "TAMBRINE", "ZAVO-TAMBRINE ", 407},
+    {VersionVariant::none, "", "", std::nullopt},  // the last row fits every line
 };
 
 struct KindRow {
@@ -30,12 +28,9 @@ struct KindRow {
   std::string_view word;
 };
 constexpr KindRow kKinds[] = {
-    {FileKind::primary,       "Primary"      },
-    {FileKind::pressure,      "Pressure"     },
-    {FileKind::geometry,      "Geometry"     },
-    {FileKind::balance_check, "Balance Check"},
-    {FileKind::beam,          "Dynamic Beam" },
-    {FileKind::beam,          "Elastic Beam" },
+    {FileKind::primary, "Primary"},   {FileKind::pressure, "Pressure"},
+    {FileKind::geometry, "Geometry"}, {FileKind::balance_check, "Balance Check"},
+    {FileKind::beam, "Dynamic Beam"}, {FileKind::beam, "Elastic Beam"},
 };
 
 constexpr std::string_view kLabelled = "Output file is labeled {}version {}";

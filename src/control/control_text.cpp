@@ -12,10 +12,10 @@ struct DelimiterRow {
   std::string_view word;
 };
 constexpr DelimiterRow kDelimiters[] = {
-    {Delimiter::input_file_echo,   "INPUT_FILE_ECHO"  },
+    {Delimiter::input_file_echo, "INPUT_FILE_ECHO"},
     {Delimiter::file_parsing_data, "FILE_PARSING_DATA"},
     {Delimiter::derived_data_echo, "DERIVED_DATA_ECHO"},
-    {Delimiter::end_of_header,     "END_OF_HEADER"    },
+    {Delimiter::end_of_header, "END_OF_HEADER"},
 };
 
 TextEvent End(HeaderText& text, TextEvent event) {

@@ -81,11 +81,9 @@ constexpr ModuleField kAddedSeaway[] = {
 // clang-format on
 
 int CheckAddedOptions(const Console& console, const AddedSeawayInput& added) {
-  const std::pair<std::string_view, int> options[] = {
-      {"SPEC_DISTOPT",     added.SPEC_DISTOPT    },
-      {"SPEC_SPREADOPT",   added.SPEC_SPREADOPT  },
-      {"SPEC_PHASEOPTION", added.SPEC_PHASEOPTION}
-  };
+  const std::pair<std::string_view, int> options[] = {{"SPEC_DISTOPT", added.SPEC_DISTOPT},
+                                                      {"SPEC_SPREADOPT", added.SPEC_SPREADOPT},
+                                                      {"SPEC_PHASEOPTION", added.SPEC_PHASEOPTION}};
   int errors = 0;
   for (const auto& [name, value] : options) {
     const OptionRow* row = FindOptionRow(name);
@@ -130,13 +128,14 @@ constexpr ModuleField kWaveTable[] = {
 };
 
 constexpr ModuleField kSurfacePoints[] = {
-    {1,                                                             "!IFSINTERP01 NFSPT - number of points of the free surface", nullptr,
-     [](ModuleState& s,          Index, FieldList& f) { return ModulePlaces(f, s.count); }},
-    { 2, "!IFSINTERP02 MPT RFSPT(1:3) - kind and place of each point",                                                     nullptr,
+    {1, "!IFSINTERP01 NFSPT - number of points of the free surface", nullptr,
+     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, s.count); }},
+    {2, "!IFSINTERP02 MPT RFSPT(1:3) - kind and place of each point", nullptr,
      [](ModuleState& s, Index i, FieldList& f) {
        SurfacePointInput* p = ModuleEntryAt(s.records.surface_points[s.entry].points, i);
        return p != nullptr && ModulePlaces(f, p->MPT, p->RFSPT);
-     },                                        ModuleCount},
+     },
+     ModuleCount},
 };
 
 using C = ControlRecords;

@@ -201,31 +201,31 @@ struct OptionRow {
 // The first row that matches wins. "-TRAJECTORY" has none, deliberately: only "-PLOT_TRAJ..." asks for that plot.
 // "-SHIP" has no short form, as "-S" is a script.
 constexpr OptionRow kOptions[] = {
-    {0,  {"-S", "-SCRIPT"},                                 TakeScript                                                   },
-    {0,  {"-INIT_SCRIPT"},                                  TakeScript                                                   },
-    {0,  {"-COMMAND", "-INIT_COMMAND"},                     TakeCommand                                                  },
-    {5,  {"-ANIM"},                                         [](Walk& walk) { walk.session.run.initial_plot = 2; }        },
-    {10, {"-PLOT_ANIM"},                                    [](Walk& walk) { walk.session.run.initial_plot = 2; }        },
-    {10, {"-PLOT_TRAJ"},                                    [](Walk& walk) { walk.session.run.initial_plot = 3; }        },
-    {10, {"-PLOT_GEOM"},                                    [](Walk& walk) { walk.session.run.initial_plot = 4; }        },
-    {5,  {"-PLOT"},                                         [](Walk& walk) { walk.session.run.initial_plot = 1; }        },
-    {0,  {"-MENU", "-GUI"},                                 [](Walk& walk) { walk.session.run.open_options_menu = true; }},
-    {0,  {"-ENSEMBLE", "-ENSM"},                            TakeEnsemble                                                 },
-    {0,  {"-RESTARTED", "-RESTARTS", "-RESTART"},           TakeRestart                                                  },
-    {0,  {"-DO_ETA"},                                       [](Walk& walk) { walk.session.run.do_eta = true; }           },
-    {0,  {"-DEBUG_FLOW"},                                   [](Walk& walk) { walk.session.run.debug_flow = true; }       },
-    {0,  {"-HELP"},                                         [](Walk& walk) { walk.help = true; }                         },
-    {0,  {"-FILE"},                                         TakeFile                                                     },
-    {0,  {"-SHIP"},                                         TakeShip                                                     },
-    {0,  {"-V", "-VSCRIPT", "-V_SCRIPT", "-SET"},           TakeVariable                                                 },
-    {0,  {"-ROOT"},                                         TakeRoot                                                     },
-    {5,  {"-ROOT"},                                         TakeRootWithValue                                            },
-    {0,  {"-VERS", "-VERSION"},                             TakeVersion                                                  },
-    {0,  {"-D", "-DIMS", "-DIMENSIONS", "-DIMENSION_LIST"}, TakeDimensions                                               },
-    {0,  {"-DEG", "-DEGREES"},                              TakeDegrees                                                  },
-    {0,  {"-REVERSE", "-R"},                                [](Walk& walk) { walk.session.run.plot_colours = 1; }        },
-    {0,  {"-BLACK_BG", "-BLACK"},                           [](Walk& walk) { walk.session.run.plot_colours = 2; }        },
-    {0,  {"-WHITE_BG", "-WHITE"},                           [](Walk& walk) { walk.session.run.plot_colours = 3; }        },
+    {0, {"-S", "-SCRIPT"}, TakeScript},
+    {0, {"-INIT_SCRIPT"}, TakeScript},
+    {0, {"-COMMAND", "-INIT_COMMAND"}, TakeCommand},
+    {5, {"-ANIM"}, [](Walk& walk) { walk.session.run.initial_plot = 2; }},
+    {10, {"-PLOT_ANIM"}, [](Walk& walk) { walk.session.run.initial_plot = 2; }},
+    {10, {"-PLOT_TRAJ"}, [](Walk& walk) { walk.session.run.initial_plot = 3; }},
+    {10, {"-PLOT_GEOM"}, [](Walk& walk) { walk.session.run.initial_plot = 4; }},
+    {5, {"-PLOT"}, [](Walk& walk) { walk.session.run.initial_plot = 1; }},
+    {0, {"-MENU", "-GUI"}, [](Walk& walk) { walk.session.run.open_options_menu = true; }},
+    {0, {"-ENSEMBLE", "-ENSM"}, TakeEnsemble},
+    {0, {"-RESTARTED", "-RESTARTS", "-RESTART"}, TakeRestart},
+    {0, {"-DO_ETA"}, [](Walk& walk) { walk.session.run.do_eta = true; }},
+    {0, {"-DEBUG_FLOW"}, [](Walk& walk) { walk.session.run.debug_flow = true; }},
+    {0, {"-HELP"}, [](Walk& walk) { walk.help = true; }},
+    {0, {"-FILE"}, TakeFile},
+    {0, {"-SHIP"}, TakeShip},
+    {0, {"-V", "-VSCRIPT", "-V_SCRIPT", "-SET"}, TakeVariable},
+    {0, {"-ROOT"}, TakeRoot},
+    {5, {"-ROOT"}, TakeRootWithValue},
+    {0, {"-VERS", "-VERSION"}, TakeVersion},
+    {0, {"-D", "-DIMS", "-DIMENSIONS", "-DIMENSION_LIST"}, TakeDimensions},
+    {0, {"-DEG", "-DEGREES"}, TakeDegrees},
+    {0, {"-REVERSE", "-R"}, [](Walk& walk) { walk.session.run.plot_colours = 1; }},
+    {0, {"-BLACK_BG", "-BLACK"}, [](Walk& walk) { walk.session.run.plot_colours = 2; }},
+    {0, {"-WHITE_BG", "-WHITE"}, [](Walk& walk) { walk.session.run.plot_colours = 3; }},
 };
 
 bool Matches(const OptionRow& row, std::string_view word) {
@@ -286,11 +286,7 @@ void StartInitialPlot(Session& session) {
   if (session.platform.choose_window == nullptr) return SayLine(console, kPlotWithoutGraphics);
   const PlotKind kind = run.initial_plot == kInitialTrajectory ? PlotKind::trajectory : PlotKind::history;
   if (run.initial_plot == kInitialHistory || run.initial_plot == kInitialTrajectory) {
-    run.view_is_new = StartPlot(session,
-                                {
-                                    .kind = kind, .quantity = {.iqnt = 1, .curve = 1}
-    },
-                                0);
+    run.view_is_new = StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0);
     return;
   }
   SayLine(console, kViewNotYet);

@@ -22,18 +22,18 @@ struct TaskRow {
   bool one_curve;
 };
 constexpr TaskRow kTasks[] = {
-    {QuantityTask::history_plot,             "Time Data Plot Options:\nQuantity for Time History Plot:",     false, false},
-    {QuantityTask::histogram,                "Histogram Plot Options:\nQuantity for Histogram Plot:",        false, false},
-    {QuantityTask::history_file,             "Time History File Options:\nQuantity for Time History File:",  true,  false},
-    {QuantityTask::statistics,               "Time Data Statistics Options:\nQuantity for Data Statistics:", false, false},
-    {QuantityTask::load_plot,                "Quantity for Sectional Load Plot:",                            false, false},
-    {QuantityTask::intervals,                "Quantity for Statistics with Confidence Interval:",            false, false},
-    {QuantityTask::ensemble,                 "Quantity for Ensemble Statistics:",                            false, false},
-    {QuantityTask::ensemble_intervals,       "Quantity for Ensemble Statistics with Confidence Interval:",   false, false},
-    {QuantityTask::interval_plot,            "Quantity for Confidence Interval Plot:",                       false, false},
-    {QuantityTask::autocorrelation,          "Quantity for Autocorrelation Options:",                        false, true },
-    {QuantityTask::ensemble_autocorrelation, "Quantity for Ensemble Averaged Autocorrelation Options:",      false, true },
-    {QuantityTask::rates,                    "Quantity for Upcrossings and Exceedances:",                    false, true },
+    {QuantityTask::history_plot, "Time Data Plot Options:\nQuantity for Time History Plot:", false, false},
+    {QuantityTask::histogram, "Histogram Plot Options:\nQuantity for Histogram Plot:", false, false},
+    {QuantityTask::history_file, "Time History File Options:\nQuantity for Time History File:", true, false},
+    {QuantityTask::statistics, "Time Data Statistics Options:\nQuantity for Data Statistics:", false, false},
+    {QuantityTask::load_plot, "Quantity for Sectional Load Plot:", false, false},
+    {QuantityTask::intervals, "Quantity for Statistics with Confidence Interval:", false, false},
+    {QuantityTask::ensemble, "Quantity for Ensemble Statistics:", false, false},
+    {QuantityTask::ensemble_intervals, "Quantity for Ensemble Statistics with Confidence Interval:", false, false},
+    {QuantityTask::interval_plot, "Quantity for Confidence Interval Plot:", false, false},
+    {QuantityTask::autocorrelation, "Quantity for Autocorrelation Options:", false, true},
+    {QuantityTask::ensemble_autocorrelation, "Quantity for Ensemble Averaged Autocorrelation Options:", false, true},
+    {QuantityTask::rates, "Quantity for Upcrossings and Exceedances:", false, true},
 };
 
 // The long label; the words about ship-fixed axes are cut short.

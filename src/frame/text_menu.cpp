@@ -72,10 +72,7 @@ bool SeveralRecords(const Session& s) {
 // ---- What an option does
 
 EnsembleDialogue DialogueOf(Session& s) {
-  return {
-      s.platform, s.output, {s.case_store, s.ensemble},
-        s.statistics
-  };
+  return {s.platform, s.output, {s.case_store, s.ensemble}, s.statistics};
 }
 
 // A quantity, then the work on it.

@@ -19,10 +19,10 @@ struct FormatRow {
   GeometryStatus (*read)(const Platform& platform, const std::string& path, const GeometryRequest& request, Hull& hull);
 };
 constexpr FormatRow kFormats[] = {
-    {{"SHAPE", "shape"},                   GeometryFormat::zavo,    ReadZavo   },
-    {{"SIMPLE", "simple"},                 GeometryFormat::simple,  ReadSimple },
-    {{"NASTRAN", "nastran"},               GeometryFormat::nastran, ReadNastran},
-    {{"HARLEND", "harlend", "HRL", "hrl"}, GeometryFormat::hrl,     ReadHrl    },
+    {{"SHAPE", "shape"}, GeometryFormat::zavo, ReadZavo},
+    {{"SIMPLE", "simple"}, GeometryFormat::simple, ReadSimple},
+    {{"NASTRAN", "nastran"}, GeometryFormat::nastran, ReadNastran},
+    {{"HARLEND", "harlend", "HRL", "hrl"}, GeometryFormat::hrl, ReadHrl},
 };
 
 bool IsNone(std::string_view name) {

@@ -102,11 +102,8 @@ struct Card {
   bool (*read)(NastranText& text);
 };
 constexpr Card kCards[] = {
-    {"GRID",   ReadGrid         },
-    {"GRID*",  ReadLongGrid     },
-    {"CTRIA3", ReadTriangle     },
-    {"CTRIA2", ReadTriangle     },
-    {"CQUAD4", ReadQuadrilateral},
+    {"GRID", ReadGrid},       {"GRID*", ReadLongGrid},       {"CTRIA3", ReadTriangle},
+    {"CTRIA2", ReadTriangle}, {"CQUAD4", ReadQuadrilateral},
 };
 
 enum class CardsRead : std::uint8_t { all, unreadable, too_many };

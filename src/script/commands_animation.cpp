@@ -127,30 +127,30 @@ struct OptionRow {
 };
 using enum NameMatch;
 constexpr OptionRow kOptionRows[] = {
-  // the first that fits counts
-    {"RUD",                            beginning,              SetFlag<&MotionViewState::show_rudders>},
-    {"TIME",                           beginning,              SetFlag<&MotionViewState::show_time>},
-    {"TITLE",                          whole,                  SetFlag<&MotionViewState::show_title>},
-    {"PERS",                           beginning,              SetFlag<&MotionViewState::perspective>},
-    {"SHAD",                           beginning,              SetFlag<&MotionViewState::shading_on>},
-    {"TR",                             beginning,              SetFlag<&MotionViewState::body_transparent>},
-    {"BODY",                           whole,                  SetBody},
-    {"SEA",                            whole,                  SetSea},
-    {"AMB",                            beginning,              SetNumber<kAmbient,&MotionViewState::ambient>},
-    {"APER",                                beginning,                                                 SetNumber<kAperture,&MotionViewState::view_width>},
-    {"VIEW_RAD",   beginning,                         SetNumber<kRadius,        &MotionViewState::view_radius>},
-    {"RAD",               beginning,SetNumber<kRadius,&MotionViewState::view_radius>},
-    {"VIEW_AZIM",         beginning,                                SetNumber<kAzimuth,                           &MotionViewState::view_azimuth>},
-    {"AZIM",                      beginning,                           SetNumber<kAzimuth,&MotionViewState::view_azimuth>},
-    {"VIEW_ELEV",                                beginning,                                                 SetNumber<kElevation,&MotionViewState::view_elevation>},
-    {"ELEV", beginning,                       SetNumber<kElevation,                                    &MotionViewState::view_elevation>},
-    {"SYNC",            beginning,SetSync},
-    {"GRID",                       whole,   SetNumber<kGridSize,&MotionViewState::fs_grid_size>},
-    {"GRIDSIZE",                           whole,                             SetNumber<kGridSize, &MotionViewState::fs_grid_size>},
-    {"GRID_SIZE",                           whole,                      SetNumber<kGridSize,&MotionViewState::fs_grid_size>},
-    {"THICK",                                whole,                                             SetNumber<kThick,&MotionViewState::line_thickness>},
-    {"INIT_STEP", whole,                       SetStep},
-    {"STEP",             beginning,SetStep},
+    // the first that fits counts
+    {"RUD", beginning, SetFlag<&MotionViewState::show_rudders>},
+    {"TIME", beginning, SetFlag<&MotionViewState::show_time>},
+    {"TITLE", whole, SetFlag<&MotionViewState::show_title>},
+    {"PERS", beginning, SetFlag<&MotionViewState::perspective>},
+    {"SHAD", beginning, SetFlag<&MotionViewState::shading_on>},
+    {"TR", beginning, SetFlag<&MotionViewState::body_transparent>},
+    {"BODY", whole, SetBody},
+    {"SEA", whole, SetSea},
+    {"AMB", beginning, SetNumber<kAmbient, &MotionViewState::ambient>},
+    {"APER", beginning, SetNumber<kAperture, &MotionViewState::view_width>},
+    {"VIEW_RAD", beginning, SetNumber<kRadius, &MotionViewState::view_radius>},
+    {"RAD", beginning, SetNumber<kRadius, &MotionViewState::view_radius>},
+    {"VIEW_AZIM", beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>},
+    {"AZIM", beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>},
+    {"VIEW_ELEV", beginning, SetNumber<kElevation, &MotionViewState::view_elevation>},
+    {"ELEV", beginning, SetNumber<kElevation, &MotionViewState::view_elevation>},
+    {"SYNC", beginning, SetSync},
+    {"GRID", whole, SetNumber<kGridSize, &MotionViewState::fs_grid_size>},
+    {"GRIDSIZE", whole, SetNumber<kGridSize, &MotionViewState::fs_grid_size>},
+    {"GRID_SIZE", whole, SetNumber<kGridSize, &MotionViewState::fs_grid_size>},
+    {"THICK", whole, SetNumber<kThick, &MotionViewState::line_thickness>},
+    {"INIT_STEP", whole, SetStep},
+    {"STEP", beginning, SetStep},
 };
 
 bool Fits(NameMatch match, std::string_view name, std::string_view word) {
@@ -222,11 +222,8 @@ struct GraphFlagRow {
   bool MotionGraph::*flag;
 };
 constexpr GraphFlagRow kGraphFlags[] = {
-    {"BL",  &MotionGraph::blank   },
-    {"SCR", &MotionGraph::scroll  },
-    {"T",   &MotionGraph::time_bar},
-    {"MAR", &MotionGraph::mark    },
-    {"VAL", &MotionGraph::value   },
+    {"BL", &MotionGraph::blank}, {"SCR", &MotionGraph::scroll}, {"T", &MotionGraph::time_bar},
+    {"MAR", &MotionGraph::mark}, {"VAL", &MotionGraph::value},
 };
 
 int SetGraphOption(ScriptCall& call, const std::string& key, const std::string& word, MotionGraph& graph) {
@@ -254,10 +251,11 @@ int RunAnimateGraphOption(ScriptCall& call) {
 }
 
 constexpr Command kAnimation[] = {
-    {{"ANIMATE_GRAPH", "KINO_GRAPH"},                                                      kNeedsCase, RunAnimateGraph      },
+    {{"ANIMATE_GRAPH", "KINO_GRAPH"}, kNeedsCase, RunAnimateGraph},
     {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"},
-     kNone,                                                                                            RunAnimateGraphOption},
-    {{"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"},                         kNone,      RunAnimateOption     },
+     kNone,
+     RunAnimateGraphOption},
+    {{"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"}, kNone, RunAnimateOption},
 };
 
 }  // namespace

@@ -19,39 +19,19 @@ namespace zaview {
 namespace {
 
 constexpr WordValue kDataWords[] = {
-    {"ALL",      0},
-    {"SIGNED",   0},
-    {"SIG",      0},
-    {"ABSOLUTE", 1},
-    {"ABS",      1},
-    {"POSITIVE", 2},
-    {"POS",      2},
+    {"ALL", 0}, {"SIGNED", 0}, {"SIG", 0}, {"ABSOLUTE", 1}, {"ABS", 1}, {"POSITIVE", 2}, {"POS", 2},
 };
 constexpr WordValue kOverlayWords[] = {
-    {"OFF",            0},
-    {"NONE",           0},
-    {"UNI",            1},
-    {"UNIFORM",        1},
-    {"NORM",           2},
-    {"NORMAL",         2},
-    {"GAUSSIAN",       2},
-    {"GAUSS",          2},
-    {"GRAMM-CHARLIER", 3},
-    {"GRAMM",          3},
-    {"GC",             3},
-    {"G-C",            3},
-    {"RAYLEIGH",       4},
-    {"RAY",            4},
-    {"EXPONENTIAL",    5},
-    {"EXP",            5},
+    {"OFF", 0},      {"NONE", 0},  {"UNI", 1},
+    {"UNIFORM", 1},  {"NORM", 2},  {"NORMAL", 2},
+    {"GAUSSIAN", 2}, {"GAUSS", 2}, {"GRAMM-CHARLIER", 3},
+    {"GRAMM", 3},    {"GC", 3},    {"G-C", 3},
+    {"RAYLEIGH", 4}, {"RAY", 4},   {"EXPONENTIAL", 5},
+    {"EXP", 5},
 };
 constexpr WordValue kAxisWords[] = {
-  // 1: counts
-    {"N/NTOT", 0},
-    {"RATIO",  0},
-    {"N",      0},
-    {"TOTAL",  1},
-    {"COUNT",  1},
+    // 1: counts
+    {"N/NTOT", 0}, {"RATIO", 0}, {"N", 0}, {"TOTAL", 1}, {"COUNT", 1},
 };
 
 int RunData(ScriptCall& call) {
@@ -100,15 +80,16 @@ int RunWriteHistogram(ScriptCall& call) {
 }
 
 constexpr Command kHistogram[] = {
-    {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"},                   kNone, RunData   },
+    {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"}, kNone, RunData},
     {{"HISTOGRAM_DIST_OVERLAY", "HISTOGRAM_DIST", "HISTOGRAM_OVERLAY", "HIST_DIST_OVERLAY", "HIST_DIST",
       "HIST_OVERLAY"},
-     kNone,                                                                                   RunOverlay},
-    {{"HISTOGRAM_YAXIS", "HISTOGRAM_Y", "HIST_YAXIS", "HIST_Y"},                       kNone, RunAxis   },
-    {{"HISTOGRAM_SAMPLE_RATE", "HISTOGRAM_SAMPLE", "HIST_SAMPLE_RATE", "HIST_SAMPLE"}, kNone, RunRate   },
+     kNone,
+     RunOverlay},
+    {{"HISTOGRAM_YAXIS", "HISTOGRAM_Y", "HIST_YAXIS", "HIST_Y"}, kNone, RunAxis},
+    {{"HISTOGRAM_SAMPLE_RATE", "HISTOGRAM_SAMPLE", "HIST_SAMPLE_RATE", "HIST_SAMPLE"}, kNone, RunRate},
     {{"WRITE_HISTOGRAM", "WRITE_ENSEMBLE_HISTOGRAM"},
      kNeedsCase | kNeedsMotion,
-     RunWriteHistogram                                                                                  }, // a table needs nothing to draw on
+     RunWriteHistogram},  // a table needs nothing to draw on
 };
 
 }  // namespace

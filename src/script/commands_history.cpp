@@ -108,9 +108,9 @@ int RunWriteLabel(ScriptCall& call) {
 }
 
 constexpr Command kHistories[] = {
-    {{"WRITE_HISTORY"},                                                kNeedsCase | kShortWords,  RunWriteHistory},
-    {{"WRITE_LOAD_DISTRIBUTION", "WRITE_LOAD_DIST", "WRITE_LOADDIST"}, kNeedsCase | kNeedsMotion, RunWriteLoads  },
-    {{"WRITE_LABEL", "WRITE_TEXT"},                                    kNone,                     RunWriteLabel  },
+    {{"WRITE_HISTORY"}, kNeedsCase | kShortWords, RunWriteHistory},
+    {{"WRITE_LOAD_DISTRIBUTION", "WRITE_LOAD_DIST", "WRITE_LOADDIST"}, kNeedsCase | kNeedsMotion, RunWriteLoads},
+    {{"WRITE_LABEL", "WRITE_TEXT"}, kNone, RunWriteLabel},
 };
 
 }  // namespace

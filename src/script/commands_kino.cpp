@@ -62,7 +62,7 @@ int RunWriteKino(ScriptCall& call) {
 }
 
 constexpr Command kKino[] = {
-    {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"},     kNone,                     RunReadKino },
+    {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"}, kNone, RunReadKino},
     {{"WRITE_KINO_FILES", "WRITE_KINO_INPUT", "WRITE_KINO"}, kNeedsCase | kNeedsMotion, RunWriteKino},
 };
 

@@ -13,23 +13,23 @@ int RunNotYet(ScriptCall& call) {
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, M = kNeedsGeometry;
 
 constexpr Command kLater[] = {
-    {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"},                           G | M,               RunNotYet},
-    {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},                                  D | R | G,           RunNotYet},
-    {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"},                                D | M,               RunNotYet},
-    {{"GZL_CURVES", "GZLCURVES", "WRITE_GZL_CURVES", "WRITE_GZLCURVES"},                            D | M,               RunNotYet},
-    {{"WAVE_CELERITY", "ANALYZE_WAVE"},                                                             D | M,               RunNotYet},
-    {{"WRITE_MOVING_MESH", "WRITE_MOVING_HRL_MESH", "MOVING_MESH", "MOVING_HRL_MESH"},              R,                   RunNotYet},
-    {{"WRITE_ROLL_DECAY_COEF", "WRITE_RDC", "ROLL_DECAY_COEF", "RDC"},                              D | R,               RunNotYet},
-    {{"WRITE_ROLL_DECAY_COEF_BIAS", "WRITE_RDC_BIAS", "ROLL_DECAY_COEF_BIAS", "RDC_BIAS"},          D | R,               RunNotYet},
-    {{"WRITE_POINT_SLAMS"},                                                                         D,                   RunNotYet},
-    {{"EXTRAPOLATE_MOTION"},                                                                        kNone,               RunNotYet},
-    {{"CRANE_AND_CARGO", "CRANE"},                                                                  D | R,               RunNotYet},
-    {{"FORCED_MOTION_ANALYSIS", "FORCED_MOTION"},                                                   D | R,               RunNotYet},
-    {{"NNDATA"},                                                                                    kNone,               RunNotYet},
+    {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"}, G | M, RunNotYet},
+    {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"}, D | R | G, RunNotYet},
+    {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"}, D | M, RunNotYet},
+    {{"GZL_CURVES", "GZLCURVES", "WRITE_GZL_CURVES", "WRITE_GZLCURVES"}, D | M, RunNotYet},
+    {{"WAVE_CELERITY", "ANALYZE_WAVE"}, D | M, RunNotYet},
+    {{"WRITE_MOVING_MESH", "WRITE_MOVING_HRL_MESH", "MOVING_MESH", "MOVING_HRL_MESH"}, R, RunNotYet},
+    {{"WRITE_ROLL_DECAY_COEF", "WRITE_RDC", "ROLL_DECAY_COEF", "RDC"}, D | R, RunNotYet},
+    {{"WRITE_ROLL_DECAY_COEF_BIAS", "WRITE_RDC_BIAS", "ROLL_DECAY_COEF_BIAS", "RDC_BIAS"}, D | R, RunNotYet},
+    {{"WRITE_POINT_SLAMS"}, D, RunNotYet},
+    {{"EXTRAPOLATE_MOTION"}, kNone, RunNotYet},
+    {{"CRANE_AND_CARGO", "CRANE"}, D | R, RunNotYet},
+    {{"FORCED_MOTION_ANALYSIS", "FORCED_MOTION"}, D | R, RunNotYet},
+    {{"NNDATA"}, kNone, RunNotYet},
 };
 
 constexpr Command kLaterBeginnings[] = {
-    {{"SENSOR_VIEW"},                    D, RunNotYet, NameMatch::beginning},
+    {{"SENSOR_VIEW"}, D, RunNotYet, NameMatch::beginning},
 };
 
 }  // namespace

@@ -17,11 +17,9 @@ struct DelimiterRow {
   std::string_view words[2];
   Separator separator;
 };
-constexpr DelimiterRow kDelimiters[] = {
-    {{"COMMA", "COMMAS"}, Separator::comma},
-    {{"TAB", "TABS"},     Separator::tab  },
-    {{"SPACE", "SPACES"}, Separator::space}
-};
+constexpr DelimiterRow kDelimiters[] = {{{"COMMA", "COMMAS"}, Separator::comma},
+                                        {{"TAB", "TABS"}, Separator::tab},
+                                        {{"SPACE", "SPACES"}, Separator::space}};
 
 const DelimiterRow* FindDelimiter(std::string_view word) {
   const auto* found = std::find_if(std::begin(kDelimiters), std::end(kDelimiters), [word](const DelimiterRow& row) {
@@ -48,10 +46,10 @@ struct ScaleRow {
   float OutputSettings::*factor;
 };
 constexpr ScaleRow kScales[] = {
-    {"GRAVOUT", "GRAVOUT", "  Gravity",              &OutputSettings::GRAVOUT},
-    {"RHOOUT",  "RHOOUT ", "  Water density",        &OutputSettings::RHOOUT },
-    {"LENOUT",  "LENOUT ", "  Reference length",     &OutputSettings::LENOUT },
-    {"ANGOUT",  "ANGOUT ", "  Angular scale factor", &OutputSettings::ANGOUT },
+    {"GRAVOUT", "GRAVOUT", "  Gravity", &OutputSettings::GRAVOUT},
+    {"RHOOUT", "RHOOUT ", "  Water density", &OutputSettings::RHOOUT},
+    {"LENOUT", "LENOUT ", "  Reference length", &OutputSettings::LENOUT},
+    {"ANGOUT", "ANGOUT ", "  Angular scale factor", &OutputSettings::ANGOUT},
 };
 
 // Takes over the factors of `changed`, tells old and new, and makes the scales again.
@@ -98,15 +96,9 @@ struct ConventionWord {
   Convention convention;
 };
 constexpr ConventionWord kConventionWords[] = {
-    {"DEF",     Convention::zavo },
-    {"DEFAULT", Convention::zavo },
-    {"ZUP",     Convention::zavo },
-    {"ZAVO",    Convention::zavo },
-    {"MODEL",   Convention::model},
-    {"ZDOWN",   Convention::model},
-    {"CFD",     Convention::cfd  },
-    {"XAFT",    Convention::cfd  },
-    {"XDOWN",   Convention::cfd  },
+    {"DEF", Convention::zavo},  {"DEFAULT", Convention::zavo}, {"ZUP", Convention::zavo},
+    {"ZAVO", Convention::zavo}, {"MODEL", Convention::model},  {"ZDOWN", Convention::model},
+    {"CFD", Convention::cfd},   {"XAFT", Convention::cfd},     {"XDOWN", Convention::cfd},
 };
 
 int RunCoordinates(ScriptCall& call) {
@@ -121,13 +113,13 @@ int RunCoordinates(ScriptCall& call) {
 }
 
 constexpr Command kOutputText[] = {
-    {{"COMMA", "COMMAS"},                                       kNone, RunDelimiterName},
-    {{"TAB", "TABS"},                                           kNone, RunDelimiterName},
-    {{"SPACE", "SPACES"},                                       kNone, RunDelimiterName},
-    {{"SET_DELIMITER", "SET_DLM", "DELIMITER"},                 kNone, RunSetDelimiter },
-    {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"},         kNone, RunSetScale     },
-    {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"},    kNone, RunSetScales    },
-    {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"}, kNone, RunCoordinates  },
+    {{"COMMA", "COMMAS"}, kNone, RunDelimiterName},
+    {{"TAB", "TABS"}, kNone, RunDelimiterName},
+    {{"SPACE", "SPACES"}, kNone, RunDelimiterName},
+    {{"SET_DELIMITER", "SET_DLM", "DELIMITER"}, kNone, RunSetDelimiter},
+    {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"}, kNone, RunSetScale},
+    {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"}, kNone, RunSetScales},
+    {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"}, kNone, RunCoordinates},
 };
 
 }  // namespace

@@ -44,14 +44,14 @@ struct ResultWord {
   ExceedanceResult result;
 };
 constexpr ResultWord kResultWords[] = {
-  // the first one found anywhere in the command word counts
-    {"RATE_CI", ExceedanceResult::rate_ci      },
-    {"RATECI",  ExceedanceResult::rate_ci      },
-    {"RATE",    ExceedanceResult::rate         },
-    {"NUMBER",  ExceedanceResult::number       },
+    // the first one found anywhere in the command word counts
+    {"RATE_CI", ExceedanceResult::rate_ci},
+    {"RATECI", ExceedanceResult::rate_ci},
+    {"RATE", ExceedanceResult::rate},
+    {"NUMBER", ExceedanceResult::number},
     {"TIME_FR", ExceedanceResult::time_fraction},
-    {"TIME",    ExceedanceResult::time         },
-    {"LIST",    ExceedanceResult::list         },
+    {"TIME", ExceedanceResult::time},
+    {"LIST", ExceedanceResult::list},
 };
 
 ExceedanceResult ResultOf(std::string_view command) {
@@ -90,8 +90,8 @@ int RunExceedances(ScriptCall& call) {
 }
 
 constexpr Command kRates[] = {
-    {{"UPCROSSING", "UPCROSSINGS"}, kNeedsCase,     RunUpcrossings      },
-    { {"EXCEEDANCE", "BLOCK_EXCEEDANCE"},                   kNeedsCase, RunExceedances, NameMatch::beginning},
+    {{"UPCROSSING", "UPCROSSINGS"}, kNeedsCase, RunUpcrossings},
+    {{"EXCEEDANCE", "BLOCK_EXCEEDANCE"}, kNeedsCase, RunExceedances, NameMatch::beginning},
 };
 
 }  // namespace

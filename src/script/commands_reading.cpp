@@ -100,17 +100,20 @@ int RunClearEnsemble(ScriptCall& call) {
 }
 
 constexpr Command kReading[] = {
-    {{"READ_OUTPUT_FILE", "READ_OUTPUT", "READ_FILE", "READ"},                                     kNone, RunRead         },
-    {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"},                         kNone, RunReadEnsemble },
+    {{"READ_OUTPUT_FILE", "READ_OUTPUT", "READ_FILE", "READ"}, kNone, RunRead},
+    {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"}, kNone, RunReadEnsemble},
     {{"READ_OUTPUT_FILE_COMB", "READ_FILE_COMB", "READ_COMB", "READ_OUTPUT_FILE_COMBINE", "READ_FILE_COMBINE",
       "READ_COMBINE"},
-     kNone,                                                                                               RunReadCombined },
+     kNone,
+     RunReadCombined},
     {{"READ_MULTI_SHIP_FILE", "READ_MULTI_SHIP", "READ_MULTI_FILE", "READ_OUTPUT_FILE_MULTI", "READ_FILE_MULTI",
       "READ_MULTI"},
-     kNone,                                                                                               RunReadShip     },
+     kNone,
+     RunReadShip},
     {{"READ_OLD_MULTI_SHIP_FILE", "READ_OLD_MULTI_SHIP", "READ_OLD_MULTI_FILE", "READ_OLD_MULTI"},
-     kNone,                                                                                               RunReadOldShip  },
-    {{"CLEAR_ENSEMBLE_DATA", "CLEAR_ENSEMBLE"},                                                    kNone, RunClearEnsemble},
+     kNone,
+     RunReadOldShip},
+    {{"CLEAR_ENSEMBLE_DATA", "CLEAR_ENSEMBLE"}, kNone, RunClearEnsemble},
 };
 
 }  // namespace

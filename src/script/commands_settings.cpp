@@ -60,13 +60,15 @@ int RunStop(ScriptCall& call) {
 constexpr Command kSettings[] = {
     {{"SET_LENGTH_NDTF", "LENGTH_NDTF", "SET_LEN_NDTF", "LEN_NDTF", "SET_LENGTH_RAO", "LENGTH_RAO", "SET_LEN_RAO",
       "LEN_RAO"},
-     kNone,                                                                                                 RunLengthNdtf},
-    {{"SET_BEAM_NDTF", "BEAM_NDTF", "SET_BEAM_RAO", "BEAM_RAO"},                                     kNone, RunBeamNdtf  },
-    {{"CONFIDENCE_PROBABILITY", "CONFIDENCE_PROB", "CONF_PROB"},                                     kNone, RunConfidence},
+     kNone,
+     RunLengthNdtf},
+    {{"SET_BEAM_NDTF", "BEAM_NDTF", "SET_BEAM_RAO", "BEAM_RAO"}, kNone, RunBeamNdtf},
+    {{"CONFIDENCE_PROBABILITY", "CONFIDENCE_PROB", "CONF_PROB"}, kNone, RunConfidence},
     {{"AUTOCORRELATION_SAMPLE_RATE", "AUTOCORRELATION_SAMPLE", "AUTOC_SAMPLE_RATE", "AUTOC_SAMPLE"},
-     kNone,                                                                                                 RunSampleRate},
-    {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"},                                        kNone, RunCutoff    },
-    {{"STOP"},                                                                                       kNone, RunStop      },
+     kNone,
+     RunSampleRate},
+    {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"}, kNone, RunCutoff},
+    {{"STOP"}, kNone, RunStop},
 };
 
 }  // namespace

@@ -17,11 +17,7 @@ inline constexpr int kLeastWindow = 5;
 inline constexpr int kCubic = 3;  // the option that has a window
 
 int RunSmoothData(ScriptCall& call) {
-  constexpr WordValue kWords[] = {
-      {"OFF",  0     },
-      {"NONE", 0     },
-      {"ON",   kCubic}
-  };
+  constexpr WordValue kWords[] = {{"OFF", 0}, {"NONE", 0}, {"ON", kCubic}};
   int& option = call.session.output.smooth_option;
   const std::string word = NextScriptWord(call.words, kKeyword);
   if (FindWord(kWords, word, option)) return kScriptOk;
@@ -64,9 +60,9 @@ int RunSmoothInput(ScriptCall& call) {
 }
 
 constexpr Command kSmoothing[] = {
-    {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"},                      kNone,      RunSmoothData  },
-    {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"}, kNone,      RunSmoothWindow},
-    {{"SMOOTH_INPUT", "SMOOTHINPUT"},                              kNeedsCase, RunSmoothInput },
+    {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"}, kNone, RunSmoothData},
+    {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"}, kNone, RunSmoothWindow},
+    {{"SMOOTH_INPUT", "SMOOTHINPUT"}, kNeedsCase, RunSmoothInput},
 };
 
 }  // namespace

@@ -64,9 +64,9 @@ int RunWriteAutocorrelation(ScriptCall& call) {
 constexpr Needs kRecord = kNeedsCase | kNeedsMotion;
 
 constexpr Command kStatistics[] = {
-    {{"WRITE_STAT", "WRITE_STATS"},                                               kRecord, RunWriteStat           },
-    {{"WRITE_AUTOCORRELATION", "WRITE_AUTOCORELATION", "WRITE_AUTOC"},            kRecord, RunWriteAutocorrelation},
-    {{"WRITE_CONFIDENCE_INTERVAL", "WRITE_CONFIDENCE", "WRITE_CONF", "WRITE_CI"}, kRecord, RunWriteIntervals      },
+    {{"WRITE_STAT", "WRITE_STATS"}, kRecord, RunWriteStat},
+    {{"WRITE_AUTOCORRELATION", "WRITE_AUTOCORELATION", "WRITE_AUTOC"}, kRecord, RunWriteAutocorrelation},
+    {{"WRITE_CONFIDENCE_INTERVAL", "WRITE_CONFIDENCE", "WRITE_CONF", "WRITE_CI"}, kRecord, RunWriteIntervals},
 };
 
 }  // namespace

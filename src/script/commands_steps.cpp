@@ -132,12 +132,12 @@ int RunStepIncrement(ScriptCall& call) {
 }
 
 constexpr Command kSteps[] = {
-    {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"},                kNone,      RunTrimSteps    },
-    {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, kNone,      RunTrimAbort    },
-    {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"},                                   kNeedsCase, RunSetSteps     },
-    {{"SET_SKIP_STEPS", "SKIP_STEPS"},                                             kNone,      RunSkipSteps    },
-    {{"SET_STAT_STEPS", "STAT_STEPS"},                                             kNeedsCase, RunStatSteps    },
-    {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"},         kNone,      RunStepIncrement},
+    {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"}, kNone, RunTrimSteps},
+    {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, kNone, RunTrimAbort},
+    {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"}, kNeedsCase, RunSetSteps},
+    {{"SET_SKIP_STEPS", "SKIP_STEPS"}, kNone, RunSkipSteps},
+    {{"SET_STAT_STEPS", "STAT_STEPS"}, kNeedsCase, RunStatSteps},
+    {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"}, kNone, RunStepIncrement},
 };
 
 }  // namespace

@@ -76,27 +76,9 @@ int RunBackground(ScriptCall& call) {
 }
 
 constexpr WordValue kStatWords[] = {
-    {"OFF",         0},
-    {"NONE",        0},
-    {"1/3RD",       1},
-    {"1/3",         1},
-    {"3",           1},
-    {"SIGNIFICANT", 1},
-    {"SIG",         1},
-    {"ON",          1},
-    {"1/10TH",      2},
-    {"1/10",        2},
-    {"10",          2},
-    {"STDEV",       3},
-    {"ST.DEV",      3},
-    {"RMS",         3},
-    {"VAR",         3},
-    {"VARIANCE",    3},
-    {"MIN",         4},
-    {"MAX",         4},
-    {"MINIMUM",     4},
-    {"MAXIMUM",     4},
-    {"MINMAX",      4},
+    {"OFF", 0}, {"NONE", 0},     {"1/3RD", 1}, {"1/3", 1}, {"3", 1},       {"SIGNIFICANT", 1}, {"SIG", 1},
+    {"ON", 1},  {"1/10TH", 2},   {"1/10", 2},  {"10", 2},  {"STDEV", 3},   {"ST.DEV", 3},      {"RMS", 3},
+    {"VAR", 3}, {"VARIANCE", 3}, {"MIN", 4},   {"MAX", 4}, {"MINIMUM", 4}, {"MAXIMUM", 4},     {"MINMAX", 4},
 };
 
 int RunPlotStats(ScriptCall& call) {
@@ -104,13 +86,7 @@ int RunPlotStats(ScriptCall& call) {
 }
 
 constexpr WordValue kStyleWords[] = {
-    {"LINED",    0},
-    {"CURVE",    0},
-    {"LINE",     0},
-    {"FILLED",   1},
-    {"FILL",     1},
-    {"OUTLINED", 2},
-    {"OUTLINE",  2},
+    {"LINED", 0}, {"CURVE", 0}, {"LINE", 0}, {"FILLED", 1}, {"FILL", 1}, {"OUTLINED", 2}, {"OUTLINE", 2},
 };
 
 int RunHistogramStyle(ScriptCall& call) {
@@ -129,22 +105,24 @@ int RunSensor(ScriptCall& call) {
 }
 
 constexpr Command kViews[] = {
-    {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"},                       kNone, RunPlotStats                              },
-    {{"HISTOGRAM_STYLE", "HIST_STYLE"},                                         kNone, RunHistogramStyle                         },
+    {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"}, kNone, RunPlotStats},
+    {{"HISTOGRAM_STYLE", "HIST_STYLE"}, kNone, RunHistogramStyle},
     {{"HISTOGRAM_PLOT_SIZE", "HISTOGRAM_AXES_SIZE", "HISTOGRAM_AXIS_SIZE", "HIST_PLOT_SIZE", "HIST_AXES_SIZE",
       "HIST_AXIS_SIZE"},
-     kNone,                                                                            RunHistogramSize                          },
-    {{"PLOT_SIZE", "AXES_SIZE", "AXIS_SIZE"},                                   kNone, RunPlotSize                               },
-    {{"PLOT_GRID", "SHOW_GRID", "GRID"},                                        kNone, RunFlag<&DataPlotState::grid_on>          },
-    {{"MATCH_SCALES"},                                                          kNone, RunFlag<&DataPlotState::match_scales>     },
-    {{"SHOW_SHIP"},                                                             kNone, RunFlag<&DataPlotState::show_ship>        },
-    {{"WINDOW_SIZE", "WINDOW"},                                                 kNone, RunWindowSize                             },
-    {{"REVERSE"},                                                               kNone, RunBackground<1>                          },
-    {{"BLACK", "BLACKBG", "BLACK_BG"},                                          kNone, RunBackground<2>                          },
-    {{"WHITE", "WHITEBG", "WHITE_BG"},                                          kNone, RunBackground<3>                          },
-    {{"EARTH_RADIUS", "RADIUS_EARTH", "R_EARTH"},                               kNone, RunSensor<&SensorSettings::earth_radius>  },
+     kNone,
+     RunHistogramSize},
+    {{"PLOT_SIZE", "AXES_SIZE", "AXIS_SIZE"}, kNone, RunPlotSize},
+    {{"PLOT_GRID", "SHOW_GRID", "GRID"}, kNone, RunFlag<&DataPlotState::grid_on>},
+    {{"MATCH_SCALES"}, kNone, RunFlag<&DataPlotState::match_scales>},
+    {{"SHOW_SHIP"}, kNone, RunFlag<&DataPlotState::show_ship>},
+    {{"WINDOW_SIZE", "WINDOW"}, kNone, RunWindowSize},
+    {{"REVERSE"}, kNone, RunBackground<1>},
+    {{"BLACK", "BLACKBG", "BLACK_BG"}, kNone, RunBackground<2>},
+    {{"WHITE", "WHITEBG", "WHITE_BG"}, kNone, RunBackground<3>},
+    {{"EARTH_RADIUS", "RADIUS_EARTH", "R_EARTH"}, kNone, RunSensor<&SensorSettings::earth_radius>},
     {{"MAXIXUM_SENSOR_VIEW_HEIGHT", "MAX_SENSOR_VIEW_HEIGHT", "MAX_SV_HEIGHT"},
-     kNone,                                                                            RunSensor<&SensorSettings::height_maximum>}, // spelled so
+     kNone,
+     RunSensor<&SensorSettings::height_maximum>},  // spelled so
 };
 
 }  // namespace

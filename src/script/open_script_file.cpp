@@ -27,12 +27,12 @@ struct EndRow {
   std::string_view text;
 };
 constexpr EndRow kEnds[] = {
-    {kScriptOk,             "Successfully parsed ZAVIEW script file : {}"},
-    {kScriptFailed,         "ERROR executing ZAVIEW script file : {}"    },
-    {kScriptBadArgument,    "Argument ERROR in ZAVIEW script file : {}"  },
-    {kScriptUnknownCommand, "ERROR parsing ZAVIEW script file : {}"      },
-    {kScriptInterrupted,    "Interrupted ZAVIEW script file : {}"        },
-    {-1,                    "ERROR reading ZAVIEW script file : {}"      },
+    {kScriptOk, "Successfully parsed ZAVIEW script file : {}"},
+    {kScriptFailed, "ERROR executing ZAVIEW script file : {}"},
+    {kScriptBadArgument, "Argument ERROR in ZAVIEW script file : {}"},
+    {kScriptUnknownCommand, "ERROR parsing ZAVIEW script file : {}"},
+    {kScriptInterrupted, "Interrupted ZAVIEW script file : {}"},
+    {-1, "ERROR reading ZAVIEW script file : {}"},
 };
 
 FileHandle OpenScript(const Files& files, std::string_view name, std::string& opened) {

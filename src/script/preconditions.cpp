@@ -36,11 +36,11 @@ struct Precondition {
 };
 
 constexpr Precondition kPreconditions[] = {
-    {kNeedsCase,     CaseRead,          " :", "cannot be run until an output",                       "   file has been read"         },
-    {kNeedsEnsemble, RecordsHeld,       " :", "cannot be run until one or more",                     "   output files have been read"},
-    {kNeedsMotion,   IsMotionCase,      "",   "not valid for impulsive motion and IRF calculations", ""                              },
-    {kNeedsGraphics, GraphicsAvailable, " :", "cannot be run as graphics are not available",         ""                              },
-    {kNeedsGeometry, GeometryRead,      " :", "cannot be run as geometry could not be read",         ""                              },
+    {kNeedsCase, CaseRead, " :", "cannot be run until an output", "   file has been read"},
+    {kNeedsEnsemble, RecordsHeld, " :", "cannot be run until one or more", "   output files have been read"},
+    {kNeedsMotion, IsMotionCase, "", "not valid for impulsive motion and IRF calculations", ""},
+    {kNeedsGraphics, GraphicsAvailable, " :", "cannot be run as graphics are not available", ""},
+    {kNeedsGeometry, GeometryRead, " :", "cannot be run as geometry could not be read", ""},
 };
 
 }  // namespace

@@ -45,9 +45,7 @@ int RunLine(Session& session, std::span<const CommandFamily> commands, const Scr
   const std::size_t end = std::min(text.find_first_of(" \t", begin), text.size());
   const std::string_view word = text.substr(begin, end - begin);
   Say(console, "ZAVIEW Scripting: {}", text);
-  ScriptCall call{
-      session, Capitals(word), {&console, session.script.final_text, &session.script.next_line, text, end}
-  };
+  ScriptCall call{session, Capitals(word), {&console, session.script.final_text, &session.script.next_line, text, end}};
   const Command* command = FindCommand(commands, call.command);
   if (command == nullptr) {
     SayLine(console, "");

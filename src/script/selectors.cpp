@@ -42,7 +42,7 @@ constexpr SelectorRow kSelectors[] = {
 // The only ones of a transient added mass run.
 constexpr SelectorRow kImpulsiveSelectors[] = {
     {"TADM", kTransientAddedMass},
-    {"FIRF", kImpulse           },
+    {"FIRF", kImpulse},
 };
 
 // How many numbers follow, in the order plain, point, missile: without a curve index, with one; and what is said if
@@ -53,10 +53,7 @@ struct TailRow {
   int status;
 };
 constexpr TailRow kTails[] = {
-    {0, 1, kFewPlain,   kScriptBadArgument},
-    {3, 4, kFewPoint,   kScriptFailed     },
-    {8, 8, kFewMissile, kScriptFailed     }
-};
+    {0, 1, kFewPlain, kScriptBadArgument}, {3, 4, kFewPoint, kScriptFailed}, {8, 8, kFewMissile, kScriptFailed}};
 
 }  // namespace
 

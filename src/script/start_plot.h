@@ -8,8 +8,8 @@ namespace zaview {
 struct PlotRequest {
   PlotKind kind = PlotKind::history;
   QuantityRequest quantity{};  // its curve becomes plot_component
-  bool of_ensemble = false;  // histogram, autocorrelation
-  int statistic = 1;         // of confidence intervals
+  bool of_ensemble = false;    // histogram, autocorrelation
+  int statistic = 1;           // of confidence intervals
 };
 
 void ClearPlotKinds(DataPlotState& plot);

@@ -286,12 +286,8 @@ struct KindRow {
   bool (*read)(KindReader& in);
 };
 constexpr KindRow kKinds[] = {
-    {calm,          0, ReadCalm         },
-    {regular,       1, ReadRegular      },
-    {stokes,        3, ReadStokes       },
-    {superposition, 1, ReadSuperposition},
-    {grid,          4, ReadGrid         },
-    {second_order,  5, ReadModes        },
+    {calm, 0, ReadCalm}, {regular, 1, ReadRegular},    {stokes, 3, ReadStokes}, {superposition, 1, ReadSuperposition},
+    {grid, 4, ReadGrid}, {second_order, 5, ReadModes},
 };
 
 const KindRow* FindKind(int kind) {

@@ -152,11 +152,7 @@ TEST_F(WindowSession, DrawsAndDumpsAtTheSizeOfTheWindow) {
   PseudoTerminal t(path, Run({"run.out"}));
   Begin(t);
   OpenView(t, server);
-  const unsigned sizes[][2] = {
-      {720,  610 },
-      {1500, 1200},
-      {90,   70  }
-  };  // the second one is larger than the screen
+  const unsigned sizes[][2] = {{720, 610}, {1500, 1200}, {90, 70}};  // the second one is larger than the screen
   for (const auto& size : sizes) {
     server.Resize(size[0], size[1]);
     server.Key('r');

@@ -35,19 +35,19 @@ struct KindWords {
   IrfKind kind;
 };
 constexpr KindWords kKinds[] = {
-    {"steady forward speed", IrfKind::steady              },
-    {"radiation in surge",   IrfKind::surge               },
-    {"radiation in sway",    IrfKind::sway                },
-    {"radiation in heave",   IrfKind::heave               },
-    {"radiation in roll",    IrfKind::roll                },
-    {"radiation in pitch",   IrfKind::pitch               },
-    {"radiation in yaw",     IrfKind::yaw                 },
-    {"diffraction head",     IrfKind::diffraction_head    },
+    {"steady forward speed", IrfKind::steady},
+    {"radiation in surge", IrfKind::surge},
+    {"radiation in sway", IrfKind::sway},
+    {"radiation in heave", IrfKind::heave},
+    {"radiation in roll", IrfKind::roll},
+    {"radiation in pitch", IrfKind::pitch},
+    {"radiation in yaw", IrfKind::yaw},
+    {"diffraction head", IrfKind::diffraction_head},
     {"diffraction follow 1", IrfKind::diffraction_follow_1},
     {"diffraction follow 2", IrfKind::diffraction_follow_2},
     {"diffraction follow 3", IrfKind::diffraction_follow_3},
-    {"added mass",           IrfKind::added_mass          },
-    {"air cushion pressure", IrfKind::air_cushion         },
+    {"added mass", IrfKind::added_mass},
+    {"air cushion pressure", IrfKind::air_cushion},
 };
 
 constexpr char kMark = '!';  // in column 1 of a label

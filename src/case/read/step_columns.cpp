@@ -57,21 +57,21 @@ constexpr int kNewest = std::numeric_limits<int>::max();
 
 using enum Field;
 constexpr StepLayout kLayouts[] = {
-    {Form::one_ship,       1,   290,     {time, motions, force_3, x_forces, list_end}                                       },
-    {Form::one_ship,       291, 291,     {time, list_end, motions, force_3, x_forces, list_end, drop_6, x_moments, list_end}},
-    {Form::one_ship,       292, 298,     {time, motions, force_3, x_forces, list_end}                                       },
-    {Form::one_ship,       299, 361,     {time, motions, force, x_forces, list_end}                                         },
-    {Form::one_ship,       362, kNewest, {time, motions, force, x_loads, y_loads, rudder, prop_rps, list_end}               },
-    {Form::gyre,           1,   kNewest, {time, motions, force_3, drop_6, x_forces, list_end}                               },
-    {Form::ships,          1,   357,     {time, list_end, ships_begin, motions, force, list_end}                            },
-    {Form::ships,          358, 361,     {time, list_end, ships_begin, motions, force, rudder, list_end}                    },
-    {Form::ships,          362, kNewest, {time, list_end, ships_begin, motions, force, rudder, prop_rps, list_end}          },
-    {Form::impulsive,      1,   kNewest, {time, tadm, fimp, list_end}                                                       },
-    {Form::body,           1,   kNewest, {time, list_end, motions, force, x_loads, y_loads, rudder, prop_rps, list_end}     },
-    {Form::body_2,         1,   kNewest, {time, list_end, motions, x_loads, y_loads, rudder, prop_rps, list_end}            },
-    {Form::body_ships,     1,   kNewest, {time, list_end, ships_begin, motions, force, rudder, prop_rps, list_end}          },
-    {Form::body_ships_2,   1,   kNewest, {time, list_end, ships_begin, motions, rudder, prop_rps, list_end}                 },
-    {Form::body_impulsive, 1,   kNewest, {time, list_end, tadm, fimp, list_end}                                             },
+    {Form::one_ship, 1, 290, {time, motions, force_3, x_forces, list_end}},
+    {Form::one_ship, 291, 291, {time, list_end, motions, force_3, x_forces, list_end, drop_6, x_moments, list_end}},
+    {Form::one_ship, 292, 298, {time, motions, force_3, x_forces, list_end}},
+    {Form::one_ship, 299, 361, {time, motions, force, x_forces, list_end}},
+    {Form::one_ship, 362, kNewest, {time, motions, force, x_loads, y_loads, rudder, prop_rps, list_end}},
+    {Form::gyre, 1, kNewest, {time, motions, force_3, drop_6, x_forces, list_end}},
+    {Form::ships, 1, 357, {time, list_end, ships_begin, motions, force, list_end}},
+    {Form::ships, 358, 361, {time, list_end, ships_begin, motions, force, rudder, list_end}},
+    {Form::ships, 362, kNewest, {time, list_end, ships_begin, motions, force, rudder, prop_rps, list_end}},
+    {Form::impulsive, 1, kNewest, {time, tadm, fimp, list_end}},
+    {Form::body, 1, kNewest, {time, list_end, motions, force, x_loads, y_loads, rudder, prop_rps, list_end}},
+    {Form::body_2, 1, kNewest, {time, list_end, motions, x_loads, y_loads, rudder, prop_rps, list_end}},
+    {Form::body_ships, 1, kNewest, {time, list_end, ships_begin, motions, force, rudder, prop_rps, list_end}},
+    {Form::body_ships_2, 1, kNewest, {time, list_end, ships_begin, motions, rudder, prop_rps, list_end}},
+    {Form::body_impulsive, 1, kNewest, {time, list_end, tadm, fimp, list_end}},
 };
 
 bool Impulsive(const CaseStore& fresh) {
@@ -137,15 +137,9 @@ struct HistoryRow {
   bool impulsive;  // of an impulsive run, or of any other
 };
 constexpr HistoryRow kHistories[] = {
-    {&CaseStore::pmgg,       kMotions, false},
-    {&CaseStore::vmg,        kMotions, false},
-    {&CaseStore::acc,        kMotions, false},
-    {&CaseStore::force,      kForces,  false},
-    {&CaseStore::rudder_cmd, 1,        false},
-    {&CaseStore::rudder_ang, 1,        false},
-    {&CaseStore::prop_rps,   1,        false},
-    {&CaseStore::tadm,       kMotions, true },
-    {&CaseStore::fimp,       kMotions, true },
+    {&CaseStore::pmgg, kMotions, false}, {&CaseStore::vmg, kMotions, false}, {&CaseStore::acc, kMotions, false},
+    {&CaseStore::force, kForces, false}, {&CaseStore::rudder_cmd, 1, false}, {&CaseStore::rudder_ang, 1, false},
+    {&CaseStore::prop_rps, 1, false},    {&CaseStore::tadm, kMotions, true}, {&CaseStore::fimp, kMotions, true},
 };
 
 [[nodiscard]] bool MakeHistories(CaseStore& fresh) {

@@ -23,9 +23,9 @@ struct ScaleRow {
 };
 constexpr ScaleRow kScales[] = {
     {"   GRAVOUT = acceleration due to gravity =", "Enter GRAVOUT :", "GRAVOUT", &OutputSettings::GRAVOUT},
-    {"   RHOOUT  = mass density of water       =", "Enter  RHOOUT :", "RHOOUT",  &OutputSettings::RHOOUT },
-    {"   LENOUT  = reference length            =", "Enter  LENOUT :", "LENOUT",  &OutputSettings::LENOUT },
-    {"   ANGOUT  = output angle scale factor   =", "Enter  ANGOUT :", "ANGOUT",  &OutputSettings::ANGOUT },
+    {"   RHOOUT  = mass density of water       =", "Enter  RHOOUT :", "RHOOUT", &OutputSettings::RHOOUT},
+    {"   LENOUT  = reference length            =", "Enter  LENOUT :", "LENOUT", &OutputSettings::LENOUT},
+    {"   ANGOUT  = output angle scale factor   =", "Enter  ANGOUT :", "ANGOUT", &OutputSettings::ANGOUT},
 };
 constexpr std::string_view kScaleHeads[] = {"The following variables define the units and scale of all ZAVIEW output:",
                                             "   name      description                    current value"};
@@ -60,12 +60,8 @@ struct ConventionWord {
   Convention convention;
 };
 constexpr ConventionWord kConventionWords[] = {
-    {"ZAV", Convention::zavo },
-    {"ZUP", Convention::zavo },
-    {"MOD", Convention::model},
-    {"ZDO", Convention::model},
-    {"CFD", Convention::cfd  },
-    {"XAF", Convention::cfd  },
+    {"ZAV", Convention::zavo},  {"ZUP", Convention::zavo}, {"MOD", Convention::model},
+    {"ZDO", Convention::model}, {"CFD", Convention::cfd},  {"XAF", Convention::cfd},
 };
 constexpr std::size_t kConventionLetters = 3;
 

@@ -75,16 +75,9 @@ std::string Numbers(const Triple& v) {
 struct PrefixRow {
   std::string_view prefix, option;
 };
-constexpr PrefixRow kPrefixes[] = {
-    {"NASTRAN:", "-nastran"},
-    {"nastran:", "-nastran"},
-    {"HARLEND:", "-hrl"    },
-    {"harlend:", "-hrl"    },
-    {"HRL:",     "-hrl"    },
-    {"hrl:",     "-hrl"    },
-    {"SHAPE:",   "-zavo"   },
-    {"shape:",   "-zavo"   }
-};
+constexpr PrefixRow kPrefixes[] = {{"NASTRAN:", "-nastran"}, {"nastran:", "-nastran"}, {"HARLEND:", "-hrl"},
+                                   {"harlend:", "-hrl"},     {"HRL:", "-hrl"},         {"hrl:", "-hrl"},
+                                   {"SHAPE:", "-zavo"},      {"shape:", "-zavo"}};
 
 template <typename... Args>
 void AppendLine(std::string& text, fmt::format_string<Args...> line, Args&&... args) {

@@ -93,12 +93,10 @@ ClippedSegment CLIPSEG(const GksRectangle& window, GksPoint a, GksPoint b) {
     WindowEdge edge;
     float outward, room;  // growth of the distance beyond the edge along the segment; distance inside at a
   };
-  const Side sides[] = {
-      {WindowEdge::left,   -dx, a.x - window.xmin},
-      {WindowEdge::right,  dx,  window.xmax - a.x},
-      {WindowEdge::bottom, -dy, a.y - window.ymin},
-      {WindowEdge::top,    dy,  window.ymax - a.y}
-  };
+  const Side sides[] = {{WindowEdge::left, -dx, a.x - window.xmin},
+                        {WindowEdge::right, dx, window.xmax - a.x},
+                        {WindowEdge::bottom, -dy, a.y - window.ymin},
+                        {WindowEdge::top, dy, window.ymax - a.y}};
   float t0 = 0.0F, t1 = 1.0F;
   for (const Side& side : sides) {
     if (side.outward == 0.0F && side.room < 0.0F) return ClippedSegment{};

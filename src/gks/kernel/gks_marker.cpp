@@ -19,67 +19,18 @@ constexpr int kCirclePoints = 20;
 constexpr float kFlat = 0.41421357F;   // tan(22.5 degrees): half a side of the octagon about the unit circle
 constexpr float kSlant = 0.70710678F;  // the middle of its slanted sides
 
-constexpr GksPoint kSquare[] = {
-    {-1, -1},
-    {1,  -1},
-    {1,  1 },
-    {-1, 1 },
-    {-1, -1}
-};
-constexpr GksPoint kUp[] = {
-    {-1, -1},
-    {1,  -1},
-    {0,  1 },
-    {-1, -1}
-};
-constexpr GksPoint kDown[] = {
-    {-1, 1 },
-    {1,  1 },
-    {0,  -1},
-    {-1, 1 }
-};
-constexpr GksPoint kDiamond[] = {
-    {0,  -1},
-    {1,  0 },
-    {0,  1 },
-    {-1, 0 },
-    {0,  -1}
-};
-constexpr GksPoint kOctagon[] = {
-    {1,      -kFlat},
-    {1,      kFlat },
-    {kFlat,  1     },
-    {-kFlat, 1     },
-    {-1,     kFlat },
-    {-1,     -kFlat},
-    {-kFlat, -1    },
-    {kFlat,  -1    },
-    {1,      -kFlat}
-};
-constexpr GksPoint kAcross[] = {
-    {-1, 0},
-    {1,  0}
-};
-constexpr GksPoint kUpright[] = {
-    {0, -1},
-    {0, 1 }
-};
-constexpr GksPoint kRising[] = {
-    {-1, -1},
-    {1,  1 }
-};
-constexpr GksPoint kFalling[] = {
-    {-1, 1 },
-    {1,  -1}
-};
-constexpr GksPoint kRisingShort[] = {
-    {-kSlant, -kSlant},
-    {kSlant,  kSlant }
-};
-constexpr GksPoint kFallingShort[] = {
-    {-kSlant, kSlant },
-    {kSlant,  -kSlant}
-};
+constexpr GksPoint kSquare[] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}, {-1, -1}};
+constexpr GksPoint kUp[] = {{-1, -1}, {1, -1}, {0, 1}, {-1, -1}};
+constexpr GksPoint kDown[] = {{-1, 1}, {1, 1}, {0, -1}, {-1, 1}};
+constexpr GksPoint kDiamond[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+constexpr GksPoint kOctagon[] = {{1, -kFlat},  {1, kFlat},   {kFlat, 1},  {-kFlat, 1}, {-1, kFlat},
+                                 {-1, -kFlat}, {-kFlat, -1}, {kFlat, -1}, {1, -kFlat}};
+constexpr GksPoint kAcross[] = {{-1, 0}, {1, 0}};
+constexpr GksPoint kUpright[] = {{0, -1}, {0, 1}};
+constexpr GksPoint kRising[] = {{-1, -1}, {1, 1}};
+constexpr GksPoint kFalling[] = {{-1, 1}, {1, -1}};
+constexpr GksPoint kRisingShort[] = {{-kSlant, -kSlant}, {kSlant, kSlant}};
+constexpr GksPoint kFallingShort[] = {{-kSlant, kSlant}, {kSlant, -kSlant}};
 
 struct Shape {
   std::array<Stroke, 4> strokes;
@@ -87,28 +38,28 @@ struct Shape {
 };
 
 constexpr Shape kShapes[] = {
-    {{kSquare},                               false, false}, // 0
-    {{},                                      false, true }, // 1
-    {{kUp},                                   false, false}, // 2
-    {{kAcross, kUpright},                     false, false}, // 3
-    {{kRising, kFalling},                     false, false}, // 4
-    {{kDiamond},                              false, false}, // 5
-    {{kDown},                                 false, false}, // 6
-    {{kSquare, kRising, kFalling},            false, false}, // 7
-    {{kAcross, kUpright, kRising, kFalling},  false, false}, // 8
-    {{kDiamond, kAcross, kUpright},           false, false}, // 9
-    {{kOctagon, kAcross, kUpright},           false, false}, // 10
-    {{kUp, kDown},                            false, false}, // 11
-    {{kSquare},                               false, false}, // 12
-    {{kOctagon, kRisingShort, kFallingShort}, false, false}, // 13
-    {{kSquare, kUp},                          false, false}, // 14
-    {{},                                      true,  true }, // 15
-    {{kUp},                                   true,  false}, // 16
-    {{kDown},                                 true,  false}, // 17
-    {{kSquare},                               true,  false}, // 18
-    {{kAcross},                               false, false}, // 19
-    {{kUpright},                              false, false}, // 20
-    {{kDiamond},                              true,  false}, // 21
+    {{kSquare}, false, false},                                // 0
+    {{}, false, true},                                        // 1
+    {{kUp}, false, false},                                    // 2
+    {{kAcross, kUpright}, false, false},                      // 3
+    {{kRising, kFalling}, false, false},                      // 4
+    {{kDiamond}, false, false},                               // 5
+    {{kDown}, false, false},                                  // 6
+    {{kSquare, kRising, kFalling}, false, false},             // 7
+    {{kAcross, kUpright, kRising, kFalling}, false, false},   // 8
+    {{kDiamond, kAcross, kUpright}, false, false},            // 9
+    {{kOctagon, kAcross, kUpright}, false, false},            // 10
+    {{kUp, kDown}, false, false},                             // 11
+    {{kSquare}, false, false},                                // 12
+    {{kOctagon, kRisingShort, kFallingShort}, false, false},  // 13
+    {{kSquare, kUp}, false, false},                           // 14
+    {{}, true, true},                                         // 15
+    {{kUp}, true, false},                                     // 16
+    {{kDown}, true, false},                                   // 17
+    {{kSquare}, true, false},                                 // 18
+    {{kAcross}, false, false},                                // 19
+    {{kUpright}, false, false},                               // 20
+    {{kDiamond}, true, false},                                // 21
 };
 
 constexpr int kMarkerTypes = static_cast<int>(std::size(kShapes));

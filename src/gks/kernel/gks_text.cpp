@@ -25,12 +25,9 @@ struct BitmapChoice {
   float nominal;
 };
 constexpr BitmapChoice kBitmapFonts[] = {
-    {11.0F,                                  Font::helvetica_10, 10.0F},
-    {12.5F,                                  Font::helvetica_12, 12.0F},
-    {14.0F,                                  Font::fixed_8_13,   13.0F},
-    {16.5F,                                  Font::fixed_9_15,   15.0F},
-    {21.0F,                                  Font::helvetica_18, 18.0F},
-    {std::numeric_limits<float>::infinity(), Font::times_24,     24.0F},
+    {11.0F, Font::helvetica_10, 10.0F}, {12.5F, Font::helvetica_12, 12.0F},
+    {14.0F, Font::fixed_8_13, 13.0F},   {16.5F, Font::fixed_9_15, 15.0F},
+    {21.0F, Font::helvetica_18, 18.0F}, {std::numeric_limits<float>::infinity(), Font::times_24, 24.0F},
 };
 
 struct Alignment {
@@ -172,10 +169,7 @@ TextExtent GQTXX(const GksState& gks, GksPoint at, std::string_view text) {
   float next = box.width;
   if (box.horizontal == 2) next = 0.0F;
   if (box.horizontal == 3) next = -box.width;
-  return {
-      {world(left, bottom), world(right, bottom), world(right, top), world(left, top)},
-      world(next, 0.0F)
-  };
+  return {{world(left, bottom), world(right, bottom), world(right, top), world(left, top)}, world(next, 0.0F)};
 }
 
 }  // namespace zaview

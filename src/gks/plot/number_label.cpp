@@ -14,19 +14,8 @@ struct Decimals {
   float from = 0;
   int count = 0;
 };
-constexpr Decimals kPositive[] = {
-    {999.95F,  0},
-    {99.995F,  1},
-    {9.9995F,  2},
-    {0.99995F, 3},
-    {0.00995F, 4}
-};
-constexpr Decimals kNegative[] = {
-    {99.95F,    0},
-    {9.995F,    1},
-    {0.9995F,   2},
-    {0.009995F, 3}
-};
+constexpr Decimals kPositive[] = {{999.95F, 0}, {99.995F, 1}, {9.9995F, 2}, {0.99995F, 3}, {0.00995F, 4}};
+constexpr Decimals kNegative[] = {{99.95F, 0}, {9.995F, 1}, {0.9995F, 2}, {0.009995F, 3}};
 constexpr float kLongest = 99999.5F, kLongestNegative = 9999.5F;  // from here on five characters hold no integer
 constexpr double kRoundsToTen = 9.95;                             // with one decimal
 

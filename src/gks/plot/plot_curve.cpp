@@ -86,9 +86,7 @@ void DrawLine(const GksState& gks, std::span<const GksPoint> points, ToWorld to_
 
 template <typename ToWorld>
 void DrawArrow(const GksState& gks, const Vector& v, int code, ToWorld to_world) {
-  const std::array<GksPoint, 2> line = {
-      {{v.x0, v.y0}, {v.x1, v.y1}}
-  };
+  const std::array<GksPoint, 2> line = {{{v.x0, v.y0}, {v.x1, v.y1}}};
   const Arrow arrow = HeadOf(v, code);
   DrawLine(gks, line, to_world);
   if (arrow.head_points > 0) DrawLine(gks, std::span(arrow.head).first(arrow.head_points), to_world);

@@ -21,22 +21,21 @@ namespace {
 constexpr std::string_view kInvalidIndex = "dgSelectGraf: invalid index={}";
 
 constexpr GksColour kColours[] = {
-  // from index 2 on
-    {1,     0,     0    },
-    {0,     1,     0    },
-    {0,     0,     1    },
-    {1,     1,     0    },
-    {0,     1,     1    },
-    {1,     0,     1    },
+    // from index 2 on
+    {1, 0, 0},
+    {0, 1, 0},
+    {0, 0, 1},
+    {1, 1, 0},
+    {0, 1, 1},
+    {1, 0, 1},
     {0.13F, 0.69F, 0.67F},
-    {1,     0.65F, 0    },
-    {1,     0.75F, 0.8F },
+    {1, 0.65F, 0},
+    {1, 0.75F, 0.8F},
     {0.93F, 0.51F, 0.93F},
     {0.85F, 0.65F, 0.13F},
     {0.74F, 0.56F, 0.56F},
     {0.68F, 0.88F, 0.92F},
-    {0,     0.75F, 0    }
-};
+    {0, 0.75F, 0}};
 constexpr int kFirstOwnColour = 2;
 constexpr std::size_t kNameRoom = 80;
 constexpr float kTopMargin = 0.75F;                    // page units above the area, for headings
@@ -299,12 +298,7 @@ void dgAlign(PlotDraw draw, float fx, float fy) {
     float below;
     int alignment;
   };
-  constexpr Row kVertical[] = {
-      {0.0F, 5},
-      {0.3F, 4},
-      {0.7F, 3},
-      {1.0F, 2}
-  };
+  constexpr Row kVertical[] = {{0.0F, 5}, {0.3F, 4}, {0.7F, 3}, {1.0F, 2}};
   int vertical = kTop;
   for (const Row& row : kVertical)
     if (fy < row.below) {

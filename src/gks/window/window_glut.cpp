@@ -213,15 +213,10 @@ void OnKey(unsigned char key, int x, int y) {
 
 // Others are nobody's: the modifier keys among them, which come alone ahead of their letter.
 void OnSpecialKey(int key, int x, int y) {
-  constexpr std::pair<int, int> kKeys[] = {
-      {GLUT_KEY_LEFT,      kKeyLeft    },
-      {GLUT_KEY_UP,        kKeyUp      },
-      {GLUT_KEY_RIGHT,     kKeyRight   },
-      {GLUT_KEY_DOWN,      kKeyDown    },
-      {GLUT_KEY_PAGE_UP,   kKeyPageUp  },
-      {GLUT_KEY_PAGE_DOWN, kKeyPageDown},
-      {GLUT_KEY_END,       kKeyEnd     }
-  };
+  constexpr std::pair<int, int> kKeys[] = {{GLUT_KEY_LEFT, kKeyLeft},      {GLUT_KEY_UP, kKeyUp},
+                                           {GLUT_KEY_RIGHT, kKeyRight},    {GLUT_KEY_DOWN, kKeyDown},
+                                           {GLUT_KEY_PAGE_UP, kKeyPageUp}, {GLUT_KEY_PAGE_DOWN, kKeyPageDown},
+                                           {GLUT_KEY_END, kKeyEnd}};
   if (key >= GLUT_KEY_F1 && key <= GLUT_KEY_F12) {
     SendKey(key - GLUT_KEY_F1 + kKeyF1, x, y);
     return;

@@ -82,11 +82,7 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
   const struct {
     std::string_view title;
     const std::vector<int>& places;
-  } blocks[] = {
-      {"",                   all         },
-      {"\nUpper envelope\n", curves.upper},
-      {"\nLower envelope\n", curves.lower}
-  };
+  } blocks[] = {{"", all}, {"\nUpper envelope\n", curves.upper}, {"\nLower envelope\n", curves.lower}};
   for (const auto& block : blocks) {
     text += block.title;
     AppendHeading(text, layout, names);

@@ -33,19 +33,19 @@ struct FitLine {
   float Histogram::*value;  // null: a line of words
 };
 constexpr FitLine kFitLines[] = {
-    {Overlay::uniform,        "Uniform distribution",           nullptr             },
-    {Overlay::normal,         "Normal (Gaussian) distribution", nullptr             },
-    {Overlay::normal,         "Mean        =",                  &Histogram::mean    },
-    {Overlay::normal,         "Variance    =",                  &Histogram::variance},
-    {Overlay::gramm_charlier, "Gramm-Charlier distribution",    nullptr             },
-    {Overlay::gramm_charlier, "Mean        =",                  &Histogram::mean    },
-    {Overlay::gramm_charlier, "Variance    =",                  &Histogram::variance},
-    {Overlay::gramm_charlier, "Skew        =",                  &Histogram::skew    },
-    {Overlay::gramm_charlier, "Excess      =",                  &Histogram::excess  },
-    {Overlay::rayleigh,       "Rayleigh distribution",          nullptr             },
-    {Overlay::rayleigh,       "Variance    =",                  &Histogram::variance},
-    {Overlay::exponential,    "Exponential distribution",       nullptr             },
-    {Overlay::exponential,    "Lambda      =",                  &Histogram::lambda  },
+    {Overlay::uniform, "Uniform distribution", nullptr},
+    {Overlay::normal, "Normal (Gaussian) distribution", nullptr},
+    {Overlay::normal, "Mean        =", &Histogram::mean},
+    {Overlay::normal, "Variance    =", &Histogram::variance},
+    {Overlay::gramm_charlier, "Gramm-Charlier distribution", nullptr},
+    {Overlay::gramm_charlier, "Mean        =", &Histogram::mean},
+    {Overlay::gramm_charlier, "Variance    =", &Histogram::variance},
+    {Overlay::gramm_charlier, "Skew        =", &Histogram::skew},
+    {Overlay::gramm_charlier, "Excess      =", &Histogram::excess},
+    {Overlay::rayleigh, "Rayleigh distribution", nullptr},
+    {Overlay::rayleigh, "Variance    =", &Histogram::variance},
+    {Overlay::exponential, "Exponential distribution", nullptr},
+    {Overlay::exponential, "Lambda      =", &Histogram::lambda},
 };
 
 void AppendCells(std::span<const float> cells, std::string& text) {

@@ -28,18 +28,12 @@ struct IntervalRow {
   std::string_view label, ensemble_label;
 };
 constexpr IntervalRow kRows[] = {
-    {kStatMean,      " Mean          ", " Mean          "},
-    {kStatVariance,  " Variance      ", " Variance      "},
-    {kStatStdev,     " Std. Deviation", " Std. Deviation"},
-    {kStatThird,     " Significnt Amp", " Significnt Amp"},
-    {kStatThird + 1, " 1/3rd Top Avg ", " 1/3rd Top Avg "},
-    {kStatThird + 2, " 1/3rd bot Avg ", " 1/3rd Bot Avg "},
-    {kStatThird + 3, " Significnt Hgt", " Significnt Hgt"},
-    {kStatNth,       " 1/10th Amp Avg", " 1/10th Amp Avg"},
-    {kStatNth + 1,   " 1/10th Top Avg", " 1/10th Top Avg"},
-    {kStatNth + 2,   " 1/10th bot Avg", " 1/10th Bot Avg"},
-    {kStatNth + 3,   " 1/10th Dbl Amp", " 1/10th Dbl Avg"},
-    {kStatSsa,       " SSA           ", " SSA           "},
+    {kStatMean, " Mean          ", " Mean          "},      {kStatVariance, " Variance      ", " Variance      "},
+    {kStatStdev, " Std. Deviation", " Std. Deviation"},     {kStatThird, " Significnt Amp", " Significnt Amp"},
+    {kStatThird + 1, " 1/3rd Top Avg ", " 1/3rd Top Avg "}, {kStatThird + 2, " 1/3rd bot Avg ", " 1/3rd Bot Avg "},
+    {kStatThird + 3, " Significnt Hgt", " Significnt Hgt"}, {kStatNth, " 1/10th Amp Avg", " 1/10th Amp Avg"},
+    {kStatNth + 1, " 1/10th Top Avg", " 1/10th Top Avg"},   {kStatNth + 2, " 1/10th bot Avg", " 1/10th Bot Avg"},
+    {kStatNth + 3, " 1/10th Dbl Amp", " 1/10th Dbl Avg"},   {kStatSsa, " SSA           ", " SSA           "},
 };
 
 // What stands in the column "Quantity      " of a curve; blank: there is no such column.

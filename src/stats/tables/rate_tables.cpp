@@ -235,18 +235,18 @@ TableFault Exceedances(const Platform& platform, const OutputSettings& settings,
   WriteList(platform, kList, "Independent Exceedances written to", ListOf(settings.separator, data, count));
   const auto nind = static_cast<float>(count.nind);
   const ReportItem items[] = {
-      {"Threshold             =", "Threshold",       "",                                          false,                             request.threshold,    0                          },
-      {"Total Time            =", "Total Time",      "",                                          false,                             T,                    0                          },
-      {"Dependence time       =", "Dependence time", "",                                          false,                             DependenceTime(state, ndep),                       0},
-      {"Dependence steps      =",                         "Dependence steps",                  "",                   true,                                 0,                               ndep                        },
-      {"Number of Exceedances =",                         "Number of Exceedances (indepdnent)",                  " (independent)", true, 0,                 count.nind                  },
-      {"Number of Exceedances =",                         "Number of Exceedances (total)",                  " (total)",      true,            0,                       count.total                   },
-      {"Exceedance rate       =",                         "Exceedance rate",                  "",                    false,                                  nind / T,                              0},
-      {"Exceedance rate low   =",                         "Exceedance rate low",                  "",                false,                              limits.low / T,                              0                 },
-      {"Exceedance rate high  =",                         "Exceedance rate high",                  "",               false,                             limits.high / T,                              0},
-      {"Confidence probility  =",                         "Confidence probability.",                  "",            false,                          settings.confidence_probability,                              0    },
-      {"Exceedance time total =",                         "Exceedance time total",                  "",              false,                            count.Tex,                              0                },
-      {"Exceedance time frac. =",                         "Exceedance time frac.",                  "",              false,                            count.Tex / T,                              0},
+      {"Threshold             =", "Threshold", "", false, request.threshold, 0},
+      {"Total Time            =", "Total Time", "", false, T, 0},
+      {"Dependence time       =", "Dependence time", "", false, DependenceTime(state, ndep), 0},
+      {"Dependence steps      =", "Dependence steps", "", true, 0, ndep},
+      {"Number of Exceedances =", "Number of Exceedances (indepdnent)", " (independent)", true, 0, count.nind},
+      {"Number of Exceedances =", "Number of Exceedances (total)", " (total)", true, 0, count.total},
+      {"Exceedance rate       =", "Exceedance rate", "", false, nind / T, 0},
+      {"Exceedance rate low   =", "Exceedance rate low", "", false, limits.low / T, 0},
+      {"Exceedance rate high  =", "Exceedance rate high", "", false, limits.high / T, 0},
+      {"Confidence probility  =", "Confidence probability.", "", false, settings.confidence_probability, 0},
+      {"Exceedance time total =", "Exceedance time total", "", false, count.Tex, 0},
+      {"Exceedance time frac. =", "Exceedance time frac.", "", false, count.Tex / T, 0},
   };
   if (settings.separator == Separator::space && out.had_text) text += '\n';
   AppendReport(settings.separator, !out.had_text, items, text);
@@ -283,14 +283,14 @@ TableFault BlockExceedances(const Platform& platform, const OutputSettings& sett
   WriteList(platform, kBlockList, "Block min/max written to", BlockListOf(settings.separator, data, count));
   const float T = TotalTime(data);
   const ReportItem items[] = {
-      {"Total Time           =", "Total Time",           "", false, T,                                       0                                             },
-      {"Dependence time      =", "Dependence time",      "", false, data.dt * static_cast<float>(ndep),      0                                             },
-      {"Dependence steps     =", "Dependence steps",     "", true,  0,                                       ndep                                          },
-      {"Number of blocks     =", "Number of blocks",     "", true,  0,                                       static_cast<std::int64_t>(count.blocks.size())},
-      {"Blocks w/exceedances =", "Blocks w/exceedances", "", true,  0,                                       count.exceeding                               },
-      {"Exceedance rate      =", "Exceedance rate",      "", false, static_cast<float>(count.exceeding) / T, 0                                             },
-      {"Average block min    =", "Average block min",    "", false, count.average_min,                       0                                             },
-      {"Average block max    =", "Average block max",    "", false, count.average_max,                       0                                             },
+      {"Total Time           =", "Total Time", "", false, T, 0},
+      {"Dependence time      =", "Dependence time", "", false, data.dt * static_cast<float>(ndep), 0},
+      {"Dependence steps     =", "Dependence steps", "", true, 0, ndep},
+      {"Number of blocks     =", "Number of blocks", "", true, 0, static_cast<std::int64_t>(count.blocks.size())},
+      {"Blocks w/exceedances =", "Blocks w/exceedances", "", true, 0, count.exceeding},
+      {"Exceedance rate      =", "Exceedance rate", "", false, static_cast<float>(count.exceeding) / T, 0},
+      {"Average block min    =", "Average block min", "", false, count.average_min, 0},
+      {"Average block max    =", "Average block max", "", false, count.average_max, 0},
   };
   std::string text;
   if (settings.separator == Separator::space && out.had_text) text += '\n';

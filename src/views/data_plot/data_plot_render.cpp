@@ -32,11 +32,7 @@ struct TextMode {
   bool title, file, axes;
 };
 constexpr TextMode kTextModes[] = {
-    {false, false, false},
-    {true,  true,  true },
-    {true,  false, true },
-    {false, false, true },
-    {false, true,  true },
+    {false, false, false}, {true, true, true}, {true, false, true}, {false, false, true}, {false, true, true},
 };
 
 TextMode ModeOf(const DataPlotState& plot) {

@@ -38,10 +38,10 @@ struct StatisticWords {
   std::string_view axis, name;
 };
 constexpr StatisticWords kWords[] = {
-    {"Mean",     "Mean"                 },
-    {"St.dev",   "Standard Deviation"   },
-    {"Variance", "Variance"             },
-    {"Sig.Amp",  "Significant Amplitude"},
+    {"Mean", "Mean"},
+    {"St.dev", "Standard Deviation"},
+    {"Variance", "Variance"},
+    {"Sig.Amp", "Significant Amplitude"},
 };
 
 const StatisticWords& WordsOf(const DataPlotState& plot) {
@@ -176,12 +176,11 @@ void DrawIntervals(Session& session, PlotDraw draw) {
   const std::string_view etc = session.ensemble.nrec > 1 ? ", etc" : "";
   const int ensemble = ColourOf(plot, kEnsembleColour);
   const PageNote notes[] = {
-      {fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high),             Shown{session.output.confidence_probability}),
+      {fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high), Shown{session.output.confidence_probability}),
        ensemble},
-      {fmt::format(kEstimate,              ShortNumber(d.estimate)),                                ensemble                                          },
-      {std::string(WordsOf(plot).name)            },
-      {fmt::format("{}{}",    session.case_store.file_name,etc)}
-  };
+      {fmt::format(kEstimate, ShortNumber(d.estimate)), ensemble},
+      {std::string(WordsOf(plot).name)},
+      {fmt::format("{}{}", session.case_store.file_name, etc)}};
   PageNotes(draw, notes, plot.text_size, plot.annot_size);
 }
 

@@ -19,7 +19,7 @@ struct PeakTexts {
   std::string_view top_name, bottom_name, top, bottom, amplitude, double_amplitude;
 };
 constexpr PeakTexts kPeakTexts[] = {
-    {3,  "Avg top 1/3",  "Avg bot 1/3",  "Avg top 1/3 =", "Avg bot 1/3 =", "1/3 Amp Avg =", "Dbl Amp Avg ="},
+    {3, "Avg top 1/3", "Avg bot 1/3", "Avg top 1/3 =", "Avg bot 1/3 =", "1/3 Amp Avg =", "Dbl Amp Avg ="},
     {10, "Avg top 1/10", "Avg bot 1/10", "Avg top 1/10=", "Avg bot 1/10=", "1/10 Amp Avg=", "Dbl  Amp Avg="},
 };
 

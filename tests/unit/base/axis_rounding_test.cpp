@@ -55,20 +55,10 @@ TEST(AxisRounding, Decades) {
     float low, high;
     LogLimits want;
   } cases[] = {
-      {1,      1000,       {0, 3}  },
-      {0.5F,   20,         {-1, 2} },
-      {3,      7,          {0, 1}  },
-      {10,     10,         {1, 2}  }, // no range at all
-      {0,      100,        {-1, 2} },
-      {0,      0,          {0, 1}  },
-      {-3,     -1,         {0, 1}  },
-      {0.001F, 0.0010001F, {-3, -2}},
-      {1e-12F, 1e5F,       {-12, 5}},
-      {99.9F,  100.1F,     {1, 3}  },
-      {2000,   30,         {3, 4}  }, // the wrong way round
-      {0,      1,          {-3, 0} },
-      {5,      -1,         {0, 1}  }
-  };
+      {1, 1000, {0, 3}},        {0.5F, 20, {-1, 2}},     {3, 7, {0, 1}},     {10, 10, {1, 2}},  // no range at all
+      {0, 100, {-1, 2}},        {0, 0, {0, 1}},          {-3, -1, {0, 1}},   {0.001F, 0.0010001F, {-3, -2}},
+      {1e-12F, 1e5F, {-12, 5}}, {99.9F, 100.1F, {1, 3}}, {2000, 30, {3, 4}},  // the wrong way round
+      {0, 1, {-3, 0}},          {5, -1, {0, 1}}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.low << ' ' << c.high);
     const LogLimits got = dgRoundLog(c.low, c.high);

@@ -15,16 +15,16 @@ TEST(CleanText, CommentsAndEnds) {
     std::string bytes, full, clean;  // the lines that are expected, with a / behind each
     int first;                       // line number of the first clean one
   } cases[] = {
-      {"comments in column 1 leave empty lines",       "!a\n!\nb\n",           "!a/!/b/",         "b/",              3},
-      {"quotes don't protect a comment sign",          "a \"x!y\"\n",          "a \"x!y\"/",      "a \"x/",          1},
-      {"a blank ahead of the sign is dropped with it", " !a\n",                " !a/",            " /",              1},
-      {"END_OF_FILE in column 2 is text",              " END_OF_FILE\nb\n",    " END_OF_FILE/b/", " END_OF_FILE/b/", 1},
-      {"END_OF_FILE needs no word end",                "a\nEND_OF_FILES\nb\n", "a/",              "a/",              1},
-      {"lower case doesn't end",                       "end_of_file\n",        "end_of_file/",    "end_of_file/",    1},
-      {"CR drops what stands behind it",               "a\rb\r\n\rc\n",        "a//",             "a//",             1},
-      {"a last line needs no end",                     "a\nb",                 "a/b/",            "a/b/",            1},
-      {"no text at all",                               "",                     "",                "",                0},
-      {"a long line is cut",                           long_line,              kept,              kept,              1},
+      {"comments in column 1 leave empty lines", "!a\n!\nb\n", "!a/!/b/", "b/", 3},
+      {"quotes don't protect a comment sign", "a \"x!y\"\n", "a \"x!y\"/", "a \"x/", 1},
+      {"a blank ahead of the sign is dropped with it", " !a\n", " !a/", " /", 1},
+      {"END_OF_FILE in column 2 is text", " END_OF_FILE\nb\n", " END_OF_FILE/b/", " END_OF_FILE/b/", 1},
+      {"END_OF_FILE needs no word end", "a\nEND_OF_FILES\nb\n", "a/", "a/", 1},
+      {"lower case doesn't end", "end_of_file\n", "end_of_file/", "end_of_file/", 1},
+      {"CR drops what stands behind it", "a\rb\r\n\rc\n", "a//", "a//", 1},
+      {"a last line needs no end", "a\nb", "a/b/", "a/b/", 1},
+      {"no text at all", "", "", "", 0},
+      {"a long line is cut", long_line, kept, kept, 1},
   };
   FakePlatform fake;
   for (const auto& c : cases) {

@@ -31,11 +31,7 @@ TEST(LargePages, WhatIsThereStays) {
 
 TEST(LargePages, TooManyBytesAreLeftAlone) {
   const char byte = 1;
-  std::vector<Room> rooms = {
-      {&byte, SIZE_MAX / 2},
-      {&byte, SIZE_MAX / 2},
-      {&byte, SIZE_MAX    }
-  };
+  std::vector<Room> rooms = {{&byte, SIZE_MAX / 2}, {&byte, SIZE_MAX / 2}, {&byte, SIZE_MAX}};
   UseLargePages(rooms);
   EXPECT_EQ(byte, 1);
 }

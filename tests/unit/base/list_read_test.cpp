@@ -34,15 +34,15 @@ TEST(ListRead, Reals) {
     std::vector<double> values;  // from 7 7 7
     std::size_t lines;           // taken
   } cases[] = {
-      {"1 2 3 words|4",              ListStatus::ok,    {1, 2, 3},                1},
-      {"||1|  |2,|3|4",              ListStatus::ok,    {1, 2, 3},                6},
-      {"1,,3",                       ListStatus::ok,    {1, 7, 3},                1}, // null items keep what they held
-      {", 2 , |3",                   ListStatus::ok,    {7, 2, 3},                2},
-      {"2*5\t1D1",                   ListStatus::ok,    {5, 5, 10},               1},
-      {"88888888888888888888*1.5-3", ListStatus::ok,    {0.0015, 0.0015, 0.0015}, 1},
-      {"1 2|STOP|3",                 ListStatus::error, {1, 2, 7},                2},
-      {"1 **** 3",                   ListStatus::error, {1, 7, 7},                1},
-      {"0*1 2 3",                    ListStatus::error, {7, 7, 7},                1},
+      {"1 2 3 words|4", ListStatus::ok, {1, 2, 3}, 1},
+      {"||1|  |2,|3|4", ListStatus::ok, {1, 2, 3}, 6},
+      {"1,,3", ListStatus::ok, {1, 7, 3}, 1},  // null items keep what they held
+      {", 2 , |3", ListStatus::ok, {7, 2, 3}, 2},
+      {"2*5\t1D1", ListStatus::ok, {5, 5, 10}, 1},
+      {"88888888888888888888*1.5-3", ListStatus::ok, {0.0015, 0.0015, 0.0015}, 1},
+      {"1 2|STOP|3", ListStatus::error, {1, 2, 7}, 2},
+      {"1 **** 3", ListStatus::error, {1, 7, 7}, 1},
+      {"0*1 2 3", ListStatus::error, {7, 7, 7}, 1},
   };
   for (const auto& c : cases) {
     Lines lines(c.text);

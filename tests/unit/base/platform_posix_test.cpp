@@ -72,19 +72,13 @@ TEST_F(PlatformPosix, FactsFollowLinks) {
   const Files& files = platform.files;
   std::filesystem::create_directory(Name("d"));
   ASSERT_TRUE(files.close(files.self, files.open_write(files.self, Name("d/t"), WriteHow::truncate, 0)));
-  for (const auto& [to, name] : {
-           std::pair{"t",       "d/near"  },
-           {"d/near",  "far"     },
-           {"nothing", "dangling"},
-           {"loop",    "loop"    }
-  })
+  for (const auto& [to, name] :
+       {std::pair{"t", "d/near"}, {"d/near", "far"}, {"nothing", "dangling"}, {"loop", "loop"}})
     std::filesystem::create_symlink(to, Name(name));
-  const std::tuple<const char*, const char*, bool, bool, bool> cases[] = {
-      {"far",      "d/t",     true,  true,  false},
-      {"d",        "d",       true,  false, true },
-      {"dangling", "nothing", false, false, false},
-      {"loop",     "loop",    false, false, false}
-  };
+  const std::tuple<const char*, const char*, bool, bool, bool> cases[] = {{"far", "d/t", true, true, false},
+                                                                          {"d", "d", true, false, true},
+                                                                          {"dangling", "nothing", false, false, false},
+                                                                          {"loop", "loop", false, false, false}};
   for (const auto& [name, target, exists, plain, directory] : cases) {
     const FileFacts f = files.facts(files.self, Name(name));
     EXPECT_EQ(std::tuple(f.target, f.exists, f.plain, f.directory), std::tuple(Name(target), exists, plain, directory));

@@ -12,12 +12,12 @@ TEST(Rotation, QuarterTurns) {
     double roll, pitch, yaw;
     Vector3 ship, global;
   } cases[] = {
-      {kQuarter, 0,        0,        {0, 1, 0}, {0, 0, 1} }, // roll lifts port (y) up
-      {0,        kQuarter, 0,        {1, 0, 0}, {0, 0, -1}}, // pitch puts the bow down
-      {0,        0,        kQuarter, {1, 0, 0}, {0, 1, 0} }, // yaw turns the bow to port
-      {kQuarter, 0,        kQuarter, {0, 1, 0}, {0, 0, 1} }, // roll acts first
-      {kQuarter, kQuarter, 0,        {0, 1, 0}, {1, 0, 0} }, // then pitch
-      {0,        kQuarter, kQuarter, {0, 0, 1}, {0, 1, 0} }, // then yaw
+      {kQuarter, 0, 0, {0, 1, 0}, {0, 0, 1}},         // roll lifts port (y) up
+      {0, kQuarter, 0, {1, 0, 0}, {0, 0, -1}},        // pitch puts the bow down
+      {0, 0, kQuarter, {1, 0, 0}, {0, 1, 0}},         // yaw turns the bow to port
+      {kQuarter, 0, kQuarter, {0, 1, 0}, {0, 0, 1}},  // roll acts first
+      {kQuarter, kQuarter, 0, {0, 1, 0}, {1, 0, 0}},  // then pitch
+      {0, kQuarter, kQuarter, {0, 0, 1}, {0, 1, 0}},  // then yaw
   };
   for (const auto& c : cases) {
     const Rotation rotation = ShipToGlobal(c.roll, c.pitch, c.yaw);

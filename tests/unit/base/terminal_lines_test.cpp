@@ -104,13 +104,13 @@ TEST_F(TerminalLines, TabCompletesNames) {
   std::ofstream(Name("folder/inner.geo")) << 1;
   PseudoTerminal t(path, Echo);
   const std::pair<std::string, std::string> cases[] = {
-      {"reg\th\t\r",      "regular_head.out"     },
+      {"reg\th\t\r", "regular_head.out"},
       {"ZAVO:fo\tin\t\r", "ZAVO:folder/inner.geo"},
-      {"a\t APPEND\r",    "a b.txt APPEND"       },
-      {"a b\t\r",         "a b.txt"              },
-      {"x re\tb\t\r",     "x regular_beam.out"   },
-      {".h\t\r",          ".hidden"              },
-      {"none\t\r",        "none"                 },
+      {"a\t APPEND\r", "a b.txt APPEND"},
+      {"a b\t\r", "a b.txt"},
+      {"x re\tb\t\r", "x regular_beam.out"},
+      {".h\t\r", ".hidden"},
+      {"none\t\r", "none"},
   };
   for (const auto& [keys, line] : cases) {
     t.Answer("ask [5] ", keys);

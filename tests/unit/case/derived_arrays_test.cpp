@@ -45,10 +45,7 @@ TEST(DerivedArrays, FollowTheFormulasAtBothEnds) {
 // A part that begins at step 371 counts its steady advance from step 1 of the whole run; over a long run a 4-byte U DTH
 // would be wrong in the fourth place.
 TEST(DerivedArrays, SteadyAdvanceCountsAllStepsWithoutDrift) {
-  for (const auto& [first, n] : {
-           std::pair{371, 2     },
-           {1,   200000}
-  }) {
+  for (const auto& [first, n] : {std::pair{371, 2}, {1, 200000}}) {
     CaseStore c = SmallCase(first, n);
     const int last = first + n - 1;
     const double advance = 0.01 + 0.01875 * (last - 1);

@@ -29,14 +29,12 @@ TEST(KinoFiles, Motions) {
 TEST(KinoFiles, ViewerCommands) {
   const struct {
     std::string geometry, option;
-  } cases[] = {
-      {"hull.geo",         "-zavo hull.geo\n"   },
-      {"SHAPE:hull.geo",   "-zavo hull.geo\n"   },
-      {"nastran:hull.nas", "-nastran hull.nas\n"},
-      {"HARLEND:a b.hrl",  "-hrl a b.hrl\n"     },
-      {"hrl:hull.hrl",     "-hrl hull.hrl\n"    },
-      {"",                 ""                   }
-  };
+  } cases[] = {{"hull.geo", "-zavo hull.geo\n"},
+               {"SHAPE:hull.geo", "-zavo hull.geo\n"},
+               {"nastran:hull.nas", "-nastran hull.nas\n"},
+               {"HARLEND:a b.hrl", "-hrl a b.hrl\n"},
+               {"hrl:hull.hrl", "-hrl hull.hrl\n"},
+               {"", ""}};
   for (const auto& row : cases) {
     FakePlatform fake;
     CaseStore c = SmallCase(1, 2);
@@ -70,11 +68,11 @@ TEST(KinoFiles, Refused) {
     KinoSet set;
     std::string_view words;
   } cases[] = {
-      {true,  false, "",         KinoSet::refused, "ERROR - KINO output not relevant for impulsive motion\n"},
-      {false, true,  "",         KinoSet::refused, "ERROR - KINO output not relevant for IRF calculation\n" },
-      {false, false, "tow.mot",  KinoSet::failed,  "ERROR opening KINO motion data file tow.mot\n"          },
-      {false, false, "tow.sea",  KinoSet::failed,  "ERROR opening KINO seaway data file tow.sea\n"          },
-      {false, false, "tow.kno0", KinoSet::failed,  "ERROR opening KINO command file tow.kno0\n"             },
+      {true, false, "", KinoSet::refused, "ERROR - KINO output not relevant for impulsive motion\n"},
+      {false, true, "", KinoSet::refused, "ERROR - KINO output not relevant for IRF calculation\n"},
+      {false, false, "tow.mot", KinoSet::failed, "ERROR opening KINO motion data file tow.mot\n"},
+      {false, false, "tow.sea", KinoSet::failed, "ERROR opening KINO seaway data file tow.sea\n"},
+      {false, false, "tow.kno0", KinoSet::failed, "ERROR opening KINO command file tow.kno0\n"},
   };
   for (const auto& row : cases) {
     FakePlatform fake;

@@ -41,18 +41,12 @@ TEST(KinoInput, CaseOfThreeFiles) {
   Session s;
   s.settings.GRAVOUT = 32.0F;
   s.settings.user_scale[0] = true;
-  ASSERT_EQ(s.Read({
-                "tow", "wave", "", 9.0, 1000.0, {1.0, 2.0, 3.0},
-                     {1.0, 2.0, 5.0}
-  }),
-            KinoInput::ok);
+  ASSERT_EQ(s.Read({"tow", "wave", "", 9.0, 1000.0, {1.0, 2.0, 3.0}, {1.0, 2.0, 5.0}}), KinoInput::ok);
   const CaseStore& c = s.store;
   const double T = std::sqrt(100.0 / 9.0);
-  const double expected[3][4] = {
-      {2.0 / T, 0.1,  0.2,  0.32}, // a yaw leaves the offset along Z where it is
-      {2.5 / T, 0.11, 0.18, 0.3 }, // rolled by 90 degrees: Z of the ship is -Y
-      {4.0 / T, 0.12, 0.2,  0.32}
-  };
+  const double expected[3][4] = {{2.0 / T, 0.1, 0.2, 0.32},   // a yaw leaves the offset along Z where it is
+                                 {2.5 / T, 0.11, 0.18, 0.3},  // rolled by 90 degrees: Z of the ship is -Y
+                                 {4.0 / T, 0.12, 0.2, 0.32}};
   for (int step = 1; step <= 3; ++step) {
     EXPECT_FLOAT_EQ(c.time.at(1, step), static_cast<float>(expected[step - 1][0]));
     for (int i = 1; i <= 3; ++i) EXPECT_NEAR(c.pmgg.at(i, step), expected[step - 1][i], 1e-7);
@@ -80,21 +74,13 @@ TEST(KinoInput, CaseOfThreeFiles) {
 // The input coordinates of a point are those of the geometry; their CG is where the case has it.
 TEST(KinoInput, PointOfTheHull) {
   Session s;
-  ASSERT_EQ(s.Read({
-                "tow.mot", "", "", 9.81, 1025.0, {1.0, 2.0, 3.0},
-                     {1.0, 2.0, 5.0}
-  }),
-            KinoInput::ok);
+  ASSERT_EQ(s.Read({"tow.mot", "", "", 9.81, 1025.0, {1.0, 2.0, 3.0}, {1.0, 2.0, 5.0}}), KinoInput::ok);
   QuantityRequest request;
   request.iqnt = 27;
   request.point = {1.0, 2.0, 3.0};  // the reference point: its motions are the file's own
   PlotData data;
   ASSERT_EQ(SetPlotData(s.platform.console, s.settings, request, s.store, data), PlotFault::none);
-  const float expected[3][3] = {
-      {10, 11, 12},
-      {20, 20, 20},
-      {30, 30, 30}
-  };
+  const float expected[3][3] = {{10, 11, 12}, {20, 20, 20}, {30, 30, 30}};
   for (std::size_t k = 0; k < 3; ++k)
     for (std::size_t j = 0; j < 3; ++j) EXPECT_NEAR(data.y[k][j], expected[k][j], 1e-5);
 }
@@ -104,19 +90,19 @@ TEST(KinoInput, FaultsLeaveTheCase) {
     KinoFiles files;
     std::string_view words;
   } cases[] = {
-      {{"none", "", "", 9.81, 1025},        "ERROR opening KINO motions file none\n"                                },
+      {{"none", "", "", 9.81, 1025}, "ERROR opening KINO motions file none\n"},
       {{"same", "", "", 9.81, 1025},
        "ERROR - time values in specified motion data file not increasing.\n"
-       "        File may be of incorrect format.\n"                                                                 },
-      {{"tow", "none", "", 9.81, 1025},     "ERROR opening Seaway file: none\n"                                     },
-      {{"tow", "", "none.geo", 9.81, 1025}, "ERROR opening geometry file: none.geo\n"                               },
+       "        File may be of incorrect format.\n"},
+      {{"tow", "none", "", 9.81, 1025}, "ERROR opening Seaway file: none\n"},
+      {{"tow", "", "none.geo", 9.81, 1025}, "ERROR opening geometry file: none.geo\n"},
       {{"tow", "", "HRL:gone", 9.81, 1025}, "Format qualifier >HRL< name >gone\nERROR opening geometry file: gone\n"},
       {{"tow", "", "IGES:a:b", 9.81, 1025},
        "Format qualifier >IGES< name >a:b\n"
-       "ERROR - unrecognzied format qualifier (IGES) for geometry input file\n"                                     },
+       "ERROR - unrecognzied format qualifier (IGES) for geometry input file\n"},
       {{"tow", "", "", 0, -1},
        "ERROR - illegal value specified for gravitational constant: 0\n"
-       "ERROR - illegal value specified for water density : -1\n"                                                   },
+       "ERROR - illegal value specified for water density : -1\n"},
   };
   for (const auto& c : cases) {
     Session s;

@@ -29,29 +29,29 @@ TEST(KinoMotions, Read) {
     double last_yaw;
     double length = 100;
   } cases[] = {
-      {head + two,                                       none, 2,             6                                                                                                            },
-      {head + "0 1 2 3 4 5 6",                           none, 1,             6                                                                                                            }, // no line end
-      {head + two + "\n1 1 2 3 4 5 7\n",                 none, 2,             6                                                                                                            }, // a blank line ends
-      {head + two + "1 1 2 3 4 5\n",                     none, 2,             6                                                                                                            }, // cut in a step
-      {head + two + "1 1 2 3\n\n4 5 6\n",                none, 2,             6                                                                                                            },
-      {head + two + "1 1 2 **** 4 5 6\n2 1 2 3 4 5 6\n", none, 2,             6                                                                                                            },
-      {head + "0,1,2\n3 4\n5 6D-1 drop 9\n1 6*0.25\n",   none, 2,             0.25                                                                                                         }, // over lines; repeats
-      {head + "0 1 2 3 4 5 6\r\n1 /\r\n",                none, 2,             0                                                                                                            }, // nulls are 0
-      {"\n\n 50 m\n" + two,                              none, 2,             6,                                                                                                             50},
-      {"c\n0\n" + two,                                                none,                                       2, 6,                                                                       1},
-      {"c\n-100\n" + two,                                               none,                                                   2,                                                6,                                     1},
-      {"c\nNaN\n" + two,                                               none,                                                  2,                6,                                                                          1},
-      {"c\nInf\n" + two,                                               none, 2,6,                                  1},
-      {"",no_steps, 0,                0,                                                                                           1},
-      {"c\n",                                               no_steps,                                              0,                                                          0,                                                                                                                                                       1},
-      {"c\nlength\n" + two,                                                no_steps,                                                0,       0,                                                                      1},
-      {head,                                               no_steps,                                                   0,                                              0},
-      {head + "\n" + two,                                               no_steps,                                                  0,                                                         0                                                                                             }, // blank ahead of them
-      {head + two + "0.5 2 2 3 4 5 6\n",                                               not_increasing,2,6                                                                                                               },
-      {head + two + "0.4 2 2 3 4 5 6\n",                                               not_increasing, 2,6},
-      {head + two + "0.50000001 2 2 3 4 5 6\n",                                               not_increasing,                                                   2,                                                                                                 6                                                               }, // the same in 4 bytes
-      {head + "NaN 2 2 3 4 5 6\n",                                               not_increasing,                                                  0,                                                                                                          0                                                                                                                                                                                                                                          },
-      {head + two + "Inf 2 2 3 4 5 6\n",                                               not_increasing,2,6},
+      {head + two, none, 2, 6},
+      {head + "0 1 2 3 4 5 6", none, 1, 6},            // no line end
+      {head + two + "\n1 1 2 3 4 5 7\n", none, 2, 6},  // a blank line ends
+      {head + two + "1 1 2 3 4 5\n", none, 2, 6},      // cut in a step
+      {head + two + "1 1 2 3\n\n4 5 6\n", none, 2, 6},
+      {head + two + "1 1 2 **** 4 5 6\n2 1 2 3 4 5 6\n", none, 2, 6},
+      {head + "0,1,2\n3 4\n5 6D-1 drop 9\n1 6*0.25\n", none, 2, 0.25},  // over lines; repeats
+      {head + "0 1 2 3 4 5 6\r\n1 /\r\n", none, 2, 0},                  // nulls are 0
+      {"\n\n 50 m\n" + two, none, 2, 6, 50},
+      {"c\n0\n" + two, none, 2, 6, 1},
+      {"c\n-100\n" + two, none, 2, 6, 1},
+      {"c\nNaN\n" + two, none, 2, 6, 1},
+      {"c\nInf\n" + two, none, 2, 6, 1},
+      {"", no_steps, 0, 0, 1},
+      {"c\n", no_steps, 0, 0, 1},
+      {"c\nlength\n" + two, no_steps, 0, 0, 1},
+      {head, no_steps, 0, 0},
+      {head + "\n" + two, no_steps, 0, 0},  // blank ahead of them
+      {head + two + "0.5 2 2 3 4 5 6\n", not_increasing, 2, 6},
+      {head + two + "0.4 2 2 3 4 5 6\n", not_increasing, 2, 6},
+      {head + two + "0.50000001 2 2 3 4 5 6\n", not_increasing, 2, 6},  // the same in 4 bytes
+      {head + "NaN 2 2 3 4 5 6\n", not_increasing, 0, 0},
+      {head + two + "Inf 2 2 3 4 5 6\n", not_increasing, 2, 6},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.text);

@@ -106,9 +106,7 @@ TEST(PlotData, WavesAndRelativeMotion) {
   Fixture f;
   SeawayInput& sea = f.c.control.seaway;
   sea.ISEA = 1;
-  sea.waves = {
-      WaveComponentInput{0.7, 25, 2, 180}
-  };
+  sea.waves = {WaveComponentInput{0.7, 25, 2, 180}};
   sea.NWSC = 2;
   sea.WSCSTP = {1, 5};
   sea.WSCFAC = {0.5, 1};

@@ -34,22 +34,15 @@ void Options(R& control, Lines lines) {
 }
 void Waves(R& c) {
   c.seaway.ISEA = 1;
-  c.seaway.waves = {
-      WaveComponentInput{0.5, 10, 1, 180},
-      WaveComponentInput{0.6, 20, 2, 170}
-  };
+  c.seaway.waves = {WaveComponentInput{0.5, 10, 1, 180}, WaveComponentInput{0.6, 20, 2, 170}};
 }
 void Grid(R& c) {
   c.seaway.ISEA = 4;
-  c.seaway.alternative = {
-      AlternativeWaveInput{0.1, 0, 1, 10, 0.5, 180}
-  };
+  c.seaway.alternative = {AlternativeWaveInput{0.1, 0, 1, 10, 0.5, 180}};
 }
 void Modes(R& c) {
   c.seaway.ISEA = 5;
-  c.seaway.modes = {
-      WaveModeInput{1, 10, 0.5}
-  };
+  c.seaway.modes = {WaveModeInput{1, 10, 0.5}};
 }
 void TwoSpectra(R& c) {
   c.seaway.ISEA = 7;

@@ -54,13 +54,8 @@ inline void AddLoads(CaseStore& c, int first, int n) {
   c.loads.nycut = 1;
   c.loads.x_kinds = {1};
   c.loads.y_kinds = {6};
-  c.control.XMC = std::vector<Triple>{
-      Triple{25.0,  0.0, 6.25},
-      Triple{-12.5, 0.0, 6.25}
-  };
-  c.control.ycut.XMCY = std::vector<Triple>{
-      Triple{0.0, 2.5, 6.25}
-  };
+  c.control.XMC = std::vector<Triple>{Triple{25.0, 0.0, 6.25}, Triple{-12.5, 0.0, 6.25}};
+  c.control.ycut.XMCY = std::vector<Triple>{Triple{0.0, 2.5, 6.25}};
   FillLine(c.load_force[0], 2, first, n, 0.0, 0.001, 0.0001);
   FillLine(c.load_moment[0], 2, first, n, 0.0, -0.002, 0.0001);
   FillLine(c.load_force[5], 1, first, n, 0.0, 0.003, 0.0001);

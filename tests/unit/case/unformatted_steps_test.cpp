@@ -149,13 +149,8 @@ TEST(UnformattedSteps, HeadersThatAreOdd) {
 }
 
 TEST(UnformattedSteps, Versions) {
-  for (const auto& [formatted, unformatted, differ] : {
-           std::tuple{417, 417, false},
-           {417, 407, false},
-           {407, 417, true },
-           {0,   417, false},
-           {417, 0,   false}
-  })
+  for (const auto& [formatted, unformatted, differ] :
+       {std::tuple{417, 417, false}, {417, 407, false}, {407, 417, true}, {0, 417, false}, {417, 0, false}})
     EXPECT_EQ(VersionsDiffer(formatted, unformatted), differ) << formatted << ' ' << unformatted;
   EXPECT_EQ(CompanionName("run") + ' ' + CompanionName("d.out/run.out.XML"), "runu d.out/run.outu.XML");
 }

@@ -7,11 +7,9 @@ namespace {
 
 ControlRecords WithOptions(std::vector<std::string> lines) {
   ControlRecords records;
-  records.modules = {
-      {"WIND",    "$WIND:",    {"SPEC_CUTOFF 9"}},
-      {"OPTIONS", "$OPTIONS:", {"SPEC_CUTOFF 8"}},
-      {"OPTIONS", "$OPTIONS:", std::move(lines) }
-  };
+  records.modules = {{"WIND", "$WIND:", {"SPEC_CUTOFF 9"}},
+                     {"OPTIONS", "$OPTIONS:", {"SPEC_CUTOFF 8"}},
+                     {"OPTIONS", "$OPTIONS:", std::move(lines)}};
   return records;
 }
 

@@ -23,22 +23,23 @@ TEST(FileDialogue, Questions) {
     std::string output;
     std::string_view content;  // of old.txt
   } cases[] = {
-      {in,          "old\n",                    "old.out", "File old\n",                                                             "old\n"     },
-      {in,          "none\n\nquit\n",           "quit",
+      {in, "old\n", "old.out", "File old\n", "old\n"},
+      {in, "none\n\nquit\n", "quit",
        "File none\nERROR - File none does not exist ... re-specify\nFile\n"
-       " file specification aborted ... re-specify\nFile quit\n",                                                                    "old\n"     },
-      {in,          "",                         "quit",    "File\n",                                                                 "old\n"     },
-      {out,         "old.txt\n?\nn\nnew.txt\n", "new.txt",
-       over + " ?\nOverwrite? (y/n/append) n\n file not overwritten ... re-specify\nFile new.txt\n",                                 "old\n"     },
-      {out,         "old.txt\n",                "quit",    over + "\n",                                                              "old\n"     },
-      {out,         "old.txt\ny\n",             "old.txt", over + " y\n",                                                            "new\n"     },
-      {out,         "old.txt\na\n",             "old.txt", over + " a\n",                                                            "old\nnew\n"},
-      {out,         "old.txt append\n",         "old.txt", "File old.txt append\n",                                                  "old\nnew\n"},
-      {out,         "no/where\nquit\n",         "quit",    "File no/where\nERROR opening file no/where ... re-specify\nFile quit\n",
-       "old\n"                                                                                                                                   },
-      {console_out, "BLANK\n",                  "",        "File BLANK\nnew\n",                                                      "old\n"     },
-      {form,        "a b\nx\nu\n",              "a b",     "File a b\n" + which + "x\n" + which + "u\n",                             "old\n"     },
-      {form,        "a b APPEND UNFORMATTED\n", "a b",     "File a b APPEND UNFORMATTED\n",                                          "old\n"     },
+       " file specification aborted ... re-specify\nFile quit\n",
+       "old\n"},
+      {in, "", "quit", "File\n", "old\n"},
+      {out, "old.txt\n?\nn\nnew.txt\n", "new.txt",
+       over + " ?\nOverwrite? (y/n/append) n\n file not overwritten ... re-specify\nFile new.txt\n", "old\n"},
+      {out, "old.txt\n", "quit", over + "\n", "old\n"},
+      {out, "old.txt\ny\n", "old.txt", over + " y\n", "new\n"},
+      {out, "old.txt\na\n", "old.txt", over + " a\n", "old\nnew\n"},
+      {out, "old.txt append\n", "old.txt", "File old.txt append\n", "old\nnew\n"},
+      {out, "no/where\nquit\n", "quit", "File no/where\nERROR opening file no/where ... re-specify\nFile quit\n",
+       "old\n"},
+      {console_out, "BLANK\n", "", "File BLANK\nnew\n", "old\n"},
+      {form, "a b\nx\nu\n", "a b", "File a b\n" + which + "x\n" + which + "u\n", "old\n"},
+      {form, "a b APPEND UNFORMATTED\n", "a b", "File a b APPEND UNFORMATTED\n", "old\n"},
   };
   for (const auto& c : cases) {
     FakePlatform fake;
@@ -83,15 +84,15 @@ TEST(Wildcards, Matches) {
     fake.Put(name, "");
   fake.directories.insert("run.d.out");
   const std::pair<const char*, const char*> cases[] = {
-      {"run*.out",                                                     "run10.out run2.out"               }, // by byte, no directory
-      {"*.out",                                                        "Run.out r[.out run10.out run2.out"},
-      {".*.out",                                                       ".run.out"                         },
-      {"?/[ab]1.out",                                                  "s/a1.out s/b1.out t/a1.out"       },
-      {"s/[!a]*",                                                      "s/b1.out"                         },
-      {"/abs/*.out",                                                   "/abs/x.out"                       },
-      {"run2.out/*",                                                   ""                                 },
-      {"s/",                                                           ""                                 },
-      {"*r*r*r*r*r*u*u*u*u*n*n*n*n*1*1*1*0*0*0*.*.*.*o*o*o*u*u*t*t*b", ""                                 }, // must not take for ever
+      {"run*.out", "run10.out run2.out"},  // by byte, no directory
+      {"*.out", "Run.out r[.out run10.out run2.out"},
+      {".*.out", ".run.out"},
+      {"?/[ab]1.out", "s/a1.out s/b1.out t/a1.out"},
+      {"s/[!a]*", "s/b1.out"},
+      {"/abs/*.out", "/abs/x.out"},
+      {"run2.out/*", ""},
+      {"s/", ""},
+      {"*r*r*r*r*r*u*u*u*u*n*n*n*n*1*1*1*0*0*0*.*.*.*o*o*o*u*u*t*t*b", ""},  // must not take for ever
   };
   for (const auto& [pattern, expected] : cases) {
     std::vector<std::string> names = {"left over"};

@@ -27,22 +27,22 @@ TEST(OutputFile, WhatIsLeftBehind) {
     bool opens, closes;
     std::string_view content;
   } cases[] = {
-      {"new",                            "",      [](Fake&) {},                                  replace, true,  true,  "new\n"     },
-      {"old replaced",                   "older", [](Fake&) {},                                  replace, true,  true,  "new\n"     },
-      {"appended",                       "older", [](Fake&) {},                                  append,  true,  true,  "oldernew\n"},
-      {"no directory",                   "",      [](Fake& f) { f.directories.erase("d"); },     replace, false, false, "(no file)" },
-      {"a directory",                    "",      [](Fake& f) { f.Put("d/t/x", ""); },           append,  false, false, "(no file)" },
-      {"write-protected",                "older", [](Fake& f) { f.files["d/t"].mode = 0444; },   replace, false, false, "older"     },
-      {"disk full",                      "older", [](Fake& f) { f.room = 2; },                   replace, true,  false, "older"     },
-      {"disk full, append",              "older", [](Fake& f) { f.room = 2; },                   append,  true,  false, "older"     },
-      {"disk full, appended to nothing", "",      [](Fake& f) { f.room = 2; },                   append,  true,  false, "(no file)" },
-      {"close fails",                    "older", [](Fake& f) { f.close_fails = true; },         replace, false, false, "older"     },
-      {"rename fails",                   "older", [](Fake& f) { f.rename_fails = true; },        replace, true,  false, "older"     },
-      {"folder takes no file",           "older", [](Fake& f) { f.no_new_files_in = {"d"}; },    replace, true,  true,  "new\n"     },
-      {"nor a new target",               "",      [](Fake& f) { f.no_new_files_in = {"d"}; },    replace, false, false, "(no file)" },
-      {"no handle left",                 "older", [](Fake& f) { f.no_handles = true; },          replace, false, false, "older"     },
-      {"a device keeps its content",     "older", [](Fake& f) { f.files["d/t"].plain = false; }, replace, true,  true,
-       "oldernew\n"                                                                                                                 },
+      {"new", "", [](Fake&) {}, replace, true, true, "new\n"},
+      {"old replaced", "older", [](Fake&) {}, replace, true, true, "new\n"},
+      {"appended", "older", [](Fake&) {}, append, true, true, "oldernew\n"},
+      {"no directory", "", [](Fake& f) { f.directories.erase("d"); }, replace, false, false, "(no file)"},
+      {"a directory", "", [](Fake& f) { f.Put("d/t/x", ""); }, append, false, false, "(no file)"},
+      {"write-protected", "older", [](Fake& f) { f.files["d/t"].mode = 0444; }, replace, false, false, "older"},
+      {"disk full", "older", [](Fake& f) { f.room = 2; }, replace, true, false, "older"},
+      {"disk full, append", "older", [](Fake& f) { f.room = 2; }, append, true, false, "older"},
+      {"disk full, appended to nothing", "", [](Fake& f) { f.room = 2; }, append, true, false, "(no file)"},
+      {"close fails", "older", [](Fake& f) { f.close_fails = true; }, replace, false, false, "older"},
+      {"rename fails", "older", [](Fake& f) { f.rename_fails = true; }, replace, true, false, "older"},
+      {"folder takes no file", "older", [](Fake& f) { f.no_new_files_in = {"d"}; }, replace, true, true, "new\n"},
+      {"nor a new target", "", [](Fake& f) { f.no_new_files_in = {"d"}; }, replace, false, false, "(no file)"},
+      {"no handle left", "older", [](Fake& f) { f.no_handles = true; }, replace, false, false, "older"},
+      {"a device keeps its content", "older", [](Fake& f) { f.files["d/t"].plain = false; }, replace, true, true,
+       "oldernew\n"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);

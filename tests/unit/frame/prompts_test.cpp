@@ -17,15 +17,15 @@ TEST(Prompts, Text) {
     std::string answer;  // "untouched" where the question was left
     std::string output;
   } cases[] = {
-      {"Name",       "",        {"a b  \t\r"}, Answer::ok,           "a b",       "Name a b\n"        },
-      {"Name  ",     "x.out  ", {""},          Answer::ok,           "x.out",     "Name [x.out]\n"    },
-      {"Name",       "x",       {"BLANKET"},   Answer::ok,           "",          "Name [x] BLANKET\n"},
-      {"Name",       "x",       {"Blank"},     Answer::ok,           "Blank",     "Name [x] Blank\n"  },
-      {"Name",       "",        {"QUITTER"},   Answer::quit,         "untouched", "Name QUITTER\n"    },
-      {"Name",       "",        {"qUIT"},      Answer::ok,           "qUIT",      "Name qUIT\n"       },
-      {"Name",       "",        {" quit"},     Answer::ok,           " quit",     "Name  quit\n"      },
-      {"Name",       "x",       {},            Answer::end_of_input, "untouched", "Name [x]\n"        },
-      {"Two\nlines", "",        {many},        Answer::ok,           cut,         asked               },
+      {"Name", "", {"a b  \t\r"}, Answer::ok, "a b", "Name a b\n"},
+      {"Name  ", "x.out  ", {""}, Answer::ok, "x.out", "Name [x.out]\n"},
+      {"Name", "x", {"BLANKET"}, Answer::ok, "", "Name [x] BLANKET\n"},
+      {"Name", "x", {"Blank"}, Answer::ok, "Blank", "Name [x] Blank\n"},
+      {"Name", "", {"QUITTER"}, Answer::quit, "untouched", "Name QUITTER\n"},
+      {"Name", "", {"qUIT"}, Answer::ok, "qUIT", "Name qUIT\n"},
+      {"Name", "", {" quit"}, Answer::ok, " quit", "Name  quit\n"},
+      {"Name", "x", {}, Answer::end_of_input, "untouched", "Name [x]\n"},
+      {"Two\nlines", "", {many}, Answer::ok, cut, asked},
   };
   for (const auto& c : cases) {
     FakePlatform fake;
@@ -53,10 +53,7 @@ TEST(Prompts, CtrlCIsQuit) {
   fake.input_is_terminal = true;
   Console console = fake.Get().console;
   console.take_interrupt = [](void*) { return true; };
-  const MenuItem items[] = {
-      {"0 - leave", true},
-      {"1 - stay",  true}
-  };
+  const MenuItem items[] = {{"0 - leave", true}, {"1 - stay", true}};
   std::string text = "kept";
   int number = 7, option = 1;
   EXPECT_EQ(ask_text(console, "Name", "other", text), Answer::quit);
@@ -110,12 +107,12 @@ TEST(Prompts, StepLists) {
     Answer status;
     std::vector<int> indices;  // of the steps 1 to 9
   } cases[] = {
-      {false, {"3", "5 7", "1 9 4", "0"},        Answer::ok,           {3, 5, 6, 7, 1, 5, 9}         },
-      {false, {"-1", "8 12", "2 4 0", "x", "0"}, Answer::ok,           {}                            }, // each asked again
-      {true,  {"2", "-1"},                       Answer::ok,           {2, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
-      {true,  {"4", "quit"},                     Answer::quit,         {4}                           },
-      {true,  {"4"},                             Answer::end_of_input, {4}                           },
-      {false, {"1 9 99999999999", "0"},          Answer::ok,           {1}                           },
+      {false, {"3", "5 7", "1 9 4", "0"}, Answer::ok, {3, 5, 6, 7, 1, 5, 9}},
+      {false, {"-1", "8 12", "2 4 0", "x", "0"}, Answer::ok, {}},  // each asked again
+      {true, {"2", "-1"}, Answer::ok, {2, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
+      {true, {"4", "quit"}, Answer::quit, {4}},
+      {true, {"4"}, Answer::end_of_input, {4}},
+      {false, {"1 9 99999999999", "0"}, Answer::ok, {1}},
   };
   for (const auto& c : cases) {
     FakePlatform fake;
@@ -141,12 +138,12 @@ TEST(OptionMenu, Choices) {
     int value;            // -7: none is chosen
     std::string replies;  // behind the listing
   } cases[] = {
-      {{"0.6"},                  -1, Answer::ok,           1,  "=> 0.6\n"                                            },
-      {{"qx"},                   -1, Answer::quit,         -7, "=> qx\n"                                             },
-      {{},                       -1, Answer::end_of_input, -7, "=>\n"                                                },
-      {{""},                     3,  Answer::ok,           3,  "=> [3]\n"                                            },
-      {{"", "1.5", "0"},         -1, Answer::ok,           0,  "=>" + invalid + "1.5" + invalid + "0\n"              },
-      {{"6", "-1", "1e30", "3"}, -1, Answer::ok,           3,  "=> 6" + range + "-1" + range + "1e30" + range + "3\n"},
+      {{"0.6"}, -1, Answer::ok, 1, "=> 0.6\n"},
+      {{"qx"}, -1, Answer::quit, -7, "=> qx\n"},
+      {{}, -1, Answer::end_of_input, -7, "=>\n"},
+      {{""}, 3, Answer::ok, 3, "=> [3]\n"},
+      {{"", "1.5", "0"}, -1, Answer::ok, 0, "=>" + invalid + "1.5" + invalid + "0\n"},
+      {{"6", "-1", "1e30", "3"}, -1, Answer::ok, 3, "=> 6" + range + "-1" + range + "1e30" + range + "3\n"},
   };
   const std::string gap(49, ' ');  // five items that can be chosen stand in two columns
   for (const auto& c : cases) {

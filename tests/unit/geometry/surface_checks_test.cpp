@@ -71,9 +71,7 @@ TEST(Fecull, FindsTheSameNodesAsComparingAllPairs) {
     first.push_back(same == kept.end() ? i : *same);
     if (same == kept.end()) kept.push_back(i);
     mesh.nodes.push_back(p);
-    mesh.elements.push_back({
-        {i, 2000 + i, 4001, 0}
-    });  // the second is its own
+    mesh.elements.push_back({{i, 2000 + i, 4001, 0}});  // the second is its own
   }
   for (int i = 0; i <= 2000; ++i) mesh.nodes.push_back({1, 1.0 * i, 0});
   FakePlatform fake;
@@ -86,12 +84,7 @@ TEST(Fetrnsm, MarksWhatLiesInTheSternPlaneAlongTheShip) {
   const struct {
     Vector3 ship_x;
     int face;  // of kBoxFaces; -1: none
-  } cases[] = {
-      {{1, 0, 0},     5 },
-      {{-1, 0, 0},    3 },
-      {{0, 1, 0},     2 },
-      {{0.6, 0.8, 0}, -1}
-  };
+  } cases[] = {{{1, 0, 0}, 5}, {{-1, 0, 0}, 3}, {{0, 1, 0}, 2}, {{0.6, 0.8, 0}, -1}};
   for (const auto& c : cases) {
     HullMesh mesh;
     AddBox({-50, -5, 0}, {50, 5, 8}, mesh);

@@ -16,14 +16,14 @@ TEST(Environment, TakesModesAndSizes) {
     int width, height;
     const char* said;
   } cases[] = {
-      {nullptr,      nullptr,  nullptr,         false, true,  500, 400, ""                                          },
-      {"no",         "yes",    "640x480",       false, true,  640, 480, ""                                          },
-      {"n",          "off",    "640x",          true,  false, 500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
-      {"FALSE",      "NO",     "-1x5",          false, false, 500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
-      {"        on", "   ",    "large",         false, true,  500, 400, ""                                          },
-      {"False",      "OFFICE", " 30 x 20 ",     true,  false, 30,  20,  ""                                          },
-      {"",           "",       "99999999999x1", false, true,  500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
-      {"",           "",       "x",             false, true,  500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
+      {nullptr, nullptr, nullptr, false, true, 500, 400, ""},
+      {"no", "yes", "640x480", false, true, 640, 480, ""},
+      {"n", "off", "640x", true, false, 500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
+      {"FALSE", "NO", "-1x5", false, false, 500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
+      {"        on", "   ", "large", false, true, 500, 400, ""},
+      {"False", "OFFICE", " 30 x 20 ", true, false, 30, 20, ""},
+      {"", "", "99999999999x1", false, true, 500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
+      {"", "", "x", false, true, 500, 400, "GLGKS ERROR : GLWINDOWSIZE value invalid\n"},
   };
   for (const auto& c : cases) {
     FakePlatform fake;
@@ -48,19 +48,9 @@ TEST(Environment, TakesModesAndSizes) {
 TEST(Environment, SwitchesDumpOnlyByOneLetter) {
   enum { on, off, as_it_was };
   const std::pair<const char*, int> cases[] = {
-      {"T",     on       },
-      {"Y",     on       },
-      {"true",  on       },
-      {"yes",   on       },
-      {"F",     off      },
-      {"N",     off      },
-      {"false", off      },
-      {"no",    off      },
-      {"on",    as_it_was},
-      {"1",     as_it_was},
-      {" yes",  as_it_was},
-      {"",      as_it_was},
-      {nullptr, as_it_was},
+      {"T", on},           {"Y", on},       {"true", on},         {"yes", on},       {"F", off},
+      {"N", off},          {"false", off},  {"no", off},          {"on", as_it_was}, {"1", as_it_was},
+      {" yes", as_it_was}, {"", as_it_was}, {nullptr, as_it_was},
   };
   for (const bool before : {false, true}) {
     for (const auto& [value, effect] : cases) {
@@ -120,12 +110,10 @@ TEST(Colours, IndicesOutOfRangeAreSaidOnce) {
 TEST(Colours, StayVisibleOnWhite) {
   const struct {
     GksColour asked, stored;
-  } cases[] = {
-      {{0, 0, 0.0005F},    {1, 1, 1}         },
-      {{1, 1, 0.9995F},    {0, 0, 0}         },
-      {{1, 0.5F, 0},       {0.8F, 0.4F, 0}   },
-      {{0.5F, 0.5F, 0.5F}, {0.5F, 0.5F, 0.5F}}
-  };
+  } cases[] = {{{0, 0, 0.0005F}, {1, 1, 1}},
+               {{1, 1, 0.9995F}, {0, 0, 0}},
+               {{1, 0.5F, 0}, {0.8F, 0.4F, 0}},
+               {{0.5F, 0.5F, 0.5F}, {0.5F, 0.5F, 0.5F}}};
   FakePlatform fake;
   GksState gks;
   gksSetReverse(gks, true);
@@ -144,16 +132,10 @@ TEST(DumpOption, WordsAndNames) {
     const char* word;
     bool dump_only, waiting;
     const char* name;
-  } cases[] = {
-      {"on",       true,  false, ""        },
-      {"ON  ",     true,  false, ""        },
-      {"oN",       false, true,  "oN"      },
-      {"auto",     false, true,  ""        },
-      {" ",        false, false, "before"  },
-      {"Off",      false, false, "before"  },
-      {"x.png",    false, true,  "x.png"   },
-      {"only.gif", false, true,  "only.gif"}
-  };
+  } cases[] = {{"on", true, false, ""},         {"ON  ", true, false, ""},
+               {"oN", false, true, "oN"},       {"auto", false, true, ""},
+               {" ", false, false, "before"},   {"Off", false, false, "before"},
+               {"x.png", false, true, "x.png"}, {"only.gif", false, true, "only.gif"}};
   for (const auto& c : cases) {
     GksState gks;
     gks.dump.name = "before";

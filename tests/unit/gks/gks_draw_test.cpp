@@ -16,16 +16,7 @@ TEST(Polyline, WidthAndStippleLightTheirShareOfPixels) {
     int type;
     float scale;
     int lit;  // of a line of 160 pixels
-  } cases[] = {
-      {1, 1,    160},
-      {1, 0.2F, 160},
-      {1, 3,    480},
-      {2, 1,    80 },
-      {3, 1,    20 },
-      {4, 1,    70 },
-      {5, 1,    20 },
-      {6, 1,    160}
-  };
+  } cases[] = {{1, 1, 160}, {1, 0.2F, 160}, {1, 3, 480}, {2, 1, 80}, {3, 1, 20}, {4, 1, 70}, {5, 1, 20}, {6, 1, 160}};
   Drawing d(200, 100);
   for (const auto& c : cases) {
     d.Clear();
@@ -47,10 +38,7 @@ void SelectGraph(Drawing& d, GksRectangle window) {
 
 TEST(Polyline, IsCutAtTheWindowOfItsTransformation) {
   Drawing d(200, 100);
-  for (const GksRectangle window : {
-           GksRectangle{0,  10, 0,  10},
-           GksRectangle{10, 0,  10, 0 }
-  }) {
+  for (const GksRectangle window : {GksRectangle{0, 10, 0, 10}, GksRectangle{10, 0, 10, 0}}) {
     d.Clear();
     SelectGraph(d, window);
     d.Line({-10, 20}, {5, 5});
@@ -91,12 +79,12 @@ TEST(Fill, CoversItsAreaInsideTheWindow) {
     std::vector<float> x, y;
     double area;  // pixels; a unit square of the graph is 10 x 5
   } cases[] = {
-      {{2, 8, 8, 2},   {2, 2, 8, 8},    36 * 50                        },
-      {{-5, 5, 5, -5}, {-5, -5, 5, 5},  25 * 50                        }, // one corner
-      {{5, 25, 5},     {-5, 5, 15},     50 * 50                        }, // two corners
-      {{-90, 90, 0},   {-40, -40, 120}, 100 * 50                       }, // all of the window, no edge in it
-      {{20, 30, 30},   {5, 2, 8},       0                              }, // beside it
-      {{-2, 5, 12, 5}, {5, 12, 5, -2},  0.5 * 14 * 14 * 50 - 4 * 4 * 50}, // a diamond loses four tips of 2 by 4
+      {{2, 8, 8, 2}, {2, 2, 8, 8}, 36 * 50},
+      {{-5, 5, 5, -5}, {-5, -5, 5, 5}, 25 * 50},                          // one corner
+      {{5, 25, 5}, {-5, 5, 15}, 50 * 50},                                 // two corners
+      {{-90, 90, 0}, {-40, -40, 120}, 100 * 50},                          // all of the window, no edge in it
+      {{20, 30, 30}, {5, 2, 8}, 0},                                       // beside it
+      {{-2, 5, 12, 5}, {5, 12, 5, -2}, 0.5 * 14 * 14 * 50 - 4 * 4 * 50},  // a diamond loses four tips of 2 by 4
   };
   Drawing d(200, 100);
   for (const auto& c : cases) {
@@ -120,26 +108,26 @@ TEST(Marker, IsSquareInPixelsAndHasItsShape) {
     int type;
     double lit, down;  // lit pixels (lines: columns or rows gone through); centre below the marker's
   } cases[] = {
-      {0,       8 * r,            0     },
-      {1,       19 * chord * 0.9, 0     },
-      {2,       2 * r + 4 * r,    6.667 },
-      {3,       4 * r,            0     },
-      {4,       4 * r,            0     },
-      {5,       4 * r,            0     },
-      {6,       2 * r + 4 * r,    -6.667},
-      {7,       12 * r,           0     },
-      {8,       8 * r,            0     },
-      {9,       8 * r,            0     },
-      {11,      12 * r,           0     },
-      {12,      8 * r,            0     },
-      {15,      pi * r * r,       0     },
-      {16,      2 * r * r,        r / 3 },
-      {17,      2 * r * r,        -r / 3},
-      {18,      4 * r * r,        0     },
-      {19,      2 * r,            0     },
-      {20,      2 * r,            0     },
-      {21,      2 * r * r,        0     },
-      {22 + 18, 4 * r * r,        0     },
+      {0, 8 * r, 0},
+      {1, 19 * chord * 0.9, 0},
+      {2, 2 * r + 4 * r, 6.667},
+      {3, 4 * r, 0},
+      {4, 4 * r, 0},
+      {5, 4 * r, 0},
+      {6, 2 * r + 4 * r, -6.667},
+      {7, 12 * r, 0},
+      {8, 8 * r, 0},
+      {9, 8 * r, 0},
+      {11, 12 * r, 0},
+      {12, 8 * r, 0},
+      {15, pi * r * r, 0},
+      {16, 2 * r * r, r / 3},
+      {17, 2 * r * r, -r / 3},
+      {18, 4 * r * r, 0},
+      {19, 2 * r, 0},
+      {20, 2 * r, 0},
+      {21, 2 * r * r, 0},
+      {22 + 18, 4 * r * r, 0},
   };
   Drawing d(300, 100);
   for (const auto& c : cases) {
@@ -160,14 +148,9 @@ TEST(Fonts, HaveTheWidthsOfTheLibrary) {
   const struct {
     Font font;
     int blank, zero, capital_a, i, capital_m, sum;
-  } cases[] = {
-      {Font::helvetica_10, 3, 6,  7,  2, 9,  534 },
-      {Font::helvetica_12, 4, 7,  9,  3, 11, 627 },
-      {Font::fixed_8_13,   8, 8,  8,  8, 8,  760 },
-      {Font::fixed_9_15,   9, 9,  9,  9, 9,  855 },
-      {Font::helvetica_18, 5, 10, 12, 4, 16, 929 },
-      {Font::times_24,     6, 12, 17, 6, 22, 1182}
-  };
+  } cases[] = {{Font::helvetica_10, 3, 6, 7, 2, 9, 534},    {Font::helvetica_12, 4, 7, 9, 3, 11, 627},
+               {Font::fixed_8_13, 8, 8, 8, 8, 8, 760},      {Font::fixed_9_15, 9, 9, 9, 9, 9, 855},
+               {Font::helvetica_18, 5, 10, 12, 4, 16, 929}, {Font::times_24, 6, 12, 17, 6, 22, 1182}};
   for (const auto& c : cases) {
     int sum = 0;
     for (unsigned char ch = 32; ch < 127; ++ch) sum += gksCharWidth(c.font, ch);
@@ -191,18 +174,9 @@ TEST(Text, StandsByItsAlignmentInTheFontOfItsHeight) {
     int horizontal, vertical;
     double dx, dy;  // centre of the letters from the point; letters are 9 rows on the baseline
   } cases[] = {
-      {0,  1,  0, 0, 16,  -4.5},
-      {0,  1,  1, 4, 16,  -4.5},
-      {0,  1,  2, 3, 0,   -0.5},
-      {0,  1,  3, 1, -16, 5.2 },
-      {0,  1,  2, 2, 0,   3.3 },
-      {0,  1,  1, 5, 16,  -7.8},
-      {0,  -1, 1, 1, -16, -7.8},
-      {1,  0,  1, 3, 0,   5.2 },
-      {1,  0,  2, 1, -16, -0.5},
-      {-1, 0,  1, 3, 0,   -7.8},
-      {-1, 0,  2, 1, 16,  -0.5},
-      {-1, 0,  3, 5, -16, 5.2 },
+      {0, 1, 0, 0, 16, -4.5},  {0, 1, 1, 4, 16, -4.5}, {0, 1, 2, 3, 0, -0.5},    {0, 1, 3, 1, -16, 5.2},
+      {0, 1, 2, 2, 0, 3.3},    {0, 1, 1, 5, 16, -7.8}, {0, -1, 1, 1, -16, -7.8}, {1, 0, 1, 3, 0, 5.2},
+      {1, 0, 2, 1, -16, -0.5}, {-1, 0, 1, 3, 0, -7.8}, {-1, 0, 2, 1, 16, -0.5},  {-1, 0, 3, 5, -16, 5.2},
   };
   Drawing d(200, 100);
   for (const auto& c : cases) {
@@ -223,19 +197,8 @@ TEST(Text, TakesTheFontByItsHeightInPixels) {
   const struct {
     float height;
     int width;
-  } cases[] = {
-      {1,     36},
-      {8.2F,  36},
-      {8.4F,  44},
-      {9.3F,  44},
-      {9.5F,  32},
-      {10.6F, 36},
-      {12.3F, 36},
-      {12.5F, 64},
-      {15.7F, 64},
-      {15.9F, 88},
-      {900,   88}
-  };
+  } cases[] = {{1, 36},     {8.2F, 36},  {8.4F, 44},  {9.3F, 44},  {9.5F, 32}, {10.6F, 36},
+               {12.3F, 36}, {12.5F, 64}, {15.7F, 64}, {15.9F, 88}, {900, 88}};
   Drawing d(200, 100);
   for (const auto& c : cases) {
     d.Clear();
@@ -277,12 +240,7 @@ TEST(Text, TurnsWithTheUpVectorInTheStrokeFont) {
   const struct {
     float up_x, up_y;
     double dx, dy;  // the centre, left aligned on the baseline
-  } cases[] = {
-      {0,  1,  width / 2,  -10       },
-      {-1, 0,  -10,        -width / 2},
-      {1,  0,  10,         width / 2 },
-      {0,  -1, -width / 2, 10        }
-  };
+  } cases[] = {{0, 1, width / 2, -10}, {-1, 0, -10, -width / 2}, {1, 0, 10, width / 2}, {0, -1, -width / 2, 10}};
   for (const auto& c : cases) {
     d.Clear();
     GSCHH(d.gks, 20);
@@ -345,10 +303,10 @@ TEST(Text, PaperAndLettersAreThoseOfTheEnvironment) {
     unsigned paper, ink;
     bool large;
   } cases[] = {
-      {nullptr, nullptr, 0,        0xFFFFFF, false},
-      {"on",    "on",    0xFFFFFF, 0,        false},
-      {"OFF",   "off",   0,        0xFFFFFF, true },
-      {"on",    "no",    0xFFFFFF, 0,        true },
+      {nullptr, nullptr, 0, 0xFFFFFF, false},
+      {"on", "on", 0xFFFFFF, 0, false},
+      {"OFF", "off", 0, 0xFFFFFF, true},
+      {"on", "no", 0xFFFFFF, 0, true},
   };
   for (const auto& c : cases) {
     Drawing d(200, 150);

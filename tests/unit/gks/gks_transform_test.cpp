@@ -26,15 +26,9 @@ TEST(Transform, WorldGoesToPixelsWithYDown) {
   const struct {
     float x, y;
     int px, py;
-  } cases[] = {
-      {10,      -1,     125,      250    },
-      {20,      1,      375,      125    },
-      {15,      0,      250,      187    },
-      {0,       0,      -125,     187    },
-      {NAN,     0,      -1000000, 187    },
-      {1e30F,   -1e30F, 1000000,  1000000},
-      {10.039F, 0.99F,  125,      125    }
-  };
+  } cases[] = {{10, -1, 125, 250},        {20, 1, 375, 125},       {15, 0, 250, 187},
+               {0, 0, -125, 187},         {NAN, 0, -1000000, 187}, {1e30F, -1e30F, 1000000, 1000000},
+               {10.039F, 0.99F, 125, 125}};
   for (const auto& c : cases) {
     const GksPixel pixel = gksToPixel(gks, {c.x, c.y});
     EXPECT_EQ(pixel.x, c.px) << c.x;
@@ -52,13 +46,11 @@ TEST(Transform, WorkstationWindowKeepsItsAspect) {
     GksRectangle window;
     bool good;
     float width, height;
-  } cases[] = {
-      {{0, 1, 0, 0.5F}, true,  500, 250},
-      {{0, 0.5F, 0, 1}, true,  200, 400},
-      {{0, 1, 0, 1},    true,  400, 400},
-      {{1, 0, 1, 0},    false, 400, 400},
-      {{0, 0, 0, 0},    false, 400, 400}
-  };
+  } cases[] = {{{0, 1, 0, 0.5F}, true, 500, 250},
+               {{0, 0.5F, 0, 1}, true, 200, 400},
+               {{0, 1, 0, 1}, true, 400, 400},
+               {{1, 0, 1, 0}, false, 400, 400},
+               {{0, 0, 0, 0}, false, 400, 400}};
   for (const auto& c : cases) {
     GksState gks = OpenGks(500, 400);
     EXPECT_EQ(GSWKWN(gks, c.window), c.good);

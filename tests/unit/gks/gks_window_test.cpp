@@ -50,12 +50,7 @@ TEST(GksWindow, SaysWhyAViewCannotBeShown) {
 
 TEST(GksWindow, ReadsTheEnvironmentOnce) {
   ViewWindow v(false);
-  v.fake.environment = {
-      {"GLREVERSE",    "on"     },
-      {"GLWINDOWSIZE", "640x480"},
-      {"GLDUMPONLY",   "yes"    },
-      {"GLBITFONT",    "off"    }
-  };
+  v.fake.environment = {{"GLREVERSE", "on"}, {"GLWINDOWSIZE", "640x480"}, {"GLDUMPONLY", "yes"}, {"GLBITFONT", "off"}};
   EXPECT_TRUE(gksReady(v.platform, v.gks));
   EXPECT_TRUE(gksReverseQuery(v.gks) && v.gks.dump.dump_only && !v.gks.window.bitmap_font);
   EXPECT_EQ(v.gks.window.width, 640);
@@ -66,9 +61,7 @@ TEST(GksWindow, ReadsTheEnvironmentOnce) {
   EXPECT_FALSE(gksReverseQuery(v.gks) || v.gks.dump.dump_only);
 
   ViewWindow sized;
-  sized.fake.environment = {
-      {"GLWINDOWSIZE", "640x480"}
-  };
+  sized.fake.environment = {{"GLWINDOWSIZE", "640x480"}};
   glResizeWindow(sized.platform, sized.gks, 320, 200);
   glResizeWindow(sized.platform, sized.gks, 0, 200);
   EXPECT_EQ(sized.Run({}), "draw all 320x200; ");
@@ -81,15 +74,9 @@ TEST(GksWindow, ShowsAViewAndComesBackToTheMenuHidden) {
   EXPECT_EQ(v.Run({}), entry);
   EXPECT_EQ(v.State(), "shown");
   EXPECT_EQ(v.fake.output, kNobody);
-  EXPECT_EQ(v.Run({
-                {key, 1, 'x'},
-                {key, 1, 'q'}
-  }),
+  EXPECT_EQ(v.Run({{key, 1, 'x'}, {key, 1, 'q'}}),
             "key 120 at 0.00 1.00; draw 500x400; key 113 at 0.00 1.00; menus; menu hidden; " + entry);
-  EXPECT_EQ(v.Run({
-                {key, 1, 'q'}
-  }),
-            "key 113 at 0.00 1.00; menus; menu hidden; end; ");
+  EXPECT_EQ(v.Run({{key, 1, 'q'}}), "key 113 at 0.00 1.00; menus; menu hidden; end; ");
 }
 
 TEST(GksWindow, TellsClicksAndKeysInTheWorldWithWhatIsHeld) {
@@ -97,25 +84,13 @@ TEST(GksWindow, TellsClicksAndKeysInTheWorldWithWhatIsHeld) {
   v.Run({});
   GSWKVP(v.gks, {0, 500, 0, 400});
   GSWN(v.gks, 1, {0, 10, -1, 1});
-  EXPECT_EQ(v.Run({
-                {key,   1, 19, kShiftKey | kControlKey, 250, 200},
-                {mouse, 1, 2,  kAltKey,                 50,  0  }
-  }),
+  EXPECT_EQ(v.Run({{key, 1, 19, kShiftKey | kControlKey, 250, 200}, {mouse, 1, 2, kAltKey, 50, 0}}),
             "key 19 at 5.00 0.00 shift control; draw 500x400; mouse 2 at 1.00 1.00 alt; ");
   EXPECT_EQ(v.Held(), "");
-  EXPECT_EQ(v.Run({
-                {key,   1,   'p'  },
-                {mouse, 1,   1,     0, 5, 5},
-                {key,    1,      'q'          },
-                {key, 1,13}
-  }),
+  EXPECT_EQ(v.Run({{key, 1, 'p'}, {mouse, 1, 1, 0, 5, 5}, {key, 1, 'q'}, {key, 1, 13}}),
             "key 112 at 0.00 1.00; answer 'q'; draw all 500x400; ");
   v.gks.dump.dump_only = true;
-  EXPECT_EQ(v.Run({
-                {key,   1, 'x'},
-                {mouse, 1, 1  }
-  }),
-            "");
+  EXPECT_EQ(v.Run({{key, 1, 'x'}, {mouse, 1, 1}}), "");
   v.gks.modifiers = kAltKey;
   EXPECT_EQ(v.Held(), "");
 }
@@ -123,14 +98,8 @@ TEST(GksWindow, TellsClicksAndKeysInTheWorldWithWhatIsHeld) {
 TEST(GksWindow, DrawsAtTheSizeThatTheWindowGets) {
   ViewWindow v;
   v.Run({});
-  EXPECT_EQ(v.Run({
-                {key, 1, 'l'}
-  }),
-            "key 108 at 0.00 1.00; draw all 300x200; ");
-  EXPECT_EQ(v.Run({
-                {reshape, 1, 0, 0, 90, 80}
-  }),
-            "draw all 90x80; ");
+  EXPECT_EQ(v.Run({{key, 1, 'l'}}), "key 108 at 0.00 1.00; draw all 300x200; ");
+  EXPECT_EQ(v.Run({{reshape, 1, 0, 0, 90, 80}}), "draw all 90x80; ");
   std::vector<unsigned char> rgb(90 * 80 * 3);
   EXPECT_TRUE(v.platform.window.read_picture(v.platform.window.self, 90, 80, rgb.data()));
 }
@@ -141,10 +110,7 @@ TEST(GksWindow, TakesNoKeyWhileAPictureIsOrdered) {
   v.orders = {"second.png"};
   gksSetDumpOption(v.gks, "first.png");
   EXPECT_EQ(
-      v.Run({
-          {key, 1, 'p'},
-          {key, 1, 'q'}
-  }),
+      v.Run({{key, 1, 'p'}, {key, 1, 'q'}}),
       "draw all 500x400; key 113 at 0.00 0.00; menus; menu hidden; draw all 500x400; key 113 at 0.00 0.00; menus; "
       "menu hidden; end; ");
   EXPECT_NE(v.fake.Bytes("first.png"), v.fake.Bytes("nothing"));
@@ -157,15 +123,12 @@ TEST(GksWindow, RestsBehindATextScreen) {
   v.Run({});
   EXPECT_EQ(v.Run({
                 {key, 1, 'p'},
-  }),
+            }),
             "key 112 at 0.00 1.00; ");
   v.idle_calls = 2;
   gksIdleOn(v.platform, v.gks);
   EXPECT_EQ(v.Run({}), "");
-  EXPECT_EQ(v.Run({
-                {key, 1, 13}
-  }),
-            "answer ''; draw all 500x400; idle; draw 500x400; idle; ");
+  EXPECT_EQ(v.Run({{key, 1, 13}}), "answer ''; draw all 500x400; idle; draw 500x400; idle; ");
 }
 
 // On a display the second drawing is stored, in memory the first; each order counts once.
@@ -189,14 +152,9 @@ TEST(GksWindow, WritesTheOrderedPictureAndLeavesTheView) {
 TEST(GksWindow, ClosedByTheUserIsLeftOrDrawnInANewOne) {
   ViewWindow v;
   v.orders = {"x.png"};
-  v.Run({
-      {key, 1, 'p'}
-  });
+  v.Run({{key, 1, 'p'}});
   // The question goes; the picture of the next view waits for the window that stands in.
-  EXPECT_EQ(v.Run({
-                {close, 1},
-                {close, 1}
-  }),
+  EXPECT_EQ(v.Run({{close, 1}, {close, 1}}),
             "menus; key 113 at 0.00 0.00; menus; menu hidden; draw all 500x400; menus; draw all 500x400; "
             "key 113 at 0.00 0.00; menus; menu hidden; end; ");
   EXPECT_EQ(v.platform.window.context_generation(v.platform.window.self), 3U);
@@ -207,23 +165,12 @@ TEST(GksWindow, RestsWhileItIsCoveredButNeverAheadOfAFile) {
   ViewWindow v;
   v.orders = {"x.png"};
   v.Run({});
-  EXPECT_EQ(v.Run({
-                {key, 1, 'i'}
-  }),
-            "key 105 at 0.00 1.00; draw 500x400; idle; draw 500x400; idle; ");
-  EXPECT_EQ(v.Run({
-                {key, 1, 'i'},
-                {key, 1, 'c'}
-  }),
-            "key 105 at 0.00 1.00; draw 500x400; key 99 at 0.00 1.00; ");
+  EXPECT_EQ(v.Run({{key, 1, 'i'}}), "key 105 at 0.00 1.00; draw 500x400; idle; draw 500x400; idle; ");
+  EXPECT_EQ(v.Run({{key, 1, 'i'}, {key, 1, 'c'}}), "key 105 at 0.00 1.00; draw 500x400; key 99 at 0.00 1.00; ");
   v.platform.window.show(v.platform.window.self, 1);
   EXPECT_EQ(v.Run({}), "draw all 500x400; idle; draw 500x400; idle; ");
   EXPECT_EQ(v.State(), "shown");
-  EXPECT_EQ(v.Run({
-                {key, 1, 'c'},
-                {key, 1, 'x'},
-                {key, 1, 'q'}
-  }),
+  EXPECT_EQ(v.Run({{key, 1, 'c'}, {key, 1, 'x'}, {key, 1, 'q'}}),
             "key 99 at 0.00 1.00; key 120 at 0.00 1.00; key 113 at 0.00 1.00; menus; menu hidden; draw all 500x400; "
             "key 113 at 0.00 0.00; menus; menu hidden; end; ");
   EXPECT_NE(v.fake.Bytes("x.png"), "(no file)");

@@ -50,15 +50,10 @@ struct Plot : Drawing {
 TEST(PlotPage, LimitsOfAnAxis) {
   const struct {
     float origin, step, end, want_origin, want_step, want_end;
-  } cases[] = {
-      {0,          1,             10, 0,        1,  10      },
-      {10,         1,             0,  10,       -1, 0       },
-      {0,          -2,            10, 0,        2,  10      },
-      {5,          1,             5,  4.99995F, 1,  5.00005F},
-      {0,          1,             0,  -1e-10F,  1,  1e-10F  },
-      {-kInfinite, 1,             3,  0,        0,  1       },
-      {0,          std::nanf(""), 1,  0,        0,  1       }
-  };
+  } cases[] = {{0, 1, 10, 0, 1, 10},          {10, 1, 0, 10, -1, 0},
+               {0, -2, 10, 0, 2, 10},         {5, 1, 5, 4.99995F, 1, 5.00005F},
+               {0, 1, 0, -1e-10F, 1, 1e-10F}, {-kInfinite, 1, 3, 0, 0, 1},
+               {0, std::nanf(""), 1, 0, 0, 1}};
   Plot plot;
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.origin << ' ' << c.end);
@@ -73,13 +68,7 @@ TEST(PlotPage, LimitsOfAnAxis) {
 
 TEST(PlotPage, Attributes) {
   Plot plot;
-  for (const auto& [index, want] : {
-           std::pair{16, 2 },
-           {15, 15},
-           {17, 3 },
-           {1,  1 },
-           {-7, 1 }
-  }) {
+  for (const auto& [index, want] : {std::pair{16, 2}, {15, 15}, {17, 3}, {1, 1}, {-7, 1}}) {
     dgColour(plot.draw, index);
     EXPECT_EQ(plot.gks.attribute.polyline_colour, want) << index;
     EXPECT_EQ(plot.gks.attribute.text_colour, want) << index;
@@ -87,13 +76,7 @@ TEST(PlotPage, Attributes) {
   const struct {
     float fx, fy;
     int x, y;
-  } alignments[] = {
-      {0,    -0.1F, 1, 5},
-      {0.3F, 0,     2, 4},
-      {0.7F, 0.3F,  3, 3},
-      {0.2F, 0.7F,  1, 2},
-      {0.5F, 1,     2, 1}
-  };
+  } alignments[] = {{0, -0.1F, 1, 5}, {0.3F, 0, 2, 4}, {0.7F, 0.3F, 3, 3}, {0.2F, 0.7F, 1, 2}, {0.5F, 1, 2, 1}};
   for (const auto& a : alignments) {
     dgAlign(plot.draw, a.fx, a.fy);
     EXPECT_EQ(plot.gks.attribute.align_x, a.x) << a.fx;
@@ -158,15 +141,13 @@ TEST(PlotPage, Curves) {
     std::size_t n;
     int mode, marks;
     bool line;
-  } cases[] = {
-      {10, -3,                              4,  false},
-      {9,  -3,                              4,  false},
-      {10, 1,                               10, true },
-      {10, 0,                               0,  true },
-      {1,  2,                               1,  false},
-      {0,  1,                               0,  false},
-      {4,  std::numeric_limits<int>::min(), 2,  false}
-  };
+  } cases[] = {{10, -3, 4, false},
+               {9, -3, 4, false},
+               {10, 1, 10, true},
+               {10, 0, 0, true},
+               {1, 2, 1, false},
+               {0, 1, 0, false},
+               {4, std::numeric_limits<int>::min(), 2, false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.n << ' ' << c.mode);
     Plot plot;
@@ -208,16 +189,7 @@ TEST(PlotPage, Arrows) {  // width of the head over the arrow's length, from the
   const struct {
     int code;
     float width;
-  } cases[] = {
-      {0,     0    },
-      {1100,  0    },
-      {-1101, 0    },
-      {1101,  0.2F },
-      {1191,  0.2F },
-      {2303,  0.8F },
-      {901,   0.32F},
-      {5,     0.32F}
-  };
+  } cases[] = {{0, 0}, {1100, 0}, {-1101, 0}, {1101, 0.2F}, {1191, 0.2F}, {2303, 0.8F}, {901, 0.32F}, {5, 0.32F}};
   for (const auto& c : cases) {
     Plot plot;
     dgArrow(plot.draw, 2, 4, 6, 4, c.code);

@@ -18,20 +18,20 @@ TEST(TextScreen, TakesWhatItsModeAllows) {
     const char *told, *typed;
     bool open;  // still
   } cases[] = {
-      {free,    {'a', ' ', 'q', kKeyLeft, 5, 200},             "",                      "a q",   true },
-      {free,    {'a', 'b', ' ', kEnter},                       "answer 'ab'; ",         "",      false},
-      {free,    {kEnter},                                      "answer ''; ",           "",      false},
-      {free,    {'a', kEscape},                                "answer ''; ",           "",      false},
-      {free,    {kDelete, 'a', 'b', kBackspace, 'c', kDelete}, "",                      "a",     true },
-      {integer, {'-', '1', '.', 'e', '2', '+', ' ', 'x'},      "",                      "-12+ ", true },
-      {real,    {'-', '1', '.', 'e', '2', 'E', 'x', kEnter},   "answer '-1.e2E'; ",     "",      false},
-      {one_key, {kKeyF1, kKeyPageUp, 'y', 'z'},                "answer 'y'; key 122; ", "",      false},
-      {text,    {'q', 'x'},                                    "key 113; key 120; ",    "",      false},
-      {text,    {kBackspace},                                  "key 8; ",               "",      false},
-      {text,    {kKeyLeft},                                    "key 65361; ",           "",      false},
-      {text,    {kKeyPageDown, kKeyPageUp, kEscape},           "answer ''; ",           "",      false},
-      {text,    {kEnter},                                      "answer ''; ",           "",      false},
-      {plot,    {kEnter, kEscape},                             "key 13; key 27; ",      "",      false},
+      {free, {'a', ' ', 'q', kKeyLeft, 5, 200}, "", "a q", true},
+      {free, {'a', 'b', ' ', kEnter}, "answer 'ab'; ", "", false},
+      {free, {kEnter}, "answer ''; ", "", false},
+      {free, {'a', kEscape}, "answer ''; ", "", false},
+      {free, {kDelete, 'a', 'b', kBackspace, 'c', kDelete}, "", "a", true},
+      {integer, {'-', '1', '.', 'e', '2', '+', ' ', 'x'}, "", "-12+ ", true},
+      {real, {'-', '1', '.', 'e', '2', 'E', 'x', kEnter}, "answer '-1.e2E'; ", "", false},
+      {one_key, {kKeyF1, kKeyPageUp, 'y', 'z'}, "answer 'y'; key 122; ", "", false},
+      {text, {'q', 'x'}, "key 113; key 120; ", "", false},
+      {text, {kBackspace}, "key 8; ", "", false},
+      {text, {kKeyLeft}, "key 65361; ", "", false},
+      {text, {kKeyPageDown, kKeyPageUp, kEscape}, "answer ''; ", "", false},
+      {text, {kEnter}, "answer ''; ", "", false},
+      {plot, {kEnter, kEscape}, "key 13; key 27; ", "", false},
   };
   for (const auto& c : cases) {
     Drawing d(500, 400);
@@ -83,14 +83,8 @@ TEST(TextScreen, PagesAheadOfTheAnswer) {
   const struct {
     int key, first, last;
   } steps[] = {
-      {0,            0,  8 },
-      {kKeyPageUp,   0,  8 },
-      {kEnter,       9,  17},
-      {kKeyPageDown, 18, 19},
-      {kKeyPageDown, 18, 19},
-      {kKeyPageUp,   9,  17},
-      {'a',          9,  17},
-      {kEnter,       18, 19},
+      {0, 0, 8},           {kKeyPageUp, 0, 8}, {kEnter, 9, 17},  {kKeyPageDown, 18, 19}, {kKeyPageDown, 18, 19},
+      {kKeyPageUp, 9, 17}, {'a', 9, 17},       {kEnter, 18, 19},
   };
   Drawing d(300, 170);
   std::string answer = "none";

@@ -110,19 +110,19 @@ TEST(WindowDump, NamesTheFileByOptionAndOrder) {
     int option;
     const char *written, *magic, *said;
   } cases[] = {
-      {"",         -1, "dump0001.png", "\x89PNG", "DumpWindow - Writing PNG file dump0001.png\n"                                       },
-      {"",         6,  "dump0003.png", "\x89PNG", "DumpWindow - Writing PNG file dump0003.png\n"                                       }, // the gap; 2 is there
-      {"",         6,  "dump0004.png", "\x89PNG", "DumpWindow - Writing PNG file dump0004.png\n"                                       },
-      {"",         2,  "dump0001.gif", "GIF8",    "DumpWindow - ppm2gif gl.png dump0001.gif\n"                                         },
-      {"",         4,  "dump0001.bmp", "BM",      "DumpWindow - ppm2gif gl.png dump0001.bmp\n"                                         },
-      {"",         5,  "gl.png",       "\x89PNG", "DumpWindow - Writing PNG file gl.png\n"                                             },
-      {"",         1,  "gl.gif",       "GIF8",    "DumpWindow - ppm2gif gl.png gl.gif\n"                                               },
-      {"",         3,  "gl.bmp",       "BM",      "DumpWindow - ppm2gif gl.png gl.bmp\n"                                               },
-      {"x.PNG",    2,  "x.PNG",        "\x89PNG", "DumpWindow - Writing PNG file x.PNG\n"                                              },
-      {"",         2,  "dump0002.gif", "GIF8",    "DumpWindow - ppm2gif gl.png dump0002.gif\n"                                         }, // a name counts once
-      {"v1.2",     4,  "v1.2",         "BM",      "DumpWindow - ppm2gif gl.png v1.2\n"                                                 },
-      {"",         7,  "",             "",        "LOGIC error - Illegal Dump_Option=7 in GKSDUMP\n"                                   },
-      {"no/x.bmp", 6,  "",             "",        "DumpWindow - ppm2gif gl.png no/x.bmp\nERROR - Picture can't be written : no/x.bmp\n"},
+      {"", -1, "dump0001.png", "\x89PNG", "DumpWindow - Writing PNG file dump0001.png\n"},
+      {"", 6, "dump0003.png", "\x89PNG", "DumpWindow - Writing PNG file dump0003.png\n"},  // the gap; 2 is there
+      {"", 6, "dump0004.png", "\x89PNG", "DumpWindow - Writing PNG file dump0004.png\n"},
+      {"", 2, "dump0001.gif", "GIF8", "DumpWindow - ppm2gif gl.png dump0001.gif\n"},
+      {"", 4, "dump0001.bmp", "BM", "DumpWindow - ppm2gif gl.png dump0001.bmp\n"},
+      {"", 5, "gl.png", "\x89PNG", "DumpWindow - Writing PNG file gl.png\n"},
+      {"", 1, "gl.gif", "GIF8", "DumpWindow - ppm2gif gl.png gl.gif\n"},
+      {"", 3, "gl.bmp", "BM", "DumpWindow - ppm2gif gl.png gl.bmp\n"},
+      {"x.PNG", 2, "x.PNG", "\x89PNG", "DumpWindow - Writing PNG file x.PNG\n"},
+      {"", 2, "dump0002.gif", "GIF8", "DumpWindow - ppm2gif gl.png dump0002.gif\n"},  // a name counts once
+      {"v1.2", 4, "v1.2", "BM", "DumpWindow - ppm2gif gl.png v1.2\n"},
+      {"", 7, "", "", "LOGIC error - Illegal Dump_Option=7 in GKSDUMP\n"},
+      {"no/x.bmp", 6, "", "", "DumpWindow - ppm2gif gl.png no/x.bmp\nERROR - Picture can't be written : no/x.bmp\n"},
   };
   Drawing d(20, 10);
   d.fake.Put("dump0002.png", "here");

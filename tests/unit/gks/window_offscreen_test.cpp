@@ -80,41 +80,20 @@ TEST(OffscreenWindow, TellsWhatIsPendingThenWhatIsFedThenIdle) {
   EXPECT_EQ(w.Run({}), "");
   EXPECT_EQ(w.system.create_window(w.system.self, "main", 0, 0, 20, 10), 1);
   EXPECT_EQ(w.Run({}), "reshape 1 20x10; visible 1 true; display 1 all; ");
-  EXPECT_EQ(w.Run({
-                {key, 1, 'p', kControlKey},
-                { mouse, 1,  2,   0,           5, 6}
-  }),
+  EXPECT_EQ(w.Run({{key, 1, 'p', kControlKey}, {mouse, 1, 2, 0, 5, 6}}),
             "key 1 112 2; display 1 posted; mouse 1 2 at 5 6; ");
   EXPECT_EQ(
-      w.Run({
-          {key, 1, 'h'},
-          {key, 1, 'p'},
-          {key, 1, 's'}
-  }),
+      w.Run({{key, 1, 'h'}, {key, 1, 'p'}, {key, 1, 's'}}),
       "key 1 104 0; visible 1 false; key 1 112 0; display 1 posted; key 1 115 0; visible 1 true; display 1 all; ");
-  EXPECT_EQ(w.Run({
-                {key, 9, 'p'},
-                { reshape, 1, 0,  0, 30, 15},
-                { reshape, 1, 0,   0, 0, 15}
-  }),
+  EXPECT_EQ(w.Run({{key, 9, 'p'}, {reshape, 1, 0, 0, 30, 15}, {reshape, 1, 0, 0, 0, 15}}),
             "reshape 1 30x15; display 1 all; ");
   w.stop_idle_at = 2;
-  EXPECT_EQ(w.Run({
-                {key, 1, 'i'},
-                { mouse, 1, 1,    0, 0, 0}
-  }),
+  EXPECT_EQ(w.Run({{key, 1, 'i'}, {mouse, 1, 1, 0, 0, 0}}),
             "key 1 105 0; mouse 1 1 at 0 0; idle; display 1 posted; idle; display 1 posted; ");
-  EXPECT_EQ(w.Run({
-                {close, 1}
-  }),
-            "closed 1, now 1 of 2; reshape 1 40x30; visible 1 true; display 1 all; ");
+  EXPECT_EQ(w.Run({{close, 1}}), "closed 1, now 1 of 2; reshape 1 40x30; visible 1 true; display 1 all; ");
   EXPECT_EQ(w.system.create_window(w.system.self, "menu", 0, 0, 5, 5), 2);
   EXPECT_EQ(w.system.set_current(w.system.self, 1), 2);
-  EXPECT_EQ(w.Run({
-                {key, 2, 'd'},
-                {key, 2, 'p'}
-  }),
-            "reshape 2 5x5; visible 2 true; display 2 all; key 2 100 0; ");
+  EXPECT_EQ(w.Run({{key, 2, 'd'}, {key, 2, 'p'}}), "reshape 2 5x5; visible 2 true; display 2 all; key 2 100 0; ");
 }
 
 TEST(OffscreenWindow, PictureHasTheSizeOfTheWindowWhenItWasBegun) {

@@ -155,12 +155,7 @@ TEST(Substitute, TextAndFaults) {
   for (const auto& c : cases) {
     FakePlatform fake;
     ScriptState script;
-    for (const auto& [name, value] : {
-             std::pair{"v",    "0"           },
-             {"loop", "{loop}"      },
-             {"grow", "{grow}{grow}"},
-             {"v",    "1"           }
-    })
+    for (const auto& [name, value] : {std::pair{"v", "0"}, {"loop", "{loop}"}, {"grow", "{grow}{grow}"}, {"v", "1"}})
       script.variables.push_back({name, value});
     ScriptText text = TextOf(c.in);
     PassMessage message;

@@ -178,12 +178,10 @@ TEST(Script, Interactive) {
 
 // A plot ends the interpreter; the script goes on behind it when it is opened again.
 TEST(Script, SuspendedAtAPlot) {
-  const Command plots[] = {
-      {{"PLOT"}, kNone, [](ScriptCall& call) {
-         call.session.run.plot_suboption = 1;
-         return kScriptOk;
-       }}
-  };
+  const Command plots[] = {{{"PLOT"}, kNone, [](ScriptCall& call) {
+                              call.session.run.plot_suboption = 1;
+                              return kScriptOk;
+                            }}};
   const CommandFamily families[] = {plots};
   FakePlatform fake;
   Session session;
@@ -191,10 +189,7 @@ TEST(Script, SuspendedAtAPlot) {
   ScriptState& script = session.script;
   script.name = "s";
   script.files = {"s"};
-  script.final_text = {
-      {"PLOT",  {0, 1}},
-      {"COMMA", {0, 2}}
-  };
+  script.final_text = {{"PLOT", {0, 1}}, {"COMMA", {0, 2}}};
   script.open = true;
   EXPECT_EQ(ReadScriptFile(session, families), kScriptOk);
   EXPECT_EQ(script.next_line, 1U);

@@ -18,16 +18,10 @@ struct OneCommand {
   Command command[1];
   CommandFamily families[1] = {command};
 
-  explicit OneCommand(int (*run)(ScriptCall& call))
-      : command{
-            {{"TRY"}, kNone, run}
-  } {
+  explicit OneCommand(int (*run)(ScriptCall& call)) : command{{{"TRY"}, kNone, run}} {
     session.platform = fake.Get();
     session.script.files = {"s"};
-    session.script.final_text = {
-        {"TRY", {0, 1}},
-        {"TRY", {0, 2}}
-    };
+    session.script.final_text = {{"TRY", {0, 1}}, {"TRY", {0, 2}}};
   }
 };
 

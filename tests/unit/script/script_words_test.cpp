@@ -26,11 +26,11 @@ TEST(ScriptWords, Words) {
     std::vector<std::string> lines, words;
     bool warned;
   } cases[] = {
-      {"next line not taken",              {"a\tb", "", "  c"},  {"a", "b", "c", ""},    false},
-      {"quotes not dropped",               {"\"a b\"'c\"'d\"e"}, {"a b", "c\"", "d\"e"}, false},
-      {"an empty pair is passed over",     {"\"\" x"},           {"", "x"},              false},
-      {"a quote goes on to the next line", {"x \"a b ", "c\""},  {"x", "a b", "c\""},    true },
-      {"a quote at the end",               {"'"},                {"", ""},               true },
+      {"next line not taken", {"a\tb", "", "  c"}, {"a", "b", "c", ""}, false},
+      {"quotes not dropped", {"\"a b\"'c\"'d\"e"}, {"a b", "c\"", "d\"e"}, false},
+      {"an empty pair is passed over", {"\"\" x"}, {"", "x"}, false},
+      {"a quote goes on to the next line", {"x \"a b ", "c\""}, {"x", "a b", "c\""}, true},
+      {"a quote at the end", {"'"}, {"", ""}, true},
   };
   for (const auto& c : cases) {
     Words words(c.lines);
@@ -49,16 +49,16 @@ TEST(ScriptWords, Reals) {
     bool good;
     std::vector<float> values;
   } cases[] = {
-      {"exponent letters",      {"1e2 1E2 1d2 1D+2 -.5"}, 5,  true,  {100, 100, 100, 100, -0.5F}},
-      {"more lines",            {"1", "", "2 3"},         2,  true,  {1, 2}                     },
-      {"the end",               {"1"},                    2,  false, {1}                        },
-      {"unit behind a number",  {"3m"},                   1,  false, {}                         },
-      {"a comma",               {"1,2"},                  1,  false, {}                         },
-      {"no value",              {"Inf"},                  1,  false, {}                         },
-      {"beyond the range",      {"1e99"},                 1,  false, {}                         },
-      {"this line alone",       {"1", "2"},               -2, true,  {1}                        },
-      {"none at all",           {" ", "2"},               -2, true,  {}                         },
-      {"a bad one on the line", {"1 x"},                  -2, false, {1}                        },
+      {"exponent letters", {"1e2 1E2 1d2 1D+2 -.5"}, 5, true, {100, 100, 100, 100, -0.5F}},
+      {"more lines", {"1", "", "2 3"}, 2, true, {1, 2}},
+      {"the end", {"1"}, 2, false, {1}},
+      {"unit behind a number", {"3m"}, 1, false, {}},
+      {"a comma", {"1,2"}, 1, false, {}},
+      {"no value", {"Inf"}, 1, false, {}},
+      {"beyond the range", {"1e99"}, 1, false, {}},
+      {"this line alone", {"1", "2"}, -2, true, {1}},
+      {"none at all", {" ", "2"}, -2, true, {}},
+      {"a bad one on the line", {"1 x"}, -2, false, {1}},
   };
   for (const auto& c : cases) {
     Words words(c.lines);

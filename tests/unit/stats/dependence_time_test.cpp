@@ -37,12 +37,7 @@ TEST(EnvelopeRule, WalksFromTheSecondPoint) {
 
 // Lags made in growing blocks must end where all lags at once do, also if the walk ends at the border of a block.
 TEST(RecordDependence, SameAsTheRuleOnAllLags) {
-  std::vector<std::vector<float>> records{
-      {},
-      {  0},
-      { 0, 0},
-      std::vector<float>(600)
-  };
+  std::vector<std::vector<float>> records{{}, {0}, {0, 0}, std::vector<float>(600)};
   for (const int number : {1, 2, 3, 4, 5})
     records.emplace_back(WorkedRecord(number).begin(), WorkedRecord(number).end());
   for (const float period : {17.0F, 60.0F, 120.0F, 250.0F}) {

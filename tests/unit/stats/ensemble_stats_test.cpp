@@ -18,10 +18,9 @@ void ExpectAll(std::span<const float> got, std::span<const double> want) {
 
 TEST(EnsembleStats, WorkedEnsemble) {
   const double want[2][10] = {
-  // scheme small, large: xme xve xse VarMe VarVe xmeci xveci xseci xmin xmax
-      {0.41798887, 3.695191, 1.922288, 0.02351949,  0.14098859, 0.30058622, 0.73594797, 0.19142501, -4.882, 4.969},
-      {0.41798887, 3.695191, 1.922288, 0.030208997, 0.10544984, 0.34066167, 0.63647026, 0.16555017, -4.882, 4.969}
-  };
+      // scheme small, large: xme xve xse VarMe VarVe xmeci xveci xseci xmin xmax
+      {0.41798887, 3.695191, 1.922288, 0.02351949, 0.14098859, 0.30058622, 0.73594797, 0.19142501, -4.882, 4.969},
+      {0.41798887, 3.695191, 1.922288, 0.030208997, 0.10544984, 0.34066167, 0.63647026, 0.16555017, -4.882, 4.969}};
   for (const int nmany : {0, 1}) {
     EnsembleStats s, mean, plain;
     ASSERT_EQ(CalcEnsembleStats(1, WorkedEnsemble(), 0.95F, nmany, s), StatFault::none);
@@ -52,11 +51,9 @@ TEST(EnsembleStats, SchemesAndFaults) {
 
 TEST(EnsembleStats, WorkedPeaks) {
   const int N[] = {1, 3, 10};
-  const double want[3][6] = {
-      {2.382172,  -2.023,     2.737143,  0.3115595,  0.46485922, 0.40179768},
-      {3.6838408, -3.4041,    3.9451108, 0.27676588, 0.43707418, 0.32471454},
-      {4.4294963, -4.2713337, 4.504333,  0.36232445, 0.49597254, 0.37181112}
-  };
+  const double want[3][6] = {{2.382172, -2.023, 2.737143, 0.3115595, 0.46485922, 0.40179768},
+                             {3.6838408, -3.4041, 3.9451108, 0.27676588, 0.43707418, 0.32471454},
+                             {4.4294963, -4.2713337, 4.504333, 0.36232445, 0.49597254, 0.37181112}};
   std::array<RecordPeakStats, 3> all;
   ASSERT_EQ(CalcEnsemblePeakStats(N, 0, WorkedEnsemble(), 0.95F, all), StatFault::none);
   for (std::size_t j = 0; j < all.size(); ++j) {
@@ -68,11 +65,7 @@ TEST(EnsembleStats, WorkedPeaks) {
 }
 
 TEST(EnsembleAutoCov, WorkedEnsemble) {
-  const double want[][3] = {
-      {0.05,  46, 23.041359},
-      {0.4,   8,  4.4138594},
-      {0.001, 0,  0        }
-  };  // cut-off, ndti, dti
+  const double want[][3] = {{0.05, 46, 23.041359}, {0.4, 8, 4.4138594}, {0.001, 0, 0}};  // cut-off, ndti, dti
   for (const auto& [cutoff, ndti, dti] : want) {
     EnsembleAutoCov whole, walk;
     CalcEnsembleAutoCov(WorkedEnsemble(), static_cast<float>(cutoff), true, whole);

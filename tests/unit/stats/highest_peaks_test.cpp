@@ -59,12 +59,7 @@ TEST(HighestPeaks, SegmentsAboutTheMean) {
 }
 
 TEST(HighestPeaks, FlagOfFewPeaks) {
-  for (const auto& [cycles, iflag] : {
-           std::pair{39, 2},
-           {40, 0},
-           {41, 2},
-           {42, 0}
-  }) {  // 41: exactly 40 bottoms
+  for (const auto& [cycles, iflag] : {std::pair{39, 2}, {40, 0}, {41, 2}, {42, 0}}) {  // 41: exactly 40 bottoms
     std::vector<float> x{-1.0F};
     for (int i = 0; i < cycles; ++i) x.insert(x.end(), {1.0F, -1.0F});
     HighestPeaks out;

@@ -63,11 +63,7 @@ TEST(Histogram, EdgesBelongToTheBucketBelow) {
 
 // Positions count skipped points and start anew in each record.
 TEST(Histogram, RatePicksPositions) {
-  const std::vector<std::vector<float>> records = {
-      {1,  2, 3, 4, 5},
-      { },
-      {6, 7}
-  };
+  const std::vector<std::vector<float>> records = {{1, 2, 3, 4, 5}, {}, {6, 7}};
   Histogram h;
   ASSERT_TRUE(
       SetHistogramData({.counts = true, .rate = 3, .nbuckets = 8, .lower = 0, .upper = 8}, ViewsOf(records), 1, h));
@@ -80,12 +76,7 @@ TEST(Histogram, NothingToFit) {
   EXPECT_FALSE(SetHistogramData({}, std::span(&none, 1), 0, h));
   const float still[] = {2, 2, 2}, huge[] = {-INFINITY, INFINITY, 3e38F, NAN}, nan[] = {NAN};
   using Case = std::pair<std::span<const float>, int>;  // samples, rate
-  for (const auto& [x, rate] : {
-           Case{still, 1},
-           Case{still, 9},
-           Case{huge,  1},
-           Case{nan,   1}
-  }) {
+  for (const auto& [x, rate] : {Case{still, 1}, Case{still, 9}, Case{huge, 1}, Case{nan, 1}}) {
     h = Of({.rate = rate, .overlay = Overlay::gramm_charlier}, x);
     EXPECT_EQ(h.expected, std::vector<float>(kBuckets, 0.0F));
     EXPECT_TRUE(h.skew == 0.0F && h.chi2 == 0.0F);

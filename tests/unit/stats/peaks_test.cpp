@@ -43,16 +43,16 @@ TEST(GetPeaks, HalfCyclesAboutZero) {
     std::vector<double> bottoms, tops;
     bool crossing;
   } cases[] = {
-      {"a half cycle from 0 on is below", {1, 0, 2, -1},                     {2}, {3},    {0.0},  {2.0},      true },
-      {"0 belongs to the running one",    {0, 1, 2, 0, -1, -3, 0, 2, 1, -1}, {6}, {3, 8}, {-3.0}, {2.0, 2.0}, true },
-      {"the first of equal extremes",     {-1, 1, 2, 2, -1, -1, 1},          {5}, {3},    {-1.0}, {2.0},      true },
-      {"what is open at the end is none", {-1, 1, 5},                        {},  {},     {},     {},         true },
-      {"touching the last sample",        {1, 2, 0},                         {},  {},     {},     {},         false},
-      {"on one side",                     {1, 2, 1, 2},                      {},  {},     {},     {},         false},
-      {"everywhere 0",                    {0, 0, 0, 0},                      {},  {},     {},     {},         true },
-      {"a product that underflows",       {tiny, tiny, -1, 1, -1},           {3}, {2, 4}, {-1.0}, {0.0, 1.0}, true },
-      {"none",                            {},                                {},  {},     {},     {},         false},
-      {"not a number",                    {nan, 1, nan, -1},                 {},  {},     {},     {},         false},
+      {"a half cycle from 0 on is below", {1, 0, 2, -1}, {2}, {3}, {0.0}, {2.0}, true},
+      {"0 belongs to the running one", {0, 1, 2, 0, -1, -3, 0, 2, 1, -1}, {6}, {3, 8}, {-3.0}, {2.0, 2.0}, true},
+      {"the first of equal extremes", {-1, 1, 2, 2, -1, -1, 1}, {5}, {3}, {-1.0}, {2.0}, true},
+      {"what is open at the end is none", {-1, 1, 5}, {}, {}, {}, {}, true},
+      {"touching the last sample", {1, 2, 0}, {}, {}, {}, {}, false},
+      {"on one side", {1, 2, 1, 2}, {}, {}, {}, {}, false},
+      {"everywhere 0", {0, 0, 0, 0}, {}, {}, {}, {}, true},
+      {"a product that underflows", {tiny, tiny, -1, 1, -1}, {3}, {2, 4}, {-1.0}, {0.0, 1.0}, true},
+      {"none", {}, {}, {}, {}, {}, false},
+      {"not a number", {nan, 1, nan, -1}, {}, {}, {}, {}, false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);

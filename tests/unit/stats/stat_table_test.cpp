@@ -32,9 +32,7 @@ CaseStore OneWave() {
   CaseStore c = WorkedCase();
   c.control.USHIP = 0.25;
   c.control.seaway.ISEA = 1;
-  c.control.seaway.waves = {
-      {.FREQW = 0.8, .PHASEW = 0.0, .AMPW0 = 0.5, .HEADW = 180.0}
-  };
+  c.control.seaway.waves = {{.FREQW = 0.8, .PHASEW = 0.0, .AMPW0 = 0.5, .HEADW = 180.0}};
   return c;
 }
 OutputSettings WaveSettings() {

@@ -23,14 +23,7 @@ Rows Count(EnsembleRecords X, float mean, std::span<const float> thresholds, int
 TEST(UpCrossing, WorkedEnsemble) {
   const std::vector<float> v = Thresholds(4.0F, -4.0F, 1.5F);
   EXPECT_EQ(v, (std::vector<float>{-4, -2.5, -1, 0.5, 2, 4}));
-  const Rows want = {
-      {2,  0, 2,  2 },
-      {11, 0, 5,  11},
-      {24, 0, 11, 24},
-      {30, 0, 13, 30},
-      {23, 0, 10, 23},
-      {4,  0, 3,  4 }
-  };
+  const Rows want = {{2, 0, 2, 2}, {11, 0, 5, 11}, {24, 0, 11, 24}, {30, 0, 13, 30}, {23, 0, 10, 23}, {4, 0, 3, 4}};
   EXPECT_EQ(Count(WorkedEnsemble(), 0.41798905F, v, 7), want);
 }
 

@@ -23,17 +23,8 @@ constexpr int kPosition = 1, kVerticalForce = 13, kWaveAtCg = 25;
 // "g ^e ^E A-o Left S-PgUp Space": keys as a user would write them.
 void Press(Session& session, const std::string& keys) {
   const std::pair<std::string_view, int> names[] = {
-      {"Left",  kKeyLeft    },
-      {"Right", kKeyRight   },
-      {"Up",    kKeyUp      },
-      {"Down",  kKeyDown    },
-      {"PgUp",  kKeyPageUp  },
-      {"PgDn",  kKeyPageDown},
-      {"Space", ' '         },
-      {"Esc",   27          },
-      {"Back",  8           },
-      {"F1",    kKeyF1      }
-  };
+      {"Left", kKeyLeft},     {"Right", kKeyRight}, {"Up", kKeyUp}, {"Down", kKeyDown}, {"PgUp", kKeyPageUp},
+      {"PgDn", kKeyPageDown}, {"Space", ' '},       {"Esc", 27},    {"Back", 8},        {"F1", kKeyF1}};
   std::istringstream in(keys);
   for (std::string word; in >> word;) {
     unsigned held = 0;
@@ -274,11 +265,9 @@ TEST(DataPlotKeys, AskForAPicture) {
     PlotKind kind;
     std::string_view idle;  // and these
   } cases[] = {
-      {kHistory,    "3789"     },
-      {kTrack,      "I\b"      },
-      {kLoads,      "06789dC\b"}, // all are shown, none is selected; not in time with the clock
-      {kBars,       "3789"     },
-      {kCovariance, "3789\b"   },
+      {kHistory, "3789"},    {kTrack, "I\b"},
+      {kLoads, "06789dC\b"},  // all are shown, none is selected; not in time with the clock
+      {kBars, "3789"},       {kCovariance, "3789\b"},
   };
   PlotView v{std::string(kSample)};
   for (const auto& c : cases) {
@@ -413,12 +402,12 @@ TEST(DataPlotKeys, PlotDataGoToAFile) {
     int iqnt;
     const char *begins, *said;
   } cases[] = {
-      {kHistory,                  kPosition, "Time History of Position of CG",              "Time history data written to file\n"  },
-      {kTrack,                    kPosition, "Trajectory for ZAVO file irregular_head.out", "Trajectory data written to file\n"    },
-      {kBars,                     kPosition, "Histogram of Position of CG",                 "Histogram data written to file\n"     },
-      {kCovariance,               kPosition, "Autocovariance of Position of CG, pmgg(3)",   "Autocovariance data written to file\n"},
+      {kHistory, kPosition, "Time History of Position of CG", "Time history data written to file\n"},
+      {kTrack, kPosition, "Trajectory for ZAVO file irregular_head.out", "Trajectory data written to file\n"},
+      {kBars, kPosition, "Histogram of Position of CG", "Histogram data written to file\n"},
+      {kCovariance, kPosition, "Autocovariance of Position of CG, pmgg(3)", "Autocovariance data written to file\n"},
       {PlotKind::autocorrelation, kPosition, "Autocorrelation of Position of CG",
-       "Autocorrelation data written to file\n"                                                                                    },
+       "Autocorrelation data written to file\n"},
   };
   for (const auto& c : cases) {
     PlotView v{std::string(kSample)};
@@ -460,14 +449,14 @@ TEST(DataPlotKeys, HelpListsTheKeysOfTheKind) {
     const char* line;
     bool there;
   } cases[] = {
-      {kHistory, " a      Toggle axis plot options",                                  true },
-      {kHistory, "^P      Toggle position of peak statitics overlay",                 true },
-      {kBars,    "^P      Toggle position of peak statitics overlay",                 false},
+      {kHistory, " a      Toggle axis plot options", true},
+      {kHistory, "^P      Toggle position of peak statitics overlay", true},
+      {kBars, "^P      Toggle position of peak statitics overlay", false},
       {kHistory, "Space bar - Start/stop run mode (plotting time steps in sequence)", false},
-      {kLoads,   "Space bar - Start/stop run mode (plotting time steps in sequence)", true },
-      {kBand,    "{/}     Plot previous/next statistic (confidence interval plots)",  true },
-      {kBand,    "{/}     Plot previous/next quantity without reseting plot scales",  false},
-      {kLoads,   "{/}     Plot previous/next quantity without reseting plot scales",  true },
+      {kLoads, "Space bar - Start/stop run mode (plotting time steps in sequence)", true},
+      {kBand, "{/}     Plot previous/next statistic (confidence interval plots)", true},
+      {kBand, "{/}     Plot previous/next quantity without reseting plot scales", false},
+      {kLoads, "{/}     Plot previous/next quantity without reseting plot scales", true},
   };
   for (const auto& c : cases) {
     v.plot().kind = c.kind;

@@ -44,11 +44,9 @@ TEST(DataPlotAxes, Component) {
     int want;
   };
   const Row rows[] = {
-      {PlotKind::history,   1,  0, false, 0},
-      {PlotKind::history,   1,  0, true,  1}, // nothing would be left
-      {PlotKind::history,   1,  6, true,  6},
-      {PlotKind::history,   1,  7, false, 0}, // of a quantity with more of them
-      {PlotKind::history,   23, 1, false, 0}, // the only one
+      {PlotKind::history, 1, 0, false, 0},    {PlotKind::history, 1, 0, true, 1},   // nothing would be left
+      {PlotKind::history, 1, 6, true, 6},     {PlotKind::history, 1, 7, false, 0},  // of a quantity with more of them
+      {PlotKind::history, 23, 1, false, 0},                                         // the only one
       {PlotKind::load_dist, 13, 0, false, 0},
   };
   PlotView view("");
@@ -70,10 +68,10 @@ TEST(DataPlotAxes, HistoryLimits) {
     PlotLimits want;
   };
   const Row rows[] = {
-      {"one",      1, false, false, {1.25F, 1, 11, 20, 10, 60}}, // x as the data have it
-      {"by index", 1, true,  false, {5, 5, 44, 20, 10, 60}    },
-      {"matched",  1, false, true,  {1.25F, 1, 11, 20, 10, 70}}, // component 3 ends at 69
-      {"all",      0, false, false, {1.25F, 1, 11, 20, 10, 70}},
+      {"one", 1, false, false, {1.25F, 1, 11, 20, 10, 60}},  // x as the data have it
+      {"by index", 1, true, false, {5, 5, 44, 20, 10, 60}},
+      {"matched", 1, false, true, {1.25F, 1, 11, 20, 10, 70}},  // component 3 ends at 69
+      {"all", 0, false, false, {1.25F, 1, 11, 20, 10, 70}},
   };
   PlotView view("");
   UseSmallCase(view);
@@ -142,14 +140,11 @@ TEST(DataPlotAxes, ChangeQuantity) {
     int from, direction, want;
   };
   const Row rows[] = {
-      {PlotKind::history,    1,  1,  2 },
-      {PlotKind::history,    14, 1,  23}, // kinds that the case has not
-      {PlotKind::history,    33, 1,  39}, // files and tables only
-      {PlotKind::history,    1,  -1, 48},
-      {PlotKind::load_dist,  14, 1,  23},
-      {PlotKind::load_dist,  24, 1,  13}, // round and round
-      {PlotKind::load_dist,  13, -1, 24},
-      {PlotKind::trajectory, 1,  1,  1 },
+      {PlotKind::history, 1, 1, 2},      {PlotKind::history, 14, 1, 23},  // kinds that the case has not
+      {PlotKind::history, 33, 1, 39},                                     // files and tables only
+      {PlotKind::history, 1, -1, 48},    {PlotKind::load_dist, 14, 1, 23},
+      {PlotKind::load_dist, 24, 1, 13},  // round and round
+      {PlotKind::load_dist, 13, -1, 24}, {PlotKind::trajectory, 1, 1, 1},
   };
   for (const Row& row : rows) {
     PlotView view("");
@@ -178,8 +173,8 @@ TEST(DataPlotAxes, WhatCannotBeShownLeavesTheView) {
     const char* said;
   };
   const Row rows[] = {
-      {PlotKind::history,   15, "ERROR - Quantity 15 not valid for this output file\n"},
-      {PlotKind::load_dist, 1,  "ERROR - Quantity 1 not valid for this output file\n" },
+      {PlotKind::history, 15, "ERROR - Quantity 15 not valid for this output file\n"},
+      {PlotKind::load_dist, 1, "ERROR - Quantity 1 not valid for this output file\n"},
   };
   for (const Row& row : rows) {
     PlotView view("");
@@ -250,12 +245,8 @@ TEST(DataPlotPicture, TextsStayOnThePage) {
   const auto small = [](PlotView& v) { v.session.output.scales.position.fill(-3.0e-9F); };
   const auto large_text = [](PlotView& v) { v.plot().text_size = v.plot().annot_size = 0.25F; };
   const Row rows[] = {
-      {"plain",       500,  400, none      },
-      {"long title",  500,  400, long_title},
-      {"long title",  1100, 850, long_title},
-      {"huge values", 500,  400, large     },
-      {"tiny values", 1100, 850, small     },
-      {"large text",  500,  400, large_text},
+      {"plain", 500, 400, none},        {"long title", 500, 400, long_title}, {"long title", 1100, 850, long_title},
+      {"huge values", 500, 400, large}, {"tiny values", 1100, 850, small},    {"large text", 500, 400, large_text},
   };
   for (const Row& row : rows) {
     PlotView view("", row.width, row.height);
@@ -311,16 +302,18 @@ TEST(StatOverlay, LinesAndTexts) {
   std::vector<float> swing;  // five times up to 3 and down to -1: mean 1, variance 40/9
   for (int i = 0; i < 5; ++i) swing.insert(swing.end(), {3.0F, -1.0F});
   const Row rows[] = {
-      {0, swing,        {},                       {}                                                   },
+      {0, swing, {}, {}},
       {1,
-       swing,           {1, 3, -1},
+       swing,
+       {1, 3, -1},
        {"Mean (avg)  = 1", "Avg top 1/3 = 3", "Avg bot 1/3 = -1", "1/3 Amp Avg = 2", "Dbl Amp Avg = 4"}},
-      {2, swing,        {1},                      {"Mean (avg)  = 1", "No peaks found"}                },
-      {1, {2, 2, 2, 2}, {2},                      {"Mean (avg)  = 2", "No peaks found"}                },
+      {2, swing, {1}, {"Mean (avg)  = 1", "No peaks found"}},
+      {1, {2, 2, 2, 2}, {2}, {"Mean (avg)  = 2", "No peaks found"}},
       {3,
-       swing,           {1, 3.10819F, -1.10819F},
-       {"Mean (avg)  = 1", "StDev       = 2.108185", "Variance    = 4.444445", "SSA= 4.21637"}         },
-      {4, swing,        {1, 3, -1},               {"Mean (avg)  = 1", "Maximum = 3", "Minimum = -1"}   },
+       swing,
+       {1, 3.10819F, -1.10819F},
+       {"Mean (avg)  = 1", "StDev       = 2.108185", "Variance    = 4.444445", "SSA= 4.21637"}},
+      {4, swing, {1, 3, -1}, {"Mean (avg)  = 1", "Maximum = 3", "Minimum = -1"}},
   };
   for (const Row& row : rows) {
     StatOverlay overlay;
@@ -374,13 +367,7 @@ void GiveHull(CaseStore& store) {
   HullSurface side;
   side.KSTA = 5;
   side.KWL = 2;
-  const double ring[5][2] = {
-      {0.2,  0.05 },
-      {-0.2, 0.05 },
-      {-0.2, -0.05},
-      {0.2,  -0.05},
-      {0.2,  0.05 }
-  };
+  const double ring[5][2] = {{0.2, 0.05}, {-0.2, 0.05}, {-0.2, -0.05}, {0.2, -0.05}, {0.2, 0.05}};
   for (const auto& corner : ring)
     for (const double z : {-0.1, 0.1}) side.points.push_back({g[0] + corner[0], g[1] + corner[1], z});
   store.hull.surfaces = {side};
@@ -446,11 +433,11 @@ TEST(Trajectory, StepsWithAHull) {
     std::vector<int> marked, want;
   };
   const Row rows[] = {
-      {0,  1, {},          {5, 9, 13, 18, 22, 26, 31, 35, 39, 44}}, // ten from end to end
-      {15, 1, {},          {5, 20, 35}                           },
-      {15, 4, {},          {5, 17, 29, 41}                       }, // whole strides
-      {3,  1, {40, 7, 99}, {7, 40}                               }, // those not in use don't count
-      {3,  5, {12, 13},    {10}                                  }, // the point before, once
+      {0, 1, {}, {5, 9, 13, 18, 22, 26, 31, 35, 39, 44}},  // ten from end to end
+      {15, 1, {}, {5, 20, 35}},
+      {15, 4, {}, {5, 17, 29, 41}},  // whole strides
+      {3, 1, {40, 7, 99}, {7, 40}},  // those not in use don't count
+      {3, 5, {12, 13}, {10}},        // the point before, once
   };
   PlotView view("");
   UseSmallCase(view);
@@ -487,8 +474,8 @@ TEST(LoadPlot, PresentValueAndRange) {
   };
   const Row rows[] = {
       {10, 1, 10},
-      {99, 1, 44}, // not beyond the last
-      {10, 7, 10}, // a step that is no point
+      {99, 1, 44},  // not beyond the last
+      {10, 7, 10},  // a step that is no point
   };
   PlotView view("");
   UseSmallCase(view);
@@ -552,14 +539,14 @@ TEST(PlotParts, ShortNumber) {
     const char* text;
   };
   const Row rows[] = {
-      {0,           "0"       },
-      {20,          "20"      },
+      {0, "0"},
+      {20, "20"},
       {-12.345678F, "-12.3457"},
-      {1.0e12F,     "1e+12"   },
-      {-1.5e-9F,    "-1.5e-09"},
-      {-1.234e-9F,  "-1.2e-09"},
-      {-INFINITY,   "-Inf"    },
-      {-NAN,        "NaN"     },
+      {1.0e12F, "1e+12"},
+      {-1.5e-9F, "-1.5e-09"},
+      {-1.234e-9F, "-1.2e-09"},
+      {-INFINITY, "-Inf"},
+      {-NAN, "NaN"},
   };
   for (const Row& row : rows) EXPECT_EQ(ShortNumber(row.value), row.text);
 }

@@ -79,12 +79,7 @@ TEST(DenseCurve, SamePicture) {
     back.push_back(100 + 100 * std::sin(0.01F * time));  // goes back and forth
     still.push_back(50);
   }
-  for (const auto& [x0, x1] : {
-           std::pair{0.0F,   200.0F},
-           {200.0F, 0.0F  },
-           {50.03F, 60.07F},
-           {0.0F,   1e6F  }
-  }) {
+  for (const auto& [x0, x1] : {std::pair{0.0F, 200.0F}, {200.0F, 0.0F}, {50.03F, 60.07F}, {0.0F, 1e6F}}) {
     for (const float y1 : {1.0F, 0.4F})  // the second one clips
       for (const auto* x : {&t, &back, &still})
         for (const auto* y : {&sine, &rough}) ExpectSamePicture(Graph(x0, x1, y1), *x, *y);
@@ -101,13 +96,13 @@ TEST(DenseCurve, KeepsInOrder) {
     bool log_y;
     std::vector<float> want;
   } cases[] = {
-      {{},                           false, {}                          },
-      {{3},                          false, {3}                         },
-      {{1, 2, 9, 4, 0, 5, 6},        false, {1, 9, 0, 5, 6}             },
-      {{1, 2, 9, 4, 9},              false, {1, 9, 4, 9}                }, // comes back to the highest: that row is drawn
-      {{5, 7, nan, 8, 9, 8},         false, {5, 7, nan, 8, 9, 8}        },
+      {{}, false, {}},
+      {{3}, false, {3}},
+      {{1, 2, 9, 4, 0, 5, 6}, false, {1, 9, 0, 5, 6}},
+      {{1, 2, 9, 4, 9}, false, {1, 9, 4, 9}},  // comes back to the highest: that row is drawn
+      {{5, 7, nan, 8, 9, 8}, false, {5, 7, nan, 8, 9, 8}},
       {{5, 6, infinite, 7, 6.5F, 8}, false, {5, 6, infinite, 7, 6.5F, 8}},
-      {{1, 0, -3, 2, 0.5F, 1.5F, 3}, true,  {1, 0.5F, 3}                },
+      {{1, 0, -3, 2, 0.5F, 1.5F, 3}, true, {1, 0.5F, 3}},
   };
   for (const auto& c : cases) {
     const std::vector<float> x(c.y.size(), 50);

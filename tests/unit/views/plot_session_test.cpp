@@ -12,9 +12,7 @@ namespace zaview {
 namespace {
 
 constexpr int kEnter = 13;
-const PlotRequest kHeave{
-    .quantity = {.iqnt = 1, .curve = 3}
-};
+const PlotRequest kHeave{.quantity = {.iqnt = 1, .curve = 3}};
 
 struct Views {  // with somebody there
   FakePlatform fake;
@@ -169,14 +167,7 @@ TEST(RunMode, KeepsTimeWithTheClock) {
   const struct {
     double steps;  // that have gone by
     int shown;     // 0: nothing new
-  } cases[] = {
-      {0.0, 0  },
-      {0.9, 0  },
-      {1.1, 151},
-      {1.9, 0  },
-      {4.1, 154},
-      {1e6, 300}
-  };
+  } cases[] = {{0.0, 0}, {0.9, 0}, {1.1, 151}, {1.9, 0}, {4.1, 154}, {1e6, 300}};
   for (const auto& c : cases) {
     run.fake.seconds = 1000 + c.steps * step;
     EXPECT_EQ(run.Idle(1), c.shown == 0 ? std::vector<int>{} : std::vector<int>{c.shown}) << c.steps;

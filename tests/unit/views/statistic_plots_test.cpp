@@ -211,11 +211,11 @@ TEST(StatisticPlots, LeaveTheViewWhereNothingCanBeComputed) {
     float probability;
     const char* said;
   } cases[] = {
-      {PlotKind::histogram,      300, 0.95F, "ERR495 - Too many steps skipped or trimmed in histogram setup\n"      },
+      {PlotKind::histogram, 300, 0.95F, "ERR495 - Too many steps skipped or trimmed in histogram setup\n"},
       {PlotKind::autocovariance, 300, 0.95F, "ERR495 - Too many steps skipped or trimmed in autocorrelation setup\n"},
-      {PlotKind::interval,       300, 0.95F,
-       "ERR495 - Too many steps skipped or trimmed in confidence interval calculation\n"                            },
-      {PlotKind::interval,       0,   1.5F,  "LOGIC ERROR\n"                                                        },
+      {PlotKind::interval, 300, 0.95F,
+       "ERR495 - Too many steps skipped or trimmed in confidence interval calculation\n"},
+      {PlotKind::interval, 0, 1.5F, "LOGIC ERROR\n"},
   };
   for (const auto& c : cases) {
     PlotView v("irregular_head.out");

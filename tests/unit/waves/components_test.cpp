@@ -61,11 +61,11 @@ TEST(Spectra, AreasAndPeaks) {
     SeawayInput sea;
     double height, share, w0;
   } rows[] = {
-      {"Bretschneider",      OfKind(2, 4, 9.5),            4,  0.9978, 0.6613879      },
-      {"by height alone",    OfKind(2, 4, 0),              4,  0.9978, std::sqrt(9.81 * 0.36003873 / (4 * 2.236068))},
-      {"JONSWAP",            Jonswap(),                    4,  1.0,    0.6613879      },
-      {"Ochi",               Ochi(4, 9.5, 2, 0, 0, 0),     4,  1.0,    0.6613879      },
-      {"Ochi, modes swapped", Ochi(3, 5, 2, 4, 12, 1.5),   5,  1.0,    2 * std::numbers::pi / 12},
+      {"Bretschneider", OfKind(2, 4, 9.5), 4, 0.9978, 0.6613879},
+      {"by height alone", OfKind(2, 4, 0), 4, 0.9978, std::sqrt(9.81 * 0.36003873 / (4 * 2.236068))},
+      {"JONSWAP", Jonswap(), 4, 1.0, 0.6613879},
+      {"Ochi", Ochi(4, 9.5, 2, 0, 0, 0), 4, 1.0, 0.6613879},
+      {"Ochi, modes swapped", Ochi(3, 5, 2, 4, 12, 1.5), 5, 1.0, 2 * std::numbers::pi / 12},
   };
   for (const auto& row : rows) {
     Spectrum s;
@@ -114,12 +114,7 @@ TEST(Headings, SharesAndFan) {
     int n, option;
     double spread, sum;
   } rows[] = {
-      {5,  -1, 15, 1     },
-      {7,  2,  10, 1     },
-      {3,  -1, 0,  0.988 },
-      {5,  -1, 0,  0.9935},
-      {11, -1, 0,  0.9970},
-      {1,  2,  40, 1     },
+      {5, -1, 15, 1}, {7, 2, 10, 1}, {3, -1, 0, 0.988}, {5, -1, 0, 0.9935}, {11, -1, 0, 0.9970}, {1, 2, 40, 1},
   };
   for (const auto& row : rows) {
     ASSERT_TRUE(LayHeadings(row.n, row.spread, row.option, h));
@@ -142,10 +137,10 @@ TEST(Phases, TablesAndGenerator) {
     int seed;
     double phases[4];
   } rows[] = {
-      {1,  {-77.2629, -88.7910, -146.3513, 39.0589}  },
-      {-1, {-77.2629, -88.7910, -146.3513, 39.0589}  },
-      {2,  {-30.6452, 176.2104, 98.7226, -95.2143}   },
-      {0,  {-151.6502, -14.0112, -112.6952, -103.6942}},
+      {1, {-77.2629, -88.7910, -146.3513, 39.0589}},
+      {-1, {-77.2629, -88.7910, -146.3513, 39.0589}},
+      {2, {-30.6452, 176.2104, 98.7226, -95.2143}},
+      {0, {-151.6502, -14.0112, -112.6952, -103.6942}},
   };
   for (const auto& row : rows) {
     PhaseGenerator generator(row.seed);
@@ -162,12 +157,12 @@ TEST(Phases, Files) {
     std::size_t count;  // 0: refused
     std::string words;
   } rows[] = {
-      {"lines",    "! comment\n10 20,-30.5 ! more\n2*5\n", 5,     ""                                                          },
-      {"a slash",  "1 2 / 3\n4\n",                         2,     ""                                                          },
-      {"most",     many.substr(2),                         10000, ""                                                          },
-      {"too many", many,                                   0,     "ERR??? - too many phases in phase file: run/p ; limit= 10000\n"},
-      {"none",     "! nothing\n",                          0,     "ERR??? - no phases read from phase file: run/p\n"          },
-      {"no number", "1 x\n",                               0,     "ERR??? - error reading phase file run/p\n"                 },
+      {"lines", "! comment\n10 20,-30.5 ! more\n2*5\n", 5, ""},
+      {"a slash", "1 2 / 3\n4\n", 2, ""},
+      {"most", many.substr(2), 10000, ""},
+      {"too many", many, 0, "ERR??? - too many phases in phase file: run/p ; limit= 10000\n"},
+      {"none", "! nothing\n", 0, "ERR??? - no phases read from phase file: run/p\n"},
+      {"no number", "1 x\n", 0, "ERR??? - error reading phase file run/p\n"},
   };
   for (const auto& row : rows) {
     FakePlatform fake;
@@ -194,22 +189,23 @@ TEST(Components, PhaseIndices) {
     float first, second;
     bool list;
   } rows[] = {
-      {-1, 1, 123.3F, 54.6F,   false},
-      {0,  2, 54.6F,  -102.9F, false},
-      {1,  2, -11.1F, -154.1F, false},
-      {2,  2, PhaseTable271()[10], PhaseTable271()[11], false},
-      {3,  2, PhaseTable1009()[10], PhaseTable1009()[11], false},
-      {0,  0, 34.8F,  123.3F,  false},
-      {0,  2, 2,      3,       true },
-      {0,  0, 3,      1,       true },
+      {-1, 1, 123.3F, 54.6F, false},
+      {0, 2, 54.6F, -102.9F, false},
+      {1, 2, -11.1F, -154.1F, false},
+      {2, 2, PhaseTable271()[10], PhaseTable271()[11], false},
+      {3, 2, PhaseTable1009()[10], PhaseTable1009()[11], false},
+      {0, 0, 34.8F, 123.3F, false},
+      {0, 2, 2, 3, true},
+      {0, 0, 3, 1, true},
   };
   for (const auto& row : rows) {
     SeawayInput sea = Jonswap();
     sea.IWVRLZ = row.IWVRLZ;
     WaveComponents waves;
-    ASSERT_EQ(SetupWaveComponents(sea, {.SPEC_PHASEOPTION = row.option},
-                                  row.list ? std::span<const float>(own) : std::span<const float>(), kGravity, {}, waves),
-              SeawayFault::none);
+    ASSERT_EQ(
+        SetupWaveComponents(sea, {.SPEC_PHASEOPTION = row.option},
+                            row.list ? std::span<const float>(own) : std::span<const float>(), kGravity, {}, waves),
+        SeawayFault::none);
     EXPECT_EQ(waves.PHASEW[0], row.first) << row.option;
     EXPECT_EQ(waves.PHASEW[1], row.second) << row.option;
   }
@@ -261,10 +257,12 @@ TEST(SetSpectrum, FaultsAndScales) {
     std::string words;
   } rows[] = {
       {{1, 0, 0}, false, "ERROR in SetSpectrum : illegal value for gravity constant= 0\n"},
-      {{1, 32.2F, 0}, false,
+      {{1, 32.2F, 0},
+       false,
        "ERROR in SetSpectrum : gravity constant in seaway definition = 32.2\n"
        "             does not match gravity constant in simulation setup  = 9.81\n"},
-      {{8, 9.5F, 200, 1, 0.5F, 30, 2, 180}, true,
+      {{8, 9.5F, 200, 1, 0.5F, 30, 2, 180},
+       true,
        "WARNING in SetSpectrum : gravity constant in seaway definition = 9.5\n"
        "         does not exactly match gravity constant in simulation setup  = 9.81\n"},
       {{1, 9.81F, 0, 2, 0.5F, 30, 2, 180}, false, "ERROR in SetSpectrum : seaway definition is incomplete\n"},

@@ -26,12 +26,7 @@ Seaway TwoComponents(double depth) {
   Seaway seaway;
   seaway.ISEA = 1;
   seaway.WDEPTH = depth;
-  seaway.waves = {
-      {0.8F,  1.3F  },
-      {30,    -60   },
-      {0.01F, 0.005F},
-      {180,   150   }
-  };
+  seaway.waves = {{0.8F, 1.3F}, {30, -60}, {0.01F, 0.005F}, {180, 150}};
   return seaway;
 }
 
@@ -85,11 +80,7 @@ TEST(IncidentWave, TwoComponentsByHand) {
   for (const auto& c : cases) {
     WaveOptions options;
     options.stretch = c.stretch;
-    const Values v = At(Prepared(TwoComponents(c.h)),
-                        {
-                            {0.2, -0.1, -0.05}
-    },
-                        {2.5, 1.0}, options);
+    const Values v = At(Prepared(TwoComponents(c.h)), {{0.2, -0.1, -0.05}}, {2.5, 1.0}, options);
     const double got[] = {v.one[0][0], v.one[3][0], v.one[4][0], v.one[5][0], v.one[7][0], v.second[2], v.second[8]};
     const double want[] = {c.eta, c.phi, c.phi_t, c.phi_x, c.phi_z, c.phi_xz, c.phi_zz};
     for (int i = 0; i < 7; ++i) EXPECT_NEAR(got[i], want[i], 1e-8) << c.h << ' ' << c.stretch << ' ' << i;
@@ -139,11 +130,7 @@ TEST(IncidentWave, OutputsAreTheDerivativesAndSatisfyTheConditions) {
     };
     WaveOptions options;
     options.stretch = 0;
-    const Values v = At(wave,
-                        {
-                            {r[0], r[1], r[2]}
-    },
-                        {r[3], 1.0}, options);
+    const Values v = At(wave, {{r[0], r[1], r[2]}}, {r[3], 1.0}, options);
     EXPECT_NEAR(v.one[0][0], form.Eta(r[0], r[1], r[3]), 3e-9);
     EXPECT_NEAR(v.one[1][0], (form.Eta(r[0] + d, r[1], r[3]) - form.Eta(r[0] - d, r[1], r[3])) / (2 * d), 1e-8);
     EXPECT_NEAR(v.one[2][0], (form.Eta(r[0], r[1] + d, r[3]) - form.Eta(r[0], r[1] - d, r[3])) / (2 * d), 1e-8);
@@ -155,12 +142,7 @@ TEST(IncidentWave, OutputsAreTheDerivativesAndSatisfyTheConditions) {
     }
     EXPECT_NEAR(v.second[0] + v.second[4] + v.second[8], 0.0F, 1e-8F);
 
-    const Values top = At(wave,
-                          {
-                              {0.3, -0.7, 0.0},
-                              {0.3, -0.7, -h }
-    },
-                          {2.5, 1.0}, options);
+    const Values top = At(wave, {{0.3, -0.7, 0.0}, {0.3, -0.7, -h}}, {2.5, 1.0}, options);
     EXPECT_NEAR(top.one[4][0], -top.one[0][0], 2e-9F);
     EXPECT_NEAR(top.one[7][0], (form.Eta(0.3, -0.7, 2.5 + d) - form.Eta(0.3, -0.7, 2.5 - d)) / (2 * d), 1e-8);
     if (h > 0.0) {
@@ -179,58 +161,32 @@ TEST(IncidentWave, DepthOfEvaluation) {
     int stretch, IEKZOPT;
     double phi;
   } cases[] = {
-      {0, -0.5, 0, 1,  0.5 * std::exp(-0.5)},
+      {0, -0.5, 0, 1, 0.5 * std::exp(-0.5)},
       {0, -0.5, 0, -1, 0.5 * std::exp(-0.5)},
-      {0, -0.5, 0, 0,  0.5                 },
-      {0, -0.5, 0, 2,  0.5                 },
-      {0, 0.7,  0, 1,  0.5                 },
-      {0, 0.7,  1, 1,  0.5                 },
-      {0, -31,  0, 1,  0                   },
-      {0, -31,  0, 2,  0.5                 },
+      {0, -0.5, 0, 0, 0.5},
+      {0, -0.5, 0, 2, 0.5},
+      {0, 0.7, 0, 1, 0.5},
+      {0, 0.7, 1, 1, 0.5},
+      {0, -31, 0, 1, 0},
+      {0, -31, 0, 2, 0.5},
   };
   for (const auto& c : cases) {
     WaveOptions options{c.IEKZOPT, c.stretch, false};
-    EXPECT_NEAR(At(Prepared(deep),
-                   {
-                       {0, 0, c.z}
-    },
-                   {}, options)
-                    .one[3][0],
-                c.phi, 1e-7)
-        << c.z << ' ' << c.IEKZOPT;
+    EXPECT_NEAR(At(Prepared(deep), {{0, 0, c.z}}, {}, options).one[3][0], c.phi, 1e-7) << c.z << ' ' << c.IEKZOPT;
   }
   // Short waves in deep but finite water decay as in deep water; below the bottom the bottom holds.
   Seaway finite = deep;
   finite.WDEPTH = 50;
-  EXPECT_NEAR(At(Prepared(finite),
-                 {
-                     {0, 0, -2}
-  },
-                 {}, {0, 0, false})
-                  .one[3][0],
-              0.5 * std::exp(-2.0), 1e-7);
+  EXPECT_NEAR(At(Prepared(finite), {{0, 0, -2}}, {}, {0, 0, false}).one[3][0], 0.5 * std::exp(-2.0), 1e-7);
   finite = TwoComponents(h);
-  const Values bottom = At(Prepared(finite),
-                           {
-                               {0, 0, -h},
-                               {0, 0, -k}
-  },
-                           {});
+  const Values bottom = At(Prepared(finite), {{0, 0, -h}, {0, 0, -k}}, {});
   EXPECT_EQ(bottom.one[3][0], bottom.one[3][1]);
 }
 
 TEST(IncidentWave, EachKindOfSeaway) {
   Seaway seaway = TwoComponents(0.4);
-  seaway.waves = {
-      {0.8F,  0.0F, -1.0F, kNaN, 1.3F  },
-      {30,    1,    2,     3,    -60   },
-      {0.01F, 1,    1,     1,    0.005F},
-      {180,   1,    2,     3,    150   }
-  };
-  const std::vector<Vector3> points = {
-      {0.2, -0.1, -0.05},
-      {3,   4,    0    }
-  };
+  seaway.waves = {{0.8F, 0.0F, -1.0F, kNaN, 1.3F}, {30, 1, 2, 3, -60}, {0.01F, 1, 1, 1, 0.005F}, {180, 1, 2, 3, 150}};
+  const std::vector<Vector3> points = {{0.2, -0.1, -0.05}, {3, 4, 0}};
   const Values want = At(Prepared(TwoComponents(0.4)), points, {2.5, 1.0});
   EXPECT_EQ(At(Prepared(seaway), points, {2.5, 1.0}).second, want.second) << "components without a wave";
 
@@ -307,11 +263,7 @@ TEST(IncidentWave, AnyNumbersAreData) {
         seaway.alternative = {w.FREQW, w.HEADW, w.AMPW0, w.PHASEW, w.FREQW, w.HEADW, 1, 2};
         seaway.modes = {w.AMPW0, w.PHASEW, w.FREQW, w.HEADW[1]};
         const IncidentWave wave = Prepared(seaway);
-        const std::vector<Vector3> points = {
-            {0,         0,     0     },
-            {kInfinity, 1e300, -1e300},
-            {kNaN,      0,     kNaN  }
-        };
+        const std::vector<Vector3> points = {{0, 0, 0}, {kInfinity, 1e300, -1e300}, {kNaN, 0, kNaN}};
         for (const double time : {0.0, 1e300, kInfinity}) EXPECT_EQ(At(wave, points, {time, 1e300}).one[0].size(), 3U);
       }
     }

@@ -16,23 +16,8 @@ Seaway OfKind(int ISEA) {
   sea.ISEA = ISEA;
   if (ISEA == 1 || ISEA == 3) sea.waves = {{1.25F}, {-1.2345679e-5F}, {0.0123456F}, {180}};  // as long as they get
   if (ISEA == 3) sea.WSPEC = 4;
-  if (ISEA == 4)
-    sea.alternative = {
-        {1,     2    },
-        {0.5F,  -0.5F},
-        {0.01F, 0.02F},
-        {10,    20   },
-        {1.5F,  0    },
-        {0,     90   },
-        1, 2
-    };
-  if (ISEA == 5)
-    sea.modes = {
-        {0.01F, 0.02F},
-        {30,    -40  },
-        {1.1F,  1.2F },
-        165
-    };
+  if (ISEA == 4) sea.alternative = {{1, 2}, {0.5F, -0.5F}, {0.01F, 0.02F}, {10, 20}, {1.5F, 0}, {0, 90}, 1, 2};
+  if (ISEA == 5) sea.modes = {{0.01F, 0.02F}, {30, -40}, {1.1F, 1.2F}, 165};
   return sea;
 }
 
@@ -71,11 +56,7 @@ TEST(KinoSea, EveryKindComesBack) {
 TEST(KinoSea, HeadAndClosingLines) {
   Seaway sea = OfKind(1);
   sea.WDEPTH = 0.5;
-  sea.scaling = {
-      {1, 101},
-      {0, 1  },
-      0, 0.1
-  };
+  sea.scaling = {{1, 101}, {0, 1}, 0, 0.1};
   ControlRecords records;
   records.LENIN = 100;
   records.seaway.ISEA = 8;
@@ -115,17 +96,17 @@ TEST(KinoSea, DamagedFiles) {
     std::string text, words;
     KinoSeaStatus status;
   } rows[] = {
-      {"empty",            "",                                                       unchanged,                                                                        KinoSeaStatus::unchanged},
-      {"no such kind",     "0\n9\n",                                                 unchanged,                                                                        KinoSeaStatus::unchanged},
-      {"comments missing", "3\nonly one\n",                                          "Comment line: only one\n" + unchanged,                                           KinoSeaStatus::unchanged},
-      {"no count",         "0\n3\n2.5\n",                                            "ERROR - Could not parse number of wave components from KINO file\n" + corrupted,
-       KinoSeaStatus::corrupted                                                                                                                                                                },
-      {"rows missing",     "0\n3\n2\n1 2 3 4\n",                                     "Superposition of 2 regular linear waves\n" + corrupted,
-       KinoSeaStatus::corrupted                                                                                                                                                                },
-      {"huge count",       "0\n3\n2000000000\n1 2 3 4\n",
-       "ERROR - Could not parse number of wave components from KINO file\n" + corrupted,                                                                               KinoSeaStatus::corrupted},
-      {"words ahead",      "1\nhead\n1\nFrequency Phase\n0.5 10 1 180\nRead this\n",
-       "Comment line: head\nRegular linear wave\n",                                                                                                                    KinoSeaStatus::ok       },
+      {"empty", "", unchanged, KinoSeaStatus::unchanged},
+      {"no such kind", "0\n9\n", unchanged, KinoSeaStatus::unchanged},
+      {"comments missing", "3\nonly one\n", "Comment line: only one\n" + unchanged, KinoSeaStatus::unchanged},
+      {"no count", "0\n3\n2.5\n", "ERROR - Could not parse number of wave components from KINO file\n" + corrupted,
+       KinoSeaStatus::corrupted},
+      {"rows missing", "0\n3\n2\n1 2 3 4\n", "Superposition of 2 regular linear waves\n" + corrupted,
+       KinoSeaStatus::corrupted},
+      {"huge count", "0\n3\n2000000000\n1 2 3 4\n",
+       "ERROR - Could not parse number of wave components from KINO file\n" + corrupted, KinoSeaStatus::corrupted},
+      {"words ahead", "1\nhead\n1\nFrequency Phase\n0.5 10 1 180\nRead this\n",
+       "Comment line: head\nRegular linear wave\n", KinoSeaStatus::ok},
   };
   for (const auto& row : rows) {
     FakePlatform fake;

@@ -1,9 +1,10 @@
-#include "waves/dispersion.h"
 #include "waves/regular_wave.h"
 
 #include <cmath>
 
 #include <gtest/gtest.h>
+
+#include "waves/dispersion.h"
 
 namespace zaview {
 namespace {

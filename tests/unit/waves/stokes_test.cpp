@@ -19,10 +19,8 @@ TEST(Stokes, ByHand) {
   const struct {
     int order;
     double w, eta, phi, phi_x, phi_z;
-  } cases[] = {
-      {1, 3.2,      -0.01973756, kPhi1,       0.06316021, -0.01033383},
-      {5, 3.269865, -0.01814004, 7.672038e-5, 0.06291932, 7.793217e-4}
-  };
+  } cases[] = {{1, 3.2, -0.01973756, kPhi1, 0.06316021, -0.01033383},
+               {5, 3.269865, -0.01814004, 7.672038e-5, 0.06291932, 7.793217e-4}};
   for (const auto& c : cases) {
     seaway.WSPEC = c.order;
     IncidentWave wave;
@@ -82,16 +80,8 @@ TEST(Stokes, OrderOfTheFreeSurfaceResiduals) {
     int order;
     double third_order;
     double kinematic, dynamic;  // powers of e
-  } cases[] = {
-      {1, 0.675, 2, 2},
-      {2, 0.675, 3, 3},
-      {3, 0.675, 3, 3},
-      {4, 0.675, 3, 3},
-      {5, 0.675, 3, 3},
-      {3, 0.625, 4, 4},
-      {4, 0.625, 5, 5},
-      {5, 0.625, 6, 6}
-  };
+  } cases[] = {{1, 0.675, 2, 2}, {2, 0.675, 3, 3}, {3, 0.675, 3, 3}, {4, 0.675, 3, 3},
+               {5, 0.675, 3, 3}, {3, 0.625, 4, 4}, {4, 0.625, 5, 5}, {5, 0.625, 6, 6}};
   for (const auto& c : cases) {
     const double e = c.third_order == kStokesThirdOrder ? 0.01 : 0.04;
     const Residuals coarse = OnTheSurface(e, c.order, c.third_order);
@@ -131,11 +121,7 @@ struct PairSums {
 };
 
 PairSums ThreeModes(double scale) {
-  return {
-      {0.02 * scale, 0.012 * scale, 0.016 * scale},
-      {0.75,         1.125,         1.5          },
-      {0.5,          -1.0,          2.0          }
-  };
+  return {{0.02 * scale, 0.012 * scale, 0.016 * scale}, {0.75, 1.125, 1.5}, {0.5, -1.0, 2.0}};
 }
 
 TEST(Stokes, SecondOrderSeaway) {
@@ -153,17 +139,8 @@ TEST(Stokes, SecondOrderSeaway) {
   IncidentWave wave;
   ASSERT_TRUE(PrepareIncidentWave(seaway, wave));
   float v[8] = {}, nine[9] = {};
-  const WaveOutputs out = {
-      {v,     1},
-      {v + 1, 1},
-      {v + 2, 1},
-      {v + 3, 1},
-      {v + 4, 1},
-      {v + 5, 1},
-      {v + 6, 1},
-      {v + 7, 1},
-      nine
-  };
+  const WaveOutputs out = {{v, 1},     {v + 1, 1}, {v + 2, 1}, {v + 3, 1}, {v + 4, 1},
+                           {v + 5, 1}, {v + 6, 1}, {v + 7, 1}, nine};
   const Vector3 point = {x * X, x * Y, z};
   ASSERT_EQ(EvalIncidentWave(wave, {t, 1.0}, {1, 0, false}, {&point, 1}, out), WaveFault::none);
   const auto phi = [&](double dx, double dz, double dt = 0) { return form.Phi(x + dx, z + dz, t + dt); };

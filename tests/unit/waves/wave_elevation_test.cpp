@@ -61,16 +61,8 @@ TEST(WaveElevation, CelerityOfACrest) {
   seaway.waves = {{1.2F}, {70}, {0.01F}, {150}};
   const IncidentWave wave = Prepared(seaway);
   double v[8] = {};
-  const CelerityTerms out = {
-      {v,     1},
-      {v + 1, 1},
-      {v + 2, 1},
-      {v + 3, 1},
-      {v + 4, 1},
-      {v + 5, 1},
-      {v + 6, 1},
-      {v + 7, 1}
-  };
+  const CelerityTerms out = {{v, 1},     {v + 1, 1}, {v + 2, 1}, {v + 3, 1},
+                             {v + 4, 1}, {v + 5, 1}, {v + 6, 1}, {v + 7, 1}};
   const Vector3 point = {0.3, 0.2, 0};
   const double along[2] = {1, 0};
   ASSERT_EQ(IncidentWaveCelerity(wave, {3.0, 1.0}, {&point, 1}, along, out), WaveFault::none);
@@ -82,12 +74,7 @@ TEST(WaveElevation, CelerityOfACrest) {
 
   // Two waves: a crest moves so that the slope stays 0: -eta_st/eta_ss by differences.
   seaway.ISEA = 1;
-  seaway.waves = {
-      {1.2F,  0.9F },
-      {70,    10   },
-      {0.01F, 0.02F},
-      {150,   200  }
-  };
+  seaway.waves = {{1.2F, 0.9F}, {70, 10}, {0.01F, 0.02F}, {150, 200}};
   const IncidentWave two = Prepared(seaway);
   const auto slope = [&](double s, double t) {
     const Vector3 at = {0.3 + s, 0.2, 0};
@@ -107,16 +94,9 @@ TEST(WaveElevation, KindsWithoutSlopes) {
   const struct {
     int ISEA, order;
     WaveFault fault;
-  } cases[] = {
-      {0,  0, WaveFault::none         },
-      {2,  0, WaveFault::none         },
-      {3,  0, WaveFault::none         },
-      {3,  1, WaveFault::not_supported},
-      {4,  0, WaveFault::not_supported},
-      {5,  0, WaveFault::not_supported},
-      {9,  0, WaveFault::unknown_kind },
-      {-1, 0, WaveFault::unknown_kind }
-  };
+  } cases[] = {{0, 0, WaveFault::none},          {2, 0, WaveFault::none},          {3, 0, WaveFault::none},
+               {3, 1, WaveFault::not_supported}, {4, 0, WaveFault::not_supported}, {5, 0, WaveFault::not_supported},
+               {9, 0, WaveFault::unknown_kind},  {-1, 0, WaveFault::unknown_kind}};
   const Vector3 point = {};
   const double along[2] = {1, 0};
   for (const auto& c : cases) {

@@ -27,10 +27,7 @@ TEST(WaveInterp, RectangleOfTheTable) {
     WaveTableRequest request;
     int nx, ny;
     double x0, y0, dx, dy;
-  } cases[] = {
-      {ship,  81, 41, 1.9, 4.4, 1.2 / 80, 1.2 / 40},
-      {sized, 5,  3,  97,  4.5, 1,        0.5     }
-  };
+  } cases[] = {{ship, 81, 41, 1.9, 4.4, 1.2 / 80, 1.2 / 40}, {sized, 5, 3, 97, 4.5, 1, 0.5}};
   for (const auto& c : cases) {
     WaveTable table;
     ASSERT_TRUE(SetupIncidentWaveInterpHS(OneWave(), {1.0, 1.0}, c.request, table));
@@ -52,21 +49,12 @@ TEST(WaveInterp, RectangleOfTheTable) {
 }
 
 TEST(WaveInterp, BilinearInsideAndNothingOutside) {
-  WaveTable table{
-      2.5, 10, -1, 0.5, 2, 3, 2, {1, 2, 4, 8, 16, 32}
-  };
+  WaveTable table{2.5, 10, -1, 0.5, 2, 3, 2, {1, 2, 4, 8, 16, 32}};
   const struct {
     double x, y;
     float eta;
-  } inside[] = {
-      {10,    -1,  1     },
-      {11,    -1,  4     },
-      {10,    1,   8     },
-      {11,    1,   32    },
-      {10.25, -1,  1.5F  },
-      {10.5,  0,   9     },
-      {10.75, 0.5, 18.75F}
-  };  // 3 + 0.75 (24 - 3)
+  } inside[] = {{10, -1, 1},       {11, -1, 4},  {10, 1, 8},          {11, 1, 32},
+                {10.25, -1, 1.5F}, {10.5, 0, 9}, {10.75, 0.5, 18.75F}};  // 3 + 0.75 (24 - 3)
   std::vector<Vector3> points;
   for (const auto& c : inside) points.push_back({c.x, c.y, -3});
   std::vector<float> eta(points.size(), 7);
@@ -75,14 +63,8 @@ TEST(WaveInterp, BilinearInsideAndNothingOutside) {
 
   const double nan = std::numeric_limits<double>::quiet_NaN();
   eta.assign(eta.size(), 7);
-  for (const Vector3& outside : {
-           Vector3{9.999,  0,      0},
-           Vector3{11.001, 0,      0},
-           Vector3{10,     -1.001, 0},
-           Vector3{10,     1.001,  0},
-           Vector3{nan,    0,      0},
-           Vector3{1e300,  0,      0}
-  }) {
+  for (const Vector3& outside : {Vector3{9.999, 0, 0}, Vector3{11.001, 0, 0}, Vector3{10, -1.001, 0},
+                                 Vector3{10, 1.001, 0}, Vector3{nan, 0, 0}, Vector3{1e300, 0, 0}}) {
     points.back() = outside;
     EXPECT_FALSE(ElevationFromTable(table, 2.5, points, eta)) << outside[0];
   }
@@ -101,11 +83,7 @@ TEST(WaveInterp, NodesAndBorderAreTheWave) {
   WaveTable table;
   ASSERT_TRUE(SetupIncidentWaveInterpHS(OneWave(), moment, request, table));
   const std::vector<Vector3> points = {
-      {0.1,        1.0 / 3,        0},
-      {0.1 - 0.35, 1.0 / 3 - 0.15, 0},
-      {0.1 + 0.35, 1.0 / 3 + 0.15, 0},
-      {0.2345,     0.4,            0}
-  };
+      {0.1, 1.0 / 3, 0}, {0.1 - 0.35, 1.0 / 3 - 0.15, 0}, {0.1 + 0.35, 1.0 / 3 + 0.15, 0}, {0.2345, 0.4, 0}};
   std::vector<float> direct(points.size()), taken(points.size());
   WaveOutputs out;
   out.eta = direct;
