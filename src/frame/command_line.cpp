@@ -12,7 +12,7 @@
 #include "frame/run_loop.h"
 #include "frame/title_box.h"
 #include "script/script_variables.h"
-#include "script/start_plot.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 

@@ -8,8 +8,8 @@
 #include "frame/ground/prompts.h"
 #include "frame/quantity_menu.h"
 #include "script/ensemble_cases.h"
-#include "script/start_plot.h"
 #include "stats/tables/ensemble_dialogues.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 

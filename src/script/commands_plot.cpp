@@ -13,8 +13,8 @@
 #include "script/open_script_file.h"
 #include "script/plot_commands.h"
 #include "script/selectors.h"
-#include "script/start_plot.h"
 #include "stats/statistic_table.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 

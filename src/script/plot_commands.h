@@ -2,7 +2,7 @@
 #pragma once
 
 #include "script/script_call.h"
-#include "script/start_plot.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 

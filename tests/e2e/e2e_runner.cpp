@@ -17,6 +17,8 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
+#include "project_places.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -91,7 +93,7 @@ void AddLinesOf(const Text& text, const std::string& words, std::vector<std::str
   for (const Step& step : text.steps) {
     if (step.word == "file" && step.rest == name) from = step.lines;
   }
-  if (from.empty()) from = Lines(FileText(fs::path(ZAVIEW_SOURCE_DIR) / name));
+  if (from.empty()) from = Lines(FileText(ProjectFile(name)));
   for (size_t i = std::max(first, size_t{1}); i <= std::min(last, from.size()); ++i) to.push_back(from[i - 1]);
 }
 
@@ -223,9 +225,8 @@ Outcome RunProgram(const fs::path& folder, const std::string& arguments, const s
   std::ofstream(io.Path() / "stdin", std::ios::binary) << input;
   // Never on the display of whoever runs the tests; pictures by the same driver everywhere.
   const std::string command =
-      "cd " + folder.string() +
-      " && env -u DISPLAY LIBGL_ALWAYS_SOFTWARE=1 GALLIUM_DRIVER=llvmpipe timeout 60 " ZAVIEW_PROGRAM + arguments +
-      " <" + files + "/stdin >" + files + "/stdout 2>" + files + "/stderr";
+      "cd " + folder.string() + " && env -u DISPLAY LIBGL_ALWAYS_SOFTWARE=1 GALLIUM_DRIVER=llvmpipe timeout 60 " +
+      TestedProgram() + arguments + " <" + files + "/stdin >" + files + "/stdout 2>" + files + "/stderr";
   Outcome outcome;
   outcome.status = WEXITSTATUS(std::system(command.c_str()));
   outcome.console = FileText(io.Path() / "stdout");
@@ -283,7 +284,7 @@ class Session {
   void Copy(const Step& step) {
     const std::vector<std::string> words = Words(step.rest);
     ASSERT_TRUE(words.size() == 1 || (words.size() == 3 && words[1] == "as")) << At(step);
-    const fs::path from = fs::path(ZAVIEW_SOURCE_DIR) / words[0];
+    const fs::path from = ProjectFile(words[0]);
     std::error_code error;
     fs::copy_file(from, folder_.Path() / (words.size() == 3 ? fs::path(words[2]) : from.filename()), error);
     ASSERT_FALSE(error) << At(step) << ": " << error.message();
@@ -362,7 +363,7 @@ class SessionTest : public testing::Test {
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   std::vector<fs::path> texts;
-  for (const auto& entry : fs::directory_iterator(ZAVIEW_SOURCE_DIR "/tests/e2e")) {
+  for (const auto& entry : fs::directory_iterator(ProjectFile("tests/e2e"))) {
     if (entry.path().extension() == ".txt") texts.push_back(entry.path());
   }
   std::sort(texts.begin(), texts.end());

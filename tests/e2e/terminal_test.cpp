@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "project_places.h"
 #include "pseudo_terminal.h"
 
 namespace zaview {
@@ -26,7 +27,7 @@ struct TerminalSession : testing::Test {  // a folder with one run file
   std::string path = (fs::temp_directory_path() / "zaview-test-XXXXXX").string();
   TerminalSession() {
     EXPECT_NE(::mkdtemp(path.data()), nullptr);
-    fs::copy(ZAVIEW_SOURCE_DIR "/samples/regular_head.out", fs::path(path) / "run.out");
+    fs::copy(ProjectFile("samples/regular_head.out"), fs::path(path) / "run.out");
   }
   ~TerminalSession() override { fs::remove_all(path); }
   [[nodiscard]] std::string Text(std::string_view name) const {
@@ -40,7 +41,7 @@ int Program(std::vector<std::string> words) {
   std::vector<char*> arguments;
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
-  ::execv(ZAVIEW_PROGRAM, arguments.data());
+  ::execv(TestedProgram().c_str(), arguments.data());
   return 127;
 }
 

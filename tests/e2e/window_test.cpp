@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
+#include "project_places.h"
 #include "pseudo_terminal.h"
 #include "x_display.h"
 
@@ -25,7 +26,7 @@ struct WindowSession : testing::Test {
 
   WindowSession() {
     EXPECT_NE(::mkdtemp(path.data()), nullptr);
-    fs::copy(ZAVIEW_SOURCE_DIR "/samples/irregular_head.out", fs::path(path) / "run.out");
+    fs::copy(ProjectFile("samples/irregular_head.out"), fs::path(path) / "run.out");
   }
   ~WindowSession() override { fs::remove_all(path); }
   void SetUp() override {
@@ -42,9 +43,9 @@ struct WindowSession : testing::Test {
     else ::setenv("DISPLAY", display.c_str(), 1);
     ::setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
     ::setenv("GALLIUM_DRIVER", "llvmpipe", 1);
-    ::setenv("LSAN_OPTIONS", "print_suppressions=0:suppressions=" ZAVIEW_SOURCE_DIR "/tests/e2e/lsan.supp",
+    ::setenv("LSAN_OPTIONS", ("print_suppressions=0:suppressions=" + ProjectFile("tests/e2e/lsan.supp")).c_str(),
              1);  // of the driver
-    ::execv(ZAVIEW_PROGRAM, arguments.data());
+    ::execv(TestedProgram().c_str(), arguments.data());
     return 127;
   }
   [[nodiscard]] std::function<int()> Run(std::vector<std::string> words) const {

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
+#include "project_places.h"
 #include "script/open_script_file.h"
 
 namespace zaview {
@@ -22,7 +23,7 @@ struct MenuSession {
 
   MenuSession() {
     for (const char* const name : {"sea_1.out", "sea_2.out", "sea_3.out"}) {
-      std::ifstream in(std::string(ZAVIEW_SOURCE_DIR "/samples/") + name, std::ios::binary);
+      std::ifstream in(ProjectFile("samples/") + name, std::ios::binary);
       fake.Put(name, {std::istreambuf_iterator<char>(in), {}});
     }
     fake.Put("s", "READ *.out\n");

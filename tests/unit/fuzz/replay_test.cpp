@@ -9,13 +9,14 @@
 #include <gtest/gtest.h>
 
 #include "fuzz/try_input.h"
+#include "project_places.h"
 
 namespace zaview {
 namespace {
 
 void Replay(const std::string& target, void (*attempt)(std::string_view)) {
   std::vector<std::filesystem::path> inputs;
-  for (const auto& entry : std::filesystem::directory_iterator(ZAVIEW_SOURCE_DIR "/fuzz/corpus/" + target))
+  for (const auto& entry : std::filesystem::directory_iterator(ProjectFile("fuzz/corpus/") + target))
     inputs.push_back(entry.path());
   std::sort(inputs.begin(), inputs.end());
   ASSERT_FALSE(inputs.empty());

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include "project_places.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -121,14 +123,14 @@ std::string CheckFile(const Layers& layers, const fs::path& src, const std::stri
 }
 
 Layers ProjectLayers() {
-  std::ifstream in(ZAVIEW_SOURCE_DIR "/tests/layers.txt");
+  std::ifstream in(ProjectFile("tests/layers.txt"));
   return ReadLayers(in);
 }
 
 TEST(Layers, EveryIncludeOfSrcGoesDown) {
   const Layers layers = ProjectLayers();
   EXPECT_TRUE(layers.faults.empty()) << layers.faults.front();
-  const fs::path src = ZAVIEW_SOURCE_DIR "/src";
+  const fs::path src = ProjectFile("src");
   std::string faults;
   Names stems;
   for (const auto& entry : fs::recursive_directory_iterator(src)) {

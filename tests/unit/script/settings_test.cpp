@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "project_places.h"
 #include "unit/script/script_run.h"
 
 namespace zaview {
@@ -135,7 +136,7 @@ struct Setting {
 };
 
 std::string SampleBytes(const char* name) {
-  std::ifstream in(std::string(ZAVIEW_SOURCE_DIR "/samples/") + name, std::ios::binary);
+  std::ifstream in(ProjectFile("samples/") + name, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), {}};
 }
 

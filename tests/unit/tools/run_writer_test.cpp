@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include "project_places.h"
+
 namespace run_writer {
 
 namespace {
@@ -58,7 +60,7 @@ TEST(RunWriter, SamplesAreWhatTheWriterWrites) {
   for (const std::string_view name : SampleNames()) {
     RunSpec spec;
     ASSERT_TRUE(SampleSpec(name, spec));
-    std::ifstream in(std::string(ZAVIEW_SOURCE_DIR) + "/samples/" + std::string(name) + ".out", std::ios::binary);
+    std::ifstream in(ProjectFile("samples/") + std::string(name) + ".out", std::ios::binary);
     std::ostringstream sample;
     sample << in.rdbuf();
     const std::string header = HeaderText(spec);

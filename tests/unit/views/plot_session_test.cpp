@@ -6,7 +6,7 @@
 
 #include "frame/ground/zaview_exit.h"
 #include "plot_view.h"
-#include "script/start_plot.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 namespace {

@@ -16,13 +16,14 @@
 #include "frame/session.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/window/window_offscreen.h"
+#include "project_places.h"
 #include "views/data_plot/data_plot.h"
 
 namespace zaview {
 
 // Of the folder of samples.
 inline std::string SampleBytes(const std::string& name) {
-  std::ifstream in(std::string(ZAVIEW_SOURCE_DIR) + "/samples/" + name, std::ios::binary);
+  std::ifstream in(ProjectFile("samples/") + name, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 

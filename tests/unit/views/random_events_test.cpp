@@ -7,8 +7,8 @@
 #include "frame/ground/zaview_exit.h"
 #include "gks/window/gks_window.h"
 #include "plot_view.h"
-#include "script/start_plot.h"
 #include "views/frame/plot_session.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 namespace {

@@ -2,7 +2,7 @@
 # Lets every open, write, close and rename of a run fail in turn, then ends the run at each of them. Whatever happens,
 # an output file is the old one or the new one, whole, and only a run that was killed may leave its temporary file.
 # Needs strace and the right to trace; without them nothing is tried.
-#   tests/write_faults.sh [program]
+#   tools/write_faults.sh [program]
 set -uo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

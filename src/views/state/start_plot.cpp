@@ -1,4 +1,4 @@
-#include "script/start_plot.h"
+#include "views/state/start_plot.h"
 
 #include "gks/window/gks_window.h"
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Compares the statistics tables of the program with the same formulas in double precision.
 
-    tests/ensemble_check.py PROGRAM FILE...
+    tools/ensemble_check.py PROGRAM FILE...
 
 The run files are taken as one ensemble, each .mot file (KINO motions) alone. The samples are those of WRITE_HISTORY, to
 the last bit; what is counted must be equal, what is computed must agree to FIVE_DIGITS, or to what 4 bytes can hold
