@@ -2,7 +2,7 @@
 # Installs what building needs on Debian 12, with `--tests` what testing needs too. Does nothing when all of it is there.
 set -euo pipefail
 
-packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-dev libeigen3-dev libfftw3-dev
+packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-dev libfftw3-dev
           libedit-dev libgl-dev libegl-dev libegl1 freeglut3-dev libx11-dev libx11-dev libpng-dev libgd-dev)
 case ${1-} in
   "") ;;

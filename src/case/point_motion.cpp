@@ -3,6 +3,7 @@
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/rotation.h"
+#include "case/ship_pose.h"
 #include "case/size_history.h"
 #include "control/input_scales.h"
 #include "geometry/input_transform.h"
@@ -25,22 +26,6 @@ void Put(StepHistory& history, std::size_t first, std::size_t s, const Vector3& 
 }
 
 constexpr std::size_t kPointColumns = 13;
-
-Vector3 FromCentre(const CaseStore& c, Vector3 ship) {
-  if (const auto index = static_cast<std::size_t>(c.ship - 1); index < c.ships.size())
-    for (std::size_t i = 0; i < 3; ++i) ship[i] -= c.ships[index].centre[i];
-  return ship;
-}
-
-// The point where the initial position puts it, global.
-Vector3 PointAtStart(const CaseStore& c) {
-  const InputScales scales = InputScalesOf(c.control);
-  const Sextet& start = c.control.PMGIN;
-  const Rotation R = ShipToGlobal(start[3] * scales.angle, start[4] * scales.angle, start[5] * scales.angle);
-  Vector3 p = ToGlobal(R, FromCentre(c, InputToShip(c.control, c.built.point)));
-  for (std::size_t i = 0; i < 3; ++i) p[i] += start[i] * scales.length;
-  return p;
-}
 
 }  // namespace
 
@@ -85,7 +70,8 @@ WaveAnswer RelativePointMot(const Console& console, CaseStore& case_store) {
 
   const InputScales scales = InputScalesOf(c.control);
   const double advance = c.control.USHIP * scales.velocity * (c.control.DTH * scales.time);
-  const Vector3 start = PointAtStart(c);
+  const Vector3 from_centre = FromCentre(c, InputToShip(c.control, c.built.point));
+  const Vector3 start = ShipToEarth(PoseAtStart(c), from_centre);  // the point where the initial position puts it
   for (std::size_t s = 0; s < eta.size(); ++s) {
     const double steps_since_start = static_cast<double>(c.first_read - 1) + static_cast<double>(s);
     const Vector3 p = Triple3(c.point_motion, 0, s);

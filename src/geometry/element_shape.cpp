@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "geometry/hull_cells.h"
+
 namespace zaview {
 namespace {
 
@@ -16,20 +18,11 @@ double Dot(const Vector3& a, const Vector3& b) {
 }  // namespace
 
 Vector3 ElementCentre(const HullMesh& mesh, const HullElement& element) {
-  const int n = element.corners();
-  Vector3 sum{};
-  for (int i = 0; i < n; ++i)
-    for (std::size_t k = 0; k < 3; ++k) sum[k] += Corner(mesh, element, i)[k];
-  for (double& x : sum) x /= n;
-  return sum;
+  return CellCentre(ElementCell(mesh, element));
 }
 
 Vector3 ElementNormal(const HullMesh& mesh, const HullElement& element) {
-  const Vector3& first = Corner(mesh, element, 0);
-  const Vector3& second = Corner(mesh, element, 1);
-  const Vector3& third = Corner(mesh, element, 2);
-  if (element.corners() == 3) return Cross(Minus(second, first), Minus(third, first));
-  return Cross(Minus(third, first), Minus(Corner(mesh, element, 3), second));
+  return CellNormal(ElementCell(mesh, element));
 }
 
 double ElementFlux(const HullMesh& mesh, const HullElement& element, const Vector3& r0) {

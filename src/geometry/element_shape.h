@@ -9,10 +9,8 @@ inline const Vector3& Corner(const HullMesh& mesh, const HullElement& element, i
   return mesh.nodes[static_cast<std::size_t>(element.node[static_cast<std::size_t>(i)] - 1)];
 }
 
-[[nodiscard]] Vector3 ElementCentre(const HullMesh& mesh, const HullElement& element);  // mean of the corners
-
-// Along the right-hand normal of the corner order, its length twice the area of a plane element:
-// (p2 - p1) x (p3 - p1), of a quadrilateral (p3 - p1) x (p4 - p2).
+// Of the cell that the element is (hull_cells.h): mean of its corners; normal with twice its area.
+[[nodiscard]] Vector3 ElementCentre(const HullMesh& mesh, const HullElement& element);
 [[nodiscard]] Vector3 ElementNormal(const HullMesh& mesh, const HullElement& element);
 
 // Integral of (r - r0) . n dA, a quadrilateral taken as four triangles about its centre. Over a closed surface three

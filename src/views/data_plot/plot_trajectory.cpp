@@ -12,9 +12,9 @@
 #include "base/table_text.h"
 #include "case/case_hull.h"
 #include "case/quantity_catalogue.h"
-#include "control/input_scales.h"
+#include "case/ship_pose.h"
+#include "geometry/hull_waterline.h"
 #include "gks/kernel/gks_transform.h"
-#include "views/data_plot/hull_waterline.h"
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 
@@ -36,13 +36,6 @@ constexpr float kTurn = 0.01F;         // radians: a hull on top of the one befo
 constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 
 // ---- Data
-// The plane of the still water in ship axes: where the initial position puts it, upright.
-double StillWater(const CaseStore& store) {
-  const double start = store.control.PMGIN[2] * InputScalesOf(store.control).length;
-  const auto ship = static_cast<std::size_t>(store.ship - 1);
-  return (ship < store.ships.size() ? store.ships[ship].centre[2] : 0.0) - start;
-}
-
 void FillWaterline(Session& session, DataPlotDerived& derived) {
   derived.waterline_x.clear();
   derived.waterline_y.clear();
@@ -54,9 +47,7 @@ void FillWaterline(Session& session, DataPlotDerived& derived) {
     Say(session.platform.console, kTooMany, count, MAXWP0);
     SayLine(session.platform.console, kIncomplete);
   }
-  Triple centre{};
-  if (const auto ship = static_cast<std::size_t>(store.ship - 1); ship < store.ships.size())
-    centre = store.ships[ship].centre;
+  const Vector3 centre = ShipCentre(store);
   const double length = static_cast<double>(session.output.scales.position[0]);
   const auto shown = [&](double value, std::size_t i) { return static_cast<float>((value - centre[i]) * length); };
   for (const WaterlinePiece& piece : pieces) {

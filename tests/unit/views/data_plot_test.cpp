@@ -9,7 +9,6 @@
 
 #include "../case/small_case.h"
 #include "plot_view.h"
-#include "views/data_plot/hull_waterline.h"
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/stat_overlay.h"
@@ -372,21 +371,6 @@ void GiveHull(CaseStore& store) {
     for (const double z : {-0.1, 0.1}) side.points.push_back({g[0] + corner[0], g[1] + corner[1], z});
   store.hull.surfaces = {side};
   store.hull_tried = Tried::there;
-}
-
-TEST(HullWaterline, PiecesOfABox) {
-  CaseStore store = SmallCase(1, 4);
-  GiveHull(store);
-  std::vector<WaterlinePiece> pieces;
-  EXPECT_EQ(CutHull(store.hull, 0.0, pieces), 4);
-  double length = 0;
-  for (const WaterlinePiece& piece : pieces) length += std::hypot(piece[1][0] - piece[0][0], piece[1][1] - piece[0][1]);
-  EXPECT_NEAR(length, 1.0, 1e-12);
-  EXPECT_EQ(CutHull(store.hull, 0.2, pieces), 0);
-  EXPECT_EQ(CutHull(store.hull, 0.1, pieces), 4);  // in the plane counts as above
-  for (int i = 0; i < 200; ++i) store.hull.surfaces.push_back(store.hull.surfaces[0]);
-  EXPECT_EQ(CutHull(store.hull, 0.0, pieces), 804);
-  EXPECT_EQ(pieces.size(), 500U);
 }
 
 TEST(Trajectory, UnitsAreAsLongOnBothAxes) {

@@ -1,7 +1,9 @@
-#include "views/data_plot/hull_waterline.h"
+#include "geometry/hull_waterline.h"
 
 #include <cstddef>
 #include <span>
+
+#include "geometry/hull_cells.h"
 
 namespace zaview {
 
@@ -25,31 +27,12 @@ void CutCell(std::span<const Vector3> corners, double height, int& count, std::v
   }
 }
 
-void CutSurface(const HullSurface& surface, double height, int& count, std::vector<WaterlinePiece>& pieces) {
-  for (int i = 1; i < surface.KSTA; ++i) {
-    for (int j = 1; j < surface.KWL; ++j) {
-      const Vector3 corners[] = {surface.at(i, j), surface.at(i + 1, j), surface.at(i + 1, j + 1),
-                                 surface.at(i, j + 1)};
-      CutCell(corners, height, count, pieces);
-    }
-  }
-}
-
 }  // namespace
 
 int CutHull(const Hull& hull, double height, std::vector<WaterlinePiece>& pieces) {
   int count = 0;
   pieces.clear();
-  for (const HullSurface& surface : hull.surfaces) CutSurface(surface, height, count, pieces);
-  const HullMesh& mesh = hull.mesh;
-  for (std::size_t i = 0; i < mesh.elements.size(); ++i) {
-    if (i < mesh.on_transom.size() && mesh.on_transom[i]) continue;
-    const HullElement& element = mesh.elements[i];
-    std::array<Vector3, 4> corners{};
-    const auto n = static_cast<std::size_t>(element.corners());
-    for (std::size_t k = 0; k < n; ++k) corners[k] = mesh.nodes[static_cast<std::size_t>(element.node[k] - 1)];
-    CutCell(std::span(corners).first(n), height, count, pieces);
-  }
+  VisitCells(hull, [&](const HullCell& cell) { CutCell(cell.ring(), height, count, pieces); });
   return count;
 }
 

@@ -1,0 +1,38 @@
+#include "geometry/hull_cells.h"
+
+#include "geometry/element_shape.h"
+
+namespace zaview {
+namespace {
+
+Vector3 Minus(const Vector3& a, const Vector3& b) {
+  return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+}
+
+}  // namespace
+
+Vector3 CellCentre(const HullCell& cell) {
+  Vector3 sum{};
+  for (const Vector3& corner : cell.ring())
+    for (std::size_t k = 0; k < 3; ++k) sum[k] += corner[k];
+  for (double& x : sum) x /= cell.corners;
+  return sum;
+}
+
+Vector3 CellNormal(const HullCell& cell) {
+  const auto& [a, b, c, d] = cell.corner;
+  return cell.corners == 3 ? Cross(Minus(b, a), Minus(c, a)) : Cross(Minus(c, a), Minus(d, b));
+}
+
+HullCell SurfaceCell(const HullSurface& surface, int component, int i, int j) {
+  return {{surface.at(i, j), surface.at(i, j + 1), surface.at(i + 1, j + 1), surface.at(i + 1, j)}, 4, component};
+}
+
+HullCell ElementCell(const HullMesh& mesh, const HullElement& element) {
+  HullCell cell;
+  cell.corners = element.corners();
+  for (int k = 0; k < cell.corners; ++k) cell.corner[static_cast<std::size_t>(k)] = Corner(mesh, element, k);
+  return cell;
+}
+
+}  // namespace zaview
