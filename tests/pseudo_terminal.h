@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <sys/ioctl.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <termios.h>
@@ -30,6 +31,8 @@ class PseudoTerminal {
   PseudoTerminal(const std::filesystem::path& folder, const std::function<int()>& work, Over over = Over::terminal) {
     child_ = over == Over::terminal ? ForkBehindTerminal() : ForkBehindLine();
     if (child_ != 0) return;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);  // nobody is left to end it
+    ::signal(SIGINT, SIG_DFL);           // whatever started the tests ignores
     std::filesystem::current_path(folder);
     ::setenv("TERM", "xterm", 1);
     ::setenv("LC_ALL", "C.UTF-8", 1);

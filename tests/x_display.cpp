@@ -23,14 +23,14 @@ void Rest() {
   std::this_thread::sleep_for(std::chrono::milliseconds(kLook));
 }
 
-[[noreturn]] void Serve(int number) {
+[[noreturn]] void Serve(int number, Lives lives) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   ::fcntl(number, F_SETFD, 0);
   const int nowhere = ::open("/dev/null", O_RDWR);
   for (const int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::dup2(nowhere, file);
   const std::string to = std::to_string(number);
-  ::execlp("Xvfb", "Xvfb", "-displayfd", to.c_str(), "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset",
-           nullptr);
+  ::execlp("Xvfb", "Xvfb", "-displayfd", to.c_str(), "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+           lives == Lives::on ? "-noreset" : "-reset", nullptr);
   ::_exit(127);
 }
 
@@ -48,16 +48,17 @@ std::string ReadLine(int file) {
 
 }  // namespace
 
-XServer::XServer() {
+XServer::XServer(Lives lives) {
   int number[2] = {-1, -1};
   if (::pipe2(number, O_CLOEXEC) != 0) return;
   server_ = ::fork();
-  if (server_ == 0) Serve(number[1]);
+  if (server_ == 0) Serve(number[1], lives);
   ::close(number[1]);
   const std::string line = ReadLine(number[0]);
   ::close(number[0]);
   if (line.empty()) return;
   name_ = ":" + line;
+  if (lives == Lives::afresh) return;
   ::XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });  // windows go while we look at them
   display_ = ::XOpenDisplay(name_.c_str());
 }
@@ -140,7 +141,8 @@ void XServer::Key(char key, unsigned held) {
 void XServer::PressCloseButton() {
   XEvent event{};
   event.xclient.type = ClientMessage;
-  event.xclient.window = Find();
+  event.xclient.window = Look();  // the program may have come to its end
+  if (event.xclient.window == 0) return;
   event.xclient.message_type = ::XInternAtom(display_, "WM_PROTOCOLS", 0);
   event.xclient.format = 32;
   event.xclient.data.l[0] = static_cast<long>(::XInternAtom(display_, "WM_DELETE_WINDOW", 0));

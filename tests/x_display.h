@@ -12,14 +12,16 @@ namespace zaview {
 
 inline constexpr unsigned kShiftHeld = 1;
 
+enum class Lives : unsigned char { on, afresh };  // when its last client leaves
+
 class XServer {
  public:
-  XServer();
+  explicit XServer(Lives lives = Lives::on);  // afresh: nobody looks at it, Name is all there is
   ~XServer() { End(); }
   XServer(const XServer&) = delete;
   XServer& operator=(const XServer&) = delete;
 
-  [[nodiscard]] bool Runs() const { return display_ != nullptr; }
+  [[nodiscard]] bool Runs() const { return !name_.empty(); }
   [[nodiscard]] const std::string& Name() const { return name_; }  // of the display
   void End();
 

@@ -11,7 +11,8 @@ int main(int count, char** words) {
   zaview::Platform platform = zaview::PosixPlatform();
   platform.window = zaview::OffscreenWindowSystem(zaview::MakeOffscreenWindows());  // nothing is opened yet
   platform.choose_window = [](const zaview::Platform& machine) {
-    return zaview::HasDisplay() ? zaview::GlutWindowSystem(machine) : machine.window;
+    const zaview::WindowSystem display = zaview::GlutWindowSystem(machine);
+    return display.start != nullptr ? display : machine.window;
   };
   const std::vector<std::string> arguments(words + (count > 0 ? 1 : 0), words + count);
   zaview::zaview_exit(platform, zaview::zaview_main(platform, arguments));

@@ -195,6 +195,16 @@ TEST_F(WindowSession, AnInterruptEndsAView) {
   EXPECT_EQ(t.End(), 130);
 }
 
+// A server that starts afresh when its last client leaves, as wrappers around one command start it.
+TEST_F(WindowSession, PlotsOnAServerThatStartsAfresh) {
+  XServer own(Lives::afresh);
+  for (int i = 0; i < 20; ++i) {
+    PseudoTerminal t(path, [&] { return Program(own.Name(), {"run.out", "-command", "PLOT_HISTORY MOT 3 a.png"}); });
+    ASSERT_EQ(t.End(), 0) << t.Screen();
+    EXPECT_TRUE(fs::remove(fs::path(path) / "a.png"));
+  }
+}
+
 TEST_F(WindowSession, ADisplayThatIsNotThereIsNone) {
   PseudoTerminal t(path, [] { return Program(":4999", {"run.out", "-command", "PLOT_HISTORY MOT 3"}); });
   t.Expect("GLGKS - no display");

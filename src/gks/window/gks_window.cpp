@@ -253,7 +253,12 @@ bool gksReady(Platform& platform, GksState& gks) {
   if (windows.offscreen && !IsDumping(gks)) return Refuse(platform.console, kNoDisplay);
   if (started) return true;
   std::string why;
-  if (!windows.start(windows.self, EventsOf(gks), why)) return Refuse(platform.console, why);
+  bool ready = windows.start(windows.self, EventsOf(gks), why);
+  if (!ready && IsDumping(gks) && platform.window.start != nullptr) {  // a picture for a file needs no display
+    windows = platform.window;
+    ready = windows.start(windows.self, EventsOf(gks), why);
+  }
+  if (!ready) return Refuse(platform.console, why);
   platform.window = windows;
   gks.platform = &platform;
   return true;

@@ -3,6 +3,7 @@
 
 #include <X11/Xlib.h>
 #include <algorithm>
+#include <csetjmp>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
@@ -50,6 +51,10 @@ struct Row {
 
 struct GlutWindows {
   const Platform* platform = nullptr;
+  Display* probe = nullptr;  // our own connection, until the library has one: a server may start afresh without any
+  std::jmp_buf refused;      // where a failed start of the library goes on
+  bool starting = false;
+  std::string why;  // of its failure
   WindowEvents events;
   std::map<int, Row> rows;  // by window number of ours
   unsigned generation = 1;
@@ -102,15 +107,21 @@ void EnterMainWindow(GlutWindows& windows) {
 
 // ---- Errors
 
+// The library can't go on, and must not be gone back to. A start that failed is left by a jump over its own frames,
+// which are plain C; everything else ends the program.
 void OnLibraryError(const char* format, va_list arguments) {
-  const GlutWindows& windows = *glut_windows;
+  GlutWindows& windows = *glut_windows;
   char text[256] = "";
   static_cast<void>(std::vsnprintf(text, sizeof text, format, arguments));
   std::string_view line = text;
   while (!line.empty() && line.back() == '\n') line.remove_suffix(1);
+  if (std::exchange(windows.starting, false)) {
+    windows.why = line;
+    std::longjmp(windows.refused, 1);
+  }
   Say(windows.platform->console, kLibraryError, line);
   if (windows.opening) SayLine(windows.platform->console, kNoWindow);
-  zaview_exit(*windows.platform, kRunFailed);  // the library can't go on
+  zaview_exit(*windows.platform, kRunFailed);
 }
 
 // The X library ends the process if this comes back. No call of OpenGL from here on.
@@ -288,25 +299,39 @@ bool ChooseMode(GlutWindows& windows) {
   return false;
 }
 
-void StartLibrary(GlutWindows& windows) {
-  windows.opening = true;
+// False, with the cause in `why`: there is no such display any more.
+bool StartLibrary(GlutWindows& windows) {
   // The library takes words of its own from the command line and ends the program on some: it gets none.
   int count = 1;
   char name[] = "zaview";
   char* words[] = {name, nullptr};
   glutInitErrorFunc(OnLibraryError);
   static_cast<void>(XSetIOErrorHandler(OnDisplayLost));
+  windows.starting = true;
+  if (setjmp(windows.refused) != 0) return false;
   glutInit(&count, words);
+  windows.starting = false;
   glutSetOption(GLUT_ACTION_ON_WINDOW_CLOSE, GLUT_ACTION_CONTINUE_EXECUTION);
   // At the end of the process the library closes its windows: nobody may take that for the user.
   static_cast<void>(std::atexit([] { glut_windows->rows.clear(); }));
   windows.started = true;
+  return true;
+}
+
+void CloseProbe(GlutWindows& windows) {
+  if (windows.probe != nullptr) static_cast<void>(XCloseDisplay(std::exchange(windows.probe, nullptr)));
 }
 
 bool Start(void* self, const WindowEvents& events, std::string& why) {
   GlutWindows& windows = Of(self);
   if (windows.events.self != nullptr) return true;
-  if (!windows.started) StartLibrary(windows);
+  const bool started = windows.started || StartLibrary(windows);
+  CloseProbe(windows);
+  if (!started) {
+    why = windows.why;
+    return false;
+  }
+  windows.opening = true;
   if (!ChooseMode(windows)) {
     why = kNoMode;
     return false;
@@ -441,21 +466,23 @@ unsigned ContextGeneration(void* self) {
   return Of(self).generation;
 }
 
-}  // namespace
-
-bool HasDisplay() {
-  Display* const display = XOpenDisplay(nullptr);
-  if (display == nullptr) return false;
+// Does a display answer that OpenGL can draw on? The connection stays until the library has its own.
+bool OpenProbe(GlutWindows& windows) {
+  if (windows.started) return true;
+  if (windows.probe == nullptr) windows.probe = XOpenDisplay(nullptr);
+  if (windows.probe == nullptr) return false;
   int opcode = 0, event = 0, error = 0;
-  const bool draws = XQueryExtension(display, "GLX", &opcode, &event, &error) != 0;
-  static_cast<void>(XCloseDisplay(display));
-  return draws;
+  if (XQueryExtension(windows.probe, "GLX", &opcode, &event, &error) != 0) return true;
+  CloseProbe(windows);
+  return false;
 }
+
+}  // namespace
 
 WindowSystem GlutWindowSystem(const Platform& platform) {
   if (glut_windows == nullptr) glut_windows = new (std::nothrow) GlutWindows;  // to the end of the process
   WindowSystem system;
-  if (glut_windows == nullptr) return system;
+  if (glut_windows == nullptr || !OpenProbe(*glut_windows)) return system;
   glut_windows->platform = &platform;
   system.self = glut_windows;
   system.start = Start;

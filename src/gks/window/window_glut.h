@@ -7,10 +7,8 @@
 
 namespace zaview {
 
-// Is there a display that answers, and that OpenGL can draw on?
-[[nodiscard]] bool HasDisplay();
-
-// One a process. platform: whom to tell, and whom to end, when the display is lost; outlives the windows.
+// The windows of this machine's display; no start in the record: there is none that answers and that OpenGL can draw
+// on. One a process. platform: whom to tell, and whom to end, when the display is lost; outlives the windows.
 [[nodiscard]] WindowSystem GlutWindowSystem(const Platform& platform);
 
 }  // namespace zaview

@@ -37,6 +37,12 @@ TEST(GksWindow, SaysWhyAViewCannotBeShown) {
   EXPECT_FALSE(gksReady(v.platform, v.gks));
   EXPECT_EQ(v.fake.output, "GLGKS - libEGL.so.1 not found\nGLGKS - Error Initializing Window...\n");
 
+  gksSetDumpOption(v.gks, "x.png");
+  EXPECT_TRUE(gksReady(v.platform, v.gks));  // a display that fails: the picture is drawn in memory
+  EXPECT_TRUE(v.platform.window.offscreen);
+  v.gks.platform = nullptr;
+  v.gks.dump = DumpOrder{};
+
   v.fake.window = v.platform.window;
   v.fake.output.clear();
   EXPECT_FALSE(gksReady(v.platform, v.gks));
