@@ -255,7 +255,7 @@ int ReadNamedFiles(Session& session) {
   int cases = 0;
   for (const std::string& argument : run.file_args) {
     std::vector<std::string> names = {argument};
-    if (has_wildcards(argument)) {
+    if (is_pattern(session.platform.files, argument)) {
       list_matching_files(session.platform.files, argument, names);
       if (names.empty()) Say(session.platform.console, kNoMatch, argument);
     }

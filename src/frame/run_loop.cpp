@@ -23,7 +23,9 @@ void RunScript(Session& session, std::string_view name) {
   if (!run.script_is_init) {
     SayLine(console, script == kScriptOk ? kDone : kAborting);
     run.exit_requested = true;
-    run.exit_status = script == kScriptInterrupted ? kRunInterrupted : script == kScriptOk ? kRunOk : kRunFailed;
+    run.exit_status = script == kScriptInterrupted               ? kRunInterrupted
+                      : script == kScriptOk && !run.files_unread ? kRunOk
+                                                                 : kRunFailed;
     return;
   }
   SayLine(console, kContinuing);

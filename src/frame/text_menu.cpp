@@ -23,6 +23,7 @@ namespace {
 constexpr std::string_view kTitle = "ZAVO Output Options:";
 constexpr std::string_view kPrompt = "Select option=>";
 constexpr std::string_view kFrequencyDomain = "Frequency domain coefficients";
+constexpr std::string_view kNoSmoothing = "WARNING - impulsive motion and IRF calculations are not smoothed";
 constexpr std::string_view kNotYet = "{} : this option is not available yet";
 
 // ---- When an option is offered
@@ -137,6 +138,7 @@ void WriteKino(Session& s) {
 }
 
 void SetSmoothing(Session& s) {
+  if (!s.case_store.time_history()) SayLine(s.platform.console, kNoSmoothing);
   AskSmoothing(s.platform.console, s.output);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "script/nearest_word.h"
 
 namespace zaview {
 
@@ -33,6 +34,14 @@ const Command* FindCommand(std::span<const CommandFamily> families, std::string_
     if (found != family.end()) return &*found;
   }
   return nullptr;
+}
+
+std::string_view NearestCommand(std::span<const CommandFamily> families, std::string_view word) {
+  NearestWord nearest{word};
+  for (const CommandFamily& family : families)
+    for (const Command& command : family)
+      for (const std::string_view name : command.names) nearest.Offer(name);
+  return nearest.nearest;
 }
 
 }  // namespace zaview

@@ -20,6 +20,7 @@ struct Command {
   Needs needs = kNone;
   int (*run)(ScriptCall& call) = nullptr;  // the status: 0, or one of open_script_file.h
   NameMatch match = NameMatch::whole;
+  bool last = false;  // nothing behind it is read
 };
 
 using CommandFamily = std::span<const Command>;
@@ -47,5 +48,8 @@ using CommandFamily = std::span<const Command>;
 
 // The row of a word in capitals; null: there is none.
 [[nodiscard]] const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word);
+
+// The name that a mistyped word is nearest to; blank: none is near.
+[[nodiscard]] std::string_view NearestCommand(std::span<const CommandFamily> families, std::string_view word);
 
 }  // namespace zaview

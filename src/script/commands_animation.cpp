@@ -251,7 +251,7 @@ int RunAnimateGraphOption(ScriptCall& call) {
 }
 
 constexpr Command kAnimation[] = {
-    {{"ANIMATE_GRAPH", "KINO_GRAPH"}, kNeedsCase, RunAnimateGraph},
+    {{"ANIMATE_GRAPH", "KINO_GRAPH"}, kNeedsCase | kNeedsMotion, RunAnimateGraph},
     {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"},
      kNone,
      RunAnimateGraphOption},

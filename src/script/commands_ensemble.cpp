@@ -74,9 +74,9 @@ int RunMany(ScriptCall& call) {
 
 constexpr Command kEnsemble[] = {
     {{"ENSEMBLE_NMANY", "NMANY"}, kNone, RunMany},
-    {{"ENSEMBLE_STAT", "ENSEMBLE_STATS"}, kNeedsEnsemble, RunEnsembleStat},
+    {{"ENSEMBLE_STAT", "ENSEMBLE_STATS"}, kNeedsEnsemble | kNeedsMotion, RunEnsembleStat},
     {{"ENSEMBLE_CONFIDENCE_INTERVAL", "ENSEMBLE_CONFIDENCE", "ENSEMBLE_CONF", "ENSEMBLE_CI"},
-     kNeedsEnsemble,
+     kNeedsEnsemble | kNeedsMotion,
      RunEnsembleIntervals},
     {{"ENSEMBLE_AUTOCORRELATION", "ENSEMBLE_AUTOCORELATION", "ENSEMBLE_AUTOC", "WRITE_ENSEMBLE_AUTOCORRELATION",
       "WRITE_ENSEMBLE_AUTOCORELATION", "WRITE_ENSEMBLE_AUTOC", "PLOT_ENSEMBLE_AUTOCORRELATION",

@@ -21,7 +21,7 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kFewIrf = "ERROR - Insufficient or invalid arguments for {} command ...";
-inline constexpr std::string_view kBadIrf = "ERROR - IRF index {} not valid for {}";
+inline constexpr std::string_view kBadIrf = "WARNING - IRF index {} not valid for {}";
 inline constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
 inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for {} command ...";
 inline constexpr std::string_view kLongName = "ERROR - name of a picture file is longer than {} characters : {}";
@@ -30,22 +30,29 @@ inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical o
 constexpr int kScriptReadFault = -1;  // what a histogram of a quantity that the case lacks ends with
 constexpr int kFromScript = 1;        // plot_suboption
 
-// An IRF case has the index of a function where others have a selector.
-int ReadIrfCurve(ScriptCall& call, QuantityRequest& request) {
+// An IRF case has the index of a function where others have a selector. A function that it lacks is a warning: the
+// script goes on, without a plot.
+int RunIrfHistory(ScriptCall& call) {
   std::vector<float> values;
   if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptBadArgument, kFewIrf, call.command);
-  request.iqnt = RoundToInt(static_cast<double>(values[0]));
-  request.curve = RoundToInt(static_cast<double>(values[1]));
-  const int curves = CurveCount(call.session.case_store, request.iqnt);
-  if (request.curve >= 1 && request.curve <= curves) return kScriptOk;
-  return Fail(call, kScriptBadArgument, kBadIrf, request.iqnt, call.command);
+  PlotRequest wanted;
+  wanted.quantity.iqnt = RoundToInt(static_cast<double>(values[0]));
+  wanted.quantity.curve = RoundToInt(static_cast<double>(values[1]));
+  if (!QuantityValid(call.session.case_store, wanted.quantity.iqnt)) {
+    Say(call.console(), kBadIrf, wanted.quantity.iqnt, call.command);
+    (void)NextScriptWord(call.words, kFreeText);
+    return kScriptOk;
+  }
+  const Selector selector{.word = std::to_string(wanted.quantity.iqnt), .iqnt = wanted.quantity.iqnt};
+  if (const int status = CheckCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
+  return HandOverPlot(call, wanted);
 }
 
 int RunHistory(ScriptCall& call) {
+  if (call.session.case_store.irf_case) return RunIrfHistory(call);
   PlotRequest wanted;
   Selector selector;
-  const int status = call.session.case_store.irf_case ? ReadIrfCurve(call, wanted.quantity)
-                                                      : ReadCurve(call, selector, wanted.quantity);
+  const int status = ReadCurve(call, selector, wanted.quantity);
   return status == kScriptOk ? HandOverPlot(call, wanted) : status;
 }
 
@@ -120,7 +127,7 @@ constexpr Command kPlots[] = {
     {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},                           D | R | G,           RunHistogram },
     {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},           D | R | G,           RunAutocorrelation<PlotKind::autocorrelation>},
     {{"PLOT_AUTOCOVARIANCE", "PLOT_AUTOCOV"},                                 D | R | G,           RunAutocorrelation<PlotKind::autocovariance> },
-    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"}, E | G,               RunInterval  },
+    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"}, E | R | G,           RunInterval  },
     {{"PLOT_LOAD_DISTRIBUTION", "PLOT_LOAD_DIST", "PLOT_LOADDIST"},           D | R | G,           RunLoads     },
 };
 // clang-format on

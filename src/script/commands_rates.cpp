@@ -90,8 +90,8 @@ int RunExceedances(ScriptCall& call) {
 }
 
 constexpr Command kRates[] = {
-    {{"UPCROSSING", "UPCROSSINGS"}, kNeedsCase, RunUpcrossings},
-    {{"EXCEEDANCE", "BLOCK_EXCEEDANCE"}, kNeedsCase, RunExceedances, NameMatch::beginning},
+    {{"UPCROSSING", "UPCROSSINGS"}, kNeedsCase | kNeedsMotion, RunUpcrossings},
+    {{"EXCEEDANCE", "BLOCK_EXCEEDANCE"}, kNeedsCase | kNeedsMotion, RunExceedances, NameMatch::beginning},
 };
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Commands that read output files.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -42,15 +43,20 @@ bool ReadOneFile(Session& session, const std::string& name, const ReadModes& mod
                           session.ensemble) == ReadOutcome::ok;
 }
 
-// One that can't be read is passed over.
+// One that can't be read is passed over; the run ends with status 1 then.
 int ReadMatchingFiles(ScriptCall& call, const std::string& pattern, const ReadModes& modes, const ShipChoice& choice) {
   std::vector<std::string> names;
   list_matching_files(call.session.platform.files, pattern, names);
+  std::erase_if(names, [](const std::string& name) { return IsBlank(name); });
   if (names.empty()) return Fail(call, kScriptFailed, kNoMatch, pattern);
-  bool any = false;
-  for (const std::string& name : names)
-    if (!IsBlank(name)) any = ReadOneFile(call.session, name, modes, choice) || any;
-  return any ? kScriptOk : kScriptFailed;
+  const auto read = std::count_if(names.begin(), names.end(), [&](const std::string& name) {
+    return ReadOneFile(call.session, name, modes, choice);
+  });
+  const auto unread = static_cast<std::ptrdiff_t>(names.size()) - read;
+  if (unread == 0) return kScriptOk;
+  Say(call.console(), kSomeUnread, unread, names.size());
+  call.session.run.files_unread = true;
+  return read > 0 ? kScriptOk : kScriptFailed;
 }
 
 bool ReadChoice(ScriptCall& call, int numbers, ShipChoice& choice) {
@@ -66,7 +72,7 @@ int ReadFiles(ScriptCall& call, const ReadModes& modes) {
   if (name.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
   if (name.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, name);
   if (IsAlternateInput(name)) return Fail(call, kScriptFailed, kAlternate);
-  const bool many = has_wildcards(name);
+  const bool many = is_pattern(call.session.platform.files, name);
   if (many && modes.restart_mode == RestartMode::combine)
     return Fail(call, kScriptBadArgument, kNoWildCards, call.command);
   ShipChoice choice{call.session.run.selected_ship, call.session.run.selected_vcg};

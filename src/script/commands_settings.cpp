@@ -68,7 +68,7 @@ constexpr Command kSettings[] = {
      kNone,
      RunSampleRate},
     {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"}, kNone, RunCutoff},
-    {{"STOP"}, kNone, RunStop},
+    {{"STOP"}, kNone, RunStop, NameMatch::whole, true},
 };
 
 }  // namespace

@@ -62,7 +62,7 @@ int RunSmoothInput(ScriptCall& call) {
 constexpr Command kSmoothing[] = {
     {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"}, kNone, RunSmoothData},
     {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"}, kNone, RunSmoothWindow},
-    {{"SMOOTH_INPUT", "SMOOTHINPUT"}, kNeedsCase, RunSmoothInput},
+    {{"SMOOTH_INPUT", "SMOOTHINPUT"}, kNeedsCase | kNeedsMotion, RunSmoothInput},
 };
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kNoMemory = "ERROR - memory is out : {}";
-inline constexpr std::string_view kNoWave = "ERROR - {} option {} needs the incident wave, which is not available yet";
+inline constexpr std::string_view kNoWave = "ERROR - {} option {} needs the incident wave, which could not be made";
 
 }  // namespace
 

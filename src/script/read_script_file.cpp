@@ -9,6 +9,10 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kInterrupted = "ERROR - interrupted ahead of this command";
+inline constexpr std::string_view kNearest = "        the nearest command is {}";
+inline constexpr std::string_view kCarried =
+    "WARNING - {} took the command {} of the next line for its argument : \"\" stands for none";
+inline constexpr std::string_view kLeftOver = "WARNING - words left over on the line : {}";
 inline constexpr std::string_view kQuestion = "ERROR - a script has no answer to this question";
 
 // The console while a command runs: what it asks finds the end of the input, so that no script ever waits.
@@ -38,6 +42,14 @@ Console WithoutInput(ScriptConsole& silent) {
   return console;
 }
 
+// An argument that was forgotten takes the next line's first word, and what follows it there belongs to nobody.
+void WarnOfWords(const ScriptCall& call, std::span<const CommandFamily> commands, const Command& command, int status) {
+  if (FindCommand(commands, Capitals(call.words.carried)) != nullptr)
+    return Say(call.console(), kCarried, call.command, call.words.carried);
+  const std::string_view rest = Trim(call.words.line.substr(call.words.position));
+  if (status == kScriptOk && !rest.empty() && !command.last) Say(call.console(), kLeftOver, rest);
+}
+
 int RunLine(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
   const Console& console = session.platform.console;
   const std::string_view text = line.text;
@@ -49,9 +61,14 @@ int RunLine(Session& session, std::span<const CommandFamily> commands, const Scr
   const Command* command = FindCommand(commands, call.command);
   if (command == nullptr) {
     SayLine(console, "");
-    return Fail(call, kScriptUnknownCommand, "ERROR parsing script file - unrecognized command: {}", word);
+    Say(console, "ERROR parsing script file - unrecognized command: {}", word);
+    if (const auto nearest = NearestCommand(commands, call.command); !nearest.empty()) Say(console, kNearest, nearest);
+    return kScriptUnknownCommand;
   }
-  return PreconditionsMet(call, command->needs) ? command->run(call) : kScriptFailed;
+  if (!PreconditionsMet(call, command->needs)) return kScriptFailed;
+  const int status = command->run(call);
+  WarnOfWords(call, commands, *command, status);
+  return status;
 }
 
 // A question that a command asked has failed, whatever the command made of it.

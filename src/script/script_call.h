@@ -13,10 +13,6 @@
 
 namespace zaview {
 
-inline constexpr std::size_t kKeyword = 80;          // columns of a keyword
-inline constexpr std::size_t kFreeText = 1024;       // of a label or a second name
-inline constexpr std::size_t kScriptFileName = 128;  // a longer file name fails to open; it is never cut
-
 struct ScriptCall {
   Session& session;
   std::string command;  // as typed, in capitals

@@ -33,6 +33,14 @@ bool FindWordOverLines(WordScanner& scanner) {
   return true;
 }
 
+std::size_t LinesUsed(const WordScanner& scanner) {
+  return scanner.next_line == nullptr ? 0 : *scanner.next_line;
+}
+
+bool IsQuote(char c) {
+  return c == '"' || c == '\'';
+}
+
 std::string_view TakeQuoted(WordScanner& scanner) {
   const char quote = scanner.line[scanner.position];
   const std::size_t begin = scanner.position + 1;
@@ -65,15 +73,17 @@ bool ParseScriptReal(std::string_view word, float& value) {
 
 bool NextLoopWord(WordScanner& scanner, std::size_t limit, std::string& word) {
   if (!FindWordOverLines(scanner)) return false;
-  const char first = scanner.line[scanner.position];
-  const bool quoted = first == '"' || first == '\'';
-  word = (quoted ? TakeQuoted(scanner) : TakePlain(scanner)).substr(0, limit);
+  word = (IsQuote(scanner.line[scanner.position]) ? TakeQuoted(scanner) : TakePlain(scanner)).substr(0, limit);
   return true;
 }
 
 std::string NextScriptWord(WordScanner& scanner, std::size_t limit) {
+  const std::size_t before = LinesUsed(scanner);
   std::string word;
-  if (!NextLoopWord(scanner, limit, word)) word.clear();
+  if (!FindWordOverLines(scanner)) return word;
+  const bool further = LinesUsed(scanner) != before && !IsQuote(scanner.line[scanner.position]);
+  (void)NextLoopWord(scanner, limit, word);
+  if (further && limit == kFreeText) scanner.carried = word;
   return word;
 }
 

@@ -15,8 +15,9 @@ struct RunState {
   int plot_suboption = 0;  // above 0: a plot is wanted (script) or to be continued (menu)
   bool view_is_new = false;
   bool exit_requested = false;
-  int exit_status = 0;       // with exit_requested
-  bool plot_failed = false;  // the view of a plot command had nothing to show
+  int exit_status = 0;        // with exit_requested
+  bool files_unread = false;  // some that a wild card of a script found: the run ends with status 1
+  bool plot_failed = false;   // the view of a plot command had nothing to show
   bool redraw = false;
   bool script_active = false;
   bool script_is_init = false;  // the session stays open behind the script

@@ -45,6 +45,10 @@ bool has_wildcards(std::string_view name) {
   return open != std::string_view::npos && name.find(']', open) != std::string_view::npos;
 }
 
+bool is_pattern(const Files& files, const std::string& name) {
+  return has_wildcards(name) && !files.facts(files.self, name).exists;
+}
+
 void list_matching_files(const Files& files, const std::string& pattern, std::vector<std::string>& names) {
   names.clear();
   if (pattern.empty() || pattern.back() == '/') return;

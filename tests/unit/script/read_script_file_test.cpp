@@ -29,6 +29,10 @@ TEST(Script, Errors) {
   // clang-format off
   const CommandCase cases[] = {
       {"FOO 1\n", 3, "\nERROR parsing script file - unrecognized command: FOO\n"},
+      {"trim_step 1\n", 3,
+       "\nERROR parsing script file - unrecognized command: trim_step\n        the nearest command is TRIM_STEPS\n"},
+      {"PLTO_HISTORY\n", 3,
+       "\nERROR parsing script file - unrecognized command: PLTO_HISTORY\n        the nearest command is PLOT_HISTORY\n"},
       {"READ KINO\n", 5, "ERROR - alternate input needs READ_KINO_FILES in a script\n"},
       {"SET_SCALE LENOUT 1m\n", 5, "ERROR - Insufficient arguments for SET_SCALE command...\n"},
       {"TRIM_STEPS 1e30 1e30\n", 4, "ERROR - All steps trimmed by TRIM_STEPS command...\n"},
@@ -61,13 +65,26 @@ TEST(Script, Preconditions) {
       {"SKIP_STEPS 5\n", 0, "Setting # of initial time steps to skip in statistical calculations to 5\n"}};
   // clang-format on
   for (const CommandCase& c : cases) ExpectRun(c, false);
-  ScriptRun run("STAT_STEPS 1 2\n");  // impulse response functions: a case without a range of steps
-  run.session.case_store.irf_case = true;
-  run.session.case_store.irfs.resize(1);
-  run.session.case_store.last_read = run.session.case_store.last_step = 0;
-  run.Run();
-  EXPECT_EQ(run.status, kScriptFailed);
-  EXPECT_NE(run.fake.output.find("ERROR - STAT_STEPS : the case has no time steps\n"), std::string::npos);
+}
+
+// Impulse response functions: a case without a range of steps, and without statistics.
+TEST(Script, ImpulsiveCase) {
+  const std::string none = "ERROR - {} not valid for impulsive motion and IRF calculations\n";
+  std::vector<CommandCase> cases = {{"STAT_STEPS 1 2\n", 5, "ERROR - STAT_STEPS : the case has no time steps\n"}};
+  for (const char* word : {"ENSEMBLE_STAT", "ENSEMBLE_CI", "PLOT_CI", "UPCROSSING", "EXCEEDANCE_RATE",
+                           "BLOCK_EXCEEDANCE", "ANIMATE_GRAPH", "SMOOTH_INPUT"})
+    cases.push_back({word + std::string("\n"), 5, fmt::format(fmt::runtime(none), word)});
+  for (const CommandCase& c : cases) {
+    ScriptRun run(c.script);
+    CaseStore& store = run.session.case_store;
+    store.irf_case = true;
+    store.irfs.resize(1);
+    store.last_read = store.last_step = 0;
+    run.session.ensemble.nrec = 1;
+    run.Run();
+    EXPECT_EQ(run.status, c.status);
+    EXPECT_EQ(Said(run.fake.output).find(c.said), 0U) << run.fake.output;
+  }
 }
 
 TEST(Script, GoodLines) {
@@ -75,7 +92,11 @@ TEST(Script, GoodLines) {
   const CommandCase cases[] = {
       {"", 0, ""}, {"STOP\nFOO\n", 0, ""}, {"TRIM_STEPS 0 0\n", 0, ""},
       {"SET_STEPS -1e30 1e30\n", 0, "Output set to time steps 1 to 100\n"},
-      {"WRITE_LABEL x \"o p\"\n", 0, "WARNING - output file name cut at blank : o\n"}};
+      {"WRITE_LABEL x \"o p\"\n", 0, "WARNING - output file name cut at blank : o\n"},
+      {"STOP and so on\n", 0, ""}, {"SET_DELIMITER\ntab\n", 0, ""}, {"WRITE_LABEL x\n\"STOP\"\n", 0, ""},
+      {"TAB 1 2\n", 0, "WARNING - words left over on the line : 1 2\n"},
+      {"WRITE_LABEL x\nStop\n", 0,
+       "WARNING - WRITE_LABEL took the command Stop of the next line for its argument : \"\" stands for none\n"}};
   // clang-format on
   for (const CommandCase& c : cases) ExpectRun(c, true);
 }
