@@ -41,10 +41,10 @@ double AsWritten(float scale) {
 }  // namespace
 
 void set_output_scales(OutputSettings& settings, bool impulsive) {
-  const double g = AsWritten(settings.GRAVOUT);
-  const double r = AsWritten(settings.RHOOUT);
-  const double L = AsWritten(settings.LENOUT);
-  const double a = AsWritten(settings.ANGOUT);
+  const double g = AsWritten(settings.units.GRAVOUT);
+  const double r = AsWritten(settings.units.RHOOUT);
+  const double L = AsWritten(settings.units.LENOUT);
+  const double a = AsWritten(settings.units.ANGOUT);
   OutputScales scales;  // all 1
   scales.T = static_cast<float>(std::sqrt(L / g));
   if (!impulsive) {
@@ -58,19 +58,19 @@ void set_output_scales(OutputSettings& settings, bool impulsive) {
     scales.angle = static_cast<float>(a);
     scales.prop_rps = static_cast<float>(std::sqrt(g / L));
   }
-  settings.scales = scales;
+  settings.units.scales = scales;
 }
 
 void AdoptFileScales(OutputSettings& settings, const CaseStore& case_store) {
   struct {
     float* scale;
     double of_file;
-  } const pairs[] = {{&settings.GRAVOUT, case_store.control.GRAVOUT},
-                     {&settings.RHOOUT, case_store.control.RHOOUT},
-                     {&settings.LENOUT, case_store.control.LENOUT},
-                     {&settings.ANGOUT, case_store.control.ANGOUT}};
-  for (std::size_t i = 0; i < settings.user_scale.size(); ++i)
-    if (!settings.user_scale[i]) *pairs[i].scale = static_cast<float>(pairs[i].of_file);
+  } const pairs[] = {{&settings.units.GRAVOUT, case_store.control.GRAVOUT},
+                     {&settings.units.RHOOUT, case_store.control.RHOOUT},
+                     {&settings.units.LENOUT, case_store.control.LENOUT},
+                     {&settings.units.ANGOUT, case_store.control.ANGOUT}};
+  for (std::size_t i = 0; i < settings.units.user_scale.size(); ++i)
+    if (!settings.units.user_scale[i]) *pairs[i].scale = static_cast<float>(pairs[i].of_file);
   set_output_scales(settings, !case_store.time_history());
 }
 

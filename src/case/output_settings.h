@@ -18,27 +18,51 @@ struct OutputScales {  // shown = stored x scale; six slots: translations, rotat
   bool operator==(const OutputScales&) const = default;
 };
 
-struct OutputSettings {
+struct OutputUnits {
   float GRAVOUT = 9.81F, RHOOUT = 1025.0F, LENOUT = 1.0F, ANGOUT = 1.0F;
   std::array<bool, 4> user_scale{};  // set by the user: not taken from the next file
   OutputScales scales;               // made by set_output_scales
   std::array<float, 6> cnvfac{1, 1, 1, 1, 1, 1};
-  Separator separator = Separator::space;
+  bool operator==(const OutputUnits&) const = default;
+};
 
+struct ReadingSettings {  // steps that are left out of the record, of statistics, of what is shown
   int trim_initial = 0, trim_terminal = 0, trim_abort = 200;
   int skip_initial = -1;  // -1: the default of the case
   int skip_terminal = 0;
   int step_stride = 1;
   int kmstep_interval = 1000;
+  bool operator==(const ReadingSettings&) const = default;
+};
 
-  int smooth_option = 0;   // 0 none, 1 small window, 2 Fourier series, 3 cubic over smooth_window steps
-  int smooth_window = 11;  // at least 5
+struct SmoothingSettings {
+  int option = 0;   // 0 none, 1 small window, 2 Fourier series, 3 cubic over `window` steps
+  int window = 11;  // at least 5
+  bool operator==(const SmoothingSettings&) const = default;
+};
 
+struct DataSettings {  // all that changes a shown sample: what was made under equal ones needn't be made again
+  OutputUnits units;
+  ReadingSettings reading;
+  SmoothingSettings smoothing;
+  bool operator==(const DataSettings&) const = default;
+};
+
+struct WritingSettings {
+  Separator separator = Separator::space;
+};
+
+struct StatisticSettings {
   float confidence_probability = 0.95F;
   float ndtf_length = 0, ndtf_beam = 0;  // output length units; 0: not set
   int autocorrelation_rate = 1;
   float autocorrelation_cutoff = 0.05F;
-  bool operator==(const OutputSettings&) const = default;
+  bool operator==(const StatisticSettings&) const = default;
+};
+
+struct OutputSettings : DataSettings {  // two are equal if their data are
+  WritingSettings writing;
+  StatisticSettings statistics;
 };
 
 }  // namespace zaview

@@ -25,7 +25,7 @@ struct Places {
 };
 
 int Stride(const OutputSettings& settings) {
-  return std::max(1, settings.step_stride);
+  return std::max(1, settings.reading.step_stride);
 }
 
 int PointsInUse(const CaseStore& c, const OutputSettings& settings) {
@@ -80,8 +80,8 @@ CurveSource ForceSource(const CaseStore& c, const OutputSettings& s, int iqnt, i
   const SlotRange slots = SlotsOf(iqnt);
   const auto i = static_cast<std::size_t>(curve - 1);
   CurveSource source;
-  source.scale = s.scales.force[i];
-  source.sign = s.cnvfac[i];
+  source.scale = s.units.scales.force[i];
+  source.sign = s.units.cnvfac[i];
   for (int slot = slots.first; slot <= slots.last; ++slot)
     source.columns[static_cast<std::size_t>(source.n_columns++)] =
         &history.component[static_cast<std::size_t>(6 * (slot - 1)) + i];
@@ -89,15 +89,16 @@ CurveSource ForceSource(const CaseStore& c, const OutputSettings& s, int iqnt, i
 }
 
 CurveSource ManeuverSource(const CaseStore& c, const OutputSettings& s, int curve) {
-  const float angle = s.scales.angle;
-  const float scales[] = {s.scales.velocity[0], angle, angle, angle, angle, s.scales.prop_rps};
+  const float angle = s.units.scales.angle;
+  const float scales[] = {s.units.scales.velocity[0], angle, angle, angle, angle, s.units.scales.prop_rps};
   return Column(c.maneuver, curve, scales[curve - 1], 1.0F);
 }
 
 // The last three of 37.
 CurveSource PointExtraSource(const CaseStore& c, const OutputSettings& s, int curve) {
-  if (curve == 19) return Column(c.eta_cg, 1, s.LENOUT, 1.0F);
-  return curve == 20 ? Column(c.rudder_ang, 1, s.scales.angle, 1.0F) : Column(c.prop_rps, 1, s.scales.prop_rps, 1.0F);
+  if (curve == 19) return Column(c.eta_cg, 1, s.units.LENOUT, 1.0F);
+  return curve == 20 ? Column(c.rudder_ang, 1, s.units.scales.angle, 1.0F)
+                     : Column(c.prop_rps, 1, s.units.scales.prop_rps, 1.0F);
 }
 
 // 36 to 38: position, Euler angles, velocity, rates, acceleration, rate changes, three columns each.
@@ -108,23 +109,23 @@ CurveSource PointListSource(const CaseStore& c, const OutputSettings& s, int cur
     int first;  // component of the group's first column
     const std::array<float, 6>* scale;
     std::size_t slot;  // of scale and sign
-  } groups[] = {{&c.point_motion, 1, &s.scales.position, 0},     {&c.pmgg, 4, &s.scales.position, 3},
-                {&c.point_motion, 4, &s.scales.velocity, 0},     {&c.vmg, 4, &s.scales.velocity, 3},
-                {&c.point_motion, 7, &s.scales.acceleration, 0}, {&c.acc, 4, &s.scales.acceleration, 3}};
+  } groups[] = {{&c.point_motion, 1, &s.units.scales.position, 0},     {&c.pmgg, 4, &s.units.scales.position, 3},
+                {&c.point_motion, 4, &s.units.scales.velocity, 0},     {&c.vmg, 4, &s.units.scales.velocity, 3},
+                {&c.point_motion, 7, &s.units.scales.acceleration, 0}, {&c.acc, 4, &s.units.scales.acceleration, 3}};
   const auto& group = groups[(curve - 1) / 3];
   const int within = (curve - 1) % 3;
   const std::size_t slot = group.slot + static_cast<std::size_t>(within);
-  return Column(*group.history, group.first + within, (*group.scale)[slot], s.cnvfac[slot]);
+  return Column(*group.history, group.first + within, (*group.scale)[slot], s.units.cnvfac[slot]);
 }
 
 // 27 to 29, 31, 32: component 1..9 of point_motion.
 CurveSource PointSource(const CaseStore& c, const OutputSettings& s, int iqnt, int curve) {
   const int component = iqnt == 28 ? curve + 3 : iqnt == 29 ? curve + 6 : curve;
-  const std::array<float, 6>& scale = component <= 3   ? s.scales.position
-                                      : component <= 6 ? s.scales.velocity
-                                                       : s.scales.acceleration;
+  const std::array<float, 6>& scale = component <= 3   ? s.units.scales.position
+                                      : component <= 6 ? s.units.scales.velocity
+                                                       : s.units.scales.acceleration;
   const auto slot = static_cast<std::size_t>((component - 1) % 3);
-  CurveSource source = Column(c.point_motion, component, scale[slot], s.cnvfac[slot]);
+  CurveSource source = Column(c.point_motion, component, scale[slot], s.units.cnvfac[slot]);
   if (iqnt == 32 && component == 9) source.constant = 1.0F;  // gravity, non-dimensional
   return source;
 }
@@ -132,33 +133,33 @@ CurveSource PointSource(const CaseStore& c, const OutputSettings& s, int iqnt, i
 // 30: the point's motion against its steady place and the wave; deltaZ has no direction.
 CurveSource RelativeSource(const CaseStore& c, const OutputSettings& s, int curve) {
   const auto slot = static_cast<std::size_t>((curve - 1) % 3);
-  const float length = s.scales.position[0];
-  return Column(c.point_motion, curve + 9, length, curve == 4 ? 1.0F : s.cnvfac[slot]);
+  const float length = s.units.scales.position[0];
+  return Column(c.point_motion, curve + 9, length, curve == 4 ? 1.0F : s.units.cnvfac[slot]);
 }
 
 CurveSource SourceOf(const CaseStore& c, const OutputSettings& s, const QuantityRow& row, int curve) {
   const auto i = static_cast<std::size_t>(curve - 1);
   if (row.load_kind != 0) {
     const auto kind = static_cast<std::size_t>(row.load_kind - 1);
-    return row.scale == ScaleKind::load_force ? Column(c.load_force[kind], curve, s.scales.load_force, 1.0F)
-                                              : Column(c.load_moment[kind], curve, s.scales.load_moment, 1.0F);
+    return row.scale == ScaleKind::load_force ? Column(c.load_force[kind], curve, s.units.scales.load_force, 1.0F)
+                                              : Column(c.load_moment[kind], curve, s.units.scales.load_moment, 1.0F);
   }
   if (row.scale == ScaleKind::force) return ForceSource(c, s, row.iqnt, curve);
   switch (row.iqnt) {
     case 1:
-      return Column(c.pmgg, curve, s.scales.position[i], s.cnvfac[i]);
+      return Column(c.pmgg, curve, s.units.scales.position[i], s.units.cnvfac[i]);
     case 2:
-      return Column(c.vmg, curve, s.scales.velocity[i], s.cnvfac[i]);
+      return Column(c.vmg, curve, s.units.scales.velocity[i], s.units.cnvfac[i]);
     case 3:
-      return Column(c.acc, curve, s.scales.acceleration[i], s.cnvfac[i]);
+      return Column(c.acc, curve, s.units.scales.acceleration[i], s.units.cnvfac[i]);
     case 4:
-      return Column(c.motion, curve, s.scales.position[i], s.cnvfac[i]);
+      return Column(c.motion, curve, s.units.scales.position[i], s.units.cnvfac[i]);
     case 5:
-      return Column(c.vmgshp, curve, s.scales.velocity[i], s.cnvfac[i]);
+      return Column(c.vmgshp, curve, s.units.scales.velocity[i], s.units.cnvfac[i]);
     case 25:
-      return Column(c.eta_cg, 1, s.LENOUT, 1.0F);
+      return Column(c.eta_cg, 1, s.units.LENOUT, 1.0F);
     case 26:
-      return Column(c.eta_origin, 1, s.LENOUT, 1.0F);
+      return Column(c.eta_origin, 1, s.units.LENOUT, 1.0F);
     case 30:
       return RelativeSource(c, s, curve);
     case 33:
@@ -168,9 +169,9 @@ CurveSource SourceOf(const CaseStore& c, const OutputSettings& s, const Quantity
     case 38:
       return PointListSource(c, s, curve);
     case 39:
-      return Column(c.vmgg, curve, s.scales.velocity[i], s.cnvfac[i]);
+      return Column(c.vmgg, curve, s.units.scales.velocity[i], s.units.cnvfac[i]);
     case 40:
-      return Column(c.accg, curve, s.scales.acceleration[i], s.cnvfac[i]);
+      return Column(c.accg, curve, s.units.scales.acceleration[i], s.units.cnvfac[i]);
     default:
       return PointSource(c, s, row.iqnt, curve);
   }
@@ -199,7 +200,7 @@ void FillMissile(const CaseStore& c, const OutputSettings& s, const std::array<f
     const Vector3 ship = ToShip(R, {a[0][p], a[1][p], a[2][p] + 1.0});
     std::array<float, 3> shown{};
     for (std::size_t i = 0; i < 3; ++i)
-      shown[i] = (static_cast<float>(ship[i]) * s.scales.acceleration[i]) * s.cnvfac[i];
+      shown[i] = (static_cast<float>(ship[i]) * s.units.scales.acceleration[i]) * s.units.cnvfac[i];
     y[j] = ((C[0] * shown[0] + C[1] * shown[1]) + C[2] * shown[2]) + C[3];
   }
 }
@@ -250,7 +251,7 @@ PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& r
   } else if (magnitude) {
     const bool velocity = row.iqnt == 28;
     FillMagnitude(c.point_motion, velocity ? 3 : 6,
-                  velocity ? settings.scales.velocity[0] : settings.scales.acceleration[0], places, y);
+                  velocity ? settings.units.scales.velocity[0] : settings.units.scales.acceleration[0], places, y);
   } else {
     const CurveSource source = SourceOf(c, settings, row, curve);
     if (source.n_columns == 0) return PlotFault::not_valid;
@@ -262,14 +263,14 @@ PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& r
 // Smoothing takes every step in use, whatever the stride.
 PlotFault FillSmoothed(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                        const QuantityRow& row, const Places& places, int curve, CaseStore& c, std::vector<float>& y) {
-  if (settings.smooth_option == 0) return FillRequested(settings, request, row, places, curve, c, y);
+  if (settings.smoothing.option == 0) return FillRequested(settings, request, row, places, curve, c, y);
   Places every = places;
   every.stride = 1;
   every.n = static_cast<std::size_t>(c.last_step - c.first_step) + 1;
   const PlotFault fault = FillRequested(settings, request, row, every, curve, c, y);
   if (fault != PlotFault::none) return fault;
-  if (!SmoothInput(settings.smooth_option, settings.smooth_window, y))
-    SayLine(console, SmoothingSkipped(settings.smooth_option));
+  if (!SmoothInput(settings.smoothing.option, settings.smoothing.window, y))
+    SayLine(console, SmoothingSkipped(settings.smoothing.option));
   for (std::size_t j = 0; j < places.n; ++j) y[j] = y[j * places.stride];
   y.resize(places.n);
   return PlotFault::none;
@@ -279,7 +280,7 @@ PlotFault FillOverlay(const Console& console, const OutputSettings& settings, co
                       std::vector<float>& wave) {
   if (const PlotFault fault = FaultOf(IncidentWaveAtCG(console, c)); fault != PlotFault::none) return fault;
   if (!Grow(wave, places.n)) return PlotFault::no_memory;
-  FillCurve(Column(c.eta_origin, 1, settings.LENOUT, 1.0F), places, wave);
+  FillCurve(Column(c.eta_origin, 1, settings.units.LENOUT, 1.0F), places, wave);
   return PlotFault::none;
 }
 
@@ -321,13 +322,13 @@ PlotFault SetImpulsiveData(const OutputSettings& settings, const QuantityRequest
   data.y.resize(data.labels.size());
   if (data.n == 0) return PlotFault::none;
   if (!Grow(data.x, record.places.n)) return PlotFault::no_memory;
-  FillCurve(Column(*record.time, 1, settings.scales.T, 1.0F), record.places, data.x);
+  FillCurve(Column(*record.time, 1, settings.units.scales.T, 1.0F), record.places, data.x);
   for (int curve = first; curve <= last; ++curve) {
     std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first)];
     if (!Grow(y, record.places.n)) return PlotFault::no_memory;
     const int mode = (curve - 1) % 6;
     const StepHistory& group = *record.groups[static_cast<std::size_t>((curve - 1) / 6)];
-    FillCurve(Column(group, mode + 1, 1.0F, settings.cnvfac[static_cast<std::size_t>(mode)]), record.places, y);
+    FillCurve(Column(group, mode + 1, 1.0F, settings.units.cnvfac[static_cast<std::size_t>(mode)]), record.places, y);
   }
   return PlotFault::none;
 }
@@ -362,7 +363,7 @@ PlotFault SetPlotData(const Console& console, const OutputSettings& settings, co
   const PlotFault source = EnsureSource(console, settings, request, case_store);
   if (source != PlotFault::none) return source;
   if (!Grow(data.x, places.n)) return PlotFault::no_memory;
-  FillCurve(Column(case_store.time, 1, settings.scales.T, 1.0F), places, data.x);
+  FillCurve(Column(case_store.time, 1, settings.units.scales.T, 1.0F), places, data.x);
   for (int curve = first_curve; curve <= last_curve; ++curve) {
     std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first_curve)];
     const PlotFault fault = FillSmoothed(console, settings, request, *row, places, curve, case_store, y);
@@ -378,7 +379,7 @@ StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings
 StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings, int skip_initial) {
   const std::int64_t stride = Stride(settings);
   const std::int64_t skip = std::max(0, skip_initial);
-  const std::int64_t terminal = std::max(0, settings.skip_terminal);
+  const std::int64_t terminal = std::max(0, settings.reading.skip_terminal);
   const std::int64_t first = (skip + stride - 1) / stride;
   const std::int64_t span = std::int64_t{case_store.last_step} - case_store.first_step - terminal;
   const std::int64_t n = span < 0 ? 0 : span / stride + 1 - first;

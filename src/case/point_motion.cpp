@@ -36,7 +36,7 @@ bool NodePointMot(const Console& console, const OutputSettings& settings, const 
   c.built.point_motion = c.built.relative_motion = false;
 
   const Vector3 ship = InputToShip(c.control, point);
-  const auto shown = [&](std::size_t i) { return Shown{static_cast<float>(ship[i] * settings.LENOUT)}; };
+  const auto shown = [&](std::size_t i) { return Shown{static_cast<float>(ship[i] * settings.units.LENOUT)}; };
   SayLine(console, kCalculating);
   Say(console, "Initial static coordinates {} {} {}", shown(0), shown(1), shown(2));
 

@@ -203,7 +203,7 @@ float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings,
   const std::vector<Triple>& cuts = y ? control.ycut.XMCY : control.XMC;
   const auto index = static_cast<std::size_t>(cut - 1);
   if (cut < 1 || index >= cuts.size()) return 0.0F;
-  return static_cast<float>(cuts[index][y ? 1 : 0] * settings.LENOUT / control.LENIN);
+  return static_cast<float>(cuts[index][y ? 1 : 0] * settings.units.LENOUT / control.LENIN);
 }
 
 std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int curve) {

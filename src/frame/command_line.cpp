@@ -188,8 +188,8 @@ void TakeDimensions(Walk& walk) {
 
 void TakeDegrees(Walk& walk) {
   OutputSettings& output = walk.session.output;
-  output.ANGOUT = kDegreesPerRadian;
-  output.user_scale[3] = true;
+  output.units.ANGOUT = kDegreesPerRadian;
+  output.units.user_scale[3] = true;
 }
 
 struct OptionRow {

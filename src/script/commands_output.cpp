@@ -29,7 +29,7 @@ const DelimiterRow* FindDelimiter(std::string_view word) {
 }
 
 int RunDelimiterName(ScriptCall& call) {
-  call.session.output.separator = FindDelimiter(call.command)->separator;
+  call.session.output.writing.separator = FindDelimiter(call.command)->separator;
   return kScriptOk;
 }
 
@@ -37,34 +37,35 @@ int RunSetDelimiter(ScriptCall& call) {
   const std::string word = NextScriptWord(call.words, kKeyword);
   const DelimiterRow* row = FindDelimiter(Capitals(word));
   if (row == nullptr) return Fail(call, kScriptBadArgument, kInvalidArgument, word, call.command);
-  call.session.output.separator = row->separator;
+  call.session.output.writing.separator = row->separator;
   return kScriptOk;
 }
 
 struct ScaleRow {
   std::string_view word, label, text;
-  float OutputSettings::*factor;
+  float OutputUnits::*factor;
 };
 constexpr ScaleRow kScales[] = {
-    {"GRAVOUT", "GRAVOUT", "  Gravity", &OutputSettings::GRAVOUT},
-    {"RHOOUT", "RHOOUT ", "  Water density", &OutputSettings::RHOOUT},
-    {"LENOUT", "LENOUT ", "  Reference length", &OutputSettings::LENOUT},
-    {"ANGOUT", "ANGOUT ", "  Angular scale factor", &OutputSettings::ANGOUT},
+    {"GRAVOUT", "GRAVOUT", "  Gravity", &OutputUnits::GRAVOUT},
+    {"RHOOUT", "RHOOUT ", "  Water density", &OutputUnits::RHOOUT},
+    {"LENOUT", "LENOUT ", "  Reference length", &OutputUnits::LENOUT},
+    {"ANGOUT", "ANGOUT ", "  Angular scale factor", &OutputUnits::ANGOUT},
 };
 
 // Takes over the factors of `changed`, tells old and new, and makes the scales again.
 int ChangeScales(ScriptCall& call, const OutputSettings& changed) {
   OutputSettings& settings = call.session.output;
   for (const ScaleRow& row : kScales)
-    if (!(changed.*row.factor > 0)) return Fail(call, kScriptBadArgument, "ERROR - {} must be positive", row.word);
+    if (!(changed.units.*row.factor > 0))
+      return Fail(call, kScriptBadArgument, "ERROR - {} must be positive", row.word);
   const OutputSettings old = settings;
   settings = changed;
   set_output_scales(settings, !call.session.case_store.time_history());
   SayLine(call.console(), "Changing output dimensionalization:");
   SayLine(call.console(), "Factor        Old         New");
   for (const ScaleRow& row : kScales)
-    Say(call.console(), "{} {:>9} {:>11}{}", row.label, SentenceNumber(old.*row.factor),
-        SentenceNumber(settings.*row.factor), row.text);
+    Say(call.console(), "{} {:>9} {:>11}{}", row.label, SentenceNumber(old.units.*row.factor),
+        SentenceNumber(settings.units.*row.factor), row.text);
   return kScriptOk;
 }
 
@@ -77,8 +78,8 @@ int RunSetScale(ScriptCall& call) {
   std::vector<float> values;
   if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   OutputSettings changed = call.session.output;
-  changed.*row->factor = values[0];
-  changed.user_scale[static_cast<std::size_t>(row - kScales)] = true;
+  changed.units.*row->factor = values[0];
+  changed.units.user_scale[static_cast<std::size_t>(row - kScales)] = true;
   return ChangeScales(call, changed);
 }
 
@@ -86,8 +87,8 @@ int RunSetScales(ScriptCall& call) {
   std::vector<float> values;
   if (!ParseRealList(call.words, 4, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   OutputSettings changed = call.session.output;
-  for (std::size_t i = 0; i < 4; ++i) changed.*kScales[i].factor = values[i];
-  changed.user_scale.fill(true);
+  for (std::size_t i = 0; i < 4; ++i) changed.units.*kScales[i].factor = values[i];
+  changed.units.user_scale.fill(true);
   return ChangeScales(call, changed);
 }
 
@@ -106,7 +107,7 @@ int RunCoordinates(ScriptCall& call) {
   for (const ConventionWord& row : kConventionWords) {
     if (row.word != word) continue;
     for (const ConventionRow& convention : kConventions)
-      if (convention.convention == row.convention) call.session.output.cnvfac = convention.factors;
+      if (convention.convention == row.convention) call.session.output.units.cnvfac = convention.factors;
     return kScriptOk;
   }
   return Fail(call, kScriptBadArgument, "ERROR - Unrecognized option for {} command...", call.command);

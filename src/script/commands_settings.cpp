@@ -26,29 +26,29 @@ bool NotNegative(float x) {
 }
 
 int RunLengthNdtf(ScriptCall& call) {
-  return ReadSetting(call, NotNegative, kNegative, call.session.output.ndtf_length);
+  return ReadSetting(call, NotNegative, kNegative, call.session.output.statistics.ndtf_length);
 }
 
 int RunBeamNdtf(ScriptCall& call) {
-  return ReadSetting(call, NotNegative, kNegative, call.session.output.ndtf_beam);
+  return ReadSetting(call, NotNegative, kNegative, call.session.output.statistics.ndtf_beam);
 }
 
 int RunConfidence(ScriptCall& call) {
   constexpr auto valid = [](float p) { return p > 0 && p <= 1; };
-  return ReadSetting(call, valid, kInvalidValue, call.session.output.confidence_probability);
+  return ReadSetting(call, valid, kInvalidValue, call.session.output.statistics.confidence_probability);
 }
 
 int RunSampleRate(ScriptCall& call) {
   constexpr auto valid = [](float n) { return RoundToInt(static_cast<double>(n)) > 0; };
   float rate = 0;
   const int status = ReadSetting(call, valid, kInvalidValue, rate);
-  if (status == kScriptOk) call.session.output.autocorrelation_rate = RoundToInt(static_cast<double>(rate));
+  if (status == kScriptOk) call.session.output.statistics.autocorrelation_rate = RoundToInt(static_cast<double>(rate));
   return status;
 }
 
 int RunCutoff(ScriptCall& call) {
   constexpr auto valid = [](float c) { return c > 0 && c < 1; };
-  return ReadSetting(call, valid, kInvalidValue, call.session.output.autocorrelation_cutoff);
+  return ReadSetting(call, valid, kInvalidValue, call.session.output.statistics.autocorrelation_cutoff);
 }
 
 // Ends the script as its end of text would.

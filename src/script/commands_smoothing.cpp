@@ -18,7 +18,7 @@ inline constexpr int kCubic = 3;  // the option that has a window
 
 int RunSmoothData(ScriptCall& call) {
   constexpr WordValue kWords[] = {{"OFF", 0}, {"NONE", 0}, {"ON", kCubic}};
-  int& option = call.session.output.smooth_option;
+  int& option = call.session.output.smoothing.option;
   const std::string word = NextScriptWord(call.words, kKeyword);
   if (FindWord(kWords, word, option)) return kScriptOk;
   double number = 0;
@@ -33,7 +33,7 @@ int RunSmoothWindow(ScriptCall& call) {
   if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   const int width = RoundToInt(static_cast<double>(values[0]));
   if (width < kLeastWindow) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
-  call.session.output.smooth_window = width;
+  call.session.output.smoothing.window = width;
   return kScriptOk;
 }
 

@@ -51,8 +51,8 @@ int RunTrimSteps(ScriptCall& call) {
   if (initial < 0 || terminal < 0) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
   const CaseStore& store = session.case_store;
   if (TrimsAll(store, initial, terminal)) return Fail(call, kScriptBadArgument, kAllTrimmed, call.command);
-  session.output.trim_initial = initial;
-  session.output.trim_terminal = terminal;
+  session.output.reading.trim_initial = initial;
+  session.output.reading.trim_terminal = terminal;
   const TrimOutcome outcome = store.has_steps() ? Retrim(session) : TrimOutcome{};
   SayTrimmed(call.console(), initial, "beginning of time history");
   if (outcome.whole) return kScriptOk;
@@ -67,7 +67,7 @@ int RunTrimAbort(ScriptCall& call) {
   if (!ReadOne(call, 1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   const int n = StepCount(value);
   if (n < 0) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
-  session.output.trim_abort = n;
+  session.output.reading.trim_abort = n;
   if (!session.case_store.has_steps()) return kScriptOk;
   const TrimOutcome outcome = Retrim(session);
   if (outcome.incomplete_trimmed && !outcome.whole)
@@ -126,7 +126,7 @@ int RunStepIncrement(ScriptCall& call) {
   if (!ReadOne(call, -1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   const int n = StepCount(value);
   if (n < 1) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
-  call.session.output.step_stride = n;
+  call.session.output.reading.step_stride = n;
   Say(call.console(), "Setting output step increment to {}", n);
   return kScriptOk;
 }

@@ -21,7 +21,7 @@ struct EnsembleKey {  // for what the loaded records and the dependence length a
   std::array<double, 3> point{};
   std::array<float, 4> missile{};
   int skip_initial = 0;  // in force
-  OutputSettings settings;
+  DataSettings settings;
   std::vector<Record> records;
   bool operator==(const EnsembleKey&) const = default;
 };

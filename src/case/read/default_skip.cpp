@@ -166,12 +166,12 @@ DominantWave FindDominantWave(const ControlRecords& control) {
 
 void ChooseDefaultSkip(const Console& console, const RunState& run, const OutputSettings& settings,
                        CaseStore& case_store) {
-  if (settings.skip_initial >= 0) return;
+  if (settings.reading.skip_initial >= 0) return;
   case_store.skip_effective = 0;
   if (case_store.control.MOTYPE == 1 || run.skip_prompt == SkipPrompt::none) return;
 
   const DominantWave wave = FindDominantWave(case_store.control);
-  const ShownPeriods periods = FindPeriods(case_store.control, wave, settings.scales.T);
+  const ShownPeriods periods = FindPeriods(case_store.control, wave, settings.units.scales.T);
   const std::size_t count = StepsInStore(case_store);
   const int of_period = std::max(0, RoundToInt(periods.steps));
   int skip = 0;

@@ -33,8 +33,8 @@ void SayCuts(const Console& console, int cuts, char axis, const std::vector<int>
 // Deliberate: a request up to last_step itself stands, only what lies beyond it is cut.
 void ApplySkip(const OutputSettings& settings, CaseStore& c) {
   const int most = std::max(0, c.last_step - 1);
-  if (settings.skip_initial < 0) c.skip_effective = std::min(c.skip_effective, most);
-  else c.skip_effective = settings.skip_initial <= c.last_step ? settings.skip_initial : most;
+  if (settings.reading.skip_initial < 0) c.skip_effective = std::min(c.skip_effective, most);
+  else c.skip_effective = settings.reading.skip_initial <= c.last_step ? settings.reading.skip_initial : most;
 }
 
 }  // namespace
@@ -46,11 +46,11 @@ TrimOutcome ApplyTrim(const OutputSettings& settings, CaseStore& case_store) {
   c.last_step = c.last_read;
   if (c.has_steps()) {
     const std::int64_t count = std::int64_t{c.last_read} - c.first_read + 1;
-    const int initial = std::max(0, settings.trim_initial);
-    int terminal = std::max(0, settings.trim_terminal);
-    if (c.last_read < c.nstep_expected && settings.trim_abort > terminal) {
+    const int initial = std::max(0, settings.reading.trim_initial);
+    int terminal = std::max(0, settings.reading.trim_terminal);
+    if (c.last_read < c.nstep_expected && settings.reading.trim_abort > terminal) {
       outcome.incomplete_trimmed = true;
-      outcome.abort_trim = terminal = settings.trim_abort;
+      outcome.abort_trim = terminal = settings.reading.trim_abort;
     }
     if (std::int64_t{terminal} + initial < count) {
       c.first_step = c.first_read + initial;
@@ -68,10 +68,10 @@ TrimOutcome ApplyTrim(const OutputSettings& settings, CaseStore& case_store) {
 TrimOutcome RetrimCase(const OutputSettings& settings, CaseStore& case_store) {
   OutputSettings limited = settings;
   if (case_store.last_read < case_store.nstep_expected) {
-    const std::int64_t first = std::int64_t{case_store.first_read} + std::max(0, settings.trim_initial);
+    const std::int64_t first = std::int64_t{case_store.first_read} + std::max(0, settings.reading.trim_initial);
     const auto most = static_cast<int>(std::max<std::int64_t>(0, case_store.last_read - first));
-    limited.trim_terminal = std::min(limited.trim_terminal, most);
-    limited.trim_abort = std::min(limited.trim_abort, most);
+    limited.reading.trim_terminal = std::min(limited.reading.trim_terminal, most);
+    limited.reading.trim_abort = std::min(limited.reading.trim_abort, most);
   }
   return ApplyTrim(limited, case_store);
 }
@@ -98,7 +98,7 @@ void SetCaseFlags(CaseStore& case_store) {
 }
 
 bool FindKeySteps(const OutputSettings& settings, CaseStore& case_store) {
-  const std::int64_t interval = std::max(1, settings.kmstep_interval);
+  const std::int64_t interval = std::max(1, settings.reading.kmstep_interval);
   const std::int64_t first = case_store.first_read;
   const std::int64_t last = case_store.last_read;
   case_store.kmstep.clear();

@@ -292,7 +292,7 @@ bool BuildCase(const Console& console, const OutputSettings& settings, KinoCase&
   c.kino_input = true;
   c.has_other_force = false;
   FillControl(kino, c.control);
-  c.control.ANGOUT = settings.ANGOUT;  // the files say nothing of the angles to be shown
+  c.control.ANGOUT = settings.units.ANGOUT;  // the files say nothing of the angles to be shown
   c.first_read = 1;
   c.last_read = c.nstep_expected = c.control.NSTEP;
   c.ships.resize(1);
@@ -321,7 +321,8 @@ KinoInput Accept(const Platform& platform, const RunState& run, KinoCase& kino, 
   CaseStore fresh;
   if (!BuildCase(console, into.settings, kino, fresh)) return KinoInput::abandoned;
   SayLine(console, kComplete);
-  into.settings.user_scale[0] = into.settings.user_scale[1] = false;  // this gravity and density are the user's, too
+  into.settings.units.user_scale[0] = into.settings.units.user_scale[1] =
+      false;  // this gravity and density are the user's, too
   AdoptFileScales(into.settings, fresh);
   (void)ApplyTrim(into.settings, fresh);  // the default skip stays inside it
   ChooseDefaultSkip(console, run, into.settings, fresh);

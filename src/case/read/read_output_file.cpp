@@ -160,7 +160,7 @@ void AcceptWithoutSteps(const Console& console, OutputSettings& settings, CaseSt
 void AcceptWithSteps(const Console& console, const ReadRequest& request, const RunState& run, const StepsRead& steps,
                      OutputSettings& settings, CaseStore& fresh, Held& held) {
   AdoptFileScales(settings, fresh);
-  SayEnd(console, steps, settings.scales.T);
+  SayEnd(console, steps, settings.units.scales.T);
   fresh.first_read = steps.first;
   fresh.last_read = steps.first + steps.kept - 1;
   Say(console, "Time steps {} through {} read from ZAVO output file {}", fresh.first_read, fresh.last_read,

@@ -19,13 +19,13 @@ namespace {
 
 struct ScaleRow {
   std::string_view line, question, name;
-  float OutputSettings::*scale;
+  float OutputUnits::*scale;
 };
 constexpr ScaleRow kScales[] = {
-    {"   GRAVOUT = acceleration due to gravity =", "Enter GRAVOUT :", "GRAVOUT", &OutputSettings::GRAVOUT},
-    {"   RHOOUT  = mass density of water       =", "Enter  RHOOUT :", "RHOOUT", &OutputSettings::RHOOUT},
-    {"   LENOUT  = reference length            =", "Enter  LENOUT :", "LENOUT", &OutputSettings::LENOUT},
-    {"   ANGOUT  = output angle scale factor   =", "Enter  ANGOUT :", "ANGOUT", &OutputSettings::ANGOUT},
+    {"   GRAVOUT = acceleration due to gravity =", "Enter GRAVOUT :", "GRAVOUT", &OutputUnits::GRAVOUT},
+    {"   RHOOUT  = mass density of water       =", "Enter  RHOOUT :", "RHOOUT", &OutputUnits::RHOOUT},
+    {"   LENOUT  = reference length            =", "Enter  LENOUT :", "LENOUT", &OutputUnits::LENOUT},
+    {"   ANGOUT  = output angle scale factor   =", "Enter  ANGOUT :", "ANGOUT", &OutputUnits::ANGOUT},
 };
 constexpr std::string_view kScaleHeads[] = {"The following variables define the units and scale of all ZAVIEW output:",
                                             "   name      description                    current value"};
@@ -46,10 +46,10 @@ Answer AskScale(const Console& console, const ScaleRow& row, float& value) {
 // False: the user gave up.
 bool AskScales(const Console& console, OutputSettings& settings) {
   for (std::size_t i = 0; i < std::size(kScales); ++i) {
-    float& scale = settings.*kScales[i].scale;
+    float& scale = settings.units.*kScales[i].scale;
     float value = scale;
     if (AskScale(console, kScales[i], value) != Answer::ok) return false;
-    if (value != scale) settings.user_scale[i] = true;
+    if (value != scale) settings.units.user_scale[i] = true;
     scale = value;
   }
   return true;
@@ -67,7 +67,7 @@ constexpr std::size_t kConventionLetters = 3;
 
 const ConventionRow* PresentConvention(const OutputSettings& settings) {
   for (const ConventionRow& row : kConventions)
-    if (row.factors == settings.cnvfac) return &row;
+    if (row.factors == settings.units.cnvfac) return &row;
   return nullptr;
 }
 
@@ -76,7 +76,7 @@ void TakeConvention(const Console& console, std::string_view word, OutputSetting
     if (word != known.word) continue;
     for (const ConventionRow& row : kConventions) {
       if (row.convention != known.convention) continue;
-      settings.cnvfac = row.factors;
+      settings.units.cnvfac = row.factors;
       Say(console, "Selecting {} coordinate convention", row.name);
     }
     return;
@@ -124,12 +124,13 @@ Asked AskTrims(const Console& console, const CaseStore& c, OutputSettings& setti
   const std::string too_many =
       fmt::format("ERROR - number of trimmed steps greater current data record's {} steps", steps);
   constexpr int kAny = 2'000'000'000;
-  if (AskSteps(console, "Enter # of INITIAL  time steps to TRIM:", steps, too_many, settings.trim_initial) ==
+  if (AskSteps(console, "Enter # of INITIAL  time steps to TRIM:", steps, too_many, settings.reading.trim_initial) ==
           Asked::given_up ||
-      AskSteps(console, "Enter # of TERMINAL time steps to TRIM:", steps - 1, too_many, settings.trim_terminal) ==
-          Asked::given_up)
+      AskSteps(console, "Enter # of TERMINAL time steps to TRIM:", steps - 1, too_many,
+               settings.reading.trim_terminal) == Asked::given_up)
     return Asked::given_up;
-  return AskSteps(console, "Enter # of TERMINAL time steps to TRIM for aborted runs:", kAny, "", settings.trim_abort);
+  return AskSteps(console, "Enter # of TERMINAL time steps to TRIM for aborted runs:", kAny, "",
+                  settings.reading.trim_abort);
 }
 
 void AskSkips(const Console& console, CaseStore& c, OutputSettings& settings) {
@@ -137,9 +138,9 @@ void AskSkips(const Console& console, CaseStore& c, OutputSettings& settings) {
   int initial = std::max(0, c.skip_effective);
   const int before = initial;
   if (AskSteps(console, "Enter # of INITIAL  time steps to SKIP:", kAny, "", initial) == Asked::given_up) return;
-  if (initial != before) settings.skip_initial = initial;  // the default of each case stays in force otherwise
+  if (initial != before) settings.reading.skip_initial = initial;  // the default of each case stays in force otherwise
   (void)RetrimCase(settings, c);
-  (void)AskSteps(console, "Enter # of TERMINAL time steps to SKIP:", kAny, "", settings.skip_terminal);
+  (void)AskSteps(console, "Enter # of TERMINAL time steps to SKIP:", kAny, "", settings.reading.skip_terminal);
 }
 
 // ---- Smoothing
@@ -153,7 +154,7 @@ constexpr int kLeastWindow = 5;
 
 void AskOutputScales(const Console& console, OutputSettings& settings, const CaseStore& case_store) {
   for (const std::string_view line : kScaleHeads) SayLine(console, line);
-  for (const ScaleRow& row : kScales) Say(console, "{} {}", row.line, Shown{settings.*row.scale});
+  for (const ScaleRow& row : kScales) Say(console, "{} {}", row.line, Shown{settings.units.*row.scale});
   const bool asked = AskScales(console, settings);
   set_output_scales(settings, !case_store.time_history());
   if (asked && AskConvention(console, settings)) pause_for_return(console);
@@ -173,8 +174,8 @@ void retrim_record(const Console& console, OutputSettings& settings, CaseStore& 
   if (Capitals(Trim(answer)).substr(0, 1) == "Y") {
     trims = AskTrims(console, c, settings);
   } else {
-    settings.trim_initial = 0;
-    settings.trim_terminal = 0;
+    settings.reading.trim_initial = 0;
+    settings.reading.trim_terminal = 0;
   }
   SayTrimWhole(console, RetrimCase(settings, c));
   Say(console, "{} steps trimmed from beginning of time history", c.first_step - c.first_read);
@@ -184,36 +185,36 @@ void retrim_record(const Console& console, OutputSettings& settings, CaseStore& 
 
 void AskSmoothing(const Console& console, OutputSettings& settings) {
   for (const std::string_view line : kSmoothingMenu) SayLine(console, line);
-  int option = settings.smooth_option;
+  int option = settings.smoothing.option;
   for (;;) {
     if (ask_integer(console, "Select =>", true, option) != Answer::ok) return;
     if (option >= 0 && option <= kMostSmoothing) break;
     SayLine(console, "ERROR - illegal value");
-    option = settings.smooth_option;
+    option = settings.smoothing.option;
   }
-  int width = settings.smooth_window;
+  int width = settings.smoothing.window;
   while (option == kCubic) {
     if (ask_integer(console, "Enter smoothing window width (in time steps)=>", true, width) != Answer::ok) return;
     if (width >= kLeastWindow) break;
     SayLine(console, "ERROR - illegal value, must be >=5");
-    width = settings.smooth_window;
+    width = settings.smoothing.window;
   }
-  settings.smooth_option = option;
-  settings.smooth_window = width;
+  settings.smoothing.option = option;
+  settings.smoothing.window = width;
 }
 
 Answer AskSeparator(const Console& console, OutputSettings& settings) {
-  const std::string_view present = settings.separator == Separator::comma ? "COMMA"
-                                   : settings.separator == Separator::tab ? "TAB"
-                                                                          : "SPACE";
+  const std::string_view present = settings.writing.separator == Separator::comma ? "COMMA"
+                                   : settings.writing.separator == Separator::tab ? "TAB"
+                                                                                  : "SPACE";
   std::string word;
   const Answer answer =
       ask_text(console, "Select the separation character for the table:\n(SPACE, COMMA or TAB):", present, word);
   if (answer != Answer::ok) return answer;
   const char first = word.empty() ? ' ' : word.front();
-  if (first == 'c' || first == 'C' || first == ',') settings.separator = Separator::comma;
-  else if (first == 't' || first == 'T' || first == '\t') settings.separator = Separator::tab;
-  else settings.separator = Separator::space;
+  if (first == 'c' || first == 'C' || first == ',') settings.writing.separator = Separator::comma;
+  else if (first == 't' || first == 'T' || first == '\t') settings.writing.separator = Separator::tab;
+  else settings.writing.separator = Separator::space;
   return Answer::ok;
 }
 

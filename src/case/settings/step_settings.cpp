@@ -18,8 +18,8 @@ TrimOutcome RetrimRecords(const Console& console, const OutputSettings& settings
 }
 
 void SetSkips(int initial, int terminal, OutputSettings& settings, CaseStore& case_store) {
-  settings.skip_initial = initial;
-  settings.skip_terminal = terminal;
+  settings.reading.skip_initial = initial;
+  settings.reading.skip_terminal = terminal;
   if (case_store.has_steps())
     case_store.skip_effective = initial <= case_store.last_step ? initial : case_store.last_step - 1;
 }

@@ -68,7 +68,7 @@ PlotFault write_time_history(const Console& console, const OutputSettings& setti
   std::string text;
   std::vector<std::string> names{std::string(kTimeHead)};
   names.insert(names.end(), data.labels.begin(), data.labels.end());
-  const TableLayout layout = LayoutFor(settings.separator, names);
+  const TableLayout layout = LayoutFor(settings.writing.separator, names);
   if (!unformatted) {
     if (out.had_text) text += '\n';
     AppendTitle(text, request, case_store);

@@ -38,7 +38,7 @@ double AsWritten(float scale) {
 }
 
 KinoSeaUnits UnitsOf(const OutputSettings& settings) {
-  return {AsWritten(settings.GRAVOUT), AsWritten(settings.LENOUT)};
+  return {AsWritten(settings.units.GRAVOUT), AsWritten(settings.units.LENOUT)};
 }
 
 // ---- The transformation of input geometry
@@ -58,7 +58,7 @@ ViewerTransformation TransformationOf(const OutputSettings& settings, const Case
     viewer.grot_deg[i] = control.GROT[i] / control.ANGIN * kDegrees;
     if (ship < c.ships.size()) viewer.gshift[i] -= c.ships[ship].centre[i] * control.LENIN;
   }
-  viewer.lf_scale = AsWritten(settings.LENOUT) / control.LENIN;
+  viewer.lf_scale = AsWritten(settings.units.LENOUT) / control.LENIN;
   return viewer;
 }
 
@@ -106,7 +106,8 @@ void AppendWaveScale(std::string& text, const OutputSettings& settings, const Wa
   text += "-wave_scale";
   for (std::size_t i = 0; i < scaling.WSCSTP.size(); ++i) {
     const double time = scaling.TINIT + (scaling.WSCSTP[i] - 1.0) * scaling.DTH;
-    fmt::format_to(std::back_inserter(text), " {} {}", Number(time * settings.scales.T), Number(scaling.WSCFAC[i]));
+    fmt::format_to(std::back_inserter(text), " {} {}", Number(time * settings.units.scales.T),
+                   Number(scaling.WSCFAC[i]));
   }
   text += '\n';
 }
@@ -168,8 +169,8 @@ void WriteKinoMotions(const OutputSettings& settings, const CaseStore& case_stor
   const double T = std::sqrt(units.L / units.g);
   std::string text = out.had_text ? "\n" : "";
   AppendLine(text, "!KINO motion data from ZAVO output file {}", c.file_name);
-  AppendLine(text, "{}", DefaultNumber(settings.LENOUT));
-  const std::int64_t stride = std::max(1, settings.step_stride);
+  AppendLine(text, "{}", DefaultNumber(settings.units.LENOUT));
+  const std::int64_t stride = std::max(1, settings.reading.step_stride);
   for (std::int64_t i = c.first_step; i <= c.last_step; i += stride) {
     const int step = static_cast<int>(i);
     std::array<double, 7> row{c.time.at(1, step) * T};

@@ -29,8 +29,8 @@ Extremes ExtremesOf(std::span<const float> y) {
 // The shown value at a step that need not be one of the points in use.
 float ValueAt(const CaseStore& c, const OutputSettings& settings, const QuantityRow& row, int cut, int step) {
   const auto kind = static_cast<std::size_t>(row.load_kind - 1);
-  return row.scale == ScaleKind::load_force ? c.load_force[kind].at(cut, step) * settings.scales.load_force
-                                            : c.load_moment[kind].at(cut, step) * settings.scales.load_moment;
+  return row.scale == ScaleKind::load_force ? c.load_force[kind].at(cut, step) * settings.units.scales.load_force
+                                            : c.load_moment[kind].at(cut, step) * settings.units.scales.load_moment;
 }
 
 }  // namespace
@@ -54,10 +54,11 @@ PlotFault LoadDistFil(const Console& console, const OutputSettings& settings, in
 
   step = std::clamp(step, case_store.first_read, case_store.last_read);
   const std::string names[] = {row->need == QuantityNeed::x_cuts ? "X" : "Y", "Value", "Minimum", "Maximum"};
-  const TableLayout layout = LayoutFor(settings.separator, names);
+  const TableLayout layout = LayoutFor(settings.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
   fmt::format_to(std::back_inserter(text), "Load Distribution of {} for ZAVO file {} at step {} time= {}\n",
-                 row->long_label, case_store.file_name, step, Shown{case_store.time.at(1, step) * settings.scales.T});
+                 row->long_label, case_store.file_name, step,
+                 Shown{case_store.time.at(1, step) * settings.units.scales.T});
   AppendHeading(text, layout, names);
   for (std::size_t i = 0; i < data.y.size(); ++i) {
     const int cut = static_cast<int>(i) + 1;

@@ -49,7 +49,7 @@ TableFault Make(const Console& console, const OutputSettings& settings, const Qu
   StatRecord record;
   const TableFault fault = TakeRecord(console, settings, one, kTooManySkipped, kNoMemory, case_store, record);
   if (fault != TableFault::none) return fault;
-  const auto rate = static_cast<std::size_t>(std::max(1, settings.autocorrelation_rate));
+  const auto rate = static_cast<std::size_t>(std::max(1, settings.statistics.autocorrelation_rate));
   if (FindCurves(record.t(), record.curve(0), rate, curves)) return TableFault::none;
   SayLine(console, kBadRecord);
   return TableFault::said;
@@ -75,7 +75,7 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
   std::vector<int> all(curves.R.size());
   std::iota(all.begin(), all.end(), 0);
   const std::string names[] = {"dTime", "Rx"};
-  const TableLayout layout = LayoutFor(settings.separator, names);
+  const TableLayout layout = LayoutFor(settings.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
   fmt::format_to(std::back_inserter(text), "Autocorrelation of {} for ZAVO file {}\n", cQntLong(request.iqnt),
                  case_store.file_name);

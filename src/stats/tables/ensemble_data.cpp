@@ -35,8 +35,8 @@ EnsembleKey KeyOf(const OutputSettings& settings, const QuantityRequest& request
 }
 
 float SampleInterval(const CaseStore& c, const OutputSettings& settings) {
-  const double step = c.control.DTH * InputScalesOf(c.control).time * static_cast<double>(settings.scales.T);
-  return static_cast<float>(step * std::max(1, settings.step_stride));
+  const double step = c.control.DTH * InputScalesOf(c.control).time * static_cast<double>(settings.units.scales.T);
+  return static_cast<float>(step * std::max(1, settings.reading.step_stride));
 }
 
 // Appends one record. An empty one if no point is left of it.
@@ -95,7 +95,7 @@ TableFault LoadEnsemble(const Console& console, const OutputSettings& settings, 
       state.dependence = {};
       state.ensemble = {};
       state.ensemble.key = std::move(key);
-      state.ensemble.stride = std::max(1, settings.step_stride);
+      state.ensemble.stride = std::max(1, settings.reading.step_stride);
       state.ensemble.dt = SampleInterval(cases.current, settings);
       const TableFault fault = LoadRecords(console, settings, one, cases, state.ensemble);
       if (fault != TableFault::none) {
@@ -128,11 +128,11 @@ TableFault UpdateDependence(const Console& console, const OutputSettings& settin
   const TableFault fault = LoadEnsemble(console, settings, request, cases, kTooManySkipped, state);
   if (fault != TableFault::none) return fault;
   DependenceResult& dependence = state.dependence;
-  if (dependence.known && dependence.cutoff == settings.autocorrelation_cutoff) return TableFault::none;
+  if (dependence.known && dependence.cutoff == settings.statistics.autocorrelation_cutoff) return TableFault::none;
   SayLine(console, "Computing autocorrelation...");
   EnsembleAutoCov autocov;
-  CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.autocorrelation_cutoff, false, autocov);
-  dependence = {settings.autocorrelation_cutoff, true, autocov.ndti, state.ensemble.dt * autocov.lag};
+  CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.statistics.autocorrelation_cutoff, false, autocov);
+  dependence = {settings.statistics.autocorrelation_cutoff, true, autocov.ndti, state.ensemble.dt * autocov.lag};
   SayLine(console, "Done");
   return TableFault::none;
 }

@@ -29,12 +29,12 @@ std::string WithScreenPrompt(std::string_view question) {
 // The cut-off, asked until it lies inside of 0 and 1.
 Answer AskCutoff(const Console& console, OutputSettings& settings) {
   for (;;) {
-    float cutoff = settings.autocorrelation_cutoff;
+    float cutoff = settings.statistics.autocorrelation_cutoff;
     const Answer answer =
         ask_real(console, "Enter autocorrelation value at which to assume independence:", true, cutoff);
     if (answer != Answer::ok) return answer;
     if (cutoff > 0.0F && cutoff < 1.0F) {
-      settings.autocorrelation_cutoff = cutoff;
+      settings.statistics.autocorrelation_cutoff = cutoff;
       return answer;
     }
     SayLine(console, "Invalid value - must be > 0.0 and < 1.0");

@@ -118,16 +118,16 @@ void AppendTable(const OutputSettings& settings, const StatRequest& request, con
   auto to = std::back_inserter(text);
   if (request.statistic.interval) {
     fmt::format_to(to, "Ensemble stats with Confidence Interval; {} records\n{}\nConfidence Interval Probability= {}\n",
-                   cases.count(), name, Shown{settings.confidence_probability});
-    AppendIntervalHeading(settings.separator, titled, text);
-    AppendIntervalRows(settings.separator, titled ? request.text : "", IntervalWords::ensemble, v.values, text);
+                   cases.count(), name, Shown{settings.statistics.confidence_probability});
+    AppendIntervalHeading(settings.writing.separator, titled, text);
+    AppendIntervalRows(settings.writing.separator, titled ? request.text : "", IntervalWords::ensemble, v.values, text);
     return;
   }
   fmt::format_to(to, "Ensemble stats; {} records\n{}\n", cases.count(), name);
-  AppendRecordRows(settings.separator, v, text);
+  AppendRecordRows(settings.writing.separator, v, text);
   text += "Ensemble stats:\n";
   TableLayout layout;  // all cells are of the usual width
-  layout.separator = settings.separator;
+  layout.separator = settings.writing.separator;
   for (const int number : kTableRows) {
     const float cell[] = {ValueOf(number, v)};
     AppendLabelledRow(text, layout, StatisticLabel(number, false), cell);
@@ -159,8 +159,8 @@ TableFault WriteStatistics(const Console& console, const OutputSettings& setting
     if (fault != TableFault::none) return fault;
     SayLine(console, "Computing statistics...");
     EnsembleValues values;
-    if (!FindValues(console, request.statistic, SamplesOf(state.ensemble), settings.confidence_probability, state.nmany,
-                    values))
+    if (!FindValues(console, request.statistic, SamplesOf(state.ensemble), settings.statistics.confidence_probability,
+                    state.nmany, values))
       return TableFault::said;
     if (request.statistic.number != kStatTable) {
       AppendCells(request, values, cells);
@@ -169,7 +169,7 @@ TableFault WriteStatistics(const Console& console, const OutputSettings& setting
     if (!text.empty() || out.had_text) text += '\n';
     AppendTable(settings, request, one, cases, values, text);
   }
-  if (request.statistic.number != kStatTable) AppendBareLine(settings.separator, request.text, cells, text);
+  if (request.statistic.number != kStatTable) AppendBareLine(settings.writing.separator, request.text, cells, text);
   WriteOutput(out, text);
   return TableFault::none;
 }
@@ -192,9 +192,9 @@ void WriteRows(const TableLayout& layout, std::span<const float> lags, std::span
 
 void WriteAutoCorrelation(const OutputSettings& settings, const StatisticsState& state, OutputFile& out) {
   EnsembleAutoCov autocov;
-  CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.autocorrelation_cutoff, true, autocov);
+  CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.statistics.autocorrelation_cutoff, true, autocov);
   const std::string names[] = {"dTime", "Rax"}, envelope_names[] = {"dTime", "Raxe"};
-  const TableLayout layout = LayoutFor(settings.separator, names);
+  const TableLayout layout = LayoutFor(settings.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
   text += "Ensemble Averaged Autocorrelation\n";
   AppendHeading(text, layout, names);

@@ -48,7 +48,7 @@ void AppendTitle(const OutputSettings& settings, const StatRequest& request, con
   fmt::format_to(std::back_inserter(text),
                  "Statistical estimates with confidence interval of {} for ZAVO file {}\n"
                  "Confidence Interval Probability= {}\n",
-                 cQntLong(request.quantity.iqnt), c.file_name, Shown{settings.confidence_probability});
+                 cQntLong(request.quantity.iqnt), c.file_name, Shown{settings.statistics.confidence_probability});
 }
 
 // One bare line: text as typed, then four cells a curve.
@@ -59,7 +59,7 @@ void AppendLine(const OutputSettings& settings, const StatRequest& request, std:
     const IntervalCells four = IntervalCellsOf(request.statistic.number, values);
     cells.insert(cells.end(), four.begin(), four.end());
   }
-  AppendBareLine(settings.separator, request.text, cells, text);
+  AppendBareLine(settings.writing.separator, request.text, cells, text);
 }
 
 TableFault WriteTable(const Console& console, const OutputSettings& settings, const StatRequest& request,
@@ -70,17 +70,18 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
   if (fault != TableFault::none) return fault;
   std::vector<IntervalValues> curves(record.data.y.size());
   for (std::size_t i = 0; i < curves.size(); ++i)
-    if (!FindIntervals(console, request.statistic, record.curve(i), settings.confidence_probability, curves[i]))
+    if (!FindIntervals(console, request.statistic, record.curve(i), settings.statistics.confidence_probability,
+                       curves[i]))
       return TableFault::said;
 
   std::string text;
   if (request.statistic.number == kStatTable) {
     const bool quantity_column = curves.size() > 1 || !IsBlank(request.text);
     AppendTitle(settings, request, case_store, out, text);
-    AppendIntervalHeading(settings.separator, quantity_column, text);
+    AppendIntervalHeading(settings.writing.separator, quantity_column, text);
     for (std::size_t i = 0; i < curves.size(); ++i)
-      AppendIntervalRows(settings.separator, QuantityOf(request, record.data, i), IntervalWords::record, curves[i],
-                         text);
+      AppendIntervalRows(settings.writing.separator, QuantityOf(request, record.data, i), IntervalWords::record,
+                         curves[i], text);
   } else {
     AppendLine(settings, request, curves, text);
   }

@@ -162,9 +162,9 @@ TableFault Upcrossings(const Console& console, const OutputSettings& settings, c
   std::string text = out.had_text ? "\n" : "";
   fmt::format_to(std::back_inserter(text), "Upcrossing Statistics for {}\nSimulation time= {}\nDependence time= {}\n",
                  QuantityLabel(cases.current, request.quantity.iqnt), Shown{T}, Shown{state.dependence.dti});
-  AppendHead(settings.separator, kUpcrossingHead, text);
+  AppendHead(settings.writing.separator, kUpcrossingHead, text);
   for (const UpcrossingRow& row : rows) {
-    Line line(settings.separator, text);
+    Line line(settings.writing.separator, text);
     line.Cell(row.threshold).Integer(row.total, kCount).Cell(static_cast<float>(row.total) / T);
     line.Integer(row.min_record, kCount).Integer(row.max_record, kCount);
     line.Integer(row.total / cases.count(), kCount).Integer(row.independent, kCount).End();
@@ -220,19 +220,19 @@ TableFault Exceedances(const Platform& platform, const OutputSettings& settings,
   const int ndep = request.ndep < 1 && !request.ndep_is_given ? state.dependence.ndti : request.ndep;
   ExceedanceCount count;
   CountExceedances(SamplesOf(data), TimesOf(data), request.threshold, request.direction, ndep, count);
-  const ExceedanceLimits limits = LimitsOf(count.nind, SampleCount(data), settings.confidence_probability);
+  const ExceedanceLimits limits = LimitsOf(count.nind, SampleCount(data), settings.statistics.confidence_probability);
   const float T = TotalTime(data);
   std::string text;
   if (request.result == ExceedanceResult::list) {
-    WriteOutput(out, ListOf(settings.separator, data, count));
+    WriteOutput(out, ListOf(settings.writing.separator, data, count));
     return TableFault::none;
   }
   if (request.result != ExceedanceResult::report) {
-    AppendBareLine(settings.separator, "", SelectedValues(request, count, limits, T), text);
+    AppendBareLine(settings.writing.separator, "", SelectedValues(request, count, limits, T), text);
     WriteOutput(out, text);
     return TableFault::none;
   }
-  WriteList(platform, kList, "Independent Exceedances written to", ListOf(settings.separator, data, count));
+  WriteList(platform, kList, "Independent Exceedances written to", ListOf(settings.writing.separator, data, count));
   const auto nind = static_cast<float>(count.nind);
   const ReportItem items[] = {
       {"Threshold             =", "Threshold", "", false, request.threshold, 0},
@@ -244,12 +244,12 @@ TableFault Exceedances(const Platform& platform, const OutputSettings& settings,
       {"Exceedance rate       =", "Exceedance rate", "", false, nind / T, 0},
       {"Exceedance rate low   =", "Exceedance rate low", "", false, limits.low / T, 0},
       {"Exceedance rate high  =", "Exceedance rate high", "", false, limits.high / T, 0},
-      {"Confidence probility  =", "Confidence probability.", "", false, settings.confidence_probability, 0},
+      {"Confidence probility  =", "Confidence probability.", "", false, settings.statistics.confidence_probability, 0},
       {"Exceedance time total =", "Exceedance time total", "", false, count.Tex, 0},
       {"Exceedance time frac. =", "Exceedance time frac.", "", false, count.Tex / T, 0},
   };
-  if (settings.separator == Separator::space && out.had_text) text += '\n';
-  AppendReport(settings.separator, !out.had_text, items, text);
+  if (settings.writing.separator == Separator::space && out.had_text) text += '\n';
+  AppendReport(settings.writing.separator, !out.had_text, items, text);
   WriteOutput(out, text);
   return TableFault::none;
 }
@@ -280,7 +280,7 @@ TableFault BlockExceedances(const Platform& platform, const OutputSettings& sett
   const int ndep = std::max(1, request.ndep < 1 ? state.dependence.ndti : request.ndep);
   BlockCount count;
   CountBlocks(SamplesOf(data), request.threshold, request.direction, ndep, count);
-  WriteList(platform, kBlockList, "Block min/max written to", BlockListOf(settings.separator, data, count));
+  WriteList(platform, kBlockList, "Block min/max written to", BlockListOf(settings.writing.separator, data, count));
   const float T = TotalTime(data);
   const ReportItem items[] = {
       {"Total Time           =", "Total Time", "", false, T, 0},
@@ -293,8 +293,8 @@ TableFault BlockExceedances(const Platform& platform, const OutputSettings& sett
       {"Average block max    =", "Average block max", "", false, count.average_max, 0},
   };
   std::string text;
-  if (settings.separator == Separator::space && out.had_text) text += '\n';
-  AppendReport(settings.separator, !out.had_text, items, text);
+  if (settings.writing.separator == Separator::space && out.had_text) text += '\n';
+  AppendReport(settings.writing.separator, !out.had_text, items, text);
   WriteOutput(out, text);
   return TableFault::none;
 }

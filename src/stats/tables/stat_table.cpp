@@ -120,7 +120,7 @@ void AppendTable(const StatColumns& columns, const StatRequest& request, const O
   std::vector<std::string> names{"Statistic     "};
   names.insert(names.end(), record.data.labels.begin(), record.data.labels.end());
   if (names.size() == 2 && !IsBlank(request.text)) names[1] = request.text;
-  const TableLayout layout = LayoutFor(settings.separator, names);
+  const TableLayout layout = LayoutFor(settings.writing.separator, names);
   if (out.had_text) text += '\n';
   fmt::format_to(std::back_inserter(text), "Statistics of {} for ZAVO file {}\n", cQntLong(columns.iqnt), c.file_name);
   AppendHeading(text, layout, names);
@@ -136,7 +136,7 @@ void AppendLine(const StatColumns& columns, const StatRequest& request, const Ou
                 std::string& text) {
   std::vector<float> cells;
   CellsOf(columns, request.statistic.number, cells);
-  AppendBareLine(settings.separator, request.text, cells, text);
+  AppendBareLine(settings.writing.separator, request.text, cells, text);
 }
 
 TableFault WriteStatistics(const Console& console, const OutputSettings& settings, const StatRequest& request,

@@ -182,23 +182,23 @@ bool FindNormalisers(const ControlRecords& records, const OutputSettings& settin
   const float A = static_cast<float>(wave.A);
   const float U = static_cast<float>(records.USHIP * InputScalesOf(records).velocity);
   const float cos_beta = static_cast<float>(std::cos(wave.beta));
-  const float L = settings.LENOUT;
-  const float g = settings.GRAVOUT;
+  const float L = settings.units.LENOUT;
+  const float g = settings.units.GRAVOUT;
   const float root = std::sqrt(g / L);
   float we = std::abs(w - (U * cos_beta) * k) * root;
   if (we < kNoEncounter) we = w * root;
   const float a = L * A;
-  const float ka = (settings.ANGOUT * k) * A;
-  const float B = settings.ndtf_beam > 0.0F ? settings.ndtf_beam : L;
-  const float Ln = settings.ndtf_length > 0.0F ? settings.ndtf_length : L;
+  const float ka = (settings.units.ANGOUT * k) * A;
+  const float B = settings.statistics.ndtf_beam > 0.0F ? settings.statistics.ndtf_beam : L;
+  const float Ln = settings.statistics.ndtf_length > 0.0F ? settings.statistics.ndtf_length : L;
   out.value = {a,
                a * we,
                a * (we * we),
                ka,
                ka * we,
                ka * (we * we),
-               (((g * B) * Ln) * a) * settings.RHOOUT,
-               (((g * B) * (Ln * Ln)) * a) * settings.RHOOUT};
+               (((g * B) * Ln) * a) * settings.units.RHOOUT,
+               (((g * B) * (Ln * Ln)) * a) * settings.units.RHOOUT};
   return true;
 }
 

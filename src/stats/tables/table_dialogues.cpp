@@ -22,11 +22,11 @@ constexpr std::string_view kAborting = "Aborting output";
 
 Answer AskProbability(const Console& console, OutputSettings& settings) {
   for (;;) {
-    float probability = settings.confidence_probability;
+    float probability = settings.statistics.confidence_probability;
     const Answer answer = ask_real(console, kProbability, true, probability);
     if (answer != Answer::ok) return answer;
     if (probability > 0.0F && probability < 1.0F) {
-      settings.confidence_probability = probability;
+      settings.statistics.confidence_probability = probability;
       return answer;
     }
     SayLine(console, kBadProbability);

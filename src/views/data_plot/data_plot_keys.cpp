@@ -145,10 +145,10 @@ bool NextOverlay(Session& s) {
 // The Fourier series is passed over: it is for scripts.
 bool NextSmoothing(Session& s) {
   constexpr int kOff = 0, kLocal = 1, kCubic = 3;
-  int& option = s.output.smooth_option;
+  int& option = s.output.smoothing.option;
   option = option == kOff ? kLocal : option == kCubic ? kOff : kCubic;
   const Console& console = s.platform.console;
-  if (option == kCubic) Say(console, kCubicFit, s.output.smooth_window);
+  if (option == kCubic) Say(console, kCubicFit, s.output.smoothing.window);
   else SayLine(console, option == kOff ? kNoSmoothing : kLocalFits);
   MarkAllStale(s.data_plot);
   s.data_plot.settings = s.output;

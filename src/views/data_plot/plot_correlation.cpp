@@ -80,7 +80,7 @@ TableFault MakeEnsemble(Session& session, DataPlotDerived& d) {
       UpdateDependence(session.platform.console, session.output, CurveRequest(session.data_plot), cases, state);
   if (fault != TableFault::none) return fault;
   EnsembleAutoCov autocov;
-  CalcEnsembleAutoCov(SamplesOf(state.ensemble), session.output.autocorrelation_cutoff, true, autocov);
+  CalcEnsembleAutoCov(SamplesOf(state.ensemble), session.output.statistics.autocorrelation_cutoff, true, autocov);
   d.correlation = std::move(autocov.ratio);
   d.lag.resize(d.correlation.size());
   for (std::size_t k = 0; k < d.lag.size(); ++k) d.lag[k] = static_cast<float>(k) * state.ensemble.dt;
@@ -161,7 +161,7 @@ void DrawEnvelopes(const DataPlotState& plot, PlotDraw draw) {
 void DrawCutoff(const Session& session, PlotDraw draw) {
   const DataPlotState& plot = session.data_plot;
   const float scale = plot.kind == PlotKind::autocovariance ? plot.derived.variance : 1.0F;
-  const float cutoff = session.output.autocorrelation_cutoff * scale;
+  const float cutoff = session.output.statistics.autocorrelation_cutoff * scale;
   const bool reached = plot.derived.ndti > 0;
   const float to = reached ? plot.derived.dti : std::max(plot.limits.x_max, plot.limits.x_min);
   const std::array<float, 3> x = {0.0F, to, to}, y = {cutoff, cutoff, 0.0F};
@@ -180,7 +180,7 @@ void Draw(Session& session, PlotDraw draw) {
   dgColour(draw, 1);
   const bool covariance = plot.kind == PlotKind::autocovariance;
   const PageNote notes[] = {{covariance ? "AutoCovariance Function" : "AutoCorrelation Function"},
-                            {fmt::format("Cutoff value = {}", Shown{session.output.autocorrelation_cutoff})},
+                            {fmt::format("Cutoff value = {}", Shown{session.output.statistics.autocorrelation_cutoff})},
                             {fmt::format("Cutoff time  = {}", Shown{d.dti})},
                             {fmt::format("Cutoff steps = {}", d.ndti)}};
   PageNotes(draw, notes, plot.text_size, plot.annot_size);
@@ -210,7 +210,7 @@ void WriteRows(const DataPlotDerived& d, const TableLayout& layout, std::string&
 TableFault WriteCovariance(Session& session, OutputFile& out) {
   if (!Prepare(session)) return TableFault::said;
   const std::string names[] = {"dTime", "Rx"};
-  const TableLayout layout = LayoutFor(session.output.separator, names);
+  const TableLayout layout = LayoutFor(session.output.writing.separator, names);
   std::string text = fmt::format("{}Autocovariance of {} for ZAVO file {}\n",
                                  session.data_plot.of_ensemble ? "Ensemble Averaged " : "", CurveName(session),
                                  session.case_store.file_name);

@@ -47,7 +47,7 @@ PlotFault FillHistory(Session& session, DataPlotState& plot) {
 
 bool FillSteps(const Session& session, DataPlotDerived& derived) {
   const int first = session.case_store.irf_case ? 1 : session.case_store.first_step;
-  const int stride = std::max(1, session.output.step_stride);
+  const int stride = std::max(1, session.output.reading.step_stride);
   if (!Grow(derived.step_x, static_cast<std::size_t>(derived.history.n))) return false;
   for (std::size_t i = 0; i < derived.step_x.size(); ++i)
     derived.step_x[i] = static_cast<float>(first) + static_cast<float>(i) * static_cast<float>(stride);
@@ -244,7 +244,7 @@ void UpdateOverlay(Session& session, const DrawnCurve& curve, StatRange range) {
   if (range.n <= 0) return SayLine(session.platform.console, kOverlaySkipped);
   MakeStatOverlay(plot.show_stats,
                   curve.y.subspan(static_cast<std::size_t>(range.first), static_cast<std::size_t>(range.n)),
-                  session.output.confidence_probability, d.overlay);
+                  session.output.statistics.confidence_probability, d.overlay);
 }
 
 // Values that belong below the plot are added to its notes.

@@ -65,7 +65,8 @@ bool TakeRecords(Session& session, const StatisticName& statistic, DataPlotDeriv
   for (std::size_t i = 0; i < X.size(); ++i) {
     if (X[i].empty()) continue;
     IntervalValues values;
-    if (!FindIntervals(session.platform.console, statistic, X[i], session.output.confidence_probability, values))
+    if (!FindIntervals(session.platform.console, statistic, X[i], session.output.statistics.confidence_probability,
+                       values))
       return false;
     const auto [half_width, low, estimate, high] = IntervalCellsOf(statistic.number, values);
     d.record_x.push_back(static_cast<float>(i + 1));
@@ -88,8 +89,8 @@ TableFault Make(Session& session, DataPlotDerived& d) {
   statistic.interval = true;
   IntervalValues values;
   if (!TakeRecords(session, statistic, d) ||
-      !FindEnsembleIntervals(console, statistic, SamplesOf(state.ensemble), session.output.confidence_probability,
-                             state.nmany, values)) {
+      !FindEnsembleIntervals(console, statistic, SamplesOf(state.ensemble),
+                             session.output.statistics.confidence_probability, state.nmany, values)) {
     SayLine(console, kLogicError);
     return TableFault::said;
   }
@@ -175,12 +176,12 @@ void DrawIntervals(Session& session, PlotDraw draw) {
   dgColour(draw, 1);
   const std::string_view etc = session.ensemble.nrec > 1 ? ", etc" : "";
   const int ensemble = ColourOf(plot, kEnsembleColour);
-  const PageNote notes[] = {
-      {fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high), Shown{session.output.confidence_probability}),
-       ensemble},
-      {fmt::format(kEstimate, ShortNumber(d.estimate)), ensemble},
-      {std::string(WordsOf(plot).name)},
-      {fmt::format("{}{}", session.case_store.file_name, etc)}};
+  const PageNote notes[] = {{fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high),
+                                         Shown{session.output.statistics.confidence_probability}),
+                             ensemble},
+                            {fmt::format(kEstimate, ShortNumber(d.estimate)), ensemble},
+                            {std::string(WordsOf(plot).name)},
+                            {fmt::format("{}{}", session.case_store.file_name, etc)}};
   PageNotes(draw, notes, plot.text_size, plot.annot_size);
 }
 
@@ -190,9 +191,10 @@ TableFault WriteRealizations(Session& session, OutputFile& out) {
   const DataPlotState& plot = session.data_plot;
   const DataPlotDerived& d = plot.derived;
   const std::string names[] = {"Realization", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
-  const TableLayout layout = LayoutFor(session.output.separator, names);
-  std::string text = fmt::format("{} with Confidence Interval; {}\nConfidence Interval Probability= {}\n",
-                                 WordsOf(plot).name, CurveName(session), Shown{session.output.confidence_probability});
+  const TableLayout layout = LayoutFor(session.output.writing.separator, names);
+  std::string text =
+      fmt::format("{} with Confidence Interval; {}\nConfidence Interval Probability= {}\n", WordsOf(plot).name,
+                  CurveName(session), Shown{session.output.statistics.confidence_probability});
   AppendHeading(text, layout, names);
   for (std::size_t i = 0; i < d.record_x.size(); ++i) {
     const float cells[] = {d.record_low[i], d.record_estimate[i], d.record_high[i]};

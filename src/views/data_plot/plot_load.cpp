@@ -29,7 +29,7 @@ constexpr int kMark = 1;
 // All steps in use, whatever the stride: the present one need not be one of the points.
 bool FillHistories(Session& session, DataPlotState& plot) {
   OutputSettings every = session.output;
-  every.step_stride = 1;
+  every.reading.step_stride = 1;
   const Console& console = session.platform.console;
   const QuantityRow* row = FindQuantity(plot.quantity.iqnt);
   PlotFault fault = PlotFault::not_valid;
@@ -64,7 +64,7 @@ void TakeCuts(const Session& session, DataPlotState& plot) {
   DataPlotDerived& d = plot.derived;
   const CaseStore& store = session.case_store;
   for (std::vector<float>* list : {&d.cut, &d.load, &d.load_least, &d.load_largest}) list->clear();
-  const auto stride = static_cast<std::size_t>(std::max(1, session.output.step_stride));
+  const auto stride = static_cast<std::size_t>(std::max(1, session.output.reading.step_stride));
   const auto now = static_cast<std::size_t>(std::clamp(store.current_step - store.first_step, 0, d.history.n - 1));
   for (std::size_t i = 0; i < d.history.y.size(); ++i) {
     if (i < plot.hidden.size() && plot.hidden[i] != 0) continue;
@@ -99,8 +99,8 @@ void LoadNames(const Session& session, PlotNames& names) {
   names.x = row != nullptr && row->need == QuantityNeed::y_cuts ? "Y" : "X";
   names.y = std::string(cQntMed(iqnt));
   names.title = fmt::format("Load Distribution of {}", cQntLong(iqnt));
-  names.note =
-      fmt::format(kStepNote, store.current_step, Shown{store.time.at(1, store.current_step) * session.output.scales.T});
+  names.note = fmt::format(kStepNote, store.current_step,
+                           Shown{store.time.at(1, store.current_step) * session.output.units.scales.T});
 }
 
 // While a cut is selected, for the key that leaves it out.

@@ -48,7 +48,7 @@ void FillWaterline(Session& session, DataPlotDerived& derived) {
     SayLine(session.platform.console, kIncomplete);
   }
   const Vector3 centre = ShipCentre(store);
-  const double length = static_cast<double>(session.output.scales.position[0]);
+  const double length = static_cast<double>(session.output.units.scales.position[0]);
   const auto shown = [&](double value, std::size_t i) { return static_cast<float>((value - centre[i]) * length); };
   for (const WaterlinePiece& piece : pieces) {
     derived.waterline_x.push_back({shown(piece[0][0], 0), shown(piece[1][0], 0)});
@@ -60,7 +60,7 @@ void FillWaterline(Session& session, DataPlotDerived& derived) {
 void FillHullSteps(const Session& session, DataPlotState& plot) {
   std::vector<int>& steps = plot.derived.hull_steps;
   steps.clear();
-  const int stride = std::max(1, session.output.step_stride), first = session.case_store.first_step;
+  const int stride = std::max(1, session.output.reading.step_stride), first = session.case_store.first_step;
   const int last = plot.derived.history.n - 1;
   int before = -1;
   const auto add = [&](std::int64_t point) {
@@ -119,7 +119,7 @@ struct HullPlace {
 std::vector<HullPlace> HullPlaces(const Session& session) {
   const DataPlotDerived& derived = session.data_plot.derived;
   const CaseStore& store = session.case_store;
-  const int stride = std::max(1, session.output.step_stride);
+  const int stride = std::max(1, session.output.reading.step_stride);
   std::vector<HullPlace> places;
   for (const int step : derived.hull_steps) {
     const auto point = static_cast<std::size_t>((step - store.first_step) / stride);
@@ -137,7 +137,7 @@ struct ShownPoint {
 ShownPoint OfShip(const Session& session, const HullPlace& place, float x, float y) {
   const float scale = session.data_plot.geometry_scale;
   const float c = scale * std::cos(place.yaw), s = scale * std::sin(place.yaw);
-  const std::array<float, 6>& sign = session.output.cnvfac;
+  const std::array<float, 6>& sign = session.output.units.cnvfac;
   return {place.x + sign[0] * (c * x - s * y), place.y + sign[1] * (s * x + c * y)};
 }
 
@@ -216,7 +216,7 @@ void DrawTimes(const Session& session, PlotDraw draw) {
   const DataPlotState& plot = session.data_plot;
   if (!plot.time_labels_on) return;
   const PlotPage& page = draw.page;
-  const int stride = std::max(1, session.output.step_stride);
+  const int stride = std::max(1, session.output.reading.step_stride);
   const float h = plot.annot_size, pitch = LinePitch(draw, h);
   ShownPoint before{-page.page_width, -page.page_height};
   float width_before = 0;
@@ -260,7 +260,7 @@ TableFault WriteTrajectory(Session& session, OutputFile& out) {
   if (!PrepareTrajectory(session)) return TableFault::said;
   const PlotData& track = session.data_plot.derived.history;
   const std::string names[] = {"  Time   ", track.labels[0], track.labels[1]};
-  const TableLayout layout = LayoutFor(session.output.separator, names);
+  const TableLayout layout = LayoutFor(session.output.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
   text += fmt::format("Trajectory for ZAVO file {}\n", session.case_store.file_name);
   AppendHeading(text, layout, names);

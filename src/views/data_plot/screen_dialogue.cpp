@@ -111,21 +111,21 @@ bool SkipsAll(const CaseStore& store, int first, int last) {
 }
 
 bool SetSkipFirst(Session& s, int n) {
-  if (SkipsAll(s.case_store, n, s.output.skip_terminal)) return false;
-  SetSkips(n, s.output.skip_terminal, s.output, s.case_store);
+  if (SkipsAll(s.case_store, n, s.output.reading.skip_terminal)) return false;
+  SetSkips(n, s.output.reading.skip_terminal, s.output, s.case_store);
   return true;
 }
 
 bool SetSkipLast(Session& s, int n) {
   if (SkipsAll(s.case_store, s.case_store.skip_effective, n)) return false;
-  s.output.skip_terminal = n;
+  s.output.reading.skip_terminal = n;
   return true;
 }
 
-template <int OutputSettings::*trim, int OutputSettings::*other>
+template <int ReadingSettings::*trim, int ReadingSettings::*other>
 bool SetTrim(Session& s, int n) {
-  if (TrimsAll(s.case_store, n, s.output.*other)) return false;
-  s.output.*trim = n;
+  if (TrimsAll(s.case_store, n, s.output.reading.*other)) return false;
+  s.output.reading.*trim = n;
   RetrimRecords(s.platform.console, s.output, s.case_store, s.ensemble);
   return true;
 }
@@ -134,13 +134,13 @@ constexpr StepCountRow kStepCounts[] = {
     {kSkipFirst, "Enter # of INITIAL time steps to skip in statistics",
      [](const Session& s) { return std::max(0, s.case_store.skip_effective); }, SetSkipFirst},
     {kSkipLast, "Enter # of TERMINAL time steps to skip in statistics",
-     [](const Session& s) { return s.output.skip_terminal; }, SetSkipLast},
+     [](const Session& s) { return s.output.reading.skip_terminal; }, SetSkipLast},
     {kTrimFirst, "Enter # of INITIAL time steps to trim (all output)",
-     [](const Session& s) { return s.output.trim_initial; },
-     SetTrim<&OutputSettings::trim_initial, &OutputSettings::trim_terminal>},
+     [](const Session& s) { return s.output.reading.trim_initial; },
+     SetTrim<&ReadingSettings::trim_initial, &ReadingSettings::trim_terminal>},
     {kTrimLast, "Enter # of TERMINAL time steps to trim (all output)",
-     [](const Session& s) { return s.output.trim_terminal; },
-     SetTrim<&OutputSettings::trim_terminal, &OutputSettings::trim_initial>},
+     [](const Session& s) { return s.output.reading.trim_terminal; },
+     SetTrim<&ReadingSettings::trim_terminal, &ReadingSettings::trim_initial>},
 };
 
 const StepCountRow* FindStepCount(int option) {

@@ -20,7 +20,7 @@ int HullSpacing(const DataPlotState& plot) {
 
 void StartClock(Session& session) {
   const CaseStore& store = session.case_store;
-  session.plot_session.run_t0 = store.time.at(1, store.current_step) * session.output.scales.T;
+  session.plot_session.run_t0 = store.time.at(1, store.current_step) * session.output.units.scales.T;
   session.plot_session.run_clock0 = session.platform.clock.seconds(session.platform.clock.self);
 }
 

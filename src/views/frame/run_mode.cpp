@@ -22,7 +22,7 @@ bool AtLastStep(const Session& s) {
 
 // Seconds of a step as simulated, in output units.
 double TimeOf(const Session& s, int step) {
-  return static_cast<double>(s.case_store.time.at(1, step) * s.output.scales.T);
+  return static_cast<double>(s.case_store.time.at(1, step) * s.output.units.scales.T);
 }
 
 bool IsDue(const Session& s, int step) {

@@ -13,7 +13,8 @@ bool SameQuantity(const QuantityRequest& a, const QuantityRequest& b) {
 // Limits and hidden curves belong to one quantity of one case in one unit.
 void ForgetLimits(Session& session, const PlotRequest& wanted) {
   DataPlotState& plot = session.data_plot;
-  const bool same_case = plot.case_serial == session.case_store.serial && plot.settings == session.output;
+  const bool same_case = plot.case_serial == session.case_store.serial && plot.settings == session.output &&
+                         plot.settings.statistics == session.output.statistics;
   const bool same_plot = plot.kind == wanted.kind && SameQuantity(plot.quantity, wanted.quantity) &&
                          plot.of_ensemble == wanted.of_ensemble && plot.statistic == wanted.statistic;
   if (!same_plot || !same_case) plot.hidden.clear();

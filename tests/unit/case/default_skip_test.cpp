@@ -33,7 +33,7 @@ std::string Choose(CaseStore& c, SkipPrompt mode, std::deque<std::string> input 
   RunState run;
   run.skip_prompt = mode;
   OutputSettings settings = SettingsFor(c);
-  settings.skip_initial = skip_initial;
+  settings.reading.skip_initial = skip_initial;
   ChooseDefaultSkip(fake.Get().console, run, settings, c);
   return fake.output;
 }

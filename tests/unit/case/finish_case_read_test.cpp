@@ -41,9 +41,9 @@ TEST(FinishCaseRead, Trimming) {
     c.last_read = row.last_read;
     c.nstep_expected = row.planned;
     OutputSettings settings;
-    settings.trim_initial = row.initial;
-    settings.trim_terminal = row.terminal;
-    settings.trim_abort = row.abort;
+    settings.reading.trim_initial = row.initial;
+    settings.reading.trim_terminal = row.terminal;
+    settings.reading.trim_abort = row.abort;
     finish_case_read(fake.Get().console, settings, c);
     EXPECT_EQ(c.first_step, row.first_step) << row.last_read << ' ' << row.initial;
     EXPECT_EQ(c.last_step, row.last_step) << row.last_read << ' ' << row.initial;
@@ -65,7 +65,7 @@ TEST(FinishCaseRead, SkipsAndKeySteps) {
     c.last_read = row.last_step;
     c.skip_effective = row.before;
     OutputSettings settings;
-    settings.skip_initial = row.requested;
+    settings.reading.skip_initial = row.requested;
     (void)ApplyTrim(settings, c);
     EXPECT_EQ(c.skip_effective, row.after) << row.requested << ' ' << row.last_step;
   }
@@ -74,7 +74,7 @@ TEST(FinishCaseRead, SkipsAndKeySteps) {
     c.first_read = row.first;
     c.last_read = row.last;
     OutputSettings settings;
-    settings.kmstep_interval = row.interval;
+    settings.reading.kmstep_interval = row.interval;
     ASSERT_TRUE(FindKeySteps(settings, c));
     EXPECT_EQ(c.kmstep, row.want) << row.last;
   }

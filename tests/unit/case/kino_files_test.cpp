@@ -14,10 +14,10 @@ TEST(KinoFiles, Motions) {
   const Platform platform = fake.Get();
   CaseStore c = SmallCase(1, 3);
   OutputSettings settings = SettingsFor(c);
-  settings.LENOUT = 50.0F;
-  settings.step_stride = 2;
+  settings.units.LENOUT = 50.0F;
+  settings.reading.step_stride = 2;
   set_output_scales(settings, false);
-  settings.cnvfac = {1, -1, -1, 1, -1, -1};
+  settings.units.cnvfac = {1, -1, -1, 1, -1, -1};
   ASSERT_EQ(write_kino_files(platform, "", settings, c), KinoSet::ok);
   EXPECT_EQ(fake.Bytes(".mot"),
             "!KINO motion data from ZAVO output file run.out\n"
@@ -48,7 +48,7 @@ TEST(KinoFiles, ViewerCommands) {
     c.seaway.scaling.WSCFAC = {0, 1};
     c.seaway.scaling.DTH = 0.25;
     OutputSettings settings = SettingsFor(c);
-    settings.LENOUT = 328.0F;
+    settings.units.LENOUT = 328.0F;
     set_output_scales(settings, false);
     ASSERT_EQ(write_kino_files(fake.Get(), " tow ", settings, c), KinoSet::ok);
     // The CG lies at (1, 0, -1.25) in ship axes; the points are turned to it. Step 41: 10 sqrt(328/32.174).

@@ -39,8 +39,8 @@ struct Session {
 // Position + R (centre - reference), over the length of the file; times over sqrt(L/g); degrees to radians.
 TEST(KinoInput, CaseOfThreeFiles) {
   Session s;
-  s.settings.GRAVOUT = 32.0F;
-  s.settings.user_scale[0] = true;
+  s.settings.units.GRAVOUT = 32.0F;
+  s.settings.units.user_scale[0] = true;
   ASSERT_EQ(s.Read({"tow", "wave", "", 9.0, 1000.0, {1.0, 2.0, 3.0}, {1.0, 2.0, 5.0}}), KinoInput::ok);
   const CaseStore& c = s.store;
   const double T = std::sqrt(100.0 / 9.0);
@@ -61,9 +61,9 @@ TEST(KinoInput, CaseOfThreeFiles) {
   EXPECT_NEAR(c.seaway.waves.FREQW[0], 0.5 * T, 1e-6);
   EXPECT_NEAR(c.control.seaway.waves.at(0).FREQW, 0.5, 1e-7);
   EXPECT_NEAR(c.control.seaway.waves.at(0).AMPW0, 2.0, 1e-6);
-  EXPECT_EQ(s.settings.GRAVOUT, 9.0F);
-  EXPECT_EQ(s.settings.RHOOUT, 1000.0F);
-  EXPECT_EQ(s.settings.LENOUT, 100.0F);
+  EXPECT_EQ(s.settings.units.GRAVOUT, 9.0F);
+  EXPECT_EQ(s.settings.units.RHOOUT, 1000.0F);
+  EXPECT_EQ(s.settings.units.LENOUT, 100.0F);
   EXPECT_EQ(s.ensemble.nrec, 1);
   for (int iqnt = 1; iqnt <= kQuantities; ++iqnt) {
     const bool there = iqnt == 1 || iqnt == 4 || (iqnt >= 25 && iqnt <= 27) || iqnt == 30 || iqnt == 34 || iqnt == 35;
@@ -107,13 +107,13 @@ TEST(KinoInput, FaultsLeaveTheCase) {
   for (const auto& c : cases) {
     Session s;
     s.store.file_name = "held";
-    s.settings.LENOUT = 7;
+    s.settings.units.LENOUT = 7;
     EXPECT_EQ(s.Read(c.files), KinoInput::abandoned);
     EXPECT_TRUE(s.fake.output.size() >= c.words.size() &&
                 s.fake.output.substr(s.fake.output.size() - c.words.size()) == c.words)
         << s.fake.output;
     EXPECT_EQ(s.store.file_name, "held");
-    EXPECT_EQ(s.settings.LENOUT, 7.0F);
+    EXPECT_EQ(s.settings.units.LENOUT, 7.0F);
   }
 }
 

@@ -15,8 +15,8 @@ std::string Write(int iqnt, int step, int stride, int first_step) {
   AddLoads(c, 1, 6);
   c.load_force[0].component[0] = {5.0F, -2.0F, 7.0F, 1.0F, -9.0F, 3.0F};
   OutputSettings settings = SettingsFor(c);
-  settings.scales.load_force = 2.0F;
-  settings.step_stride = stride;
+  settings.units.scales.load_force = 2.0F;
+  settings.reading.step_stride = stride;
   c.first_step = first_step;
   OutputFile out;
   EXPECT_TRUE(OpenOutput(platform, "", OpenHow::replace, out));

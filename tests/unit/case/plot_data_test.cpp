@@ -37,8 +37,8 @@ struct Fixture {
 // Source, scale and sign of each quantity: exact, in the order stored x scale x sign.
 TEST(PlotData, StoredTimesScaleTimesSign) {
   Fixture f;
-  f.settings.cnvfac = kModel;
-  const OutputScales& s = f.settings.scales;
+  f.settings.units.cnvfac = kModel;
+  const OutputScales& s = f.settings.units.scales;
   const CaseStore& c = f.c;
   const auto slots = [&](int first, int last, int i) {
     float sum = c.force.at(6 * (first - 1) + i, 3);
@@ -75,7 +75,7 @@ TEST(PlotData, PointQuantities) {
       {true, 38, 18, 1, -0.065 * 5.620716018}};
   // clang-format on
   for (const auto& [model, iqnt, curve, step, want] : rows) {
-    f.settings.cnvfac = model ? kModel : std::array<float, 6>{1, 1, 1, 1, 1, 1};
+    f.settings.units.cnvfac = model ? kModel : std::array<float, 6>{1, 1, 1, 1, 1, 1};
     ASSERT_EQ(f.Set(iqnt, curve), PlotFault::none) << iqnt;
     EXPECT_NEAR(f.data.y.at(0).at(step - 1), want, 3e-6 * std::fabs(want)) << iqnt << ' ' << curve;
   }
@@ -87,14 +87,14 @@ TEST(PlotData, StrideAndTrims) {
   Fixture f(371, 10);
   f.c.first_step = 373;
   f.c.last_step = 379;
-  f.settings.step_stride = 3;
+  f.settings.reading.step_stride = 3;
   ASSERT_EQ(f.Set(1, 0), PlotFault::none);
   EXPECT_EQ(f.data.n, 3);  // 373 376 379
   EXPECT_EQ(f.data.labels.at(5), "pmgg(6)");
-  EXPECT_EQ(f.data.y.at(1).at(1), f.c.pmgg.at(2, 376) * f.settings.scales.position[1]);
+  EXPECT_EQ(f.data.y.at(1).at(1), f.c.pmgg.at(2, 376) * f.settings.units.scales.position[1]);
   ASSERT_EQ(f.Set(1, 2), PlotFault::none);
   EXPECT_EQ(f.data.y.size(), 1U);
-  EXPECT_EQ(f.data.y.at(0).at(2), f.c.pmgg.at(2, 379) * f.settings.scales.position[1]);
+  EXPECT_EQ(f.data.y.at(0).at(2), f.c.pmgg.at(2, 379) * f.settings.units.scales.position[1]);
   f.c.last_step = 372;
   ASSERT_EQ(f.Set(1, 2), PlotFault::none);
   EXPECT_TRUE(f.data.x.empty());
@@ -167,8 +167,8 @@ TEST(StatPoints, CountFileStepsWhateverTheStride) {
     c.last_step = row.last_step;
     c.skip_effective = row.skip;
     OutputSettings settings;
-    settings.skip_terminal = row.terminal;
-    settings.step_stride = row.stride;
+    settings.reading.skip_terminal = row.terminal;
+    settings.reading.step_stride = row.stride;
     const StatRange range = StatPoints(c, settings);
     EXPECT_EQ(range.first, row.first) << row.skip << ' ' << row.stride;
     EXPECT_EQ(range.n, row.n) << row.skip << ' ' << row.stride;

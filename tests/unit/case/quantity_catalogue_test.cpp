@@ -30,7 +30,7 @@ TEST(QuantityCatalogue, CurveLabels) {
     EXPECT_EQ(labels.size(), static_cast<std::size_t>(CurveCount(c, iqnt))) << iqnt;
     EXPECT_EQ(labels.count(""), 0U) << iqnt;
   }
-  settings.LENOUT = 328.0F;  // cuts are shown in output lengths
+  settings.units.LENOUT = 328.0F;  // cuts are shown in output lengths
   EXPECT_EQ(CurveLabel(c, settings, 13, 1), "Force, X=82");
 }
 

@@ -178,15 +178,15 @@ TEST(ReadOutputFile, ScriptsAreNotAskedAndUserScalesSurvive) {
   Reader reader;
   reader.run.skip_prompt = SkipPrompt::ask;
   reader.run.script_active = true;
-  reader.settings.trim_initial = 2;
-  reader.settings.LENOUT = 1.0F;
-  reader.settings.user_scale[2] = true;
-  reader.settings.GRAVOUT = 32.0F;
+  reader.settings.reading.trim_initial = 2;
+  reader.settings.units.LENOUT = 1.0F;
+  reader.settings.units.user_scale[2] = true;
+  reader.settings.units.GRAVOUT = 32.0F;
   EXPECT_EQ(reader.Read("good"), ReadOutcome::ok);
   EXPECT_EQ(reader.fake.output.find("How many"), std::string::npos);
   EXPECT_EQ(reader.store.first_step, 3);
-  EXPECT_EQ(reader.settings.LENOUT, 1.0F);
-  EXPECT_EQ(reader.settings.GRAVOUT, 9.81F);
+  EXPECT_EQ(reader.settings.units.LENOUT, 1.0F);
+  EXPECT_EQ(reader.settings.units.GRAVOUT, 9.81F);
 }
 
 TEST(ReadOutputFile, LongReadsShowHowFarTheyAre) {

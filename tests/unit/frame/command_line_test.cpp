@@ -85,7 +85,7 @@ TEST(CommandLine, WordsVariablesAndFiles) {
   EXPECT_EQ(table, "a:1;ROOT:/x;b:c=d;e=:f g;ROOT:/y;");
   EXPECT_EQ(session.run.file_args, (std::vector<std::string>{"run.out", "-odd.out"}));
   EXPECT_TRUE(session.run.script_file_name == "s" && !session.run.script_is_init);
-  EXPECT_TRUE(session.output.ANGOUT == 57.29578F && session.output.user_scale[3]);
+  EXPECT_TRUE(session.output.units.ANGOUT == 57.29578F && session.output.units.user_scale[3]);
   EXPECT_TRUE(session.run.selected_ship == 2 && session.run.selected_vcg == 10.5F);
 }
 

@@ -113,7 +113,7 @@ TEST(TextMenu, EveryQuestionCanBeGivenUp) {
     EXPECT_EQ(menu.fake.files.size(), menu.files) << asked;
     EXPECT_EQ(menu.fake.OpenHandles(), 0U) << asked;
   }
-  EXPECT_EQ(menu.session.output.smooth_option, 0);  // given up at the width
+  EXPECT_EQ(menu.session.output.smoothing.option, 0);  // given up at the width
 }
 
 TEST(TextMenu, EndOfInputEndsEveryQuestion) {

@@ -104,7 +104,7 @@ TEST(Script, GoodLines) {
 TEST(Script, AbortedCase) {
   ScriptRun run("TRIM_STEPS 1 2\nTRIM_ABORT 30\nTRIM_ABORT 500\nTRIM_ABORT 0\n");
   run.session.case_store.nstep_expected = 200;
-  run.session.output.trim_abort = 20;
+  run.session.output.reading.trim_abort = 20;
   run.Run();
   EXPECT_EQ(Said(run.fake.output), std::string("1 steps trimmed from beginning of time history\n"
                                                "20 steps trimmed from end of aborted time history\n"
@@ -151,7 +151,7 @@ TEST(Script, ArgumentsCrossLinesWithoutEcho) {
   ScriptRun run("\n SET_OUTPUT_SCALES 1 2\n\n3\n4 5\nSET_DELIMITER\ncomma\nCONF_PROB\n", false);
   run.Run();
   EXPECT_EQ(run.status, kScriptFailed);
-  EXPECT_EQ(run.session.output.separator, Separator::comma);
+  EXPECT_EQ(run.session.output.writing.separator, Separator::comma);
   const std::string& said = run.fake.output;
   EXPECT_NE(said.find("ZAVIEW Scripting:  SET_OUTPUT_SCALES 1 2\nChanging"), std::string::npos) << said;
   EXPECT_EQ(said.find("ZAVIEW Scripting: 3"), std::string::npos);
@@ -216,7 +216,7 @@ TEST(Script, SuspendedAtAPlot) {
   EXPECT_EQ(script.next_line, 1U);
   EXPECT_EQ(OpenScriptFile(session, "s"), kScriptOk);
   EXPECT_EQ(session.run.plot_suboption, 0);
-  EXPECT_EQ(session.output.separator, Separator::comma);
+  EXPECT_EQ(session.output.writing.separator, Separator::comma);
   EXPECT_FALSE(script.open);
   EXPECT_NE(fake.output.find("Successfully parsed ZAVIEW script file : s\n"), std::string::npos);
 }

@@ -23,30 +23,30 @@ Values Of(T... values) {
 // ---- What is read back
 
 Values Delimiter(const Session& s) {
-  return Of(s.output.separator);
+  return Of(s.output.writing.separator);
 }
 Values Scales(const Session& s) {
   const OutputSettings& o = s.output;
-  return Of(o.GRAVOUT, o.RHOOUT, o.LENOUT, o.ANGOUT, o.scales.position[0], o.user_scale[0], o.user_scale[1],
-            o.user_scale[2], o.user_scale[3]);
+  return Of(o.units.GRAVOUT, o.units.RHOOUT, o.units.LENOUT, o.units.ANGOUT, o.units.scales.position[0],
+            o.units.user_scale[0], o.units.user_scale[1], o.units.user_scale[2], o.units.user_scale[3]);
 }
 Values Signs(const Session& s) {
-  return {s.output.cnvfac.begin(), s.output.cnvfac.end()};
+  return {s.output.units.cnvfac.begin(), s.output.units.cnvfac.end()};
 }
 Values Steps(const Session& s) {
   const CaseStore& c = s.case_store;
-  return Of(c.first_step, c.last_step, c.skip_effective, s.output.skip_terminal, s.output.trim_initial,
-            s.output.trim_terminal, s.output.trim_abort, s.output.step_stride);
+  return Of(c.first_step, c.last_step, c.skip_effective, s.output.reading.skip_terminal, s.output.reading.trim_initial,
+            s.output.reading.trim_terminal, s.output.reading.trim_abort, s.output.reading.step_stride);
 }
 Values Smoothing(const Session& s) {
-  return Of(s.output.smooth_option, s.output.smooth_window);
+  return Of(s.output.smoothing.option, s.output.smoothing.window);
 }
 Values Ndtf(const Session& s) {
-  return Of(s.output.ndtf_length, s.output.ndtf_beam);
+  return Of(s.output.statistics.ndtf_length, s.output.statistics.ndtf_beam);
 }
 Values Intervals(const Session& s) {
-  return Of(s.output.confidence_probability, s.output.autocorrelation_rate, s.output.autocorrelation_cutoff,
-            s.statistics.nmany);
+  return Of(s.output.statistics.confidence_probability, s.output.statistics.autocorrelation_rate,
+            s.output.statistics.autocorrelation_cutoff, s.statistics.nmany);
 }
 Values Shown(const Session& s) {
   return Of(s.data_plot.show_stats);

@@ -58,7 +58,7 @@ TEST(AutocorrelationTable, EveryNthSampleBehindTheSkippedOnes) {
   CaseStore c = ShortCase();
   OutputSettings settings;
   c.skip_effective = 20;
-  settings.autocorrelation_rate = 3;  // positions 21 and 24: R(0) is (x(21) - mean)^2
+  settings.statistics.autocorrelation_rate = 3;  // positions 21 and 24: R(0) is (x(21) - mean)^2
   EXPECT_EQ(Write(c, settings).text,
             "Autocorrelation of Position of CG for ZAVO file run.out\n"
             "        dTime            Rx\n"
@@ -68,10 +68,10 @@ TEST(AutocorrelationTable, EveryNthSampleBehindTheSkippedOnes) {
             "        dTime            Rx\n"
             "\nLower envelope\n"
             "        dTime            Rx\n");
-  settings.autocorrelation_rate = std::numeric_limits<int>::max();  // one sample: nothing to scale by
+  settings.statistics.autocorrelation_rate = std::numeric_limits<int>::max();  // one sample: nothing to scale by
   const std::string one = Write(c, settings).text;
   EXPECT_NE(one.find("Rx\n     0.000000      0.000000\n\nUpper"), std::string::npos);
-  settings.autocorrelation_rate = -2;  // as 1
+  settings.statistics.autocorrelation_rate = -2;  // as 1
   EXPECT_NE(Write(c, settings).text.find("\n    0.5000000 "), std::string::npos);
 }
 

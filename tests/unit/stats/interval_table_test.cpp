@@ -70,7 +70,7 @@ TEST(IntervalTable, QuantityColumn) {
   EXPECT_EQ(text.substr(head.size(), 47), "Surge           Mean               0.7350832   ");
 
   Wanted csv{.text = "U 10, head"};
-  csv.settings.separator = Separator::comma;
+  csv.settings.writing.separator = Separator::comma;
   EXPECT_NE(Write(csv).text.find("\nQuantity,Statistic,Cnfdnce Intvl,Low (est-CI),Estimate,High (est+CI)\n"
                                  "\"U 10, head\",Mean,0.7350832,-0.6731301,0.06195313,0.7970363\n"),
             std::string::npos);
@@ -98,7 +98,7 @@ TEST(IntervalTable, SingleLines) {
 
 TEST(IntervalTable, Refusals) {
   Wanted certain{};
-  certain.settings.confidence_probability = 1.0F;
+  certain.settings.statistics.confidence_probability = 1.0F;
   EXPECT_EQ(Write(certain).console, "ERROR in CalcRecordStats: invalid confidence probability = 1\n");
   EXPECT_EQ(Write(certain).fault, TableFault::said);
   certain.word = "SIG_CI";

@@ -37,10 +37,10 @@ CaseStore OneWave() {
 }
 OutputSettings WaveSettings() {
   OutputSettings settings;
-  settings.GRAVOUT = 8.0F;
-  settings.LENOUT = 2.0F;
-  settings.RHOOUT = 10.0F;
-  settings.ANGOUT = 50.0F;
+  settings.units.GRAVOUT = 8.0F;
+  settings.units.LENOUT = 2.0F;
+  settings.units.RHOOUT = 10.0F;
+  settings.units.ANGOUT = 50.0F;
   return settings;
 }
 
@@ -94,7 +94,7 @@ TEST(StatTable, TextHeadsOneCurve) {
   EXPECT_EQ(head(Write({.text = "Surge, m"})), "Statistic           Surge, m");
   EXPECT_EQ(head(Write({.text = "Surge of the motions test"})), "Statistic      Surge of the motions test");
   Wanted csv{.text = "Surge, m"};
-  csv.settings.separator = Separator::comma;
+  csv.settings.writing.separator = Separator::comma;
   EXPECT_EQ(head(Write(csv)), "Statistic,\"Surge, m\"");
   EXPECT_NE(Write(csv).text.find("\nMaximum (ABS),4.273000\n"), std::string::npos);
 }
@@ -113,20 +113,20 @@ TEST(StatTable, SingleStatisticsAreBareLines) {
     EXPECT_EQ(Write({.word = c.word, .curve = c.curve, .text = c.text}).text, c.line) << c.word;
   Wanted csv{.text = "18,180", .before = "17,180,0.1\n"};
   csv.word = "MEAN";
-  csv.settings.separator = Separator::comma;
+  csv.settings.writing.separator = Separator::comma;
   EXPECT_EQ(Write(csv).text, "17,180,0.1\n18,180,0.06195313\n");
 }
 
 TEST(StatTable, SkippedStepsCountNot) {
   Wanted w{.word = "MAX"};
-  w.c.skip_effective = 3;         // the first of use is the fourth sample
-  w.settings.skip_terminal = 55;  // and the ninth the last
+  w.c.skip_effective = 3;                 // the first of use is the fourth sample
+  w.settings.reading.skip_terminal = 55;  // and the ninth the last
   EXPECT_EQ(Write(w).text, "     2.036000\n");
-  w.settings.skip_terminal = 60;
+  w.settings.reading.skip_terminal = 60;
   EXPECT_EQ(Write(w).text, "     2.036000\n");  // one sample
   w.word = "RMS";
   EXPECT_EQ(Write(w).text, "          NaN\n");  // of which there is no variance
-  w.settings.skip_terminal = 61;
+  w.settings.reading.skip_terminal = 61;
   const Written none = Write(w);
   EXPECT_EQ(none.fault, TableFault::said);
   EXPECT_EQ(none.console, "ERR495 - Too many steps skipped or trimmed in statistics output\n");
@@ -193,8 +193,8 @@ TEST(Normalisers, ByQuantityAndComponent) {
 
 TEST(Normalisers, LengthBeamAndFollowingSeas) {
   OutputSettings settings = WaveSettings();
-  settings.ndtf_beam = 3.0F;
-  settings.ndtf_length = 4.0F;
+  settings.statistics.ndtf_beam = 3.0F;
+  settings.statistics.ndtf_length = 4.0F;
   CaseStore c = OneWave();
   c.control.seaway.waves[0].HEADW = 0.0;
   c.control.USHIP = 1.25;  // as fast as the wave: its own frequency instead of none

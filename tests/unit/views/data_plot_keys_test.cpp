@@ -71,7 +71,7 @@ constexpr PlotKind kHistory = PlotKind::history, kTrack = PlotKind::trajectory, 
 void Renew(PlotView& v, PlotKind kind) {
   Session& s = v.session;
   s.data_plot = DataPlotState{};
-  s.output.smooth_option = 0;
+  s.output.smoothing.option = 0;
   s.statistics = StatisticsState{};
   s.motion_view = MotionViewState{};
   s.run.plot_module = 1;
@@ -145,9 +145,9 @@ TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
       {kTrack, "j j j j j j j j j j j j J J J", [](const Session& s) { return s.data_plot.geometry_every == 4; }},
       {kHistory, "z A-g A-q F1", [](const Session& s) {
          return s.run.plot_module == 1 && !s.run.redraw && !s.data_plot.grid_on; }},
-      {kHistory, "^f", [](const Session& s) { return s.output.smooth_option == 1 && s.data_plot.redo_data; },
+      {kHistory, "^f", [](const Session& s) { return s.output.smoothing.option == 1 && s.data_plot.redo_data; },
        "Data smoothing: Local least-squares fits\n"},
-      {kHistory, "^f ^f ^f", [](const Session& s) { return s.output.smooth_option == 0; },
+      {kHistory, "^f ^f ^f", [](const Session& s) { return s.output.smoothing.option == 0; },
        "Data smoothing: Local least-squares fits\n"
        "Data smoothing: Cubic polynomial fit to specified window (currently 11 time steps)\nData smoothing: OFF\n"},
       {kHistory, "q", [](const Session& s) { return s.run.plot_module == 0 && !s.run.redraw; }},
@@ -359,10 +359,10 @@ struct Talk {
 TEST(DataPlotKeys, StepsAreAskedForOnTheTextScreen) {
   // clang-format off
   const Talk talks[] = {
-      {"^s", {"20"}, [](const Session& s) { return s.output.skip_initial == 20 && s.case_store.skip_effective == 20; }, ""},
-      {"^S", {"5"}, [](const Session& s) { return s.output.skip_terminal == 5 && s.output.skip_initial == -1; }, ""},
-      {"^s", {""}, [](const Session& s) { return s.output.skip_initial == -1 && s.run.redraw; }, ""},
-      {"^s", {"300", "x", "-1", ""}, [](const Session& s) { return s.output.skip_initial == -1; },
+      {"^s", {"20"}, [](const Session& s) { return s.output.reading.skip_initial == 20 && s.case_store.skip_effective == 20; }, ""},
+      {"^S", {"5"}, [](const Session& s) { return s.output.reading.skip_terminal == 5 && s.output.reading.skip_initial == -1; }, ""},
+      {"^s", {""}, [](const Session& s) { return s.output.reading.skip_initial == -1 && s.run.redraw; }, ""},
+      {"^s", {"300", "x", "-1", ""}, [](const Session& s) { return s.output.reading.skip_initial == -1; },
        "ILLEGAL value - too many steps trimmed\nIllegal value\nIllegal value\n"},
       {"^t", {"10"}, [](const Session& s) { return s.case_store.first_step == 11 && s.case_store.current_step == 11; }, ""},
       {"^T", {"300", "299"}, [](const Session& s) { return s.case_store.last_step == 1; },

@@ -76,7 +76,8 @@ TEST(DataPlotAxes, HistoryLimits) {
   UseSmallCase(view);
   // Time steps of 0.25.
   for (std::size_t k = 0; k < 40; ++k)
-    view.session.case_store.time.component[0][k] = 0.25F * static_cast<float>(5 + k) / view.session.output.scales.T;
+    view.session.case_store.time.component[0][k] =
+        0.25F * static_cast<float>(5 + k) / view.session.output.units.scales.T;
   for (const Row& row : rows) {
     view.Choose(PlotKind::history, 1, row.component);
     view.plot().x_axis_by_index = row.by_index;
@@ -240,8 +241,8 @@ TEST(DataPlotPicture, TextsStayOnThePage) {
   };
   const auto none = [](PlotView&) {};
   const auto long_title = [](PlotView& v) { v.session.case_store.control.DESCR = std::string(80, 'W'); };
-  const auto large = [](PlotView& v) { v.session.output.scales.position.fill(-3.0e14F); };
-  const auto small = [](PlotView& v) { v.session.output.scales.position.fill(-3.0e-9F); };
+  const auto large = [](PlotView& v) { v.session.output.units.scales.position.fill(-3.0e14F); };
+  const auto small = [](PlotView& v) { v.session.output.units.scales.position.fill(-3.0e-9F); };
   const auto large_text = [](PlotView& v) { v.plot().text_size = v.plot().annot_size = 0.25F; };
   const Row rows[] = {
       {"plain", 500, 400, none},        {"long title", 500, 400, long_title}, {"long title", 1100, 850, long_title},
@@ -328,7 +329,7 @@ TEST(StatOverlay, NeedsOneCurveAndPoints) {
   UseSmallCase(view);
   view.Choose(PlotKind::history, 2, 0);
   view.plot().show_stats = 4;
-  view.session.output.skip_terminal = 100;
+  view.session.output.reading.skip_terminal = 100;
   view.Show();
   EXPECT_EQ(view.fake.output, "");  // several curves: no statistics
   view.plot().plot_component = 3;
@@ -426,7 +427,7 @@ TEST(Trajectory, StepsWithAHull) {
   PlotView view("");
   UseSmallCase(view);
   for (const Row& row : rows) {
-    view.session.output.step_stride = row.stride;
+    view.session.output.reading.step_stride = row.stride;
     view.plot().geometry_every = row.every;
     view.plot().marked_steps = row.marked;
     view.Choose(PlotKind::trajectory, 1, 0);
@@ -439,8 +440,8 @@ TEST(Trajectory, Table) {
   PlotView view("");
   UseSmallCase(view);
   view.session.case_store.last_step = 6;
-  view.session.output.separator = Separator::comma;
-  view.session.output.cnvfac[1] = -1;
+  view.session.output.writing.separator = Separator::comma;
+  view.session.output.units.cnvfac[1] = -1;
   OutputFile out;
   ASSERT_TRUE(OpenOutput(view.session.platform, "", OpenHow::replace, out));
   EXPECT_EQ(kTrajectoryPlot.write(view.session, out), TableFault::none);
@@ -465,7 +466,7 @@ TEST(LoadPlot, PresentValueAndRange) {
   UseSmallCase(view);
   for (const Row& row : rows) {
     view.session.case_store.current_step = row.step;
-    view.session.output.step_stride = row.stride;
+    view.session.output.reading.step_stride = row.stride;
     view.Choose(PlotKind::load_dist, 13, 0);
     zaviewsetaxes(view.session);
     const DataPlotDerived& d = view.plot().derived;

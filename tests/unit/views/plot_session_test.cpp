@@ -74,7 +74,7 @@ TEST(PlotSession, APictureThatCannotBeMadeForgetsItsName) {
     EXPECT_FALSE(s.run.plot_failed);
     s.dialogue = ExitNext;
   };
-  v.session.output.confidence_probability = 1.5F;
+  v.session.output.statistics.confidence_probability = 1.5F;
   v.session.gks.dump.waiting = true;
   v.session.gks.dump.name = "x.png";
   EXPECT_TRUE(StartPlot(v.session, {.kind = PlotKind::interval, .quantity = kHeave.quantity}, 0));
@@ -163,7 +163,7 @@ TEST(RunMode, KeepsTimeWithTheClock) {
   run.fake.seconds = 1000;
   run.Begin(150);
   const double step = static_cast<double>((run.store().time.at(1, 151) - run.store().time.at(1, 150)) *
-                                          run.session.output.scales.T * kSlower);
+                                          run.session.output.units.scales.T * kSlower);
   const struct {
     double steps;  // that have gone by
     int shown;     // 0: nothing new

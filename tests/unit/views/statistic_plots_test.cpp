@@ -141,7 +141,7 @@ TEST(StatisticPlots, TheCutoffIsMarkedUpToTheDependenceTime) {
     PlotView v("sea_1.out", kWidth, kHeight);
     v.Read("sea_2.out");
     v.Read("sea_3.out");
-    v.session.output.autocorrelation_cutoff = cutoff;
+    v.session.output.statistics.autocorrelation_cutoff = cutoff;
     v.Choose(PlotKind::autocorrelation, 1, kHeave);
     v.plot().of_ensemble = true;
     v.plot().grid_on = false;
@@ -219,9 +219,9 @@ TEST(StatisticPlots, LeaveTheViewWhereNothingCanBeComputed) {
   };
   for (const auto& c : cases) {
     PlotView v("irregular_head.out");
-    v.session.output.skip_initial = c.skip;
+    v.session.output.reading.skip_initial = c.skip;
     v.session.case_store.skip_effective = c.skip;
-    v.session.output.confidence_probability = c.probability;
+    v.session.output.statistics.confidence_probability = c.probability;
     v.Choose(c.kind, 1, kHeave);
     v.session.run.redraw = true;
     v.Show();
