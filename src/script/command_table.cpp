@@ -27,6 +27,34 @@ std::span<const CommandFamily> AllCommands() {
   return families;
 }
 
+std::span<const std::string_view> FamilyTitles() {
+  static constexpr std::string_view kTitles[] = {"Reading",
+                                                 "Columns, units and signs",
+                                                 "Steps in use",
+                                                 "Settings of statistics",
+                                                 "Smoothing",
+                                                 "Time histories, loads and labels",
+                                                 "Statistics of one record",
+                                                 "Statistics of an ensemble",
+                                                 "Histograms",
+                                                 "Control text",
+                                                 "KINO files",
+                                                 "Settings of plots and views",
+                                                 "Settings of the animation",
+                                                 "Plots",
+                                                 "Views and analyses to come",
+                                                 "Rates",
+                                                 "Sensor view"};
+  return kTitles;
+}
+
+bool IsThere(const Command& command) {
+  const auto among = [&command](CommandFamily family) {
+    return std::any_of(family.begin(), family.end(), [&command](const Command& row) { return &row == &command; });
+  };
+  return !among(LaterCommands()) && !among(LaterBeginnings());
+}
+
 const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word) {
   for (const CommandFamily& family : families) {
     const auto found =

@@ -19,6 +19,10 @@ struct Command {
   std::array<std::string_view, kAliases> names;
   Needs needs = kNone;
   int (*run)(ScriptCall& call) = nullptr;  // the status: 0, or one of open_script_file.h
+  std::string_view arguments{};            // as the reference shows them: names of argument_forms.h, "A|B" for words,
+                                           // brackets around what may be missing
+  std::string_view meaning{};              // a line
+  std::string_view preset{};               // of a setting: the arguments that would change nothing at the start
   NameMatch match = NameMatch::whole;
   bool last = false;  // nothing behind it is read
 };
@@ -43,8 +47,12 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily RateCommands();     // some are known by the beginning of their word
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word
 
-// All families in the order of lookup.
+// All families in the order of lookup, and what a reader calls them.
 [[nodiscard]] std::span<const CommandFamily> AllCommands();
+[[nodiscard]] std::span<const std::string_view> FamilyTitles();
+
+// Does the system know the work of a command, or only its name?
+[[nodiscard]] bool IsThere(const Command& command);
 
 // The row of a word in capitals; null: there is none.
 [[nodiscard]] const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word);

@@ -251,11 +251,22 @@ int RunAnimateGraphOption(ScriptCall& call) {
 }
 
 constexpr Command kAnimation[] = {
-    {{"ANIMATE_GRAPH", "KINO_GRAPH"}, kNeedsCase | kNeedsMotion, RunAnimateGraph},
+    {{"ANIMATE_GRAPH", "KINO_GRAPH"},
+     kNeedsCase | kNeedsMotion,
+     RunAnimateGraph,
+     "graph sel|OFF tail",
+     "A curve on a graph of the animation"},
     {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"},
      kNone,
-     RunAnimateGraphOption},
-    {{"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"}, kNone, RunAnimateOption},
+     RunAnimateGraphOption,
+     "graphs look value",
+     "Looks of the graphs of the animation: COLOR name; BLANK, SCROLL, TIME, MARK, VALUE yes or no"},
+    {{"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"},
+     kNone,
+     RunAnimateOption,
+     "setting value",
+     "Settings of the animation: RUDDER, TIME, TITLE, PERSPECTIVE, SHADING, TRANSPARENT yes or no; BODY, SEA solid or "
+     "not; numbers"},
 };
 
 }  // namespace

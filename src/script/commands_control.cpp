@@ -34,7 +34,11 @@ int RunWriteControl(ScriptCall& call) {
 }
 
 constexpr Command kControl[] = {
-    {{"WRITE_CONTROL"}, kNeedsCase, RunWriteControl},
+    {{"WRITE_CONTROL"},
+     kNeedsCase,
+     RunWriteControl,
+     "file",
+     "The control text of the case, from which it can be read again"},
 };
 
 }  // namespace

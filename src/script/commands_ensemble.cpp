@@ -73,16 +73,30 @@ int RunMany(ScriptCall& call) {
 }
 
 constexpr Command kEnsemble[] = {
-    {{"ENSEMBLE_NMANY", "NMANY"}, kNone, RunMany},
-    {{"ENSEMBLE_STAT", "ENSEMBLE_STATS"}, kNeedsEnsemble | kNeedsMotion, RunEnsembleStat},
+    {{"ENSEMBLE_NMANY", "NMANY"},
+     kNone,
+     RunMany,
+     "records",
+     "How intervals of ensembles are formed: 0 few records, 1 many, n above 1 many from n records on",
+     "0"},
+    {{"ENSEMBLE_STAT", "ENSEMBLE_STATS"},
+     kNeedsEnsemble | kNeedsMotion,
+     RunEnsembleStat,
+     "stat sel tail text file",
+     "One statistic of the ensemble, or TABLE for all of them and each record"},
     {{"ENSEMBLE_CONFIDENCE_INTERVAL", "ENSEMBLE_CONFIDENCE", "ENSEMBLE_CONF", "ENSEMBLE_CI"},
      kNeedsEnsemble | kNeedsMotion,
-     RunEnsembleIntervals},
+     RunEnsembleIntervals,
+     "sel tail file",
+     "All statistics of the ensemble with their confidence intervals"},
     {{"ENSEMBLE_AUTOCORRELATION", "ENSEMBLE_AUTOCORELATION", "ENSEMBLE_AUTOC", "WRITE_ENSEMBLE_AUTOCORRELATION",
       "WRITE_ENSEMBLE_AUTOCORELATION", "WRITE_ENSEMBLE_AUTOC", "PLOT_ENSEMBLE_AUTOCORRELATION",
       "PLOT_ENSEMBLE_AUTOCORELATION", "PLOT_ENSEMBLE_AUTOC", "DEPENDENCE_TIME", "DEPENDENCE"},
      kNeedsCase | kNeedsMotion,
-     RunEnsembleAutocorrelation},
+     RunEnsembleAutocorrelation,
+     "sel tail file",
+     "Autocorrelation averaged over the ensemble; with DEPEND on the line its dependence time alone, with PLOT its "
+     "picture"},
 };
 
 }  // namespace

@@ -80,16 +80,40 @@ int RunWriteHistogram(ScriptCall& call) {
 }
 
 constexpr Command kHistogram[] = {
-    {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"}, kNone, RunData},
+    {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"},
+     kNone,
+     RunData,
+     "ALL|SIGNED|SIG|ABSOLUTE|ABS|POSITIVE|POS",
+     "Which values a histogram takes",
+     "ALL"},
     {{"HISTOGRAM_DIST_OVERLAY", "HISTOGRAM_DIST", "HISTOGRAM_OVERLAY", "HIST_DIST_OVERLAY", "HIST_DIST",
       "HIST_OVERLAY"},
      kNone,
-     RunOverlay},
-    {{"HISTOGRAM_YAXIS", "HISTOGRAM_Y", "HIST_YAXIS", "HIST_Y"}, kNone, RunAxis},
-    {{"HISTOGRAM_SAMPLE_RATE", "HISTOGRAM_SAMPLE", "HIST_SAMPLE_RATE", "HIST_SAMPLE"}, kNone, RunRate},
+     RunOverlay,
+     "OFF|NONE|UNI|UNIFORM|NORM|NORMAL|GAUSSIAN|GAUSS|GRAMM-CHARLIER|GRAMM|GC|G-C|RAYLEIGH|RAY|EXPONENTIAL|EXP",
+     "Theoretical distribution beside a histogram",
+     "OFF"},
+    {{"HISTOGRAM_YAXIS", "HISTOGRAM_Y", "HIST_YAXIS", "HIST_Y"},
+     kNone,
+     RunAxis,
+     "N/NTOT|RATIO|N|TOTAL|COUNT",
+     "Axis of a histogram: fractions, or with TOTAL and COUNT numbers",
+     "N/NTOT"},
+    {{"HISTOGRAM_SAMPLE_RATE", "HISTOGRAM_SAMPLE", "HIST_SAMPLE_RATE", "HIST_SAMPLE"},
+     kNone,
+     RunRate,
+     "step",
+     "Histograms take every so many samples",
+     "1"},
     {{"WRITE_HISTOGRAM", "WRITE_ENSEMBLE_HISTOGRAM"},
      kNeedsCase | kNeedsMotion,
-     RunWriteHistogram},  // a table needs nothing to draw on
+     RunWriteHistogram,
+     "sel tail file",
+     "Histogram of the current record; of the ensemble with ENSEMBLE, or where there are several records"},  // a table
+                                                                                                             // needs
+                                                                                                             // nothing
+                                                                                                             // to draw
+                                                                                                             // on
 };
 
 }  // namespace

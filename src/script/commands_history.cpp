@@ -108,9 +108,17 @@ int RunWriteLabel(ScriptCall& call) {
 }
 
 constexpr Command kHistories[] = {
-    {{"WRITE_HISTORY"}, kNeedsCase | kShortWords, RunWriteHistory},
-    {{"WRITE_LOAD_DISTRIBUTION", "WRITE_LOAD_DIST", "WRITE_LOADDIST"}, kNeedsCase | kNeedsMotion, RunWriteLoads},
-    {{"WRITE_LABEL", "WRITE_TEXT"}, kNone, RunWriteLabel},
+    {{"WRITE_HISTORY"},
+     kNeedsCase | kShortWords,
+     RunWriteHistory,
+     "sel place file",
+     "Time histories of all curves of a quantity"},
+    {{"WRITE_LOAD_DISTRIBUTION", "WRITE_LOAD_DIST", "WRITE_LOADDIST"},
+     kNeedsCase | kNeedsMotion,
+     RunWriteLoads,
+     "load step file",
+     "Sectional loads along the ship at one step, with their least and largest"},
+    {{"WRITE_LABEL", "WRITE_TEXT"}, kNone, RunWriteLabel, "text file", "One line of text"},
 };
 
 }  // namespace

@@ -62,8 +62,16 @@ int RunWriteKino(ScriptCall& call) {
 }
 
 constexpr Command kKino[] = {
-    {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"}, kNone, RunReadKino},
-    {{"WRITE_KINO_FILES", "WRITE_KINO_INPUT", "WRITE_KINO"}, kNeedsCase | kNeedsMotion, RunWriteKino},
+    {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"},
+     kNone,
+     RunReadKino,
+     "motions seaway geometry gravity density x y z xcg ycg zcg",
+     "Reads a case from KINO files of motions, sea and hull"},
+    {{"WRITE_KINO_FILES", "WRITE_KINO_INPUT", "WRITE_KINO"},
+     kNeedsCase | kNeedsMotion,
+     RunWriteKino,
+     "root",
+     "Writes the case as KINO files; a blank name is that of the run"},
 };
 
 }  // namespace

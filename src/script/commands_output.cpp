@@ -114,13 +114,31 @@ int RunCoordinates(ScriptCall& call) {
 }
 
 constexpr Command kOutputText[] = {
-    {{"COMMA", "COMMAS"}, kNone, RunDelimiterName},
-    {{"TAB", "TABS"}, kNone, RunDelimiterName},
-    {{"SPACE", "SPACES"}, kNone, RunDelimiterName},
-    {{"SET_DELIMITER", "SET_DLM", "DELIMITER"}, kNone, RunSetDelimiter},
-    {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"}, kNone, RunSetScale},
-    {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"}, kNone, RunSetScales},
-    {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"}, kNone, RunCoordinates},
+    {{"COMMA", "COMMAS"}, kNone, RunDelimiterName, "", "Columns of tables are parted by commas"},
+    {{"TAB", "TABS"}, kNone, RunDelimiterName, "", "Columns of tables are parted by tabs"},
+    {{"SPACE", "SPACES"}, kNone, RunDelimiterName, "", "Columns of tables are parted by blanks, and aligned"},
+    {{"SET_DELIMITER", "SET_DLM", "DELIMITER"},
+     kNone,
+     RunSetDelimiter,
+     "COMMA|TAB|SPACE",
+     "What parts the columns of tables",
+     "SPACE"},
+    {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"},
+     kNone,
+     RunSetScale,
+     "GRAVOUT|RHOOUT|LENOUT|ANGOUT number",
+     "One factor of the units of all output: gravity, density, length, angle (57.29578 for degrees)"},
+    {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"},
+     kNone,
+     RunSetScales,
+     "gravity density length angle",
+     "All four factors of the units of output"},
+    {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"},
+     kNone,
+     RunCoordinates,
+     "ZAVO|DEFAULT|DEF|ZUP|MODEL|ZDOWN|CFD|XAFT|XDOWN",
+     "Signs of the six components: ZAVO x forward, y to port, z up; MODEL y, z turned; CFD x, z aft and up",
+     "ZAVO"},
 };
 
 }  // namespace

@@ -60,7 +60,7 @@ int RunTrajectory(ScriptCall& call) {
   return HandOverPlot(call, {.kind = PlotKind::trajectory});
 }
 
-bool IsThere(const ScriptCall& call, const Selector& selector) {
+bool HasQuantity(const ScriptCall& call, const Selector& selector) {
   const QuantityRow* row = FindQuantity(selector.iqnt);
   return row != nullptr && row->need != QuantityNeed::file_only &&
          QuantityValid(call.session.case_store, selector.iqnt);
@@ -71,7 +71,7 @@ int RunHistogram(ScriptCall& call) {
   wanted.of_ensemble = Contains(call.command, "ENS") || call.session.ensemble.nrec > 1;
   Selector selector;
   if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
-  if (!IsThere(call, selector)) return Fail(call, kScriptReadFault, kNotValid, call.command, selector.word);
+  if (!HasQuantity(call, selector)) return Fail(call, kScriptReadFault, kNotValid, call.command, selector.word);
   if (const int status = ReadTail(call, selector, CurveIndex::given, wanted.quantity); status != kScriptOk)
     return status;
   if (const int status = CheckCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
@@ -120,17 +120,35 @@ int RunLoads(ScriptCall& call) {
 
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
 
-// clang-format off
 constexpr Command kPlots[] = {
-    {{"PLOT_HISTORY"},                                                        D | G | kShortWords, RunHistory   },
-    {{"PLOT_TRAJECTORY"},                                                     D | R | G,           RunTrajectory},
-    {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},                           D | R | G,           RunHistogram },
-    {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},           D | R | G,           RunAutocorrelation<PlotKind::autocorrelation>},
-    {{"PLOT_AUTOCOVARIANCE", "PLOT_AUTOCOV"},                                 D | R | G,           RunAutocorrelation<PlotKind::autocovariance> },
-    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"}, E | R | G,           RunInterval  },
-    {{"PLOT_LOAD_DISTRIBUTION", "PLOT_LOAD_DIST", "PLOT_LOADDIST"},           D | R | G,           RunLoads     },
+    {{"PLOT_HISTORY"}, D | G | kShortWords, RunHistory, "sel tail picture", "Time history of one curve"},
+    {{"PLOT_TRAJECTORY"}, D | R | G, RunTrajectory, "picture", "Track of the ship"},
+    {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},
+     D | R | G,
+     RunHistogram,
+     "sel tail picture",
+     "Histogram of the current record; of the ensemble with ENSEMBLE, or where there are several records"},
+    {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},
+     D | R | G,
+     RunAutocorrelation<PlotKind::autocorrelation>,
+     "sel tail picture",
+     "Autocorrelation of the current record, with its envelope and the cut-off"},
+    {{"PLOT_AUTOCOVARIANCE", "PLOT_AUTOCOV"},
+     D | R | G,
+     RunAutocorrelation<PlotKind::autocovariance>,
+     "sel tail picture",
+     "The same in the square of the unit"},
+    {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"},
+     E | R | G,
+     RunInterval,
+     "interval sel tail picture",
+     "A statistic of each record and of the ensemble, with confidence intervals"},
+    {{"PLOT_LOAD_DISTRIBUTION", "PLOT_LOAD_DIST", "PLOT_LOADDIST"},
+     D | R | G,
+     RunLoads,
+     "load step picture",
+     "Sectional loads along the ship at one step, within their range over all steps"},
 };
-// clang-format on
 
 }  // namespace
 

@@ -90,8 +90,19 @@ int RunExceedances(ScriptCall& call) {
 }
 
 constexpr Command kRates[] = {
-    {{"UPCROSSING", "UPCROSSINGS"}, kNeedsCase | kNeedsMotion, RunUpcrossings},
-    {{"EXCEEDANCE", "BLOCK_EXCEEDANCE"}, kNeedsCase | kNeedsMotion, RunExceedances, NameMatch::beginning},
+    {{"UPCROSSING", "UPCROSSINGS"},
+     kNeedsCase | kNeedsMotion,
+     RunUpcrossings,
+     "sel tail least most increment file",
+     "How often levels are crossed upwards, over all records"},
+    {{"EXCEEDANCE", "BLOCK_EXCEEDANCE"},
+     kNeedsCase | kNeedsMotion,
+     RunExceedances,
+     "sel tail threshold dependence file",
+     "Exceedances of a threshold: + or - in the word upwards or downwards only; RATE, RATE_CI, NUMBER, TIME, TIME_FR, "
+     "LIST one result",
+     "",
+     NameMatch::beginning},
 };
 
 }  // namespace

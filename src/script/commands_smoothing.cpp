@@ -60,9 +60,23 @@ int RunSmoothInput(ScriptCall& call) {
 }
 
 constexpr Command kSmoothing[] = {
-    {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"}, kNone, RunSmoothData},
-    {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"}, kNone, RunSmoothWindow},
-    {{"SMOOTH_INPUT", "SMOOTHINPUT"}, kNeedsCase | kNeedsMotion, RunSmoothInput},
+    {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"},
+     kNone,
+     RunSmoothData,
+     "OFF|NONE|ON|0|1|2|3",
+     "Smoothing of what is shown: 1 small window, 2 Fourier series, 3 or ON cubic over the window",
+     "OFF"},
+    {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"},
+     kNone,
+     RunSmoothWindow,
+     "steps",
+     "Window of the cubic smoothing, at least 5",
+     "11"},
+    {{"SMOOTH_INPUT", "SMOOTHINPUT"},
+     kNeedsCase | kNeedsMotion,
+     RunSmoothInput,
+     "option [steps]",
+     "Smooths what is stored, in all records: 1 small window, 3 cubic over so many steps"},
 };
 
 }  // namespace

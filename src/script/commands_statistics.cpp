@@ -64,9 +64,21 @@ int RunWriteAutocorrelation(ScriptCall& call) {
 constexpr Needs kRecord = kNeedsCase | kNeedsMotion;
 
 constexpr Command kStatistics[] = {
-    {{"WRITE_STAT", "WRITE_STATS"}, kRecord, RunWriteStat},
-    {{"WRITE_AUTOCORRELATION", "WRITE_AUTOCORELATION", "WRITE_AUTOC"}, kRecord, RunWriteAutocorrelation},
-    {{"WRITE_CONFIDENCE_INTERVAL", "WRITE_CONFIDENCE", "WRITE_CONF", "WRITE_CI"}, kRecord, RunWriteIntervals},
+    {{"WRITE_STAT", "WRITE_STATS"},
+     kRecord,
+     RunWriteStat,
+     "stat sel tail text file",
+     "One statistic behind the text, in one line, or TABLE for all of them"},
+    {{"WRITE_AUTOCORRELATION", "WRITE_AUTOCORELATION", "WRITE_AUTOC"},
+     kRecord,
+     RunWriteAutocorrelation,
+     "sel tail file",
+     "Autocorrelation of the current record, with its envelope"},
+    {{"WRITE_CONFIDENCE_INTERVAL", "WRITE_CONFIDENCE", "WRITE_CONF", "WRITE_CI"},
+     kRecord,
+     RunWriteIntervals,
+     "sel tail file",
+     "All statistics of the current record with their confidence intervals"},
 };
 
 }  // namespace

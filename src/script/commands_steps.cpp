@@ -132,12 +132,31 @@ int RunStepIncrement(ScriptCall& call) {
 }
 
 constexpr Command kSteps[] = {
-    {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"}, kNone, RunTrimSteps},
-    {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, kNone, RunTrimAbort},
-    {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"}, kNeedsCase, RunSetSteps},
-    {{"SET_SKIP_STEPS", "SKIP_STEPS"}, kNone, RunSkipSteps},
-    {{"SET_STAT_STEPS", "STAT_STEPS"}, kNeedsCase, RunStatSteps},
-    {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"}, kNone, RunStepIncrement},
+    {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"},
+     kNone,
+     RunTrimSteps,
+     "initial [terminal]",
+     "Steps cut from both ends of the record; one number is for both",
+     "0 0"},
+    {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"},
+     kNone,
+     RunTrimAbort,
+     "terminal",
+     "Steps cut from the end of a run that ended early",
+     "200"},
+    {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"}, kNeedsCase, RunSetSteps, "first [last]", "The steps in use"},
+    {{"SET_SKIP_STEPS", "SKIP_STEPS"},
+     kNone,
+     RunSkipSteps,
+     "initial [terminal]",
+     "Steps at both ends that statistics leave out; of one number the second is 0"},
+    {{"SET_STAT_STEPS", "STAT_STEPS"}, kNeedsCase, RunStatSteps, "first last", "The same as a range of steps"},
+    {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"},
+     kNone,
+     RunStepIncrement,
+     "step",
+     "Every so many steps go into tables and plots",
+     "1"},
 };
 
 }  // namespace

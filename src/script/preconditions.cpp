@@ -33,14 +33,17 @@ struct Precondition {
   std::string_view colon;  // behind the command; left out where kShortWords is asked for
   std::string_view text;
   std::string_view second;  // a line of its own, may be blank
+  std::string_view in_words;
 };
 
 constexpr Precondition kPreconditions[] = {
-    {kNeedsCase, CaseRead, " :", "cannot be run until an output", "   file has been read"},
-    {kNeedsEnsemble, RecordsHeld, " :", "cannot be run until one or more", "   output files have been read"},
-    {kNeedsMotion, IsMotionCase, "", "not valid for impulsive motion and IRF calculations", ""},
-    {kNeedsGraphics, GraphicsAvailable, " :", "cannot be run as graphics are not available", ""},
-    {kNeedsGeometry, GeometryRead, " :", "cannot be run as geometry could not be read", ""},
+    {kNeedsCase, CaseRead, " :", "cannot be run until an output", "   file has been read", "a run read"},
+    {kNeedsEnsemble, RecordsHeld, " :", "cannot be run until one or more", "   output files have been read",
+     "an ensemble"},
+    {kNeedsMotion, IsMotionCase, "", "not valid for impulsive motion and IRF calculations", "",
+     "no impulsive or IRF run"},
+    {kNeedsGraphics, GraphicsAvailable, " :", "cannot be run as graphics are not available", "", "graphics"},
+    {kNeedsGeometry, GeometryRead, " :", "cannot be run as geometry could not be read", "", "a hull"},
 };
 
 }  // namespace
@@ -54,6 +57,13 @@ bool PreconditionsMet(const ScriptCall& call, Needs needs) {
     return false;
   }
   return true;
+}
+
+std::string NeedsInWords(Needs needs) {
+  std::string words;
+  for (const Precondition& test : kPreconditions)
+    if ((needs & test.need) != 0) words.append(words.empty() ? "" : ", ").append(test.in_words);
+  return words;
 }
 
 }  // namespace zaview

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "script/script_call.h"
 
@@ -15,6 +16,9 @@ inline constexpr Needs kNeedsGraphics = 4;   // G: there is something to draw on
 inline constexpr Needs kNeedsEnsemble = 8;   // E: records of one or more files are in store
 inline constexpr Needs kShortWords = 16;     // the first words of D and G stand without a colon
 inline constexpr Needs kNeedsGeometry = 32;  // M: the hull of the case, which is read now if it wasn't
+
+// "a run read, graphics"; blank: nothing.
+[[nodiscard]] std::string NeedsInWords(Needs needs);
 
 // True: the command may run. Else the first test that fails has said so.
 [[nodiscard]] bool PreconditionsMet(const ScriptCall& call, Needs needs);

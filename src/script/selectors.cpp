@@ -67,10 +67,13 @@ int ParseQuantitySpecifier(WordScanner& scanner, std::span<const SelectorRow> ro
   return found == rows.rend() ? kSelectNone : static_cast<int>(rows.rend() - found);
 }
 
+std::span<const SelectorRow> SelectorWords(bool impulsive) {
+  if (impulsive) return kImpulsiveSelectors;
+  return kSelectors;
+}
+
 int ReadSelector(ScriptCall& call, Selector& selector) {
-  const std::span<const SelectorRow> rows = call.session.case_store.tadm_case
-                                                ? std::span<const SelectorRow>(kImpulsiveSelectors)
-                                                : std::span<const SelectorRow>(kSelectors);
+  const std::span<const SelectorRow> rows = SelectorWords(call.session.case_store.tadm_case);
   const int index = ParseQuantitySpecifier(call.words, rows, selector.word);
   if (index == kSelectAll) return Fail(call, kScriptBadArgument, kAllRefused, call.command);
   if (index < 1) return Fail(call, kScriptBadArgument, kInvalidQuantity, selector.word);

@@ -17,6 +17,9 @@ struct SelectorRow {
   int iqnt;  // number in the quantity catalogue
 };
 
+// All words, of runs in time or of transient added mass.
+[[nodiscard]] std::span<const SelectorRow> SelectorWords(bool impulsive);
+
 // Takes the next word of the line: kSelectAll for ALL, kSelectOff for OFF, the index (from 1) of the last row whose
 // word is the same in capitals, or kSelectNone. word: as typed.
 [[nodiscard]] int ParseQuantitySpecifier(WordScanner& scanner, std::span<const SelectorRow> rows, std::string& word);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "project_places.h"
+#include "script/command_table.h"
 #include "unit/script/script_run.h"
 
 namespace zaview {
@@ -200,6 +201,10 @@ void ExpectSetting(const Setting& setting) {
     EXPECT_EQ(told, setting.needs_case) << word;
   }
   for (const Good& good : setting.good) ExpectGood(setting, setting.words.front(), good);
+  const Command* row = FindCommand(AllCommands(), setting.words.front());
+  if (row->preset.empty()) return;
+  const SettingRun preset(setting.words.front() + " " + std::string(row->preset), true);
+  EXPECT_EQ(setting.read(preset.session), setting.read(SettingRun("", true).session)) << row->names[0];
 }
 
 constexpr const char* kFew = "ERROR - Insufficient arguments for ? command...";

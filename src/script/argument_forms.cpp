@@ -1,0 +1,74 @@
+#include "script/argument_forms.h"
+
+namespace zaview {
+
+namespace {
+
+// clang-format off
+constexpr ArgumentForm kForms[] = {
+    {"sel",         "MOT",      "A quantity, by its word"},
+    {"tail",        "3",        "The curve of the quantity, from 1. Of a point quantity x y z of the point stand ahead of it; POINT_MISS has x y z, 1, and four coefficients in its place. In an IRF case the index of the function and a curve stand for sel and tail"},
+    {"place",       "",         "Nothing; of a point quantity x y z of the point, of POINT_MISS its eight numbers"},
+    {"load",        "VBM",      "A quantity of sectional loads"},
+    {"stat",        "MEAN",     "A statistic; _CI behind its word asks for the confidence interval as well"},
+    {"interval",    "MEAN",     "MEAN, STDEV, VARIANCE or SIG_AMP"},
+    {"text",        "\"Heave\"", "A label; in quotes if blanks are in it, \"\" for none"},
+    {"file",        "out.txt",  "The file to write, \"\" for the console. :APPEND behind the name adds to the file, :UNFORMATTED writes 4-byte reals (time histories alone); both may stand"},
+    {"picture",     "p.png",    "The file of the picture (.png, .gif, .bmp). \"\" shows the plot in the window until q is pressed, auto takes the next free number, on sends every further plot to a file, off ends that"},
+    {"name",        "run.out",  "A file that is read; of runs * ? and [..] match several"},
+    {"root",        "out",      "The name that files begin with"},
+    {"motions",     "m.mot",    "KINO file of motions (.mot may be left out)"},
+    {"seaway",      "\"\"",     "KINO file of the sea; CALM or \"\" for calm water"},
+    {"geometry",    "\"\"",     "Geometry file, \"\" for none. HRL:, NASTRAN: or another format ahead of the name says what it is"},
+    {"ship",        "1",        "Index of the ship, from 1"},
+    {"vcg",         "0",        "Height of its centre of gravity"},
+    {"first",       "1",        "The first of a range"},
+    {"last",        "50",       "The last of a range"},
+    {"initial",     "5",        "Steps at the beginning of the record"},
+    {"terminal",    "5",        "Steps at its end"},
+    {"step",        "2",        "A time step, or every so many"},
+    {"steps",       "7",        "A number of time steps"},
+    {"number",      "2",        "A number"},
+    {"gravity",     "9.81",     "Acceleration due to gravity"},
+    {"density",     "1025",     "Mass density of the water"},
+    {"length",      "100",      "A length"},
+    {"angle",       "57.29578", "What one radian is shown as: 57.29578 for degrees"},
+    {"x",           "0",        "Coordinates of a point, in the axes and the unit of the ship's geometry"},
+    {"y",           "0",        ""},
+    {"z",           "0",        ""},
+    {"xcg",         "0",        "The centre of gravity in the geometry's coordinates"},
+    {"ycg",         "0",        ""},
+    {"zcg",         "0",        ""},
+    {"width",       "600",      "Extent along x"},
+    {"height",      "400",      "Extent along y"},
+    {"yes",         "ON",       "ON or YES, OFF or NO; \"\" is a yes"},
+    {"probability", "0.9",      "A probability"},
+    {"ratio",       "0.1",      "A number between 0 and 1"},
+    {"records",     "2",        "A number of records"},
+    {"option",      "1",        "What is to be done, by its number"},
+    {"least",       "-1",       "Lowest level, in the unit shown"},
+    {"most",        "1",        "Highest level"},
+    {"increment",   "0.5",      "From one to the next"},
+    {"threshold",   "0.5",      "A level, in the unit shown"},
+    {"dependence",  "0",        "Steps within which exceedances are one event; 0: the dependence time"},
+    {"graph",       "1",        "A graph, 1 to 4"},
+    {"graphs",      "0",        "The same, or 0 for all of them"},
+    {"look",        "MARK",     "A property of a graph, by its first letters"},
+    {"setting",     "TITLE",    "A setting of the animation, by its first letters"},
+    {"value",       "ON",       "What it is set to"},
+    {"balance",     "0",        "How the ship floats"},
+    {"wave",        "0",        "Which wave is taken"},
+    {"count",       "1",        "How many"},
+    {"time",        "1",        "A time"},
+    {"directions",  "0",        "Directions to look at"},
+    {"distances",   "1",        "Distances to look at"},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const ArgumentForm> ArgumentForms() {
+  return kForms;
+}
+
+}  // namespace zaview
