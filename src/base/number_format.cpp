@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 
 namespace zaview {
 
@@ -100,13 +101,8 @@ char* PutDecimal(char* to, const Decimal& decimal) {
   return to + 2;
 }
 
-std::string_view NotFinite(float value) {
-  if (std::isnan(value)) return "NaN";
-  return value > 0 ? "Inf" : "-Inf";
-}
-
-std::size_t PutCell(char* const to, float value) {
-  if (!std::isfinite(value)) return static_cast<std::size_t>(PutBytes(to, NotFinite(value)) - to);
+std::size_t PutCell(char* const to, float any) {
+  const float value = Finite(any);
   if (value == 0.0F) return static_cast<std::size_t>(PutBytes(to, "0.000000") - to);
   Decimal decimal;
   if (!ToSevenDigits(std::fabs(value), decimal))
@@ -118,6 +114,11 @@ std::size_t PutCell(char* const to, float value) {
 }
 
 }  // namespace
+
+float Finite(float value) {
+  constexpr float kMost = std::numeric_limits<float>::max();
+  return std::isnan(value) ? 0.0F : std::clamp(value, -kMost, kMost);
+}
 
 void AppendCell(std::string& out, float value) {
   char cell[kCellRoom];
@@ -133,11 +134,11 @@ void AppendPaddedCell(std::string& out, float value, int width) {
 }
 
 std::string SentenceNumber(float value) {
-  return std::isfinite(value) ? fmt::format("{:.7g}", value + 0.0F) : std::string(NotFinite(value));
+  return fmt::format("{:.7g}", Finite(value) + 0.0F);
 }
 
 std::string DefaultNumber(float value) {
-  return std::isfinite(value) ? fmt::format("{}", value + 0.0F) : std::string(NotFinite(value));
+  return fmt::format("{}", Finite(value) + 0.0F);
 }
 
 }  // namespace zaview

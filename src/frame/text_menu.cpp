@@ -153,13 +153,17 @@ void EnsembleIntervals(Session& s) {
 }
 
 void Rates(Session& s) {
-  constexpr MenuItem kItems[] = {
-      {" 0 - Return to main menu"}, {" 1 - Upcrossing statistics"}, {" 2 - Exceedance rate"}};
+  constexpr MenuItem kItems[] = {{" 0 - Return to main menu"},
+                                 {" 1 - Upcrossing statistics"},
+                                 {" 2 - Exceedance rate"},
+                                 {" 3 - Exceedance rate (block scheme)"}};
   int item = 0;
   if (select_option(s.platform.console, "Upcrossings and exceedances:", "Select =>", kItems, -1, item) != Answer::ok ||
       item == 0)
     return;
-  const auto ask = item == 1 ? AskUpcrossings : AskExceedances;
+  constexpr void (*kAsk[])(const EnsembleDialogue&, const QuantityRequest&) = {nullptr, AskUpcrossings, AskExceedances,
+                                                                               AskBlockExceedances};
+  const auto ask = kAsk[item];
   WithQuantity(s, QuantityTask::rates, [&s, ask](const QuantityRequest& request) { ask(DialogueOf(s), request); });
 }
 

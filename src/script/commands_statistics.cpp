@@ -28,8 +28,10 @@ int RunWriteStat(ScriptCall& call) {
   request.text = NextScriptWord(call.words, kFreeText);
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const auto write = request.statistic.interval ? WriteIntervals : WRSTAT;
-  const TableFault fault = write(call.console(), session.output, request, session.case_store, output.file);
+  const TableFault fault =
+      request.statistic.interval
+          ? WriteIntervals(call.console(), session.output, request, session.case_store, output.file)
+          : WRSTAT(session.platform, session.output, request, session.case_store, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kStatRefused),
                       "Statistical data written to file");
 }

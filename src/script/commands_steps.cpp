@@ -16,6 +16,8 @@ inline constexpr std::string_view kAllTrimmed = "ERROR - All steps trimmed by {}
 inline constexpr std::string_view kNoSteps = "ERROR - {} : the case has no time steps";
 inline constexpr std::string_view kIllegalArguments = "ERROR - Illegal arguments for {} command...";
 inline constexpr std::string_view kRangeAtZero = "        Initial time step of range cannot be zero";
+inline constexpr std::string_view kRangeOutside = "        The case has steps {} to {}";
+inline constexpr std::string_view kSkipInForce = "        The case ends at step {}: {} in force";
 inline constexpr std::string_view kRangeUpsideDown = "        Initial time step of range after terminal step";
 
 // One or two step counts, the second on the same line or missing.
@@ -94,13 +96,16 @@ int RunSkipSteps(ScriptCall& call) {
   if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   if (*std::min_element(counts.begin(), counts.end()) < 0)
     return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
+  const CaseStore& store = call.session.case_store;
   SetSkips(counts[0], counts.size() > 1 ? counts[1] : 0, call.session.output, call.session.case_store);
   if (counts.size() == 1) {
     Say(call.console(), "Setting # of initial time steps to skip in statistical calculations to {}", counts[0]);
-    return kScriptOk;
+  } else {
+    SayLine(call.console(), "Setting # of initial and terminal time steps to skip in");
+    Say(call.console(), "statistical calculations to {} and {}, respectively", counts[0], counts[1]);
   }
-  SayLine(call.console(), "Setting # of initial and terminal time steps to skip in");
-  Say(call.console(), "statistical calculations to {} and {}, respectively", counts[0], counts[1]);
+  if (store.has_steps() && store.skip_effective != counts[0])
+    Say(call.console(), kSkipInForce, store.last_step, store.skip_effective);
   return kScriptOk;
 }
 
@@ -116,6 +121,11 @@ int RunStatSteps(ScriptCall& call) {
   }
   CaseStore& store = call.session.case_store;
   if (!store.has_steps()) return Fail(call, kScriptFailed, kNoSteps, call.command);
+  if (first > store.last_step || last < store.first_step) {
+    Say(call.console(), kIllegalArguments, call.command);
+    Say(call.console(), kRangeOutside, store.first_step, store.last_step);
+    return kScriptBadArgument;
+  }
   SetSkips(std::max(0, first - store.first_step), std::max(0, store.last_step - last), call.session.output, store);
   Say(call.console(), "Setting time step range for statistical calculations to: {} through {}", first, last);
   return kScriptOk;

@@ -196,7 +196,8 @@ void CalcEnsembleAutoCov(EnsembleRecords X, float cutoff, bool whole, EnsembleAu
   } else {
     EnsembleDependence(centres.views, weights.w, cutoff, dependence);
   }
-  if (!dependence.reached) return;  // both stay 0, while the peak statistics take half of a record
+  out.reached = dependence.reached;
+  if (!out.reached) return;  // both stay 0, while the peak statistics take half of a record
   out.ndti = dependence.ndti;
   out.lag = dependence.lag;
 }

@@ -38,8 +38,9 @@ struct EnsembleAutoCov {
   std::vector<float> ratio;           // Rax(k)/Rax(0), k = 0..M, M = npmax/2; 0 where Rax(0) is 0
   std::vector<float> env_lag, env_R;  // envelope points
   float Rax0 = 0;                     // Rax(0); only with `whole`
-  int ndti = 0;                       // 0 where the cut-off isn't reached
-  float lag = 0;                      // dti = dt x lag, untruncated
+  bool reached = false;               // the envelope falls to the cut-off; if not, the two below are 0
+  int ndti = 0;
+  float lag = 0;  // dti = dt x lag, untruncated
 };
 // whole: the ratios and all envelope points are wanted, else only ndti and lag (lags are made as far as the walk goes).
 void CalcEnsembleAutoCov(EnsembleRecords X, float cutoff, bool whole, EnsembleAutoCov& out);

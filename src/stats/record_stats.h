@@ -1,5 +1,6 @@
 // Mean, variance and extremes of one record, with confidence half widths that allow for serial dependence.
 // x: np samples at a constant step, unit u. prob: two-sided, 0 < prob < 1. Results: u, variances u^2; 0 on a fault.
+// Of one sample the variance is 0/0, not a number, which tables show as 0.
 // Var(mean) = Rx(0)/np + sum over k = 1..m-1 of (1 - k/m)(2/np)Rx(k), m = int(sqrt(np)): the weights of
 // M. S. Bartlett, Periodogram analysis and continuous spectra, Biometrika 37 (1950).
 #pragma once

@@ -38,7 +38,8 @@ struct EnsembleData {  // the records of one curve, as shown, skipped points lef
 struct DependenceResult {  // of the loaded ensemble; loading another one makes it unknown
   float cutoff = 0;
   bool known = false;
-  int ndti = 0;
+  bool reached = false;  // the correlation falls to the cut-off; if not, the two below are 0
+  int ndti = 0;          // steps
   float dti = 0;
 };
 

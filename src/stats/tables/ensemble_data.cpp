@@ -16,6 +16,9 @@ inline constexpr std::string_view kTooManySkipped =
     "ERR495 - Too many steps skipped or trimmed in autocorrelation setup";
 inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating data for the ensemble";
 
+inline constexpr std::string_view kNotReached =
+    "Autocorrelation cutoff {} not reached: the dependence time is not known, 0 is used";
+
 constexpr int kWaveAtCg = 25, kWaveAtOrigin = 26;
 
 std::string_view PurposeOf(int iqnt) {
@@ -132,8 +135,10 @@ TableFault UpdateDependence(const Console& console, const OutputSettings& settin
   SayLine(console, "Computing autocorrelation...");
   EnsembleAutoCov autocov;
   CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.statistics.autocorrelation_cutoff, false, autocov);
-  dependence = {settings.statistics.autocorrelation_cutoff, true, autocov.ndti, state.ensemble.dt * autocov.lag};
+  dependence = {settings.statistics.autocorrelation_cutoff, true, autocov.reached, autocov.ndti,
+                state.ensemble.dt * autocov.lag};
   SayLine(console, "Done");
+  if (!dependence.reached) Say(console, kNotReached, Shown{dependence.cutoff});
   return TableFault::none;
 }
 

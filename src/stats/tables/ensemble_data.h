@@ -33,7 +33,8 @@ struct EnsembleCases {  // where the records stand: the current one in the case 
 [[nodiscard]] std::vector<std::span<const float>> SamplesOf(const EnsembleData& data);
 [[nodiscard]] std::vector<std::span<const float>> TimesOf(const EnsembleData& data);
 
-// Loads, and makes state.dependence current: "Computing autocorrelation...", "Done" when it has to be computed.
+// Loads, and makes state.dependence current: "Computing autocorrelation...", "Done" when it has to be computed,
+// and a line where the cut-off isn't reached.
 [[nodiscard]] TableFault UpdateDependence(const Console& console, const OutputSettings& settings,
                                           const QuantityRequest& request, const EnsembleCases& cases,
                                           StatisticsState& state);

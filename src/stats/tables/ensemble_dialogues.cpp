@@ -113,12 +113,12 @@ Answer AskDependence(const Console& console, int ndti, int& ndep) {
   }
 }
 
-}  // namespace
+using WriteRates = TableFault(const Platform&, const OutputSettings&, const ExceedanceRequest&, const EnsembleCases&,
+                              StatisticsState&, OutputFile&);
 
-void AskExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& quantity) {
-  const EnsembleDialogue& d = dialogue;
+void AskRates(const EnsembleDialogue& d, const QuantityRequest& quantity, std::string_view title, WriteRates* write) {
   const Console& console = d.platform.console;
-  if (!BeginRates(d, quantity, "ZAVIEW - Exceedance Rate Calculation", "Exceedance calculation for")) return;
+  if (!BeginRates(d, quantity, title, "Exceedance calculation for")) return;
   ExceedanceRequest request;
   request.quantity = quantity;
   request.ndep_is_given = true;
@@ -128,8 +128,18 @@ void AskExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& qua
       AskDependence(console, d.state.dependence.ndti, request.ndep) != Answer::ok ||
       !AskTableFile(d.platform, WithScreenPrompt("Enter file for exceedance statistics"), chosen))
     return;
-  const TableFault fault = WriteExceedances(d.platform, d.settings, request, d.cases, d.state, chosen.out);
+  const TableFault fault = write(d.platform, d.settings, request, d.cases, d.state, chosen.out);
   FinishTable(d.platform, fault, "Exceedance statistics written to", chosen);
+}
+
+}  // namespace
+
+void AskExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
+  AskRates(dialogue, request, "ZAVIEW - Exceedance Rate Calculation", WriteExceedances);
+}
+
+void AskBlockExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
+  AskRates(dialogue, request, "ZAVIEW - Exceedance Rate Calc (block scheme)", WriteBlockExceedances);
 }
 
 void AskEnsembleFile(const EnsembleDialogue& dialogue, const QuantityRequest& request, bool intervals) {
@@ -153,7 +163,8 @@ bool AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequ
   const Console& console = d.platform.console;
   if (AskCutoff(console, d.settings) != Answer::ok) return false;
   if (UpdateDependence(console, d.settings, request, d.cases, d.state) != TableFault::none) return false;
-  Say(console, "Dependence time= {} ({} steps)", Shown{d.state.dependence.dti}, d.state.dependence.ndti);
+  const DependenceResult& dependence = d.state.dependence;
+  Say(console, "{}{}", DependenceLine(dependence), dependence.reached ? "" : ", cutoff not reached");
   FileQuestion question;
   question.use = FileUse::output;
   question.prompt = "Enter file for autocorrelation output\n(<RETURN> for screen, PLOT to graph, QUIT to exit)";

@@ -21,5 +21,6 @@ void AskEnsembleFile(const EnsembleDialogue& dialogue, const QuantityRequest& re
 [[nodiscard]] bool AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequest& request);
 void AskUpcrossings(const EnsembleDialogue& dialogue, const QuantityRequest& request);
 void AskExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& request);
+void AskBlockExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& request);
 
 }  // namespace zaview

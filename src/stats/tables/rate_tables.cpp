@@ -76,6 +76,11 @@ float TotalTime(const EnsembleData& data) {
   return total;
 }
 
+// Of a total time of 0 (one step) there is no rate: 0.
+float PerTime(float amount, float total_time) {
+  return total_time > 0.0F ? amount / total_time : 0.0F;
+}
+
 std::int64_t SampleCount(const EnsembleData& data) {
   std::int64_t count = 0;
   for (const std::vector<float>& x : data.X) count += static_cast<std::int64_t>(x.size());
@@ -165,7 +170,7 @@ TableFault Upcrossings(const Console& console, const OutputSettings& settings, c
   AppendHead(settings.writing.separator, kUpcrossingHead, text);
   for (const UpcrossingRow& row : rows) {
     Line line(settings.writing.separator, text);
-    line.Cell(row.threshold).Integer(row.total, kCount).Cell(static_cast<float>(row.total) / T);
+    line.Cell(row.threshold).Integer(row.total, kCount).Cell(PerTime(static_cast<float>(row.total), T));
     line.Integer(row.min_record, kCount).Integer(row.max_record, kCount);
     line.Integer(row.total / cases.count(), kCount).Integer(row.independent, kCount).End();
   }
@@ -188,28 +193,36 @@ std::string ListOf(Separator separator, const EnsembleData& data, const Exceedan
   return text;
 }
 
-// The values of one selection, threshold first.
-std::vector<float> SelectedValues(const ExceedanceRequest& request, const ExceedanceCount& count,
-                                  const ExceedanceLimits& limits, float T) {
+// The line of one selection, threshold first; a count stands as an integer.
+void AppendSelected(Separator separator, const ExceedanceRequest& request, const ExceedanceCount& count,
+                    const ExceedanceLimits& limits, float T, std::string& text) {
   const auto nind = static_cast<float>(count.nind);
+  Line line(separator, text);
+  line.Cell(request.threshold);
   switch (request.result) {
     case ExceedanceResult::rate_ci:
-      return {request.threshold, limits.low / T, nind / T, limits.high / T};
+      line.Cell(PerTime(limits.low, T)).Cell(PerTime(nind, T)).Cell(PerTime(limits.high, T));
+      break;
     case ExceedanceResult::rate:
-      return {request.threshold, nind / T};
+      line.Cell(PerTime(nind, T));
+      break;
     case ExceedanceResult::number:
-      return {request.threshold, nind};
+      line.Integer(count.nind, kCellWidth);
+      break;
     case ExceedanceResult::time_fraction:
-      return {request.threshold, count.Tex / T};
+      line.Cell(PerTime(count.Tex, T));
+      break;
     case ExceedanceResult::total:
-      return {request.threshold, static_cast<float>(count.total)};
+      line.Integer(count.total, kCellWidth);
+      break;
     case ExceedanceResult::time:
-      return {request.threshold, count.Tex};
+      line.Cell(count.Tex);
+      break;
     case ExceedanceResult::report:
     case ExceedanceResult::list:
       break;
   }
-  return {};
+  line.End();
 }
 
 TableFault Exceedances(const Platform& platform, const OutputSettings& settings, const ExceedanceRequest& request,
@@ -228,7 +241,7 @@ TableFault Exceedances(const Platform& platform, const OutputSettings& settings,
     return TableFault::none;
   }
   if (request.result != ExceedanceResult::report) {
-    AppendBareLine(settings.writing.separator, "", SelectedValues(request, count, limits, T), text);
+    AppendSelected(settings.writing.separator, request, count, limits, T, text);
     WriteOutput(out, text);
     return TableFault::none;
   }
@@ -241,12 +254,12 @@ TableFault Exceedances(const Platform& platform, const OutputSettings& settings,
       {"Dependence steps      =", "Dependence steps", "", true, 0, ndep},
       {"Number of Exceedances =", "Number of Exceedances (indepdnent)", " (independent)", true, 0, count.nind},
       {"Number of Exceedances =", "Number of Exceedances (total)", " (total)", true, 0, count.total},
-      {"Exceedance rate       =", "Exceedance rate", "", false, nind / T, 0},
-      {"Exceedance rate low   =", "Exceedance rate low", "", false, limits.low / T, 0},
-      {"Exceedance rate high  =", "Exceedance rate high", "", false, limits.high / T, 0},
+      {"Exceedance rate       =", "Exceedance rate", "", false, PerTime(nind, T), 0},
+      {"Exceedance rate low   =", "Exceedance rate low", "", false, PerTime(limits.low, T), 0},
+      {"Exceedance rate high  =", "Exceedance rate high", "", false, PerTime(limits.high, T), 0},
       {"Confidence probility  =", "Confidence probability.", "", false, settings.statistics.confidence_probability, 0},
       {"Exceedance time total =", "Exceedance time total", "", false, count.Tex, 0},
-      {"Exceedance time frac. =", "Exceedance time frac.", "", false, count.Tex / T, 0},
+      {"Exceedance time frac. =", "Exceedance time frac.", "", false, PerTime(count.Tex, T), 0},
   };
   if (settings.writing.separator == Separator::space && out.had_text) text += '\n';
   AppendReport(settings.writing.separator, !out.had_text, items, text);
@@ -288,7 +301,7 @@ TableFault BlockExceedances(const Platform& platform, const OutputSettings& sett
       {"Dependence steps     =", "Dependence steps", "", true, 0, ndep},
       {"Number of blocks     =", "Number of blocks", "", true, 0, static_cast<std::int64_t>(count.blocks.size())},
       {"Blocks w/exceedances =", "Blocks w/exceedances", "", true, 0, count.exceeding},
-      {"Exceedance rate      =", "Exceedance rate", "", false, static_cast<float>(count.exceeding) / T, 0},
+      {"Exceedance rate      =", "Exceedance rate", "", false, PerTime(static_cast<float>(count.exceeding), T), 0},
       {"Average block min    =", "Average block min", "", false, count.average_min, 0},
       {"Average block max    =", "Average block max", "", false, count.average_max, 0},
   };

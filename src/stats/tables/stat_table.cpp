@@ -2,16 +2,17 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 #include <new>
 #include <vector>
 
 #include "base/message.h"
 #include "base/table_text.h"
 #include "base/text.h"
+#include "case/case_hull.h"
 #include "case/quantity_catalogue.h"
 #include "stats/fourier.h"
 #include "stats/tables/statistic_values.h"
+#include "waves/regular_wave.h"
 
 namespace zaview {
 namespace {
@@ -23,8 +24,6 @@ inline constexpr std::string_view kNotRegular =
 inline constexpr std::string_view kUnknown = "LOGIC ERROR in WRSTAT : isel0= {}";
 inline constexpr std::string_view kNoWavePhase = "LOGIC ERROR - Wave phase calculation failed";
 inline constexpr std::string_view kNoNormaliser = "ERROR - NDTF/RAO is not defined for {}, {}";
-
-constexpr float kNotKnown = std::numeric_limits<float>::quiet_NaN();
 
 // In the order of the table. NDTF/RAO, phases and transfer function stand there for regular waves only.
 constexpr int kTableRows[] = {
@@ -52,8 +51,9 @@ struct StatColumns {
 float TransferValue(const StatColumns& columns, int number, std::size_t i) {
   Normal kind = Normal::a;
   const int component = columns.first_curve + static_cast<int>(i);
-  if (number == kStatNdtf && !FindNormal(columns.iqnt, component, kind)) return kNotKnown;
-  return StatisticValue(kStatThird, columns.curves[i]) / columns.normals.of(kind);
+  if (number == kStatNdtf && !FindNormal(columns.iqnt, component, kind)) return 0.0F;
+  const float divisor = columns.normals.of(kind);
+  return divisor == 0.0F ? 0.0F : StatisticValue(kStatThird, columns.curves[i]) / divisor;
 }
 
 float CellOf(const StatColumns& columns, int number, std::size_t i) {
@@ -139,8 +139,24 @@ void AppendLine(const StatColumns& columns, const StatRequest& request, const Ou
   AppendBareLine(settings.writing.separator, request.text, cells, text);
 }
 
-TableFault WriteStatistics(const Console& console, const OutputSettings& settings, const StatRequest& request,
+// The hull, read where a transfer function of these curves needs it and the user has set no beam; null: none.
+const Hull* HullForBeam(const Platform& platform, const OutputSettings& settings, const StatColumns& columns,
+                        int curves, int number, CaseStore& case_store) {
+  if ((number != kStatTable && number != kStatNdtf) || settings.statistics.ndtf_beam > 0.0F) return nullptr;
+  for (int i = 0; i < curves; ++i)
+    if (NeedsBeam(columns.iqnt, columns.first_curve + i))
+      return EnsureHull(platform, case_store) ? &case_store.hull : nullptr;
+  return nullptr;
+}
+
+bool Regular(const ControlRecords& records) {
+  RegularWave wave;
+  return FindRegularWave(records, wave);
+}
+
+TableFault WriteStatistics(const Platform& platform, const OutputSettings& settings, const StatRequest& request,
                            CaseStore& case_store, OutputFile& out) {
+  const Console& console = platform.console;
   StatRecord record;
   const TableFault fault =
       TakeRecord(console, settings, request.quantity, kTooManySkipped, kNoMemory, case_store, record);
@@ -148,8 +164,13 @@ TableFault WriteStatistics(const Console& console, const OutputSettings& setting
   StatColumns columns;
   columns.iqnt = request.quantity.iqnt;
   columns.first_curve = std::max(1, request.quantity.curve);
-  columns.regular = FindNormalisers(case_store.control, settings, columns.normals);
   const int number = request.statistic.number;
+  columns.regular = Regular(case_store.control);
+  if (columns.regular) {
+    const int curves = static_cast<int>(record.data.y.size());
+    const Hull* hull = HullForBeam(platform, settings, columns, curves, number, case_store);
+    columns.regular = FindNormalisers(case_store.control, settings, hull, columns.normals);
+  }
   if (!Available(console, columns, record, number)) return TableFault::said;
 
   columns.curves.resize(record.data.y.size());
@@ -166,15 +187,16 @@ TableFault WriteStatistics(const Console& console, const OutputSettings& setting
 
 }  // namespace
 
-TableFault WRSTAT(const Console& console, const OutputSettings& settings, const StatRequest& request,
+TableFault WRSTAT(const Platform& platform, const OutputSettings& settings, const StatRequest& request,
                   CaseStore& case_store, OutputFile& out) {
+  const Console& console = platform.console;
   const int number = request.statistic.number;
   if (number != kStatTable && StatisticLabel(number, false).empty()) {
     Say(console, kUnknown, number);
     return TableFault::said;
   }
   try {
-    return WriteStatistics(console, settings, request, case_store, out);
+    return WriteStatistics(platform, settings, request, case_store, out);
   } catch (const std::bad_alloc&) {
     SayLine(console, kNoMemory);
     return TableFault::said;

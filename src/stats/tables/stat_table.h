@@ -23,8 +23,8 @@ struct StatRequest {
   std::string text;          // label of a single line; column heading of a table with one curve
 };
 
-// Statistic 0: the whole table; else one bare line: text, separator, value.
-[[nodiscard]] TableFault WRSTAT(const Console& console, const OutputSettings& settings, const StatRequest& request,
+// Statistic 0: the whole table; else one bare line: text, separator, value. Reads the hull where NDTF needs its extent.
+[[nodiscard]] TableFault WRSTAT(const Platform& platform, const OutputSettings& settings, const StatRequest& request,
                                 CaseStore& case_store, OutputFile& out);
 
 }  // namespace zaview

@@ -88,6 +88,22 @@ bool Holds(const NormalRow& row, int iqnt, int component) {
   return (others ? iqnt >= kFirstOther && iqnt != 31 && iqnt != 32 : named) && Between(row.first, component, row.last);
 }
 
+// Largest less smallest x of the hull's points, non-dimensional; 1 without any.
+float LengthAlongX(const Hull* hull) {
+  double low = std::numeric_limits<double>::max(), high = std::numeric_limits<double>::lowest();
+  const auto take = [&](const std::vector<Vector3>& points) {
+    for (const Vector3& point : points) {
+      low = std::min(low, point[0]);
+      high = std::max(high, point[0]);
+    }
+  };
+  if (hull != nullptr) {
+    for (const HullSurface& surface : hull->surfaces) take(surface.points);
+    take(hull->mesh.nodes);
+  }
+  return high > low ? static_cast<float>(high - low) : 1.0F;
+}
+
 }  // namespace
 
 TableFault TableFaultOf(PlotFault fault) {
@@ -171,7 +187,8 @@ float StatisticValue(int number, const RecordValues& values) {
   }
 }
 
-bool FindNormalisers(const ControlRecords& records, const OutputSettings& settings, Normalisers& out) {
+bool FindNormalisers(const ControlRecords& records, const OutputSettings& settings, const Hull* hull,
+                     Normalisers& out) {
   constexpr float kNoEncounter = 1.0e-6F;
   out = Normalisers{};
   RegularWave wave;
@@ -189,7 +206,7 @@ bool FindNormalisers(const ControlRecords& records, const OutputSettings& settin
   if (we < kNoEncounter) we = w * root;
   const float a = L * A;
   const float ka = (settings.units.ANGOUT * k) * A;
-  const float B = settings.statistics.ndtf_beam > 0.0F ? settings.statistics.ndtf_beam : L;
+  const float B = settings.statistics.ndtf_beam > 0.0F ? settings.statistics.ndtf_beam : LengthAlongX(hull) * L;
   const float Ln = settings.statistics.ndtf_length > 0.0F ? settings.statistics.ndtf_length : L;
   out.value = {a,
                a * we,
@@ -200,6 +217,11 @@ bool FindNormalisers(const ControlRecords& records, const OutputSettings& settin
                (((g * B) * Ln) * a) * settings.units.RHOOUT,
                (((g * B) * (Ln * Ln)) * a) * settings.units.RHOOUT};
   return true;
+}
+
+bool NeedsBeam(int iqnt, int component) {
+  Normal kind = Normal::a;
+  return FindNormal(iqnt, component, kind) && (kind == Normal::force || kind == Normal::moment);
 }
 
 bool FindNormal(int iqnt, int component, Normal& kind) {

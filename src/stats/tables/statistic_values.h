@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "case/plot_data.h"
+#include "geometry/hull.h"
 #include "stats/highest_peaks.h"
 #include "stats/tables/stat_table.h"
 
@@ -50,14 +51,18 @@ enum class Normal : std::uint8_t { a, a_we, a_we2, ka, ka_we, ka_we2, force, mom
 
 // By kind, in output units. With w, k, A, beta of the wave, U the steady speed (all non-dimensional), L, g, rho the
 // output scales: a = L A, ka = ANGOUT k A, we = |w - U cos(beta) k| sqrt(g/L) (below 1e-6: w sqrt(g/L)),
-// force g B Ln a rho, moment g B Ln^2 a rho. Beam B and length Ln as the user has set them, else L.
+// force g B Ln a rho, moment g B Ln^2 a rho. Beam B and length Ln as the user has set them, else
+// Ln = L, and B = L times the x extent of the hull (literally: the user who wants the beam sets it), L without a hull.
 struct Normalisers {
   std::array<float, 8> value{};
   [[nodiscard]] float of(Normal kind) const { return value[static_cast<std::size_t>(kind)]; }
 };
 
-// False: the case isn't one regular wave.
-[[nodiscard]] bool FindNormalisers(const ControlRecords& records, const OutputSettings& settings, Normalisers& out);
+// False: the case isn't one regular wave. hull: null where there is none, or no beam is needed.
+[[nodiscard]] bool FindNormalisers(const ControlRecords& records, const OutputSettings& settings, const Hull* hull,
+                                   Normalisers& out);
+// Does a curve of this quantity need force or moment, which are made with the beam?
+[[nodiscard]] bool NeedsBeam(int iqnt, int component);
 // False: this component of the quantity has none.
 [[nodiscard]] bool FindNormal(int iqnt, int component, Normal& kind);
 

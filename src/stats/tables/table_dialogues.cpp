@@ -64,7 +64,7 @@ void AskStatisticsFile(const Platform& platform, const OutputSettings& settings,
   StatRequest table;
   table.statistic.number = kStatTable;
   table.quantity = request;
-  const TableFault fault = WRSTAT(platform.console, settings, table, case_store, chosen.out);
+  const TableFault fault = WRSTAT(platform, settings, table, case_store, chosen.out);
   FinishTable(platform, fault, "Statistics written to", chosen);
 }
 

@@ -74,8 +74,8 @@ void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y
 }
 
 std::string ShortNumber(float value) {
+  value = Finite(value);
   if (value == 0.0F) return "0";
-  if (!std::isfinite(value)) return SentenceNumber(value);
   for (int digits = kMostDigits - 1; digits > 1; --digits) {
     std::string text = fmt::format("{:.{}g}", value, digits);
     if (text.size() <= kShort) return text;

@@ -20,9 +20,11 @@ Written Write(const CaseStore& c, const OutputSettings& settings, int iqnt = 1, 
   QuantityRequest request;
   request.iqnt = iqnt;
   request.curve = 1;
-  return WriteWorked([&](const Console& console, CaseStore& in_store,
-                         OutputFile& out) { return WriteAutocorrelation(console, settings, request, in_store, out); },
-                     c, "out.txt", before);
+  return WriteWorked(
+      [&](const Platform& platform, CaseStore& in_store, OutputFile& out) {
+        return WriteAutocorrelation(platform.console, settings, request, in_store, out);
+      },
+      c, "out.txt", before);
 }
 
 TEST(AutocorrelationTable, FunctionAndEnvelopes) {

@@ -24,9 +24,11 @@ Written Write(const Wanted& w) {
   request.text = w.text;
   CaseStore c = WorkedCase();
   c.skip_effective = w.skip;
-  return WriteWorked([&](const Console& console, CaseStore& in_store,
-                         OutputFile& out) { return WriteIntervals(console, w.settings, request, in_store, out); },
-                     c, "out.txt", w.before);
+  return WriteWorked(
+      [&](const Platform& platform, CaseStore& in_store, OutputFile& out) {
+        return WriteIntervals(platform.console, w.settings, request, in_store, out);
+      },
+      c, "out.txt", w.before);
 }
 
 constexpr std::string_view kTitle =

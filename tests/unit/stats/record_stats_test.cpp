@@ -60,7 +60,7 @@ TEST(RecordStats, RefusedArguments) {
   // clang-format off
   const struct { int iopt; float prob; std::vector<std::string> lines; } cases[] = {
       {4, 0.95F, {option + "4", peaks}}, {5, 0.95F, {option + "5"}}, {-1, 0.0F, {option + "-1", probability + "0"}},
-      {1, 1.0F, {probability + "1"}}, {1, kNaN, {probability + "NaN"}},
+      {1, 1.0F, {probability + "1"}}, {1, kNaN, {probability + "0"}},
   };
   // clang-format on
   for (const auto& c : cases) {

@@ -22,8 +22,8 @@ Written Write(const Wanted& w) {
   request.quantity.iqnt = w.iqnt;
   request.quantity.curve = w.curve;
   request.text = w.text;
-  return WriteWorked([&](const Console& console, CaseStore& c,
-                         OutputFile& out) { return WRSTAT(console, w.settings, request, c, out); },
+  return WriteWorked([&](const Platform& platform, CaseStore& c,
+                         OutputFile& out) { return WRSTAT(platform, w.settings, request, c, out); },
                      w.c, w.name, w.before);
 }
 
@@ -125,7 +125,7 @@ TEST(StatTable, SkippedStepsCountNot) {
   w.settings.reading.skip_terminal = 60;
   EXPECT_EQ(Write(w).text, "     2.036000\n");  // one sample
   w.word = "RMS";
-  EXPECT_EQ(Write(w).text, "          NaN\n");  // of which there is no variance
+  EXPECT_EQ(Write(w).text, "     0.000000\n");  // of which there is no variance
   w.settings.reading.skip_terminal = 61;
   const Written none = Write(w);
   EXPECT_EQ(none.fault, TableFault::said);
@@ -146,11 +146,11 @@ TEST(StatTable, RegularWavesHaveTransferFunctions) {
 }
 
 // Global velocities have a divisor for the first three components only.
-TEST(StatTable, NotDefinedIsNaNBesideOthers) {
+TEST(StatTable, NotDefinedIsZeroBesideOthers) {
   const std::string all = Write({.iqnt = 39, .curve = 0, .settings = WaveSettings(), .c = OneWave()}).text;
   const std::size_t row = all.find("NDTF/RAO");
   ASSERT_NE(row, std::string::npos);
-  EXPECT_EQ(all.substr(row + 56, 42), "           NaN           NaN           NaN");
+  EXPECT_EQ(all.substr(row + 56, 42), "      0.000000      0.000000      0.000000");
   EXPECT_EQ(Write({.iqnt = 39, .curve = 4, .settings = WaveSettings(), .c = OneWave()}).text.find("NDTF"),
             std::string::npos);
 }
@@ -182,7 +182,7 @@ TEST(Normalisers, ByQuantityAndComponent) {
       {33, 2, a * we}, {48, 1, a}, {47, 3, a * we * we}, {33, 4, none}};
   // clang-format on
   Normalisers normals;
-  ASSERT_TRUE(FindNormalisers(OneWave().control, WaveSettings(), normals));
+  ASSERT_TRUE(FindNormalisers(OneWave().control, WaveSettings(), nullptr, normals));
   for (const auto& c : cases) {
     SCOPED_TRACE(c.iqnt * 100 + c.component);
     Normal kind = Normal::a;
@@ -199,15 +199,21 @@ TEST(Normalisers, LengthBeamAndFollowingSeas) {
   c.control.seaway.waves[0].HEADW = 0.0;
   c.control.USHIP = 1.25;  // as fast as the wave: its own frequency instead of none
   Normalisers normals;
-  ASSERT_TRUE(FindNormalisers(c.control, settings, normals));
+  ASSERT_TRUE(FindNormalisers(c.control, settings, nullptr, normals));
   ExpectClose(normals.of(Normal::force), 960.0, "force");
   ExpectClose(normals.of(Normal::moment), 3840.0, "moment");
   ExpectClose(normals.of(Normal::a_we), 1.6, "a we");
   c.control.USHIP = 2.5;  // overtaking
-  ASSERT_TRUE(FindNormalisers(c.control, settings, normals));
+  ASSERT_TRUE(FindNormalisers(c.control, settings, nullptr, normals));
   ExpectClose(normals.of(Normal::ka_we2), 16.0 * 1.6 * 1.6, "ka we^2");
+  settings.statistics.ndtf_beam = 0.0F;  // then the hull is as long as its x extent, here 1.5 of 2
+  Hull hull;
+  hull.mesh.nodes = {{-0.75, 0.1, 0.0}, {0.25, 0.0, -0.2}};
+  hull.surfaces.emplace_back().points = {{0.0, 0.0, 0.0}, {0.75, 0.0, 0.0}};
+  ASSERT_TRUE(FindNormalisers(c.control, settings, &hull, normals));
+  ExpectClose(normals.of(Normal::force), 8.0 * 3.0 * 4.0 * 10.0, "force by the hull");
   c.control.seaway.ISEA = 2;
-  EXPECT_FALSE(FindNormalisers(c.control, settings, normals));
+  EXPECT_FALSE(FindNormalisers(c.control, settings, nullptr, normals));
 }
 
 }  // namespace

@@ -44,8 +44,8 @@ struct Written {
   std::string text, console;
 };
 
-// write: (console, settings, case, out) -> fault. name blank: the console. before: what out.txt holds already.
-using WriteTableOf = std::function<TableFault(const Console&, CaseStore&, OutputFile&)>;
+// write: (platform, case, out) -> fault. name blank: the console. before: what out.txt holds already.
+using WriteTableOf = std::function<TableFault(const Platform&, CaseStore&, OutputFile&)>;
 inline Written WriteWorked(const WriteTableOf& write, CaseStore c, const std::string& name = "out.txt",
                            const std::string& before = {}) {
   FakePlatform fake;
@@ -54,7 +54,7 @@ inline Written WriteWorked(const WriteTableOf& write, CaseStore c, const std::st
   OutputFile out;
   Written written;
   EXPECT_TRUE(OpenOutput(platform, name, before.empty() ? OpenHow::replace : OpenHow::append, out));
-  written.fault = write(platform.console, c, out);
+  written.fault = write(platform, c, out);
   if (written.fault == TableFault::none) {
     EXPECT_TRUE(CloseOutput(out));
     written.text = fake.Bytes("out.txt");
