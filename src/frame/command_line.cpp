@@ -9,6 +9,7 @@
 #include "frame/ground/output_file.h"
 #include "frame/ground/prompts.h"
 #include "frame/ground/wildcards.h"
+#include "frame/reference.h"
 #include "frame/run_loop.h"
 #include "frame/title_box.h"
 #include "script/script_variables.h"
@@ -67,6 +68,7 @@ struct Walk {
   std::string word{};    // the same in capitals
   bool error = false;
   bool help = false;
+  std::string topic{};    // of -help
   bool finished = false;  // -version, -dims: the run ends at once
 
   [[nodiscard]] const Console& console() const { return session.platform.console; }
@@ -186,6 +188,11 @@ void TakeDimensions(Walk& walk) {
   walk.finished = true;
 }
 
+void TakeHelp(Walk& walk) {
+  walk.help = true;
+  if (walk.next < walk.arguments.size() && !StartsWith(walk.arguments[walk.next], "-")) (void)walk.Take(walk.topic);
+}
+
 void TakeDegrees(Walk& walk) {
   OutputSettings& output = walk.session.output;
   output.units.ANGOUT = kDegreesPerRadian;
@@ -214,7 +221,7 @@ constexpr OptionRow kOptions[] = {
     {0, {"-RESTARTED", "-RESTARTS", "-RESTART"}, TakeRestart},
     {0, {"-DO_ETA"}, [](Walk& walk) { walk.session.run.do_eta = true; }},
     {0, {"-DEBUG_FLOW"}, [](Walk& walk) { walk.session.run.debug_flow = true; }},
-    {0, {"-HELP"}, [](Walk& walk) { walk.help = true; }},
+    {0, {"-HELP"}, TakeHelp},
     {0, {"-FILE"}, TakeFile},
     {0, {"-SHIP"}, TakeShip},
     {0, {"-V", "-VSCRIPT", "-V_SCRIPT", "-SET"}, TakeVariable},
@@ -301,6 +308,12 @@ CommandLineResult AskForCase(Session& session) {
 
 }  // namespace
 
+std::vector<OptionWords> CommandLineOptions() {
+  std::vector<OptionWords> options;
+  for (const OptionRow& row : kOptions) options.push_back({row.words, row.first > 0});
+  return options;
+}
+
 CommandLineResult ParseCommandLine(Session& session, std::span<const std::string> arguments) {
   const Console& console = session.platform.console;
   PrintTitleBox(console, kTitle);
@@ -313,7 +326,10 @@ CommandLineResult ParseCommandLine(Session& session, std::span<const std::string
     if (walk.finished) return {LineEnd::stop, kRunOk};
   }
   if (!walk.error && !walk.help) return {};
+  if (!walk.error && !walk.topic.empty())
+    return {LineEnd::stop, PrintTopic(console, walk.topic) ? kRunOk : kRunBadArguments};
   PrintUsage(console);
+  if (walk.help) PrintTopicNames(console);
   return {LineEnd::stop, walk.error ? kRunBadArguments : kRunOk};
 }
 

@@ -245,6 +245,13 @@ std::size_t NextOption(Session& s) {
 
 }  // namespace
 
+std::vector<MenuEntry> MainMenu() {
+  std::vector<MenuEntry> entries;
+  for (const Option& option : kOptions)
+    entries.push_back({option.text, option.act != nullptr || option.plot != nullptr});
+  return entries;
+}
+
 void text_menu(Session& session) {
   RunState& run = session.run;
   while (run.plot_module == 0 && !run.exit_requested) {

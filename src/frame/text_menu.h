@@ -1,6 +1,9 @@
 // The main menu on the console.
 #pragma once
 
+#include <string_view>
+#include <vector>
+
 #include "frame/session.h"
 
 namespace zaview {
@@ -8,5 +11,11 @@ namespace zaview {
 // Shows the menu and does what is chosen, until a view is wanted (run.plot_module above 0) or the end
 // (run.exit_requested).
 void text_menu(Session& session);
+
+struct MenuEntry {
+  std::string_view text;  // " 1 - ..."
+  bool there = false;     // the system knows its work
+};
+[[nodiscard]] std::vector<MenuEntry> MainMenu();
 
 }  // namespace zaview

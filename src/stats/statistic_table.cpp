@@ -113,6 +113,24 @@ StatisticName FindStatistic(std::string_view word) {
   return found;
 }
 
+std::vector<StatisticEntry> AllStatistics() {
+  std::vector<StatisticEntry> entries;
+  for (const StatisticRow& row : kStatistics) {
+    StatisticEntry entry{"", std::string(row.number == kStatTable ? "All of them" : row.label)};
+    const auto add = [&entry](std::string_view ahead, std::string_view word) {
+      if (!word.empty()) entry.words.append(entry.words.empty() ? "" : ", ").append(ahead).append(word);
+    };
+    for (const std::string_view word : row.words) add("", word);
+    for (const NthRow& nth : kNth)
+      if (nth.number == row.number)
+        for (const std::string_view word : nth.words) add("1/n", word);
+    constexpr std::string_view kTenth = "1/10th";
+    if (StartsWith(entry.label, kTenth)) entry.label.replace(0, kTenth.size(), "1/nth");
+    if (!entry.words.empty()) entries.push_back(std::move(entry));
+  }
+  return entries;
+}
+
 std::string_view StatisticLabel(int number, bool for_file) {
   for (const StatisticRow& row : kStatistics)
     if (row.number == number) return for_file && !row.file_label.empty() ? row.file_label : row.label;

@@ -1,7 +1,9 @@
 // The statistics a user can name: number, keywords, row labels.
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace zaview {
 
@@ -22,6 +24,11 @@ struct StatisticName {
 // Exact, case-blind; "1/nTH.." forms with any positive n. _CI or _ci behind a word of at least four letters is taken
 // off.
 [[nodiscard]] StatisticName FindStatistic(std::string_view word);
+
+struct StatisticEntry {
+  std::string words, label;  // "AVG, MEAN"; of the highest peaks "1/nTH_AMP, 1/nTH"
+};
+[[nodiscard]] std::vector<StatisticEntry> AllStatistics();  // those that have words
 
 // The label of a table row, as wide as printed ("Mean (Average)"). for_file: the file's own words.
 [[nodiscard]] std::string_view StatisticLabel(int number, bool for_file);

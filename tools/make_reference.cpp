@@ -1,0 +1,19 @@
+// make_reference PROJECT: writes the files of the reference anew.
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "frame/reference_files.h"
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fputs("usage : make_reference PROJECT\n", stderr);
+    return 2;
+  }
+  for (const zaview::ReferenceFile& file : zaview::ReferenceFiles()) {
+    std::ofstream out(std::string(argv[1]) + '/' + std::string(file.name), std::ios::binary);
+    out << file.text();
+    if (!out.flush()) return 1;
+  }
+  return 0;
+}
