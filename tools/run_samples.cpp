@@ -1,6 +1,7 @@
 // The physics of the samples and of the benchmark runs: motions as sums of (damped) harmonics, everything else from
 // their exact derivatives. All values non-dimensional: length over L, time times sqrt(g/L).
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <complex>
 #include <numbers>
@@ -182,6 +183,8 @@ void RegularHead(RunSpec& spec) {
   SetFill(motions, spec);
 }
 
+constexpr int kSeas = 3;  // among the samples
+
 // Twelve waves of 0.05 m to 0.6 m; heave 0.7, pitch 1 degree per metre, surge 0.2 of each, all in phase with it.
 // realization: another set of phases.
 void TwelveWaves(int realization, RunSpec& spec) {
@@ -209,9 +212,8 @@ void IrregularHead(RunSpec& spec) {
   TwelveWaves(0, spec);
 }
 
-template <int realization>
-void Sea(RunSpec& spec) {
-  spec.title = fmt::format("Twelve head waves, realization {} of 3", realization);
+void Sea(int realization, RunSpec& spec) {
+  spec.title = fmt::format("Twelve head waves, realization {}{}", realization, realization <= kSeas ? " of 3" : "");
   spec.nstep = spec.steps = 400;
   TwelveWaves(realization, spec);
 }
@@ -330,9 +332,9 @@ struct Sample {
 constexpr std::array<Sample, 13> kSamples = {{
     {"regular_head", RegularHead},
     {"irregular_head", IrregularHead},
-    {"sea_1", Sea<1>},
-    {"sea_2", Sea<2>},
-    {"sea_3", Sea<3>},
+    {"sea_1", [](RunSpec& spec) { Sea(1, spec); }},
+    {"sea_2", [](RunSpec& spec) { Sea(2, spec); }},
+    {"sea_3", [](RunSpec& spec) { Sea(3, spec); }},
     {"roll_decay", RollDecay},
     {"forced_heave", ForcedHeave},
     {"short_cut", ShortCut},
@@ -342,6 +344,18 @@ constexpr std::array<Sample, 13> kSamples = {{
     {"impulse_responses", ImpulseResponses},
     {"transient_added_mass", TransientAddedMass},
 }};
+
+// sea_N, another realization.
+bool SeaSpec(std::string_view name, RunSpec& spec) {
+  constexpr std::string_view kSea = "sea_";
+  int realization = 0;
+  if (!name.starts_with(kSea)) return false;
+  name.remove_prefix(kSea.size());
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), realization);
+  if (error != std::errc() || end != name.data() + name.size() || realization < 1) return false;
+  Sea(realization, spec);
+  return true;
+}
 
 }  // namespace
 
@@ -353,8 +367,8 @@ std::vector<std::string_view> SampleNames() {
 
 bool SampleSpec(std::string_view name, RunSpec& spec) {
   const auto found = std::find_if(kSamples.begin(), kSamples.end(), [&](const Sample& s) { return s.name == name; });
-  if (found == kSamples.end()) return false;
   spec = RunSpec();
+  if (found == kSamples.end()) return SeaSpec(name, spec);
   found->make(spec);
   return true;
 }

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr std::string_view kUsage =
-    "usage : run_writer --sample NAME DIR                   one sample, as DIR/NAME.out\n"
+    "usage : run_writer --sample NAME DIR                   one sample, as DIR/NAME.out; sea_N for any N\n"
     "        run_writer --all DIR                           every sample\n"
     "        run_writer --list                              their names and titles\n"
     "        run_writer --bytes N [--cuts M] [--line] FILE  a run of about N bytes with loads at M X cuts;\n"
