@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -15,13 +14,6 @@ namespace zaview {
 namespace {
 
 using Words = std::vector<std::string>;
-
-Words SplitAt(const std::string& text, char between) {
-  Words words;
-  std::istringstream in(text);
-  for (std::string word; std::getline(in, word, between);) words.push_back(word);
-  return words;
-}
 
 std::string ExampleOf(const std::string& name) {
   for (const ArgumentForm& form : ArgumentForms())

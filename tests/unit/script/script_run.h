@@ -1,7 +1,9 @@
 // A script on a small case in memory, and what it says.
 #pragma once
 
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "case/output_scales.h"
 #include "fake_platform.h"
@@ -37,6 +39,13 @@ struct ScriptRun {
   }
   void Run() { status = OpenScriptFile(session, "s"); }
 };
+
+inline std::vector<std::string> SplitAt(const std::string& text, char between) {  // a bar at the end ends the last one
+  std::vector<std::string> words;
+  std::istringstream in(text);
+  for (std::string word; std::getline(in, word, between);) words.push_back(word);
+  return words;
+}
 
 // What is said between "Reading .." and the closing line, echoes left out.
 inline std::string Said(const std::string& output) {

@@ -117,7 +117,7 @@ Values GraphOptions(const Session& s) {
 // ---- Commands, as the tables of the tests say them
 
 struct Good {
-  std::string arguments;
+  std::string arguments;  // one of several, apart by bars
   Values values;
   const char* said = "";  // null: it doesn't matter
 };
@@ -128,7 +128,7 @@ struct Refused {
 };
 
 struct Setting {
-  Texts words;
+  std::string words;  // apart by blanks
   Values (*read)(const Session& session);
   std::vector<Good> good;
   std::vector<Refused> refused;
@@ -160,19 +160,19 @@ std::string Filled(std::string text, const std::string& command) {
   return text;
 }
 
-void ExpectGood(const Setting& setting, const std::string& word, const Good& good) {
+void ExpectGood(const Setting& setting, const std::string& word, const Good& good, const std::string& arguments) {
+  const std::string line = word + " " + arguments;
   bool changed = false;
   for (const std::string& before : setting.before) {
-    const SettingRun baseline(before, true);
-    const SettingRun run(before + word + " " + good.arguments + "\n", true);
-    ASSERT_EQ(run.status, kScriptOk) << word << " " << good.arguments << "\n" << run.fake.output;
-    EXPECT_EQ(setting.read(run.session), good.values) << word << " " << good.arguments;
+    const SettingRun baseline(before, true), run(before + line + "\n", true);
+    ASSERT_EQ(run.status, kScriptOk) << line << "\n" << run.fake.output;
+    EXPECT_EQ(setting.read(run.session), good.values) << line;
     if (good.said != nullptr && before.empty()) {
-      EXPECT_EQ(Said(run.fake.output), std::string(good.said) + kEnd[0]) << word << " " << good.arguments;
+      EXPECT_EQ(Said(run.fake.output), std::string(good.said) + kEnd[0]) << line;
     }
     changed = changed || setting.read(baseline.session) != good.values;
   }
-  EXPECT_TRUE(changed) << word << " " << good.arguments << " : the row proves nothing";
+  EXPECT_TRUE(changed) << line << " : the row proves nothing";
 }
 
 void ExpectRefused(const Setting& setting, const std::string& word, const Refused& refused) {
@@ -190,20 +190,24 @@ void ExpectRefused(const Setting& setting, const std::string& word, const Refuse
 }
 
 void ExpectSetting(const Setting& setting) {
-  for (const std::string& word : setting.words) {
-    ExpectGood(setting, word, setting.good.front());
+  const Texts words = SplitAt(setting.words, ' ');
+  const std::string first = SplitAt(setting.good.front().arguments + '|', '|').front();
+  for (const std::string& word : words) {
+    ExpectGood(setting, word, setting.good.front(), first);
     for (const Refused& refused : setting.refused) ExpectRefused(setting, word, refused);
-    const SettingRun alone(setting.before.front() + word + " " + setting.good.front().arguments + "\n", false);
+    const SettingRun alone(setting.before.front() + word + " " + first + "\n", false);
     EXPECT_EQ(alone.status, setting.needs_case ? kScriptFailed : kScriptOk) << word << alone.fake.output;
     const bool told =
         alone.fake.output.find("ERROR - " + word + " : cannot be run until an output\n   file has been read\n") !=
         std::string::npos;
     EXPECT_EQ(told, setting.needs_case) << word;
   }
-  for (const Good& good : setting.good) ExpectGood(setting, setting.words.front(), good);
-  const Command* row = FindCommand(AllCommands(), setting.words.front());
+  for (const Good& good : setting.good)
+    for (const std::string& arguments : SplitAt(good.arguments + '|', '|'))
+      ExpectGood(setting, words.front(), good, arguments);
+  const Command* row = FindCommand(AllCommands(), words.front());
   if (row->preset.empty()) return;
-  const SettingRun preset(setting.words.front() + " " + std::string(row->preset), true);
+  const SettingRun preset(words.front() + " " + std::string(row->preset), true);
   EXPECT_EQ(setting.read(preset.session), setting.read(SettingRun("", true).session)) << row->names[0];
 }
 
@@ -215,28 +219,24 @@ constexpr const char* kNoPair = "ERROR - missing or insufficient arguments for "
 TEST(Settings, Files) {
   const char* const blank = "ERROR - Blank file name for ? command";
   const Setting settings[] = {
-      {{"READ_OUTPUT_FILE", "READ_OUTPUT", "READ_FILE", "READ"}, Records,
-       {{"run.out", Of(1, 1, 400), nullptr}, {"a/*.out", Of(1, 201, 400), nullptr}},
-       {{"", 4, blank}, {"\"\"", 4, blank}, {"b*.out", 5, "ERROR - no file(s) found which match b*.out"}},
-       {"", "READ a/first.out\n"}},
-      {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"}, Records,
+      {"READ_OUTPUT_FILE READ_OUTPUT READ_FILE READ", Records, {{"run.out", Of(1, 1, 400), nullptr}, {"a/*.out", Of(1,
+       201, 400), nullptr}}, {{"", 4, blank}, {"\"\"", 4, blank}, {"b*.out", 5,
+       "ERROR - no file(s) found which match b*.out"}}, {"", "READ a/first.out\n"}},
+      {"READ_OUTPUT_FILE_ENSEMBLE READ_FILE_ENSEMBLE READ_ENSEMBLE", Records,
        {{"run.out", Of(2, 1, 400), nullptr}},  // READ would find the files identical
        {{"", 4, blank}}, {"READ run.out\n"}},
-      {{"READ_OUTPUT_FILE_COMB", "READ_FILE_COMB", "READ_COMB", "READ_OUTPUT_FILE_COMBINE", "READ_FILE_COMBINE",
-        "READ_COMBINE"}, Records,
-       {{"a/second.out", Of(1, 1, 400), nullptr}},
-       {{"", 4, blank}, {"a/*", 4, "ERROR - Wild cards cannot be used with ? command"}}, {"READ a/first.out\n"}},
-      {{"READ_MULTI_SHIP_FILE", "READ_MULTI_SHIP", "READ_MULTI_FILE", "READ_OUTPUT_FILE_MULTI", "READ_FILE_MULTI",
-        "READ_MULTI"}, Records,
-       {{"run.out 1", Of(1, 1, 400), nullptr}},
-       {{"", 4, blank}, {"run.out", 5, kFew}, {"run.out 2", 5, "ERROR - ship 2 is not in the file (NSHIP= 1)"}}},
-      {{"READ_OLD_MULTI_SHIP_FILE", "READ_OLD_MULTI_SHIP", "READ_OLD_MULTI_FILE", "READ_OLD_MULTI"}, Records,
-       {{"run.out 1 0", Of(1, 1, 400), nullptr}}, {{"", 4, blank}, {"run.out 1", 5, kFew}}},
-      {{"READ_KINO_FILES", "READ_KINO_FILE", "READ_KINO"}, FirstMotion,
-       {{"m \"\" \"\" 9.81 1025 0 0 0 0 0 0", Of(1, 1, 2, 1, 2, 3, 0, 0, 0), nullptr}},
-       {{"", 4, blank}, {"m \"\" \"\" 9.81 1025 0 0 0 0 0", 5, kFew}}},
-      {{"CLEAR_ENSEMBLE_DATA", "CLEAR_ENSEMBLE"}, Records,
-       {{"", Of(1, 1, 400), nullptr}}, {}, {"READ run.out\nREAD_ENSEMBLE run.out\n"}},
+      {"READ_OUTPUT_FILE_COMB READ_FILE_COMB READ_COMB READ_OUTPUT_FILE_COMBINE READ_FILE_COMBINE READ_COMBINE",
+       Records, {{"a/second.out", Of(1, 1, 400), nullptr}}, {{"", 4, blank}, {"a/*", 4,
+       "ERROR - Wild cards cannot be used with ? command"}}, {"READ a/first.out\n"}},
+      {"READ_MULTI_SHIP_FILE READ_MULTI_SHIP READ_MULTI_FILE READ_OUTPUT_FILE_MULTI READ_FILE_MULTI READ_MULTI",
+       Records, {{"run.out 1", Of(1, 1, 400), nullptr}}, {{"", 4, blank}, {"run.out", 5, kFew}, {"run.out 2", 5,
+       "ERROR - ship 2 is not in the file (NSHIP= 1)"}}},
+      {"READ_OLD_MULTI_SHIP_FILE READ_OLD_MULTI_SHIP READ_OLD_MULTI_FILE READ_OLD_MULTI", Records, {{"run.out 1 0",
+       Of(1, 1, 400), nullptr}}, {{"", 4, blank}, {"run.out 1", 5, kFew}}},
+      {"READ_KINO_FILES READ_KINO_FILE READ_KINO", FirstMotion, {{"m \"\" \"\" 9.81 1025 0 0 0 0 0 0", Of(1, 1, 2, 1, 2,
+       3, 0, 0, 0), nullptr}}, {{"", 4, blank}, {"m \"\" \"\" 9.81 1025 0 0 0 0 0", 5, kFew}}},
+      {"CLEAR_ENSEMBLE_DATA CLEAR_ENSEMBLE", Records, {{"", Of(1, 1, 400), nullptr}}, {},
+       {"READ run.out\nREAD_ENSEMBLE run.out\n"}},
   };
   for (const Setting& setting : settings) ExpectSetting(setting);
 }
@@ -245,31 +245,25 @@ TEST(Settings, Output) {
   const char* const convention = "ERROR - Unrecognized option for ? command...";
   const Values zavo{1, 1, 1, 1, 1, 1}, model{1, -1, -1, 1, -1, -1}, cfd{-1, -1, 1, -1, -1, 1};
   const Setting settings[] = {
-      {{"COMMA", "COMMAS"}, Delimiter, {{"", Of(Separator::comma)}}, {}},
-      {{"TAB", "TABS"},     Delimiter, {{"", Of(Separator::tab)}},   {}},
-      {{"SPACE", "SPACES"}, Delimiter, {{"", Of(Separator::space)}}, {}, {"TAB\n"}},
-      {{"SET_DELIMITER", "SET_DLM", "DELIMITER"}, Delimiter,
-       {{"COMMA", Of(Separator::comma)}, {"commas", Of(Separator::comma)}, {"TAB", Of(Separator::tab)},
-        {"Tabs", Of(Separator::tab)}, {"SPACE", Of(Separator::space)}, {"SPACES", Of(Separator::space)}},
-       {{"", 4, "ERROR - Invalid argument () for ? command..."}, {"Dot", 4, "ERROR - Invalid argument (Dot) for ? command..."}},
+      {"COMMA COMMAS", Delimiter, {{"", Of(Separator::comma)}}, {}},
+      {"TAB TABS", Delimiter, {{"", Of(Separator::tab)}}, {}},
+      {"SPACE SPACES", Delimiter, {{"", Of(Separator::space)}}, {}, {"TAB\n"}},
+      {"SET_DELIMITER SET_DLM DELIMITER", Delimiter, {{"COMMA|commas", Of(Separator::comma)}, {"TAB|Tabs",
+       Of(Separator::tab)}, {"SPACE|SPACES", Of(Separator::space)}}, {{"", 4,
+       "ERROR - Invalid argument () for ? command..."}, {"Dot", 4, "ERROR - Invalid argument (Dot) for ? command..."}},
        {"", "TAB\n"}},
-      {{"SET_OUTPUT_SCALE", "SET_SCALE", "OUTPUT_SCALE"}, Scales,
-       {{"LENOUT 100", Of(9.81F, 1025, 100, 1, 100, 0, 0, 1, 0),
-         "Changing output dimensionalization:\nFactor        Old         New\n"
-         "GRAVOUT      9.81        9.81  Gravity\nRHOOUT       1025        1025  Water density\n"
-         "LENOUT          1         100  Reference length\nANGOUT          1           1  Angular scale factor\n"},
-        {"gravout 32.2", Of(32.2F, 1025, 1, 1, 1, 1, 0, 0, 0), nullptr},
-        {"RHOOUT 1000", Of(9.81F, 1000, 1, 1, 1, 0, 1, 0, 0), nullptr},
-        {"ANGOUT 2", Of(9.81F, 1025, 1, 2, 1, 0, 0, 0, 1), nullptr}},
-       {{"", 4, "ERROR - Invalid argument () for ? command..."}, {"L 1", 4, "ERROR - Invalid argument (L) for ? command..."},
-        {"LENOUT", 5, kFew}, {"LENOUT x", 5, kFew}, {"LENOUT 0", 4, "ERROR - LENOUT must be positive"}}},
-      {{"SET_OUTPUT_SCALES", "OUTPUT_SCALES", "SCALE_OUTPUT"}, Scales,
-       {{"1 2 3 4", Of(1, 2, 3, 4, 3, 1, 1, 1, 1), nullptr}},
+      {"SET_OUTPUT_SCALE SET_SCALE OUTPUT_SCALE", Scales, {{"LENOUT 100", Of(9.81F, 1025, 100, 1, 100, 0, 0, 1, 0),
+       "Changing output dimensionalization:\nFactor        Old         New\n"
+       "GRAVOUT      9.81        9.81  Gravity\nRHOOUT       1025        1025  Water density\n"
+       "LENOUT          1         100  Reference length\nANGOUT          1           1  Angular scale factor\n"},
+       {"gravout 32.2", Of(32.2F, 1025, 1, 1, 1, 1, 0, 0, 0), nullptr}, {"RHOOUT 1000", Of(9.81F, 1000, 1, 1, 1, 0, 1,
+       0, 0), nullptr}, {"ANGOUT 2", Of(9.81F, 1025, 1, 2, 1, 0, 0, 0, 1), nullptr}}, {{"", 4,
+       "ERROR - Invalid argument () for ? command..."}, {"L 1", 4, "ERROR - Invalid argument (L) for ? command..."},
+       {"LENOUT", 5, kFew}, {"LENOUT x", 5, kFew}, {"LENOUT 0", 4, "ERROR - LENOUT must be positive"}}},
+      {"SET_OUTPUT_SCALES OUTPUT_SCALES SCALE_OUTPUT", Scales, {{"1 2 3 4", Of(1, 2, 3, 4, 3, 1, 1, 1, 1), nullptr}},
        {{"1 2 3", 5, kFew}, {"1 2 3 -4", 4, "ERROR - ANGOUT must be positive"}}},
-      {{"COORDINATES_CONVENTION", "COORDS_CONVENTION", "COORDS"}, Signs,
-       {{"MODEL", model}, {"zdown", model}, {"CFD", cfd}, {"XAFT", cfd}, {"XDOWN", cfd}, {"DEF", zavo},
-        {"DEFAULT", zavo}, {"zup", zavo}, {"ZAVO", zavo}},
-       {{"", 4, convention}, {"UP", 4, convention}}, {"", "COORDS CFD\n"}},
+      {"COORDINATES_CONVENTION COORDS_CONVENTION COORDS", Signs, {{"MODEL|zdown", model}, {"CFD|XAFT|XDOWN", cfd},
+       {"DEF|DEFAULT|zup|ZAVO", zavo}}, {{"", 4, convention}, {"UP", 4, convention}}, {"", "COORDS CFD\n"}},
   };
   for (const Setting& setting : settings) ExpectSetting(setting);
 }
@@ -279,38 +273,30 @@ TEST(Settings, Steps) {
   const char* const illegal = "ERROR - Illegal number of steps specified in ? command...";
   const char* const range = "ERROR - Illegal arguments for ? command...\n        Initial time step of range ";
   const Setting settings[] = {
-      {{"SET_TRIM_STEPS", "TRIM_STEPS", "TRIM_HISTORY", "TRIM_HIST"}, Steps,
-       {{"10 5", Of(11, 95, 0, 0, 10, 5, 200, 1),
-         "10 steps trimmed from beginning of time history\n5 steps trimmed from end of time history\n"},
-        {"7", Of(8, 93, 0, 0, 7, 7, 200, 1), nullptr}, {"0 0", Of(1, 100, 0, 0, 0, 0, 200, 1), nullptr}},
-       {{"", 5, kFew}, {"x", 5, kFew}, {"-1", 4, illegal}, {"1 -1", 4, illegal},
-        {"50 50", 4, "ERROR - All steps trimmed by ? command..."}},
-       {"", "TRIM_STEPS 3\n"}},
-      {{"SET_TRIM_STEPS_ABORT", "SET_TRIM_ABORT", "TRIM_STEPS_ABORT", "TRIM_ABORT"}, Steps,
-       {{"30", Of(1, 100, 0, 0, 0, 0, 30, 1)}}, {{"", 5, kFew}, {"-1", 4, illegal}}},
-      {{"SET_STEPS", "OUTPUT_STEPS", "OUT_STEPS"}, Steps,
-       {{"20 60", Of(20, 60, 0, 0, 0, 0, 200, 1), "Output set to time steps 20 to 60\n"},
-        {"50 0", Of(50, 100, 0, 0, 0, 0, 200, 1), nullptr}, {"50 20", Of(50, 50, 0, 0, 0, 0, 200, 1), nullptr},
-        {"-7 101", Of(1, 100, 0, 0, 0, 0, 200, 1), nullptr}},
-       {{"", 5, kFew}, {"x", 5, kFew}}, {"", "SET_STEPS 2 3\nSET_STEPS 2 100\n"}, true},
-      {{"SET_SKIP_STEPS", "SKIP_STEPS"}, Steps,
-       {{"10 4", Of(1, 100, 10, 4, 0, 0, 200, 1),
-         "Setting # of initial and terminal time steps to skip in\nstatistical calculations to 10 and 4, respectively\n"},
-        {"10", Of(1, 100, 10, 0, 0, 0, 200, 1), nullptr},
-        {"9999", Of(1, 100, 99, 0, 0, 0, 200, 1),
-         "Setting # of initial time steps to skip in statistical calculations to 9999\n"
-         "        The case ends at step 100: 99 in force\n"}},
-       {{"", 5, kFew}, {"-1", 4, illegal}, {"5 -1", 4, illegal}}, {"", "SKIP_STEPS 1 2\n"}},
-      {{"SET_STAT_STEPS", "STAT_STEPS"}, Steps,
-       {{"21 85", Of(1, 100, 20, 15, 0, 0, 200, 1),
-         "Setting time step range for statistical calculations to: 21 through 85\n"},
-        {"21 185", Of(1, 100, 20, 0, 0, 0, 200, 1), nullptr}},
-       {{"", 5, kFew}, {"5", 5, kFew}, {"0 5", 4, range + std::string("cannot be zero")},
-        {"6 5", 4, range + std::string("after terminal step")},
-        {"101 200", 4, "ERROR - Illegal arguments for ? command...\n        The case has steps 1 to 100"}}, {""}, true},
-      {{"SET_STEP_INCREMENT", "SET_STEP_INC", "STEP_INCREMENT", "STEP_INC"}, Steps,
-       {{"2.5", Of(1, 100, 0, 0, 0, 0, 200, 3), "Setting output step increment to 3\n"}},
-       {{"", 5, kFew}, {"0.4", 4, kNoValue}, {"-3", 4, kNoValue}}},
+      {"SET_TRIM_STEPS TRIM_STEPS TRIM_HISTORY TRIM_HIST", Steps, {{"10 5", Of(11, 95, 0, 0, 10, 5, 200, 1),
+       "10 steps trimmed from beginning of time history\n5 steps trimmed from end of time history\n"}, {"7", Of(8, 93,
+       0, 0, 7, 7, 200, 1), nullptr}, {"0 0", Of(1, 100, 0, 0, 0, 0, 200, 1), nullptr}}, {{"", 5, kFew}, {"x", 5, kFew},
+       {"-1", 4, illegal}, {"1 -1", 4, illegal}, {"50 50", 4, "ERROR - All steps trimmed by ? command..."}}, {"",
+       "TRIM_STEPS 3\n"}},
+      {"SET_TRIM_STEPS_ABORT SET_TRIM_ABORT TRIM_STEPS_ABORT TRIM_ABORT", Steps, {{"30", Of(1, 100, 0, 0, 0, 0, 30,
+       1)}}, {{"", 5, kFew}, {"-1", 4, illegal}}},
+      {"SET_STEPS OUTPUT_STEPS OUT_STEPS", Steps, {{"20 60", Of(20, 60, 0, 0, 0, 0, 200, 1),
+       "Output set to time steps 20 to 60\n"}, {"50 0", Of(50, 100, 0, 0, 0, 0, 200, 1), nullptr}, {"50 20", Of(50, 50,
+       0, 0, 0, 0, 200, 1), nullptr}, {"-7 101", Of(1, 100, 0, 0, 0, 0, 200, 1), nullptr}}, {{"", 5, kFew}, {"x", 5,
+       kFew}}, {"", "SET_STEPS 2 3\nSET_STEPS 2 100\n"}, true},
+      {"SET_SKIP_STEPS SKIP_STEPS", Steps, {{"10 4", Of(1, 100, 10, 4, 0, 0, 200, 1),
+       "Setting # of initial and terminal time steps to skip in\nstatistical calculations to 10 and 4, respectively\n"},
+       {"10", Of(1, 100, 10, 0, 0, 0, 200, 1), nullptr}, {"9999", Of(1, 100, 99, 0, 0, 0, 200, 1),
+       "Setting # of initial time steps to skip in statistical calculations to 9999\n"
+       "        The case ends at step 100: 99 in force\n"}}, {{"", 5, kFew}, {"-1", 4, illegal}, {"5 -1", 4, illegal}},
+       {"", "SKIP_STEPS 1 2\n"}},
+      {"SET_STAT_STEPS STAT_STEPS", Steps, {{"21 85", Of(1, 100, 20, 15, 0, 0, 200, 1),
+       "Setting time step range for statistical calculations to: 21 through 85\n"}, {"21 185", Of(1, 100, 20, 0, 0, 0,
+       200, 1), nullptr}}, {{"", 5, kFew}, {"5", 5, kFew}, {"0 5", 4, range + std::string("cannot be zero")}, {"6 5", 4,
+       range + std::string("after terminal step")}, {"101 200", 4,
+       "ERROR - Illegal arguments for ? command...\n        The case has steps 1 to 100"}}, {""}, true},
+      {"SET_STEP_INCREMENT SET_STEP_INC STEP_INCREMENT STEP_INC", Steps, {{"2.5", Of(1, 100, 0, 0, 0, 0, 200, 3),
+       "Setting output step increment to 3\n"}}, {{"", 5, kFew}, {"0.4", 4, kNoValue}, {"-3", 4, kNoValue}}},
   };
   for (const Setting& setting : settings) ExpectSetting(setting);
 }
@@ -320,33 +306,27 @@ TEST(Settings, Data) {
   const char* const no_word = "ERROR - Invalid argument for ? command :";
   const char* const negative = "ERROR - Invalid argument for ? value cannot be negative";
   const Setting settings[] = {
-      {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"}, Shown,
-       {{"1/3RD", {1}}, {"1/3", {1}}, {"3", {1}}, {"SIGNIFICANT", {1}}, {"sig", {1}}, {"ON", {1}}, {"1/10th", {2}},
-        {"1/10", {2}}, {"10", {2}}, {"STDEV", {3}}, {"ST.DEV", {3}}, {"RMS", {3}}, {"VAR", {3}}, {"VARIANCE", {3}},
-        {"MIN", {4}}, {"MAX", {4}}, {"MINIMUM", {4}}, {"MAXIMUM", {4}}, {"MINMAX", {4}}, {"OFF", {0}}, {"NONE", {0}}},
-       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "STATS ON\n"}},
-      {{"SMOOTH_DATA", "SMOOTHDATA", "SMOOTH"}, Smoothing,
-       {{"on", {3, 11}}, {"1", {1, 11}}, {"2.0", {2, 11}}, {"3", {3, 11}}, {"OFF", {0, 11}}, {"NONE", {0, 11}},
-        {"0", {0, 11}}},
-       {{"", 4, no_word}, {"7", 4, bad_word}, {"-1", 4, "ERROR - Invalid argument for ? command : -1"}},
-       {"", "SMOOTH 2\n"}},
-      {{"SMOOTH_NPT", "SMOOTH_WINDOW", "SMOOTHNPT", "SMOOTHWINDOW"}, Smoothing,
-       {{"5", {0, 5}}, {"14.5", {0, 15}}}, {{"", 5, kFew}, {"4", 4, kNoValue}}},
-      {{"SMOOTH_INPUT", "SMOOTHINPUT"}, LastMotion, {{"3 21", {0}}, {"1", {0}}},
-       {{"", 5, kFew}, {"0", 4, "ERROR - Invalid argument for ? command : 0"}, {"3 4", 4, "ERROR - Invalid argument for ? command : 4"},
-        {"3", 4, "ERROR - Invalid argument for ? command : 3"}}, {""}, true},
-      {{"SET_LENGTH_NDTF", "LENGTH_NDTF", "SET_LEN_NDTF", "LEN_NDTF", "SET_LENGTH_RAO", "LENGTH_RAO", "SET_LEN_RAO",
-        "LEN_RAO"}, Ndtf, {{"3", {3, 0}}, {"0", {0, 0}}}, {{"", 5, kFew}, {"-1", 4, negative}}, {"", "LEN_RAO 1\n"}},
-      {{"SET_BEAM_NDTF", "BEAM_NDTF", "SET_BEAM_RAO", "BEAM_RAO"}, Ndtf,
-       {{"4", {0, 4}}}, {{"", 5, kFew}, {"-1", 4, negative}}},
-      {{"CONFIDENCE_PROBABILITY", "CONFIDENCE_PROB", "CONF_PROB"}, Intervals,
-       {{"1", {1, 1, 0.05F, 0}}, {"0.9", {0.9F, 1, 0.05F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}, {"1.01", 4, kNoValue}}},
-      {{"ENSEMBLE_NMANY", "NMANY"}, Intervals,
-       {{"30", {0.95F, 1, 0.05F, 30}}, {"0", {0.95F, 1, 0.05F, 0}}}, {{"", 5, kFew}, {"-1", 4, kNoValue}}, {"", "NMANY 2\n"}},
-      {{"AUTOCORRELATION_SAMPLE_RATE", "AUTOCORRELATION_SAMPLE", "AUTOC_SAMPLE_RATE", "AUTOC_SAMPLE"}, Intervals,
-       {{"1.5", {0.95F, 2, 0.05F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}}},
-      {{"AUTOCORRELATION_CUTOFF", "AUTOC_CUTOFF", "AC_CUTOFF"}, Intervals,
-       {{"0.5", {0.95F, 1, 0.5F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}, {"1", 4, kNoValue}}},
+      {"PLOT_STATS STATS STATISTICS PEAK_STATS", Shown, {{"1/3RD|1/3|3|SIGNIFICANT|sig|ON", {1}}, {"1/10th|1/10|10",
+       {2}}, {"STDEV|ST.DEV|RMS|VAR|VARIANCE", {3}}, {"MIN|MAX|MINIMUM|MAXIMUM|MINMAX", {4}}, {"OFF|NONE", {0}}}, {{"",
+       4, no_word}, {"7", 4, bad_word}}, {"", "STATS ON\n"}},
+      {"SMOOTH_DATA SMOOTHDATA SMOOTH", Smoothing, {{"on", {3, 11}}, {"1", {1, 11}}, {"2.0", {2, 11}}, {"3", {3, 11}},
+       {"OFF|NONE|0", {0, 11}}}, {{"", 4, no_word}, {"7", 4, bad_word}, {"-1", 4,
+       "ERROR - Invalid argument for ? command : -1"}}, {"", "SMOOTH 2\n"}},
+      {"SMOOTH_NPT SMOOTH_WINDOW SMOOTHNPT SMOOTHWINDOW", Smoothing, {{"5", {0, 5}}, {"14.5", {0, 15}}}, {{"", 5, kFew},
+       {"4", 4, kNoValue}}},
+      {"SMOOTH_INPUT SMOOTHINPUT", LastMotion, {{"3 21|1", {0}}}, {{"", 5, kFew}, {"0", 4,
+       "ERROR - Invalid argument for ? command : 0"}, {"3 4", 4, "ERROR - Invalid argument for ? command : 4"}, {"3", 4,
+       "ERROR - Invalid argument for ? command : 3"}}, {""}, true},
+      {"SET_LENGTH_NDTF LENGTH_NDTF SET_LEN_NDTF LEN_NDTF SET_LENGTH_RAO LENGTH_RAO SET_LEN_RAO LEN_RAO", Ndtf, {{"3", {3, 0}}, {"0", {0, 0}}}, {{"", 5, kFew}, {"-1", 4, negative}}, {"", "LEN_RAO 1\n"}},
+      {"SET_BEAM_NDTF BEAM_NDTF SET_BEAM_RAO BEAM_RAO", Ndtf, {{"4", {0, 4}}}, {{"", 5, kFew}, {"-1", 4, negative}}},
+      {"CONFIDENCE_PROBABILITY CONFIDENCE_PROB CONF_PROB", Intervals, {{"1", {1, 1, 0.05F, 0}}, {"0.9", {0.9F, 1, 0.05F,
+       0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}, {"1.01", 4, kNoValue}}},
+      {"ENSEMBLE_NMANY NMANY", Intervals, {{"30", {0.95F, 1, 0.05F, 30}}, {"0", {0.95F, 1, 0.05F, 0}}}, {{"", 5, kFew},
+       {"-1", 4, kNoValue}}, {"", "NMANY 2\n"}},
+      {"AUTOCORRELATION_SAMPLE_RATE AUTOCORRELATION_SAMPLE AUTOC_SAMPLE_RATE AUTOC_SAMPLE", Intervals, {{"1.5", {0.95F,
+       2, 0.05F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}}},
+      {"AUTOCORRELATION_CUTOFF AUTOC_CUTOFF AC_CUTOFF", Intervals, {{"0.5", {0.95F, 1, 0.5F, 0}}}, {{"", 5, kFew}, {"0",
+       4, kNoValue}, {"1", 4, kNoValue}}},
   };
   for (const Setting& setting : settings) ExpectSetting(setting);
 }
@@ -358,64 +338,51 @@ TEST(Settings, Plots) {
   const char* const small = "ERROR - illegal arguments for ";
   const auto flag = [](const char* word, Values on, Values off) {
     return Setting{{word}, Flags,
-                   {{"ON", on}, {"yes", on}, {"", on}, {"OFF", off}, {"n", off}},
+                   {{"ON|yes", on}, {"", on}, {"OFF|n", off}},
                    {{"o", 4, "ERROR - illegal value for ? command: o"}},
                    {"", std::string(word) + " OFF\n", std::string(word) + " ON\n"}};
   };
   const Setting settings[] = {
-      {{"HISTOGRAM_DATA", "HISTOGRAM_TYPE", "HIST_DATA", "HIST_TYPE"}, Histogram,
-       {{"ABSOLUTE", {1, 0, 0, 1, 2}}, {"abs", {1, 0, 0, 1, 2}}, {"POSITIVE", {2, 0, 0, 1, 2}}, {"POS", {2, 0, 0, 1, 2}},
-        {"ALL", {0, 0, 0, 1, 2}}, {"SIGNED", {0, 0, 0, 1, 2}}, {"SIG", {0, 0, 0, 1, 2}}},
-       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_DATA POS\n"}},
-      {{"HISTOGRAM_STYLE", "HIST_STYLE"}, Histogram,
-       {{"LINED", {0, 0, 0, 1, 0}}, {"CURVE", {0, 0, 0, 1, 0}}, {"LINE", {0, 0, 0, 1, 0}}, {"FILLED", {0, 0, 0, 1, 1}},
-        {"fill", {0, 0, 0, 1, 1}}, {"OUTLINED", {0, 0, 0, 1, 2}}, {"OUTLINE", {0, 0, 0, 1, 2}}},
-       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_STYLE FILL\n"}},
-      {{"HISTOGRAM_DIST_OVERLAY", "HISTOGRAM_DIST", "HISTOGRAM_OVERLAY", "HIST_DIST_OVERLAY", "HIST_DIST",
-        "HIST_OVERLAY"}, Histogram,
-       {{"UNI", {0, 1, 0, 1, 2}}, {"UNIFORM", {0, 1, 0, 1, 2}}, {"NORM", {0, 2, 0, 1, 2}}, {"NORMAL", {0, 2, 0, 1, 2}},
-        {"GAUSSIAN", {0, 2, 0, 1, 2}}, {"gauss", {0, 2, 0, 1, 2}}, {"GRAMM-CHARLIER", {0, 3, 0, 1, 2}},
-        {"GRAMM", {0, 3, 0, 1, 2}}, {"GC", {0, 3, 0, 1, 2}}, {"G-C", {0, 3, 0, 1, 2}}, {"RAYLEIGH", {0, 4, 0, 1, 2}},
-        {"RAY", {0, 4, 0, 1, 2}}, {"EXPONENTIAL", {0, 5, 0, 1, 2}}, {"EXP", {0, 5, 0, 1, 2}},
-        {"OFF", {0, 0, 0, 1, 2}}, {"NONE", {0, 0, 0, 1, 2}}},
-       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_DIST GC\n"}},
-      {{"HISTOGRAM_YAXIS", "HISTOGRAM_Y", "HIST_YAXIS", "HIST_Y"}, Histogram,
-       {{"TOTAL", {0, 0, 1, 1, 2}}, {"count", {0, 0, 1, 1, 2}}, {"N/NTOT", {0, 0, 0, 1, 2}}, {"RATIO", {0, 0, 0, 1, 2}},
-        {"N", {0, 0, 0, 1, 2}}},
-       {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_Y COUNT\n"}},
-      {{"HISTOGRAM_SAMPLE_RATE", "HISTOGRAM_SAMPLE", "HIST_SAMPLE_RATE", "HIST_SAMPLE"}, Histogram,
-       {{"2.5", {0, 0, 0, 3, 2}}}, {{"", 5, kFew}, {"0.4", 4, kNoValue}}},
-      {{"HISTOGRAM_PLOT_SIZE", "HISTOGRAM_AXES_SIZE", "HISTOGRAM_AXIS_SIZE", "HIST_PLOT_SIZE", "HIST_AXES_SIZE",
-        "HIST_AXIS_SIZE"}, PlotFrame,
-       {{"4 3", {8, 5.5F, 4, 3, 500, 400}}},
-       {{"4", 4, kNoPair + std::string("? command")}, {"4 0", 4, small + std::string("? command")}}},
-      {{"PLOT_SIZE", "AXES_SIZE", "AXIS_SIZE"}, PlotFrame,
-       {{"4 3", {4, 3, 8, 5.5F, 500, 400}}},
-       {{"", 4, kNoPair + std::string("PLOT_SIZE command")}, {"-4 3", 4, small + std::string("PLOT_SIZE command")}}},
-      {{"WINDOW_SIZE", "WINDOW"}, PlotFrame,
-       {{"800.4 600", {8, 5.5F, 8, 5.5F, 800, 600}}},
-       {{"800", 4, kNoPair + std::string("WINDOW_SIZE command")}, {"0.4 600", 4, small + std::string("WINDOW_SIZE command")},
-        {"600 16385", 4, small + std::string("WINDOW_SIZE command")}}},
+      {"HISTOGRAM_DATA HISTOGRAM_TYPE HIST_DATA HIST_TYPE", Histogram, {{"ABSOLUTE|abs", {1, 0, 0, 1, 2}},
+       {"POSITIVE|POS", {2, 0, 0, 1, 2}}, {"ALL|SIGNED|SIG", {0, 0, 0, 1, 2}}}, {{"", 4, no_word}, {"7", 4, bad_word}},
+       {"", "HIST_DATA POS\n"}},
+      {"HISTOGRAM_STYLE HIST_STYLE", Histogram, {{"LINED|CURVE|LINE", {0, 0, 0, 1, 0}}, {"FILLED|fill", {0, 0, 0, 1,
+       1}}, {"OUTLINED|OUTLINE", {0, 0, 0, 1, 2}}}, {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_STYLE FILL\n"}},
+      {"HISTOGRAM_DIST_OVERLAY HISTOGRAM_DIST HISTOGRAM_OVERLAY HIST_DIST_OVERLAY HIST_DIST HIST_OVERLAY", Histogram,
+       {{"UNI|UNIFORM", {0, 1, 0, 1, 2}}, {"NORM|NORMAL|GAUSSIAN|gauss", {0, 2, 0, 1, 2}},
+       {"GRAMM-CHARLIER|GRAMM|GC|G-C", {0, 3, 0, 1, 2}}, {"RAYLEIGH|RAY", {0, 4, 0, 1, 2}}, {"EXPONENTIAL|EXP", {0, 5,
+       0, 1, 2}}, {"OFF|NONE", {0, 0, 0, 1, 2}}}, {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_DIST GC\n"}},
+      {"HISTOGRAM_YAXIS HISTOGRAM_Y HIST_YAXIS HIST_Y", Histogram, {{"TOTAL|count", {0, 0, 1, 1, 2}}, {"N/NTOT|RATIO|N",
+       {0, 0, 0, 1, 2}}}, {{"", 4, no_word}, {"7", 4, bad_word}}, {"", "HIST_Y COUNT\n"}},
+      {"HISTOGRAM_SAMPLE_RATE HISTOGRAM_SAMPLE HIST_SAMPLE_RATE HIST_SAMPLE", Histogram, {{"2.5", {0, 0, 0, 3, 2}}},
+       {{"", 5, kFew}, {"0.4", 4, kNoValue}}},
+      {"HISTOGRAM_PLOT_SIZE HISTOGRAM_AXES_SIZE HISTOGRAM_AXIS_SIZE HIST_PLOT_SIZE HIST_AXES_SIZE HIST_AXIS_SIZE",
+       PlotFrame, {{"4 3", {8, 5.5F, 4, 3, 500, 400}}}, {{"4", 4, kNoPair + std::string("? command")}, {"4 0", 4, small
+       + std::string("? command")}}},
+      {"PLOT_SIZE AXES_SIZE AXIS_SIZE", PlotFrame, {{"4 3", {4, 3, 8, 5.5F, 500, 400}}}, {{"", 4, kNoPair +
+       std::string("PLOT_SIZE command")}, {"-4 3", 4, small + std::string("PLOT_SIZE command")}}},
+      {"WINDOW_SIZE WINDOW", PlotFrame, {{"800.4 600", {8, 5.5F, 8, 5.5F, 800, 600}}}, {{"800", 4, kNoPair +
+       std::string("WINDOW_SIZE command")}, {"0.4 600", 4, small + std::string("WINDOW_SIZE command")}, {"600 16385", 4,
+       small + std::string("WINDOW_SIZE command")}}},
       flag("PLOT_GRID", {1, 0, 1}, {0, 0, 1}), flag("SHOW_GRID", {1, 0, 1}, {0, 0, 1}), flag("GRID", {1, 0, 1}, {0, 0, 1}),
       flag("MATCH_SCALES", {0, 1, 1}, {0, 0, 1}), flag("SHOW_SHIP", {0, 0, 1}, {0, 0, 0}),
-      {{"REVERSE"}, Background, {{"", {1}}}, {}},
-      {{"BLACK", "BLACKBG", "BLACK_BG"}, Background, {{"", {2}}}, {}},
-      {{"WHITE", "WHITEBG", "WHITE_BG"}, Background, {{"", {3}}}, {}},
-      {{"EARTH_RADIUS", "RADIUS_EARTH", "R_EARTH"}, Sensor, {{"6.371e6", {6.371e6F, -1}}}, {{"", 5, kFew}, {"x", 5, kFew}}},
-      {{"MAXIXUM_SENSOR_VIEW_HEIGHT", "MAX_SENSOR_VIEW_HEIGHT", "MAX_SV_HEIGHT"}, Sensor, {{"50", {-1, 50}}}, {{"", 5, kFew}}},
+      {"REVERSE", Background, {{"", {1}}}, {}},
+      {"BLACK BLACKBG BLACK_BG", Background, {{"", {2}}}, {}},
+      {"WHITE WHITEBG WHITE_BG", Background, {{"", {3}}}, {}},
+      {"EARTH_RADIUS RADIUS_EARTH R_EARTH", Sensor, {{"6.371e6", {6.371e6F, -1}}}, {{"", 5, kFew}, {"x", 5, kFew}}},
+      {"MAXIXUM_SENSOR_VIEW_HEIGHT MAX_SENSOR_VIEW_HEIGHT MAX_SV_HEIGHT", Sensor, {{"50", {-1, 50}}}, {{"", 5, kFew}}},
   };
   for (const Setting& setting : settings) ExpectSetting(setting);
 }
 
 TEST(Settings, AnimationOptions) {
-  const Texts words = {"ANIMATE_OPTION", "ANIMATE_OPT", "KINO_OPTION", "KINO_OPT"};
+  const std::string words = "ANIMATE_OPTION ANIMATE_OPT KINO_OPTION KINO_OPT";
   const char* const sea = "Illegal value for KINO_OPT SEA";
   const std::string outside = "ERROR - illegal value for KINO_OPT ";
   const auto none = [](const char* name) { return std::string("ERROR parsing value for KINO_OPT ") + name; };
   const Setting settings[] = {
       {words, ViewFlags,
-       {{"RUDDER on", {1, 1, 1, 1, 1, 0, 1, 0}}, {"time OFF", {0, 0, 1, 1, 1, 0, 1, 0}},
-        {"TIMELABEL maybe", {0, 0, 1, 1, 1, 0, 1, 0}},  // what is no yes is a no
+       {{"RUDDER on", {1, 1, 1, 1, 1, 0, 1, 0}}, {"time OFF|TIMELABEL maybe", {0, 0, 1, 1, 1, 0, 1, 0}},  // what is no yes is a no
         {"TITLE n", {0, 1, 0, 1, 1, 0, 1, 0}}, {"PERSPECTIVE off", {0, 1, 1, 0, 1, 0, 1, 0}},
         {"SHADING off", {0, 1, 1, 1, 0, 0, 1, 0}}, {"TRANSPARENT y", {0, 1, 1, 1, 1, 1, 1, 0}},
         {"BODY wire", {0, 1, 1, 1, 1, 0, 0, 0}}, {"SEA transp 0.5", {0, 1, 1, 1, 1, 0, 1, 1}}},
@@ -423,28 +390,25 @@ TEST(Settings, AnimationOptions) {
         {"BODY x", 4, sea}, {"SEA", 4, sea}, {"SEA T", 4, none("SEA TRANSPARENT")}}},
       {words, ViewFlags, {{"SEA Solid", {0, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT SEA T 0.5\n"}},
       {words, ViewFlags, {{"BODY solid", {0, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT BODY W\n"}},
-      {words, ViewNumbers,
-       {{"SEA T 0.25", {0.25F, 0.3F, 30, 0, 45, 30, 0, 0, 0}},
-        {"SEA T 1.5", {1, 0.3F, 30, 0, 45, 30, 0, 0, 0},
-         "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0\n"},
-        {"AMB 1", {0.5F, 1, 30, 0, 45, 30, 0, 0, 0}}, {"APER 90", {0.5F, 0.3F, 90, 0, 45, 30, 0, 0, 0}},
-        {"VIEW_RADIUS 7", {0.5F, 0.3F, 30, 7, 45, 30, 0, 0, 0}}, {"RADIUS 8", {0.5F, 0.3F, 30, 8, 45, 30, 0, 0, 0}},
-        {"VIEW_AZIMUTH 0", {0.5F, 0.3F, 30, 0, 0, 30, 0, 0, 0}}, {"AZIM 360", {0.5F, 0.3F, 30, 0, 360, 30, 0, 0, 0}},
-        {"VIEW_ELEV 90", {0.5F, 0.3F, 30, 0, 45, 90, 0, 0, 0}}, {"ELEV -90", {0.5F, 0.3F, 30, 0, 45, -90, 0, 0, 0}},
-        {"GRID 5", {0.5F, 0.3F, 30, 0, 45, 30, 5, 0, 0}}, {"GRIDSIZE 6", {0.5F, 0.3F, 30, 0, 45, 30, 6, 0, 0}},
-        {"GRID_SIZE 7", {0.5F, 0.3F, 30, 0, 45, 30, 7, 0, 0}}, {"THICK 2", {0.5F, 0.3F, 30, 0, 45, 30, 0, 2, 0}},
-        {"INIT_STEP 900", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0, 100}}, {"STEP 9", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0, 9}}},
-       {{"AMB 1.1", 4, outside + "AMBIENT; should be between 0.0 and 1.0"}, {"AMB x", 4, none("AMBIENT")},
-        {"APER -1", 4, outside + "APERTURE; should be between 0.0 and 90.0"}, {"APER x", 4, none("APERTURE")},
-        {"RAD 0", 4, outside + "RADIUS; should be > 0.0"}, {"RAD x", 4, none("RADIUS")},
-        {"AZIM 361", 4, outside + "AZIMUTH; should be between 0.0 and 360.0"}, {"AZIM x", 4, none("AZIMUTH")},
-        {"ELEV 91", 4, outside + "ELEVATION; should be between -90.0 and 90.0"}, {"ELEV x", 4, none("ELEVATION")},
-        {"GRID 0", 4, outside + "GRIDSIZE; should be > 0.0"}, {"GRID x", 4, none("GRIDSIZE")},
-        {"THICK -1", 4, outside + "THICK; should be => 0.0"}, {"THICK x", 4, none("THICK")}, {"STEP x", 4, none("STEP")},
-        {"AMB", 4, none("AMBIENT")}}},
-      {words, Sync,
-       {{"SYNC_FACTOR 2", {1, 1, 2}}, {"SYNC -4", {1, 0, 4}}, {"SYNC 0", {0, 0, 3}}},
-       {{"SYNC x", 4, none("SYNC_FACTOR")}}, {"KINO_OPT SYNC -3\n"}},
+      {words, ViewNumbers, {{"SEA T 0.25", {0.25F, 0.3F, 30, 0, 45, 30, 0, 0, 0}}, {"SEA T 1.5", {1, 0.3F, 30, 0, 45,
+       30, 0, 0, 0}, "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0\n"}, {"AMB 1",
+       {0.5F, 1, 30, 0, 45, 30, 0, 0, 0}}, {"APER 90", {0.5F, 0.3F, 90, 0, 45, 30, 0, 0, 0}}, {"VIEW_RADIUS 7", {0.5F,
+       0.3F, 30, 7, 45, 30, 0, 0, 0}}, {"RADIUS 8", {0.5F, 0.3F, 30, 8, 45, 30, 0, 0, 0}}, {"VIEW_AZIMUTH 0", {0.5F,
+       0.3F, 30, 0, 0, 30, 0, 0, 0}}, {"AZIM 360", {0.5F, 0.3F, 30, 0, 360, 30, 0, 0, 0}}, {"VIEW_ELEV 90", {0.5F, 0.3F,
+       30, 0, 45, 90, 0, 0, 0}}, {"ELEV -90", {0.5F, 0.3F, 30, 0, 45, -90, 0, 0, 0}}, {"GRID 5", {0.5F, 0.3F, 30, 0, 45,
+       30, 5, 0, 0}}, {"GRIDSIZE 6", {0.5F, 0.3F, 30, 0, 45, 30, 6, 0, 0}}, {"GRID_SIZE 7", {0.5F, 0.3F, 30, 0, 45, 30,
+       7, 0, 0}}, {"THICK 2", {0.5F, 0.3F, 30, 0, 45, 30, 0, 2, 0}}, {"INIT_STEP 900", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0,
+       100}}, {"STEP 9", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0, 9}}}, {{"AMB 1.1", 4, outside +
+       "AMBIENT; should be between 0.0 and 1.0"}, {"AMB x", 4, none("AMBIENT")}, {"APER -1", 4, outside +
+       "APERTURE; should be between 0.0 and 90.0"}, {"APER x", 4, none("APERTURE")}, {"RAD 0", 4, outside +
+       "RADIUS; should be > 0.0"}, {"RAD x", 4, none("RADIUS")}, {"AZIM 361", 4, outside +
+       "AZIMUTH; should be between 0.0 and 360.0"}, {"AZIM x", 4, none("AZIMUTH")}, {"ELEV 91", 4, outside +
+       "ELEVATION; should be between -90.0 and 90.0"}, {"ELEV x", 4, none("ELEVATION")}, {"GRID 0", 4, outside +
+       "GRIDSIZE; should be > 0.0"}, {"GRID x", 4, none("GRIDSIZE")}, {"THICK -1", 4, outside +
+       "THICK; should be => 0.0"}, {"THICK x", 4, none("THICK")}, {"STEP x", 4, none("STEP")}, {"AMB", 4,
+       none("AMBIENT")}}},
+      {words, Sync, {{"SYNC_FACTOR 2", {1, 1, 2}}, {"SYNC -4", {1, 0, 4}}, {"SYNC 0", {0, 0, 3}}}, {{"SYNC x", 4,
+       none("SYNC_FACTOR")}}, {"KINO_OPT SYNC -3\n"}},
   };
   for (const Setting& setting : settings) ExpectSetting(setting);
 }
@@ -453,30 +417,29 @@ TEST(Settings, AnimationOptions) {
 TEST(Settings, AnimationGraphs) {
   const char* const index = "ERROR - Invalid graph index for ? value must be ";
   const Setting settings[] = {
-      {{"ANIMATE_GRAPH", "KINO_GRAPH"}, Graphs,
-       {{"2 MOT 3", {0, 1, 0, 0, 0, 1, 1, 3, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
-        {"1 point_mot 7 8 9 2", {1, 27, 2, 7, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
-        {"4 POINT_MISS 7 8 9 1 1 2 3 4 1", {0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 1, 48, 1, 7, 4}}},
-       {{"", 5, index + std::string("1-4")}, {"0 MOT 3", 5, index + std::string("1-4")}, {"5 MOT 3", 5, index + std::string("1-4")},
-        {"1 ALL", 4, "ERROR - Option ALL not valid for ? command ..."}, {"1 moot", 4, "ERROR - Invalid quantity specifier: moot"},
-        {"1 VSF 1", 4, "ERROR - ? option VSF not valid for this output file"},
-        {"1 MOT", 4, "ERROR - Insufficient arguments for ? command ..."}, {"1 MOT 7", 4, "ERROR - Invalid curve index for ? option MOT"},
-        {"1 POINT_MOT 7 8 9", 5, "ERROR - Insufficient arguments for ? command for point motion..."},
-        {"1 POINT_MISS 7 8 9 1 1 2 3 4", 5, "ERROR - Insufficient arguments for ? command for missile data..."},
-        {"1 POINT_MISS 7 8 9 1 1 2 3 4 2", 4, "ERROR - Invalid curve index for ? option POINT_MISS"}},
-       {""}, true},
-      {{"KINO_GRAPH"}, Graphs, {{"1 off", {0, 2, 2, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}}}, {},
+      {"ANIMATE_GRAPH KINO_GRAPH", Graphs, {{"2 MOT 3", {0, 1, 0, 0, 0, 1, 1, 3, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
+       {"1 point_mot 7 8 9 2", {1, 27, 2, 7, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
+       {"4 POINT_MISS 7 8 9 1 1 2 3 4 1", {0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 1, 48, 1, 7, 4}}}, {{"", 5,
+       index + std::string("1-4")}, {"0 MOT 3", 5, index + std::string("1-4")}, {"5 MOT 3", 5, index +
+       std::string("1-4")}, {"1 ALL", 4, "ERROR - Option ALL not valid for ? command ..."}, {"1 moot", 4,
+       "ERROR - Invalid quantity specifier: moot"}, {"1 VSF 1", 4,
+       "ERROR - ? option VSF not valid for this output file"}, {"1 MOT", 4,
+       "ERROR - Insufficient arguments for ? command ..."}, {"1 MOT 7", 4,
+       "ERROR - Invalid curve index for ? option MOT"}, {"1 POINT_MOT 7 8 9", 5,
+       "ERROR - Insufficient arguments for ? command for point motion..."}, {"1 POINT_MISS 7 8 9 1 1 2 3 4", 5,
+       "ERROR - Insufficient arguments for ? command for missile data..."}, {"1 POINT_MISS 7 8 9 1 1 2 3 4 2", 4,
+       "ERROR - Invalid curve index for ? option POINT_MISS"}}, {""}, true},
+      {"KINO_GRAPH", Graphs, {{"1 off", {0, 2, 2, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}}}, {},
        {"KINO_GRAPH 1 VEL 2\n"}, true},
-      {{"ANIMATE_GRAPH_OPTION", "ANIMATE_GRAPH_OPT", "KINO_GRAPH_OPTION", "KINO_GRAPH_OPT"}, GraphOptions,
-       {{"0 COLOR DarkGreen", {15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0}},
-        {"1 COL black", {0, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
-        {"2 BLANK off", {1, 1, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
-        {"3 SCROLL on", {1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
-        {"4 TIME no", {1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 0, 0, 0}},
-        {"1 MARK y", {1, 1, 0, 1, 1, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}},
-        {"1 VALUE y", {1, 1, 0, 1, 0, 1, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}}},
-       {{"", 5, index + std::string("0-4")}, {"5 COL RED", 5, index + std::string("0-4")}, {"0 COL 3", 4, "ERROR - unrecognized color= 3"},
-        {"1 Foo on", 4, "ERROR - Invalid quantity for ? command: Foo"}}},
+      {"ANIMATE_GRAPH_OPTION ANIMATE_GRAPH_OPT KINO_GRAPH_OPTION KINO_GRAPH_OPT", GraphOptions, {{"0 COLOR DarkGreen",
+       {15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0}}, {"1 COL black", {0, 1, 0, 1, 0, 0,
+       1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}}, {"2 BLANK off", {1, 1, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1,
+       1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}}, {"3 SCROLL on", {1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 1, 1, 0, 0, 1, 1,
+       0, 1, 0, 0}}, {"4 TIME no", {1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 0, 0, 0}},
+       {"1 MARK y", {1, 1, 0, 1, 1, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}}, {"1 VALUE y", {1, 1, 0,
+       1, 0, 1, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}}}, {{"", 5, index + std::string("0-4")},
+       {"5 COL RED", 5, index + std::string("0-4")}, {"0 COL 3", 4, "ERROR - unrecognized color= 3"}, {"1 Foo on", 4,
+       "ERROR - Invalid quantity for ? command: Foo"}}},
   };
   for (const Setting& setting : settings) ExpectSetting(setting);
 }
