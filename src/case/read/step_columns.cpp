@@ -302,6 +302,11 @@ double StepTimeFactor(const CaseStore& fresh) {
   return Impulsive(fresh) ? std::sqrt(fresh.control.GRAVOUT / fresh.control.LENOUT) : 1.0;
 }
 
+std::int64_t MostSteps(const CaseStore& fresh) {
+  const std::int64_t NSTEP = fresh.control.NSTEP;
+  return fresh.control.MOTYPE == 1 ? std::min<std::int64_t>(2 * NSTEP, std::numeric_limits<int>::max()) : NSTEP;
+}
+
 int FirstStepIndex(const ControlRecords& control, double t1) {
   if (control.IRST <= 0) return 1;
   const double time_scale = InputScalesOf(control).time;

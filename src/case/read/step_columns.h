@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "case/case_store.h"
@@ -26,6 +27,9 @@ struct StepColumns {
 // After the last step: every history covers `kept` steps from `first` on, with zeros where the layout has nothing for
 // it; the dimensional values of an impulsive run become non-dimensional. False: out of memory.
 [[nodiscard]] bool FinishColumns(int first, int kept, CaseStore& fresh);
+
+// How many steps a file may hold: NSTEP, of an impulsive run twice as many.
+[[nodiscard]] std::int64_t MostSteps(const CaseStore& fresh);
 
 // Times of the file times this are non-dimensional: sqrt(GRAVOUT / LENOUT) for impulsive runs, else 1.
 [[nodiscard]] double StepTimeFactor(const CaseStore& fresh);

@@ -27,7 +27,7 @@ struct StepReader {
 
 void BeginSteps(StepReader& r, float t1) {
   r.result.first = FirstStepIndex(r.fresh.control, static_cast<double>(t1) * StepTimeFactor(r.fresh));
-  r.most = std::max<std::int64_t>(0, std::int64_t{r.fresh.control.NSTEP} - r.result.first + 1);
+  r.most = std::max<std::int64_t>(0, MostSteps(r.fresh) - r.result.first + 1);
 }
 
 // How many steps to make room for, told by the bytes that the first ones took. The margin is never touched.
@@ -192,6 +192,11 @@ void ReadSteps(StepReader& r, const StepProgress& progress, std::size_t block) {
 
 }  // namespace
 
+void AcceptEnd(const CaseStore& fresh, StepsRead& read) {
+  const bool enough = read.first + read.kept > fresh.control.NSTEP;
+  if (fresh.control.MOTYPE == 1 && enough && read.end == StepsEnd::file_end) read.end = StepsEnd::complete;
+}
+
 StepsRead ReadTimeSteps(BlockStream& stream, std::int64_t file_size, CaseStore& fresh, const StepProgress& progress,
                         unsigned threads, std::size_t block) {
   StepReader r{stream, file_size, fresh};
@@ -209,6 +214,7 @@ StepsRead ReadTimeSteps(BlockStream& stream, std::int64_t file_size, CaseStore& 
   }
   if (threads > 1 && second.Begin()) r.second = &second;
   ReadSteps(r, progress, std::max<std::size_t>(block, 1));
+  AcceptEnd(fresh, r.result);
   if (!FinishColumns(r.result.first, r.result.kept, fresh)) r.result.end = StepsEnd::out_of_memory;
   for (float* const time : {&r.result.previous_time, &r.result.new_time})
     *time = static_cast<float>(static_cast<double>(*time) * StepTimeFactor(fresh));

@@ -12,7 +12,7 @@
 namespace zaview {
 
 enum class StepsEnd : std::uint8_t {
-  complete,       // NSTEP reached
+  complete,       // NSTEP reached, which an impulsive run may exceed (MostSteps)
   no_record,      // the file ends where the first step should begin
   file_end,       // the file ends after (or inside the step after) the last step kept
   bad_value,      // a value, or the file itself, can't be read in the step after the last kept
@@ -34,6 +34,9 @@ struct StepProgress {
   void* self = nullptr;
   void (*taken)(void* self, std::int64_t bytes) = nullptr;
 };
+
+// The file end at or past NSTEP steps of an impulsive run is no fault.
+void AcceptEnd(const CaseStore& fresh, StepsRead& read);
 
 inline constexpr std::size_t kStepBlock = 1U << 18;  // bytes read at a time: they stay in the second cache
 

@@ -108,7 +108,7 @@ Frame CheckStep(const BodyReader& r, const char* p, std::size_t available) {
 }
 
 bool ValidIndex(const BodyReader& r, int index) {
-  return index >= 1 && index <= r.fresh.control.NSTEP;
+  return index >= 1 && index <= MostSteps(r.fresh);
 }
 
 // Room for the steps that the file still holds. Where there is not as much memory, columns grow as long as there is
@@ -134,7 +134,7 @@ void BeginSteps(BodyReader& r, const char* header) {
   const double t1 = static_cast<double>(RealAt(header + 2 * kMark)) * r.time_factor;
   r.begun = true;
   r.result.steps.first = control.IRST > 0 && ValidIndex(r, index) ? index : FirstStepIndex(control, t1);
-  r.most = std::max<std::int64_t>(0, std::int64_t{control.NSTEP} - r.result.steps.first + 1);
+  r.most = std::max<std::int64_t>(0, MostSteps(r.fresh) - r.result.steps.first + 1);
 }
 
 // A writer may repeat the header of the first step: no body is as short.
@@ -262,7 +262,7 @@ void ReadSteps(BodyReader& r, const StepProgress& progress, std::size_t block) {
   FillTo(r.stream, wanted);
   DropRepeatedHeader(r);
   if (r.begun && r.most == 0) return;
-  if (!r.begun) r.most = r.fresh.control.NSTEP;  // the first tile tells what is wrong
+  if (!r.begun) r.most = MostSteps(r.fresh);  // the first tile tells what is wrong
   bool roomy = false;
   for (;;) {
     const TileEnd end = TakeTile(r);
@@ -312,6 +312,7 @@ CompanionRead ReadUnformattedSteps(BlockStream& stream, std::int64_t file_size, 
   }
   if (fresh.control.NSTEP <= 0) return r.result;
   ReadSteps(r, progress, block);
+  AcceptEnd(fresh, steps);
   if (!FinishColumns(steps.first, steps.kept, fresh)) steps.end = StepsEnd::out_of_memory;
   for (float* const time : {&steps.previous_time, &steps.new_time})
     *time = static_cast<float>(static_cast<double>(*time) * r.time_factor);

@@ -27,7 +27,7 @@ inline constexpr std::string_view kInvalidIndex = "WRN??? Invalid step index in 
 
 struct CompanionRead {
   StepsRead steps;
-  int bad_indices = 0;  // steps whose index lay outside 1..NSTEP: they took place and time by position
+  int bad_indices = 0;  // steps whose index lay outside 1..MostSteps: they took place and time by position
 };
 
 // Reads what follows the first record into the histories of fresh, by its mode (AUXOUT(1)), of ship fresh.ship.
