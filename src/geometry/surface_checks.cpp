@@ -125,14 +125,20 @@ std::size_t DropRepeats(Vertices& nodes) {
   return n;
 }
 
-void RemoveDegenerate(const Console& console, const std::vector<int>& first, std::vector<HullElement>& elements) {
+// number: of each element that is left, from 1, as the file counts them.
+void RemoveDegenerate(const Console& console, const std::vector<int>& first, std::vector<HullElement>& elements,
+                      std::vector<std::size_t>& number) {
   std::size_t kept = 0;
   for (std::size_t e = 0; e < elements.size(); ++e) {
     Vertices nodes = elements[e].node;
     for (int& node : nodes)
       if (node != 0) node = first[static_cast<std::size_t>(node - 1)];
-    if (DropRepeats(nodes) < 3) Say(console, kDegenerate, e + 1, ListOf(nodes));
-    else elements[kept++].node = nodes;
+    if (DropRepeats(nodes) < 3) {
+      Say(console, kDegenerate, e + 1, ListOf(nodes));
+      continue;
+    }
+    elements[kept++].node = nodes;
+    number.push_back(e + 1);
   }
   if (kept < elements.size()) {
     Say(console, kDegenerateCount[0], elements.size() - kept);
@@ -142,7 +148,8 @@ void RemoveDegenerate(const Console& console, const std::vector<int>& first, std
   elements.resize(kept);
 }
 
-void RemoveDuplicates(const Console& console, std::vector<HullElement>& elements) {
+void RemoveDuplicates(const Console& console, const std::vector<std::size_t>& number,
+                      std::vector<HullElement>& elements) {
   struct Set {
     Vertices nodes;
     std::size_t element;
@@ -161,7 +168,7 @@ void RemoveDuplicates(const Console& console, std::vector<HullElement>& elements
   for (std::size_t i = 1; i < sets.size(); ++i) later[sets[i].element] = sets[i].nodes == sets[i - 1].nodes;
   std::size_t kept = 0;
   for (std::size_t e = 0; e < elements.size(); ++e) {
-    if (later[e]) Say(console, kDuplicate, e + 1, ListOf(elements[e].node));
+    if (later[e]) Say(console, kDuplicate, number[e], ListOf(elements[e].node));
     else elements[kept++] = elements[e];
   }
   if (kept < elements.size()) Say(console, kDuplicateCount, elements.size() - kept);
@@ -308,8 +315,9 @@ void FECULL(const Console& console, double L, HullMesh& mesh) {
   std::vector<int> first;
   const int same = FindSameNodes(L, mesh.nodes, first);
   if (same > 0) Say(console, kSameNodes, same);
-  RemoveDegenerate(console, first, mesh.elements);
-  RemoveDuplicates(console, mesh.elements);
+  std::vector<std::size_t> number;
+  RemoveDegenerate(console, first, mesh.elements, number);
+  RemoveDuplicates(console, number, mesh.elements);
   mesh.on_transom.clear();
 }
 

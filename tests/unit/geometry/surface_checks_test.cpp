@@ -34,6 +34,11 @@ const Culled kCulled[] = {
      {{1, 2, 3, 0}, {1, 2, 3, 4}},
      "WRN377 - Duplicate surface element : 2 (3 1 2)\nWRN377 - Duplicate surface element : 4 (1 3 2 4)\n"
      "WRN377 - 2 duplicate surface element(s) deleted\n"},
+    {"numbers are those of the file", {{1, 5, 2, 0}, {1, 2, 3, 0}, {3, 1, 2, 0}}, {{1, 2, 3, 0}},
+     "WRN377 - Degenerate surface element : 1 (1 2 2)\nWRN377 - 1 degenerate surface element(s) deleted\n"
+     "         Note that the vertices listed above are values after duplicate\n"
+     "         node points have been rationalized\nWRN377 - Duplicate surface element : 3 (3 1 2)\n"
+     "WRN377 - 1 duplicate surface element(s) deleted\n"},
     {"near is not the same", {{1, 6, 3, 0}}, {{1, 6, 3, 0}}, ""},
 };
 // clang-format on
