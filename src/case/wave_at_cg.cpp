@@ -77,6 +77,7 @@ WaveAnswer EnsureSeaway(const Console& console, CaseStore& case_store) {
   const bool made = fault == SeawayFault::none && PrepareIncidentWave(c.seaway, c.wave);
   if (!made && fault != SeawayFault::bad_seaway) return WaveAnswer::no_memory;
   c.seaway_tried = made ? Tried::there : Tried::failed;
+  SayLeftOut(console, c.wave);
   return made ? WaveAnswer::ok : NoWave(console);
 }
 

@@ -20,9 +20,7 @@ namespace {
 inline constexpr std::string_view kBodyType = "ERR100 - Body hydrodynamics type ZVOTYP= {} invalid : 1<=ZVOTYP<=4";
 inline constexpr std::string_view kMotionType = "ERR101 - Motion type MOTYPE= {} invalid : 0<=MOTYPE<=2";
 inline constexpr std::string_view kStokesOrder = "ERR107 - Stokes wave order WSPEC= {} invalid : 0<=WSPEC<=5";
-inline constexpr SpectrumWords kSpectrumWords = {"ERR108 - Illegal parameter value(s) for incident wave spectrum:",
-                                                 "ERR108 - For spectral wave definition NHEAD must be > 0",
-                                                 "ERR108 - For spectral wave definition NFREQ must be > 1"};
+inline constexpr SpectrumWords kSpectrumWords = {"ERR108 - Illegal parameter value(s) for incident wave spectrum:"};
 inline constexpr std::string_view kTooManyCuts[] = {"ERR132 - Number of load cuts NBCA= {} is limited",
                                                     "         by dimensioning parameter MAXBCA= {}"};
 inline constexpr std::string_view kTooManyMassPoints[] = {"ERR133 - Number of mass points NBMX= {} is limited",
@@ -30,6 +28,7 @@ inline constexpr std::string_view kTooManyMassPoints[] = {"ERR133 - Number of ma
 inline constexpr std::string_view kTooManyComponents[] = {
     "ERR141 - Too many components specified in the input control file:", "         MAXCMP= {}  while NCOMP0= {}"};
 inline constexpr std::string_view kScalingTimes = "ERR154 - Number of incident wave scale factor times NWSC = {}";
+inline constexpr std::string_view kScalingOrder = "ERR154 - Incident wave scale factor times WSCSTP must ascend";
 inline constexpr std::string_view kNoRestartFile =
     "ERR173 - A non-blank restart file FRST must be specified for restarts (IRST>0)";
 inline constexpr std::string_view kTooManyFins[] = {"ERR175 - Number of wing-like appendages NFIN= {} is limited",
@@ -45,7 +44,8 @@ inline constexpr std::string_view kNotWithIrf =
 inline constexpr std::string_view kBadFrequencies[] = {"ERR199 - Seaway specified with illegal freqency(s):",
                                                        "{} specified component waves have non-positive frequencies"};
 inline constexpr std::string_view kOldOrigin[] = {"WRN260 - Initial transformation rotation origin (GORIG) modified to",
-                                                  "         accomodate different definition in ZAVO version 3.1.0"};
+                                                  "         accomodate different definition in ZAVO version 3.1.0",
+                                                  "         Here GORIG is used as it stands: check where the hull is"};
 inline constexpr std::string_view kTooOld[] = {"ERR230 - ZAVO version {} is no longer supported",
                                                "         Files from version {} to {} are supported"};
 inline constexpr std::string_view kTooNew[] = {"WRN231 - File is from a newer version ({}) than this program ({})",
@@ -104,6 +104,7 @@ int CheckSeaway(const Console& console, const ControlRecords& records) {
     Say(console, kScalingTimes, sea.NWSC);
     ++errors;
   }
+  if (!std::is_sorted(sea.WSCSTP.begin(), sea.WSCSTP.end())) errors += Tell(console, kScalingOrder);
   switch (sea.ISEA) {
     case 0:
       return errors;
@@ -179,8 +180,8 @@ int CheckCounts(const Console& console, const ControlRecords& r) {
 }  // namespace
 
 int CheckShipRecords(const Console& console, const ControlRecords& records, int VERSION) {
-  const bool moved = records.GORIG != Triple{} || records.GROT != Triple{};
-  if (VERSION > 0 && VERSION < kOriginChanged && moved) Tell(console, kOldOrigin);
+  const bool has_origin = records.GORIG != Triple{};
+  if (VERSION > 0 && VERSION < kOriginChanged && has_origin) Tell(console, kOldOrigin);
   return CheckCounts(console, records) + CheckModules(console, records);
 }
 

@@ -17,7 +17,7 @@ constexpr SpectrumWords kWords = {"ERRADDSEA02 - Illegal parameter value(s) for 
                                   "ERRADDSEA03 - For spectral wave definition NFREQ must be > 1"};
 constexpr std::string_view kOption = "ERRADDSEA04 - Illegal {}: {}= {}";
 constexpr std::string_view kNotLinear[] = {"ERRADDSEA05 - Additional seaway definition can can only be specified",
-                                           "            with a primary seaway of linear waves, ISEA= {}"};
+                                           "    with linear primary seaway definition (ISEA=1,2,6,7,8)"};
 
 // ---- ADDSEA
 
@@ -101,10 +101,9 @@ int CheckAddedSeaway(const Console& console, const ControlRecords& records) {
       Say(console, kSeawayKind, added.sea.ISEA);
       return errors + 1;
     }
-    const int kind = records.seaway.ISEA;
-    if (kind == 3 || kind == 5) {  // Stokes waves
-      SayLine(console, kNotLinear[0]);
-      Say(console, kNotLinear[1], kind);
+    const int primary = records.seaway.ISEA;
+    if (primary != 1 && !IsSpectrum(primary)) {
+      for (const std::string_view line : kNotLinear) SayLine(console, line);
       ++errors;
     }
     errors += CheckSpectrum(console, added.sea, kWords) + CheckAddedOptions(console, added);

@@ -1,6 +1,7 @@
 #include "control/spectrum_check.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
 
 #include "base/message.h"
@@ -16,8 +17,11 @@ inline constexpr std::string_view kFewFrequencies[] = {
 inline constexpr std::string_view kFewHeadings[] = {"WRN139 - For spectral wave definition, NHEAD < 5 will result in a",
                                                     "         very coarse heading distribution"};
 inline constexpr std::string_view kWideSpread[] = {
-    "WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees and",
+    "WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees",
     "         This may result in an unrealistic seaway"};
+
+inline constexpr std::string_view kNoFrequencies = " Number of frequencies NFREQ= {}";
+inline constexpr std::string_view kTooManyComponents = " Number of components NFREQ*NHEAD= {} is limited to {}";
 
 constexpr int kFewest = 5;          // frequencies or headings
 constexpr double kNoSpread = 1e-5;  // degrees: headings are then laid over a half circle
@@ -70,8 +74,18 @@ int CheckKind(const Console& console, const SeawayInput& sea, std::string_view w
   }
 }
 
+int CheckNumbers(const Console& console, const SeawayInput& sea, const SpectrumWords& words) {
+  const std::int64_t components = std::int64_t{sea.NFREQ} * std::max(1, sea.NHEAD);
+  const bool none = sea.NFREQ < 1 && words.frequencies.empty();
+  if (!none && components <= kMostComponents) return 0;
+  SayLine(console, words.values);
+  if (none) Say(console, kNoFrequencies, sea.NFREQ);
+  else Say(console, kTooManyComponents, components, kMostComponents);
+  return 1;
+}
+
 void WarnOfSpectrum(const Console& console, const SeawayInput& sea) {
-  if (sea.NHEAD % 2 == 0) SayLines(console, kEvenHeadings);
+  if (sea.NHEAD > 0 && sea.NHEAD % 2 == 0) SayLines(console, kEvenHeadings);
   if (sea.NFREQ < kFewest) SayLines(console, kFewFrequencies);
   if (sea.NHEAD > 1 && sea.NHEAD < kFewest) SayLines(console, kFewHeadings);
   if (sea.NHEAD > 1 && sea.SPREAD > kNoSpread && sea.NHEAD * sea.SPREAD > kFullCircle) SayLines(console, kWideSpread);
@@ -81,14 +95,15 @@ void WarnOfSpectrum(const Console& console, const SeawayInput& sea) {
 
 int CheckSpectrum(const Console& console, const SeawayInput& sea, const SpectrumWords& words) {
   int errors = CheckKind(console, sea, words.values);
-  if (sea.NHEAD < 1) {
+  if (sea.NHEAD < 1 && !words.headings.empty()) {
     SayLine(console, words.headings);
     ++errors;
   }
-  if (sea.NFREQ < 2) {
+  if (sea.NFREQ < 2 && !words.frequencies.empty()) {
     SayLine(console, words.frequencies);
     ++errors;
   }
+  errors += CheckNumbers(console, sea, words);
   if (errors == 0) WarnOfSpectrum(console, sea);
   return errors;
 }

@@ -74,7 +74,7 @@ bool GrowComponents(WaveComponents& waves, std::size_t n) {
 }
 
 void AddScaling(const ControlRecords& records, const InputScales& scales, WaveScaling& scaling) {
-  scaling.WSCSTP = records.seaway.WSCSTP;
+  scaling.WSCSTP.assign(records.seaway.WSCSTP.begin(), records.seaway.WSCSTP.end());
   scaling.WSCFAC = records.seaway.WSCFAC;
   scaling.TINIT = records.TINIT * scales.time;
   scaling.DTH = records.DTH * scales.time;

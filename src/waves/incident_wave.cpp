@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "base/grow.h"
+#include "base/message.h"
 #include "waves/dispersion.h"
 #include "waves/stokes.h"
 #include "waves/wave_sums.h"
@@ -13,6 +14,7 @@
 namespace zaview {
 namespace {
 
+constexpr std::string_view kLeftOut = "WRN199 - {} wave component(s) with non-positive frequency are left out";
 constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr int kHighestOrder = 5;
 
@@ -27,7 +29,10 @@ struct Component {
 };
 
 void Append(const Component& c, IncidentWave& wave) {
-  if (!(c.w > 0.0) || !(c.k > 0.0)) return;
+  if (!(c.w > 0.0) || !(c.k > 0.0)) {
+    if (c.a != 0.0F) ++wave.left_out;
+    return;
+  }
   wave.kx.push_back(c.kx);
   wave.ky.push_back(c.ky);
   wave.k.push_back(c.k);
@@ -57,7 +62,10 @@ bool PrepareStokes(const WaveComponents& list, IncidentWave& wave) {
   if (list.FREQW.empty() || list.PHASEW.empty() || list.AMPW0.empty() || list.HEADW.empty()) return true;
   if (!ReserveAll(wave, 1)) return false;
   const auto nominal = static_cast<double>(list.FREQW[0]);
-  if (!(nominal > 0.0)) return true;
+  if (!(nominal > 0.0)) {
+    wave.left_out = 1;
+    return true;
+  }
   const double k = nominal * nominal;
   const double w = StokesFrequency(k, k * static_cast<double>(list.AMPW0[0]), wave.order);
   Append(Directed(w, k, list.HEADW[0], list.PHASEW[0], list.AMPW0[0]), wave);
@@ -84,8 +92,9 @@ bool PrepareModes(const WaveModes& list, IncidentWave& wave) {
   const std::size_t n = std::min({list.MODE_AMP.size(), list.MODE_PHASE.size(), list.MODE_FREQ.size()});
   std::vector<std::size_t> order;
   if (!ReserveAll(wave, n) || !Reserve(order, n)) return false;
-  for (std::size_t i = 0; i < n; ++i) {
-    if (list.MODE_FREQ[i] > 0.0F) order.push_back(i);  // NaN would have no place in the order
+  for (std::size_t i = 0; i < n; ++i) {  // NaN would have no place in the order
+    if (list.MODE_FREQ[i] > 0.0F) order.push_back(i);
+    else if (list.MODE_AMP[i] != 0.0F) ++wave.left_out;
   }
   std::sort(order.begin(), order.end(), [&list](std::size_t i, std::size_t j) {
     return list.MODE_FREQ[i] != list.MODE_FREQ[j] ? list.MODE_FREQ[i] < list.MODE_FREQ[j] : i < j;
@@ -165,6 +174,10 @@ bool PrepareIncidentWave(const Seaway& seaway, IncidentWave& wave) {
       break;
   }
   return true;
+}
+
+void SayLeftOut(const Console& console, const IncidentWave& wave) {
+  if (wave.left_out > 0) Say(console, kLeftOut, wave.left_out);
 }
 
 WaveFault EvalIncidentWave(const IncidentWave& wave, WaveMoment moment, WaveOptions options,

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/platform.h"
 #include "base/rotation.h"
 #include "waves/seaway.h"
 
@@ -17,6 +18,9 @@ namespace zaview {
 // Components with w or k at or below 0 are left out. w^2 = k tanh(k h) solved in double. ISEA 3 of an order above 0 and
 // ISEA 5 are of deep water at any depth; the modes of ISEA 5 are put in ascending order. False: memory is out.
 [[nodiscard]] bool PrepareIncidentWave(const Seaway& seaway, IncidentWave& wave);
+
+// Says how many components were left out although they have an amplitude.
+void SayLeftOut(const Console& console, const IncidentWave& wave);
 
 struct WaveMoment {
   double time = 0;   // simulation time

@@ -12,6 +12,7 @@
 #include "base/list_read.h"
 #include "base/message.h"
 #include "base/number_format.h"
+#include "base/number_parse.h"
 #include "base/text.h"
 #include "waves/components.h"
 
@@ -24,6 +25,8 @@ constexpr std::string_view kTableHead = "    Frequency      Phase (deg)    Ampli
 constexpr std::string_view kGridHead =
     "       KX             KY         Amplitude      Phase (deg)    Frequency     Heading (deg)";
 constexpr std::string_view kModeHead = "    Amplitude     Phase (deg)    Frequency";
+constexpr std::string_view kDepthOption = "-depth";
+constexpr std::string_view kScaleOption = "-wave_scale";
 constexpr std::string_view kFirst = "Wave components computed from a ";
 constexpr std::string_view kAdded = "Plus wave components computed from a ";
 constexpr std::string_view kAddedByHeight = "plus wave components computed from a ";  // deliberate: JONSWAP by height
@@ -158,17 +161,19 @@ std::string_view HeadOf(int ISEA) {
   return ISEA == 4 ? kGridHead : ISEA == 5 ? kModeHead : kTableHead;
 }
 
-// Words for whoever reads the file; no reader takes them as data.
+// Words for whoever reads the file. The options among them are read again: -depth and -wave_scale make the seaway.
 void AppendClosing(const Seaway& seaway, KinoSeaUnits units, std::string& text) {
   const auto out = std::back_inserter(text);
   const bool own_gravity = std::fabs(units.g - kUsualGravity) > kSameGravity * kUsualGravity;
   text += "\nRead this file with the -sea option";
   text += own_gravity ? " and gravity set via:\n" : "\n";
   if (own_gravity) fmt::format_to(out, "-grav {}\n", Number(units.g));
-  if (seaway.WDEPTH > 0) fmt::format_to(out, " and water depth set via:\n-depth {}\n", Number(seaway.WDEPTH * units.L));
+  if (seaway.WDEPTH > 0)
+    fmt::format_to(out, " and water depth set via:\n{} {}\n", kDepthOption, Number(seaway.WDEPTH * units.L));
   const WaveScaling& scaling = seaway.scaling;
   if (scaling.WSCSTP.empty()) return;
-  text += "To duplicate wave scaling, use the KINO option:\n-wave_scale";
+  text += "To duplicate wave scaling, use the KINO option:\n";
+  text += kScaleOption;
   for (std::size_t i = 0; i < scaling.WSCSTP.size(); ++i) {
     const double time = scaling.TINIT + (scaling.WSCSTP[i] - 1.0) * scaling.DTH;
     fmt::format_to(out, " {} {}", Number(time * std::sqrt(units.L / units.g)), Number(scaling.WSCFAC[i]));
@@ -183,6 +188,8 @@ constexpr std::string_view kNoCount = "ERROR - Could not parse number of wave co
 constexpr std::string_view kFault = "ERROR reading KINO seaway file";
 constexpr std::string_view kCorrupted = "      Wave definition may be corrupted";
 constexpr std::string_view kUnchanged = "      Wave definition unchanged";
+constexpr std::string_view kDepthTaken = "Water depth= {}";
+constexpr std::string_view kScalingTaken = "Wave scaling at {} times";
 constexpr std::size_t kMostEntries = 10'000'000;
 
 struct SeaText {
@@ -316,6 +323,43 @@ KinoSeaStatus Fail(const Console& console, bool kind_taken) {
   return kind_taken ? KinoSeaStatus::corrupted : KinoSeaStatus::unchanged;
 }
 
+// The numbers behind the option that a line begins with, as far as they are numbers; false: another line.
+bool OptionNumbers(std::string_view line, std::string_view option, std::vector<double>& numbers) {
+  line = TrimStart(line);
+  if (!StartsWith(line, option)) return false;
+  line.remove_prefix(option.size());
+  numbers.clear();
+  for (;;) {
+    line = TrimStart(line);
+    const std::string_view word = line.substr(0, line.find_first_of(" \t\r,"));
+    double value = 0;
+    if (word.empty() || !ParseDouble(word, value) || !std::isfinite(value) || !Grow(numbers, numbers.size() + 1)) break;
+    numbers.back() = value;
+    line.remove_prefix(word.size());
+  }
+  return true;
+}
+
+// What is no number there leaves the sea as it is: the file may be anybody's.
+void TakeClosing(const Console& console, SeaText& text, KinoSeaUnits units, Seaway& seaway) {
+  const double second = std::sqrt(units.g / units.L);
+  std::vector<double> numbers;
+  std::string_view line;
+  while (NextRawLine(text.source, line)) {
+    if (OptionNumbers(line, kDepthOption, numbers) && !numbers.empty() && numbers[0] > 0) {
+      seaway.WDEPTH = numbers[0] / units.L;
+      Say(console, kDepthTaken, Number(numbers[0]));
+    }
+    if (!OptionNumbers(line, kScaleOption, numbers) || numbers.size() < 2 || numbers.size() % 2 != 0) continue;
+    seaway.scaling = {{}, {}, 0, 1};
+    for (std::size_t i = 0; i < numbers.size(); i += 2) {
+      seaway.scaling.WSCSTP.push_back(1 + numbers[i] * second);
+      seaway.scaling.WSCFAC.push_back(numbers[i + 1]);
+    }
+    Say(console, kScalingTaken, numbers.size() / 2);
+  }
+}
+
 KinoSeaStatus ReadOpened(const Console& console, SeaText& text, KinoSeaUnits units, Seaway& seaway) {
   const ListLines lines{&text, NextSeaLine};
   text.in_data = true;
@@ -323,16 +367,11 @@ KinoSeaStatus ReadOpened(const Console& console, SeaText& text, KinoSeaUnits uni
   if (row == nullptr) return Fail(console, false);
   text.in_data = false;
   Seaway taken;  // calm, until all of it is there
-  taken.scaling = seaway.scaling;
-  const double depth = seaway.WDEPTH;
   std::vector<float> record{row->ISEA, static_cast<float>(units.g), 0.0F};
   KindReader in{console, lines, record};
   const bool read = row->read(in) && SetSpectrum(console, record, units.g, units.L, taken);
-  if (!read) {
-    taken = Seaway{};
-    taken.scaling = seaway.scaling;
-  }
-  taken.WDEPTH = depth;
+  if (read) TakeClosing(console, text, units, taken);
+  else taken = Seaway{};
   seaway = std::move(taken);
   return read ? KinoSeaStatus::ok : Fail(console, true);
 }

@@ -1,4 +1,10 @@
-// KINO seaway files: a count of comment lines, the comments, a kind number and its data, dimensional.
+// KINO seaway files: a count of comment lines, the comments, a kind number and its data (free format, dimensional,
+// phases and headings in degrees), then closing lines for whoever reads the file.
+//    0  calm: none                  1  one linear wave: frequency, phase, amplitude, heading
+//    2  Stokes wave: order, then as 1 with the nominal frequency
+//    3  linear waves: n, then n rows as 1
+//    4  grid: n1 n2, then n1 n2 rows KX KY amplitude phase frequency heading
+//   -1  second-order waves of one heading: n, heading, then n rows amplitude phase frequency
 #pragma once
 
 #include <cstdint>
@@ -23,7 +29,8 @@ struct KinoSeaUnits {      // of the file
 enum class KinoSeaStatus : std::uint8_t { ok, cannot_open, unchanged, corrupted };  // told, but for cannot_open
 
 // Says "Reading KINO seaway file", the comments and what it found. `unchanged` leaves the seaway alone; `corrupted`
-// happens behind the kind: the seaway then is calm. scaling and depth of the seaway stay.
+// happens behind the kind: the seaway then is calm. Depth and wave scaling are those of the closing lines (told): deep
+// and none where the file has no such line; step i of the scaling is at time i - 1.
 [[nodiscard]] KinoSeaStatus ReadKinoSeaway(const Platform& platform, const std::string& name, KinoSeaUnits units,
                                            Seaway& seaway);
 

@@ -1,5 +1,7 @@
 // Where the phases of wave components come from: two stored tables of pseudo-random angles, a file of angles, or the
-// generator of L'Ecuyer with a Bays-Durham shuffle. Degrees.
+// generator of P. L'Ecuyer (Communications of the ACM 31, 1988) with the shuffle of C. Bays and S. D. Durham (ACM
+// Transactions on Mathematical Software 2, 1976). The tables come from the generator of S. K. Park and K. W. Miller
+// (Communications of the ACM 31, 1988). Degrees, from -180 to 180.
 #pragma once
 
 #include <array>
@@ -22,7 +24,7 @@ inline constexpr std::size_t kPhaseFileLimit = 10000;
 class PhaseGenerator {  // SPEC_PHASEOPTION 4, seeded by |IWVRLZ|; 0 starts the second sequence at 696969
  public:
   explicit PhaseGenerator(int IWVRLZ);
-  [[nodiscard]] float Next();
+  [[nodiscard]] float Next();  // the next angle
 
  private:
   std::array<std::int64_t, 32> entry_{};

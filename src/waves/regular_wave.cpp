@@ -17,6 +17,7 @@ constexpr double kRadians = std::numbers::pi / 180.0;
 bool FindRegularWave(const ControlRecords& records, RegularWave& wave) {
   const SeawayInput& seaway = records.seaway;
   if ((seaway.ISEA != 1 && seaway.ISEA != 3) || seaway.waves.size() != 1) return false;
+  if (!records.added_seaway.empty()) return false;
 
   const InputScales scales = InputScalesOf(records);
   const WaveComponentInput& input = seaway.waves.front();

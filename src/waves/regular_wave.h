@@ -1,4 +1,5 @@
-// The one wave of a regular case, for transfer functions: ISEA 1 with one component, or ISEA 3. Non-dimensional.
+// The one wave of a regular case, for transfer functions: ISEA 1 with one component, or ISEA 3, and
+// no second sea. Non-dimensional.
 // ISEA 1: w as given, w^2 = k tanh(k h) (deep: k = w^2). ISEA 3: k = (nominal w)^2 and, by its order n with e = k A,
 // w^2 = (1 + e^2 + 1.25 e^4) k where powers of e above n are dropped.
 #pragma once

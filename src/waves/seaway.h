@@ -23,9 +23,9 @@ struct WaveModes {  // ISEA 5
   float WAVE_HEAD = 0;
 };
 
-struct WaveScaling {        // factor of all amplitudes in time; none listed: 1
-  std::vector<int> WSCSTP;  // absolute step indices
-  std::vector<double> WSCFAC;
+struct WaveScaling {  // factor of all amplitudes in time; none listed: 1
+  std::vector<double> WSCSTP,
+      WSCFAC;                 // absolute step indices (from a KINO file: places between steps as well), factors
   double TINIT = 0, DTH = 0;  // non-dimensional: step i is at TINIT + (i - 1) DTH
 };
 
@@ -45,6 +45,7 @@ struct IncidentWave {  // what is formed once per seaway
   double depth = 0;                     // 0: deep
   std::vector<double> kx, ky, k, w, p;  // k cos b, k sin b, k, frequency, phase in radians
   std::vector<float> a;                 // amplitudes, unscaled
+  std::size_t left_out = 0;             // components that have an amplitude, but no frequency or length to run with
   [[nodiscard]] std::size_t size() const { return a.size(); }
 };
 

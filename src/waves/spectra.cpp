@@ -116,7 +116,7 @@ bool FindEnd(const Spectrum& s, double cut, double w, Next next, double& end) {
 bool FindRange(const Spectrum& s, const FrequencyRequest& request, double& low, double& high) {
   low = request.freq1, high = request.freq2;
   const bool given = high > low && high > 0;
-  if (given && low > 0) return true;
+  if (given && low >= 0) return true;
   const double cutoff = request.cutoff > 0 ? request.cutoff : kDefaultCutoff;
   double most = 0;
   for (int mode = 0; mode < s.modes; ++mode) most = std::max(most, SpectrumAt(s, s.w0[mode]));

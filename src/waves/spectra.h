@@ -1,4 +1,12 @@
-// Wave spectra S(w), one-sided, in input units (length^2 time), and the frequencies that stand for them. Pure, double.
+// Wave spectra S(w), one-sided, over w in radians a unit of time, in input units (length^2 time): their integral is the
+// variance of the elevation. And the frequencies that stand for them. Pure, double.
+//   Bretschneider  S = A/w^5 exp(-B/w^4), A = 486 H^2/T^4, B = 1948.2/T^4 (C. L. Bretschneider, Wave variability and
+//                  wave spectra for wind-generated gravity waves, 1959); by height alone that of a fully developed sea
+//                  (W. J. Pierson and L. Moskowitz, J. Geophysical Research 69, 1964)
+//   JONSWAP        S = alpha g^2/w^5 exp(-1.25 (w0/w)^4) gamma^exp(-(w - w0)^2/(2 sigma^2 w0^2)), sigma 0.07 up to
+//                  w0, 0.09 above (K. Hasselmann and others, Deutsche Hydrographische Zeitschrift A8 12, 1973)
+//   Ochi           S = sum over 1 or 2 modes of (q w0^4)^L H^2/(4 Gamma(L) w^(4L+1)) exp(-q (w0/w)^4), q = (4L + 1)/4
+//                  (M. K. Ochi and E. N. Hubble, Six-parameter wave spectra, 15th Coastal Engineering Conference, 1976)
 #pragma once
 
 #include <cstdint>
@@ -14,8 +22,8 @@ struct Spectrum {  // everything formed once
   SpectrumKind kind = SpectrumKind::bretschneider;
   double g = 9.81;
   int modes = 1;                // Ochi: 1 or 2
-  double w0[2] = {0, 0};        // modal frequencies, ascending
-  double H[2] = {0, 0};         // significant heights of the modes
+  double w0[2] = {0, 0};        // modal frequencies, ascending, input units
+  double H[2] = {0, 0};         // significant heights of the modes, input units
   double L[2] = {0, 0};         // Ochi: shapes
   double A = 0, B = 0;          // Bretschneider: A/w^5 exp(-B/w^4)
   double alpha = 0, gamma = 1;  // JONSWAP
@@ -32,7 +40,8 @@ struct FrequencyRequest {
   int NFREQ = 0;
   bool even_spacing = false;      // distribution 2
   double cutoff = -1;             // SPEC_CUTOFF; 0 or less: 0.001
-  double freq1 = -1, freq2 = -1;  // SPEC_FREQ1, 2 in input units; second not above the first: found from the cut-off
+  double freq1 = -1, freq2 = -1;  // SPEC_FREQ1, 2 in input units; second not above the first: both ends by the cut-off;
+                                  // first below 0 (not set): the low end by it
 };
 
 struct Frequencies {                // NFREQ entries

@@ -1,4 +1,5 @@
-// A table of elevations over a rectangle of x and y at one time, asked for by the $IWINTERP: module.
+// A table of elevations over a rectangle of x and y at one time, asked for by the $IWINTERP: module. Global axes,
+// non-dimensional, 4-byte elevations.
 #pragma once
 
 #include <span>

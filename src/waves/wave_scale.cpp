@@ -7,15 +7,15 @@ namespace zaview {
 namespace {
 
 WaveScale ScaleAt(const WaveScaling& scaling, double position) {
-  const std::vector<int>& steps = scaling.WSCSTP;
+  const std::vector<double>& steps = scaling.WSCSTP;
   const std::size_t n = std::min(steps.size(), scaling.WSCFAC.size());
   if (n == 0) return {};
   // The last listed step at or ahead of the position.
   std::size_t i = n;
-  while (i > 0 && !(static_cast<double>(steps[i - 1]) <= position)) --i;
+  while (i > 0 && !(steps[i - 1] <= position)) --i;
   if (i == 0) return {scaling.WSCFAC.front(), 0};
   if (i == n) return {scaling.WSCFAC[n - 1], 0};
-  const double gap = static_cast<double>(steps[i]) - steps[i - 1];
+  const double gap = steps[i] - steps[i - 1];
   const double t = (position - steps[i - 1]) / gap;
   const double f1 = scaling.WSCFAC[i - 1];
   const double f2 = scaling.WSCFAC[i];

@@ -36,8 +36,8 @@ enum class WaveKind : std::uint8_t { calm, linear, stokes, second_order, unknown
 // exp(v), 0 below -30 and 1 from 0 on.
 [[nodiscard]] double Decay(double v);
 
-// The depth to evaluate at, -h <= z' <= 0. Stretched in deep water z - eta, in depth h
-// z - (h + z) eta/(eta + h) where z and eta lie above -h.
+// The depth to evaluate at, -h <= z' <= 0. Stretched (J. D. Wheeler, J. Petroleum Technology 22, 1970) in deep water z
+// - eta, in depth h z - (h + z) eta/(eta + h) where z and eta lie above -h.
 [[nodiscard]] double StretchedDepth(double z, double eta, bool stretch, double h);
 
 // Linear sums of all components.

@@ -217,19 +217,37 @@ void FillControl(const KinoCase& kino, ControlRecords& control) {
   control.GRAVIN = control.GRAVOUT = kino.g;
   control.RHOIN = control.RHOOUT = kino.rho;
   control.LENIN = control.LENOUT = motions.length;
-  control.ANGIN = kDegrees;
+  control.ANGIN = control.ANGOUT = kDegrees;
   control.RGRAV = kino.centre;
+}
+
+// The file tells times, the case counts steps.
+void ScaleBySteps(double TINIT, double DTH, WaveScaling& scaling) {
+  if (!(DTH > 0)) DTH = 1;  // a single step: any length will do
+  for (double& position : scaling.WSCSTP) {
+    const double time = scaling.TINIT + (position - 1) * scaling.DTH;
+    position = 1 + (time - TINIT) / DTH;
+  }
+  scaling.TINIT = TINIT;
+  scaling.DTH = DTH;
 }
 
 // The components as the control data of a run would list them.
 bool FillSeawayRecord(const Seaway& sea, ControlRecords& control) {
   const InputScales scales = InputScalesOf(control);
   SeawayInput& record = control.seaway;
+  control.WDEPTH = sea.WDEPTH / scales.length;
   record.ISEA = sea.ISEA;
   record.WSPEC = sea.WSPEC;
   record.WAVEDIM1 = sea.alternative.WAVEDIM1;
   record.WAVEDIM2 = sea.alternative.WAVEDIM2;
   record.WAVE_HEAD = sea.modes.WAVE_HEAD;
+  const WaveScaling& scaling = sea.scaling;
+  const std::size_t factors = scaling.WSCSTP.size();
+  record.NWSC = static_cast<int>(factors);
+  record.WSCFAC = scaling.WSCFAC;
+  if (!Grow(record.WSCSTP, factors)) return false;
+  for (std::size_t i = 0; i < factors; ++i) record.WSCSTP[i] = RoundToInt(scaling.WSCSTP[i]);
   if (!Grow(record.waves, sea.waves.size()) || !Grow(record.alternative, sea.alternative.FREQ.size()) ||
       !Grow(record.modes, sea.modes.MODE_FREQ.size()))
     return false;
@@ -282,7 +300,7 @@ void ScaleHull(double factor, Hull& hull) {
 }
 
 // Ship axes are the geometry coordinates.
-bool BuildCase(const Console& console, const OutputSettings& settings, KinoCase& kino, CaseStore& c) {
+bool BuildCase(const Console& console, KinoCase& kino, CaseStore& c) {
   c.file_name = "KINO file " + kino.name;
   const std::string_view name = std::string_view(kino.name).substr(kino.name.rfind('/') + 1);
   const bool has_extension = name.size() > kMotionsExtension.size() &&
@@ -292,7 +310,6 @@ bool BuildCase(const Console& console, const OutputSettings& settings, KinoCase&
   c.kino_input = true;
   c.has_other_force = false;
   FillControl(kino, c.control);
-  c.control.ANGOUT = settings.units.ANGOUT;  // the files say nothing of the angles to be shown
   c.first_read = 1;
   c.last_read = c.nstep_expected = c.control.NSTEP;
   c.ships.resize(1);
@@ -303,13 +320,13 @@ bool BuildCase(const Console& console, const OutputSettings& settings, KinoCase&
   }
   const InputScales scales = InputScalesOf(c.control);
   c.seaway = std::move(kino.seaway);
-  c.seaway.scaling.TINIT = c.control.TINIT * scales.time;
-  c.seaway.scaling.DTH = c.control.DTH * scales.time;
+  ScaleBySteps(c.control.TINIT * scales.time, c.control.DTH * scales.time, c.seaway.scaling);
   c.seaway_tried = Tried::there;
   if (!FillSeawayRecord(c.seaway, c.control) || !PrepareIncidentWave(c.seaway, c.wave)) {
     SayLine(console, kNoMemory);
     return false;
   }
+  SayLeftOut(console, c.wave);
   c.hull = std::move(kino.hull);
   ScaleHull(1 / kino.motions.length, c.hull);
   c.hull_tried = kino.geometry.empty() ? Tried::failed : Tried::there;
@@ -319,7 +336,7 @@ bool BuildCase(const Console& console, const OutputSettings& settings, KinoCase&
 KinoInput Accept(const Platform& platform, const RunState& run, KinoCase& kino, Into into) {
   const Console& console = platform.console;
   CaseStore fresh;
-  if (!BuildCase(console, into.settings, kino, fresh)) return KinoInput::abandoned;
+  if (!BuildCase(console, kino, fresh)) return KinoInput::abandoned;
   SayLine(console, kComplete);
   into.settings.units.user_scale[0] = into.settings.units.user_scale[1] =
       false;  // this gravity and density are the user's, too

@@ -13,6 +13,7 @@
 #include "case/kino_motions.h"
 #include "case/wave_at_cg.h"
 #include "control/input_scales.h"
+#include "geometry/read_geometry.h"
 #include "waves/kino_sea.h"
 
 namespace zaview {
@@ -115,7 +116,7 @@ void AppendWaveScale(std::string& text, const OutputSettings& settings, const Wa
 std::string ViewerCommands(const OutputSettings& settings, const CaseStore& c, std::string_view sea_name) {
   std::string text;
   AppendLine(text, "!KINO command file for data from ZAVO output file {}", c.file_name);
-  if (!IsBlank(c.control.FGEOM)) {
+  if (SplitGeometryName(c.control.FGEOM).format != GeometryFormat::none) {
     AppendGeometry(text, Trim(c.control.FGEOM));
     if (c.control.SYMINP == 1) text += "-mirror_lf\n";
     const ViewerTransformation viewer = TransformationOf(settings, c);
@@ -196,7 +197,7 @@ bool WriteKinoSeaway(const Console& console, const OutputSettings& settings, Cas
 }
 
 void SayKinoTransformation(const Console& console, const OutputSettings& settings, const CaseStore& case_store) {
-  if (IsBlank(case_store.control.FGEOM)) return;
+  if (SplitGeometryName(case_store.control.FGEOM).format == GeometryFormat::none) return;
   const ViewerTransformation viewer = TransformationOf(settings, case_store);
   for (const std::string_view line : kTransformation) SayLine(console, line);
   Say(console, "-gshift {}", Numbers(viewer.gshift));

@@ -9,6 +9,7 @@
 #include "case/quantity_catalogue.h"
 #include "case/read/read_output_file.h"
 #include "fake_platform.h"
+#include "waves/wave_scale.h"
 
 namespace zaview {
 namespace {
@@ -26,7 +27,9 @@ struct Session {
   Session() {
     run.skip_prompt = SkipPrompt::silent;
     fake.Put("tow.mot", "!a tow\n100\n2 10 20 30 0 0 90\n2.5 11 20 30 90 0 0\n4 12 20 30 0 0 0\n");
-    fake.Put("wave.sea", "1\nregular\n1\n0.5 30 2 180\n");
+    fake.Put("wave.sea",
+             "1\nregular\n1\n0.5 30 2 180\n\nRead this file with the -sea option and water depth set via:\n"
+             "-depth 20\nTo duplicate wave scaling, use the KINO option:\n -wave_scale 2 0.5 3.5 1\n");
     fake.Put("same.mot", "!c\n100\n0 6*1\n0 6*1\n");
   }
   KinoInput Read(const KinoFiles& files) {
@@ -40,6 +43,7 @@ struct Session {
 TEST(KinoInput, CaseOfThreeFiles) {
   Session s;
   s.settings.units.GRAVOUT = 32.0F;
+  s.settings.units.ANGOUT = 1.0F;  // of the run before
   s.settings.units.user_scale[0] = true;
   ASSERT_EQ(s.Read({"tow", "wave", "", 9.0, 1000.0, {1.0, 2.0, 3.0}, {1.0, 2.0, 5.0}}), KinoInput::ok);
   const CaseStore& c = s.store;
@@ -61,6 +65,12 @@ TEST(KinoInput, CaseOfThreeFiles) {
   EXPECT_NEAR(c.seaway.waves.FREQW[0], 0.5 * T, 1e-6);
   EXPECT_NEAR(c.control.seaway.waves.at(0).FREQW, 0.5, 1e-7);
   EXPECT_NEAR(c.control.seaway.waves.at(0).AMPW0, 2.0, 1e-6);
+  EXPECT_EQ(c.control.WDEPTH, 20.0);
+  for (const auto& [t, factor] : {std::pair{1.0, 0.5}, {2.0, 0.5}, {2.75, 0.75}, {9.0, 1.0}})
+    EXPECT_NEAR(WaveScaleAtTime(c.seaway.scaling, t / T).scale, factor, 1e-6) << t;
+  EXPECT_NEAR(WaveScaleAtStep(c.seaway.scaling, 1).scale, 0.5, 1e-12);
+  EXPECT_NEAR(c.wave.k.at(0) * std::tanh(c.wave.k.at(0) * 0.2), 0.25 * 100 / 9, 1e-6);  // w^2 = k tanh(k h)
+  EXPECT_EQ(s.settings.units.ANGOUT, 57.29578F);
   EXPECT_EQ(s.settings.units.GRAVOUT, 9.0F);
   EXPECT_EQ(s.settings.units.RHOOUT, 1000.0F);
   EXPECT_EQ(s.settings.units.LENOUT, 100.0F);

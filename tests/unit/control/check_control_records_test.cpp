@@ -74,8 +74,14 @@ TEST(CheckControlRecords, FaultsAndTheirWords) {
        illegal + " Shape Parameter SHAPE2= 0\n"},
       {Bent([](R r) { r.seaway.TOMODAL = 0; r.seaway.PEAKPRM = 0; }, Spectrum(8, 40, 1)), 1,
        illegal + " Modal Period TOMODAL= 0\n Peakedness Parameter PEAKPRM= 0\n"},
-      {Spectrum(7, 1, 0), 2, "ERR108 - For spectral wave definition NHEAD must be > 0\n"
-                             "ERR108 - For spectral wave definition NFREQ must be > 1\n"},
+      {Spectrum(7, 1, 0), 0, "WRN139 - For spectral wave definition, NFREQ < 5 will result in a\n"
+                             "         very coarse frequency distribution\n"},
+      {Spectrum(2, 0, 1), 1, illegal + " Number of frequencies NFREQ= 0\n"},
+      {Spectrum(2, 100'000, 0), 0, ""},
+      {Spectrum(2, 20'000, 50'001), 1, illegal + " Number of components NFREQ*NHEAD= 1000020000 is limited to 100000\n"},
+      {Bent([](R r) { r.seaway.NWSC = 3; r.seaway.WSCSTP = {1, 9, 9}; }), 0, ""},
+      {Bent([](R r) { r.seaway.NWSC = 2; r.seaway.WSCSTP = {9, 1}; }), 1,
+       "ERR154 - Incident wave scale factor times WSCSTP must ascend\n"},
       {Spectrum(2, 5, 1, 400), 0, ""},  // long-crested
       {Spectrum(2, 40, 9, 40), 0, ""},
       {Spectrum(8, 4, 4, 91), 0,
@@ -83,7 +89,7 @@ TEST(CheckControlRecords, FaultsAndTheirWords) {
        "WRN139 - For spectral wave definition, NFREQ < 5 will result in a\n"
        "         very coarse frequency distribution\n"
        "WRN139 - For spectral wave definition, NHEAD < 5 will result in a\n         very coarse heading distribution\n"
-       "WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees and\n"
+       "WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees\n"
        "         This may result in an unrealistic seaway\n"}};
   // clang-format on
   for (const auto& c : cases) {
@@ -96,7 +102,8 @@ TEST(CheckControlRecords, FaultsAndTheirWords) {
 TEST(CheckControlRecords, OldAndNewFilesAreReported) {
   const std::string origin =
       "WRN260 - Initial transformation rotation origin (GORIG) modified to\n"
-      "         accomodate different definition in ZAVO version 3.1.0\n";
+      "         accomodate different definition in ZAVO version 3.1.0\n"
+      "         Here GORIG is used as it stands: check where the hull is\n";
   const std::pair<int, std::string> cases[] = {
       {-1, ""},
       {0, ""},
@@ -118,7 +125,8 @@ TEST(CheckControlRecords, OldAndNewFilesAreReported) {
     EXPECT_EQ(CheckControlRecords(fake.Get().console, records, version), 0);
     EXPECT_EQ(fake.output, console) << version;
     fake.output.clear();
-    records.GORIG = {};  // nothing turns about it
+    records.GORIG = {};
+    records.GROT = {0, 0, 180};  // about the origin, whatever the definition
     EXPECT_EQ(CheckShipRecords(fake.Get().console, records, version), 0);
     EXPECT_EQ(fake.output, "");
   }

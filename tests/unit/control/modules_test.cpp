@@ -292,6 +292,10 @@ TEST(Modules, ChecksCountWhatCannotBe) {
   Lines forces;
   for (int i = 0; i <= MXEFOR; ++i) forces.insert(forces.end(), {"$EXTFOR:", "1", "6*0"});
   const char* row = "180 0 40 1 1";
+  const Lines linear = {"1", "1 0", "0.5 0 1 180"};
+  const std::string not_linear =
+      "ERRADDSEA05 - Additional seaway definition can can only be specified\n"
+      "    with linear primary seaway definition (ISEA=1,2,6,7,8)\n";
   // clang-format off
   const struct { Lines modules; Lines seaway; int errors; std::string said; } cases[] = {
       {{"$OPTIONS:", "SPEC_DISTOPT -1", "SPEC_SPREADOPT 2", "SPEC_PHASEOPTION 4"}, {"0"}, 0, ""},
@@ -302,16 +306,17 @@ TEST(Modules, ChecksCountWhatCannotBe) {
       {{"$ADDGEOM:", "", "0 0", "9*0"}, {"0"}, 1,
        "ERRADDGEOM01 - Blank file name not allowed for additional geometry input\n"},
       {{"$ADDSEA:", "3", "1 2 3"}, {"0"}, 1, "ERRADDSEA01 - Seaway specifier ISEA= 3\n"},
-      {{"$ADDSEA:", "2", "-1.5 0", row}, {"0"}, 1,
+      {{"$ADDSEA:", "2", "-1.5 0", row}, linear, 1,
        "ERRADDSEA02 - Illegal parameter value(s) for incident wave spectrum:\n Significant Wave Height SIGWHT= -1.5\n"},
-      {{"$ADDSEA:", "2", "1.5 0", "180 0 1 0 1"}, {"0"}, 2,
+      {{"$ADDSEA:", "2", "1.5 0", "180 0 1 0 1"}, linear, 2,
        "ERRADDSEA03 - For spectral wave definition NHEAD must be > 0\n"
        "ERRADDSEA03 - For spectral wave definition NFREQ must be > 1\n"},
-      {{"$ADDSEA:", "2", "1.5 0", row, "2*-1", "-1 -1 9 -1"}, {"0"}, 1,
+      {{"$ADDSEA:", "2", "1.5 0", row, "2*-1", "-1 -1 9 -1"}, linear, 1,
        "ERRADDSEA04 - Illegal spectral spreading option: SPEC_SPREADOPT= 9\n"},
-      {{"$ADDSEA:", "2", "1.5 0", row}, {"5", "1 180 0", "1 2 3"}, 1,
-       "ERRADDSEA05 - Additional seaway definition can can only be specified\n"
-       "            with a primary seaway of linear waves, ISEA= 5\n"},
+      {{"$ADDSEA:", "2", "1.5 0", row}, linear, 0, ""},
+      {{"$ADDSEA:", "2", "1.5 0", row}, {"0"}, 1, not_linear},
+      {{"$ADDSEA:", "2", "1.5 0", row}, {"4", "1 1 0", "1 0 1 0 1 0"}, 1, not_linear},
+      {{"$ADDSEA:", "2", "1.5 0", row}, {"5", "1 180 0", "1 2 3"}, 1, not_linear},
       {forces, {"0"}, 1, "ERREXTFOR01 - Number of user specified external forces NEFOR= 101 is limited\n"
                          "            by dimensioning parameter MXEFOR= 100\n"},
   };

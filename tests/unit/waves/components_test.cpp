@@ -92,6 +92,8 @@ TEST(Spectra, RangeAndSpacing) {
 
   ASSERT_TRUE(SPECTR(s, {.NFREQ = 5, .even_spacing = true, .freq1 = 0.4, .freq2 = 2}, f));
   EXPECT_NEAR(f.w[3], 1.6, 1e-12);
+  ASSERT_TRUE(SPECTR(s, {.NFREQ = 5, .even_spacing = true, .freq1 = 0, .freq2 = 2}, f));  // 0 is set, -1 is not
+  EXPECT_NEAR(f.w[1], 0.5, 1e-12);
   ASSERT_TRUE(SPECTR(s, {.NFREQ = 1, .freq1 = 0.4, .freq2 = 2}, f));
   EXPECT_NEAR(f.w[0], 0.6613879, 1e-6);
   EXPECT_NEAR(f.width[0], 1.6, 1e-12);

@@ -1,9 +1,7 @@
 #include "waves/incident_wave.h"
 
 #include <cmath>
-#include <functional>
 #include <limits>
-#include <numbers>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -87,70 +85,6 @@ TEST(IncidentWave, TwoComponentsByHand) {
   }
 }
 
-// One component in closed form, double.
-struct ClosedForm {
-  double a, w, k, beta, p, h;
-  [[nodiscard]] double Psi(double x, double y, double t) const {
-    return k * (x * std::cos(beta) + y * std::sin(beta)) - w * t + p;
-  }
-  [[nodiscard]] double Phi(double x, double y, double z, double t) const {
-    const double C = h > 0.0 ? std::cosh(k * (z + h)) / std::cosh(k * h) : std::exp(k * z);
-    return a / w * C * std::sin(Psi(x, y, t));
-  }
-  [[nodiscard]] double Eta(double x, double y, double t) const { return a * std::cos(Psi(x, y, t)); }
-};
-
-TEST(IncidentWave, OutputsAreTheDerivativesAndSatisfyTheConditions) {
-  const float b = 150;
-  for (const double h : {0.0, 0.4}) {
-    Seaway seaway = TwoComponents(h);
-    seaway.waves = {{1.3F}, {-60}, {0.01F}, {b}};
-    const IncidentWave wave = Prepared(seaway);
-    const ClosedForm form{0.01F, wave.w[0], wave.k[0], b * std::numbers::pi / 180, -std::numbers::pi / 3, h};
-    EXPECT_NEAR(form.k * (h > 0.0 ? std::tanh(form.k * h) : 1.0), form.w * form.w, 1e-14);
-    const double r[4] = {0.3, -0.7, -0.1, 2.5};  // x, y, z, t
-    const double d = 1e-4;
-    using Steps = std::array<double, 4>;
-    const auto phi = [&](const Steps& s) { return form.Phi(r[0] + s[0], r[1] + s[1], r[2] + s[2], r[3] + s[3]); };
-    const auto first = [&](std::size_t i) {
-      Steps up{}, down{};
-      up[i] = d, down[i] = -d;
-      return (phi(up) - phi(down)) / (2 * d);
-    };
-    const auto second = [&](std::size_t i, std::size_t j) {
-      double sum = 0.0;
-      for (const double si : {d, -d}) {
-        for (const double sj : {d, -d}) {
-          Steps s{};
-          s[i] += si, s[j] += sj;
-          sum += (si * sj > 0.0 ? 1.0 : -1.0) * phi(s);
-        }
-      }
-      return sum / (4 * d * d);
-    };
-    WaveOptions options;
-    options.stretch = 0;
-    const Values v = At(wave, {{r[0], r[1], r[2]}}, {r[3], 1.0}, options);
-    EXPECT_NEAR(v.one[0][0], form.Eta(r[0], r[1], r[3]), 3e-9);
-    EXPECT_NEAR(v.one[1][0], (form.Eta(r[0] + d, r[1], r[3]) - form.Eta(r[0] - d, r[1], r[3])) / (2 * d), 1e-8);
-    EXPECT_NEAR(v.one[2][0], (form.Eta(r[0], r[1] + d, r[3]) - form.Eta(r[0], r[1] - d, r[3])) / (2 * d), 1e-8);
-    EXPECT_NEAR(v.one[3][0], phi({}), 3e-9);
-    EXPECT_NEAR(v.one[4][0], first(3), 1e-8);
-    for (std::size_t i = 0; i < 3; ++i) {
-      EXPECT_NEAR(v.one[5 + i][0], first(i), 1e-8);
-      for (std::size_t j = 0; j < 3; ++j) EXPECT_NEAR(v.second[3 * i + j], second(i, j), 5e-8) << i << j;
-    }
-    EXPECT_NEAR(v.second[0] + v.second[4] + v.second[8], 0.0F, 1e-8F);
-
-    const Values top = At(wave, {{0.3, -0.7, 0.0}, {0.3, -0.7, -h}}, {2.5, 1.0}, options);
-    EXPECT_NEAR(top.one[4][0], -top.one[0][0], 2e-9F);
-    EXPECT_NEAR(top.one[7][0], (form.Eta(0.3, -0.7, 2.5 + d) - form.Eta(0.3, -0.7, 2.5 - d)) / (2 * d), 1e-8);
-    if (h > 0.0) {
-      EXPECT_EQ(top.one[7][1], 0.0F);
-    }
-  }
-}
-
 TEST(IncidentWave, DepthOfEvaluation) {
   Seaway deep = TwoComponents(1e-6);
   deep.waves = {{1.0F}, {90}, {0.5F}, {0}};
@@ -190,6 +124,11 @@ TEST(IncidentWave, EachKindOfSeaway) {
   const Values want = At(Prepared(TwoComponents(0.4)), points, {2.5, 1.0});
   EXPECT_EQ(At(Prepared(seaway), points, {2.5, 1.0}).second, want.second) << "components without a wave";
 
+  EXPECT_EQ(Prepared(seaway).left_out, 3U);
+  Seaway modes;
+  modes.ISEA = 5;
+  modes.modes = {{1, 0, 2}, {0, 0, 0}, {-1, 0, 1}, 0};
+  EXPECT_EQ(Prepared(modes).left_out, 1U) << "one without an amplitude is not missed";
   const IncidentWave one = Prepared(TwoComponents(0.4));
   Seaway four;
   four.ISEA = 4;

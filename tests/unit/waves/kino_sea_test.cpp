@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
+#include "waves/wave_scale.h"
 
 namespace zaview {
 namespace {
@@ -29,7 +30,9 @@ bool Near(const std::vector<float>& a, const std::vector<float>& b) {
 
 TEST(KinoSea, EveryKindComesBack) {
   for (const int ISEA : {0, 1, 3, 4, 5}) {
-    const Seaway sea = OfKind(ISEA);
+    Seaway sea = OfKind(ISEA);
+    sea.WDEPTH = ISEA == 1 ? 0.5 : 0;
+    if (ISEA == 4) sea.scaling = {{1, 101.5}, {0, 1}, 0.25, 0.1};  // times 0.25 and 10.3
     ControlRecords records;
     records.seaway.ISEA = ISEA;
     FakePlatform fake;
@@ -37,10 +40,13 @@ TEST(KinoSea, EveryKindComesBack) {
     ASSERT_TRUE(KINOSE(records, sea, kUnits, "run.out", text));
     fake.Put("a.sea", text);
     Seaway back;
-    back.WDEPTH = 0.7;
+    back.WDEPTH = 0.7;  // of another sea
     ASSERT_EQ(ReadKinoSeaway(fake.Get(), "a.sea", kUnits, back), KinoSeaStatus::ok) << text;
     EXPECT_EQ(back.ISEA, ISEA);
-    EXPECT_EQ(back.WDEPTH, 0.7);
+    EXPECT_EQ(back.WDEPTH, sea.WDEPTH);
+    ASSERT_EQ(back.scaling.WSCSTP.size(), sea.scaling.WSCSTP.size()) << text;
+    for (const double t : {0.0, 0.3, 5.0, 9.0, 11.0})
+      EXPECT_NEAR(WaveScaleAtTime(back.scaling, t).scale, WaveScaleAtTime(sea.scaling, t).scale, 1e-6) << t;
     EXPECT_EQ(back.WSPEC, sea.WSPEC);
     EXPECT_TRUE(Near(back.waves.FREQW, sea.waves.FREQW) && Near(back.waves.PHASEW, sea.waves.PHASEW) &&
                 Near(back.waves.AMPW0, sea.waves.AMPW0) && Near(back.waves.HEADW, sea.waves.HEADW))
@@ -105,7 +111,8 @@ TEST(KinoSea, DamagedFiles) {
        KinoSeaStatus::corrupted},
       {"huge count", "0\n3\n2000000000\n1 2 3 4\n",
        "ERROR - Could not parse number of wave components from KINO file\n" + corrupted, KinoSeaStatus::corrupted},
-      {"words ahead", "1\nhead\n1\nFrequency Phase\n0.5 10 1 180\nRead this\n",
+      {"words ahead, odd options behind",
+       "1\nhead\n1\nFrequency Phase\n0.5 10 1 180\nRead this\n-depth deep\n-depth -5\n-wave_scale 1 0 2\n",
        "Comment line: head\nRegular linear wave\n", KinoSeaStatus::ok},
   };
   for (const auto& row : rows) {

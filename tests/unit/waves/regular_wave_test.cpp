@@ -80,6 +80,9 @@ TEST(RegularWave, OtherSeawaysAreNone) {
   ControlRecords two = OneWave(1, {1, 0, 1, 0});
   two.seaway.waves.push_back({1, 0, 1, 0});
   EXPECT_FALSE(FindRegularWave(two, wave));
+  ControlRecords with_second_sea = OneWave(1, {1, 0, 1, 0});
+  with_second_sea.added_seaway.resize(1);
+  EXPECT_FALSE(FindRegularWave(with_second_sea, wave));
 }
 
 }  // namespace

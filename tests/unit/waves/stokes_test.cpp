@@ -2,12 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numbers>
+#include <string>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 namespace zaview {
 namespace {
+
+constexpr double kDegree = std::numbers::pi / 180;
 
 TEST(Stokes, ByHand) {
   Seaway seaway;
@@ -124,42 +129,104 @@ PairSums ThreeModes(double scale) {
   return {{0.02 * scale, 0.012 * scale, 0.016 * scale}, {0.75, 1.125, 1.5}, {0.5, -1.0, 2.0}};
 }
 
-TEST(Stokes, SecondOrderSeaway) {
-  const PairSums form = ThreeModes(1);
-  const double x = 0.8, z = -0.3, t = 1.7, d = 1e-4;
+// Elevation and potential along the waves, and the seaway that has them.
+struct WaveForm {
+  const char* what;
   Seaway seaway;
-  seaway.ISEA = 5;
+  std::function<double(double s, double t)> eta;
+  std::function<double(double s, double z, double t)> phi;
+};
+
+WaveForm LinearForm(double h) {
+  const double k = 1.3, w = std::sqrt(k * (h > 0 ? std::tanh(k * h) : 1)), a = 0.05, p = 0.7;
+  const auto psi = [=](double s, double t) { return k * s - w * t + p; };
+  WaveForm form{"linear",
+                {},
+                [=](double s, double t) { return a * std::cos(psi(s, t)); },
+                [=](double s, double z, double t) {
+                  const double C = h > 0 ? std::cosh(k * (z + h)) / std::cosh(k * h) : std::exp(k * z);
+                  return a / w * C * std::sin(psi(s, t));
+                }};
+  form.seaway.ISEA = 1;
+  form.seaway.WDEPTH = h;
+  form.seaway.waves = {{static_cast<float>(w)}, {static_cast<float>(p / kDegree)}, {static_cast<float>(a)}, {30}};
+  return form;
+}
+
+WaveForm StokesForm(int order) {
+  const double nominal = 1.5, k = nominal * nominal, a = 0.08, p = 0.7, w = StokesFrequency(k, k * a, order);
+  const StokesCoefficients c = StokesExpansion(k * a, order);
+  const auto psi = [=](double s, double t) { return k * s - w * t + p; };
+  WaveForm form{"Stokes",
+                {},
+                [=](double s, double t) {
+                  double sum = 0;
+                  for (int n = 1; n <= 5; ++n) sum += c.A[n - 1] * std::cos(n * psi(s, t));
+                  return sum / k;
+                },
+                [=](double s, double z, double t) {
+                  double sum = 0;
+                  for (int n = 1; n <= 3; ++n) sum += c.D[n - 1] * std::exp(n * k * z) * std::sin(n * psi(s, t));
+                  return w / (k * k) * sum;
+                }};
+  form.seaway.ISEA = 3;
+  form.seaway.WSPEC = order;
+  form.seaway.waves = {{1.5F}, {static_cast<float>(p / kDegree)}, {0.08F}, {30}};
+  return form;
+}
+
+WaveForm SecondOrderForm() {
+  const PairSums sums = ThreeModes(1);
+  WaveForm form{"second order",
+                {},
+                [=](double s, double t) { return sums.Eta(s, t); },
+                [=](double s, double z, double t) { return sums.Phi(s, z, t); }};
+  form.seaway.ISEA = 5;
   for (const std::size_t i : {1U, 2U, 0U}) {  // not in order
-    seaway.modes.MODE_AMP.push_back(static_cast<float>(form.a[i]));
-    seaway.modes.MODE_FREQ.push_back(static_cast<float>(form.w[i]));
-    seaway.modes.MODE_PHASE.push_back(static_cast<float>(form.p[i] * 180 / std::numbers::pi));
+    form.seaway.modes.MODE_AMP.push_back(static_cast<float>(sums.a[i]));
+    form.seaway.modes.MODE_FREQ.push_back(static_cast<float>(sums.w[i]));
+    form.seaway.modes.MODE_PHASE.push_back(static_cast<float>(sums.p[i] / kDegree));
   }
-  seaway.modes.WAVE_HEAD = 30;
-  const double X = std::cos(std::numbers::pi / 6), Y = 0.5;
-  IncidentWave wave;
-  ASSERT_TRUE(PrepareIncidentWave(seaway, wave));
-  float v[8] = {}, nine[9] = {};
-  const WaveOutputs out = {{v, 1},     {v + 1, 1}, {v + 2, 1}, {v + 3, 1}, {v + 4, 1},
-                           {v + 5, 1}, {v + 6, 1}, {v + 7, 1}, nine};
-  const Vector3 point = {x * X, x * Y, z};
-  ASSERT_EQ(EvalIncidentWave(wave, {t, 1.0}, {1, 0, false}, {&point, 1}, out), WaveFault::none);
-  const auto phi = [&](double dx, double dz, double dt = 0) { return form.Phi(x + dx, z + dz, t + dt); };
-  const double slope = (form.Eta(x + d, t) - form.Eta(x - d, t)) / (2 * d);
-  const double along = (phi(d, 0) - phi(-d, 0)) / (2 * d);
-  const double xx = (phi(d, 0) - 2 * phi(0, 0) + phi(-d, 0)) / (d * d);
-  const double zz = (phi(0, d) - 2 * phi(0, 0) + phi(0, -d)) / (d * d);
-  const double xz = (phi(d, d) - phi(-d, d) - phi(d, -d) + phi(-d, -d)) / (4 * d * d);
-  const double want[8] = {form.Eta(x, t),
-                          slope * X,
-                          slope * Y,
-                          phi(0, 0),
-                          (phi(0, 0, d) - phi(0, 0, -d)) / (2 * d),
-                          along * X,
-                          along * Y,
-                          (phi(0, d) - phi(0, -d)) / (2 * d)};
-  const double want_nine[9] = {xx * X * X, xx * X * Y, xz * X, xx * X * Y, xx * Y * Y, xz * Y, xz * X, xz * Y, zz};
-  for (int i = 0; i < 8; ++i) EXPECT_NEAR(v[i], want[i], 2e-8) << i;
-  for (int i = 0; i < 9; ++i) EXPECT_NEAR(nine[i], want_nine[i], 1e-7) << i;
+  form.seaway.modes.WAVE_HEAD = 30;
+  return form;
+}
+
+// All outputs by differences, the waves running at 30 degrees; then without decay and with the depth from the surface.
+TEST(Stokes, OutputsAreTheDerivativesOfEveryKind) {
+  const double s = 0.8, z = -0.1, t = 1.7, d = 1e-4, X = std::cos(30 * kDegree), Y = 0.5;
+  for (const WaveForm& form :
+       {LinearForm(0), LinearForm(0.4), StokesForm(1), StokesForm(3), StokesForm(5), SecondOrderForm()}) {
+    const std::string what = fmt::format("{} {} {}", form.what, form.seaway.WSPEC, form.seaway.WDEPTH);
+    IncidentWave wave;
+    ASSERT_TRUE(PrepareIncidentWave(form.seaway, wave));
+    float v[8] = {}, nine[9] = {};
+    const WaveOutputs out = {{v, 1},     {v + 1, 1}, {v + 2, 1}, {v + 3, 1}, {v + 4, 1},
+                             {v + 5, 1}, {v + 6, 1}, {v + 7, 1}, nine};
+    const Vector3 point = {s * X, s * Y, z};
+    ASSERT_EQ(EvalIncidentWave(wave, {t, 1.0}, {1, 0, false}, {&point, 1}, out), WaveFault::none);
+    const auto phi = [&](double ds, double dz, double dt = 0) { return form.phi(s + ds, z + dz, t + dt); };
+    const double slope = (form.eta(s + d, t) - form.eta(s - d, t)) / (2 * d);
+    const double along = (phi(d, 0) - phi(-d, 0)) / (2 * d);
+    const double ss = (phi(d, 0) - 2 * phi(0, 0) + phi(-d, 0)) / (d * d);
+    const double zz = (phi(0, d) - 2 * phi(0, 0) + phi(0, -d)) / (d * d);
+    const double sz = (phi(d, d) - phi(-d, d) - phi(d, -d) + phi(-d, -d)) / (4 * d * d);
+    const double want[] = {form.eta(s, t),
+                           slope * X,
+                           slope * Y,
+                           phi(0, 0),
+                           (phi(0, 0, d) - phi(0, 0, -d)) / (2 * d),
+                           along * X,
+                           along * Y,
+                           (phi(0, d) - phi(0, -d)) / (2 * d)};
+    const double want_nine[] = {ss * X * X, ss * X * Y, sz * X, ss * X * Y, ss * Y * Y, sz * Y, sz * X, sz * Y, zz};
+    for (int i = 0; i < 8; ++i) EXPECT_NEAR(v[i], want[i], 4e-8) << what << ' ' << i;
+    for (int i = 0; i < 9; ++i) EXPECT_NEAR(nine[i], want_nine[i], 2e-7) << what << ' ' << i;
+    ASSERT_EQ(EvalIncidentWave(wave, {t, 1.0}, {0, 0, false}, {&point, 1}, out), WaveFault::none);
+    EXPECT_NEAR(v[3], form.phi(s, wave.depth > 0 ? z : 0, t), 4e-8) << what;
+    ASSERT_EQ(EvalIncidentWave(wave, {t, 1.0}, {-1, 1, false}, {&point, 1}, out), WaveFault::none);
+    const double eta = want[0], h = wave.depth, below = h > 0 ? z - (h + z) * eta / (eta + h) : z - eta;
+    EXPECT_NEAR(v[3], form.phi(s, std::min(0.0, below), t), 4e-8) << what;
+  }
 }
 
 TEST(Stokes, SecondOrderSeawaySatisfiesTheFreeSurface) {
