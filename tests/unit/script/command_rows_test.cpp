@@ -1,11 +1,8 @@
 // The columns of the commands that the reference shows, against what the handlers take.
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include <gtest/gtest.h>
 
-#include "project_places.h"
 #include "script/argument_forms.h"
 #include "script/command_table.h"
 #include "unit/script/script_run.h"
@@ -26,10 +23,7 @@ std::string ExampleOf(const std::string& name) {
 
 // What is said of a command of a run with an ensemble of one and all it may need; the last line is a STOP.
 std::string SaidOf(const std::string& line) {
-  static const std::string run_file = [] {
-    std::ifstream in(ProjectFile("samples/irregular_head.out"), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-  }();
+  static const std::string run_file = SampleBytes("irregular_head.out");
   ScriptRun run("READ run.out\n" + line + "\nSTOP\n", false);
   run.fake.Put("run.out", run_file);
   run.fake.Put("m.mot", "quay\n0\n0 1 2 3 0 0 0\n1 1 2 3 0 0 0\n");

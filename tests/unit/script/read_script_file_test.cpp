@@ -175,14 +175,6 @@ TEST(Script, NamesAndPasses) {
   EXPECT_EQ(fake.OpenHandles(), 0U);
 }
 
-TEST(Script, BinaryScriptEnds) {
-  std::string bytes;
-  for (int i = 0; i < 20'000; ++i) bytes += static_cast<char>((i * 7919) >> 3);
-  ScriptRun run(bytes);
-  run.Run();
-  EXPECT_NE(run.status, kScriptOk);
-}
-
 TEST(Script, Interactive) {
   FakePlatform fake;
   fake.Put("s", "");
@@ -195,30 +187,6 @@ TEST(Script, Interactive) {
   EXPECT_NE(fake.output.find("Script file open aborted ...\n"), std::string::npos);
   fake.input = {"none"};
   EXPECT_EQ(OpenScriptFile(session, ""), kScriptNotRun);  // nobody presses RETURN
-}
-
-// A plot ends the interpreter; the script goes on behind it when it is opened again.
-TEST(Script, SuspendedAtAPlot) {
-  const Command plots[] = {{{"PLOT"}, kNone, [](ScriptCall& call) {
-                              call.session.run.plot_suboption = 1;
-                              return kScriptOk;
-                            }}};
-  const CommandFamily families[] = {plots};
-  FakePlatform fake;
-  Session session;
-  session.platform = fake.Get();
-  ScriptState& script = session.script;
-  script.name = "s";
-  script.files = {"s"};
-  script.final_text = {{"PLOT", {0, 1}}, {"COMMA", {0, 2}}};
-  script.open = true;
-  EXPECT_EQ(ReadScriptFile(session, families), kScriptOk);
-  EXPECT_EQ(script.next_line, 1U);
-  EXPECT_EQ(OpenScriptFile(session, "s"), kScriptOk);
-  EXPECT_EQ(session.run.plot_suboption, 0);
-  EXPECT_EQ(session.output.writing.separator, Separator::comma);
-  EXPECT_FALSE(script.open);
-  EXPECT_NE(fake.output.find("Successfully parsed ZAVIEW script file : s\n"), std::string::npos);
 }
 
 TEST(Script, WordsOfCommandsAreUnique) {

@@ -1,18 +1,26 @@
 // A script on a small case in memory, and what it says.
 #pragma once
 
+#include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "case/output_scales.h"
 #include "fake_platform.h"
+#include "project_places.h"
 #include "script/open_script_file.h"
 
 namespace zaview {
 
 inline void FillHistory(StepHistory& history, std::size_t components, std::size_t steps) {
   history.component.assign(components, std::vector<float>(steps, 1.0F));
+}
+
+inline std::string SampleBytes(const std::string& name) {
+  std::ifstream in(ProjectFile("samples/") + name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 // 100 steps, no cuts.

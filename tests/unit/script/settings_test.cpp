@@ -1,12 +1,9 @@
 // Every command that reads files or changes a setting, by each of its words: what it sets, what it says, and that a
 // refused line leaves the session as it was.
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "project_places.h"
 #include "script/command_table.h"
 #include "unit/script/script_run.h"
 
@@ -135,11 +132,6 @@ struct Setting {
   Texts before = {""};  // lines ahead of it; with one of them at least, each good line changes something
   bool needs_case = false;
 };
-
-std::string SampleBytes(const char* name) {
-  std::ifstream in(ProjectFile("samples/") + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
 
 struct SettingRun : ScriptRun {
   SettingRun(const std::string& text, bool with_case) : ScriptRun(text, with_case) {
