@@ -14,7 +14,7 @@
 #include "script/selectors.h"
 #include "stats/statistic_table.h"
 #include "views/data_plot/data_plot.h"
-#include "views/data_plot/data_plot_keys.h"
+#include "views/frame/session_keys.h"
 
 namespace zaview {
 
@@ -200,24 +200,14 @@ ReferenceTopic MenuTopic() {
   return {"menu", "the options of the main menu", {part}};
 }
 
-namespace {
-
-// The rows of the data plot, whether or not they are asked for with a session.
-template <typename S, typename... None>
-auto KeyRows(const S& session, None... none) {
-  if constexpr (requires { DataPlotKeys(session); }) return DataPlotKeys(session).rows;
-  else return DataPlotKeys(none...);
-}
-
-}  // namespace
-
 ReferenceTopic KeyTopic() {
   ReferencePart part{
       "",
       {"In the window of a data plot; h shows those that act on the plot at hand. ^ is the Ctrl key. Two left "
        "clicks zoom into their rectangle, one outside the axes goes back, a right click measures."},
       {}};
-  for (const auto& key : KeyRows(Session{})) {
+  for (const KeyInHelp& in_help : KeysInOrder(DataPlotKeys(Session{}))) {
+    const ViewKey& key = *in_help.row;
     constexpr std::size_t kText = 8;  // column of a help line
     if (key.help[0].size() <= kText) continue;
     std::string text(Trim(key.help[0].substr(kText)));

@@ -14,6 +14,8 @@
 #include "script/script_state.h"
 #include "stats/statistics_state.h"
 #include "views/state/data_plot_state.h"
+#include "views/state/geometry_view_state.h"
+#include "views/state/menu_state.h"
 #include "views/state/motion_view_state.h"
 #include "views/state/plot_session_state.h"
 
@@ -32,6 +34,8 @@ struct Session {
   PlotSessionState plot_session;
   DataPlotState data_plot;
   MotionViewState motion_view;
+  GeometryViewState geometry_view;
+  MenuState menus;
   SensorSettings sensor;
   ScriptState script;
   // Continues the script or shows the text menu until a view or the end is wanted (run_loop.h); the views call it.

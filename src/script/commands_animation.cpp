@@ -103,10 +103,11 @@ int SetSea(OptionCall& option) {
 int SetSync(OptionCall& option) {
   float factor = 0;
   if (const int status = ReadNumber(option, kSyncFactor, factor); status != kScriptOk) return status;
-  option.view.run_sync = factor != 0;
+  PlotSessionState& run = option.call.session.plot_session;
+  run.run_sync = factor != 0;
   if (factor == 0) return kScriptOk;
-  option.view.sync_real_time = factor > 0;
-  option.view.run_sync_factor = std::fabs(factor);
+  run.sync_real_time = factor > 0;
+  run.run_sync_factor = std::fabs(factor);
   return kScriptOk;
 }
 
@@ -179,9 +180,9 @@ int ReadGraph(ScriptCall& call, int least, int& graph) {
   std::vector<float> values;
   const bool read = ParseRealList(call.words, 1, values);
   graph = read ? RoundToInt(static_cast<double>(values[0])) : least - 1;
-  if (graph >= least && graph <= kGraphs) return kScriptOk;
+  if (graph >= least && graph <= kScriptedGraphs) return kScriptOk;
   return Fail(call, kScriptFailed, "ERROR - Invalid graph index for {} value must be {}-{}", call.command, least,
-              kGraphs);
+              kScriptedGraphs);
 }
 
 int RunAnimateGraph(ScriptCall& call) {
@@ -242,7 +243,7 @@ int RunAnimateGraphOption(ScriptCall& call) {
   if (const int status = ReadGraph(call, 0, index); status != kScriptOk) return status;
   const std::string key = NextScriptWord(call.words, kKeyword);
   const std::string word = NextScriptWord(call.words, kKeyword);
-  for (int i = 1; i <= kGraphs; ++i) {
+  for (int i = 1; i <= kScriptedGraphs; ++i) {
     if (index != 0 && index != i) continue;
     MotionGraph& graph = call.session.motion_view.graphs[static_cast<std::size_t>(i - 1)];
     if (const int status = SetGraphOption(call, key, word, graph); status != kScriptOk) return status;

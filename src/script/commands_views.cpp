@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/message.h"
+#include "base/number_format.h"
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "gks/kernel/gks_control.h"
@@ -17,6 +19,8 @@ namespace {
 inline constexpr std::string_view kIllegal = "ERROR - illegal arguments for {} command";
 inline constexpr std::string_view kMissing = "ERROR - missing or insufficient arguments for {} command";
 
+constexpr std::string_view kBeyondPage = "WARNING - {} {} by {} is larger than the page has room for: drawn as {} by {}";
+
 struct Pair {
   float first = 0, second = 0;
 };
@@ -30,19 +34,25 @@ int ReadPair(ScriptCall& call, std::string_view name, Pair& pair) {
   return kScriptOk;
 }
 
+// A size beyond the page is kept as it was given, and drawn as large as there is room.
+void TakeSize(ScriptCall& call, const Pair& size, std::string_view name, AxesLength& length) {
+  length = {size.first, size.second};
+  if (length.x <= kLargestArea.x && length.y <= kLargestArea.y) return;
+  Say(call.console(), kBeyondPage, name, Shown{length.x}, Shown{length.y}, Shown{std::min(length.x, kLargestArea.x)},
+      Shown{std::min(length.y, kLargestArea.y)});
+}
+
 int RunPlotSize(ScriptCall& call) {
   Pair size;
   const int status = ReadPair(call, "PLOT_SIZE", size);
-  DataPlotState& plot = call.session.data_plot;
-  if (status == kScriptOk) plot.axis_x_length = size.first, plot.axis_y_length = size.second;
+  if (status == kScriptOk) TakeSize(call, size, "PLOT_SIZE", call.session.data_plot.axis_length);
   return status;
 }
 
 int RunHistogramSize(ScriptCall& call) {
   Pair size;
   const int status = ReadPair(call, call.command, size);
-  DataPlotState& plot = call.session.data_plot;
-  if (status == kScriptOk) plot.histogram_x_length = size.first, plot.histogram_y_length = size.second;
+  if (status == kScriptOk) TakeSize(call, size, call.command, call.session.data_plot.histogram_length);
   return status;
 }
 
@@ -104,7 +114,39 @@ int RunSensor(ScriptCall& call) {
   return kScriptOk;
 }
 
+constexpr WordValue kLegendWords[] = {
+    {"OFF", 0}, {"NONE", 0}, {"NO", 0}, {"ON", 1}, {"NAMES", 1}, {"YES", 1}, {"AUTO", 2}, {"VALUES", 3},
+};
+
+int RunLegend(ScriptCall& call) {
+  constexpr int kOff = 0, kAuto = 2, kValues = 3;
+  int use = 0;
+  if (const int status = ReadWord(call, kLegendWords, use); status != kScriptOk) return status;
+  DataPlotState& plot = call.session.data_plot;
+  plot.legend = use == kOff ? LegendUse::off : use == kAuto ? LegendUse::automatic : LegendUse::on;
+  plot.values_in_legend = use == kValues;
+  return kScriptOk;
+}
+
 constexpr Command kViews[] = {
+    {{"PLOT_NUMBERS", "NUMBER_CURVES"},
+     kNone,
+     RunFlag<&DataPlotState::numbers_on>,
+     "ON|OFF",
+     "Numbers at the ends of the curves",
+     "OFF"},
+    {{"PLOT_LEGEND"},
+     kNone,
+     RunLegend,
+     "OFF|NONE|NO|ON|NAMES|YES|AUTO|VALUES",
+     "Names of the curves below the plot, with their values if wanted; AUTO: where there are several",
+     "AUTO"},
+    {{"PLOT_COLOR", "PLOT_COLORS", "PLOT_COLOUR", "PLOT_COLOURS"},
+     kNone,
+     RunFlag<&DataPlotState::colour_on>,
+     "ON|OFF",
+     "Curves in colours; else in dashes",
+     "ON"},
     {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"},
      kNone,
      RunPlotStats,

@@ -23,6 +23,7 @@ struct HistogramRequest {
   int nbuckets = kBuckets;
   Overlay overlay = Overlay::none;
   float lower = 0, upper = 0;  // bucket range; upper <= lower: from the data
+  bool operator==(const HistogramRequest&) const = default;
 };
 
 struct Histogram {

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "frame/session.h"
+#include "views/state/plot_source.h"
+#include "views/state/view_key.h"
 
 namespace zaview {
 
@@ -12,15 +13,12 @@ void zaviewinit(Session& session);     // entry; the message unless a script run
 void zaviewsetaxes(Session& session);  // makes data and limits that are out of date; may leave the view (plot_module 0)
 void zaviewrender(Session& session);   // draws from the state alone
 void zaviewmouse(Session& session, int button, float x, float y);  // world of the graph
-void zaviewkeyboard(Session& session, int key);
-void zaviewhelp(const Session& session, std::vector<std::string>& lines);  // of the keys that act on this kind of plot
+void BeforeDataPlotKey(Session& session);                          // any key ends what the mouse began
+[[nodiscard]] ViewKeys DataPlotKeys(const Session& session);
 
-// Everything the plots are made of is out of date: on entry, and after a change of case, quantity or settings.
-void MarkAllStale(DataPlotState& plot);
-
-// Changes by step through the quantities that the case has and this kind of plot can show; limits are fitted anew
-// unless they are kept. direction: 1 or -1.
-void ChangeQuantity(Session& session, int direction, bool keep_limits);
+// The same as zaviewsetaxes; false: the data can't be made, which has been said.
+[[nodiscard]] bool UpdatePlot(const PlotSource& source, DataPlotState& plot);
+[[nodiscard]] PlotDraw DrawOf(Session& session);
 
 // The data of the plot to a file: "Time history data written to file", or why not.
 void WritePlotData(Session& session, const std::string& name);

@@ -5,31 +5,37 @@
 #include <cmath>
 
 #include "base/message.h"
-#include "case/quantity_catalogue.h"
-#include "gks/picture/window_dump.h"
 #include "gks/window/gks_window.h"
 #include "views/data_plot/data_plot.h"
-#include "views/data_plot/plot_type.h"
-#include "views/data_plot/screen_dialogue.h"
+#include "views/data_plot/plot_questions.h"
+#include "views/state/axes_limits.h"
+#include "views/state/plot_kinds.h"
+#include "views/state/plot_selection.h"
+#include "views/state/step_run.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr std::string_view kNoMenu = "{} : this menu is not available yet";
 constexpr std::string_view kOtherKind = "Use Options Menu (alt-o) to select plot type";
 constexpr std::string_view kNoSmoothing = "Data smoothing: OFF";
 constexpr std::string_view kLocalFits = "Data smoothing: Local least-squares fits";
 constexpr std::string_view kCubicFit =
     "Data smoothing: Cubic polynomial fit to specified window (currently {} time steps)";
-constexpr int kNumberedPng = -1;
-constexpr int kSpace = ' ', kEscape = 27;
+constexpr int kEscape = 27;
 
-constexpr PlotKinds kHistory = In(PlotKind::history), kTrajectory = In(PlotKind::trajectory),
-                    kLoadDist = In(PlotKind::load_dist), kHistogram = In(PlotKind::histogram),
-                    kInterval = In(PlotKind::interval);
-constexpr PlotKinds kOneCurve = kHistogram | kInterval | In(PlotKind::autocovariance) | In(PlotKind::autocorrelation);
-constexpr PlotKinds kOfComponents = kHistory | kLoadDist | kOneCurve;
+constexpr KeyScope In(PlotKind kind) {
+  return 1U << static_cast<unsigned>(kind);
+}
+constexpr KeyScope kHistory = In(PlotKind::history), kTrajectory = In(PlotKind::trajectory),
+                   kLoadDist = In(PlotKind::load_dist), kHistogram = In(PlotKind::histogram),
+                   kInterval = In(PlotKind::interval);
+constexpr KeyScope kCorrelation = In(PlotKind::autocovariance) | In(PlotKind::autocorrelation);
+constexpr KeyScope kOneCurve = kHistogram | kInterval | kCorrelation;
+constexpr KeyScope kOfComponents = kHistory | kLoadDist | kOneCurve;
+constexpr KeyScope kNumbered = kHistory | kTrajectory | kCorrelation;  // by DrawCurves
+constexpr KeyScope kMarked = kNumbered | kLoadDist;
+constexpr KeyScope kSized = kMarked | kInterval;
 
 // Sizes stay where something can be seen of them.
 constexpr float kTextFactor = 1.1F, kLeastText = 0.02F, kMostText = 1.0F;
@@ -47,99 +53,44 @@ bool Toggle(Session& s) {
   return true;
 }
 
-template <typename Enum>
-void Next(Enum& value, int count) {
-  value = static_cast<Enum>((static_cast<int>(value) + 1) % count);
+template <auto verb>
+bool OnAxes(Session& s) {
+  return verb(s.data_plot.axes);
 }
 
 // ---- What is shown
-void FitUnlessKept(DataPlotState& plot) {
-  if (plot.keep_scale) return;
-  plot.rescale = true;
-  plot.limits_changed = false;
-}
-
-bool TakeComponent(Session& s, int component) {
-  DataPlotState& plot = s.data_plot;
-  if (plot.plot_component == component) return false;
-  plot.plot_component = component;
-  plot.redo_hist = plot.redo_cov = plot.redo_conf = true;
-  if (plot.kind != PlotKind::load_dist) FitUnlessKept(plot);
-  return true;
-}
-
-bool NextComponent(Session& s) {
-  const DataPlotState& plot = s.data_plot;
-  const int count = CurveCount(s.case_store, plot.quantity.iqnt);
-  const bool shows_all = PlotTypeOf(plot.kind).shows_all;
-  if (count < 1 || (count == 1 && shows_all)) return TakeComponent(s, shows_all ? 0 : 1);
-  const int next = (std::max(plot.plot_component, 0) + 1) % (count + 1);
-  return TakeComponent(s, next == 0 && !shows_all ? 1 : next);
+bool OtherComponent(Session& s) {
+  return NextComponent(s.data_plot, s.case_store);
 }
 
 template <int component>
 bool Component(Session& s) {
-  return component <= CurveCount(s.case_store, s.data_plot.quantity.iqnt) && TakeComponent(s, component);
+  return TakeComponent(s.data_plot, s.case_store, component);
 }
 
-// Of the one that is selected: is it left out where all are shown?
-bool ToggleDrawing(Session& s) {
-  DataPlotState& plot = s.data_plot;
-  if (plot.plot_component < 1 || plot.plot_component > CurveCount(s.case_store, plot.quantity.iqnt)) return false;
-  const auto i = static_cast<std::size_t>(plot.plot_component - 1);
-  if (plot.hidden.size() <= i) plot.hidden.resize(i + 1, 0);
-  plot.hidden[i] = plot.hidden[i] == 0 ? 1 : 0;
-  return true;
+bool ToggleThis(Session& s) {
+  return ToggleDrawing(s.data_plot, s.case_store);
 }
 
-template <int direction>
+template <int direction, bool carry>
 bool OtherQuantity(Session& s) {
-  ChangeQuantity(s, direction, s.data_plot.keep_scale);
-  return s.run.redraw;
-}
-
-// The limits in use are then those of another quantity: a click outside fits them.
-template <int direction>
-bool OtherQuantityInScale(Session& s) {
-  const int before = s.data_plot.quantity.iqnt;
-  ChangeQuantity(s, direction, true);
-  if (s.data_plot.quantity.iqnt != before) s.data_plot.limits_changed = true;
-  return s.run.redraw;
+  return ChangeQuantity(s.platform.console, s.case_store, s.data_plot, direction, carry);
 }
 
 template <int direction>
 bool OtherStatistic(Session& s) {
-  constexpr int kStatistics = 4;
-  DataPlotState& plot = s.data_plot;
-  plot.statistic = (plot.statistic - 1 + direction + kStatistics) % kStatistics + 1;
-  plot.redo_conf = true;
-  FitUnlessKept(plot);
-  return true;
+  return ChangeStatistic(s.data_plot, direction);
 }
 
-bool SwitchHistogram(Session& s) {
-  DataPlotState& plot = s.data_plot;
-  const bool back = plot.kind == PlotKind::histogram;
-  if (!s.case_store.time_history() || (!back && plot.kind != PlotKind::history)) {
-    SayLine(s.platform.console, kOtherKind);
-    return false;
-  }
-  plot.kind = back ? PlotKind::history : PlotKind::histogram;
-  plot.of_ensemble = !back && s.ensemble.nrec > 1;
-  MarkAllStale(plot);
-  return FitAll(s);
+bool OtherKind(Session& s) {
+  if (SwitchHistogram(s.data_plot, s.case_store, s.ensemble)) return true;
+  SayLine(s.platform.console, kOtherKind);
+  return false;
 }
 
-bool NextHistogramData(Session& s) {
-  Next(s.statistics.histogram.data, 3);
-  s.data_plot.redo_hist = true;
-  return true;
-}
-
-bool NextOverlay(Session& s) {
-  Next(s.statistics.histogram.overlay, 6);
-  s.data_plot.redo_hist = true;
-  return true;
+template <auto verb>
+bool OfHistogram(Session& s) {
+  return verb(s.statistics.histogram);
 }
 
 // The Fourier series is passed over: it is for scripts.
@@ -150,8 +101,6 @@ bool NextSmoothing(Session& s) {
   const Console& console = s.platform.console;
   if (option == kCubic) Say(console, kCubicFit, s.output.smoothing.window);
   else SayLine(console, option == kOff ? kNoSmoothing : kLocalFits);
-  MarkAllStale(s.data_plot);
-  s.data_plot.settings = s.output;
   return true;
 }
 
@@ -184,37 +133,12 @@ bool NextThickness(Session& s) {
   return true;
 }
 
-bool RequestReverse(Session& s) {
-  constexpr int kReversed = 1;
-  s.run.plot_colours = kReversed;
+// A bitmap font can't stand upright: options that differ in this alone are passed over.
+bool NextAxisOption(Session& s) {
+  constexpr int kOptions = 4;
+  int& option = s.data_plot.axis_option;
+  option = (option + (s.gks.window.bitmap_font ? 2 : 1)) % kOptions;
   return true;
-}
-
-// ---- Trajectory
-bool ToggleAspect(Session& s) {
-  DataPlotState& plot = s.data_plot;
-  plot.keep_aspect = !plot.keep_aspect;
-  if (!plot.limits_changed) plot.rescale = true;
-  return true;
-}
-
-// ---- Menus, help, the end
-bool AskCurveMenu(Session& s) {
-  if (CurveCount(s.case_store, s.data_plot.quantity.iqnt) > 1) SayNoMenu(s, kCurveMenu);
-  return false;
-}
-
-bool SayHelp(Session& s) {
-  std::vector<std::string> lines;
-  zaviewhelp(s, lines);
-  for (const std::string& line : lines) SayLine(s.platform.console, line);
-  return false;
-}
-
-bool Leave(Session& s) {
-  StopRun(s);
-  s.run.plot_module = 0;
-  return false;
 }
 
 // ---- Rows that change one field
@@ -230,73 +154,57 @@ bool ScaleMarks(Session& s) {
   return Scale(s.data_plot.mark_size, way == Way::larger ? kMarkFactor : 1.0F / kMarkFactor, kLeastMark, kMostMark);
 }
 
+// Back to just 1 when it has gone as far up as down.
 template <Way way>
 bool ScaleShip(Session& s) {
-  return Scale(s.data_plot.geometry_scale, way == Way::larger ? kRoot2 : 1.0F / kRoot2, kLeastShip, kMostShip);
+  constexpr float kNearOne = 1.0e-4F;
+  float& scale = s.data_plot.geometry_scale;
+  Scale(scale, way == Way::larger ? kRoot2 : 1.0F / kRoot2, kLeastShip, kMostShip);
+  if (std::abs(scale - 1.0F) < kNearOne) scale = 1.0F;
+  return true;
+}
+
+// From the hulls that are drawn where no number was set.
+int HullSpacing(const DataPlotState& plot) {
+  const std::vector<HullPlace>& hulls = plot.derived.hulls;
+  if (plot.geometry_every > 0 || hulls.size() < 2) return std::max(plot.geometry_every, 1);
+  return std::max(1, (hulls.back().step - hulls.front().step) / static_cast<int>(hulls.size() - 1));
 }
 
 template <Way way>
 bool ScaleSpacing(Session& s) {
-  return ScaleHullSpacing(s, way == Way::larger ? kRoot2 : 1.0F / kRoot2);
+  constexpr float kFactor = way == Way::larger ? kRoot2 : 1.0F / kRoot2;
+  DataPlotState& plot = s.data_plot;
+  const int before = HullSpacing(plot), most = std::max(1, s.case_store.last_step - s.case_store.first_step);
+  const int n = static_cast<int>(std::min(static_cast<float>(before) * kFactor, static_cast<float>(most)));
+  // 1 and 2 would never grow when truncated.
+  plot.geometry_every = way == Way::larger ? std::min(std::max(n, before + 1), most) : std::max(n, 1);
+  plot.marked_steps.clear();
+  return true;
 }
 
 template <auto DataPlotState::*field, int count>
 bool Cycle(Session& s) {
-  Next(s.data_plot.*field, count);
+  NextOf(s.data_plot.*field, count);
   return true;
 }
 
-template <int option>
-bool AskCount(Session& s) {
-  AskStepCount(s, option);
-  return false;
-}
-
-// Panning, in ranges of the axis.
-template <bool (*pan)(Session&, float), int direction>
-bool Pan(Session& s) {
-  return pan(s, 0.5F * static_cast<float>(direction));
+// In ranges of the axis.
+template <int x, int y>
+bool PanView(Session& s) {
+  constexpr float kPart = 0.5F;
+  return Pan(s.data_plot.axes, kPart * static_cast<float>(x), kPart * static_cast<float>(y));
 }
 
 bool FasterOrColour(Session& s) {
-  return s.motion_view.run_sync ? ScaleSync(s, kRoot2) : Toggle<&DataPlotState::colour_on>(s);
+  return s.plot_session.run_sync ? ScaleSync(s, kRoot2) : Toggle<&DataPlotState::colour_on>(s);
 }
 
 bool Slower(Session& s) {
   return ScaleSync(s, 1.0F / kRoot2);
 }
 
-bool ToggleWave(Session& s) {
-  s.data_plot.redo_data = true;
-  return Toggle<&DataPlotState::wave_overlay>(s);
-}
-
-bool StepBack(Session& s) {
-  return GoToStep(s, s.case_store.current_step - 1);
-}
-
-bool StepOn(Session& s) {
-  return GoToStep(s, s.case_store.current_step + 1);
-}
-
-bool FirstStep(Session& s) {
-  return GoToStep(s, s.case_store.first_step);
-}
-
-bool LastStep(Session& s) {
-  return GoToStep(s, s.case_store.last_step);
-}
-
-bool Redraw(Session&) {
-  return true;
-}
-
 bool Nothing(Session&) {  // a key press alone clears what is measured
-  return false;
-}
-
-bool ShowHelp(Session& s) {
-  ShowPlotHelp(s);
   return false;
 }
 
@@ -310,78 +218,46 @@ bool AskFile(Session& s) {
   return false;
 }
 
-bool DumpWindow(Session& s) {
-  static_cast<void>(GKSDUMP(s.platform, s.gks, kNumberedPng));
-  return false;
-}
-
-template <int step>
-bool MenuFont(Session& s) {
-  constexpr int kMostSteps = 10;
-  int& steps = s.plot_session.menu_font_step;
-  steps = std::clamp(steps + step, -kMostSteps, kMostSteps);
-  return false;  // of the menu windows alone
-}
-
-bool AskOptionsMenu(Session& s) {
-  SayNoMenu(s, kOptionsMenu);
-  return false;
-}
-
-bool AskTimeStepMenu(Session& s) {
-  SayNoMenu(s, kTimeStepMenu);
-  return false;
-}
-
-bool Quit(Session& s) {
-  s.run.exit_requested = true;
-  return false;
-}
-
 // In the order of the help text. Deliberate: ^y is told as ^x is.
 // clang-format off
-constexpr PlotKey kKeys[] = {
-    {'a',             kAnyPlot,  Cycle<&DataPlotState::axis_option, 4>,
+constexpr ViewKey kKeys[] = {
+    {'a',             kAlways,  NextAxisOption,
      {" a      Toggle axis plot options"}},
-    {'b',             kAnyPlot,  ZoomOut,
+    {'b',             kAlways,  OnAxes<ZoomOut>,
      {" b      Backs view out (zooms out)"}},
-    {'c',             kAnyPlot,  Toggle<&DataPlotState::colour_on>,
+    {'c',             kAlways,  Toggle<&DataPlotState::colour_on>,
      {" c      Toggle color"}},
     {Ctrl('c'),       kLoadDist, FasterOrColour,
      {"^c/C    Increase/decrease time sync factor"}},
-    {Ctrl('c'),       kAnyPlot & ~kLoadDist, Toggle<&DataPlotState::colour_on>},
+    {Ctrl('c'),       kAlways & ~kLoadDist, Toggle<&DataPlotState::colour_on>},
     {'C',             kLoadDist, Slower},
     {'C',             kHistogram, Cycle<&DataPlotState::hist_rendering, 3>,
      {" C      Change drawing of histogram (outline, fill, fill+outline)"}},
-    {'d',             kHistory | kLoadDist, ToggleDrawing,
+    {'d',             kHistory | kLoadDist, ToggleThis,
      {" d      Toggle drawing of selected component"}},
-    {'e',             kAnyPlot,  ScaleText<&DataPlotState::annot_size, Way::larger>,
+    {'e',             kAlways,  ScaleText<&DataPlotState::annot_size, Way::larger>,
      {" e/E    Increase/decrease size of annotation text"}},
-    {'E',             kAnyPlot,  ScaleText<&DataPlotState::annot_size, Way::smaller>},
-    {Ctrl('e'),       kAnyPlot,  ScaleText<&DataPlotState::text_size, Way::smaller>,
+    {'E',             kAlways,  ScaleText<&DataPlotState::annot_size, Way::smaller>},
+    {Ctrl('e'),       kAlways,  ScaleText<&DataPlotState::text_size, Way::smaller>,
      {"^e/^E   Decrease/increase size of titles and axis labels"}},
-    {CtrlShift('e'),  kAnyPlot,  ScaleText<&DataPlotState::text_size, Way::larger>},
-    {'f',             kAnyPlot,  FitAll,
+    {CtrlShift('e'),  kAlways,  ScaleText<&DataPlotState::text_size, Way::larger>},
+    {'f',             kAlways,  OnAxes<ForgetLimits>,
      {" f      Change axis limits to fit currently plotted data"}},
-    {Ctrl('f'),       kAnyPlot,  NextSmoothing,
+    {Ctrl('f'),       kAlways,  NextSmoothing,
      {"^f      Change filter (smoothing) option for time-domaind data"}},
-    {'F',             kAnyPlot,  FitRaw,
+    {'F',             kAlways,  FitRaw,
      {" F      Change axis limits to fit currently plotted data without rounding"}},
-    {'g',             kAnyPlot,  Toggle<&DataPlotState::grid_on>,
+    {'g',             kAlways,  Toggle<&DataPlotState::grid_on>,
      {" g      Toggle grid lines"}},
-    {Ctrl('g'),       kTrajectory, ToggleAspect,
+    {Ctrl('g'),       kTrajectory, Toggle<&DataPlotState::keep_aspect>,
      {"^g      Toggle preservation of geometry scale"}},
     {'G',             kTrajectory, Toggle<&DataPlotState::show_ship>,
      {" G      Toggle plot of hull waterline"}},
-    {'h',             kAnyPlot,  ShowHelp,
-     {" h      Help - prints a list of interactive commands (graphics window)"}},
-    {'H',             kAnyPlot,  SayHelp,
-     {" H      Help - prints a list of interactive commands (text window)"}},
-    {Ctrl('h'),       kAnyPlot,  SwitchHistogram,
+    {Ctrl('h'),       kAlways,  OtherKind,
      {"^h      Switch between data curves and histogram"}},
-    {CtrlShift('h'),  kHistogram, NextHistogramData,
+    {CtrlShift('h'),  kHistogram, OfHistogram<NextHistogramData>,
      {"^H      Change data of histogram (signed, absolute, positive values)"}},
-    {'i',             kHistory,  ToggleWave,
+    {'i',             kHistory,  Toggle<&DataPlotState::wave_overlay>,
      {" i      Toggle overlay of incident wave"}},
     {'I',             kHistory,  Toggle<&DataPlotState::wave_own_scale>,
      {" I      Toggle scale of incident wave (its own or that of the plot)"}},
@@ -390,74 +266,56 @@ constexpr PlotKey kKeys[] = {
     {'j',             kTrajectory, ScaleSpacing<Way::smaller>,
      {" j/J    Decrease/increase # of time steps between hull waterlines"}},
     {'J',             kTrajectory, ScaleSpacing<Way::larger>},
-    {'k',             kAnyPlot,  KeepLimits,
+    {'k',             kAlways,  OnAxes<KeepLimits>,
      {" k      Keep current (zoomed/panned) axis limits"}},
     {'l',             kTrajectory, ScaleShip<Way::smaller>,
      {" l/L    Decrease/increase size of hull waterlines"}},
     {'L',             kTrajectory, ScaleShip<Way::larger>},
-    {'m',             kAnyPlot,  ToggleMarks,
+    {'m',             kMarked,  ToggleMarks,
      {" m      Toggle marking of points (lines with points, points)"}},
-    {CtrlShift('m'),  kAnyPlot,  NoMarks,
+    {CtrlShift('m'),  kMarked,  NoMarks,
      {"^M      Turn marking of points off"}},
-    {'M',             kAnyPlot,  NextMarkBase,
+    {'M',             kMarked,  NextMarkBase,
      {" M      Change marking of points to every 1, 10, 100 or 1000"}},
-    {'n',             kAnyPlot,  Toggle<&DataPlotState::numbers_on>,
+    {'n',             kNumbered,  Toggle<&DataPlotState::numbers_on>,
      {" n      Toggle numbering of curves"}},
     {'N',             kTrajectory, Toggle<&DataPlotState::time_labels_on>,
      {" N      Toggle time labels"}},
-    {'p',             kAnyPlot,  ScaleMarks<Way::smaller>,
+    {'p',             kSized,  ScaleMarks<Way::smaller>,
      {" p/P    Decrease/increase size of points"}},
-    {'P',             kAnyPlot,  ScaleMarks<Way::larger>},
+    {'P',             kSized,  ScaleMarks<Way::larger>},
     {Ctrl('p'),       kHistory,  Cycle<&DataPlotState::show_stats, 5>,
      {"^p      Toggle overlay of 1/3 or 1/10 peak averages or st.dev values",
       "        when a single data curve is plotted"}},
-    {Ctrl('p'),       kHistogram, NextOverlay,
+    {Ctrl('p'),       kHistogram, OfHistogram<NextOverlay>,
      {"^p      Change overlay of theoretical distribution"}},
     {CtrlShift('p'),  kHistory,  Cycle<&DataPlotState::stats_at, 3>,
      {"^P      Toggle position of peak statitics overlay"}},
-    {'q',             kAnyPlot,  Leave,
-     {" q      Quit plot/return to text menu or continue script file"}},
-    {'Q',             kAnyPlot,  Quit,
-     {" Q      Quit - exit the program"}},
-    {'r',             kAnyPlot,  Redraw,
-     {" r      Redraw"}},
-    {'R',             kAnyPlot,  RoundLimits,
+    {'R',             kAlways,  RoundBoth,
      {" R      Round axis limits"}},
-    {Ctrl('r'),       kAnyPlot,  RequestReverse,
-     {"^r      Reverse background color"}},
-    {'s',             kOfComponents, NextComponent,
+    {'s',             kOfComponents, OtherComponent,
      {" s      Select component to plot (cycles through 1,2, ..., and all)"}},
-    {'S',             kOfComponents, OtherQuantity<1>,
+    {'S',             kOfComponents, OtherQuantity<1, false>,
      {" S      Select next quantity to plot"}},
-    {Ctrl('s'),       kAnyPlot,  AskCount<kSkipFirst>,
-     {"^s      Set # of initial time steps to skip in calulating statistics, etc."}},
-    {CtrlShift('s'),  kAnyPlot,  AskCount<kSkipLast>,
-     {"^S      Set # of terminal time steps to skip in calulating statistics, etc."}},
-    {'t',             kAnyPlot,  NextThickness,
+    {'t',             kAlways,  NextThickness,
      {" t      Change line thickness"}},
-    {'T',             kAnyPlot,  Cycle<&DataPlotState::plot_text_mode, 5>,
+    {'T',             kAlways,  Cycle<&DataPlotState::plot_text_mode, 5>,
      {" T      Change which titles and labels are plotted"}},
-    {Ctrl('t'),       kAnyPlot,  AskCount<kTrimFirst>,
-     {"^t      Set # of initial time steps to trim from all output"}},
-    {CtrlShift('t'),  kAnyPlot,  AskCount<kTrimLast>,
-     {"^T      Set # of terminal time steps to trim from all output"}},
-    {'v',             kAnyPlot,  Toggle<&DataPlotState::values_in_legend>,
+    {'v',             kHistory,  Toggle<&DataPlotState::values_in_legend>,
      {" v      Toggle value labels"}},
-    {'w',             kAnyPlot,  AskFile,
+    {'w',             kAlways,  AskFile,
      {" w      Write data of plot to file"}},
-    {'W',             kAnyPlot,  DumpWindow,
-     {" W      Window dump - save window contents to file"}},
-    {'x',             kAnyPlot,  FitX,
+    {'x',             kAlways,  FitX,
      {" x      Fit horizontal axis to data"}},
     {'X',             kHistory,  SwitchStepAxis,
      {" X      Switch horizontal axis between time and time step"}},
-    {Ctrl('x'),       kAnyPlot,  WidenXStep,
+    {Ctrl('x'),       kAlways,  OnAxes<WidenXStep>,
      {"^x      Increase horizontal axis increment"}},
-    {'y',             kAnyPlot,  FitShownY,
+    {'y',             kAlways,  FitShownY,
      {" y      Fit vertical axis to plotted time steps"}},
-    {'Y',             kAnyPlot,  FitAllY,
+    {'Y',             kAlways,  FitAllY,
      {" Y      Fit vertical axis to all time steps"}},
-    {Ctrl('y'),       kAnyPlot,  WidenYStep,
+    {Ctrl('y'),       kAlways,  OnAxes<WidenYStep>,
      {"^y      increase horizontal axis increment"}},
     {'1',             kOfComponents, Component<1>,
      {" 1-9    Plot specified component"}},
@@ -472,79 +330,48 @@ constexpr PlotKey kKeys[] = {
     {'0',             kHistory | kLoadDist, Component<0>,
      {" 0      Plot all components"}},
     {'0',             kOneCurve, Component<1>},
-    {kSpace,          kLoadDist, ToggleRun,
-     {"Space bar - Start/stop run mode (plotting time steps in sequence)"}},
-    {Alt(kSpace),     kLoadDist, AskTimeStepMenu,
-     {"Alt+Space bar - Invoke run mode menu"}},
-    {Alt('o'),        kAnyPlot,  AskOptionsMenu,
-     {"Alt+o bar - Invoke plot options menu"}},
-    {Alt('s'),        kAnyPlot,  AskCurveMenu,
-     {"Alt+s bar - Invoke curve selection menu"}},
-    {Alt('+'),        kAnyPlot,  MenuFont<1>},
-    {Alt('='),        kAnyPlot,  MenuFont<1>},
-    {Alt('-'),        kAnyPlot,  MenuFont<-1>},
-    {kKeyPageUp,      kLoadDist, StepBack,
-     {"Pg up/dn  - Plot previous/next time step",
-      "Shift+Pg up/dn  - Plot first/last time step"}},
-    {kKeyPageDown,    kLoadDist, StepOn},
-    {Shift(kKeyPageUp), kLoadDist, FirstStep},
-    {Shift(kKeyPageDown), kLoadDist, LastStep},
-    {kKeyLeft,        kAnyPlot,  Pan<PanX, -1>,
+    {kKeyLeft,        kAlways,  PanView<-1, 0>,
      {"Arrows  Pan left, right, up, down"}},
-    {kKeyRight,       kAnyPlot,  Pan<PanX, 1>},
-    {kKeyUp,          kAnyPlot,  Pan<PanY, 1>},
-    {kKeyDown,        kAnyPlot,  Pan<PanY, -1>},
-    {'[',             kOfComponents, OtherQuantity<-1>,
+    {kKeyRight,       kAlways,  PanView<1, 0>},
+    {kKeyUp,          kAlways,  PanView<0, 1>},
+    {kKeyDown,        kAlways,  PanView<0, -1>},
+    {'[',             kOfComponents, OtherQuantity<-1, false>,
      {"[/]     Plot previous/next quantity"}},
-    {']',             kOfComponents, OtherQuantity<1>},
+    {']',             kOfComponents, OtherQuantity<1, false>},
     {'{',             kInterval, OtherStatistic<-1>,
      {"{/}     Plot previous/next statistic (confidence interval plots)"}},
     {'}',             kInterval, OtherStatistic<1>},
-    {'{',             kOfComponents & ~kInterval, OtherQuantityInScale<-1>,
+    {'{',             kOfComponents & ~kInterval, OtherQuantity<-1, true>,
      {"{/}     Plot previous/next quantity without reseting plot scales"}},
-    {'}',             kOfComponents & ~kInterval, OtherQuantityInScale<1>},
-    {kEscape,         kAnyPlot,  Nothing,
+    {'}',             kOfComponents & ~kInterval, OtherQuantity<1, true>},
+    {kEscape,         kAlways,  Nothing,
      {"Esc     Clear measured value"}},
 };
 // clang-format on
 
-// ---- Which row
-bool HasRow(int code) {
-  return std::any_of(std::begin(kKeys), std::end(kKeys), [code](const PlotKey& key) { return key.code == code; });
-}
-
-int CodeOf(const Session& s, int key) {
-  constexpr int kLastControl = 26;
-  const GksModifiers held = gksMouseButtons(s.gks);
-  if (held.alt) return Alt(key);
-  const bool with_control = key <= kLastControl && held.control;
-  const bool shift_counts = held.shift && (with_control || key >= kKeyF1);
-  return shift_counts && HasRow(Shift(key)) ? Shift(key) : key;
-}
-
-const PlotKey* FindKey(int code, PlotKind kind) {
-  for (const PlotKey& key : kKeys)
-    if (key.code == code && (key.kinds & In(kind)) != 0) return &key;
-  return nullptr;
-}
+constexpr std::string_view kMouseHelp[] = {
+    "The plot is controlled by the mouse and keyboard...",
+    "Two LEFT mouse clicks in the picture zooms in to the rectangle defined.",
+    "   by the clicks.",
+    "A LEFT mouse click outside the picture returns to",
+    "   the original view.",
+    "A RIGHT mouse click in the picture measures the value of that",
+    "   point on the plot.",
+    " Key    Function",
+};
 
 }  // namespace
 
-std::span<const PlotKey> DataPlotKeys() {
-  return kKeys;
+ViewKeys DataPlotKeys(const Session& session) {
+  const PlotKind kind = session.data_plot.kind;
+  return {kKeys, In(kind), kMouseHelp, RowOf(kind).by_step};
 }
 
-void SayNoMenu(const Session& session, std::string_view menu) {
-  Say(session.platform.console, kNoMenu, menu);
-}
-
-void zaviewkeyboard(Session& session, int key) {
-  DataPlotState& plot = session.data_plot;
-  DropZoom(session);
-  if (plot.measure_on || plot.popup_open) session.run.redraw = true;
-  plot.measure_on = plot.popup_open = false;
-  const PlotKey* row = FindKey(CodeOf(session, key), plot.kind);
-  if (row != nullptr && row->act(session)) session.run.redraw = true;
+void BeforeDataPlotKey(Session& session) {
+  AxesState& axes = session.data_plot.axes;
+  if (axes.measure.on || axes.popup.open || axes.zoom.pending) session.run.redraw = true;
+  if (DropZoom(axes)) SayLine(session.platform.console, kZoomAborted);
+  axes.measure.on = axes.popup.open = false;
 }
 
 }  // namespace zaview

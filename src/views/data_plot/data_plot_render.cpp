@@ -1,5 +1,6 @@
 // One page: heading, axes, the curves of the kind of plot, what is measured, the popup. From the state alone.
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -11,12 +12,15 @@
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/popup.h"
+#include "views/state/plot_kinds.h"
 
 namespace zaview {
 
 namespace {
 
 constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
+constexpr float kLowest = 0.25F;        // of the page's height the area keeps, however much stands around it
+constexpr float kLeastContrast = 3.0F;  // of a line
 constexpr std::size_t kTitleColumns = 70;
 constexpr float kHeading = 1.0F;    // of the character height
 constexpr float kFirstLine = 0.9F;  // of its height, the heading is above the area
@@ -47,41 +51,72 @@ void TakeReverse(Session& session) {
   gksSetReverse(session.gks, wanted == 1 ? !session.gks.window.reverse_video : wanted == 3);
 }
 
+// The axes stay on the page, with room for their labels, whatever size was asked for.
 void SetPage(const DataPlotState& plot, PlotDraw draw) {
-  const bool histogram = plot.kind == PlotKind::histogram;
+  const AxesLength length = LengthOf(plot);
   dgNoFrame(draw);
   dgPage(draw, kPageWidth, kPageHeight);
-  dgArea(draw, histogram ? plot.histogram_x_length : plot.axis_x_length,
-         histogram ? plot.histogram_y_length : plot.axis_y_length);
+  dgArea(draw, std::min(length.x, kLargestArea.x), std::min(length.y, kLargestArea.y));
   dgCharHeight(draw, plot.text_size);
 }
 
-// ---- Heading
-std::string FileLine(const CaseStore& store) {
-  const std::string_view title = Trim(store.control.DESCR);
-  return title.empty() ? store.file_name : fmt::format("{}: {}", store.base_name, title);
+// ---- Colours
+float Luminance(const GksColour& colour) {
+  const auto linear = [](float part) {
+    return part <= 0.03928F ? part / 12.92F : std::pow((part + 0.055F) / 1.055F, 2.4F);
+  };
+  return 0.2126F * linear(colour.red) + 0.7152F * linear(colour.green) + 0.0722F * linear(colour.blue);
 }
 
-std::string ModeLine(const Session& session) {
-  const DataPlotState& plot = session.data_plot;
-  const CaseStore& store = session.case_store;
-  const bool of_ensemble = plot.of_ensemble && plot.kind >= PlotKind::histogram;
-  if (of_ensemble || plot.kind == PlotKind::interval) return "Ensemble";
-  if (session.ensemble.nrec > 1) return fmt::format("Record {} of {}", session.ensemble.irec, session.ensemble.nrec);
+// Of relative luminances, as guidelines for the web define it: from 1 to 21.
+float Contrast(const GksColour& a, const GksColour& b) {
+  const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+  return (light + 0.05F) / (dark + 0.05F);
+}
+
+// Lines that can hardly be seen on their background become darker or lighter, as little as it takes.
+void SetTwins(PlotDraw draw) {
+  constexpr int kFirst = 2, kLast = 15, kParts = 20;
+  const Console& console = draw.platform.console;
+  const GksColour paper = GQCR(console, draw.gks, 0), ink = GQCR(console, draw.gks, 1);
+  for (int index = kFirst; index <= kLast; ++index) {
+    const GksColour colour = GQCR(console, draw.gks, index);
+    GksColour twin = colour;
+    for (int part = 1; part < kParts && Contrast(twin, paper) < kLeastContrast; ++part) {
+      const float t = static_cast<float>(part) / static_cast<float>(kParts);
+      const auto mix = [t](float from, float to) { return from + t * (to - from); };
+      twin = {mix(colour.red, ink.red), mix(colour.green, ink.green), mix(colour.blue, ink.blue)};
+    }
+    draw.gks.colour[static_cast<std::size_t>(index)] = twin;  // as it is to be seen: not made fit for white once more
+  }
+}
+
+// ---- Heading
+std::string FileLine(const CaseStore& store, bool of_others) {
+  const std::string_view title = Trim(store.control.DESCR), etc = of_others ? ", etc" : "";
+  if (title.empty()) return fmt::format("{}{}", store.file_name, etc);
+  return fmt::format("{}{}: {}", store.base_name, etc, title);
+}
+
+std::string ModeLine(const PlotFacts& facts, const DataPlotState& plot) {
+  const CaseStore& store = facts.store;
+  const EnsembleStore& ensemble = facts.ensemble;
+  if (ShowsEnsemble(plot)) return ensemble.nrec > 1 ? fmt::format("Ensemble of {} records", ensemble.nrec) : "Ensemble";
+  if (ensemble.nrec > 1) return fmt::format("Record {} of {}", ensemble.irec, ensemble.nrec);
   if (store.irf_case && plot.quantity.iqnt >= 1 && static_cast<std::size_t>(plot.quantity.iqnt) <= store.irfs.size())
     return store.irfs[static_cast<std::size_t>(plot.quantity.iqnt - 1)].label;
   return {};
 }
 
-std::vector<std::string> HeadingLines(const Session& session, const PlotNames& names) {
-  const TextMode mode = ModeOf(session.data_plot);
+std::vector<std::string> HeadingLines(const PlotFacts& facts, const DataPlotState& plot, const PlotNames& names) {
+  const TextMode mode = ModeOf(plot);
   std::vector<std::string> lines;
   const auto add = [&lines](std::string_view line) {
     if (!IsBlank(line)) lines.emplace_back(TrimEnd(line));
   };
-  if (mode.file) add(FileLine(session.case_store));
+  if (mode.file) add(FileLine(facts.store, ShowsEnsemble(plot) && facts.ensemble.nrec > 1));
   if (mode.title) add(std::string_view(names.title).substr(0, kTitleColumns));
-  if (mode.title) add(ModeLine(session));
+  if (mode.title) add(ModeLine(facts, plot));
   add(names.note);
   return lines;
 }
@@ -95,14 +130,16 @@ bool NameTouches(PlotDraw draw, const std::string& name, const std::string& last
   return draw.page.area_x - labels + width + h > left_end;
 }
 
-// Letters that are large for the page need more room above the area, which then moves down.
-void MakeRoom(PlotDraw draw, std::size_t lines) {
+// Heading and notes get the room they need: the area moves, and where letters are large for the page it becomes lower.
+void MakeRoom(PlotDraw draw, std::size_t heading_lines, float notes_depth) {
   PlotPage& page = draw.page;
   const float pitch = std::max(1.2F * page.char_height, 1.1F * LetterHeight(draw, page.char_height));
-  const float needed = kFirstLine * page.char_height + pitch * static_cast<float>(lines);
-  const float room = page.page_height - page.area_y - page.area_height;
-  const float below = std::max(page.area_y - kAxisTexts * pitch, 0.0F);
-  page.area_y -= std::clamp(needed - room, 0.0F, below);
+  const float lines = static_cast<float>(heading_lines);
+  const float above = heading_lines == 0 ? 0.0F : kFirstLine * page.char_height + pitch * lines;
+  const float below = std::max(notes_depth + kPageMargin, kAxisTexts * pitch);
+  page.area_height = std::min(page.area_height, std::max(page.page_height - above - below, kLowest * page.page_height));
+  page.area_y = std::max(std::min(page.area_y, page.page_height - page.area_height - above), below);
+  page.area_y = std::min(page.area_y, page.page_height - page.area_height);
 }
 
 // Of the character height: all lines are as high, so that the longest has room, unless it has to be cut.
@@ -115,14 +152,17 @@ float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float 
   return factor;
 }
 
-void DrawHeading(const Session& session, PlotDraw draw, const PlotNames& names) {
-  std::vector<std::string> lines = HeadingLines(session, names);
-  if (lines.empty()) return;
+// The lines, with a blank one where a name of the vertical axis stands in their way.
+std::vector<std::string> ClearOfName(PlotDraw draw, std::vector<std::string> lines) {
+  const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
+  if (!lines.empty() && NameTouches(draw, draw.page.y_name, lines.back(), middle)) lines.emplace_back();
+  return lines;
+}
+
+void DrawHeading(PlotDraw draw, const std::vector<std::string>& lines) {
   const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
   const float room = 2.0F * (std::min(middle, draw.page.page_width - middle) - kPageMargin);
   const float factor = HeadingFactor(draw, lines, room);
-  if (NameTouches(draw, draw.page.y_name, lines.back(), middle)) lines.emplace_back();
-  MakeRoom(draw, lines.size());
   const float h = draw.page.char_height;
   for (const std::string& line : lines)
     dgHeading(draw, CutToWidth(draw, line, factor * h, room), factor, static_cast<int>(lines.size()));
@@ -143,7 +183,7 @@ void DrawFrame(PlotDraw draw) {
 }
 
 void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
-  const PlotLimits& l = plot.limits;
+  const PlotLimits& l = plot.axes.limits;
   dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
   dgThickness(draw, 0);
   dgColour(draw, 1);
@@ -156,38 +196,56 @@ void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
 }
 
 // ---- Overlays
-void DrawMeasure(const DataPlotState& plot, PlotDraw draw) {
-  if (!plot.measure_on) return;
+void DrawCross(PlotDraw draw, float x, float y) {
+  const float xs[] = {x}, ys[] = {y};
   dgColour(draw, 1);
   dgMarkerType(draw, kCross);
   dgMarkerScale(draw, kCrossSize);
-  const float x[] = {plot.measure_x}, y[] = {plot.measure_y};
-  dgCurve(draw, x, y, -1);
-  const std::string text = fmt::format("{:>8}  {:>8}", ShortNumber(plot.measure_x), ShortNumber(plot.measure_y));
+  dgCurve(draw, xs, ys, -1);
+}
+
+// What is measured, and the first corner of a zoom.
+void DrawMouse(const DataPlotState& plot, PlotDraw draw) {
+  const ZoomState& zoom = plot.axes.zoom;
+  const MeasureState& measure = plot.axes.measure;
+  if (zoom.pending) DrawCross(draw, zoom.x, zoom.y);
+  if (!measure.on) return;
+  DrawCross(draw, measure.x, measure.y);
+  const std::string text = fmt::format("{:>8}  {:>8}", ShortNumber(measure.x), ShortNumber(measure.y));
   PageText(draw, text, draw.page.page_width - kPageMargin, kPageMargin, plot.annot_size, TextSide::right);
+}
+
+void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) {
+  const PlotType& type = PlotTypeOf(plot.kind);
+  PlotNames names;
+  std::vector<PageNote> notes;
+  if (type.names != nullptr) type.names(facts, plot, names);
+  if (type.notes != nullptr) type.notes(facts, plot, notes);
+  const bool labels = ModeOf(plot).axes;
+  dgXName(draw, labels ? names.x : "");
+  dgYName(draw, labels ? names.y : "");
+  const std::vector<std::string> heading = ClearOfName(draw, HeadingLines(facts, plot, names));
+  const NotesPlace place = PlaceOfNotes(draw, notes, plot.text_size, plot.annot_size);
+  MakeRoom(draw, heading.size(), place.columns > 0 ? place.depth : 0.0F);
+  DrawHeading(draw, heading);
+  dgYName90(draw, plot.axis_option % kFrameOption);
+  DrawAxes(plot, draw);
+  if (type.draw != nullptr) type.draw(facts, plot, draw);
+  else DrawCurves(plot, draw);
+  PageNotes(draw, notes, place);
+  DrawMouse(plot, draw);
+  DrawPopup(plot.axes.popup, draw);
 }
 
 }  // namespace
 
 void zaviewrender(Session& session) {
-  const DataPlotState& plot = session.data_plot;
-  const PlotType& type = PlotTypeOf(plot.kind);
   TakeReverse(session);
   const PlotDraw draw = DrawOf(session);
   if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
-  SetPage(plot, draw);
-  PlotNames names;
-  if (type.names != nullptr) type.names(session, names);
-  const bool labels = ModeOf(plot).axes;
-  dgXName(draw, labels ? names.x : "");
-  dgYName(draw, labels ? names.y : "");
-  DrawHeading(session, draw, names);
-  dgYName90(draw, plot.axis_option % kFrameOption);
-  DrawAxes(plot, draw);
-  if (type.draw != nullptr) type.draw(session, draw);
-  else DrawCurves(session, draw);
-  DrawMeasure(plot, draw);
-  DrawPopup(plot, draw);
+  SetTwins(draw);
+  SetPage(session.data_plot, draw);
+  DrawPage(FactsOf(session), session.data_plot, draw);
   (void)dgFrame(draw, -3);
   session.run.redraw = false;
 }

@@ -19,27 +19,16 @@
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/plot_write.h"
+#include "views/state/axes_limits.h"
+#include "views/state/plot_kinds.h"
 
 namespace zaview {
 
 namespace {
 
 constexpr int kEnvelopeColour = 9, kCutoffColour = 1;
+constexpr std::string_view kNotReached = "not reached";
 constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
-
-int ComponentOf(const DataPlotState& plot) {
-  return std::max(1, plot.plot_component);
-}
-
-QuantityRequest CurveRequest(const DataPlotState& plot) {
-  return RequestOf(plot, ComponentOf(plot));
-}
-
-std::string CurveName(const Session& session) {
-  const int iqnt = session.data_plot.quantity.iqnt;
-  return fmt::format("{}, {}", QuantityLabel(session.case_store, iqnt),
-                     CurveLabel(session.case_store, session.output, iqnt, ComponentOf(session.data_plot)));
-}
 
 // ---- Data
 void TakePlaces(const AutocorrelationCurves& curves, const std::vector<int>& places, std::vector<float>& lag,
@@ -52,16 +41,14 @@ void TakePlaces(const AutocorrelationCurves& curves, const std::vector<int>& pla
   }
 }
 
-TableFault MakeRecord(Session& session, DataPlotDerived& d) {
-  const Console& console = session.platform.console;
-  const QuantityRequest request = CurveRequest(session.data_plot);
+TableFault MakeRecord(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
   AutocorrelationCurves curves;
-  TableFault fault = MakeAutocorrelation(console, session.output, request, session.case_store, curves);
+  TableFault fault = MakeAutocorrelation(source.console(), source.output, request, source.store, curves);
   if (fault != TableFault::none) return fault;
   // The dependence is that of the record as the statistics take it, whatever the sampling rate of the plot.
   EnsembleStore none;
   StatisticsState alone;
-  fault = UpdateDependence(console, session.output, request, {session.case_store, none}, alone);
+  fault = UpdateDependence(source.console(), source.output, request, {source.store, none}, alone);
   if (fault != TableFault::none) return fault;
   TakePlaces(curves, curves.upper, d.env_lag, d.env_R);
   TakePlaces(curves, curves.lower, d.low_lag, d.low_R);
@@ -73,14 +60,12 @@ TableFault MakeRecord(Session& session, DataPlotDerived& d) {
   return TableFault::none;
 }
 
-TableFault MakeEnsemble(Session& session, DataPlotDerived& d) {
-  const EnsembleCases cases{session.case_store, session.ensemble};
-  StatisticsState& state = session.statistics;
-  const TableFault fault =
-      UpdateDependence(session.platform.console, session.output, CurveRequest(session.data_plot), cases, state);
+TableFault MakeEnsemble(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
+  StatisticsState& state = source.statistics;
+  const TableFault fault = UpdateDependence(source.console(), source.output, request, source.cases(), state);
   if (fault != TableFault::none) return fault;
   EnsembleAutoCov autocov;
-  CalcEnsembleAutoCov(SamplesOf(state.ensemble), session.output.statistics.autocorrelation_cutoff, true, autocov);
+  CalcEnsembleAutoCov(SamplesOf(state.ensemble), source.output.statistics.autocorrelation_cutoff, true, autocov);
   d.correlation = std::move(autocov.ratio);
   d.lag.resize(d.correlation.size());
   for (std::size_t k = 0; k < d.lag.size(); ++k) d.lag[k] = static_cast<float>(k) * state.ensemble.dt;
@@ -95,58 +80,51 @@ TableFault MakeEnsemble(Session& session, DataPlotDerived& d) {
   return TableFault::none;
 }
 
-bool Prepare(Session& session) {
-  DataPlotState& plot = session.data_plot;
+bool Make(const PlotSource& source, DataPlotState& plot) {
   DataPlotDerived& d = plot.derived;
-  if (!plot.redo_cov && d.correlation_of == plot.kind) return true;
-  d.correlation_of = PlotKind::none;
+  const QuantityRequest request = RequestOf(plot, OneComponent(plot));
   TableFault fault = TableFault::no_memory;
   try {
-    fault = plot.of_ensemble ? MakeEnsemble(session, d) : MakeRecord(session, d);
+    fault = plot.of_ensemble ? MakeEnsemble(source, request, d) : MakeRecord(source, request, d);
   } catch (const std::bad_alloc&) {
   }
-  if (!SayTableFault(session, fault)) return false;
+  if (!SayTableFault(source, plot, fault)) return false;
   if (plot.kind == PlotKind::autocovariance)
     for (std::vector<float>* values : {&d.correlation, &d.env_R, &d.low_R})
       for (float& value : *values) value = value * d.variance;
-  d.correlation_of = plot.kind;
-  plot.redo_cov = false;
   return true;
 }
 
-void Curves(const Session& session, std::vector<DrawnCurve>& curves) {
-  const DataPlotDerived& d = session.data_plot.derived;
-  curves.push_back({ComponentOf(session.data_plot), d.lag, d.correlation});
+void Curves(const DataPlotState& plot, std::vector<DrawnCurve>& curves) {
+  curves.push_back({OneComponent(plot), plot.derived.lag, plot.derived.correlation});
 }
 
 // From the first lag to the last.
-void FitCovariance(const Session& session, PlotLimits& limits) {
+void FitCovariance(const DataPlotState& plot, PlotLimits& limits) {
   limits = PlotLimits{};
-  if (FitAxes(session, FitOver::all_steps, limits)) RoundY(session.data_plot, limits);
+  if (FitAxes(plot, FitOver::all_steps, limits)) RoundY(limits, LengthOf(plot).y);
 }
 
-void FitCorrelation(const Session& session, PlotLimits& limits) {
-  FitCovariance(session, limits);
+void FitCorrelation(const DataPlotState& plot, PlotLimits& limits) {
+  FitCovariance(plot, limits);
   limits.y_min = -1.0F;
   limits.y_step = 0.25F;
   limits.y_max = 1.0F;
 }
 
-void Names(const Session& session, std::string_view title, PlotNames& names) {
+void Names(const PlotFacts& facts, const DataPlotState& plot, std::string_view title, PlotNames& names) {
   names.x = "dTime";
   names.y = "Rx";
-  names.title =
-      fmt::format("{}{}: {}", session.data_plot.of_ensemble ? "Ensemble-Averaged " : "", title, CurveName(session));
+  names.title = fmt::format("{}{}: {}", plot.of_ensemble ? "Ensemble-Averaged " : "", title, CurveName(facts, plot));
 }
 
-void CovarianceNames(const Session& session, PlotNames& names) {
-  Names(session, "Autocovariance", names);
-  names.y =
-      CurveLabel(session.case_store, session.output, session.data_plot.quantity.iqnt, ComponentOf(session.data_plot));
+void CovarianceNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& names) {
+  Names(facts, plot, "Autocovariance", names);
+  names.y = CurveLabel(facts.store, facts.output, plot.quantity.iqnt, OneComponent(plot));
 }
 
-void CorrelationNames(const Session& session, PlotNames& names) {
-  Names(session, "Autocorrelation", names);
+void CorrelationNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& names) {
+  Names(facts, plot, "Autocorrelation", names);
 }
 
 // ---- Drawing
@@ -157,13 +135,16 @@ void DrawEnvelopes(const DataPlotState& plot, PlotDraw draw) {
   DrawSolid(draw, d.low_lag, d.low_R);
 }
 
-// Along the cut-off to the dependence time, and down there; to the end where the cut-off isn't reached.
-void DrawCutoff(const Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
+float CutoffOf(const DataPlotState& plot) {
   const float scale = plot.kind == PlotKind::autocovariance ? plot.derived.variance : 1.0F;
-  const float cutoff = session.output.statistics.autocorrelation_cutoff * scale;
+  return plot.derived.made_of.statistics.autocorrelation_cutoff * scale;
+}
+
+// Along the cut-off to the dependence time, and down there; to the end where the cut-off isn't reached.
+void DrawCutoff(const DataPlotState& plot, PlotDraw draw) {
+  const float cutoff = CutoffOf(plot);
   const bool reached = plot.derived.ndti > 0;
-  const float to = reached ? plot.derived.dti : std::max(plot.limits.x_max, plot.limits.x_min);
+  const float to = reached ? plot.derived.dti : std::max(plot.axes.limits.x_max, plot.axes.limits.x_min);
   const std::array<float, 3> x = {0.0F, to, to}, y = {cutoff, cutoff, 0.0F};
   dgColour(draw, kCutoffColour);
   dgDash(draw);
@@ -171,29 +152,28 @@ void DrawCutoff(const Session& session, PlotDraw draw) {
   dgReset(draw, "dash");
 }
 
-void Draw(Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
-  const DataPlotDerived& d = plot.derived;
-  DrawCurves(session, draw);
+void Draw(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
+  DrawCurves(plot, draw);
   DrawEnvelopes(plot, draw);
-  DrawCutoff(session, draw);
+  DrawCutoff(plot, draw);
   dgColour(draw, 1);
-  const bool covariance = plot.kind == PlotKind::autocovariance;
-  const PageNote notes[] = {{covariance ? "AutoCovariance Function" : "AutoCorrelation Function"},
-                            {fmt::format("Cutoff value = {}", Shown{session.output.statistics.autocorrelation_cutoff})},
-                            {fmt::format("Cutoff time  = {}", Shown{d.dti})},
-                            {fmt::format("Cutoff steps = {}", d.ndti)}};
-  PageNotes(draw, notes, plot.text_size, plot.annot_size);
+}
+
+void Notes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& notes) {
+  const DataPlotDerived& d = plot.derived;
+  const bool covariance = plot.kind == PlotKind::autocovariance, reached = d.ndti > 0;
+  notes.push_back({covariance ? "AutoCovariance Function" : "AutoCorrelation Function"});
+  notes.push_back({fmt::format("Cutoff value = {}", Shown{d.made_of.statistics.autocorrelation_cutoff})});
+  notes.push_back({fmt::format("Cutoff time  = {}", reached ? fmt::format("{}", Shown{d.dti}) : kNotReached)});
+  notes.push_back({fmt::format("Cutoff steps = {}", reached ? fmt::format("{}", d.ndti) : kNotReached)});
 }
 
 // ---- Tables
-TableFault WriteCorrelation(Session& session, OutputFile& out) {
-  const Console& console = session.platform.console;
-  const QuantityRequest request = CurveRequest(session.data_plot);
-  if (!session.data_plot.of_ensemble)
-    return WriteAutocorrelation(console, session.output, request, session.case_store, out);
-  return EnsembleAutoCorrelation(console, session.output, request, false, {session.case_store, session.ensemble},
-                                 session.statistics, out);
+TableFault WriteCorrelation(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+  const QuantityRequest request = RequestOf(plot, OneComponent(plot));
+  if (!plot.of_ensemble) return WriteAutocorrelation(source.console(), source.output, request, source.store, out);
+  return EnsembleAutoCorrelation(source.console(), source.output, request, false, source.cases(), source.statistics,
+                                 out);
 }
 
 void WriteRows(const DataPlotDerived& d, const TableLayout& layout, std::string& text, OutputFile& out) {
@@ -207,44 +187,44 @@ void WriteRows(const DataPlotDerived& d, const TableLayout& layout, std::string&
   WriteOutput(out, text);
 }
 
-TableFault WriteCovariance(Session& session, OutputFile& out) {
-  if (!Prepare(session)) return TableFault::said;
+TableFault WriteCovariance(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
   const std::string names[] = {"dTime", "Rx"};
-  const TableLayout layout = LayoutFor(session.output.writing.separator, names);
-  std::string text = fmt::format("{}Autocovariance of {} for ZAVO file {}\n",
-                                 session.data_plot.of_ensemble ? "Ensemble Averaged " : "", CurveName(session),
-                                 session.case_store.file_name);
+  const TableLayout layout = LayoutFor(source.output.writing.separator, names);
+  const PlotFacts facts{source.output, source.store, source.ensemble, source.statistics};
+  std::string text =
+      fmt::format("{}Autocovariance of {} for ZAVO file {}\n", plot.of_ensemble ? "Ensemble Averaged " : "",
+                  CurveName(facts, plot), source.store.file_name);
   AppendHeading(text, layout, names);
-  WriteRows(session.data_plot.derived, layout, text, out);
+  WriteRows(plot.derived, layout, text, out);
   return TableFault::none;
 }
 
 }  // namespace
 
 const PlotType kAutocovariancePlot{
-    PlotKind::autocovariance,
-    false,
-    "Enter file name for writing autocovariance of",
-    "Autocovariance data written to file",
-    Prepare,
-    Curves,
-    FitCovariance,
-    CovarianceNames,
-    Draw,
-    WriteCovariance,
+    .kind = PlotKind::autocovariance,
+    .file_prompt = "Enter file name for writing autocovariance of",
+    .written = "Autocovariance data written to file",
+    .make = Make,
+    .curves = Curves,
+    .fit = FitCovariance,
+    .names = CovarianceNames,
+    .notes = Notes,
+    .draw = Draw,
+    .write = WriteCovariance,
 };
 
 const PlotType kAutocorrelationPlot{
-    PlotKind::autocorrelation,
-    false,
-    "Enter file name for writing autocorrelation of",
-    "Autocorrelation data written to file",
-    Prepare,
-    Curves,
-    FitCorrelation,
-    CorrelationNames,
-    Draw,
-    WriteCorrelation,
+    .kind = PlotKind::autocorrelation,
+    .file_prompt = "Enter file name for writing autocorrelation of",
+    .written = "Autocorrelation data written to file",
+    .make = Make,
+    .curves = Curves,
+    .fit = FitCorrelation,
+    .names = CorrelationNames,
+    .notes = Notes,
+    .draw = Draw,
+    .write = WriteCorrelation,
 };
 
 }  // namespace zaview

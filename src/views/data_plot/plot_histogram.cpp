@@ -15,6 +15,8 @@
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/plot_write.h"
+#include "views/state/axes_limits.h"
+#include "views/state/plot_kinds.h"
 
 namespace zaview {
 
@@ -24,20 +26,11 @@ constexpr int kFitColour = 13;
 constexpr float kYTicks = 0.75F;  // a page unit
 constexpr std::string_view kRate = "Sampling rate= {} step(s)";
 
-EnsembleCases CasesOf(Session& session) {
-  return {session.case_store, session.ensemble};
-}
-
-int ComponentOf(const DataPlotState& plot) {
-  return std::max(1, plot.plot_component);
-}
-
 // ---- Data
-TableFault MakeBars(Session& session) {
-  DataPlotState& plot = session.data_plot;
+TableFault MakeBars(const PlotSource& source, DataPlotState& plot) {
   Histogram& histogram = plot.derived.histogram;
-  const TableFault fault = MakeHistogram(session.platform.console, session.output, RequestOf(plot, ComponentOf(plot)),
-                                         plot.of_ensemble, CasesOf(session), session.statistics, histogram);
+  const TableFault fault = MakeHistogram(source.console(), source.output, RequestOf(plot, OneComponent(plot)),
+                                         plot.of_ensemble, source.cases(), source.statistics, histogram);
   if (fault != TableFault::none) return fault;
   std::vector<float>&x = plot.derived.bar_x, &y = plot.derived.bar_y;
   x.clear();
@@ -49,59 +42,48 @@ TableFault MakeBars(Session& session) {
   return TableFault::none;
 }
 
-bool PrepareHistogram(Session& session) {
-  DataPlotState& plot = session.data_plot;
-  if (!plot.redo_hist) return true;
+bool MakeHistogramPlot(const PlotSource& source, DataPlotState& plot) {
   TableFault fault = TableFault::no_memory;
   try {
-    fault = MakeBars(session);
+    fault = MakeBars(source, plot);
   } catch (const std::bad_alloc&) {
   }
-  if (!SayTableFault(session, fault)) return false;
-  plot.redo_hist = false;
-  // Other data have other buckets.
-  if (!plot.limits_changed && !plot.keep_scale) plot.rescale = true;
-  return true;
+  return SayTableFault(source, plot, fault);
 }
 
-void HistogramCurves(const Session& session, std::vector<DrawnCurve>& curves) {
-  const DataPlotDerived& derived = session.data_plot.derived;
-  curves.push_back({ComponentOf(session.data_plot), derived.bar_x, derived.bar_y});
+void HistogramCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves) {
+  curves.push_back({OneComponent(plot), plot.derived.bar_x, plot.derived.bar_y});
 }
 
-// From the first bucket to the last, from 0 to the highest.
-void FitHistogram(const Session& session, PlotLimits& limits) {
-  const DataPlotState& plot = session.data_plot;
+// Round numbers about all buckets, from 0 to the highest.
+void FitHistogram(const DataPlotState& plot, PlotLimits& limits) {
   const Histogram& h = plot.derived.histogram;
   limits = PlotLimits{};
   if (h.edges.empty()) return;
   limits.x_min = h.edges.front();
   limits.x_max = h.edges.back();
-  PlotLimits rounded = limits;
-  RoundX(plot, rounded);
-  limits.x_step = rounded.x_step;
+  RoundX(limits, LengthOf(plot).x);
   float most = *std::max_element(h.count.begin(), h.count.end());
   for (const float expected : h.expected) most = std::max(most, expected);
-  const RoundAxis y = dgRoundAxis(0.0F, most, kYTicks, plot.histogram_y_length);
+  const RoundAxis y = dgRoundAxis(0.0F, most, kYTicks, LengthOf(plot).y);
   limits.y_min = 0.0F;
   limits.y_step = y.step;
   limits.y_max = most > 0.0F ? y.high : 1.0F;
 }
 
-void HistogramNames(const Session& session, PlotNames& names) {
-  const DataPlotState& plot = session.data_plot;
-  const HistogramRequest& how = session.statistics.histogram;
-  const int iqnt = plot.quantity.iqnt, component = ComponentOf(plot);
-  const std::string curve = CurveLabel(session.case_store, session.output, iqnt, component);
+void HistogramNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& names) {
+  const HistogramRequest& how = facts.statistics.histogram;
+  const int iqnt = plot.quantity.iqnt, component = OneComponent(plot);
+  const std::string curve = CurveLabel(facts.store, facts.output, iqnt, component);
   names.x = how.data == HistogramData::absolute ? fmt::format("abs({})", curve) : curve;
   names.y = how.counts ? "" : "N/Ntot";
-  names.title = fmt::format("Histogram of {}, {}", QuantityLabel(session.case_store, iqnt), curve);
+  names.title = fmt::format("Histogram of {}", CurveName(facts, plot));
 }
 
 // ---- Drawing
 void DrawBars(const DataPlotState& plot, PlotDraw draw) {
   const Histogram& h = plot.derived.histogram;
-  const int colour = ColourOf(plot, ComponentOf(plot) + 1);
+  const int colour = ColourOf(plot, OneComponent(plot) + 1);
   const bool fill = plot.hist_rendering != HistogramStyle::line;
   const bool outline = plot.hist_rendering != HistogramStyle::filled;
   for (std::size_t j = 0; j < h.count.size(); ++j) {
@@ -122,44 +104,42 @@ void DrawFit(const DataPlotState& plot, PlotDraw draw) {
   DrawSolid(draw, h.mid, h.expected);
 }
 
-std::vector<PageNote> NotesOf(const Session& session) {
-  const HistogramRequest& how = session.statistics.histogram;
-  const int colour = ColourOf(session.data_plot, kFitColour);
-  std::vector<PageNote> notes{{fmt::format(kRate, how.rate)}};
-  for (const std::string& line : DistributionLines(how.overlay, session.data_plot.derived.histogram))
+void HistogramNotes(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) {
+  const HistogramRequest& how = facts.statistics.histogram;
+  notes.push_back({fmt::format(kRate, how.rate)});
+  int colour = ColourOf(plot, kFitColour);  // of its first line, its name
+  for (const std::string& line : DistributionLines(how.overlay, plot.derived.histogram)) {
     notes.push_back({line, colour});
-  return notes;
+    colour = 0;
+  }
 }
 
-void DrawHistogram(Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
+void DrawHistogram(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
   dgThickness(draw, plot.line_thickness);
   DrawBars(plot, draw);
   DrawFit(plot, draw);
   dgThickness(draw, 0);
   dgColour(draw, 1);
-  PageNotes(draw, NotesOf(session), plot.text_size, plot.annot_size);
 }
 
-TableFault WriteBars(Session& session, OutputFile& out) {
-  const DataPlotState& plot = session.data_plot;
-  return WriteHistogram(session.platform.console, session.output, RequestOf(plot, ComponentOf(plot)), plot.of_ensemble,
-                        CasesOf(session), session.statistics, out);
+TableFault WriteBars(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+  return WriteHistogram(source.console(), source.output, RequestOf(plot, OneComponent(plot)), plot.of_ensemble,
+                        source.cases(), source.statistics, out);
 }
 
 }  // namespace
 
 const PlotType kHistogramPlot{
-    PlotKind::histogram,
-    false,
-    "Enter file name for writing histogram of",
-    "Histogram data written to file",
-    PrepareHistogram,
-    HistogramCurves,
-    FitHistogram,
-    HistogramNames,
-    DrawHistogram,
-    WriteBars,
+    .kind = PlotKind::histogram,
+    .file_prompt = "Enter file name for writing histogram of",
+    .written = "Histogram data written to file",
+    .make = MakeHistogramPlot,
+    .curves = HistogramCurves,
+    .fit = FitHistogram,
+    .names = HistogramNames,
+    .notes = HistogramNotes,
+    .draw = DrawHistogram,
+    .write = WriteBars,
 };
 
 }  // namespace zaview

@@ -20,6 +20,9 @@
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/stat_overlay.h"
+#include "views/state/axes_limits.h"
+#include "views/state/plot_kinds.h"
+#include "views/state/plot_selection.h"
 
 namespace zaview {
 
@@ -33,52 +36,40 @@ constexpr float kTextDrop = 0.4F;      // character heights from the middle of a
 constexpr float kBlockMargin = 0.15F;  // round the block of values inside the graph
 
 // ---- Data
-PlotFault FillHistory(Session& session, DataPlotState& plot) {
+PlotFault FillHistory(const PlotSource& source, DataPlotState& plot) {
   QuantityRequest request = RequestOf(plot, 0);
-  request.wave_overlay = plot.wave_overlay && session.case_store.time_history();
-  const Console& console = session.platform.console;
+  request.wave_overlay = plot.wave_overlay && source.store.time_history();
   PlotData& data = plot.derived.history;
-  PlotFault fault = SetPlotData(console, session.output, request, session.case_store, data);
+  PlotFault fault = SetPlotData(source.console(), source.output, request, source.store, data);
   const bool wave_failed = fault == PlotFault::no_wave && request.wave_overlay;
   if (!wave_failed) return fault;
   plot.wave_overlay = request.wave_overlay = false;
-  return SetPlotData(console, session.output, request, session.case_store, data);
+  return SetPlotData(source.console(), source.output, request, source.store, data);
 }
 
-bool FillSteps(const Session& session, DataPlotDerived& derived) {
-  const int first = session.case_store.irf_case ? 1 : session.case_store.first_step;
-  const int stride = std::max(1, session.output.reading.step_stride);
+bool FillSteps(const PlotSource& source, DataPlotDerived& derived) {
+  const int first = source.store.irf_case ? 1 : source.store.first_step;
+  const int stride = std::max(1, source.output.reading.step_stride);
   if (!Grow(derived.step_x, static_cast<std::size_t>(derived.history.n))) return false;
   for (std::size_t i = 0; i < derived.step_x.size(); ++i)
     derived.step_x[i] = static_cast<float>(first) + static_cast<float>(i) * static_cast<float>(stride);
   return true;
 }
 
-bool PrepareHistory(Session& session) {
-  DataPlotState& plot = session.data_plot;
-  const bool wave_missing = plot.wave_overlay && plot.derived.history.wave.empty();
-  const bool there = !plot.redo_data && plot.derived.history_of == PlotKind::history && !wave_missing;
-  if (there) return true;
-  plot.derived.history_of = PlotKind::none;
-  plot.derived.overlay_of = 0;
-  PlotFault fault = FillHistory(session, plot);
-  if (fault == PlotFault::none && !FillSteps(session, plot.derived)) fault = PlotFault::no_memory;
-  if (!SayPlotFault(session.platform.console, fault, plot.quantity.iqnt)) return false;
-  if (plot.derived.history.n == 0) {
-    SayLine(session.platform.console, kNoPlotSteps);
-    return false;
-  }
-  plot.derived.history_of = PlotKind::history;
-  plot.redo_data = false;
-  return true;
+bool MakeHistory(const PlotSource& source, DataPlotState& plot) {
+  PlotFault fault = FillHistory(source, plot);
+  if (fault == PlotFault::none && !FillSteps(source, plot.derived)) fault = PlotFault::no_memory;
+  if (!SayPlotFault(source.console(), fault, plot.quantity.iqnt)) return false;
+  if (plot.derived.history.n > 0) return true;
+  SayLine(source.console(), kNoPlotSteps);
+  return false;
 }
 
 std::span<const float> XOf(const DataPlotState& plot) {
   return plot.x_axis_by_index ? plot.derived.step_x : plot.derived.history.x;
 }
 
-void HistoryCurves(const Session& session, std::vector<DrawnCurve>& curves) {
-  const DataPlotState& plot = session.data_plot;
+void HistoryCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves) {
   const PlotData& data = plot.derived.history;
   for (std::size_t i = 0; i < data.y.size(); ++i) {
     const int component = static_cast<int>(i) + 1;
@@ -89,10 +80,9 @@ void HistoryCurves(const Session& session, std::vector<DrawnCurve>& curves) {
 
 // The horizontal axis runs from the first point to the last; with match_scales the vertical one has room for all
 // components, whichever is shown.
-void FitHistory(const Session& session, PlotLimits& limits) {
-  const DataPlotState& plot = session.data_plot;
+void FitHistory(const DataPlotState& plot, PlotLimits& limits) {
   limits = PlotLimits{};
-  if (!FitAxes(session, FitOver::all_steps, limits)) return;
+  if (!FitAxes(plot, FitOver::all_steps, limits)) return;
   if (plot.match_scales) {
     for (const std::vector<float>& y : plot.derived.history.y) {
       for (const float value : y) {
@@ -102,15 +92,14 @@ void FitHistory(const Session& session, PlotLimits& limits) {
       }
     }
   }
-  RoundY(plot, limits);
+  RoundY(limits, LengthOf(plot).y);
 }
 
-void HistoryNames(const Session& session, PlotNames& names) {
-  const DataPlotState& plot = session.data_plot;
-  const CaseStore& store = session.case_store;
+void HistoryNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& names) {
+  const CaseStore& store = facts.store;
   const int iqnt = plot.quantity.iqnt;
   const int component = plot.plot_component_count == 1 ? 1 : plot.plot_component;
-  const std::string curve = component == 0 ? "" : CurveLabel(store, session.output, iqnt, component);
+  const std::string curve = component == 0 ? "" : CurveLabel(store, facts.output, iqnt, component);
   names.x = plot.x_axis_by_index ? "Time Step" : "Time";
   names.title = std::string(QuantityLabel(store, iqnt));
   if (!curve.empty()) names.title += ", " + curve;
@@ -181,10 +170,6 @@ void DrawWave(const DataPlotState& plot, PlotDraw draw) {
 }
 
 // ---- Statistics
-bool HasRightAxis(const DataPlotState& plot) {
-  return plot.wave_overlay && plot.wave_own_scale && !plot.derived.history.wave.empty();
-}
-
 // Is there room for the names right of the area?
 bool NamesFit(const DataPlotState& plot, PlotDraw draw, const std::vector<OverlayLine>& lines) {
   if (HasRightAxis(plot)) return false;
@@ -194,7 +179,12 @@ bool NamesFit(const DataPlotState& plot, PlotDraw draw, const std::vector<Overla
 }
 
 // The lines that are in the graph, from the lowest on, with the names apart from each other.
-void DrawStatLines(const DataPlotState& plot, PlotDraw draw, std::vector<OverlayLine> lines, float from, float to) {
+void DrawStatLines(const DataPlotState& plot, PlotDraw draw) {
+  const StatOverlay& overlay = plot.derived.overlay;
+  std::vector<OverlayLine> lines = overlay.lines;
+  const std::span<const float> points =
+      XOf(plot).subspan(static_cast<std::size_t>(overlay.first), static_cast<std::size_t>(overlay.n));
+  const float from = points.front(), to = points.back();
   const PlotPage& page = draw.page;
   const float h = plot.annot_size, pitch = LinePitch(draw, h), right = page.area_x + page.area_width;
   const bool outside = NamesFit(plot, draw, lines);
@@ -204,6 +194,7 @@ void DrawStatLines(const DataPlotState& plot, PlotDraw draw, std::vector<Overlay
     const float x[] = {from, to}, y[] = {line.y, line.y};
     dgColour(draw, ColourOf(plot, line.colour));
     dgCurve(draw, x, y, 0);
+    dgColour(draw, 1);
     const float at = page.area_y + (line.y - page.y_origin) / (page.y_end - page.y_origin) * page.area_height;
     if (!(at >= page.area_y && at <= page.area_y + page.area_height)) continue;
     const float base = std::max(outside ? at - kTextDrop * h : at + kGap, free_from);
@@ -225,94 +216,114 @@ void DrawStatBlock(const DataPlotState& plot, PlotDraw draw, const std::vector<P
 }
 
 // The points of a curve that statistics take.
-StatRange OverlayPoints(const Session& session, int points) {
+StatRange OverlayPoints(const PlotSource& source, int points) {
   // A function of an impulsive run has no steps to skip.
   StatRange range{0, points};
-  if (session.case_store.time_history()) range = StatPoints(session.case_store, session.output);
+  if (source.store.time_history()) range = StatPoints(source.store, source.output);
   range.n = std::min(range.n, points - range.first);
   return range;
 }
 
-// Made once of the same data, whatever part of them is shown.
-void UpdateOverlay(Session& session, const DrawnCurve& curve, StatRange range) {
-  const DataPlotState& plot = session.data_plot;
-  DataPlotDerived& d = session.data_plot.derived;
-  if (d.overlay_of == plot.show_stats && d.overlay_component == curve.component) return;
-  d.overlay_of = plot.show_stats;
-  d.overlay_component = curve.component;
-  d.overlay = StatOverlay{};
-  if (range.n <= 0) return SayLine(session.platform.console, kOverlaySkipped);
-  MakeStatOverlay(plot.show_stats,
-                  curve.y.subspan(static_cast<std::size_t>(range.first), static_cast<std::size_t>(range.n)),
-                  session.output.statistics.confidence_probability, d.overlay);
+// The one curve that is shown; 0: several are, or none.
+int SingleCurve(const DataPlotState& plot) {
+  int single = 0;
+  for (int i = 1; i <= static_cast<int>(plot.derived.history.y.size()); ++i) {
+    if (!IsShown(plot, i)) continue;
+    if (single != 0) return 0;
+    single = i;
+  }
+  return single;
 }
 
-// Values that belong below the plot are added to its notes.
-void DrawStatistics(Session& session, PlotDraw draw, std::vector<PageNote>& notes) {
-  const DataPlotState& plot = session.data_plot;
-  std::vector<DrawnCurve> curves;
-  HistoryCurves(session, curves);
-  std::erase_if(curves, [](const DrawnCurve& curve) { return curve.component == 0; });
-  if (plot.show_stats == 0 || curves.size() != 1) return;
-  const StatRange range = OverlayPoints(session, static_cast<int>(curves[0].y.size()));
-  UpdateOverlay(session, curves[0], range);
-  const StatOverlay& overlay = plot.derived.overlay;
-  if (range.n <= 0) return;
-  const auto first = static_cast<std::size_t>(range.first), last = first + static_cast<std::size_t>(range.n) - 1;
-  DrawStatLines(plot, draw, overlay.lines, curves[0].x[first], curves[0].x[last]);
-  std::vector<PageNote> texts;
-  for (const std::string& text : overlay.texts) texts.push_back({text});
-  if (plot.stats_at == StatsPlace::bottom) notes.insert(notes.end(), texts.begin(), texts.end());
-  else DrawStatBlock(plot, draw, texts);
+// Statistics of the curve, once, whatever part of it is shown.
+void FollowHistory(const PlotSource& source, DataPlotState& plot) {
+  StatOverlay& overlay = plot.derived.overlay;
+  const int show = plot.show_stats, component = show == 0 ? 0 : SingleCurve(plot);
+  if (overlay.show == show && overlay.component == component) return;
+  overlay = StatOverlay{};
+  overlay.show = show;
+  overlay.component = component;
+  if (component == 0) return;
+  const std::vector<float>& y = plot.derived.history.y[static_cast<std::size_t>(component - 1)];
+  const StatRange range = OverlayPoints(source, static_cast<int>(y.size()));
+  if (range.n <= 0) return SayLine(source.console(), kOverlaySkipped);
+  const auto first = static_cast<std::size_t>(range.first), n = static_cast<std::size_t>(range.n);
+  MakeStatOverlay(show, std::span(y).subspan(first, n), source.output.statistics.confidence_probability, overlay);
+  overlay.first = range.first;
+  overlay.n = range.n;
 }
 
 // ---- Notes
-// A line a curve: number, name, and the value at its last point, or where is measured.
-void AddLegend(const Session& session, std::vector<PageNote>& notes) {
-  const DataPlotState& plot = session.data_plot;
-  if (!plot.values_in_legend) return;
+bool HasLegend(const DataPlotState& plot, std::size_t curves) {
+  if (plot.legend == LegendUse::automatic) return curves > 1 || plot.values_in_legend;
+  return plot.legend == LegendUse::on;
+}
+
+// A line a curve: number, name, and if wanted the value at its last point, or where is measured.
+void AddLegend(const DataPlotState& plot, std::vector<PageNote>& notes) {
   std::vector<DrawnCurve> curves;
-  HistoryCurves(session, curves);
+  HistoryCurves(plot, curves);
+  std::erase_if(curves, [](const DrawnCurve& curve) { return curve.component == 0 || curve.y.empty(); });
+  if (!HasLegend(plot, curves.size())) return;
   for (const DrawnCurve& curve : curves) {
-    if (curve.component == 0 || curve.y.empty()) continue;
+    std::string text = fmt::format("{} {}", curve.component,
+                                   plot.derived.history.labels[static_cast<std::size_t>(curve.component - 1)]);
     std::size_t i = curve.y.size() - 1;
-    if (plot.measure_on)
-      i = std::min(i, static_cast<std::size_t>(std::lower_bound(curve.x.begin(), curve.x.end(), plot.measure_x) -
+    if (plot.axes.measure.on)
+      i = std::min(i, static_cast<std::size_t>(std::lower_bound(curve.x.begin(), curve.x.end(), plot.axes.measure.x) -
                                                curve.x.begin()));
-    const std::string& label = plot.derived.history.labels[static_cast<std::size_t>(curve.component - 1)];
-    notes.push_back({fmt::format("{} {} = {}", curve.component, label, ShortNumber(curve.y[i])),
-                     ColourOf(plot, curve.component + 1)});
+    if (plot.values_in_legend) text += fmt::format(" = {}", ShortNumber(curve.y[i]));
+    notes.push_back({text, ColourOf(plot, curve.component + 1), DashOf(plot, curve.component)});
   }
 }
 
-void DrawHistory(Session& session, PlotDraw draw) {
-  DrawCurves(session, draw);
-  DrawWave(session.data_plot, draw);
+std::vector<PageNote> OverlayNotes(const DataPlotState& plot) {
   std::vector<PageNote> notes;
-  AddLegend(session, notes);
-  DrawStatistics(session, draw, notes);
-  PageNotes(draw, notes, session.data_plot.text_size, session.data_plot.annot_size);
-  DrawLeftOut(session, draw);
+  for (const std::string& text : plot.derived.overlay.texts) notes.push_back({text});
+  return notes;
 }
 
-TableFault WriteHistory(Session& session, OutputFile& out) {
-  return TableFaultOf(write_time_history(session.platform.console, session.output, RequestOf(session.data_plot, 0),
-                                         false, session.case_store, out));
+void HistoryNotes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& notes) {
+  AddLegend(plot, notes);
+  if (plot.stats_at != StatsPlace::bottom) return;
+  const std::vector<PageNote> statistics = OverlayNotes(plot);
+  notes.insert(notes.end(), statistics.begin(), statistics.end());
+}
+
+void DrawHistory(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) {
+  DrawCurves(plot, draw);
+  DrawWave(plot, draw);
+  if (!plot.derived.overlay.lines.empty()) {
+    DrawStatLines(plot, draw);
+    if (plot.stats_at != StatsPlace::bottom) DrawStatBlock(plot, draw, OverlayNotes(plot));
+  }
+  DrawLeftOut(facts, plot, draw);
+}
+
+TableFault WriteHistory(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+  return TableFaultOf(
+      write_time_history(source.console(), source.output, RequestOf(plot, 0), false, source.store, out));
 }
 
 }  // namespace
 
+bool HasRightAxis(const DataPlotState& plot) {
+  return plot.kind == PlotKind::history && plot.wave_overlay && plot.wave_own_scale &&
+         !plot.derived.history.wave.empty();
+}
+
 const PlotType kHistoryPlot{
-    PlotKind::history,
-    true,
-    "Enter file name for writing time history of",
-    "Time history data written to file",
-    PrepareHistory,
-    HistoryCurves,
-    FitHistory,
-    HistoryNames,
-    DrawHistory,
-    WriteHistory,
+    .kind = PlotKind::history,
+    .file_prompt = "Enter file name for writing time history of",
+    .written = "Time history data written to file",
+    .make = MakeHistory,
+    .follow = FollowHistory,
+    .curves = HistoryCurves,
+    .fit = FitHistory,
+    .names = HistoryNames,
+    .notes = HistoryNotes,
+    .draw = DrawHistory,
+    .write = WriteHistory,
 };
 
 }  // namespace zaview

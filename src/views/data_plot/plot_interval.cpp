@@ -18,6 +18,8 @@
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/plot_write.h"
+#include "views/state/axes_limits.h"
+#include "views/state/plot_kinds.h"
 
 namespace zaview {
 
@@ -48,26 +50,14 @@ const StatisticWords& WordsOf(const DataPlotState& plot) {
   return kWords[static_cast<std::size_t>(std::clamp(plot.statistic, 1, static_cast<int>(std::size(kWords))) - 1)];
 }
 
-int ComponentOf(const DataPlotState& plot) {
-  return std::max(1, plot.plot_component);
-}
-
-std::string CurveName(const Session& session) {
-  const int iqnt = session.data_plot.quantity.iqnt;
-  return fmt::format("{}, {}", QuantityLabel(session.case_store, iqnt),
-                     CurveLabel(session.case_store, session.output, iqnt, ComponentOf(session.data_plot)));
-}
-
 // ---- Data
-bool TakeRecords(Session& session, const StatisticName& statistic, DataPlotDerived& d) {
-  const std::vector<std::vector<float>>& X = session.statistics.ensemble.X;
+bool TakeRecords(const PlotSource& source, const StatisticName& statistic, DataPlotDerived& d) {
+  const std::vector<std::vector<float>>& X = source.statistics.ensemble.X;
   for (std::vector<float>* column : {&d.record_x, &d.record_low, &d.record_estimate, &d.record_high}) column->clear();
   for (std::size_t i = 0; i < X.size(); ++i) {
     if (X[i].empty()) continue;
     IntervalValues values;
-    if (!FindIntervals(session.platform.console, statistic, X[i], session.output.statistics.confidence_probability,
-                       values))
-      return false;
+    if (!FindIntervals(source.console(), statistic, X[i], source.output.statistics.confidence_probability, values)) return false;
     const auto [half_width, low, estimate, high] = IntervalCellsOf(statistic.number, values);
     d.record_x.push_back(static_cast<float>(i + 1));
     d.record_low.push_back(low);
@@ -77,67 +67,60 @@ bool TakeRecords(Session& session, const StatisticName& statistic, DataPlotDeriv
   return true;
 }
 
-TableFault Make(Session& session, DataPlotDerived& d) {
-  const DataPlotState& plot = session.data_plot;
-  const Console& console = session.platform.console;
-  StatisticsState& state = session.statistics;
-  const TableFault fault = LoadEnsemble(console, session.output, RequestOf(plot, ComponentOf(plot)),
-                                        {session.case_store, session.ensemble}, kTooManySkipped, state);
+TableFault MakeIntervals(const PlotSource& source, DataPlotState& plot) {
+  StatisticsState& state = source.statistics;
+  const TableFault fault = LoadEnsemble(source.console(), source.output, RequestOf(plot, OneComponent(plot)),
+                                        source.cases(), kTooManySkipped, state);
   if (fault != TableFault::none) return fault;
   StatisticName statistic;
   statistic.number = std::clamp(plot.statistic, 1, static_cast<int>(std::size(kWords)));
   statistic.interval = true;
   IntervalValues values;
-  if (!TakeRecords(session, statistic, d) ||
-      !FindEnsembleIntervals(console, statistic, SamplesOf(state.ensemble),
-                             session.output.statistics.confidence_probability, state.nmany, values)) {
-    SayLine(console, kLogicError);
+  if (!TakeRecords(source, statistic, plot.derived) ||
+      !FindEnsembleIntervals(source.console(), statistic, SamplesOf(state.ensemble),
+                             source.output.statistics.confidence_probability, state.nmany, values)) {
+    SayLine(source.console(), kLogicError);
     return TableFault::said;
   }
   const auto [half_width, low, estimate, high] = IntervalCellsOf(statistic.number, values);
-  d.low = low;
-  d.estimate = estimate;
-  d.high = high;
+  plot.derived.low = low;
+  plot.derived.estimate = estimate;
+  plot.derived.high = high;
   return TableFault::none;
 }
 
-bool PrepareIntervals(Session& session) {
-  DataPlotState& plot = session.data_plot;
-  if (!plot.redo_conf) return true;
+bool Make(const PlotSource& source, DataPlotState& plot) {
   TableFault fault = TableFault::no_memory;
   try {
-    fault = Make(session, plot.derived);
+    fault = MakeIntervals(source, plot);
   } catch (const std::bad_alloc&) {
   }
-  if (!SayTableFault(session, fault)) return false;
-  plot.redo_conf = false;
-  return true;
+  return SayTableFault(source, plot, fault);
 }
 
-void IntervalCurves(const Session& session, std::vector<DrawnCurve>& curves) {
-  const DataPlotDerived& d = session.data_plot.derived;
+void IntervalCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves) {
+  const DataPlotDerived& d = plot.derived;
   for (const std::vector<float>* values : {&d.record_estimate, &d.record_low, &d.record_high})
     curves.push_back({1, d.record_x, *values});
 }
 
-void FitIntervals(const Session& session, PlotLimits& limits) {
-  const DataPlotState& plot = session.data_plot;
+void FitIntervals(const DataPlotState& plot, PlotLimits& limits) {
   const DataPlotDerived& d = plot.derived;
   limits = PlotLimits{};
-  if (!FitAxes(session, FitOver::all_steps, limits)) return;
+  if (!FitAxes(plot, FitOver::all_steps, limits)) return;
   const int n = static_cast<int>(d.record_x.back());
   limits.x_min = 0.0F;
   limits.x_step = static_cast<float>(n / kTicks + 1);
   limits.x_max = static_cast<float>(n + 1);
   limits.y_min = std::min(limits.y_min, d.low);
   limits.y_max = std::max(limits.y_max, d.high);
-  RoundY(plot, limits);
+  RoundY(limits, LengthOf(plot).y);
 }
 
-void IntervalNames(const Session& session, PlotNames& names) {
+void IntervalNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& names) {
   names.x = "Realization";
-  names.y = WordsOf(session.data_plot).axis;
-  names.title = fmt::format("{}: {}", WordsOf(session.data_plot).name, CurveName(session));
+  names.y = WordsOf(plot).axis;
+  names.title = fmt::format("{}: {}", WordsOf(plot).name, CurveName(facts, plot));
 }
 
 // ---- Drawing
@@ -166,35 +149,36 @@ void DrawEnsemble(const DataPlotState& plot, PlotDraw draw) {
   dgReset(draw, "dash");
 }
 
-void DrawIntervals(Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
-  const DataPlotDerived& d = plot.derived;
+void DrawIntervals(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
   dgThickness(draw, plot.line_thickness);
   DrawEnsemble(plot, draw);
   DrawRecords(plot, draw);
   dgThickness(draw, 0);
   dgColour(draw, 1);
-  const std::string_view etc = session.ensemble.nrec > 1 ? ", etc" : "";
-  const int ensemble = ColourOf(plot, kEnsembleColour);
-  const PageNote notes[] = {{fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high),
-                                         Shown{session.output.statistics.confidence_probability}),
-                             ensemble},
-                            {fmt::format(kEstimate, ShortNumber(d.estimate)), ensemble},
-                            {std::string(WordsOf(plot).name)},
-                            {fmt::format("{}{}", session.case_store.file_name, etc)}};
-  PageNotes(draw, notes, plot.text_size, plot.annot_size);
+}
+
+void IntervalNotes(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) {
+  const DataPlotDerived& d = plot.derived;
+  constexpr int kDashed = 1;
+  const int colour = ColourOf(plot, kEnsembleColour);
+  const std::string_view etc = facts.ensemble.nrec > 1 ? ", etc" : "";
+  notes.push_back(
+      {fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high), Shown{facts.output.statistics.confidence_probability}),
+       colour, kDashed});
+  notes.push_back({fmt::format(kEstimate, ShortNumber(d.estimate)), colour});
+  notes.push_back({std::string(WordsOf(plot).name)});
+  notes.push_back({fmt::format("{}{}", facts.store.file_name, etc)});
 }
 
 // A row a realization, and the ensemble.
-TableFault WriteRealizations(Session& session, OutputFile& out) {
-  if (!PrepareIntervals(session)) return TableFault::said;
-  const DataPlotState& plot = session.data_plot;
+TableFault WriteRealizations(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+  const PlotFacts facts{source.output, source.store, source.ensemble, source.statistics};
   const DataPlotDerived& d = plot.derived;
   const std::string names[] = {"Realization", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
-  const TableLayout layout = LayoutFor(session.output.writing.separator, names);
+  const TableLayout layout = LayoutFor(source.output.writing.separator, names);
   std::string text =
       fmt::format("{} with Confidence Interval; {}\nConfidence Interval Probability= {}\n", WordsOf(plot).name,
-                  CurveName(session), Shown{session.output.statistics.confidence_probability});
+                  CurveName(facts, plot), Shown{source.output.statistics.confidence_probability});
   AppendHeading(text, layout, names);
   for (std::size_t i = 0; i < d.record_x.size(); ++i) {
     const float cells[] = {d.record_low[i], d.record_estimate[i], d.record_high[i]};
@@ -209,16 +193,16 @@ TableFault WriteRealizations(Session& session, OutputFile& out) {
 }  // namespace
 
 const PlotType kIntervalPlot{
-    PlotKind::interval,
-    false,
-    "Enter file name for writing confidence intervals of",
-    "Confidence interval data written to file",
-    PrepareIntervals,
-    IntervalCurves,
-    FitIntervals,
-    IntervalNames,
-    DrawIntervals,
-    WriteRealizations,
+    .kind = PlotKind::interval,
+    .file_prompt = "Enter file name for writing confidence intervals of",
+    .written = "Confidence interval data written to file",
+    .make = Make,
+    .curves = IntervalCurves,
+    .fit = FitIntervals,
+    .names = IntervalNames,
+    .notes = IntervalNotes,
+    .draw = DrawIntervals,
+    .write = WriteRealizations,
 };
 
 }  // namespace zaview

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 
 #include <fmt/format.h>
 
@@ -11,6 +12,7 @@
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_draw.h"
 #include "gks/plot/dense_curve.h"
+#include "views/state/axes_limits.h"
 
 namespace zaview {
 
@@ -27,6 +29,10 @@ constexpr float kAxisTexts = 2.2F;  // lines that ticks, labels and name of the 
 constexpr float kTicks = 0.021F;    // of the area's height, between the axis and its labels
 constexpr float kNameSpace = 0.6F;  // character heights between labels and name
 constexpr float kPageMargin = 0.1F;
+constexpr float kDescent = 0.4F;      // character heights below the last line
+constexpr float kNotesDepth = 0.12F;  // of the page: so much is given to notes before they go into columns
+constexpr float kSample = 2.5F, kSampleGap = 0.7F;  // the dash in front of a note, character heights
+constexpr float kSampleUp = 0.4F;
 constexpr float kColumnGap = 1.0F;  // character heights between columns of notes
 constexpr float kBoxMargin = 0.15F;
 constexpr int kNoteAlign = 4;  // baseline
@@ -65,6 +71,39 @@ Extent ExtentOf(PlotDraw draw, std::string_view text, float height) {
   return {right->x - left->x, high->y - low->y};
 }
 
+// Room for the dashes in front of the notes, in character heights; 0: none has one.
+float SampleOf(std::span<const PageNote> notes) {
+  const bool any = std::any_of(notes.begin(), notes.end(), [](const PageNote& note) { return note.colour != 0; });
+  return any ? kSample + kSampleGap : 0.0F;
+}
+
+float WidthOf(PlotDraw draw, std::span<const PageNote> notes, float height) {
+  float widest = 0.0F;
+  for (const PageNote& note : notes) widest = std::max(widest, TextWidth(draw, note.text, height));
+  return widest + SampleOf(notes) * height;
+}
+
+// Labels and name of the horizontal axis.
+float AxisDepth(PlotDraw draw, float text_size) {
+  return kAxisTexts * LetterHeight(draw, text_size) + kNameSpace * text_size;
+}
+
+void DrawNote(PlotDraw draw, const PageNote& note, PlotPoint at, float height, float indent) {
+  if (note.colour != 0) {
+    const OnPage page(draw);
+    const bool clip = draw.gks.attribute.clip;
+    GSCLIP(draw.gks, 0);
+    const float x[] = {at.x, at.x + kSample * height}, y[] = {at.y + kSampleUp * height, at.y + kSampleUp * height};
+    dgColour(draw, note.colour);
+    SetDash(draw, note.dash);
+    dgCurve(draw, x, y, 0);
+    SetDash(draw, 0);
+    GSCLIP(draw.gks, clip ? 1 : 0);
+    dgColour(draw, 1);
+  }
+  PageText(draw, note.text, at.x + indent * height, at.y, height, TextSide::left);
+}
+
 }  // namespace
 
 void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y) {
@@ -73,14 +112,24 @@ void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y
   else dgCurve(draw, x, y, 0);
 }
 
+void SetDash(PlotDraw draw, int dash) {
+  void (*const kSet[])(PlotDraw) = {dgDash, dgDot, dgChnDot, dgChnDsh};
+  if (dash >= 1 && dash < kDashes) kSet[dash - 1](draw);
+  else dgReset(draw, "dash");
+}
+
 std::string ShortNumber(float value) {
   value = Finite(value);
   if (value == 0.0F) return "0";
-  for (int digits = kMostDigits - 1; digits > 1; --digits) {
-    std::string text = fmt::format("{:.{}g}", value, digits);
+  std::string text;
+  for (int digits = kMostDigits - 1; digits > 0; --digits) {
+    text = fmt::format("{:.{}g}", value, digits);
+    // The exponent in as few characters as it takes: 1e+07 is 1e7.
+    if (const std::size_t e = text.find('e'); e != std::string::npos)
+      text = fmt::format("{}{}", text.substr(0, e + 1), std::atoi(text.c_str() + e + 1));
     if (text.size() <= kShort) return text;
   }
-  return fmt::format("{:.0e}", value);
+  return text;
 }
 
 float TextWidth(PlotDraw draw, std::string_view text, float height) {
@@ -117,9 +166,8 @@ void PageText(PlotDraw draw, std::string_view text, float x, float y, float heig
 }
 
 NotesSize SizeOfNotes(PlotDraw draw, std::span<const PageNote> notes, float height) {
-  float widest = 0.0F;
-  for (const PageNote& note : notes) widest = std::max(widest, TextWidth(draw, note.text, height));
-  return {widest + 2.0F * kBoxMargin, LinePitch(draw, height) * static_cast<float>(notes.size()) + kBoxMargin};
+  return {WidthOf(draw, notes, height) + 2.0F * kBoxMargin,
+          LinePitch(draw, height) * static_cast<float>(notes.size()) + kBoxMargin};
 }
 
 void PaperNotes(PlotDraw draw, std::span<const PageNote> notes, float x, float top, float height) {
@@ -127,45 +175,60 @@ void PaperNotes(PlotDraw draw, std::span<const PageNote> notes, float x, float t
   const float pitch = LinePitch(draw, height);
   PaperBox(draw, x, top - size.height, size.width, size.height);
   float y = top;
-  for (const PageNote& note : notes) {
-    dgColour(draw, note.colour);
-    PageText(draw, note.text, x + kBoxMargin, y -= pitch, height, TextSide::left);
-  }
-  dgColour(draw, 1);
+  for (const PageNote& note : notes) DrawNote(draw, note, {x + kBoxMargin, y -= pitch}, height, SampleOf(notes));
 }
 
-void PageNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height) {
-  if (notes.empty()) return;
+NotesPlace PlaceOfNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height) {
+  NotesPlace place{0, 0, height, kTicks * draw.page.area_height + AxisDepth(draw, text_size)};
+  if (notes.empty()) return place;
+  constexpr float kSmaller = 0.9F, kSmallest = 0.5F;
+  const float room = draw.page.page_width - draw.page.area_x - kPageMargin;
+  while (WidthOf(draw, notes, place.height) > room && place.height * kSmaller >= kSmallest * height)
+    place.height *= kSmaller;
+  const float column = WidthOf(draw, notes, place.height) + kColumnGap * place.height;
+  const auto most = static_cast<std::size_t>(std::max((room + kColumnGap * place.height) / column, 1.0F));
+  // As few columns as keep the notes within so much of the page.
+  const float pitch = LinePitch(draw, place.height);
+  const float deep = std::max(kNotesDepth * draw.page.page_height, draw.page.area_y - place.depth - kPageMargin);
+  const auto rows = static_cast<std::size_t>(std::max(deep / pitch, 1.0F));
+  place.columns = std::min(most, (notes.size() + rows - 1) / rows);
+  place.rows = (notes.size() + place.columns - 1) / place.columns;
+  place.depth += pitch * static_cast<float>(place.rows) + kDescent * place.height;
+  return place;
+}
+
+void PageNotes(PlotDraw draw, std::span<const PageNote> notes, const NotesPlace& place) {
+  if (place.columns == 0) return;
   const PlotPage& page = draw.page;
-  const float pitch = LinePitch(draw, height);
-  const float axis = kAxisTexts * LetterHeight(draw, text_size) + kNameSpace * text_size;
-  const float first = page.area_y - kTicks * page.area_height - axis - pitch;
-  const float room = (first - kPageMargin) / pitch + 1.0F;
-  const NotesSize size = SizeOfNotes(draw, notes, height);
-  const std::size_t rows = room >= 1.0F ? static_cast<std::size_t>(room) : 0;
-  const std::size_t columns = rows > 0 ? (notes.size() + rows - 1) / rows : 0;
-  const float column = size.width + kColumnGap * height;
-  if (columns == 0 || page.area_x + column * static_cast<float>(columns) > page.page_width) {
-    PaperNotes(draw, notes, page.area_x + kBoxMargin, page.area_y + size.height + kBoxMargin, height);
-    return;
-  }
+  const float pitch = LinePitch(draw, place.height), room = page.page_width - page.area_x - kPageMargin;
+  const float column = WidthOf(draw, notes, place.height) + kColumnGap * place.height;
+  const float top = page.area_y - place.depth + pitch * static_cast<float>(place.rows) + kDescent * place.height;
   for (std::size_t i = 0; i < notes.size(); ++i) {
-    const std::size_t at = i / rows;
-    const float x = page.area_x + column * static_cast<float>(at);
-    dgColour(draw, notes[i].colour);
-    PageText(draw, notes[i].text, x, first - pitch * static_cast<float>(i % rows), height, TextSide::left);
+    const PlotPoint at{page.area_x + column * static_cast<float>(i / place.rows),
+                       top - pitch * static_cast<float>(i % place.rows + 1)};
+    PageNote note = notes[i];
+    note.text = CutToWidth(draw, note.text, place.height, room - SampleOf(notes) * place.height);
+    DrawNote(draw, note, at, place.height, SampleOf(notes));
   }
-  dgColour(draw, 1);
 }
 
-void PaperBox(PlotDraw draw, float x, float y, float width, float height) {
+void PlainPaper(PlotDraw draw, float x, float y, float width, float height) {
   const OnPage page(draw);
-  const float xs[] = {x, x + width, x + width, x, x}, ys[] = {y, y, y + height, y + height, y};
+  const float xs[] = {x, x + width, x + width, x}, ys[] = {y, y, y + height, y + height};
   const bool clip = draw.gks.attribute.clip;
   GSCLIP(draw.gks, 0);
   GSFACI(draw.platform.console, draw.gks, 0);
   GFA(draw.gks, xs, ys);
   dgColour(draw, 1);
+  GSCLIP(draw.gks, clip ? 1 : 0);
+}
+
+void PaperBox(PlotDraw draw, float x, float y, float width, float height) {
+  PlainPaper(draw, x, y, width, height);
+  const OnPage page(draw);
+  const float xs[] = {x, x + width, x + width, x, x}, ys[] = {y, y, y + height, y + height, y};
+  const bool clip = draw.gks.attribute.clip;
+  GSCLIP(draw.gks, 0);
   dgCurve(draw, xs, ys, 0);
   GSCLIP(draw.gks, clip ? 1 : 0);
 }

@@ -14,7 +14,11 @@ namespace zaview {
 // A solid line in the graph, thinned where points are closer than pixels.
 void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y);
 
-// At most 8 characters, as many digits as fit: "-12.3457", "1.23e+12", "NaN".
+// LineDash: solid, dashes, dots, and chains of both.
+inline constexpr int kDashes = 5;
+void SetDash(PlotDraw draw, int dash);
+
+// At most 8 characters, as many digits as fit: "-12.3457", "1.23e12", "NaN".
 [[nodiscard]] std::string ShortNumber(float value);
 
 [[nodiscard]] float TextWidth(PlotDraw draw, std::string_view text, float height);
@@ -27,12 +31,20 @@ enum class TextSide : unsigned char { left, centre, right };  // of the text, at
 // On the page, baseline at y, over everything. The character height of the page becomes `height`.
 void PageText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side);
 
-struct PageNote {
+struct PageNote {  // in the foreground colour, behind a dash of the line that it tells of
   std::string text;
-  int colour = 1;
+  int colour = 0;  // 0: of no line
+  int dash = 0;
 };
-// Lines below the plot and its axis, in columns; inside the graph, at its lower left corner, if there is no room.
-void PageNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height);
+// What notes in columns below the plot and its axis need; no columns: there are no notes.
+struct NotesPlace {
+  std::size_t rows = 0, columns = 0;
+  float height = 0;  // of their letters: smaller where they would be wider than the page
+  float depth = 0;   // from the lower edge of the area to that of the notes
+};
+// text_size: of the axis between. Of the area as it is: its left edge.
+[[nodiscard]] NotesPlace PlaceOfNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height);
+void PageNotes(PlotDraw draw, std::span<const PageNote> notes, const NotesPlace& place);
 // Lines on paper of their own, their box's top left corner at x, top.
 void PaperNotes(PlotDraw draw, std::span<const PageNote> notes, float x, float top, float height);
 struct NotesSize {
@@ -40,6 +52,7 @@ struct NotesSize {
 };
 [[nodiscard]] NotesSize SizeOfNotes(PlotDraw draw, std::span<const PageNote> notes, float height);
 
+void PlainPaper(PlotDraw draw, float x, float y, float width, float height);
 // A framed rectangle of paper on the page: what is drawn beneath can't be seen.
 void PaperBox(PlotDraw draw, float x, float y, float width, float height);
 

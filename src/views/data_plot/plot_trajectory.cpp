@@ -17,6 +17,8 @@
 #include "gks/kernel/gks_transform.h"
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
+#include "views/state/axes_limits.h"
+#include "views/state/plot_kinds.h"
 
 namespace zaview {
 
@@ -29,26 +31,28 @@ constexpr std::string_view kIncomplete = "Ship geometry in trajectory plots will
 constexpr int kPosition = 1;  // quantity
 constexpr int kHulls = 10;    // on the track, unless the user says otherwise
 constexpr int kHullColour = 3, kLabelColour = 1;
-constexpr float kLabelGap = 0.4F;  // character heights between the track and a time
+constexpr float kLabelGap = 0.4F;      // character heights between the track and a time
+constexpr float kLabelMargin = 0.15F;  // and of paper around it
 constexpr int kTrackMark = 3;
 constexpr float kTrackMarkSize = 0.6F;
 constexpr float kTurn = 0.01F;         // radians: a hull on top of the one before is drawn if it has turned by this
 constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 
 // ---- Data
-void FillWaterline(Session& session, DataPlotDerived& derived) {
+void FillWaterline(const PlotSource& source, DataPlotState& plot) {
+  DataPlotDerived& derived = plot.derived;
   derived.waterline_x.clear();
   derived.waterline_y.clear();
-  CaseStore& store = session.case_store;
-  if (!session.data_plot.show_ship || !EnsureHull(session.platform, store)) return;
+  CaseStore& store = source.store;
+  if (!plot.show_ship || !EnsureHull(source.platform, store)) return;
   std::vector<WaterlinePiece> pieces;
   const int count = CutHull(store.hull, StillWater(store), pieces);
   if (count > MAXWP0) {
-    Say(session.platform.console, kTooMany, count, MAXWP0);
-    SayLine(session.platform.console, kIncomplete);
+    Say(source.console(), kTooMany, count, MAXWP0);
+    SayLine(source.console(), kIncomplete);
   }
   const Vector3 centre = ShipCentre(store);
-  const double length = static_cast<double>(session.output.units.scales.position[0]);
+  const double length = static_cast<double>(source.output.units.scales.position[0]);
   const auto shown = [&](double value, std::size_t i) { return static_cast<float>((value - centre[i]) * length); };
   for (const WaterlinePiece& piece : pieces) {
     derived.waterline_x.push_back({shown(piece[0][0], 0), shown(piece[1][0], 0)});
@@ -56,17 +60,13 @@ void FillWaterline(Session& session, DataPlotDerived& derived) {
   }
 }
 
-// Steps of points, in order: those the user has marked, every n-th, or ten from the first to the last.
-void FillHullSteps(const Session& session, DataPlotState& plot) {
-  std::vector<int>& steps = plot.derived.hull_steps;
-  steps.clear();
-  const int stride = std::max(1, session.output.reading.step_stride), first = session.case_store.first_step;
+// Points of the track, in order: at steps that the user has marked, every n-th, or ten from the first to the last.
+std::vector<int> HullPoints(const PlotSource& source, const DataPlotState& plot) {
+  std::vector<int> points;
+  const int stride = std::max(1, source.output.reading.step_stride), first = source.store.first_step;
   const int last = plot.derived.history.n - 1;
-  int before = -1;
   const auto add = [&](std::int64_t point) {
-    if (point <= before || point > last) return;
-    before = static_cast<int>(point);
-    steps.push_back(first + before * stride);
+    if (point > (points.empty() ? -1 : points.back()) && point <= last) points.push_back(static_cast<int>(point));
   };
   if (!plot.marked_steps.empty()) {
     std::vector<int> marked = plot.marked_steps;
@@ -78,66 +78,50 @@ void FillHullSteps(const Session& session, DataPlotState& plot) {
   } else {
     for (std::int64_t k = 0; k < kHulls; ++k) add(k * last / (kHulls - 1));
   }
+  return points;
 }
 
-bool PrepareTrajectory(Session& session) {
-  DataPlotState& plot = session.data_plot;
-  DataPlotDerived& derived = plot.derived;
-  const Console& console = session.platform.console;
-  if (plot.redo_data || derived.history_of != PlotKind::trajectory) {
-    derived.history_of = PlotKind::none;
-    QuantityRequest request;
-    request.iqnt = kPosition;
-    PlotFault fault = PlotFault::not_valid;
-    if (session.case_store.time_history())
-      fault = SetPlotData(console, session.output, request, session.case_store, derived.history);
-    if (!SayPlotFault(console, fault, kPosition)) return false;
-    if (derived.history.n == 0) {
-      SayLine(console, kNoPlotSteps);
-      return false;
-    }
-    FillWaterline(session, derived);
-    derived.history_of = PlotKind::trajectory;
-    plot.redo_data = false;
-  } else if (plot.show_ship && derived.waterline_x.empty()) {
-    FillWaterline(session, derived);
+bool MakeTrajectory(const PlotSource& source, DataPlotState& plot) {
+  QuantityRequest request;
+  request.iqnt = kPosition;
+  PlotFault fault = PlotFault::not_valid;
+  if (source.store.time_history())
+    fault = SetPlotData(source.console(), source.output, request, source.store, plot.derived.history);
+  if (!SayPlotFault(source.console(), fault, kPosition)) return false;
+  if (plot.derived.history.n == 0) {
+    SayLine(source.console(), kNoPlotSteps);
+    return false;
   }
-  FillHullSteps(session, plot);
+  FillWaterline(source, plot);
   return true;
 }
 
-void TrajectoryCurves(const Session& session, std::vector<DrawnCurve>& curves) {
-  const PlotData& track = session.data_plot.derived.history;
+void FollowTrajectory(const PlotSource& source, DataPlotState& plot) {
+  DataPlotDerived& d = plot.derived;
+  if (plot.show_ship && d.waterline_x.empty()) FillWaterline(source, plot);
+  const int stride = std::max(1, source.output.reading.step_stride);
+  d.hulls.clear();
+  for (const int i : HullPoints(source, plot)) {
+    const auto point = static_cast<std::size_t>(i);
+    const int step = source.store.first_step + i * stride;
+    d.hulls.push_back(
+        {step, d.history.y[0][point], d.history.y[1][point], source.store.pmgg.at(6, step), d.history.x[point]});
+  }
+}
+
+void TrajectoryCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves) {
+  const PlotData& track = plot.derived.history;
   if (track.y.size() >= 2) curves.push_back({1, track.y[0], track.y[1]});
 }
 
 // ---- The hull
-struct HullPlace {
-  float x = 0, y = 0, yaw = 0;  // of the centre as shown; radians
-};
-
-std::vector<HullPlace> HullPlaces(const Session& session) {
-  const DataPlotDerived& derived = session.data_plot.derived;
-  const CaseStore& store = session.case_store;
-  const int stride = std::max(1, session.output.reading.step_stride);
-  std::vector<HullPlace> places;
-  for (const int step : derived.hull_steps) {
-    const auto point = static_cast<std::size_t>((step - store.first_step) / stride);
-    if (point >= derived.history.y[0].size()) continue;
-    places.push_back({derived.history.y[0][point], derived.history.y[1][point], store.pmgg.at(6, step)});
-  }
-  return places;
-}
-
-struct ShownPoint {
-  float x = 0, y = 0;
-};
+using ShownPoint = PlotPoint;
 
 // A point of the ship at a place; ship axes from the centre, output units.
-ShownPoint OfShip(const Session& session, const HullPlace& place, float x, float y) {
-  const float scale = session.data_plot.geometry_scale;
+ShownPoint OfShip(const DataPlotState& plot, const HullPlace& place, float x, float y) {
+  const float scale = plot.geometry_scale;
   const float c = scale * std::cos(place.yaw), s = scale * std::sin(place.yaw);
-  const std::array<float, 6>& sign = session.output.units.cnvfac;
+  const std::array<float, 6>& sign = plot.derived.made_of.subject.signs;
   return {place.x + sign[0] * (c * x - s * y), place.y + sign[1] * (s * x + c * y)};
 }
 
@@ -145,14 +129,13 @@ bool ShowsHull(const DataPlotState& plot) {
   return plot.show_ship && !plot.derived.waterline_x.empty();
 }
 
-void DrawHulls(const Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
+void DrawHulls(const DataPlotState& plot, PlotDraw draw) {
   if (!ShowsHull(plot)) return;
   dgColour(draw, ColourOf(plot, kHullColour));
   std::vector<float> x, y;
   HullPlace before;
   GksPixel pixel_before{-1, -1};
-  for (const HullPlace& place : HullPlaces(session)) {
+  for (const HullPlace& place : plot.derived.hulls) {
     const GksPixel pixel = gksToPixel(draw.gks, {place.x, place.y});
     const bool same =
         pixel.x == pixel_before.x && pixel.y == pixel_before.y && std::abs(place.yaw - before.yaw) < kTurn;
@@ -165,7 +148,7 @@ void DrawHulls(const Session& session, PlotDraw draw) {
       x.clear();
       y.clear();
       for (std::size_t i = 0; i < ship_x.size(); ++i) {
-        const ShownPoint at = OfShip(session, place, ship_x[i], ship_y[i]);
+        const ShownPoint at = OfShip(plot, place, ship_x[i], ship_y[i]);
         x.push_back(at.x);
         y.push_back(at.y);
       }
@@ -185,84 +168,73 @@ void Include(const ShownPoint& at, PlotLimits& limits) {
 }
 
 // Room for the rectangles about the hulls as well.
-void FitTrajectory(const Session& session, PlotLimits& limits) {
-  const DataPlotState& plot = session.data_plot;
+void FitTrajectory(const DataPlotState& plot, PlotLimits& limits) {
   limits = PlotLimits{};
-  if (!FitAxes(session, FitOver::all_steps, limits)) return;
+  if (!FitAxes(plot, FitOver::all_steps, limits)) return;
   if (ShowsHull(plot)) {
     PlotLimits ship{0, 0, 0, 0, 0, 0};
     for (std::size_t k = 0; k < plot.derived.waterline_x.size(); ++k)
       for (std::size_t i = 0; i < plot.derived.waterline_x[k].size(); ++i)
         Include({plot.derived.waterline_x[k][i], plot.derived.waterline_y[k][i]}, ship);
-    for (const HullPlace& place : HullPlaces(session))
+    for (const HullPlace& place : plot.derived.hulls)
       for (const float x : {ship.x_min, ship.x_max})
-        for (const float y : {ship.y_min, ship.y_max}) Include(OfShip(session, place, x, y), limits);
+        for (const float y : {ship.y_min, ship.y_max}) Include(OfShip(plot, place, x, y), limits);
   }
-  RoundX(plot, limits);
-  RoundY(plot, limits);
+  RoundX(limits, LengthOf(plot).x);
+  RoundY(limits, LengthOf(plot).y);
 }
 
-void TrajectoryNames(const Session&, PlotNames& names) {
+void TrajectoryNames(const PlotFacts&, const DataPlotState&, PlotNames& names) {
   names.title = "Trajectory";
 }
 
-ShownPoint OnPaper(const PlotPage& page, float x, float y) {
-  return {page.area_x + (x - page.x_origin) / (page.x_end - page.x_origin) * page.area_width,
-          page.area_y + (y - page.y_origin) / (page.y_end - page.y_origin) * page.area_height};
-}
-
-// At the marked steps; a time that would touch the one before is left out.
-void DrawTimes(const Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
+// On paper of their own, as hulls and track run through them, at the marked steps; a time that would touch the one
+// before is left out.
+void DrawTimes(const DataPlotState& plot, PlotDraw draw) {
   if (!plot.time_labels_on) return;
   const PlotPage& page = draw.page;
-  const int stride = std::max(1, session.output.reading.step_stride);
   const float h = plot.annot_size, pitch = LinePitch(draw, h);
   ShownPoint before{-page.page_width, -page.page_height};
   float width_before = 0;
-  dgColour(draw, kLabelColour);
-  dgMarkerType(draw, kTrackMark);
-  dgMarkerScale(draw, kTrackMarkSize * plot.mark_size);
-  for (const int step : plot.derived.hull_steps) {
-    const auto point = static_cast<std::size_t>((step - session.case_store.first_step) / stride);
-    const PlotData& track = plot.derived.history;
-    if (point >= track.x.size()) continue;
-    const float x[] = {track.y[0][point]}, y[] = {track.y[1][point]};
+  for (const HullPlace& place : plot.derived.hulls) {
+    const float x[] = {place.x}, y[] = {place.y};
+    dgColour(draw, kLabelColour);
+    dgMarkerType(draw, kTrackMark);
+    dgMarkerScale(draw, kTrackMarkSize * plot.mark_size);
     dgCurve(draw, x, y, -1);
-    ShownPoint at = OnPaper(page, x[0], y[0]);
-    const bool inside = at.x >= page.area_x && at.x <= page.area_x + page.area_width && at.y >= page.area_y &&
-                        at.y <= page.area_y + page.area_height;
-    if (!inside) continue;
-    const std::string text = ShortNumber(track.x[point]);
+    ShownPoint at = ToPage(page, {place.x, place.y});
+    if (!InPlot(page, {place.x, place.y})) continue;
+    const std::string text = ShortNumber(place.time);
     const float width = TextWidth(draw, text, h);
-    at.x = std::min(at.x, page.page_width - width);
+    at.x = std::min(at.x + kLabelGap * h, page.page_width - width);
     at.y += kLabelGap * h;
     if (at.x - before.x < width_before + h && before.x - at.x < width + h && std::abs(at.y - before.y) < pitch)
       continue;
+    PlainPaper(draw, at.x - kLabelMargin * h, at.y - kLabelMargin * h, width + 2.0F * kLabelMargin * h,
+               LetterHeight(draw, h) + kLabelMargin * h);
     PageText(draw, text, at.x, at.y, h, TextSide::left);
     before = at;
     width_before = width;
   }
 }
 
-void DrawTrajectory(Session& session, PlotDraw draw) {
-  const DataPlotState& plot = session.data_plot;
-  DrawHulls(session, draw);
-  DrawCurves(session, draw);
-  DrawTimes(session, draw);
-  std::vector<PageNote> notes;
+void TrajectoryNotes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& notes) {
   if (!plot.keep_aspect) notes.push_back({std::string(kNotPreserved)});
   if (ShowsHull(plot) && plot.geometry_scale != 1.0F) notes.push_back({std::string(kNotToScale)});
-  PageNotes(draw, notes, plot.text_size, plot.annot_size);
 }
 
-TableFault WriteTrajectory(Session& session, OutputFile& out) {
-  if (!PrepareTrajectory(session)) return TableFault::said;
-  const PlotData& track = session.data_plot.derived.history;
+void DrawTrajectory(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
+  DrawHulls(plot, draw);
+  DrawCurves(plot, draw);
+  DrawTimes(plot, draw);
+}
+
+TableFault WriteTrajectory(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+  const PlotData& track = plot.derived.history;
   const std::string names[] = {"  Time   ", track.labels[0], track.labels[1]};
-  const TableLayout layout = LayoutFor(session.output.writing.separator, names);
+  const TableLayout layout = LayoutFor(source.output.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
-  text += fmt::format("Trajectory for ZAVO file {}\n", session.case_store.file_name);
+  text += fmt::format("Trajectory for ZAVO file {}\n", source.store.file_name);
   AppendHeading(text, layout, names);
   for (std::size_t i = 0; i < track.x.size(); ++i) {
     const float cells[] = {track.x[i], track.y[0][i], track.y[1][i]};
@@ -278,16 +250,18 @@ TableFault WriteTrajectory(Session& session, OutputFile& out) {
 }  // namespace
 
 const PlotType kTrajectoryPlot{
-    PlotKind::trajectory,
-    false,
-    "Enter file name for writing time history of",
-    "Trajectory data written to file",
-    PrepareTrajectory,
-    TrajectoryCurves,
-    FitTrajectory,
-    TrajectoryNames,
-    DrawTrajectory,
-    WriteTrajectory,
+    .kind = PlotKind::trajectory,
+    .file_prompt = "Enter file name for writing time history of",
+    .file_what = "Trajectory",
+    .written = "Trajectory data written to file",
+    .make = MakeTrajectory,
+    .follow = FollowTrajectory,
+    .curves = TrajectoryCurves,
+    .fit = FitTrajectory,
+    .names = TrajectoryNames,
+    .notes = TrajectoryNotes,
+    .draw = DrawTrajectory,
+    .write = WriteTrajectory,
 };
 
 }  // namespace zaview

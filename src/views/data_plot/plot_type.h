@@ -1,5 +1,6 @@
 // The kinds of data plot, a row each: how its data are made, which limits they need, how they are drawn and written.
-// Each kind has a file of its own (plot_history.cpp ..); data_plot_axes.cpp and data_plot_render.cpp conduct.
+// Each kind has a file of its own (plot_history.cpp ..); data_plot_axes.cpp and data_plot_render.cpp conduct. What is
+// true of a kind without its drawing stands in state/plot_kinds.h.
 #pragma once
 
 #include <span>
@@ -8,10 +9,11 @@
 #include <vector>
 
 #include "frame/ground/output_file.h"
-#include "frame/session.h"
 #include "gks/plot/plot_layer.h"
 #include "stats/tables/stat_table.h"
+#include "views/data_plot/plot_parts.h"
 #include "views/state/data_plot_state.h"
+#include "views/state/plot_source.h"
 
 namespace zaview {
 
@@ -28,20 +30,24 @@ struct PlotNames {
 
 struct PlotType {
   PlotKind kind = PlotKind::none;
-  bool shows_all = false;        // component 0 shows all components
-  std::string_view file_prompt;  // of the key w: "Enter file name for writing time history of"
-  std::string_view written;      // "Time history data written to file"
-  // Makes what is out of date. False: it can't be made, which has been said; the view is left.
-  bool (*prepare)(Session& session) = nullptr;
+  std::string_view file_prompt{};  // of the key w: "Enter file name for writing time history of"
+  std::string_view file_what{};    // the line below; blank: the quantity
+  std::string_view written{};      // "Time history data written to file"
+  // Makes the data. False: they can't be made, which has been said; the view is left.
+  bool (*make)(const PlotSource& source, DataPlotState& plot) = nullptr;
+  // At each display: what goes with the step, the marks and the choices that no data depend on.
+  void (*follow)(const PlotSource& source, DataPlotState& plot) = nullptr;
   // The curves on display (not the hidden ones), for fitting, drawing and measuring. May be empty.
-  void (*curves)(const Session& session, std::vector<DrawnCurve>& curves) = nullptr;
+  void (*curves)(const DataPlotState& plot, std::vector<DrawnCurve>& curves) = nullptr;
   // Limits that these data want, rounded, when nothing was zoomed; null: those of the curves, by FitAxes.
-  void (*fit)(const Session& session, PlotLimits& limits) = nullptr;
-  void (*names)(const Session& session, PlotNames& names) = nullptr;
+  void (*fit)(const DataPlotState& plot, PlotLimits& limits) = nullptr;
+  void (*names)(const PlotFacts& facts, const DataPlotState& plot, PlotNames& names) = nullptr;
+  // Lines below the plot.
+  void (*notes)(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) = nullptr;
   // Curves and overlays into the graph that is set up (clipping on). null: the curves alone.
-  void (*draw)(Session& session, PlotDraw draw) = nullptr;
+  void (*draw)(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) = nullptr;
   // The data as text.
-  TableFault (*write)(Session& session, OutputFile& out) = nullptr;
+  TableFault (*write)(const PlotSource& source, const DataPlotState& plot, OutputFile& out) = nullptr;
 };
 
 [[nodiscard]] const PlotType& PlotTypeOf(PlotKind kind);  // `none` has a row that draws axes only
@@ -49,21 +55,20 @@ struct PlotType {
 extern const PlotType kHistoryPlot, kTrajectoryPlot, kLoadPlot, kHistogramPlot, kAutocovariancePlot,
     kAutocorrelationPlot, kIntervalPlot;
 
-// What every kind uses (data_plot_axes.cpp).
-[[nodiscard]] PlotDraw DrawOf(Session& session);
-[[nodiscard]] bool IsShown(const DataPlotState& plot, int component);  // by plot_component and `hidden`
+// What every kind uses (plot_curves.cpp).
 [[nodiscard]] QuantityRequest RequestOf(const DataPlotState& plot, int component);
-[[nodiscard]] int ColourOf(const DataPlotState& plot, int index);  // 1 without colours
-void DrawCurves(Session& session, PlotDraw draw);  // colours, marks, thickness, numbers; curve 0 is left to its kind
-
+[[nodiscard]] int OneComponent(const DataPlotState& plot);                               // of kinds that show one
+[[nodiscard]] std::string CurveName(const PlotFacts& facts, const DataPlotState& plot);  // "Position of CG, pmgg(3)"
+[[nodiscard]] int ColourOf(const DataPlotState& plot, int index);                        // 1 without colours
+[[nodiscard]] int DashOf(const DataPlotState& plot, int component);                      // LineDash; solid with colours
+// Colours, dashes, marks, thickness, numbers; curve 0 is left to its kind.
+void DrawCurves(const DataPlotState& plot, PlotDraw draw);
 // The note on a curve that is selected and left out where all are plotted, at the page's lower left corner.
-void DrawLeftOut(const Session& session, PlotDraw draw);
+void DrawLeftOut(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw);
 
 enum class FitOver : unsigned char { shown_steps, all_steps };  // those in the x limits in use, or all
 // Raw limits of the curves on display; false: there is no finite point.
-[[nodiscard]] bool FitAxes(const Session& session, FitOver over, PlotLimits& limits);
-// Rounds by dgRoundAxis for the lengths of the axes.
-void RoundX(const DataPlotState& plot, PlotLimits& limits);
-void RoundY(const DataPlotState& plot, PlotLimits& limits);
+[[nodiscard]] bool FitAxes(const DataPlotState& plot, FitOver over, PlotLimits& limits);
+[[nodiscard]] bool HasRightAxis(const DataPlotState& plot);  // of the wave over a time history
 
 }  // namespace zaview

@@ -21,21 +21,22 @@ constexpr std::string_view kNoMemory = "ERROR allocating memory for the plot";
 
 }  // namespace
 
-bool SayTableFault(const Session& session, TableFault fault) {
-  const Console& console = session.platform.console;
-  if (fault == TableFault::not_valid)
-    Say(console, kNotValid, QuantityLabel(session.case_store, session.data_plot.quantity.iqnt));
+bool SayTableFault(const PlotSource& source, const DataPlotState& plot, TableFault fault) {
+  const Console& console = source.console();
+  if (fault == TableFault::not_valid) Say(console, kNotValid, QuantityLabel(source.store, plot.quantity.iqnt));
   if (fault == TableFault::no_memory) SayLine(console, kNoMemory);
   return fault == TableFault::none;
 }
 
 void WritePlotData(Session& session, const std::string& name) {
   const Console& console = session.platform.console;
-  const PlotType& type = PlotTypeOf(session.data_plot.kind);
-  if (type.write == nullptr) return;
+  DataPlotState& plot = session.data_plot;
+  const PlotSource source = SourceOf(session);
+  const PlotType& type = PlotTypeOf(plot.kind);
+  if (type.write == nullptr || !UpdatePlot(source, plot)) return;
   OutputFile out;
   if (!OpenOutput(session.platform, name, OpenHow::replace, out)) return Say(console, kOpenFault, name);
-  if (!SayTableFault(session, type.write(session, out))) return DiscardOutput(out);
+  if (!SayTableFault(source, plot, type.write(source, plot, out))) return DiscardOutput(out);
   if (!CloseOutput(out)) return Say(console, kWriteFault, name);
   SayLine(console, type.written);
 }

@@ -21,14 +21,14 @@ float HeightOf(const PopupBox& box) {
 
 }  // namespace
 
-PopupBox PopupBoxOf(const DataPlotState& plot, PlotDraw draw) {
+PopupBox PopupBoxOf(const PopupState& popup, PlotDraw draw) {
   PopupBox box;
   for (const std::string_view line : kPopupLines) box.width = std::max(box.width, TextWidth(draw, line, kHeight));
   box.width += kLetter * kHeight;
   box.pitch = kLine * LinePitch(draw, kHeight);
   const auto inside = [](float value, float most) { return std::max(std::min(value, most - kOnPage), kOnPage); };
-  box.left = inside(plot.popup_x, draw.page.page_width - box.width);
-  box.bottom = inside(plot.popup_y, draw.page.page_height - HeightOf(box));
+  box.left = inside(popup.x, draw.page.page_width - box.width);
+  box.bottom = inside(popup.y, draw.page.page_height - HeightOf(box));
   return box;
 }
 
@@ -40,9 +40,9 @@ PopupChoice ChoiceAt(const PopupBox& box, float x, float y) {
   return static_cast<PopupChoice>(line + 1);
 }
 
-void DrawPopup(const DataPlotState& plot, PlotDraw draw) {
-  if (!plot.popup_open) return;
-  const PopupBox box = PopupBoxOf(plot, draw);
+void DrawPopup(const PopupState& popup, PlotDraw draw) {
+  if (!popup.open) return;
+  const PopupBox box = PopupBoxOf(popup, draw);
   const float top = box.bottom + HeightOf(box);
   dgThickness(draw, 0);
   dgColour(draw, 1);

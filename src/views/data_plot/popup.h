@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "gks/plot/plot_layer.h"
-#include "views/state/data_plot_state.h"
+#include "views/state/axes_state.h"
 
 namespace zaview {
 
@@ -17,10 +17,10 @@ struct PopupBox {
   float left = 0, bottom = 0, width = 0, pitch = 0;  // height: pitch a line
 };
 
-// Where the popup stands that was opened at popup_x, popup_y: its lower left corner there, moved so that it is on the
+// Where the popup stands that was opened at x, y: its lower left corner there, moved so that it is on the
 // page.
-[[nodiscard]] PopupBox PopupBoxOf(const DataPlotState& plot, PlotDraw draw);
+[[nodiscard]] PopupBox PopupBoxOf(const PopupState& popup, PlotDraw draw);
 [[nodiscard]] PopupChoice ChoiceAt(const PopupBox& box, float x, float y);
-void DrawPopup(const DataPlotState& plot, PlotDraw draw);  // if it is open
+void DrawPopup(const PopupState& popup, PlotDraw draw);  // if it is open
 
 }  // namespace zaview

@@ -66,7 +66,8 @@ void AddExtremes(const RecordStats& stats, StatOverlay& out) {
 }  // namespace
 
 void MakeStatOverlay(int show_stats, std::span<const float> x, float prob, StatOverlay& out) {
-  out = StatOverlay{};
+  out.lines.clear();
+  out.texts.clear();
   if (show_stats < 1 || show_stats > 4 || x.empty()) return;
   RecordStats stats;
   if (CalcRecordStats(kNoHalfWidths, x, prob, stats) != StatFault::none) return;

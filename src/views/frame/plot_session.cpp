@@ -8,7 +8,8 @@
 #include "gks/kernel/gks_control.h"
 #include "gks/window/gks_window.h"
 #include "views/data_plot/data_plot.h"
-#include "views/data_plot/screen_dialogue.h"
+#include "views/frame/screen_dialogue.h"
+#include "views/frame/session_keys.h"
 
 namespace zaview {
 
@@ -21,7 +22,8 @@ struct View {
   void (*init)(Session& session);
   void (*render)(Session& session);
   void (*mouse)(Session& session, int button, float x, float y);
-  void (*keyboard)(Session& session, int key);
+  void (*before_key)(Session& session);  // whatever the key does
+  ViewKeys (*keys)(const Session& session);
 };
 
 void RenderDataPlot(Session& s) {
@@ -31,7 +33,7 @@ void RenderDataPlot(Session& s) {
 
 // By plot_module, from 1.
 constexpr View kViews[] = {
-    {zaviewinit, RenderDataPlot, zaviewmouse, zaviewkeyboard},
+    {zaviewinit, RenderDataPlot, zaviewmouse, BeforeDataPlotKey, DataPlotKeys},
 };
 
 const View* ViewOf(const Session& s) {
@@ -73,6 +75,7 @@ void GiveUpView(Session& s) {
 
 // What every handler of an event ends with.
 void AfterEvent(Session& s) {
+  if (const View* view = ViewOf(s)) ServeAsk(s, view->keys(s));
   if (s.run.exit_requested) zaviewexit(s, s.run.exit_status);
   if (s.run.plot_module == 0) gksWindowHideNow(s.platform, s.gks);
   else if (s.run.redraw) gksPostRedisplay(s.platform, s.gks);
@@ -127,9 +130,17 @@ void TopMouse(Session& session, int button, float x, float y) {
   AfterEvent(session);
 }
 
+void PressKey(Session& session, int key) {
+  const View* view = ViewOf(session);
+  if (view == nullptr) return;
+  view->before_key(session);
+  if (ActOnKey(session, view->keys(session), key)) session.run.redraw = true;
+  ServeAsk(session, view->keys(session));
+}
+
 void TopKeyboard(Session& session, int key, float, float) {
   session.plot_session.screen_io_option = kNoQuestion;  // one that still stood there went with its window
-  if (const View* view = ViewOf(session)) view->keyboard(session, key);
+  PressKey(session, key);
   AfterEvent(session);
 }
 

@@ -15,6 +15,7 @@ namespace zaview {
 void TopRender(Session& session, bool force);
 void TopMouse(Session& session, int button, float x, float y);
 void TopKeyboard(Session& session, int key, float x, float y);
+void PressKey(Session& session, int key);      // what the key does, without what follows an event
 [[nodiscard]] bool TopIdle(Session& session);  // true: display again
 
 // The hooks of the kernel; set ahead of gksReady.

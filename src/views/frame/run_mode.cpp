@@ -2,16 +2,16 @@
 #include <chrono>
 #include <thread>
 
-#include "base/message.h"
 #include "gks/picture/window_dump.h"
 #include "gks/window/gks_window.h"
 #include "views/frame/plot_session.h"
+#include "views/frame/session_keys.h"
+#include "views/state/step_run.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr std::string_view kNoMenu = "Plot Options : this menu is not available yet";
 constexpr int kDrawnBeforeDump = 3;  // idle calls to a picture file: drawn, shown, then stored
 constexpr int kNumberedPng = -1;
 constexpr std::chrono::milliseconds kRest{2};  // where nothing is due yet
@@ -20,21 +20,16 @@ bool AtLastStep(const Session& s) {
   return s.case_store.current_step >= s.case_store.last_step;
 }
 
-// Seconds of a step as simulated, in output units.
-double TimeOf(const Session& s, int step) {
-  return static_cast<double>(s.case_store.time.at(1, step) * s.output.units.scales.T);
-}
-
 bool IsDue(const Session& s, int step) {
   const PlotSessionState& p = s.plot_session;
   const double now = s.platform.clock.seconds(s.platform.clock.self) - p.run_clock0;
-  return now >= (TimeOf(s, step) - static_cast<double>(p.run_t0)) * static_cast<double>(s.motion_view.run_sync_factor);
+  return now >= (ShownTimeOf(s, step) - static_cast<double>(p.run_t0)) * static_cast<double>(p.run_sync_factor);
 }
 
 // One step on, or with the clock to the last step that is due. False: none is.
 bool Advance(Session& s) {
   int& step = s.case_store.current_step;
-  if (!s.motion_view.run_sync) {
+  if (!s.plot_session.run_sync) {
     ++step;
     return true;
   }
@@ -44,17 +39,12 @@ bool Advance(Session& s) {
   return step != before;
 }
 
-void Stop(Session& s) {
-  gksIdleOff(s.platform, s.gks);
-  s.plot_session.run_on = false;
-  s.plot_session.run_dump = false;
-}
-
 void OpenPendingMenu(Session& s) {
   gksIdleOff(s.platform, s.gks);
   if (!s.plot_session.menu_pending) return;
   s.plot_session.menu_pending = false;
-  SayLine(s.platform.console, kNoMenu);
+  s.plot_session.ask = ViewAsk::options_menu;
+  ServeAsk(s, {});
 }
 
 }  // namespace
@@ -73,12 +63,12 @@ bool TopIdle(Session& session) {
   if (p.run_dump) static_cast<void>(GKSDUMP(session.platform, session.gks, kNumberedPng));
   p.idle_count = 0;
   if (AtLastStep(session)) {  // its picture is stored too
-    Stop(session);
+    StopRun(session);
     return false;
   }
   if (!Advance(session)) return false;
   session.run.redraw = true;
-  if (AtLastStep(session) && !p.run_dump) Stop(session);
+  if (AtLastStep(session) && !p.run_dump) StopRun(session);
   return true;
 }
 

@@ -3,33 +3,22 @@
 // histogram data, rate and theoretical distribution (StatisticsState), the current step (CaseStore).
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "case/plot_data.h"
 #include "stats/histogram.h"
+#include "views/state/axes_state.h"
+#include "views/state/plot_key.h"
 
 namespace zaview {
 
-enum class PlotKind : std::uint8_t {
-  none,
-  history,
-  trajectory,
-  load_dist,
-  histogram,
-  autocovariance,
-  autocorrelation,
-  interval
-};
-inline constexpr int kPlotKinds = 8;
-
 enum class HistogramStyle : std::uint8_t { line, filled, outlined };
+enum class LegendUse : std::uint8_t { automatic, off, on };  // automatic: where several curves are drawn
 enum class StatsPlace : std::uint8_t { bottom, below, above };
-
-struct PlotLimits {
-  float x_min = 0, x_step = 1, x_max = 1, y_min = 0, y_step = 1, y_max = 1;
-};
 
 // Statistics of the one curve of a time history: lines with their names, and a block of values.
 struct OverlayLine {
@@ -39,32 +28,38 @@ struct OverlayLine {
 };
 
 struct StatOverlay {
+  int show = 0, component = 0;  // show_stats and curve for which it was made; 0: of nothing
+  int first = 0, n = 0;         // points of the curve that it was made of
   std::vector<OverlayLine> lines;
   std::vector<std::string> texts;
 };
 
-// What the plots are made of, each kind its own part; remade when its flag says that it is out of date.
+struct HullPlace {  // where a trajectory shows the hull
+  int step = 0;
+  float x = 0, y = 0, yaw = 0;  // of the centre as shown; radians
+  float time = 0;               // as shown
+};
+
+// What the plot is made of, each kind its own part; made anew when the key is another one.
 struct DataPlotDerived {
-  PlotKind history_of = PlotKind::none;       // the kind for which the next two were made
-  PlotData history;                           // all components; also the track and the loads
-  std::vector<float> step_x;                  // of the same points: their step index
-  int overlay_of = 0, overlay_component = 0;  // show_stats and curve for which the next was made; 0: none
+  PlotDataKey made_of;
+  PlotData history;           // all components; also the track and the loads
+  std::vector<float> step_x;  // of the same points: their step index
   StatOverlay overlay;
   Histogram histogram;
-  std::vector<float> bar_x, bar_y;           // the upper ends of its bars, two points each
-  PlotKind correlation_of = PlotKind::none;  // the kind for which the next were made
-  std::vector<float> lag, correlation;       // shown lag times; autocovariance or autocorrelation
-  std::vector<float> env_lag, env_R;         // upper envelope, or that of the size
-  std::vector<float> low_lag, low_R;         // lower envelope; empty of an ensemble
-  float variance = 1;                        // what a correlation of 1 is in the unit shown
-  int ndti = 0;                              // dependence in steps; 0: not reached
+  std::vector<float> bar_x, bar_y;      // the upper ends of its bars, two points each
+  std::vector<float> lag, correlation;  // shown lag times; autocovariance or autocorrelation
+  std::vector<float> env_lag, env_R;    // upper envelope, or that of the size
+  std::vector<float> low_lag, low_R;    // lower envelope; empty of an ensemble
+  float variance = 1;                   // what a correlation of 1 is in the unit shown
+  int ndti = 0;                         // dependence in steps; 0: not reached
   float dti = 0;
   std::vector<float> record_x;                                  // numbers of the realizations that have samples
   std::vector<float> record_low, record_estimate, record_high;  // confidence intervals of the realizations
   float low = 0, estimate = 0, high = 0;                        // of the ensemble
   std::vector<float> cut, load, load_least, load_largest;       // by sectional cut: coordinate, present value, range
-  std::vector<int> hull_steps;                                  // where a trajectory shows the hull
-  std::vector<std::vector<float>> waterline_x, waterline_y;     // of the hull, ship axes, output units; a line each
+  std::vector<HullPlace> hulls;
+  std::vector<std::vector<float>> waterline_x, waterline_y;  // of the hull, ship axes, output units; a line each
 };
 
 struct DataPlotState {
@@ -73,27 +68,21 @@ struct DataPlotState {
   QuantityRequest quantity;  // its curve isn't looked at: plot_component is
   int plot_component = 0;    // 0: all
   int plot_component_count = 0;
-  std::vector<std::uint8_t> hidden;  // by component: left out where all are shown
-  bool of_ensemble = false;          // histogram, autocorrelation
-  int statistic = 1;                 // of confidence intervals: 1 mean, 2 standard deviation, 3 variance, 4 significant
-                                     // amplitude
+  std::optional<std::array<double, 3>> point;   // the last that was given, for the quantities of a point
+  std::optional<std::array<float, 4>> missile;  // likewise, with the point, for quantity 48
+  std::vector<std::uint8_t> hidden;             // by component: left out where all are shown
+  bool of_ensemble = false;                     // histogram, autocorrelation
+  int statistic = 1;  // of confidence intervals: 1 mean, 2 standard deviation, 3 variance, 4 significant
+                      // amplitude
 
   // Axes
-  PlotLimits limits;                              // in use
-  PlotLimits data_limits;                         // of the last fit, or kept
-  float axis_x_length = 8, axis_y_length = 5.5F;  // page units; the page is 11 by 8.5
-  float histogram_x_length = 8, histogram_y_length = 5.5F;
-  bool rescale = true;          // the limits are to be fitted
-  bool limits_changed = false;  // by zoom or pan since the last fit
-  bool keep_scale = false;      // when the quantity changes
+  AxesState axes;
+  FitKey fitted_for;
+  AxesLength axis_length, histogram_length;  // the page is 11 by 8.5
+  bool keep_scale = false;                   // when the quantity changes
   bool x_axis_by_index = false;
-  bool keep_aspect = true;        // of trajectories
-  std::uint64_t case_serial = 0;  // case and settings that limits and hidden curves were chosen for
-  OutputSettings settings;
+  bool keep_aspect = true;    // of trajectories
   bool match_scales = false;  // the same limits on all graphs
-
-  // Out of date
-  bool redo_data = true, redo_hist = true, redo_conf = true, redo_cov = true, redo_load = true;
 
   // Looks
   int plot_text_mode = 1;  // 0 none, 1 all, 2 title and axes, 3 axes, 4 file name and axes
@@ -106,7 +95,8 @@ struct DataPlotState {
   bool grid_on = false;
   int axis_option = 0;  // 1 y name upright, 2 a frame round the area, 3 both
   bool numbers_on = false, time_labels_on = false;
-  bool values_in_legend = false;
+  LegendUse legend = LegendUse::automatic;  // names of the curves
+  bool values_in_legend = false;            // behind the names, which are then shown
   int show_stats = 0;  // 0 none, 1 1/3rd peaks, 2 1/10th peaks, 3 standard deviation, 4 minimum and maximum
   StatsPlace stats_at = StatsPlace::bottom;
   HistogramStyle hist_rendering = HistogramStyle::outlined;
@@ -118,15 +108,6 @@ struct DataPlotState {
   int geometry_every = 0;  // steps; 0: ten hulls on the track
   float geometry_scale = 1;
   std::vector<int> marked_steps;  // typed by the user; empty: every n-th
-
-  // Measuring, zooming, the popup
-  bool measure_on = false;
-  float measure_x = 0, measure_y = 0;
-  bool measure_closest = true;
-  bool zoom_pending = false;
-  float zoom_x0 = 0, zoom_y0 = 0;
-  bool popup_open = false;
-  float popup_x = 0, popup_y = 0;  // page units
 
   DataPlotDerived derived;
 };

@@ -8,7 +8,8 @@
 
 namespace zaview {
 
-inline constexpr int kGraphs = 4;  // overlay graphs
+inline constexpr int kGraphs = 6;          // overlay graphs
+inline constexpr int kScriptedGraphs = 4;  // those that a script reaches
 inline constexpr int kColours = 16;
 
 struct MotionGraph {
@@ -16,6 +17,7 @@ struct MotionGraph {
   QuantityRequest request;
   int colour = 1;  // index into the colour names
   bool blank = true, scroll = false, time_bar = true, mark = false, value = false;
+  float scroll_time = 60;  // output time units, above 0
 };
 
 struct MotionViewState {
@@ -24,19 +26,23 @@ struct MotionViewState {
   bool perspective = true;
   bool shading_on = true;
   bool body_transparent = false;
-  bool hull_solid = true;  // else wire frame
+  bool hull_solid = true, hull_wire = false;  // both off: no hull
+  bool fs_solid = true, fs_wire = false;      // free surface
   bool fs_transparent = false;
   float fs_opacity = 0.5F;                       // 0 to 1
   float ambient = 0.3F;                          // 0 to 1
   float view_width = 30;                         // aperture, degrees, 0 to 90
   float view_radius = 0;                         // 0: to fit the ship
   float view_azimuth = 45, view_elevation = 30;  // degrees
-  bool run_sync = false;                         // in step with the wall clock
-  bool sync_real_time = true;                    // the factor counts against real time
-  float run_sync_factor = 1;
-  float fs_grid_size = 0;  // 0: by the ship
-  float line_thickness = 0;
-  int initial_step = 0;  // 0: the first in use
+  std::array<double, 3> view_centre{};  // from (x, y) of the CG on the still water; global axes, output lengths
+  float fs_grid_size = 0;               // 0: by the ship
+  float line_thickness = 0, graph_thickness = 0;  // page units
+  bool thick_frames = false;                      // the frames of graphs, too
+  float text_size = 0.14F;                        // page units
+  bool show_track = false;                        // of the CG
+  bool mark_point = false;                        // on the ship: the point of `point`
+  std::array<double, 3> point{};                  // INPUT axes and units
+  int initial_step = 0;                           // 0: the first in use
   std::array<MotionGraph, kGraphs> graphs;
 };
 

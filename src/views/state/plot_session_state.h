@@ -1,25 +1,32 @@
 // State of the frame around the views: run mode, and the question that stands on the text screen. Data only.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace zaview {
 
+// What a view asks the frame for, which opens it behind the event.
+enum class ViewAsk : std::uint8_t { none, options_menu, curve_menu, time_step_menu, help, help_on_console };
+
 struct PlotSessionState {
   bool graphics_started = false;  // the event loop runs
-  int menu_font_step = 0;         // of the menu windows, up and down from their usual size
   bool menu_pending = false;      // the options menu opens at the next idle call
+  ViewAsk ask = ViewAsk::none;
 
-  // Run mode: steps one after the other (CaseStore::current_step).
+  // Run mode, of all views: steps one after the other (CaseStore::current_step).
   bool run_on = false;
   bool run_dump = false;    // a picture file of each step
   bool step_stale = false;  // the time-step window shows an older step
   int idle_count = 0;
-  float run_t0 = 0;       // time of the first step of the run, seconds as simulated
-  double run_clock0 = 0;  // the clock at its start
+  bool run_sync = false;       // in step with the wall clock
+  bool sync_real_time = true;  // the factor counts against real time: late steps are left out
+  float run_sync_factor = 1;   // of the time as simulated
+  float run_t0 = 0;            // time of the first step of the run, seconds as simulated
+  double run_clock0 = 0;       // the clock at its start
 
-  // The question on the text screen. option: screen_dialogue.h; step, of file output: 1 the name, 2 may it be
+  // The question on the text screen. option: screen_question.h; step, of file output: 1 the name, 2 may it be
   // overwritten.
   int screen_io_option = 0;
   int screen_io_step = 1;

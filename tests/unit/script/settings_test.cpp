@@ -55,11 +55,15 @@ Values Histogram(const Session& s) {
 }
 Values PlotFrame(const Session& s) {
   const DataPlotState& p = s.data_plot;
-  return Of(p.axis_x_length, p.axis_y_length, p.histogram_x_length, p.histogram_y_length, s.gks.window.width,
+  return Of(p.axis_length.x, p.axis_length.y, p.histogram_length.x, p.histogram_length.y, s.gks.window.width,
             s.gks.window.height);
 }
 Values Flags(const Session& s) {
   return Of(s.data_plot.grid_on, s.data_plot.match_scales, s.data_plot.show_ship);
+}
+Values Curves(const Session& s) {
+  const DataPlotState& p = s.data_plot;
+  return Of(p.numbers_on, p.legend, p.values_in_legend, p.colour_on);
 }
 Values Background(const Session& s) {
   return Of(s.run.plot_colours);
@@ -93,12 +97,12 @@ Values ViewNumbers(const Session& s) {
             v.line_thickness, v.initial_step);
 }
 Values Sync(const Session& s) {
-  const MotionViewState& v = s.motion_view;
+  const PlotSessionState& v = s.plot_session;
   return Of(v.run_sync, v.sync_real_time, v.run_sync_factor);
 }
 Values Graphs(const Session& s) {
   Values values;
-  for (const MotionGraph& graph : s.motion_view.graphs) {
+  for (const MotionGraph& graph : std::span(s.motion_view.graphs).first(kScriptedGraphs)) {
     const QuantityRequest& q = graph.request;
     for (const float value : Of(graph.on, q.iqnt, q.curve, q.point[0], q.missile[3])) values.push_back(value);
   }
@@ -106,7 +110,7 @@ Values Graphs(const Session& s) {
 }
 Values GraphOptions(const Session& s) {
   Values values;
-  for (const MotionGraph& g : s.motion_view.graphs)
+  for (const MotionGraph& g : std::span(s.motion_view.graphs).first(kScriptedGraphs))
     for (const float value : Of(g.colour, g.blank, g.scroll, g.time_bar, g.mark, g.value)) values.push_back(value);
   return values;
 }
@@ -358,6 +362,10 @@ TEST(Settings, Plots) {
        small + std::string("WINDOW_SIZE command")}}},
       flag("PLOT_GRID", {1, 0, 1}, {0, 0, 1}), flag("SHOW_GRID", {1, 0, 1}, {0, 0, 1}), flag("GRID", {1, 0, 1}, {0, 0, 1}),
       flag("MATCH_SCALES", {0, 1, 1}, {0, 0, 1}), flag("SHOW_SHIP", {0, 0, 1}, {0, 0, 0}),
+      {"PLOT_NUMBERS NUMBER_CURVES", Curves, {{"", {1, 0, 0, 1}}}, {}},
+      {"PLOT_LEGEND", Curves, {{"OFF|none", {0, 1, 0, 1}}, {"on|NAMES", {0, 2, 0, 1}}, {"VALUES", {0, 2, 1, 1}}},
+       {{"", 4, no_word}}},
+      {"PLOT_COLOR PLOT_COLORS PLOT_COLOUR PLOT_COLOURS", Curves, {{"OFF", {0, 0, 0, 0}}}, {}},
       {"REVERSE", Background, {{"", {1}}}, {}},
       {"BLACK BLACKBG BLACK_BG", Background, {{"", {2}}}, {}},
       {"WHITE WHITEBG WHITE_BG", Background, {{"", {3}}}, {}},

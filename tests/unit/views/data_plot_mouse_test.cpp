@@ -8,6 +8,7 @@
 #include "unit/views/plot_view.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/popup.h"
+#include "views/frame/session_keys.h"
 
 namespace zaview {
 namespace {
@@ -23,6 +24,7 @@ struct Click {
 void Do(PlotView& v, const Click& click) {
   v.session.gks.modifiers = click.held;
   zaviewmouse(v.session, click.button, click.x, click.y);
+  ServeAsk(v.session, DataPlotKeys(v.session));
   v.session.gks.modifiers = 0;
 }
 
@@ -85,14 +87,14 @@ TEST(DataPlotMouse, TwoClicksZoomAndOneOutsideUndoes) {
       Do(v, click);
       if (v.session.run.redraw) v.Show();
     }
-    const PlotLimits& l = v.plot().limits;
+    const PlotLimits& l = v.plot().axes.limits;
     const float got[] = {l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max};
     const float want[] = {c.limits.x_min, c.limits.x_step, c.limits.x_max,
                           c.limits.y_min, c.limits.y_step, c.limits.y_max};
     for (std::size_t i = 0; i < std::size(got); ++i)
       EXPECT_NEAR(got[i], want[i], 1.0e-5F * std::abs(want[i])) << c.name << ' ' << i;
-    EXPECT_EQ(v.plot().zoom_pending, c.pending) << c.name;
-    EXPECT_EQ(v.plot().limits_changed, c.changed) << c.name;
+    EXPECT_EQ(v.plot().axes.zoom.pending, c.pending) << c.name;
+    EXPECT_EQ(v.plot().axes.use == LimitsUse::changed, c.changed) << c.name;
     EXPECT_EQ(v.fake.output, c.said) << c.name;
   }
 }
@@ -105,23 +107,23 @@ TEST(DataPlotMouse, MeasuresTheClosestPointOnThePage) {
   const std::vector<float>& heave = v.plot().derived.history.y[2];
   // Seen in page units a point beside is closer than the one at the same time: 0.25 along is 0.027 units, and 1 up 1.1.
   Do(v, {kRight, t[60] + 0.1F, heave[60]});
-  EXPECT_TRUE(v.plot().measure_on && v.session.run.redraw);
-  EXPECT_EQ(v.plot().measure_x, t[60]);
-  EXPECT_EQ(v.plot().measure_y, heave[60]);
+  EXPECT_TRUE(v.plot().axes.measure.on && v.session.run.redraw);
+  EXPECT_EQ(v.plot().axes.measure.x, t[60]);
+  EXPECT_EQ(v.plot().axes.measure.y, heave[60]);
   v.Show();
   Do(v, {kRight, 20, 0});  // ends it and nothing else
-  EXPECT_FALSE(v.plot().measure_on);
-  v.plot().measure_closest = false;
+  EXPECT_FALSE(v.plot().axes.measure.on);
+  v.plot().axes.measure.closest = false;
   Do(v, {kRight, 20.125F, 0.5F});
-  EXPECT_TRUE(v.plot().measure_x == 20.125F && v.plot().measure_y == 0.5F);
-  v.plot().measure_on = false;
+  EXPECT_TRUE(v.plot().axes.measure.x == 20.125F && v.plot().axes.measure.y == 0.5F);
+  v.plot().axes.measure.on = false;
   Do(v, {kRight, 80, 0});
-  EXPECT_FALSE(v.plot().measure_on);
+  EXPECT_FALSE(v.plot().axes.measure.on);
   v.Choose(PlotKind::none, 1, 0);
-  v.plot().measure_closest = true;
+  v.plot().axes.measure.closest = true;
   v.Show();
   Do(v, {kRight, 0.5F, 0.5F});
-  EXPECT_FALSE(v.plot().measure_on);
+  EXPECT_FALSE(v.plot().axes.measure.on);
   EXPECT_EQ(v.fake.output, "Logic ERROR in FindClosestDrawnPoint()\n");
 }
 
@@ -130,11 +132,11 @@ TEST(DataPlotMouse, MeasuresWhatIsConstant) {
   PlotView v("irregular_head.out");
   v.Choose(PlotKind::history, 1, 2);
   v.Show();
-  v.plot().limits.y_min = v.plot().limits.y_max = 1;
-  v.plot().limits_changed = true;
+  v.plot().axes.limits.y_min = v.plot().axes.limits.y_max = 1;
+  v.plot().axes.use = LimitsUse::changed;
   v.Show();
   Do(v, {kRight, 20, 1.000005F});
-  EXPECT_TRUE(v.plot().measure_on);
+  EXPECT_TRUE(v.plot().axes.measure.on);
 }
 
 // Its four lines, hit in their middles; a click anywhere closes it.
@@ -149,9 +151,9 @@ TEST(DataPlotMouse, ThePopupIsDrawnWhereItIsHit) {
       v.Choose(PlotKind::history, 1, 3);
       v.Show();
       Do(v, open);
-      ASSERT_TRUE(v.plot().popup_open);
+      ASSERT_TRUE(v.plot().axes.popup.open);
       v.Show();
-      const PopupBox box = PopupBoxOf(v.plot(), DrawOf(v.session));
+      const PopupBox box = PopupBoxOf(v.plot().axes.popup, DrawOf(v.session));
       EXPECT_GE(box.left, 0.0F);
       EXPECT_GE(box.bottom, 0.0F);
       EXPECT_LE(box.left + box.width, 11.0F);
@@ -164,10 +166,10 @@ TEST(DataPlotMouse, ThePopupIsDrawnWhereItIsHit) {
       const PlotPage& page = v.session.page;
       const float x = box.left + 0.5F * box.width, y = box.bottom + (4.5F - static_cast<float>(line)) * box.pitch;
       Do(v, {kLeft, (x - page.area_x) / page.area_width * 74.75F, (y - page.area_y) / page.area_height * 5 - 3});
-      EXPECT_FALSE(v.plot().popup_open);
+      EXPECT_FALSE(v.plot().axes.popup.open);
       EXPECT_EQ(v.fake.output, kSaid[line]) << line;
       EXPECT_EQ(v.session.gks.screen.mode == ScreenMode::text, line == 3);
-      EXPECT_FALSE(v.plot().zoom_pending);
+      EXPECT_FALSE(v.plot().axes.zoom.pending);
     }
   }
 }

@@ -76,16 +76,15 @@ TEST(DataPlotAxes, HistoryLimits) {
   UseSmallCase(view);
   // Time steps of 0.25.
   for (std::size_t k = 0; k < 40; ++k)
-    view.session.case_store.time.component[0][k] =
-        0.25F * static_cast<float>(5 + k) / view.session.output.units.scales.T;
+    view.session.case_store.time.component[0][k] = 0.25F * static_cast<float>(5 + k) / view.session.output.units.scales.T;
   for (const Row& row : rows) {
     view.Choose(PlotKind::history, 1, row.component);
     view.plot().x_axis_by_index = row.by_index;
     view.plot().match_scales = row.match;
     zaviewsetaxes(view.session);
     PlotLimits want = row.want;
-    want.x_step = view.plot().limits.x_step;
-    ExpectLimits(view.plot().limits, want, row.name);
+    want.x_step = view.plot().axes.limits.x_step;
+    ExpectLimits(view.plot().axes.limits, want, row.name);
   }
 }
 
@@ -98,71 +97,130 @@ TEST(DataPlotAxes, FitPassesOverWhatIsNotFinite) {
   view.Choose(PlotKind::history, 1, 1);
   zaviewsetaxes(view.session);
   PlotLimits limits;
-  ASSERT_TRUE(FitAxes(view.session, FitOver::all_steps, limits));
+  ASSERT_TRUE(FitAxes(view.plot(), FitOver::all_steps, limits));
   EXPECT_NEAR(limits.y_min, 21, 1e-3);
   EXPECT_NEAR(limits.y_max, 58, 1e-3);
-  view.plot().limits.x_min = view.plot().derived.history.x[10];
-  view.plot().limits.x_max = view.plot().derived.history.x[20];
-  ASSERT_TRUE(FitAxes(view.session, FitOver::shown_steps, limits));
+  view.plot().axes.limits.x_min = view.plot().derived.history.x[10];
+  view.plot().axes.limits.x_max = view.plot().derived.history.x[20];
+  ASSERT_TRUE(FitAxes(view.plot(), FitOver::shown_steps, limits));
   EXPECT_NEAR(limits.y_min, 30, 1e-3);
   EXPECT_NEAR(limits.y_max, 40, 1e-3);
-  ASSERT_TRUE(FitAxes(view.session, FitOver::all_steps, limits));
+  ASSERT_TRUE(FitAxes(view.plot(), FitOver::all_steps, limits));
   EXPECT_EQ(limits.x_min, view.plot().derived.history.x.front());  // all steps, whatever their values
   EXPECT_EQ(limits.x_max, view.plot().derived.history.x.back());
   y.assign(40, std::numeric_limits<float>::quiet_NaN());
-  MarkAllStale(view.plot());
+  ForgetData(view.plot());
   zaviewsetaxes(view.session);
-  EXPECT_FALSE(FitAxes(view.session, FitOver::all_steps, limits));
+  EXPECT_FALSE(FitAxes(view.plot(), FitOver::all_steps, limits));
   view.Show();  // an empty graph, not a failure
 }
 
-TEST(DataPlotAxes, LimitsStayWhileZoomed) {
+// What is out of date is known by what it was made of, whoever changed it: no flag is set anywhere.
+TEST(DataPlotAxes, DataAndLimitsAreMadeAnewWithWhatTheyDependOn) {
+  struct Row {
+    const char* name;
+    PlotKind kind;
+    void (*change)(Session& s);
+    bool made, fitted, fitted_if_zoomed;
+  };
+  using enum PlotKind;
+  const Row rows[] = {
+      {"nothing", history, [](Session&) {}, false, false, false},
+      {"looks", history, [](Session& s) { s.data_plot.grid_on = s.data_plot.numbers_on = true; }, false, false, false},
+      {"component", history, [](Session& s) { s.data_plot.plot_component = 2; }, false, true, true},
+      {"component", histogram, [](Session& s) { s.data_plot.plot_component = 2; }, true, true, true},
+      {"cut", load_dist, [](Session& s) { s.data_plot.plot_component = 2; }, false, false, false},
+      {"quantity", history, [](Session& s) { s.data_plot.quantity.iqnt = 2; }, true, true, true},
+      {"point", history, [](Session& s) { s.data_plot.quantity.point[0] = 3; }, true, true, true},
+      {"quantity", trajectory, [](Session& s) { s.data_plot.quantity.iqnt = 2; }, false, false, false},
+      {"case", history, [](Session& s) { ++s.case_store.serial; }, true, true, true},
+      {"unit", history, [](Session& s) { s.output.units.scales.position.fill(2); }, true, true, true},
+      {"sign", trajectory, [](Session& s) { s.output.units.cnvfac[1] = -1; }, true, true, true},
+      {"steps", history, [](Session& s) { s.case_store.last_step = 20; }, true, true, false},
+      {"skip", histogram, [](Session& s) { s.case_store.skip_effective = 3; }, true, true, false},
+      {"wave", trajectory, [](Session& s) { s.data_plot.wave_overlay = true; }, false, false, false},
+      {"rate", histogram, [](Session& s) { s.statistics.histogram.rate = 2; }, true, true, false},
+      {"rate", autocovariance, [](Session& s) { s.statistics.histogram.rate = 2; }, false, false, false},
+      {"cutoff", autocorrelation, [](Session& s) { s.output.statistics.autocorrelation_cutoff = 0.2F; }, true, true, false},
+      {"step", load_dist, [](Session& s) { s.case_store.current_step = 9; }, false, false, false},
+      {"length", history, [](Session& s) { s.data_plot.axis_length.x = 4; }, false, true, false},
+      {"aspect", trajectory, [](Session& s) { s.data_plot.keep_aspect = false; }, false, true, false},
+      {"matched", history, [](Session& s) { s.data_plot.match_scales = true; }, false, true, false},
+      {"another kind", history, [](Session& s) { s.data_plot.kind = trajectory; }, true, true, true},
+  };
+  constexpr float kMark = -77;
+  for (const Row& row : rows) {
+    for (const bool zoomed : {false, true}) {
+      PlotView view("");
+      UseSmallCase(view);
+      view.Choose(row.kind, row.kind == load_dist ? 13 : 1, 1);
+      zaviewsetaxes(view.session);
+      DataPlotState& plot = view.plot();
+      plot.derived.history.labels = {"kept"};
+      plot.derived.variance = kMark;
+      plot.derived.bar_x.assign(1, kMark);
+      plot.axes.fitted.y_max = kMark;
+      if (zoomed) plot.axes.use = LimitsUse::changed;
+      row.change(view.session);
+      zaviewsetaxes(view.session);
+      const DataPlotDerived& d = plot.derived;
+      const bool kept = d.history.labels == std::vector<std::string>{"kept"} && d.variance == kMark &&
+                        d.bar_x == std::vector<float>{kMark};
+      EXPECT_EQ(kept, !row.made) << row.name << static_cast<int>(row.kind);
+      EXPECT_EQ(plot.axes.fitted.y_max != kMark, zoomed ? row.fitted_if_zoomed : row.fitted)
+          << row.name << static_cast<int>(row.kind) << zoomed;
+    }
+  }
+}
+
+TEST(DataPlotAxes, LimitsAreKeptOrCarriedOver) {
   PlotView view("");
   UseSmallCase(view);
-  view.Choose(PlotKind::history, 1, 1);
-  zaviewsetaxes(view.session);
-  const PlotLimits zoomed = {2, 1, 4, 30, 2, 40};
-  view.plot().limits = zoomed;
-  view.plot().limits_changed = true;
-  view.plot().plot_component = 2;
-  MarkAllStale(view.plot());
-  zaviewsetaxes(view.session);
-  ExpectLimits(view.plot().limits, zoomed, "zoomed");
-  view.plot().rescale = true;
-  zaviewsetaxes(view.session);
-  EXPECT_FALSE(view.plot().limits_changed);
-  EXPECT_NEAR(view.plot().limits.y_max, 70, 1e-3);  // 20 + 44 rounded
+  for (const bool keep : {false, true}) {
+    view.plot().keep_scale = keep;
+    view.Choose(PlotKind::history, 1, 0);
+    zaviewsetaxes(view.session);
+    view.plot().hidden[2] = 1;
+    view.plot().axes.limits.y_max = view.plot().axes.fitted.y_max = 1000;
+    view.plot().quantity.iqnt = 2;
+    zaviewsetaxes(view.session);
+    EXPECT_EQ(view.plot().axes.limits.y_max == 1000, keep);
+    EXPECT_EQ(view.plot().hidden[2], 0);  // curves of another quantity
+    view.plot().axes.limits.y_max = 500;
+    EXPECT_TRUE(ChangeQuantity(view.session.platform.console, view.session.case_store, view.plot(), 1, /*carry=*/true));
+    zaviewsetaxes(view.session);
+    EXPECT_EQ(view.plot().axes.limits.y_max, 500);
+    EXPECT_EQ(view.plot().axes.use, LimitsUse::changed);  // a click outside fits them
+  }
 }
 
 TEST(DataPlotAxes, ChangeQuantity) {
   struct Row {
     PlotKind kind;
     int from, direction, want;
+    bool point = false, missile = false;
   };
   const Row rows[] = {
-      {PlotKind::history, 1, 1, 2},      {PlotKind::history, 14, 1, 23},  // kinds that the case has not
-      {PlotKind::history, 33, 1, 39},                                     // files and tables only
-      {PlotKind::history, 1, -1, 48},    {PlotKind::load_dist, 14, 1, 23},
+      {PlotKind::history, 1, 1, 2},         {PlotKind::history, 14, 1, 23},  // kinds that the case has not
+      {PlotKind::history, 33, 1, 39},                                        // files and tables only
+      {PlotKind::history, 1, -1, 47},                                        // no missile was given
+      {PlotKind::history, 1, -1, 47, true}, {PlotKind::history, 1, -1, 48, true, true},
+      {PlotKind::history, 26, 1, 33},  // no point was given
+      {PlotKind::history, 26, 1, 27, true}, {PlotKind::load_dist, 14, 1, 23},
       {PlotKind::load_dist, 24, 1, 13},  // round and round
-      {PlotKind::load_dist, 13, -1, 24}, {PlotKind::trajectory, 1, 1, 1},
+      {PlotKind::load_dist, 13, -1, 24},    {PlotKind::trajectory, 1, 1, 1},
   };
   for (const Row& row : rows) {
     PlotView view("");
     UseSmallCase(view);
     view.Choose(row.kind, row.from, 0);
-    view.plot().hidden.assign(1, 1);
-    view.plot().rescale = false;
-    view.plot().limits_changed = true;
-    view.plot().redo_data = false;
-    ChangeQuantity(view.session, row.direction, false);
+    if (row.point) view.plot().point = {1, 2, 3};
+    if (row.missile) view.plot().missile = {1, 0, 0, 0};
+    const Console& console = view.session.platform.console;
+    const bool changed = ChangeQuantity(console, view.session.case_store, view.plot(), row.direction, false);
     EXPECT_EQ(view.plot().quantity.iqnt, row.want) << row.from;
-    const bool changed = row.want != row.from;
-    EXPECT_EQ(view.plot().rescale, changed);
-    EXPECT_EQ(view.plot().redo_data, changed);
-    EXPECT_EQ(view.plot().hidden.empty(), changed);
-    view.plot().rescale = false;
-    ChangeQuantity(view.session, row.direction, true);
-    EXPECT_FALSE(view.plot().rescale);
+    EXPECT_EQ(changed, row.want != row.from);
+    EXPECT_EQ(view.plot().quantity.point[1], row.point && changed ? 2.0 : 0.0);
   }
 }
 
@@ -209,8 +267,8 @@ TEST(DataPlotPicture, CurveStandsWhereTheAxesSay) {
   EXPECT_GT(view.Pixels(kWhite).count, lit);
 
   view.plot().colour_on = true;
-  view.plot().limits = {5, 1, 6, 20, 10, 60};
-  view.plot().limits_changed = true;
+  view.plot().axes.limits = {5, 1, 6, 20, 10, 60};
+  view.plot().axes.use = LimitsUse::changed;
   view.Show();  // steeper now, cut at the ends
   red = view.Pixels(kRed);
   EXPECT_NEAR(red.right - red.left, 8 * kUnit, 2);
@@ -345,9 +403,9 @@ TEST(StatOverlay, IsMadeOnce) {
   view.Choose(PlotKind::history, 2, 3);
   view.plot().show_stats = 4;
   void (*const changes[])(DataPlotState & plot) = {
-      [](DataPlotState& plot) { plot.limits_changed = true, plot.limits.x_max += 1.0F; },
+      [](DataPlotState& plot) { Pan(plot.axes, 0.1F, 0); },
       [](DataPlotState& plot) { plot.stats_at = StatsPlace::above; },
-      [](DataPlotState& plot) { plot.redo_data = true; },
+      [](DataPlotState& plot) { ForgetData(plot); },
       [](DataPlotState& plot) { plot.show_stats = 3; },
       [](DataPlotState& plot) { plot.plot_component = 2; },
   };
@@ -380,13 +438,13 @@ TEST(Trajectory, UnitsAreAsLongOnBothAxes) {
   GiveHull(view.session.case_store);
   view.Choose(PlotKind::trajectory, 1, 0);
   view.Show();
-  const PlotLimits& l = view.plot().limits;
+  const PlotLimits& l = view.plot().axes.limits;
   EXPECT_NEAR((l.x_max - l.x_min) / 8, (l.y_max - l.y_min) / 5.5, 1e-3);
   // The track runs from (20, 25) to (59, 64) and the hull is 40 long.
   EXPECT_LE(l.x_min, 0);
   EXPECT_GE(l.x_max, 79);
   view.plot().keep_aspect = false;
-  view.plot().rescale = true;
+  ForgetLimits(view.plot().axes);
   zaviewsetaxes(view.session);
   EXPECT_GT(std::abs((l.x_max - l.x_min) / 8 - (l.y_max - l.y_min) / 5.5F), 0.1F);
 }
@@ -401,7 +459,7 @@ TEST(Trajectory, HullPointsWhereTheShipHeads) {
     view.Choose(PlotKind::trajectory, 1, 0);
     view.plot().marked_steps = {25};
     view.Show();
-    const PlotLimits& l = view.plot().limits;
+    const PlotLimits& l = view.plot().axes.limits;
     const double metre = 800.0 / (l.x_max - l.x_min);
     const PixelBox hull = view.Pixels(kGreen);
     EXPECT_NEAR(hull.right - hull.left, (turned ? 10 : 40) * metre, 3);
@@ -432,7 +490,9 @@ TEST(Trajectory, StepsWithAHull) {
     view.plot().marked_steps = row.marked;
     view.Choose(PlotKind::trajectory, 1, 0);
     zaviewsetaxes(view.session);
-    EXPECT_EQ(view.plot().derived.hull_steps, row.want) << row.every << ' ' << row.stride;
+    std::vector<int> steps;
+    for (const HullPlace& hull : view.plot().derived.hulls) steps.push_back(hull.step);
+    EXPECT_EQ(steps, row.want) << row.every << ' ' << row.stride;
   }
 }
 
@@ -442,9 +502,11 @@ TEST(Trajectory, Table) {
   view.session.case_store.last_step = 6;
   view.session.output.writing.separator = Separator::comma;
   view.session.output.units.cnvfac[1] = -1;
+  view.Choose(PlotKind::trajectory, 1, 0);
+  zaviewsetaxes(view.session);
   OutputFile out;
   ASSERT_TRUE(OpenOutput(view.session.platform, "", OpenHow::replace, out));
-  EXPECT_EQ(kTrajectoryPlot.write(view.session, out), TableFault::none);
+  EXPECT_EQ(kTrajectoryPlot.write(SourceOf(view.session), view.plot(), out), TableFault::none);
   const std::string& text = view.fake.output;
   EXPECT_NE(text.find("Trajectory for ZAVO file run.out\nTime,pmgg(1),pmgg(2)\n"), std::string::npos) << text;
   EXPECT_NE(text.find(",20.00000,-25.00000\n"), std::string::npos) << text;
@@ -491,7 +553,7 @@ TEST(LoadPlot, PresentValueAndRange) {
   EXPECT_GT(view.Pixels(kWhite).count, lit + 300);
   EXPECT_GT(view.Pixels(kWhite).bottom, 375);  // the page ends at 386
   PlotNames names;
-  kLoadPlot.names(view.session, names);
+  kLoadPlot.names(FactsOf(view.session), view.plot(), names);
   EXPECT_EQ(names.note.substr(0, 14), "Step 11 Time= ");
 }
 
@@ -527,10 +589,11 @@ TEST(PlotParts, ShortNumber) {
       {0, "0"},
       {20, "20"},
       {-12.345678F, "-12.3457"},
-      {1.0e12F, "1e+12"},
-      {-1.5e-9F, "-1.5e-09"},
-      {-1.234e-9F, "-1.2e-09"},
-      {-INFINITY, "-3.4e+38"},
+      {1.0e12F, "1e12"},
+      {-1.5e-9F, "-1.5e-9"},
+      {-1.234e-9F, "-1.23e-9"},
+      {-2.07123e7F, "-2.071e7"},
+      {-INFINITY, "-3.4e38"},
       {-NAN, "0"},
   };
   for (const Row& row : rows) EXPECT_EQ(ShortNumber(row.value), row.text);

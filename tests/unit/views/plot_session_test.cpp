@@ -158,8 +158,8 @@ TEST(RunMode, EndsWithTheLastStepAndItsPicture) {
 TEST(RunMode, KeepsTimeWithTheClock) {
   LoadRun run;
   constexpr float kSlower = 2;
-  run.session.motion_view.run_sync = true;
-  run.session.motion_view.run_sync_factor = kSlower;
+  run.session.plot_session.run_sync = true;
+  run.session.plot_session.run_sync_factor = kSlower;
   run.fake.seconds = 1000;
   run.Begin(150);
   const double step = static_cast<double>((run.store().time.at(1, 151) - run.store().time.at(1, 150)) *

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdlib>
 #include <fstream>
@@ -18,6 +19,8 @@
 #include "gks/window/window_offscreen.h"
 #include "project_places.h"
 #include "views/data_plot/data_plot.h"
+#include "views/state/axes_limits.h"
+#include "views/state/plot_selection.h"
 
 namespace zaview {
 
@@ -84,9 +87,8 @@ struct PlotView {
     plot().kind = kind;
     plot().quantity.iqnt = iqnt;
     plot().plot_component = component;
-    plot().rescale = true;
-    plot().limits_changed = false;
-    MarkAllStale(plot());
+    ForgetLimits(plot().axes);
+    ForgetData(plot());
   }
 
   // As a display of the frame does it. The picture is in rgb unless the view was left.
@@ -103,6 +105,11 @@ struct PlotView {
   [[nodiscard]] unsigned At(int x, int y) const {  // 0xRRGGBB, y down
     const auto i = static_cast<std::size_t>((session.gks.window.height - 1 - y) * session.gks.window.width + x) * 3;
     return static_cast<unsigned>(rgb[i]) << 16U | static_cast<unsigned>(rgb[i + 1]) << 8U | rgb[i + 2];
+  }
+  [[nodiscard]] unsigned Ink(int index) const {  // a colour of the plot as the picture has it
+    const GksColour& colour = session.gks.colour[static_cast<std::size_t>(index)];
+    const auto part = [](float value) { return static_cast<unsigned>(std::lround(value * 255.0F)); };
+    return part(colour.red) << 16U | part(colour.green) << 8U | part(colour.blue);
   }
   // Of all pixels of a colour. In the dark mode the paper is 0, colour 1 white, 2 red, 3 green.
   [[nodiscard]] PixelBox Pixels(unsigned colour) const {

@@ -33,7 +33,7 @@ struct Storm {
     session.platform = fake.Get();
     for (const char* sample : samples) ReadSample(session, fake, sample);
     SetHooks(session);
-    session.motion_view.run_sync = false;
+    session.plot_session.run_sync = false;
     session.dialogue = [](Session& s) { Of(s).Continue(); };
   }
   Storm(const Storm&) = delete;

@@ -1,0 +1,237 @@
+#include "views/frame/session_keys.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "base/message.h"
+#include "case/quantity_catalogue.h"
+#include "gks/picture/window_dump.h"
+#include "gks/window/gks_window.h"
+#include "gks/window/text_screen.h"
+#include "views/frame/screen_dialogue.h"
+#include "views/state/step_run.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr std::string_view kNoMenu = "{} : this menu is not available yet";
+constexpr int kNumberedPng = -1;
+constexpr int kSpace = ' ';
+constexpr KeyScope kByStep = 1U, kAnyView = 2U;
+
+// ---- What the rows do
+template <int option>
+bool AskCount(Session& s) {
+  AskStepCount(s, option);
+  return false;
+}
+
+bool Leave(Session& s) {
+  StopRun(s);
+  s.run.plot_module = 0;
+  return false;
+}
+
+bool Quit(Session& s) {
+  s.run.exit_requested = true;
+  return false;
+}
+
+bool Redraw(Session&) {
+  return true;
+}
+
+bool RequestReverse(Session& s) {
+  constexpr int kReversed = 1;
+  s.run.plot_colours = kReversed;
+  return true;
+}
+
+bool DumpWindow(Session& s) {
+  static_cast<void>(GKSDUMP(s.platform, s.gks, kNumberedPng));
+  return false;
+}
+
+template <ViewAsk what>
+bool AskFor(Session& s) {
+  s.plot_session.ask = what;
+  return false;
+}
+
+bool AskCurveMenu(Session& s) {
+  return CurveCount(s.case_store, s.data_plot.quantity.iqnt) > 1 && AskFor<ViewAsk::curve_menu>(s);
+}
+
+template <int step>
+bool MenuFont(Session& s) {
+  constexpr int kLeast = 1, kMost = 3;
+  int& steps = s.menus.menu_font_step;
+  steps = std::clamp(steps + step, kLeast, kMost);
+  return false;  // of the menu windows alone
+}
+
+bool StepBack(Session& s) {
+  return GoToStep(s, s.case_store.current_step - 1);
+}
+
+bool StepOn(Session& s) {
+  return GoToStep(s, s.case_store.current_step + 1);
+}
+
+bool FirstStep(Session& s) {
+  return GoToStep(s, s.case_store.first_step);
+}
+
+bool LastStep(Session& s) {
+  return GoToStep(s, s.case_store.last_step);
+}
+
+// In the order of the help.
+// clang-format off
+constexpr ViewKey kKeys[] = {
+    {'h',             kAnyView, AskFor<ViewAsk::help>,
+     {" h      Help - prints a list of interactive commands (graphics window)"}},
+    {'H',             kAnyView, AskFor<ViewAsk::help_on_console>,
+     {" H      Help - prints a list of interactive commands (text window)"}},
+    {'q',             kAnyView, Leave,
+     {" q      Quit plot/return to text menu or continue script file"}},
+    {'Q',             kAnyView, Quit,
+     {" Q      Quit - exit the program"}},
+    {'r',             kAnyView, Redraw,
+     {" r      Redraw"}},
+    {Ctrl('r'),       kAnyView, RequestReverse,
+     {"^r      Reverse background color"}},
+    {Ctrl('s'),       kAnyView, AskCount<kSkipFirst>,
+     {"^s      Set # of initial time steps to skip in calulating statistics, etc."}},
+    {CtrlShift('s'),  kAnyView, AskCount<kSkipLast>,
+     {"^S      Set # of terminal time steps to skip in calculating statistics, etc."}},
+    {Ctrl('t'),       kAnyView, AskCount<kTrimFirst>,
+     {"^t      Set # of initial time steps to trim (all output)"}},
+    {CtrlShift('t'),  kAnyView, AskCount<kTrimLast>,
+     {"^T      Set # of terminal time steps to trim (all output)"}},
+    {'W',             kAnyView, DumpWindow,
+     {" W      Window dump - save window contents to file"}},
+    {kSpace,          kByStep,  ToggleRun,
+     {"Space bar - Start/stop run mode (plotting time steps in sequence)"}},
+    {Alt(kSpace),     kByStep,  AskFor<ViewAsk::time_step_menu>,
+     {"Alt+Space bar - Invoke run mode menu"}},
+    {Alt('o'),        kAnyView, AskFor<ViewAsk::options_menu>,
+     {"Alt+o bar - Invoke plot options menu"}},
+    {Alt('s'),        kAnyView, AskCurveMenu,
+     {"Alt+s bar - Invoke curve selection menu"}},
+    {Alt('+'),        kAnyView, MenuFont<1>},
+    {Alt('='),        kAnyView, MenuFont<1>},
+    {Alt('-'),        kAnyView, MenuFont<-1>},
+    {kKeyPageUp,      kByStep,  StepBack,
+     {"Pg up/dn  - Plot previous/next time step",
+      "Shift+Pg up/dn  - Plot first/last time step"}},
+    {kKeyPageDown,    kByStep,  StepOn},
+    {Shift(kKeyPageUp), kByStep, FirstStep},
+    {Shift(kKeyPageDown), kByStep, LastStep},
+};
+// clang-format on
+
+KeyScope SessionScope(const ViewKeys& view) {
+  return view.by_step ? kByStep | kAnyView : kAnyView;
+}
+
+// ---- Which row
+int CodeOf(const Session& s, const ViewKeys& view, int key) {
+  constexpr int kLastControl = 26;
+  const GksModifiers held = gksMouseButtons(s.gks);
+  if (held.alt) return Alt(key);
+  const bool with_control = key <= kLastControl && held.control;
+  const bool shift_counts = held.shift && (with_control || key >= kKeyF1);
+  const auto is = [key](const ViewKey& row) { return row.code == Shift(key); };
+  const bool has_row =
+      std::any_of(view.rows.begin(), view.rows.end(), is) || std::any_of(std::begin(kKeys), std::end(kKeys), is);
+  return shift_counts && has_row ? Shift(key) : key;
+}
+
+const ViewKey* Find(std::span<const ViewKey> rows, KeyScope scope, int code) {
+  for (const ViewKey& row : rows)
+    if (row.code == code && (row.scope & scope) != 0) return &row;
+  return nullptr;
+}
+
+// ---- Help
+// Letters come first: plain, capital, with Control; then figures, blank, Alt, pages, arrows, brackets, Escape.
+int PlaceOf(int code) {
+  constexpr int kEscape = 27, kLastControl = 26, kForms = 4;
+  constexpr int kFigures = 200, kBlank = 201, kAltKeys = 202, kPages = 203, kArrows = 204, kOthers = 205, kLast = 206;
+  const int key = code & (kWithShift - 1);
+  const bool shift = (code & kWithShift) != 0;
+  if ((code & kWithAlt) != 0) return kAltKeys;
+  if (key == kEscape) return kLast;
+  if (key <= kLastControl) return (key - 1) * kForms + (shift ? 3 : 2);
+  if (key == kKeyPageUp || key == kKeyPageDown) return kPages;
+  if (key >= kKeyF1) return kArrows;
+  if (std::isalpha(key) != 0) return (std::tolower(key) - 'a') * kForms + (std::isupper(key) != 0 ? 1 : 0);
+  if (std::isdigit(key) != 0) return kFigures;
+  return key == kSpace ? kBlank : kOthers;
+}
+
+void ShowHelp(Session& s, const ViewKeys& view) {
+  const std::vector<std::string> lines = HelpLines(view);
+  for (std::size_t i = 0; i < lines.size(); ++i) gksScreenLine(s.gks, lines[i], static_cast<int>(i));
+  gksScreenShow(s.platform, s.gks);
+}
+
+}  // namespace
+
+std::span<const ViewKey> SessionKeys() {
+  return kKeys;
+}
+
+std::vector<KeyInHelp> KeysInOrder(const ViewKeys& view) {
+  std::vector<KeyInHelp> keys;
+  const ViewKey* own = std::begin(kKeys);
+  const auto add_own = [&] { keys.push_back({own, (own->scope & SessionScope(view)) != 0}); };
+  for (const ViewKey& row : view.rows) {
+    for (; own != std::end(kKeys) && PlaceOf(own->code) < PlaceOf(row.code); ++own) add_own();
+    keys.push_back({&row, (row.scope & view.scope) != 0});
+  }
+  for (; own != std::end(kKeys); ++own) add_own();
+  return keys;
+}
+
+std::vector<std::string> HelpLines(const ViewKeys& view) {
+  std::vector<std::string> lines(view.heading.begin(), view.heading.end());
+  for (const KeyInHelp& key : KeysInOrder(view)) {
+    if (!key.acts) continue;
+    for (const std::string_view line : key.row->help)
+      if (!line.empty()) lines.emplace_back(line);
+  }
+  return lines;
+}
+
+bool ActOnKey(Session& session, const ViewKeys& view, int key) {
+  const int code = CodeOf(session, view, key);
+  const ViewKey* row = Find(view.rows, view.scope, code);
+  if (row == nullptr) row = Find(kKeys, SessionScope(view), code);
+  return row != nullptr && row->act(session);
+}
+
+void ServeAsk(Session& session, const ViewKeys& view) {
+  const ViewAsk ask = session.plot_session.ask;
+  session.plot_session.ask = ViewAsk::none;
+  const Console& console = session.platform.console;
+  switch (ask) {
+    case ViewAsk::none:
+      return;
+    case ViewAsk::options_menu:
+      return Say(console, kNoMenu, "Plot Options");
+    case ViewAsk::curve_menu:
+      return Say(console, kNoMenu, "Curve Selection");
+    case ViewAsk::time_step_menu:
+      return Say(console, kNoMenu, "Time Step");
+    case ViewAsk::help:
+      return ShowHelp(session, view);
+    case ViewAsk::help_on_console:
+      for (const std::string& line : HelpLines(view)) SayLine(console, line);
+      return;
+  }
+}
+
+}  // namespace zaview

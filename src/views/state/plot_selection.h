@@ -1,0 +1,39 @@
+// What a data plot shows, chosen by key, mouse, menu or script. The verbs change what is chosen and nothing else: data
+// and limits are remade at the next display, where their keys say so. True: the plot is to be drawn again.
+#pragma once
+
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/ensemble_store.h"
+#include "stats/statistics_state.h"
+#include "views/state/data_plot_state.h"
+#include "views/state/plot_source.h"
+
+namespace zaview {
+
+[[nodiscard]] PlotSubject SubjectOf(const DataPlotState& plot, const PlotFacts& facts);
+[[nodiscard]] PlotDataKey DataKeyOf(const DataPlotState& plot, const PlotFacts& facts);
+[[nodiscard]] FitKey FitKeyOf(const DataPlotState& plot, const PlotFacts& facts);
+
+void ForgetData(DataPlotState& plot);  // made anew at the next display, whatever its key
+
+// The component in use, within those of the quantity: one curve where the kind shows one, all where there is only one.
+// Curves that were left out come back with another subject.
+void SettleComponent(DataPlotState& plot, const PlotFacts& facts);
+[[nodiscard]] bool IsShown(const DataPlotState& plot, int component);  // by plot_component and `hidden`
+
+bool TakeComponent(DataPlotState& plot, const CaseStore& store, int component);  // 0: all; none beyond the last
+bool NextComponent(DataPlotState& plot, const CaseStore& store);
+bool ToggleDrawing(DataPlotState& plot, const CaseStore& store);  // of the chosen one, where all are shown
+
+// By step through the quantities that the case has and this kind of plot can show; those of a point or a missile once
+// one was given. direction: 1 or -1. carry: the limits in use are those of the next one too.
+bool ChangeQuantity(const Console& console, CaseStore& store, DataPlotState& plot, int direction, bool carry);
+bool ChangeStatistic(DataPlotState& plot, int direction);
+
+// Between curves and histogram; false: this kind has no such other.
+bool SwitchHistogram(DataPlotState& plot, const CaseStore& store, const EnsembleStore& ensemble);
+bool NextHistogramData(HistogramRequest& histogram);
+bool NextOverlay(HistogramRequest& histogram);
+
+}  // namespace zaview
