@@ -34,6 +34,7 @@ TEST(KinoFiles, ViewerCommands) {
                {"nastran:hull.nas", "-nastran hull.nas\n"},
                {"HARLEND:a b.hrl", "-hrl a b.hrl\n"},
                {"hrl:hull.hrl", "-hrl hull.hrl\n"},
+               {" none ", ""},
                {"", ""}};
   for (const auto& row : cases) {
     FakePlatform fake;
@@ -52,9 +53,9 @@ TEST(KinoFiles, ViewerCommands) {
     set_output_scales(settings, false);
     ASSERT_EQ(write_kino_files(fake.Get(), " tow ", settings, c), KinoSet::ok);
     // The CG lies at (1, 0, -1.25) in ship axes; the points are turned to it. Step 41: 10 sqrt(328/32.174).
-    const std::string hull = row.geometry.empty() ? ""
-                                                  : "-mirror_lf\n-gshift -1 0 1.25\n-gorig  0 0 6.25\n"
-                                                    "-grot   0 0 57.29578\n-lf_scale 3.28\n";
+    const std::string hull = row.option.empty() ? ""
+                                                : "-mirror_lf\n-gshift -1 0 1.25\n-gorig  0 0 6.25\n"
+                                                  "-grot   0 0 57.29578\n-lf_scale 3.28\n";
     EXPECT_EQ(fake.Bytes("tow.kno0"), "!KINO command file for data from ZAVO output file run.out\n" + row.option +
                                           hull +
                                           "-sea tow.sea\n-grav 32.174\n-depth 164\n-wave_scale 0 0 31.92893 1\n");

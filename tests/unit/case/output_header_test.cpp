@@ -117,6 +117,7 @@ TEST(OutputHeader, OlderVersionsLackLists) {
     draft.loads = c.loads;
     const Outcome out = Read(draft.Text());
     ASSERT_EQ(out.status, HeaderStatus::ok) << c.version << out.console;
+    EXPECT_EQ(out.fresh.loads.x_kinds, (std::vector<int>{1, 3})) << c.version;
     EXPECT_EQ(out.fresh.loads.y_kinds, (std::vector<int>{5})) << c.version;
     EXPECT_EQ(out.fresh.loads.y_cuts, (std::vector<Triple>{c.y_cut})) << c.version;
     EXPECT_TRUE(out.fresh.unnamed_derived.empty()) << c.version;

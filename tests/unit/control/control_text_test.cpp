@@ -45,20 +45,18 @@ TEST(ControlText, CommentsAreCutAndDelimitersFoundInRawLines) {
   EXPECT_EQ(NextDataLine(next, line), TextEvent::end_of_file);
 }
 
-TEST(ControlText, EndOfFileMarkEndsTheText) {
-  TextFile file("END_OF_FILE and more\nnext\n");
-  HeaderText text{&file.source};
-  std::string_view line;
-  EXPECT_EQ(NextTextLine(text, line), TextEvent::end_of_text);
-}
-
-TEST(ControlText, SectionOfTooManyLinesIsRefused) {
-  TextFile file("1\n2\n3\n");
-  HeaderText text{&file.source, 2};
-  std::string_view line;
-  EXPECT_EQ(NextTextLine(text, line), TextEvent::line);
-  EXPECT_EQ(NextTextLine(text, line), TextEvent::line);
-  EXPECT_EQ(NextTextLine(text, line), TextEvent::too_long);
+TEST(ControlText, EndsAndLimits) {
+  // clang-format off
+  const struct { const char* text; std::int64_t most; std::vector<TextEvent> events; } cases[] = {
+      {"END_OF_FILE and more\nnext\n", 9, {TextEvent::end_of_text}},
+      {"1\n2\n3\n", 2, {TextEvent::line, TextEvent::line, TextEvent::too_long}}};
+  // clang-format on
+  for (const auto& c : cases) {
+    TextFile file(c.text);
+    HeaderText text{&file.source, c.most};
+    std::string_view line;
+    for (const TextEvent event : c.events) EXPECT_EQ(NextTextLine(text, line), event) << c.text;
+  }
 }
 
 }  // namespace

@@ -50,9 +50,10 @@ TEST(ReadControlRecords, WholeTextWithSomeCommentLines) {
       {30, {"1.19E-6 1", "!30 (cont)", "0.05"}}, {31, {"0"}},
       {32, {"1", "-48.0 0.0 2.0 0.0 0.0 -1.0 1.0 0.0 0.0 4.0 2.5 0.5"}}, {33, {"0"}}};
   // clang-format on
-  const Outcome out = Read(draft.Text());
+  const Outcome out = Read(draft);
   ASSERT_EQ(out.status, ControlStatus::ok) << out.console;
   EXPECT_EQ(out.console, "");
+  EXPECT_EQ(out.delimiter, Delimiter::file_parsing_data);
   const ControlRecords& r = out.records;
   EXPECT_EQ(r.DESCR + '|' + r.FAPLT + '|' + r.FGEOM + '|' + r.FOUT + '|' + r.FRST + '|' + r.FWLMEM,
             "Wigley hull, head sea||wigley.geo|run.out|first.rst|");
@@ -67,46 +68,6 @@ TEST(ReadControlRecords, WholeTextWithSomeCommentLines) {
   EXPECT_EQ(r.components.at(0).SPST0, 0.7);
   EXPECT_EQ(r.XMC.at(1), (Triple{-25, 0, 6.25}));
   EXPECT_TRUE(r.fins.at(0).span == (Triple{0, 0, -1}) && r.fins[0].deflection == 0.5);
-}
-
-TEST(ReadControlRecords, LinesFollowTheSwitches) {
-  using R = const ControlRecords&;
-  // clang-format off
-  const struct { int record; std::vector<std::string> lines; bool (*good)(R); } cases[] = {
-      {6, {"-1 0 0 0", "1 2 3"}, [](R r) { return r.XPOUT == Triple{1, 2, 3}; }},
-      {13, {"1 0 -2", "6*0", "1 2 3", "irf"}, [](R r) { return r.FIRF0 == "irf" && r.ZMIX == 3; }},
-      {13, {"1,,0", "6*0", "3*0", ""}, [](R r) { return r.MOTYPE == 0; }},  // left out: 0, not the usual 2
-      {21, {"1", "2 1", "0.5 1 2 3", "0.6 4 5 6", "7 0.5"},
-       [](R r) { return r.seaway.waves.size() == 2 && r.seaway.waves[1].HEADW == 6 && r.seaway.WSCSTP[0] == 7; }},
-      {21, {"2", "4 9", "180 0 40 1 1 0"}, [](R r) { return r.seaway.TMODAL == 9; }},
-      {21, {"3", "5 0", "0.5 1 2 3"}, [](R r) { return r.seaway.waves.size() == 1; }},
-      {21, {"4", "1 2 0", "1 2 3 4 5 6", "7 8 9 10 11 12"},
-       [](R r) { return r.seaway.alternative.size() == 2 && r.seaway.alternative[1].HEAD == 12; }},
-      {21, {"5", "2 180.0 1", "1 2 3", "4 5 6", "1 1"},
-       [](R r) { return r.seaway.modes.size() == 2 && r.seaway.modes[1].MODE_FREQ == 6 && r.seaway.NWSC == 1; }},
-      {21, {"6", "15 2E5 3.3", "180 0 40 1 1 0"}, [](R r) { return r.seaway.FETCH == 2e5; }},
-      {21, {"7", "1 2 3 4 5 6", "180 0 40 1 9 0"}, [](R r) { return r.seaway.IWVRLZ == 9; }},
-      {28, {"1", "1 0 0 0.0 2 0 0.5"}, [](R r) { return r.components[0].NEWST0 == 2; }},
-      {29, {"0 0 0 1 1", "1 2 3", "1 2 3 4 5 6 7 8 9 10 11 12 13", "7*0 8"},
-       [](R r) { return r.mass_points[0].AMI == Triple{8, 9, 10} && r.STRDMP[7] == 8; }},
-      {30, {"1E-6 2", "1 2"}, [](R r) { return r.CFROLL == 1 && r.CFROLL2 == 2; }},
-      {30, {"1E-6 3", "1 2"}, [](R r) { return r.CFROLL3 == 1 && r.CFROLL4 == 2; }},
-      {30, {"1E-6 4", "1"}, [](R r) { return r.CFROLL2 == 1; }},
-      {30, {"1E-6 5", "1"}, [](R r) { return r.CFROLL3 == 1; }},
-      {31, {"1", "1 2 3 4 5"}, [](R r) { return r.deadriseang == 5; }},
-      {31, {"2", "1 2 3 4"}, [](R r) { return r.fact_hlift == 4; }},
-      {33, {"1", "1 2 3 4 5 6 7 8 9 10 11"}, [](R r) { return r.bilge_keels[0].chord_length == 11; }}};
-  // clang-format on
-  for (const auto& c : cases) {
-    ControlDraft draft;
-    draft.record[c.record] = c.lines;
-    draft.modules = {"$WIND:", "1 2"};  // a record that takes a line too many or too few would lose it
-    const Outcome out = Read(draft);
-    ASSERT_EQ(out.status, ControlStatus::ok) << c.record << ' ' << c.lines[0] << out.console;
-    EXPECT_TRUE(c.good(out.records)) << c.record << ' ' << c.lines[0];
-    EXPECT_EQ(out.records.modules.size(), 1U) << c.record << ' ' << c.lines[0];
-    EXPECT_EQ(out.delimiter, Delimiter::file_parsing_data);
-  }
 }
 
 TEST(ReadControlRecords, FaultsNameRecordAndLine) {

@@ -18,7 +18,7 @@ struct Culled {
   std::string console;
 };
 
-// Nodes 1 to 4 a square of side 1; 5 is 2 again, 6 lies 1e-6 L from 1 (L = 1), which is another place.
+// Over L: 1 to 4 a square of side L; 5 is 2 again, 6 lies 1e-6 L from 1, which is another place. L is 100.
 // clang-format off
 constexpr Vector3 kNodes[] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {1, 0.5e-6, -0.5e-6}, {0, 0, 1e-6}};
 const Culled kCulled[] = {
@@ -46,10 +46,10 @@ const Culled kCulled[] = {
 TEST(Fecull, RemovesDegenerateAndDuplicateElements) {
   for (const Culled& c : kCulled) {
     HullMesh mesh;
-    mesh.nodes.assign(std::begin(kNodes), std::end(kNodes));
+    for (const Vector3& p : kNodes) mesh.nodes.push_back({100 * p[0], 100 * p[1], 100 * p[2]});
     for (const auto& nodes : c.elements) mesh.elements.push_back({nodes});
     FakePlatform fake;
-    FECULL(fake.Get().console, 1, mesh);
+    FECULL(fake.Get().console, 100, mesh);
     std::vector<std::array<int, 4>> left;
     for (const HullElement& element : mesh.elements) left.push_back(element.node);
     EXPECT_EQ(left, c.left) << c.what;

@@ -90,24 +90,16 @@ TEST(IncidentWave, DepthOfEvaluation) {
   deep.waves = {{1.0F}, {90}, {0.5F}, {0}};
   // At x = 0, t = 0: eta = 0, phi = a E. At x = -pi/2: eta = a on the crest.
   const double h = 0.4, k = 1.6;  // of any wave: the depth limits z alone
-  const struct {
-    double depth, z;
-    int stretch, IEKZOPT;
-    double phi;
-  } cases[] = {
-      {0, -0.5, 0, 1, 0.5 * std::exp(-0.5)},
-      {0, -0.5, 0, -1, 0.5 * std::exp(-0.5)},
-      {0, -0.5, 0, 0, 0.5},
-      {0, -0.5, 0, 2, 0.5},
-      {0, 0.7, 0, 1, 0.5},
-      {0, 0.7, 1, 1, 0.5},
-      {0, -31, 0, 1, 0},
-      {0, -31, 0, 2, 0.5},
-  };
+  // clang-format off
+  const struct { double z; int stretch, IEKZOPT; double phi; } cases[] = {
+      {-0.5, 0, 1, 0.5 * std::exp(-0.5)}, {-0.5, 0, -1, 0.5 * std::exp(-0.5)}, {-0.5, 0, 0, 0.5}, {-0.5, 0, 2, 0.5},
+      {0.7, 0, 1, 0.5}, {0.7, 1, 1, 0.5}, {-31, 0, 1, 0}, {-31, 0, 2, 0.5}};
+  // clang-format on
   for (const auto& c : cases) {
-    WaveOptions options{c.IEKZOPT, c.stretch, false};
+    const WaveOptions options{c.IEKZOPT, c.stretch, false};
     EXPECT_NEAR(At(Prepared(deep), {{0, 0, c.z}}, {}, options).one[3][0], c.phi, 1e-7) << c.z << ' ' << c.IEKZOPT;
   }
+  EXPECT_GT(At(Prepared(deep), {{0, 0, -29}}, {}, {1, 0, false}).one[3][0], 0.0F);
   // Short waves in deep but finite water decay as in deep water; below the bottom the bottom holds.
   Seaway finite = deep;
   finite.WDEPTH = 50;
@@ -143,6 +135,9 @@ TEST(IncidentWave, EachKindOfSeaway) {
   }
   const Values got = At(Prepared(four), points, {2.5, 1.0});
   for (std::size_t i = 0; i < 8; ++i) EXPECT_NEAR(got.one[i][1], want.one[i][1], 5e-9F) << i;
+
+  four.alternative.FREQ[0] = 0.9F;
+  EXPECT_EQ(Prepared(four).w[0], static_cast<double>(0.9F)) << "as given, whatever its wave number";
 
   Seaway calm;
   for (const float value : At(Prepared(calm), points, {2.5, 1.0}).second) EXPECT_EQ(value, 0.0F);

@@ -86,6 +86,9 @@ TEST(WaveElevation, CelerityOfACrest) {
   (void)slope(0, 0);
   EXPECT_NEAR(v[4], crest, 1e-6);
 
+  const double celerity = v[7];
+  ASSERT_EQ(IncidentWaveCelerity(two, {3.0, 1e-6}, {&point, 1}, along, out), WaveFault::none);
+  EXPECT_NEAR(v[7], celerity, 1e-9 * std::abs(celerity));  // a small wave runs as fast
   ASSERT_EQ(IncidentWaveCelerity(two, {3.0, 0.0}, {&point, 1}, along, out), WaveFault::none);
   for (const double value : v) EXPECT_EQ(value, 0.0);  // no amplitude: every divisor is 0
 }
