@@ -74,7 +74,8 @@ WaveAnswer RelativePointMot(const Console& console, CaseStore& case_store) {
   const Vector3 start = ShipToEarth(PoseAtStart(c), from_centre);  // the point where the initial position puts it
   for (std::size_t s = 0; s < eta.size(); ++s) {
     const double steps_since_start = static_cast<double>(c.first_read - 1) + static_cast<double>(s);
-    const Vector3 p = Triple3(c.point_motion, 0, s);
+    // Not the place in store, which is rounded: far out, little is left of it.
+    const Vector3 p = ShipToEarth(PoseAtStep(c, c.first_read + static_cast<int>(s)), from_centre);
     const double wave = eta[s];
     Put(c.point_motion, 9, s, {p[0] - start[0] - advance * steps_since_start, p[1] - start[1], p[2] - start[2] - wave});
     eta[s] = static_cast<float>(wave - p[2]);

@@ -137,6 +137,20 @@ TEST(PlotData, WavesAndRelativeMotion) {
             "Calculating motion for ship fixed point...\nInitial static coordinates 40 3 5.75\n");
 }
 
+// 875 m from the start, with the ship at its steady place: the places in store are good to 5e-5 m there only.
+TEST(PlotData, RelativeMotionFarOut) {
+  Fixture f(468, 3);
+  f.c.pmgg.component[0] = {8.766F, 8.7851F, 8.8039F};
+  ASSERT_EQ(f.Set(30, 1), PlotFault::none);
+  const Vector3 r0 = ToGlobal(ShipToGlobal(3.0 / 57.29578, 4.0 / 57.29578, 5.0 / 57.29578), {0.39, 0.03, 0.07});
+  for (int s = 0; s < 3; ++s) {
+    const auto angle = [&](int i) { return static_cast<double>(f.c.pmgg.at(i, 468 + s)); };
+    const Vector3 r = ToGlobal(ShipToGlobal(angle(4), angle(5), angle(6)), {0.39, 0.03, 0.07});
+    const double want = 100 * (angle(1) + r[0] - r0[0]) - 1 - 7.5 * 0.25 * (467 + s);
+    EXPECT_NEAR(static_cast<double>(f.data.y[0][static_cast<std::size_t>(s)]), want, 2e-6) << s;
+  }
+}
+
 TEST(PlotData, Refusals) {
   Fixture f;
   // clang-format off
