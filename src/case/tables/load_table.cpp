@@ -17,20 +17,14 @@ struct Extremes {
   float low, high;
 };
 
-Extremes ExtremesOf(std::span<const float> y) {
+// Of the points in use: every stride-th one.
+Extremes ExtremesOf(std::span<const float> y, std::size_t stride) {
   Extremes e{y[0], y[0]};
-  for (const float value : y) {
-    if (value < e.low) e.low = value;
-    if (value > e.high) e.high = value;
+  for (std::size_t j = 0; j < y.size(); j += stride) {
+    if (y[j] < e.low) e.low = y[j];
+    if (y[j] > e.high) e.high = y[j];
   }
   return e;
-}
-
-// The shown value at a step that need not be one of the points in use.
-float ValueAt(const CaseStore& c, const OutputSettings& settings, const QuantityRow& row, int cut, int step) {
-  const auto kind = static_cast<std::size_t>(row.load_kind - 1);
-  return row.scale == ScaleKind::load_force ? c.load_force[kind].at(cut, step) * settings.units.scales.load_force
-                                            : c.load_moment[kind].at(cut, step) * settings.units.scales.load_moment;
 }
 
 }  // namespace
@@ -44,15 +38,19 @@ PlotFault LoadDistFil(const Console& console, const OutputSettings& settings, in
   }
   QuantityRequest request;
   request.iqnt = iqnt;
+  OutputSettings every = settings;  // the value may stand between two points in use
+  every.reading.step_stride = 1;
   PlotData data;
-  const PlotFault fault = SetPlotData(console, settings, request, case_store, data);
+  const PlotFault fault = SetPlotData(console, every, request, case_store, data);
   if (fault != PlotFault::none) return fault;
   if (data.n == 0) {
     SayLine(console, kTooManySkipped);
     return PlotFault::not_valid;
   }
 
-  step = std::clamp(step, case_store.first_read, case_store.last_read);
+  step = std::clamp(step, case_store.first_step, case_store.last_step);
+  const auto at = static_cast<std::size_t>(step - case_store.first_step);
+  const auto stride = static_cast<std::size_t>(std::max(1, settings.reading.step_stride));
   const std::string names[] = {row->need == QuantityNeed::x_cuts ? "X" : "Y", "Value", "Minimum", "Maximum"};
   const TableLayout layout = LayoutFor(settings.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
@@ -62,9 +60,8 @@ PlotFault LoadDistFil(const Console& console, const OutputSettings& settings, in
   AppendHeading(text, layout, names);
   for (std::size_t i = 0; i < data.y.size(); ++i) {
     const int cut = static_cast<int>(i) + 1;
-    const Extremes extremes = ExtremesOf(data.y[i]);
-    const float cells[] = {CutCoordinate(case_store, settings, iqnt, cut),
-                           ValueAt(case_store, settings, *row, cut, step), extremes.low, extremes.high};
+    const Extremes extremes = ExtremesOf(data.y[i], stride);
+    const float cells[] = {CutCoordinate(case_store, settings, iqnt, cut), data.y[i][at], extremes.low, extremes.high};
     AppendRow(text, layout, cells);
   }
   WriteOutput(out, text);
