@@ -1,6 +1,7 @@
 #include "script/output_argument.h"
 
 #include "base/text.h"
+#include "frame/ground/file_dialogue.h"
 #include "script/open_script_file.h"
 
 namespace zaview {
@@ -10,7 +11,6 @@ namespace {
 inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}";
 inline constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
 inline constexpr std::string_view kUnknownSwitch = "ERROR - unrecognized output file switch: {}";
-inline constexpr std::string_view kFormattedOnly = "Option only supports formatted output - UNFORM switch ignored";
 inline constexpr std::string_view kNameCut = "WARNING - output file name cut at blank : {}";
 
 struct Switches {

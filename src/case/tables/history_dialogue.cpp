@@ -49,7 +49,8 @@ void AskHistoryFile(const Platform& platform, const OutputSettings& settings, co
   const Console& console = platform.console;
   ChosenFile chosen;
   if (OPNFIL(platform, QuestionFor(request.iqnt), chosen) != FileAnswer::opened) return;
-  const PlotFault fault = write_time_history(console, settings, request, false, case_store, chosen.out);
+  if (chosen.unformatted && case_store.time_history() && IsKinoFile(request.iqnt)) SayLine(console, kFormattedOnly);
+  const PlotFault fault = write_time_history(console, settings, request, chosen.unformatted, case_store, chosen.out);
   const bool to_console = chosen.out.to_console;
   if (fault != PlotFault::none) {
     DiscardOutput(chosen.out);

@@ -29,6 +29,9 @@ struct ChosenFile {
   OutputFile out;             // output
 };
 
+// What is said where a file of this form is asked for and there is none.
+inline constexpr std::string_view kFormattedOnly = "Option only supports formatted output - UNFORM switch ignored";
+
 // aborted: QUIT or the end of input; word: the question's own word. Nothing is open then.
 enum class FileAnswer : std::uint8_t { opened, aborted, word };
 

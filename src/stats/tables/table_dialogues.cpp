@@ -38,7 +38,9 @@ bool AskTableFile(const Platform& platform, std::string_view prompt, ChosenFile&
   question.use = FileUse::output;
   question.prompt = prompt;
   question.blank_is_console = true;
-  return OPNFIL(platform, question, chosen) == FileAnswer::opened;
+  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return false;
+  if (chosen.unformatted) SayLine(platform.console, kFormattedOnly);
+  return true;
 }
 
 void FinishTable(const Platform& platform, TableFault fault, std::string_view done, ChosenFile& chosen) {
