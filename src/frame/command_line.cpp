@@ -250,8 +250,8 @@ void TakeArgument(Walk& walk) {
 
 ReadOutcome ReadNamed(Session& session, const std::string& name) {
   const RunState& run = session.run;
-  const ReadRequest request{name, run.ensemble_mode, static_cast<RestartMode>(run.restart_mode), run.selected_ship,
-                            run.selected_vcg};
+  const ReadRequest request{name,  run.ensemble_mode, static_cast<RestartMode>(run.restart_mode), run.selected_ship,
+                            false, run.selected_vcg};
   return read_output_file(request, session.platform, session.run, session.output, session.case_store, session.ensemble);
 }
 

@@ -35,10 +35,11 @@ struct ReadModes {
 struct ShipChoice {
   int ship;
   float vcg;
+  bool named = false;
 };
 
 bool ReadOneFile(Session& session, const std::string& name, const ReadModes& modes, const ShipChoice& choice) {
-  const ReadRequest request{name, modes.ensemble_mode, modes.restart_mode, choice.ship, choice.vcg};
+  const ReadRequest request{name, modes.ensemble_mode, modes.restart_mode, choice.ship, choice.named, choice.vcg};
   return read_output_file(request, session.platform, session.run, session.output, session.case_store,
                           session.ensemble) == ReadOutcome::ok;
 }
@@ -62,6 +63,7 @@ int ReadMatchingFiles(ScriptCall& call, const std::string& pattern, const ReadMo
 bool ReadChoice(ScriptCall& call, int numbers, ShipChoice& choice) {
   std::vector<float> values;
   if (numbers > 0 && !ParseRealList(call.words, numbers, values)) return false;
+  choice.named = numbers > 0;
   if (numbers > 0) choice.ship = RoundToInt(static_cast<double>(values[0]));
   if (numbers > 1) choice.vcg = values[1];
   return true;

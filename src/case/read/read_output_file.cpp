@@ -60,11 +60,12 @@ bool NoTextLeft(BlockStream& stream) {
 bool CheckHeader(const Console& console, const ReadRequest& request, CaseStore& fresh) {
   const ControlRecords& control = fresh.control;
   const int ships = std::max(1, fresh.NSHIP);
+  if (ships == 1 && !request.ship_named) fresh.ship = 1;
   if (control.NSTEP < 0) {
     Say(console, "ERR425 - The ZAVO output file has NSTEP= {}", control.NSTEP);
     SayLine(console, "         File may be for an incompatible version of ZAVO");
-  } else if (request.ship < 1 || request.ship > ships) {
-    Say(console, "ERROR - ship {} is not in the file (NSHIP= {})", request.ship, fresh.NSHIP);
+  } else if (fresh.ship < 1 || fresh.ship > ships) {
+    Say(console, "ERROR - ship {} is not in the file (NSHIP= {})", fresh.ship, fresh.NSHIP);
   } else if (control.NSTEP == 0 || fresh.irf_case) {
     return true;  // no steps, so no layout to know
   } else {

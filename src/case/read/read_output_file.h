@@ -27,6 +27,7 @@ struct ReadRequest {
   int ensemble_mode = kAutomaticEnsemble;
   RestartMode restart_mode = RestartMode::ask;
   int ship = 1;
+  bool ship_named = false;  // by the command itself; else a file with one ship gives that one
   float vcg = 0.0F;
 };
 

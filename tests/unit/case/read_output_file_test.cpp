@@ -49,6 +49,7 @@ struct Reader {
     ReadRequest request;
     request.name = name;
     request.ship = ship;
+    request.ship_named = true;
     fake.output.clear();
     const ReadOutcome outcome = read_output_file(request, platform, run, settings, store, ensemble);
     EXPECT_EQ(fake.OpenHandles(), 0U);
