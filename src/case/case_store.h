@@ -90,6 +90,10 @@ struct DerivedCache {  // which derived arrays are built
   std::array<double, 3> point{};  // for which point_motion is built, INPUT axes and units
 };
 
+struct StepContents {  // what the layout of the file's steps has; the rest is 0 in store and no quantity
+  bool force = true, other_force = true, load_moment = true, rudder = true, prop_rps = true;
+};
+
 enum class Tried : unsigned char { not_yet, there, failed };  // what is made on first need
 
 struct CaseStore {
@@ -109,7 +113,7 @@ struct CaseStore {
   bool irf_case = false;
   bool tadm_case = false;
   bool has_case = false;  // a header has been accepted
-  bool has_other_force = true;
+  StepContents holds;
   [[nodiscard]] bool time_history() const { return !irf_case && !tadm_case; }
 
   int nstep_expected = 0;             // NSTEP of the echo

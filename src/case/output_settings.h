@@ -48,6 +48,12 @@ struct DataSettings {  // all that changes a shown sample: what was made under e
   bool operator==(const DataSettings&) const = default;
 };
 
+struct PointSettings {  // the last ship-fixed point, INPUT axes and units, and the coefficients C1..C4 of a missile
+  bool given = false, missile_given = false;
+  std::array<double, 3> point{};
+  std::array<float, 4> missile{};
+};
+
 struct WritingSettings {
   Separator separator = Separator::space;
 };
@@ -63,6 +69,7 @@ struct StatisticSettings {
 struct OutputSettings : DataSettings {  // two are equal if their data are
   WritingSettings writing;
   StatisticSettings statistics;
+  PointSettings point;
 };
 
 }  // namespace zaview

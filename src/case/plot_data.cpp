@@ -66,121 +66,64 @@ void FillCurve(const CurveSource& source, const Places& places, std::vector<floa
   }
 }
 
-// The slots of force that a quantity sums: first .. last.
-struct SlotRange {
-  int first, last;
+// Scale and sign of slot i of a kind.
+struct Factor {
+  float scale, sign;
 };
-SlotRange SlotsOf(int iqnt) {
-  constexpr SlotRange kSlots[] = {{1, 5}, {1, 2}, {1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}};  // 6..12 and 41..47
-  return kSlots[static_cast<std::size_t>(iqnt < 41 ? iqnt - 6 : iqnt - 41)];
+Factor FactorOf(const OutputUnits& units, ScaleKind kind, std::size_t i) {
+  const OutputScales& s = units.scales;
+  switch (kind) {
+    case ScaleKind::position:
+      return {s.position[i], units.cnvfac[i]};
+    case ScaleKind::velocity:
+      return {s.velocity[i], units.cnvfac[i]};
+    case ScaleKind::acceleration:
+      return {s.acceleration[i], units.cnvfac[i]};
+    case ScaleKind::force:
+      return {s.force[i], units.cnvfac[i]};
+    case ScaleKind::load_force:
+      return {s.load_force, 1.0F};
+    case ScaleKind::load_moment:
+      return {s.load_moment, 1.0F};
+    case ScaleKind::length:
+      return {units.LENOUT, 1.0F};
+    case ScaleKind::speed:
+      return {s.velocity[0], 1.0F};
+    case ScaleKind::acceleration_length:
+      return {s.acceleration[0], 1.0F};
+    case ScaleKind::angle:
+      return {s.angle, 1.0F};
+    case ScaleKind::rps:
+      return {s.prop_rps, 1.0F};
+    case ScaleKind::none:
+      break;
+  }
+  return {1.0F, 1.0F};
 }
 
-CurveSource ForceSource(const CaseStore& c, const OutputSettings& s, int iqnt, int curve) {
-  const StepHistory& history = iqnt < 41 ? c.force : c.force_ship;
-  const SlotRange slots = SlotsOf(iqnt);
-  const auto i = static_cast<std::size_t>(curve - 1);
-  CurveSource source;
-  source.scale = s.units.scales.force[i];
-  source.sign = s.units.cnvfac[i];
-  for (int slot = slots.first; slot <= slots.last; ++slot)
+const StepHistory& HistoryOf(const CaseStore& c, const QuantityRow& row, const CurveGroup& group) {
+  if (group.form != CurveForm::cuts) return c.*group.history;
+  const auto kind = static_cast<std::size_t>(row.load_kind - 1);
+  return group.scale == ScaleKind::load_force ? c.load_force[kind] : c.load_moment[kind];
+}
+
+CurveSource SourceOf(const CaseStore& c, const OutputUnits& units, const QuantityRow& row, const CurvePlace& curve) {
+  constexpr int kSix = 6;
+  const CurveGroup& group = *curve.group;
+  const bool cut = group.form == CurveForm::cuts;
+  const Factor factor = FactorOf(units, group.scale, cut ? 0 : group.slot + static_cast<std::size_t>(curve.place));
+  const StepHistory& history = HistoryOf(c, row, group);
+  CurveSource source = Column(history, group.first + curve.place, factor.scale, factor.sign);
+  for (int slot = 1; source.n_columns > 0 && slot < group.slots; ++slot)
     source.columns[static_cast<std::size_t>(source.n_columns++)] =
-        &history.component[static_cast<std::size_t>(6 * (slot - 1)) + i];
+        &history.component[static_cast<std::size_t>(group.first + curve.place - 1 + kSix * slot)];
+  if (group.form == CurveForm::with_gravity && curve.place == 2) source.constant = 1.0F;
   return source;
-}
-
-CurveSource ManeuverSource(const CaseStore& c, const OutputSettings& s, int curve) {
-  const float angle = s.units.scales.angle;
-  const float scales[] = {s.units.scales.velocity[0], angle, angle, angle, angle, s.units.scales.prop_rps};
-  return Column(c.maneuver, curve, scales[curve - 1], 1.0F);
-}
-
-// The last three of 37.
-CurveSource PointExtraSource(const CaseStore& c, const OutputSettings& s, int curve) {
-  if (curve == 19) return Column(c.eta_cg, 1, s.units.LENOUT, 1.0F);
-  return curve == 20 ? Column(c.rudder_ang, 1, s.units.scales.angle, 1.0F)
-                     : Column(c.prop_rps, 1, s.units.scales.prop_rps, 1.0F);
-}
-
-// 36 to 38: position, Euler angles, velocity, rates, acceleration, rate changes, three columns each.
-CurveSource PointListSource(const CaseStore& c, const OutputSettings& s, int curve) {
-  if (curve > 18) return PointExtraSource(c, s, curve);
-  const struct {
-    const StepHistory* history;
-    int first;  // component of the group's first column
-    const std::array<float, 6>* scale;
-    std::size_t slot;  // of scale and sign
-  } groups[] = {{&c.point_motion, 1, &s.units.scales.position, 0},     {&c.pmgg, 4, &s.units.scales.position, 3},
-                {&c.point_motion, 4, &s.units.scales.velocity, 0},     {&c.vmg, 4, &s.units.scales.velocity, 3},
-                {&c.point_motion, 7, &s.units.scales.acceleration, 0}, {&c.acc, 4, &s.units.scales.acceleration, 3}};
-  const auto& group = groups[(curve - 1) / 3];
-  const int within = (curve - 1) % 3;
-  const std::size_t slot = group.slot + static_cast<std::size_t>(within);
-  return Column(*group.history, group.first + within, (*group.scale)[slot], s.units.cnvfac[slot]);
-}
-
-// 27 to 29, 31, 32: component 1..9 of point_motion.
-CurveSource PointSource(const CaseStore& c, const OutputSettings& s, int iqnt, int curve) {
-  const int component = iqnt == 28 ? curve + 3 : iqnt == 29 ? curve + 6 : curve;
-  const std::array<float, 6>& scale = component <= 3   ? s.units.scales.position
-                                      : component <= 6 ? s.units.scales.velocity
-                                                       : s.units.scales.acceleration;
-  const auto slot = static_cast<std::size_t>((component - 1) % 3);
-  CurveSource source = Column(c.point_motion, component, scale[slot], s.units.cnvfac[slot]);
-  if (iqnt == 32 && component == 9) source.constant = 1.0F;  // gravity, non-dimensional
-  return source;
-}
-
-// 30: the point's motion against its steady place and the wave; deltaZ has no direction.
-CurveSource RelativeSource(const CaseStore& c, const OutputSettings& s, int curve) {
-  const auto slot = static_cast<std::size_t>((curve - 1) % 3);
-  const float length = s.units.scales.position[0];
-  return Column(c.point_motion, curve + 9, length, curve == 4 ? 1.0F : s.units.cnvfac[slot]);
-}
-
-CurveSource SourceOf(const CaseStore& c, const OutputSettings& s, const QuantityRow& row, int curve) {
-  const auto i = static_cast<std::size_t>(curve - 1);
-  if (row.load_kind != 0) {
-    const auto kind = static_cast<std::size_t>(row.load_kind - 1);
-    return row.scale == ScaleKind::load_force ? Column(c.load_force[kind], curve, s.units.scales.load_force, 1.0F)
-                                              : Column(c.load_moment[kind], curve, s.units.scales.load_moment, 1.0F);
-  }
-  if (row.scale == ScaleKind::force) return ForceSource(c, s, row.iqnt, curve);
-  switch (row.iqnt) {
-    case 1:
-      return Column(c.pmgg, curve, s.units.scales.position[i], s.units.cnvfac[i]);
-    case 2:
-      return Column(c.vmg, curve, s.units.scales.velocity[i], s.units.cnvfac[i]);
-    case 3:
-      return Column(c.acc, curve, s.units.scales.acceleration[i], s.units.cnvfac[i]);
-    case 4:
-      return Column(c.motion, curve, s.units.scales.position[i], s.units.cnvfac[i]);
-    case 5:
-      return Column(c.vmgshp, curve, s.units.scales.velocity[i], s.units.cnvfac[i]);
-    case 25:
-      return Column(c.eta_cg, 1, s.units.LENOUT, 1.0F);
-    case 26:
-      return Column(c.eta_origin, 1, s.units.LENOUT, 1.0F);
-    case 30:
-      return RelativeSource(c, s, curve);
-    case 33:
-      return ManeuverSource(c, s, curve);
-    case 36:
-    case 37:
-    case 38:
-      return PointListSource(c, s, curve);
-    case 39:
-      return Column(c.vmgg, curve, s.units.scales.velocity[i], s.units.cnvfac[i]);
-    case 40:
-      return Column(c.accg, curve, s.units.scales.acceleration[i], s.units.cnvfac[i]);
-    default:
-      return PointSource(c, s, row.iqnt, curve);
-  }
 }
 
 // Length of the three components from `first` on: never negative, so no sign factor.
-void FillMagnitude(const StepHistory& history, std::size_t first, float scale, const Places& places,
-                   std::vector<float>& y) {
-  const std::vector<float>* v = &history.component[first];
+void FillMagnitude(const StepHistory& history, int first, float scale, const Places& places, std::vector<float>& y) {
+  const std::vector<float>* v = &history.component[static_cast<std::size_t>(first - 1)];
   for (std::size_t j = 0; j < places.n; ++j) {
     const std::size_t p = places.first + j * places.stride;
     const double a = v[0][p];
@@ -190,7 +133,7 @@ void FillMagnitude(const StepHistory& history, std::size_t first, float scale, c
   }
 }
 
-void FillMissile(const CaseStore& c, const OutputSettings& s, const std::array<float, 4>& C, const Places& places,
+void FillMissile(const CaseStore& c, const OutputUnits& units, const std::array<float, 4>& C, const Places& places,
                  std::vector<float>& y) {
   const std::vector<float>* a = &c.point_motion.component[6];
   const std::vector<float>* angles = &c.pmgg.component[3];
@@ -200,7 +143,7 @@ void FillMissile(const CaseStore& c, const OutputSettings& s, const std::array<f
     const Vector3 ship = ToShip(R, {a[0][p], a[1][p], a[2][p] + 1.0});
     std::array<float, 3> shown{};
     for (std::size_t i = 0; i < 3; ++i)
-      shown[i] = (static_cast<float>(ship[i]) * s.units.scales.acceleration[i]) * s.units.cnvfac[i];
+      shown[i] = (static_cast<float>(ship[i]) * units.scales.acceleration[i]) * units.cnvfac[i];
     y[j] = ((C[0] * shown[0] + C[1] * shown[1]) + C[2] * shown[2]) + C[3];
   }
 }
@@ -210,50 +153,52 @@ PlotFault FaultOf(WaveAnswer answer) {
   return answer == WaveAnswer::no_wave ? PlotFault::no_wave : PlotFault::no_memory;
 }
 
-PlotFault EnsurePoint(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                      CaseStore& c) {
+struct MakerRow {  // of a history that is made on first need
+  StepHistory CaseStore::*history;
+  Derived what;
+};
+constexpr MakerRow kMakers[] = {
+    {&CaseStore::motion, Derived::motion},
+    {&CaseStore::vmgshp, Derived::vmgshp},
+    {&CaseStore::vmgg, Derived::vmgg},
+    {&CaseStore::accg, Derived::accg},
+    {&CaseStore::force_ship, Derived::force_ship},
+    {&CaseStore::maneuver, Derived::maneuver},
+};
+
+PlotFault EnsureHistory(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                        const CurveGroup& group, CaseStore& c) {
+  constexpr int kFirstRelative = 10;  // component of point_motion
+  for (const MakerRow& maker : kMakers)
+    if (maker.history == group.history) return EnsureDerived(c, maker.what) ? PlotFault::none : PlotFault::no_memory;
+  if (group.history == &CaseStore::eta_cg || group.history == &CaseStore::eta_origin)
+    return FaultOf(IncidentWaveAtCG(console, c));
+  if (group.history != &CaseStore::point_motion) return PlotFault::none;
   if (!NodePointMot(console, settings, request.point, c)) return PlotFault::no_memory;
-  if (request.iqnt == 30) return FaultOf(RelativePointMot(console, c));
-  return request.iqnt == 37 ? FaultOf(IncidentWaveAtCG(console, c)) : PlotFault::none;
+  return group.first < kFirstRelative ? PlotFault::none : FaultOf(RelativePointMot(console, c));
 }
 
 // Makes the derived arrays behind a quantity.
 PlotFault EnsureSource(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                       CaseStore& c) {
-  const auto derived = [&c](Derived what) { return EnsureDerived(c, what) ? PlotFault::none : PlotFault::no_memory; };
-  if (IsPointQuantity(request.iqnt)) return EnsurePoint(console, settings, request, c);
-  if (request.iqnt >= 41 && request.iqnt <= 47) return derived(Derived::force_ship);
-  switch (request.iqnt) {
-    case 4:
-      return derived(Derived::motion);
-    case 5:
-      return derived(Derived::vmgshp);
-    case 25:
-    case 26:
-      return FaultOf(IncidentWaveAtCG(console, c));
-    case 33:
-      return derived(Derived::maneuver);
-    case 39:
-      return derived(Derived::vmgg);
-    case 40:
-      return derived(Derived::accg);
-    default:
-      return PlotFault::none;
-  }
+                       const QuantityRow& row, CaseStore& c) {
+  for (const CurveGroup& group : row.groups)
+    if (const PlotFault fault = EnsureHistory(console, settings, request, group, c); fault != PlotFault::none)
+      return fault;
+  return PlotFault::none;
 }
 
 PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& request, const QuantityRow& row,
                         const Places& places, int curve, CaseStore& c, std::vector<float>& y) {
   if (!Grow(y, places.n)) return PlotFault::no_memory;
-  const bool magnitude = curve == 4 && (row.iqnt == 28 || row.iqnt == 29);
-  if (row.iqnt == 48) {
-    FillMissile(c, settings, request.missile, places, y);
-  } else if (magnitude) {
-    const bool velocity = row.iqnt == 28;
-    FillMagnitude(c.point_motion, velocity ? 3 : 6,
-                  velocity ? settings.units.scales.velocity[0] : settings.units.scales.acceleration[0], places, y);
+  const CurvePlace place = FindCurve(row, curve);
+  if (place.group == nullptr) return PlotFault::not_valid;
+  const CurveGroup& group = *place.group;
+  if (group.form == CurveForm::missile_load) {
+    FillMissile(c, settings.units, request.missile, places, y);
+  } else if (group.form == CurveForm::magnitude) {
+    FillMagnitude(c.*group.history, group.first, FactorOf(settings.units, group.scale, 0).scale, places, y);
   } else {
-    const CurveSource source = SourceOf(c, settings, row, curve);
+    const CurveSource source = SourceOf(c, settings.units, row, place);
     if (source.n_columns == 0) return PlotFault::not_valid;
     FillCurve(source, places, y);
   }
@@ -360,7 +305,7 @@ PlotFault SetPlotData(const Console& console, const OutputSettings& settings, co
   places.first = static_cast<std::size_t>(case_store.first_step - case_store.first_read);
   places.stride = static_cast<std::size_t>(Stride(settings));
   places.n = static_cast<std::size_t>(data.n);
-  const PlotFault source = EnsureSource(console, settings, request, case_store);
+  const PlotFault source = EnsureSource(console, settings, request, *row, case_store);
   if (source != PlotFault::none) return source;
   if (!Grow(data.x, places.n)) return PlotFault::no_memory;
   FillCurve(Column(case_store.time, 1, settings.units.scales.T, 1.0F), places, data.x);

@@ -7,6 +7,7 @@
 #include "base/message.h"
 #include "case/point_motion.h"
 #include "case/quantity_catalogue.h"
+#include "case/settings/point_settings.h"
 #include "frame/ground/option_menu.h"
 #include "frame/ground/prompts.h"
 
@@ -45,17 +46,10 @@ std::string ItemText(int iqnt) {
   return fmt::format("{:>2} - {}", iqnt, label);
 }
 
-constexpr bool IsLoad(int iqnt) {
-  return iqnt >= 13 && iqnt <= 24;
-}
-constexpr bool IsFileOnly(int iqnt) {
-  return iqnt >= 34 && iqnt <= 38;
-}
-
 bool Offered(const CaseStore& c, const TaskRow& task, int iqnt) {
-  if (task.task == QuantityTask::load_plot && !IsLoad(iqnt)) return false;
-  if (IsFileOnly(iqnt) && !task.writes_files) return false;
-  if (iqnt == 34 || iqnt == 35) return c.has_steps();
+  const QuantityRow& row = *FindQuantity(iqnt);
+  if (task.task == QuantityTask::load_plot && row.load_kind == 0) return false;
+  if (row.need == QuantityNeed::file_only && !task.writes_files) return false;
   return QuantityValid(c, iqnt);
 }
 
@@ -89,10 +83,10 @@ bool AskImpulsiveItem(const Console& console, const TaskRow& task, const CaseSto
   }
 }
 
-bool AskPoint(const Console& console, const OutputSettings& settings, CaseStore& c, QuantityRequest& request) {
+bool AskPoint(const Console& console, OutputSettings& settings, CaseStore& c, QuantityRequest& request) {
   constexpr std::string_view kAxes[] = {"X:", "Y:", "Z:"};
-  const bool has_last = c.built.point_motion;
-  if (has_last) request.point = c.built.point;
+  const bool has_last = settings.point.given;
+  if (has_last) request.point = settings.point.point;
   SayLine(console, "Enter point coordinates in the INPUT coordinate system:");
   for (std::size_t i = 0; i < 3; ++i) {
     auto coordinate = static_cast<float>(request.point[i]);
@@ -100,8 +94,9 @@ bool AskPoint(const Console& console, const OutputSettings& settings, CaseStore&
     if (ask_real(console, kAxes[i], has_last, coordinate) != Answer::ok) return false;
     if (!has_last || coordinate != before) request.point[i] = static_cast<double>(coordinate);
   }
-  const bool missile = request.iqnt == kQuantities;
+  const bool missile = FindQuantity(request.iqnt)->need == QuantityNeed::missile;
   if (missile && VINPUT(console, "Enter missile data coefficients", false, request.missile) != Answer::ok) return false;
+  RememberPoint(request, settings.point);
   return NodePointMot(console, settings, request.point, c);
 }
 
@@ -120,7 +115,7 @@ bool AskCurve(const Console& console, const CaseStore& c, QuantityRequest& reque
 
 }  // namespace
 
-bool quantity_menu(const Console& console, const OutputSettings& settings, QuantityTask itask, CaseStore& case_store,
+bool quantity_menu(const Console& console, OutputSettings& settings, QuantityTask itask, CaseStore& case_store,
                    QuantityRequest& request) {
   request = QuantityRequest{};
   const TaskRow* task = nullptr;

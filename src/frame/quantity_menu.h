@@ -27,7 +27,7 @@ enum class QuantityTask : std::uint8_t {
 
 // Asks for a quantity that the case has, for the point of one that needs it (the last point is the default) and, for
 // tasks on one curve, for the curve; else request.curve is 0. False: back to the main menu.
-[[nodiscard]] bool quantity_menu(const Console& console, const OutputSettings& settings, QuantityTask itask,
+[[nodiscard]] bool quantity_menu(const Console& console, OutputSettings& settings, QuantityTask itask,
                                  CaseStore& case_store, QuantityRequest& request);
 
 }  // namespace zaview

@@ -90,32 +90,34 @@ struct UnitRow {
   std::string_view unit;
 };
 constexpr UnitRow kUnits[] = {
-    {ScaleKind::position, "m; rad"}, {ScaleKind::velocity, "m/s; rad/s"},    {ScaleKind::acceleration, "m/s2; rad/s2"},
-    {ScaleKind::force, "N; N m"},    {ScaleKind::load_force, "N"},           {ScaleKind::load_moment, "N m"},
-    {ScaleKind::elevation, "m"},     {ScaleKind::maneuver, "m/s; rad; 1/s"}, {ScaleKind::point, "as the motions"},
-    {ScaleKind::none, ""},
+    {ScaleKind::position, "m; rad"}, {ScaleKind::velocity, "m/s; rad/s"}, {ScaleKind::acceleration, "m/s2; rad/s2"},
+    {ScaleKind::force, "N; N m"},    {ScaleKind::load_force, "N"},        {ScaleKind::load_moment, "N m"},
+    {ScaleKind::length, "m"},        {ScaleKind::speed, "m/s; rad; 1/s"},
+
 };
 
-std::string UnitOf(ScaleKind scale) {
+std::string UnitOf(const QuantityRow& quantity) {
+  if (IsPointQuantity(quantity.iqnt)) return "as the motions";
   for (const UnitRow& row : kUnits)
-    if (row.scale == scale) return std::string(row.unit);
+    if (row.scale == ScaleOf(quantity)) return std::string(row.unit);
   return {};
 }
 
 std::string CurvesOf(const QuantityRow& row) {
   if (row.load_kind > 0) return "a curve a cut";
-  if (row.curves == 0) return "a file of its own form";
+  const int curves = CurveCount({}, row.iqnt);
+  if (curves == 0) return "a file of its own form";
   const auto label = [&row](int curve) { return CurveLabel({}, {}, row.iqnt, curve); };
-  if (row.curves == 1) return label(1);
-  if (row.curves > 6 || !row.curve.empty()) return fmt::format("{} .. {}", label(1), label(row.curves));
+  if (curves == 1) return label(1);
+  if (curves > 6 || !row.groups.front().stem.empty()) return fmt::format("{} .. {}", label(1), label(curves));
   std::string labels = label(1);
-  for (int curve = 2; curve <= row.curves; ++curve) labels += ", " + label(curve);
+  for (int curve = 2; curve <= curves; ++curve) labels += ", " + label(curve);
   return labels;
 }
 
 std::string QuantityText(const QuantityRow& row) {
   std::string text = fmt::format("{}: {}", row.long_label, CurvesOf(row));
-  if (const std::string unit = UnitOf(row.scale); !unit.empty()) text += fmt::format(" ({})", unit);
+  if (const std::string unit = UnitOf(row); !unit.empty()) text += fmt::format(" ({})", unit);
   if (row.need == QuantityNeed::file_only) text += "; WRITE_HISTORY only";
   return text;
 }

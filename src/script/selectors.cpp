@@ -6,6 +6,7 @@
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
+#include "case/settings/point_settings.h"
 #include "script/open_script_file.h"
 
 namespace zaview {
@@ -97,6 +98,7 @@ int ReadTail(ScriptCall& call, const Selector& selector, CurveIndex curve, Quant
     if (RoundToInt(static_cast<double>(values[3])) != 1) return Fail(call, kScriptFailed, kBadMissile, call.command);
     std::copy_n(values.begin() + 4, 4, request.missile.begin());
   }
+  RememberPoint(request, call.session.output.point);
   if (curve == CurveIndex::none) return kScriptOk;
   request.curve = selector.form == TailForm::missile ? 1 : RoundToInt(static_cast<double>(values.back()));
   return kScriptOk;

@@ -308,7 +308,7 @@ bool BuildCase(const Console& console, KinoCase& kino, CaseStore& c) {
   c.base_name = name.substr(0, name.size() - (has_extension ? kMotionsExtension.size() : 0));
   c.NSHIP = 1;
   c.kino_input = true;
-  c.has_other_force = false;
+  c.holds = {false, false, false, false, false};
   FillControl(kino, c.control);
   c.first_read = 1;
   c.last_read = c.nstep_expected = c.control.NSTEP;

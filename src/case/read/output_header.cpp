@@ -49,7 +49,6 @@ HeaderStatus ReadOutputHeader(const Platform& platform, LineSource& source, cons
     return HeaderStatus::failed;
   }
   AdoptVersionLabel(console, label, fresh.labels);
-  fresh.has_other_force = !fresh.labels.gyre;
   if (fresh.labels.kind != FileKind::unknown && fresh.labels.kind != FileKind::primary) {
     Say(console, kNotPrimary, name);
     return HeaderStatus::failed;

@@ -19,9 +19,9 @@ inline constexpr std::string_view kReadingInput = "Reading ZAVO input data from 
 
 enum class HeaderStatus : std::uint8_t { ok, failed };  // failed: the message has been said
 
-// Fills labels, control, NSHIP, geometry_files, ships, loads, unnamed_derived, nstep_expected (NSTEP, not checked) and
-// has_other_force of a fresh case. name: the file as opened. NSHIP may be 0; of several ships control is that of
-// fresh.ship, which may be none of them.
+// Fills labels, control, NSHIP, geometry_files, ships, loads, unnamed_derived and nstep_expected (NSTEP, not checked)
+// of a fresh case. name: the file as opened. NSHIP may be 0; of several ships control is that of fresh.ship, which may
+// be none of them.
 [[nodiscard]] HeaderStatus ReadOutputHeader(const Platform& platform, LineSource& source, const std::string& name,
                                             CaseStore& fresh);
 

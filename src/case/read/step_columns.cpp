@@ -102,6 +102,14 @@ bool Has(const StepLayout& layout, std::initializer_list<Field> fields) {
          layout.fields.end();
 }
 
+StepContents ContentsOf(const StepLayout& layout) {
+  return {.force = Has(layout, {Field::force, Field::force_3}),
+          .other_force = Has(layout, {Field::force}),
+          .load_moment = Has(layout, {Field::x_loads, Field::x_moments, Field::y_loads}),
+          .rudder = Has(layout, {Field::rudder}),
+          .prop_rps = Has(layout, {Field::prop_rps})};
+}
+
 void DropLoadsNotIn(const StepLayout& layout, SectionLoads& loads) {
   if (!Has(layout, {Field::x_loads, Field::x_forces})) {
     loads.x_kinds.clear();
@@ -283,6 +291,7 @@ bool PrepareColumns(CaseStore& fresh, StepColumns& columns) {
   columns = {};
   const StepLayout* const layout = FindLayout(fresh);
   if (layout == nullptr) return false;
+  fresh.holds = ContentsOf(*layout);
   DropLoadsNotIn(*layout, fresh.loads);
   if (!MakeHistories(fresh) || !AddLayout(fresh, *layout, columns)) columns = {};
   return true;

@@ -7,6 +7,7 @@
 #include "base/number_format.h"
 #include "base/table_text.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "case/tables/kino_output.h"
 
 namespace zaview {
@@ -20,11 +21,7 @@ constexpr std::string_view kWritingSeaway = "Writing KINO seaway data...";
 void AppendTitle(std::string& text, const QuantityRequest& request, const CaseStore& c) {
   fmt::format_to(std::back_inserter(text), "Time History of {} for ZAVO file {}", QuantityLabel(c, request.iqnt),
                  c.file_name);
-  if (c.time_history() && IsPointQuantity(request.iqnt)) {
-    text += " point=";
-    for (const double coordinate : request.point) text += ' ' + SentenceNumber(static_cast<float>(coordinate));
-  }
-  text += '\n';
+  text += PointNote(c, request) + '\n';
 }
 
 // Time and the curves of one point, as they stand in a row.

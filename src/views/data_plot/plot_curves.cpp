@@ -9,6 +9,7 @@
 
 #include "base/axis_rounding.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "gks/kernel/gks_transform.h"
 #include "views/data_plot/plot_type.h"
 #include "views/state/axes_limits.h"
@@ -101,7 +102,7 @@ void DrawNumber(const DataPlotState& plot, PlotDraw draw, const DrawnCurve& curv
 std::string_view WordFor(const CaseStore& store, int iqnt) {
   const QuantityRow* row = store.time_history() ? FindQuantity(iqnt) : nullptr;
   if (row != nullptr && row->load_kind != 0) return "Load plane";
-  return row == nullptr || row->scale == ScaleKind::force ? "Direction" : "Motion";
+  return row == nullptr || ScaleOf(*row) == ScaleKind::force ? "Direction" : "Motion";
 }
 
 }  // namespace
@@ -118,7 +119,7 @@ int OneComponent(const DataPlotState& plot) {
 }
 
 std::string CurveName(const PlotFacts& facts, const DataPlotState& plot) {
-  return fmt::format("{}, {}", QuantityLabel(facts.store, plot.quantity.iqnt),
+  return fmt::format("{}, {}", setqntlabel(facts.store, plot.quantity),
                      CurveLabel(facts.store, facts.output, plot.quantity.iqnt, OneComponent(plot)));
 }
 

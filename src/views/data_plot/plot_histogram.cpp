@@ -9,6 +9,7 @@
 
 #include "base/axis_rounding.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_draw.h"
 #include "stats/tables/histogram_table.h"
@@ -75,7 +76,8 @@ void HistogramNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames
   const HistogramRequest& how = facts.statistics.histogram;
   const int iqnt = plot.quantity.iqnt, component = OneComponent(plot);
   const std::string curve = CurveLabel(facts.store, facts.output, iqnt, component);
-  names.x = how.data == HistogramData::absolute ? fmt::format("abs({})", curve) : curve;
+  names.x = WithUnit(how.data == HistogramData::absolute ? fmt::format("abs({})", curve) : curve,
+                     CurveUnit(facts.store, facts.output, iqnt, component));
   names.y = how.counts ? "" : "N/Ntot";
   names.title = fmt::format("Histogram of {}", CurveName(facts, plot));
 }

@@ -14,6 +14,7 @@
 #include "base/message.h"
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "case/tables/history_table.h"
 #include "gks/plot/number_label.h"
 #include "stats/tables/statistic_values.h"
@@ -100,11 +101,11 @@ void HistoryNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& 
   const int iqnt = plot.quantity.iqnt;
   const int component = plot.plot_component_count == 1 ? 1 : plot.plot_component;
   const std::string curve = component == 0 ? "" : CurveLabel(store, facts.output, iqnt, component);
-  names.x = plot.x_axis_by_index ? "Time Step" : "Time";
-  names.title = std::string(QuantityLabel(store, iqnt));
+  names.x = plot.x_axis_by_index ? "Time Step" : WithUnit("Time", TimeUnit(store, facts.output));
+  names.title = setqntlabel(store, plot.quantity);
   if (!curve.empty()) names.title += ", " + curve;
   const std::string_view all = store.time_history() ? cQntMed(iqnt) : QuantityLabel(store, iqnt);
-  names.y = curve.empty() ? std::string(all) : curve;
+  names.y = WithUnit(curve.empty() ? all : curve, CurveUnit(store, facts.output, iqnt, component));
 }
 
 // ---- The wave

@@ -11,6 +11,7 @@
 #include "base/message.h"
 #include "base/number_format.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "case/tables/load_table.h"
 #include "stats/tables/statistic_values.h"
 #include "views/data_plot/plot_parts.h"
@@ -83,11 +84,11 @@ void LoadNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& nam
   const int iqnt = plot.quantity.iqnt;
   const CaseStore& store = facts.store;
   const QuantityRow* row = FindQuantity(iqnt);
-  names.x = row != nullptr && row->need == QuantityNeed::y_cuts ? "Y" : "X";
-  names.y = std::string(cQntMed(iqnt));
-  names.title = fmt::format("Load Distribution of {}", cQntLong(iqnt));
-  names.note =
-      fmt::format(kStepNote, store.current_step, Shown{store.time.at(1, store.current_step) * facts.output.units.scales.T});
+  names.x = WithUnit(row != nullptr && row->need == QuantityNeed::y_cuts ? "Y" : "X", LengthUnit(store, facts.output));
+  names.y = WithUnit(cQntMed(iqnt), CurveUnit(store, facts.output, iqnt, 1));
+  names.title = fmt::format("Load Distribution of {}", setqntlabel(store, plot.quantity));
+  names.note = fmt::format(kStepNote, store.current_step,
+                           Shown{store.time.at(1, store.current_step) * facts.output.units.scales.T});
 }
 
 // While a cut is selected, for the key that leaves it out.

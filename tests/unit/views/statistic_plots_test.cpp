@@ -78,7 +78,7 @@ TEST(StatisticPlots, BarsAreAsHighAsBucketsAreFull) {
   const double pixels =
       area / static_cast<double>((l.x_max - l.x_min) * (l.y_max - l.y_min)) * kAreaWidth * kAreaHeight;
   EXPECT_NEAR(v.Pixels(v.Ink(4)).count, pixels, 0.02 * pixels);
-  EXPECT_EQ(NamesOf(v).x, "pmgg(3)");
+  EXPECT_EQ(NamesOf(v).x, "pmgg(3), m");
   EXPECT_EQ(NamesOf(v).y, "N/Ntot");
 
   v.plot().hist_rendering = HistogramStyle::line;
@@ -87,7 +87,7 @@ TEST(StatisticPlots, BarsAreAsHighAsBucketsAreFull) {
   v.session.statistics.histogram.data = HistogramData::absolute;
   v.session.statistics.histogram.counts = true;
   v.Show();
-  EXPECT_EQ(NamesOf(v).x, "abs(pmgg(3))");
+  EXPECT_EQ(NamesOf(v).x, "abs(pmgg(3)), m");
   EXPECT_EQ(NamesOf(v).y, "");
   EXPECT_EQ(v.plot().axes.limits.x_min, 0.0F);  // the limits go with the buckets
   EXPECT_EQ(std::accumulate(h.count.begin(), h.count.end(), 0.0F), static_cast<float>(samples.size()));
