@@ -40,11 +40,11 @@ double AsWritten(float scale) {
 
 }  // namespace
 
-void set_output_scales(OutputSettings& settings, bool impulsive) {
-  const double g = AsWritten(settings.units.GRAVOUT);
-  const double r = AsWritten(settings.units.RHOOUT);
-  const double L = AsWritten(settings.units.LENOUT);
-  const double a = AsWritten(settings.units.ANGOUT);
+void set_output_scales(OutputUnits& units, bool impulsive) {
+  const double g = AsWritten(units.GRAVOUT);
+  const double r = AsWritten(units.RHOOUT);
+  const double L = AsWritten(units.LENOUT);
+  const double a = AsWritten(units.ANGOUT);
   OutputScales scales;  // all 1
   scales.T = static_cast<float>(std::sqrt(L / g));
   if (!impulsive) {
@@ -58,7 +58,7 @@ void set_output_scales(OutputSettings& settings, bool impulsive) {
     scales.angle = static_cast<float>(a);
     scales.prop_rps = static_cast<float>(std::sqrt(g / L));
   }
-  settings.units.scales = scales;
+  units.scales = scales;
 }
 
 void AdoptFileScales(OutputSettings& settings, const CaseStore& case_store) {
@@ -71,7 +71,7 @@ void AdoptFileScales(OutputSettings& settings, const CaseStore& case_store) {
                      {&settings.units.ANGOUT, case_store.control.ANGOUT}};
   for (std::size_t i = 0; i < settings.units.user_scale.size(); ++i)
     if (!settings.units.user_scale[i]) *pairs[i].scale = static_cast<float>(pairs[i].of_file);
-  set_output_scales(settings, !case_store.time_history());
+  set_output_scales(settings.units, !case_store.time_history());
 }
 
 }  // namespace zaview

@@ -9,9 +9,9 @@
 
 namespace zaview {
 
-// Recomputes settings.units.scales from GRAVOUT .. ANGOUT: T = sqrt(L/g), position L, a; velocity sqrt(L g), sqrt(g/L)
+// Recomputes units.scales from GRAVOUT .. ANGOUT: T = sqrt(L/g), position L, a; velocity sqrt(L g), sqrt(g/L)
 // a; acceleration g, g a / L; force r g L^3, moment r g L^4. irf or tadm: all 1 but T.
-void set_output_scales(OutputSettings& settings, bool impulsive);
+void set_output_scales(OutputUnits& units, bool impulsive);
 
 // Takes the scales of record 23 that the user has not set, then set_output_scales.
 void AdoptFileScales(OutputSettings& settings, const CaseStore& case_store);

@@ -6,6 +6,7 @@
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "case/read/read_output_file.h"
+#include "case/settings/output_form.h"
 #include "frame/ground/output_file.h"
 #include "frame/ground/prompts.h"
 #include "frame/ground/wildcards.h"
@@ -21,7 +22,6 @@ namespace {
 
 constexpr std::string_view kTitle = "ZAVIEW - Plots of ZAVO output data";
 constexpr std::string_view kCommandFile = ".zaview.tmp";
-constexpr float kDegreesPerRadian = 57.29578F;
 constexpr int kNoShip = -1;
 
 constexpr std::string_view kUnrecognized = "ZAVIEW : ERROR - Unrecognized argument : {}";
@@ -194,9 +194,7 @@ void TakeHelp(Walk& walk) {
 }
 
 void TakeDegrees(Walk& walk) {
-  OutputSettings& output = walk.session.output;
-  output.units.ANGOUT = kDegreesPerRadian;
-  output.units.user_scale[3] = true;
+  (void)SetScale(kAngleScale, kDegreesPerRadian, walk.session.case_store, walk.session.output.units);
 }
 
 struct OptionRow {

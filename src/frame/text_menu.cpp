@@ -117,8 +117,7 @@ void ChangeScales(Session& s) {
 }
 
 void Trim(Session& s) {
-  retrim_record(s.platform.console, s.output, s.case_store);
-  TrimOtherRecords(s.output, s.ensemble);
+  retrim_record(s.platform.console, s.output, s.case_store, s.ensemble);
 }
 
 // The session stays open behind the script, also where a view had it wait.

@@ -1,11 +1,12 @@
 // Commands for the form of what is written: delimiter, units, signs.
 #include <algorithm>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "base/number_format.h"
 #include "base/text.h"
-#include "case/output_scales.h"
+#include "case/settings/output_form.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 
@@ -13,103 +14,62 @@ namespace zaview {
 
 namespace {
 
-struct DelimiterRow {
-  std::string_view words[2];
-  Separator separator;
-};
-constexpr DelimiterRow kDelimiters[] = {{{"COMMA", "COMMAS"}, Separator::comma},
-                                        {{"TAB", "TABS"}, Separator::tab},
-                                        {{"SPACE", "SPACES"}, Separator::space}};
-
-const DelimiterRow* FindDelimiter(std::string_view word) {
-  const auto* found = std::find_if(std::begin(kDelimiters), std::end(kDelimiters), [word](const DelimiterRow& row) {
-    return word == row.words[0] || word == row.words[1];
-  });
-  return found == std::end(kDelimiters) ? nullptr : found;
-}
-
 int RunDelimiterName(ScriptCall& call) {
-  call.session.output.writing.separator = FindDelimiter(call.command)->separator;
+  (void)SetSeparator(call.command, call.session.output.writing);  // the commands are its words
   return kScriptOk;
 }
 
 int RunSetDelimiter(ScriptCall& call) {
   const std::string word = NextScriptWord(call.words, kKeyword);
-  const DelimiterRow* row = FindDelimiter(Capitals(word));
-  if (row == nullptr) return Fail(call, kScriptBadArgument, kInvalidArgument, word, call.command);
-  call.session.output.writing.separator = row->separator;
-  return kScriptOk;
+  if (SetSeparator(Capitals(word), call.session.output.writing) == SettingFault::none) return kScriptOk;
+  return Fail(call, kScriptBadArgument, kInvalidArgument, word, call.command);
 }
 
-struct ScaleRow {
-  std::string_view word, label, text;
-  float OutputUnits::*factor;
+struct ScaleText {  // in the order of kScaleNames
+  std::string_view label, text;
 };
-constexpr ScaleRow kScales[] = {
-    {"GRAVOUT", "GRAVOUT", "  Gravity", &OutputUnits::GRAVOUT},
-    {"RHOOUT", "RHOOUT ", "  Water density", &OutputUnits::RHOOUT},
-    {"LENOUT", "LENOUT ", "  Reference length", &OutputUnits::LENOUT},
-    {"ANGOUT", "ANGOUT ", "  Angular scale factor", &OutputUnits::ANGOUT},
-};
+constexpr ScaleText kScaleTexts[] = {{"GRAVOUT", "  Gravity"},
+                                     {"RHOOUT ", "  Water density"},
+                                     {"LENOUT ", "  Reference length"},
+                                     {"ANGOUT ", "  Angular scale factor"}};
 
-// Takes over the factors of `changed`, tells old and new, and makes the scales again.
-int ChangeScales(ScriptCall& call, const OutputSettings& changed) {
-  OutputSettings& settings = call.session.output;
-  for (const ScaleRow& row : kScales)
-    if (!(changed.units.*row.factor > 0))
-      return Fail(call, kScriptBadArgument, "ERROR - {} must be positive", row.word);
-  const OutputSettings old = settings;
-  settings = changed;
-  set_output_scales(settings, !call.session.case_store.time_history());
+// Sets the factors from `first` on, tells old and new of all.
+int ChangeScales(ScriptCall& call, std::size_t first, std::span<const float> values) {
+  OutputUnits& units = call.session.output.units;
+  const OutputUnits old = units;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (SetScale(first + i, values[i], call.session.case_store, units) == SettingFault::none) continue;
+    units = old;
+    return Fail(call, kScriptBadArgument, "ERROR - {} must be positive", kScaleNames[first + i].name);
+  }
   SayLine(call.console(), "Changing output dimensionalization:");
   SayLine(call.console(), "Factor        Old         New");
-  for (const ScaleRow& row : kScales)
-    Say(call.console(), "{} {:>9} {:>11}{}", row.label, SentenceNumber(old.units.*row.factor),
-        SentenceNumber(settings.units.*row.factor), row.text);
+  for (std::size_t i = 0; i < kScaleNames.size(); ++i)
+    Say(call.console(), "{} {:>9} {:>11}{}", kScaleTexts[i].label, SentenceNumber(old.*kScaleNames[i].factor),
+        SentenceNumber(units.*kScaleNames[i].factor), kScaleTexts[i].text);
   return kScriptOk;
 }
 
 int RunSetScale(ScriptCall& call) {
   const std::string word = NextScriptWord(call.words, kKeyword);
   const std::string capitals = Capitals(word);
-  const auto* row = std::find_if(std::begin(kScales), std::end(kScales),
-                                 [&capitals](const ScaleRow& scale) { return scale.word == capitals; });
-  if (row == std::end(kScales)) return Fail(call, kScriptBadArgument, kInvalidArgument, word, call.command);
+  const auto* row = std::find_if(kScaleNames.begin(), kScaleNames.end(),
+                                 [&capitals](const ScaleName& scale) { return scale.name == capitals; });
+  if (row == kScaleNames.end()) return Fail(call, kScriptBadArgument, kInvalidArgument, word, call.command);
   std::vector<float> values;
   if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  OutputSettings changed = call.session.output;
-  changed.units.*row->factor = values[0];
-  changed.units.user_scale[static_cast<std::size_t>(row - kScales)] = true;
-  return ChangeScales(call, changed);
+  return ChangeScales(call, static_cast<std::size_t>(row - kScaleNames.begin()), std::span(values).first(1));
 }
 
 int RunSetScales(ScriptCall& call) {
   std::vector<float> values;
   if (!ParseRealList(call.words, 4, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  OutputSettings changed = call.session.output;
-  for (std::size_t i = 0; i < 4; ++i) changed.units.*kScales[i].factor = values[i];
-  changed.units.user_scale.fill(true);
-  return ChangeScales(call, changed);
+  return ChangeScales(call, 0, std::span(values).first(kScaleNames.size()));
 }
-
-struct ConventionWord {
-  std::string_view word;
-  Convention convention;
-};
-constexpr ConventionWord kConventionWords[] = {
-    {"DEF", Convention::zavo},  {"DEFAULT", Convention::zavo}, {"ZUP", Convention::zavo},
-    {"ZAVO", Convention::zavo}, {"MODEL", Convention::model},  {"ZDOWN", Convention::model},
-    {"CFD", Convention::cfd},   {"XAFT", Convention::cfd},     {"XDOWN", Convention::cfd},
-};
 
 int RunCoordinates(ScriptCall& call) {
   const std::string word = Capitals(NextScriptWord(call.words, kKeyword));
-  for (const ConventionWord& row : kConventionWords) {
-    if (row.word != word) continue;
-    for (const ConventionRow& convention : kConventions)
-      if (convention.convention == row.convention) call.session.output.units.cnvfac = convention.factors;
-    return kScriptOk;
-  }
+  if (SetConvention(word, WordForm::whole, call.session.output.units) != nullptr) return kScriptOk;
   return Fail(call, kScriptBadArgument, "ERROR - Unrecognized option for {} command...", call.command);
 }
 

@@ -1,8 +1,8 @@
 // Commands for what statistics are made with, and STOP.
-#include <cmath>
 #include <vector>
 
 #include "base/number_parse.h"
+#include "case/settings/statistic_settings.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 
@@ -12,43 +12,35 @@ namespace {
 
 inline constexpr std::string_view kNegative = "ERROR - Invalid argument for {} value cannot be negative";
 
-// One number into `value`, if `valid` takes it.
-int ReadSetting(ScriptCall& call, bool (*valid)(float), fmt::format_string<const std::string&> refused, float& value) {
+// One number for a verb.
+template <typename Set>
+int ReadSetting(ScriptCall& call, fmt::format_string<const std::string&> refused, Set set) {
   std::vector<float> values;
   if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  if (!valid(values[0])) return Fail(call, kScriptBadArgument, refused, std::as_const(call.command));
-  value = values[0];
-  return kScriptOk;
-}
-
-bool NotNegative(float x) {
-  return x >= 0;
+  if (set(values[0], call.session.output.statistics) == SettingFault::none) return kScriptOk;
+  return Fail(call, kScriptBadArgument, refused, std::as_const(call.command));
 }
 
 int RunLengthNdtf(ScriptCall& call) {
-  return ReadSetting(call, NotNegative, kNegative, call.session.output.statistics.ndtf_length);
+  return ReadSetting(call, kNegative, SetNdtfLength);
 }
 
 int RunBeamNdtf(ScriptCall& call) {
-  return ReadSetting(call, NotNegative, kNegative, call.session.output.statistics.ndtf_beam);
+  return ReadSetting(call, kNegative, SetNdtfBeam);
 }
 
 int RunConfidence(ScriptCall& call) {
-  constexpr auto valid = [](float p) { return p > 0 && p <= 1; };
-  return ReadSetting(call, valid, kInvalidValue, call.session.output.statistics.confidence_probability);
+  return ReadSetting(call, kInvalidValue, SetProbability);
 }
 
 int RunSampleRate(ScriptCall& call) {
-  constexpr auto valid = [](float n) { return RoundToInt(static_cast<double>(n)) > 0; };
-  float rate = 0;
-  const int status = ReadSetting(call, valid, kInvalidValue, rate);
-  if (status == kScriptOk) call.session.output.statistics.autocorrelation_rate = RoundToInt(static_cast<double>(rate));
-  return status;
+  return ReadSetting(call, kInvalidValue, [](float rate, auto& statistics) {
+    return SetSampleRate(RoundToInt(static_cast<double>(rate)), statistics);
+  });
 }
 
 int RunCutoff(ScriptCall& call) {
-  constexpr auto valid = [](float c) { return c > 0 && c < 1; };
-  return ReadSetting(call, valid, kInvalidValue, call.session.output.statistics.autocorrelation_cutoff);
+  return ReadSetting(call, kInvalidValue, SetCutoff);
 }
 
 // Ends the script as its end of text would.

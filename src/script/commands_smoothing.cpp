@@ -3,8 +3,7 @@
 
 #include "base/number_format.h"
 #include "base/number_parse.h"
-#include "case/read/ensemble_match.h"
-#include "case/smooth_stored.h"
+#include "case/settings/smoothing_settings.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 #include "script/setting_words.h"
@@ -13,31 +12,26 @@ namespace zaview {
 
 namespace {
 
-inline constexpr int kLeastWindow = 5;
-inline constexpr int kCubic = 3;  // the option that has a window
-
 int RunSmoothData(ScriptCall& call) {
-  constexpr WordValue kWords[] = {{"OFF", 0}, {"NONE", 0}, {"ON", kCubic}};
-  int& option = call.session.output.smoothing.option;
+  constexpr WordValue kWords[] = {{"OFF", 0}, {"NONE", 0}, {"ON", kCubicSmoothing}};
   const std::string word = NextScriptWord(call.words, kKeyword);
-  if (FindWord(kWords, word, option)) return kScriptOk;
+  int option = -1;
   double number = 0;
-  if (!ParseDouble(word, number) || RoundToInt(number) < 0 || RoundToInt(number) > kCubic)
+  if (!FindWord(kWords, word, option) && ParseDouble(word, number)) option = RoundToInt(number);
+  if (SetSmoothing(option, call.session.output.smoothing) != SettingFault::none)
     return Fail(call, kScriptBadArgument, kBadWord, call.command, word);
-  option = RoundToInt(number);
   return kScriptOk;
 }
 
 int RunSmoothWindow(ScriptCall& call) {
   std::vector<float> values;
   if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  const int width = RoundToInt(static_cast<double>(values[0]));
-  if (width < kLeastWindow) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
-  call.session.output.smoothing.window = width;
+  if (SetSmoothingWindow(RoundToInt(static_cast<double>(values[0])), call.session.output.smoothing) !=
+      SettingFault::none)
+    return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
   return kScriptOk;
 }
 
-// Every record of an ensemble: statistics of it must not mix smoothed records with others.
 int RunSmoothInput(ScriptCall& call) {
   Session& session = call.session;
   std::vector<float> values;
@@ -45,18 +39,10 @@ int RunSmoothInput(ScriptCall& call) {
     return Fail(call, kScriptFailed, kFewArguments, call.command);
   const int option = RoundToInt(static_cast<double>(values[0]));
   const int width = values.size() > 1 ? RoundToInt(static_cast<double>(values[1])) : 0;
-  const bool valid = option == 1 || (option == kCubic && width >= kLeastWindow);
-  const float bad = option == kCubic && values.size() > 1 ? values[1] : values[0];
-  if (!valid) return Fail(call, kScriptBadArgument, kBadWord, call.command, Shown{bad});
-  const int window = option == 1 ? kLeastWindow : width;
-  const auto smooth = [&call, &session, option, window](CaseStore& record) {
-    SmoothStored(call.console(), option, window, record);
-    MarkChanged(session.ensemble, record);
-  };
-  smooth(session.case_store);
-  for (std::size_t i = 0; i < session.ensemble.record.size(); ++i)
-    if (static_cast<int>(i) + 1 != session.ensemble.irec) smooth(session.ensemble.record[i]);
-  return kScriptOk;
+  if (SmoothRecords(call.console(), option, width, session.case_store, session.ensemble) == SettingFault::none)
+    return kScriptOk;
+  const float bad = option == kCubicSmoothing && values.size() > 1 ? values[1] : values[0];
+  return Fail(call, kScriptBadArgument, kBadWord, call.command, Shown{bad});
 }
 
 constexpr Command kSmoothing[] = {

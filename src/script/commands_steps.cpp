@@ -1,6 +1,6 @@
 // Commands for the steps in use: trims, output range, skips, increment. Trims, skips and increment may stand ahead of
 // a READ; they then act on the file that it reads.
-#include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "case/settings/step_settings.h"
@@ -36,10 +36,6 @@ bool ReadOne(ScriptCall& call, int n, float& value) {
   return true;
 }
 
-TrimOutcome Retrim(Session& session) {
-  return RetrimRecords(session.platform.console, session.output, session.case_store, session.ensemble);
-}
-
 void SayTrimmed(const Console& console, int n, std::string_view where) {
   if (n > 0) Say(console, "{} steps trimmed from {}", n, where);
 }
@@ -50,12 +46,11 @@ int RunTrimSteps(ScriptCall& call) {
   if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   const int initial = counts.front();
   const int terminal = counts.back();  // one number trims both ends
-  if (initial < 0 || terminal < 0) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
-  const CaseStore& store = session.case_store;
-  if (TrimsAll(store, initial, terminal)) return Fail(call, kScriptBadArgument, kAllTrimmed, call.command);
-  session.output.reading.trim_initial = initial;
-  session.output.reading.trim_terminal = terminal;
-  const TrimOutcome outcome = store.has_steps() ? Retrim(session) : TrimOutcome{};
+  TrimOutcome outcome;
+  const SettingFault fault = SetTrims(session.platform.console, initial, terminal, session.output, session.case_store,
+                                      session.ensemble, outcome);
+  if (fault == SettingFault::illegal) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
+  if (fault == SettingFault::all_trimmed) return Fail(call, kScriptBadArgument, kAllTrimmed, call.command);
   SayTrimmed(call.console(), initial, "beginning of time history");
   if (outcome.whole) return kScriptOk;
   if (outcome.incomplete_trimmed) SayTrimmed(call.console(), outcome.abort_trim, "end of aborted time history");
@@ -67,11 +62,10 @@ int RunTrimAbort(ScriptCall& call) {
   Session& session = call.session;
   float value = 0;
   if (!ReadOne(call, 1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  const int n = StepCount(value);
-  if (n < 0) return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
-  session.output.reading.trim_abort = n;
-  if (!session.case_store.has_steps()) return kScriptOk;
-  const TrimOutcome outcome = Retrim(session);
+  TrimOutcome outcome;
+  if (SetTrimAbort(session.platform.console, StepCount(value), session.output, session.case_store, session.ensemble,
+                   outcome) != SettingFault::none)
+    return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
   if (outcome.incomplete_trimmed && !outcome.whole)
     Say(call.console(), "Trimming {} steps from end of time history for aborted case", outcome.abort_trim);
   return kScriptOk;
@@ -82,11 +76,8 @@ int RunSetSteps(ScriptCall& call) {
   if (!store.has_steps()) return Fail(call, kScriptFailed, kNoSteps, call.command);
   std::vector<int> counts;
   if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  store.first_step = std::clamp(counts[0], store.first_read, store.last_read);
-  if (counts.size() > 1 && counts[1] >= std::max(store.first_read, 1) && counts[1] <= store.last_read)
-    store.last_step = counts[1];
-  store.last_step = std::max(store.first_step, store.last_step);
-  store.current_step = std::clamp(store.current_step, store.first_step, store.last_step);
+  const std::optional<int> last = counts.size() > 1 ? std::optional(counts[1]) : std::nullopt;
+  (void)SetOutputSteps(counts[0], last, store);
   Say(call.console(), "Output set to time steps {} to {}", store.first_step, store.last_step);
   return kScriptOk;
 }
@@ -94,10 +85,9 @@ int RunSetSteps(ScriptCall& call) {
 int RunSkipSteps(ScriptCall& call) {
   std::vector<int> counts;
   if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  if (*std::min_element(counts.begin(), counts.end()) < 0)
+  CaseStore& store = call.session.case_store;
+  if (SetSkips(counts[0], counts.size() > 1 ? counts[1] : 0, call.session.output, store) != SettingFault::none)
     return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
-  const CaseStore& store = call.session.case_store;
-  SetSkips(counts[0], counts.size() > 1 ? counts[1] : 0, call.session.output, call.session.case_store);
   if (counts.size() == 1) {
     Say(call.console(), "Setting # of initial time steps to skip in statistical calculations to {}", counts[0]);
   } else {
@@ -114,19 +104,15 @@ int RunStatSteps(ScriptCall& call) {
   if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   const int first = StepCount(values[0]);
   const int last = StepCount(values[1]);
-  if (first < 1 || first > last) {
-    Say(call.console(), kIllegalArguments, call.command);
-    SayLine(call.console(), first < 1 ? kRangeAtZero : kRangeUpsideDown);
-    return kScriptBadArgument;
-  }
   CaseStore& store = call.session.case_store;
-  if (!store.has_steps()) return Fail(call, kScriptFailed, kNoSteps, call.command);
-  if (first > store.last_step || last < store.first_step) {
+  const SettingFault fault = SetStatSteps(first, last, call.session.output, store);
+  if (fault == SettingFault::no_steps) return Fail(call, kScriptFailed, kNoSteps, call.command);
+  if (fault != SettingFault::none) {
     Say(call.console(), kIllegalArguments, call.command);
-    Say(call.console(), kRangeOutside, store.first_step, store.last_step);
+    if (fault == SettingFault::outside) Say(call.console(), kRangeOutside, store.first_step, store.last_step);
+    else SayLine(call.console(), first < 1 ? kRangeAtZero : kRangeUpsideDown);
     return kScriptBadArgument;
   }
-  SetSkips(std::max(0, first - store.first_step), std::max(0, store.last_step - last), call.session.output, store);
   Say(call.console(), "Setting time step range for statistical calculations to: {} through {}", first, last);
   return kScriptOk;
 }
@@ -135,8 +121,8 @@ int RunStepIncrement(ScriptCall& call) {
   float value = 0;
   if (!ReadOne(call, -1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   const int n = StepCount(value);
-  if (n < 1) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
-  call.session.output.reading.step_stride = n;
+  if (SetStride(n, call.session.output.reading) != SettingFault::none)
+    return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
   Say(call.console(), "Setting output step increment to {}", n);
   return kScriptOk;
 }

@@ -9,79 +9,52 @@
 #include "base/number_format.h"
 #include "base/number_parse.h"
 #include "base/text.h"
-#include "case/output_scales.h"
-#include "case/read/finish_case_read.h"
+#include "case/settings/output_form.h"
+#include "case/settings/smoothing_settings.h"
+#include "case/settings/step_settings.h"
 
 namespace zaview {
 namespace {
 
 // ---- Scales and signs
 
-struct ScaleRow {
-  std::string_view line, question, name;
-  float OutputUnits::*scale;
+struct ScaleText {  // in the order of kScaleNames
+  std::string_view line, question;
 };
-constexpr ScaleRow kScales[] = {
-    {"   GRAVOUT = acceleration due to gravity =", "Enter GRAVOUT :", "GRAVOUT", &OutputUnits::GRAVOUT},
-    {"   RHOOUT  = mass density of water       =", "Enter  RHOOUT :", "RHOOUT", &OutputUnits::RHOOUT},
-    {"   LENOUT  = reference length            =", "Enter  LENOUT :", "LENOUT", &OutputUnits::LENOUT},
-    {"   ANGOUT  = output angle scale factor   =", "Enter  ANGOUT :", "ANGOUT", &OutputUnits::ANGOUT},
+constexpr ScaleText kScaleTexts[] = {
+    {"   GRAVOUT = acceleration due to gravity =", "Enter GRAVOUT :"},
+    {"   RHOOUT  = mass density of water       =", "Enter  RHOOUT :"},
+    {"   LENOUT  = reference length            =", "Enter  LENOUT :"},
+    {"   ANGOUT  = output angle scale factor   =", "Enter  ANGOUT :"},
 };
 constexpr std::string_view kScaleHeads[] = {"The following variables define the units and scale of all ZAVIEW output:",
                                             "   name      description                    current value"};
 
-Answer AskScale(const Console& console, const ScaleRow& row, float& value) {
+// A factor that stays as it is stays that of the file.
+Answer AskScale(const Console& console, std::size_t i, const CaseStore& case_store, OutputUnits& units) {
   for (;;) {
-    float asked = value;
-    const Answer answer = ask_real(console, row.question, true, asked);
-    if (answer != Answer::ok) return answer;
-    if (asked > 0.0F) {
-      value = asked;
-      return answer;
-    }
-    Say(console, "ERROR - {} must be positive", row.name);
+    const float present = units.*kScaleNames[i].factor;
+    float asked = present;
+    const Answer answer = ask_real(console, kScaleTexts[i].question, true, asked);
+    if (answer != Answer::ok || asked == present) return answer;
+    if (SetScale(i, asked, case_store, units) == SettingFault::none) return answer;
+    Say(console, "ERROR - {} must be positive", kScaleNames[i].name);
   }
 }
 
 // False: the user gave up.
-bool AskScales(const Console& console, OutputSettings& settings) {
-  for (std::size_t i = 0; i < std::size(kScales); ++i) {
-    float& scale = settings.units.*kScales[i].scale;
-    float value = scale;
-    if (AskScale(console, kScales[i], value) != Answer::ok) return false;
-    if (value != scale) settings.units.user_scale[i] = true;
-    scale = value;
-  }
+bool AskScales(const Console& console, const CaseStore& case_store, OutputUnits& units) {
+  for (std::size_t i = 0; i < kScaleNames.size(); ++i)
+    if (AskScale(console, i, case_store, units) != Answer::ok) return false;
   return true;
 }
 
-struct ConventionWord {
-  std::string_view word;
-  Convention convention;
-};
-constexpr ConventionWord kConventionWords[] = {
-    {"ZAV", Convention::zavo},  {"ZUP", Convention::zavo}, {"MOD", Convention::model},
-    {"ZDO", Convention::model}, {"CFD", Convention::cfd},  {"XAF", Convention::cfd},
-};
 constexpr std::size_t kConventionLetters = 3;
 
 const ConventionRow* PresentConvention(const OutputSettings& settings) {
   for (const ConventionRow& row : kConventions)
     if (row.factors == settings.units.cnvfac) return &row;
   return nullptr;
-}
-
-void TakeConvention(const Console& console, std::string_view word, OutputSettings& settings) {
-  for (const ConventionWord& known : kConventionWords) {
-    if (word != known.word) continue;
-    for (const ConventionRow& row : kConventions) {
-      if (row.convention != known.convention) continue;
-      settings.units.cnvfac = row.factors;
-      Say(console, "Selecting {} coordinate convention", row.name);
-    }
-    return;
-  }
-  SayLine(console, "Unrecognized option : convention not changed");
 }
 
 // False: the user gave up.
@@ -95,7 +68,9 @@ bool AskConvention(const Console& console, OutputSettings& settings) {
   std::string answer;
   if (ask_text(console, "Select =>", shown, answer) != Answer::ok) return false;
   if (IsBlank(answer)) return true;
-  TakeConvention(console, Capitals(Trim(answer)).substr(0, kConventionLetters), settings);
+  const ConventionRow* chosen = SetConvention(Capitals(Trim(answer)), WordForm::three_letters, settings.units);
+  if (chosen == nullptr) SayLine(console, "Unrecognized option : convention not changed");
+  else Say(console, "Selecting {} coordinate convention", chosen->name);
   return true;
 }
 
@@ -133,34 +108,34 @@ Asked AskTrims(const Console& console, const CaseStore& c, OutputSettings& setti
                   settings.reading.trim_abort);
 }
 
-void AskSkips(const Console& console, CaseStore& c, OutputSettings& settings) {
+void AskSkips(const Console& console, OutputSettings& settings, CaseStore& c) {
   constexpr int kAny = 2'000'000'000;
-  int initial = std::max(0, c.skip_effective);
-  const int before = initial;
+  const int before = std::max(0, c.skip_effective);
+  int initial = before, terminal = settings.reading.skip_terminal;
   if (AskSteps(console, "Enter # of INITIAL  time steps to SKIP:", kAny, "", initial) == Asked::given_up) return;
-  if (initial != before) settings.reading.skip_initial = initial;  // the default of each case stays in force otherwise
-  (void)RetrimCase(settings, c);
-  (void)AskSteps(console, "Enter # of TERMINAL time steps to SKIP:", kAny, "", settings.reading.skip_terminal);
+  // The default of each case stays in force where it isn't changed.
+  if (initial != before) (void)SetSkips(initial, terminal, settings, c);
+  if (AskSteps(console, "Enter # of TERMINAL time steps to SKIP:", kAny, "", terminal) == Asked::taken)
+    settings.reading.skip_terminal = terminal;
 }
 
 // ---- Smoothing
 
+// 2, the Fourier series, is taken though not listed.
 constexpr std::string_view kSmoothingMenu[] = {"Data Smoothing Options:", " 1 - Small window least-squares fits",
                                                " 3 - Cubic polynomial fits over specified window", " 0 - No smoothing"};
-constexpr int kMostSmoothing = 3, kCubic = 3;  // 2, the Fourier series, is taken though not listed
-constexpr int kLeastWindow = 5;
 
 }  // namespace
 
 void AskOutputScales(const Console& console, OutputSettings& settings, const CaseStore& case_store) {
   for (const std::string_view line : kScaleHeads) SayLine(console, line);
-  for (const ScaleRow& row : kScales) Say(console, "{} {}", row.line, Shown{settings.units.*row.scale});
-  const bool asked = AskScales(console, settings);
-  set_output_scales(settings, !case_store.time_history());
+  for (std::size_t i = 0; i < kScaleNames.size(); ++i)
+    Say(console, "{} {}", kScaleTexts[i].line, Shown{settings.units.*kScaleNames[i].factor});
+  const bool asked = AskScales(console, case_store, settings.units);
   if (asked && AskConvention(console, settings)) pause_for_return(console);
 }
 
-void retrim_record(const Console& console, OutputSettings& settings, CaseStore& case_store) {
+void retrim_record(const Console& console, OutputSettings& settings, CaseStore& case_store, EnsembleStore& ensemble) {
   CaseStore& c = case_store;
   if (!c.has_steps()) return SayLine(console, "ERROR - the case has no time steps");
   const bool trimmed = c.first_step != c.first_read || c.last_step != c.last_read;
@@ -177,30 +152,28 @@ void retrim_record(const Console& console, OutputSettings& settings, CaseStore& 
     settings.reading.trim_initial = 0;
     settings.reading.trim_terminal = 0;
   }
-  SayTrimWhole(console, RetrimCase(settings, c));
+  RetrimRecords(console, settings, c, ensemble);
   Say(console, "{} steps trimmed from beginning of time history", c.first_step - c.first_read);
   Say(console, "{} steps trimmed from end of time history", c.last_read - c.last_step);
-  if (trims == Asked::taken) AskSkips(console, c, settings);
+  if (trims == Asked::taken) AskSkips(console, settings, c);
 }
 
 void AskSmoothing(const Console& console, OutputSettings& settings) {
   for (const std::string_view line : kSmoothingMenu) SayLine(console, line);
-  int option = settings.smoothing.option;
+  SmoothingSettings asked = settings.smoothing;
   for (;;) {
+    int option = settings.smoothing.option;
     if (ask_integer(console, "Select =>", true, option) != Answer::ok) return;
-    if (option >= 0 && option <= kMostSmoothing) break;
+    if (SetSmoothing(option, asked) == SettingFault::none) break;
     SayLine(console, "ERROR - illegal value");
-    option = settings.smoothing.option;
   }
-  int width = settings.smoothing.window;
-  while (option == kCubic) {
+  while (asked.option == kCubicSmoothing) {
+    int width = settings.smoothing.window;
     if (ask_integer(console, "Enter smoothing window width (in time steps)=>", true, width) != Answer::ok) return;
-    if (width >= kLeastWindow) break;
+    if (SetSmoothingWindow(width, asked) == SettingFault::none) break;
     SayLine(console, "ERROR - illegal value, must be >=5");
-    width = settings.smoothing.window;
   }
-  settings.smoothing.option = option;
-  settings.smoothing.window = width;
+  settings.smoothing = asked;
 }
 
 Answer AskSeparator(const Console& console, OutputSettings& settings) {

@@ -3,6 +3,7 @@
 
 #include "base/platform.h"
 #include "case/case_store.h"
+#include "case/ensemble_store.h"
 #include "case/output_settings.h"
 #include "frame/ground/prompts.h"
 
@@ -11,8 +12,8 @@ namespace zaview {
 // Scales, then the coordinate convention. QUIT leaves the dialogue; what was answered before stays.
 void AskOutputScales(const Console& console, OutputSettings& settings, const CaseStore& case_store);
 
-// Trims, then the steps that statistics skip.
-void retrim_record(const Console& console, OutputSettings& settings, CaseStore& case_store);
+// Trims of all records, then the steps that statistics skip.
+void retrim_record(const Console& console, OutputSettings& settings, CaseStore& case_store, EnsembleStore& ensemble);
 
 void AskSmoothing(const Console& console, OutputSettings& settings);
 

@@ -9,6 +9,7 @@
 #include "base/number_format.h"
 #include "case/quantity_catalogue.h"
 #include "case/settings/settings_dialogues.h"
+#include "case/settings/statistic_settings.h"
 #include "frame/ground/prompts.h"
 #include "stats/tables/autocorrelation_table.h"
 #include "stats/tables/ensemble_table.h"
@@ -33,10 +34,7 @@ Answer AskCutoff(const Console& console, OutputSettings& settings) {
     const Answer answer =
         ask_real(console, "Enter autocorrelation value at which to assume independence:", true, cutoff);
     if (answer != Answer::ok) return answer;
-    if (cutoff > 0.0F && cutoff < 1.0F) {
-      settings.statistics.autocorrelation_cutoff = cutoff;
-      return answer;
-    }
+    if (SetCutoff(cutoff, settings.statistics) == SettingFault::none) return answer;
     SayLine(console, "Invalid value - must be > 0.0 and < 1.0");
   }
 }

@@ -5,6 +5,7 @@
 #include "base/message.h"
 #include "case/quantity_catalogue.h"
 #include "case/settings/settings_dialogues.h"
+#include "case/settings/statistic_settings.h"
 #include "frame/ground/prompts.h"
 #include "stats/tables/interval_table.h"
 
@@ -25,10 +26,8 @@ Answer AskProbability(const Console& console, OutputSettings& settings) {
     float probability = settings.statistics.confidence_probability;
     const Answer answer = ask_real(console, kProbability, true, probability);
     if (answer != Answer::ok) return answer;
-    if (probability > 0.0F && probability < 1.0F) {
-      settings.statistics.confidence_probability = probability;
-      return answer;
-    }
+    // Deliberate: 1 is for scripts.
+    if (probability < 1.0F && SetProbability(probability, settings.statistics) == SettingFault::none) return answer;
     SayLine(console, kBadProbability);
   }
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "base/message.h"
+#include "case/settings/smoothing_settings.h"
 #include "gks/window/gks_window.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_questions.h"
@@ -96,8 +97,9 @@ bool OfHistogram(Session& s) {
 // The Fourier series is passed over: it is for scripts.
 bool NextSmoothing(Session& s) {
   constexpr int kOff = 0, kLocal = 1, kCubic = 3;
-  int& option = s.output.smoothing.option;
-  option = option == kOff ? kLocal : option == kCubic ? kOff : kCubic;
+  const int present = s.output.smoothing.option;
+  const int option = present == kOff ? kLocal : present == kCubic ? kOff : kCubic;
+  (void)SetSmoothing(option, s.output.smoothing);
   const Console& console = s.platform.console;
   if (option == kCubic) Say(console, kCubicFit, s.output.smoothing.window);
   else SayLine(console, option == kOff ? kNoSmoothing : kLocalFits);

@@ -27,14 +27,9 @@ struct StepCountRow {
   bool (*set)(Session& s, int n);  // false: too many
 };
 
-bool SkipsAll(const CaseStore& store, int first, int last) {
-  return static_cast<long>(first) + last > static_cast<long>(store.last_step) - store.first_step;
-}
-
 bool SetSkipFirst(Session& s, int n) {
   if (SkipsAll(s.case_store, n, s.output.reading.skip_terminal)) return false;
-  SetSkips(n, s.output.reading.skip_terminal, s.output, s.case_store);
-  return true;
+  return SetSkips(n, s.output.reading.skip_terminal, s.output, s.case_store) == SettingFault::none;
 }
 
 bool SetSkipLast(Session& s, int n) {
@@ -43,12 +38,10 @@ bool SetSkipLast(Session& s, int n) {
   return true;
 }
 
-template <int ReadingSettings::*trim, int ReadingSettings::*other>
-bool SetTrim(Session& s, int n) {
-  if (TrimsAll(s.case_store, n, s.output.reading.*other)) return false;
-  s.output.reading.*trim = n;
-  RetrimRecords(s.platform.console, s.output, s.case_store, s.ensemble);
-  return true;
+bool SetTrimsOf(Session& s, int initial, int terminal) {
+  TrimOutcome outcome;
+  return SetTrims(s.platform.console, initial, terminal, s.output, s.case_store, s.ensemble, outcome) ==
+         SettingFault::none;
 }
 
 constexpr StepCountRow kStepCounts[] = {
@@ -58,10 +51,10 @@ constexpr StepCountRow kStepCounts[] = {
      [](const Session& s) { return s.output.reading.skip_terminal; }, SetSkipLast},
     {kTrimFirst, "Enter # of INITIAL time steps to trim (all output)",
      [](const Session& s) { return s.output.reading.trim_initial; },
-     SetTrim<&ReadingSettings::trim_initial, &ReadingSettings::trim_terminal>},
+     [](Session& s, int n) { return SetTrimsOf(s, n, s.output.reading.trim_terminal); }},
     {kTrimLast, "Enter # of TERMINAL time steps to trim (all output)",
      [](const Session& s) { return s.output.reading.trim_terminal; },
-     SetTrim<&ReadingSettings::trim_terminal, &ReadingSettings::trim_initial>},
+     [](Session& s, int n) { return SetTrimsOf(s, s.output.reading.trim_initial, n); }},
 };
 
 const StepCountRow* FindStepCount(int option) {

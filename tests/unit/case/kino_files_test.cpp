@@ -16,7 +16,7 @@ TEST(KinoFiles, Motions) {
   OutputSettings settings = SettingsFor(c);
   settings.units.LENOUT = 50.0F;
   settings.reading.step_stride = 2;
-  set_output_scales(settings, false);
+  set_output_scales(settings.units, false);
   settings.units.cnvfac = {1, -1, -1, 1, -1, -1};
   ASSERT_EQ(write_kino_files(platform, "", settings, c), KinoSet::ok);
   EXPECT_EQ(fake.Bytes(".mot"),
@@ -50,7 +50,7 @@ TEST(KinoFiles, ViewerCommands) {
     c.seaway.scaling.DTH = 0.25;
     OutputSettings settings = SettingsFor(c);
     settings.units.LENOUT = 328.0F;
-    set_output_scales(settings, false);
+    set_output_scales(settings.units, false);
     ASSERT_EQ(write_kino_files(fake.Get(), " tow ", settings, c), KinoSet::ok);
     // The CG lies at (1, 0, -1.25) in ship axes; the points are turned to it. Step 41: 10 sqrt(328/32.174).
     const std::string hull = row.option.empty() ? ""

@@ -42,7 +42,7 @@ struct ScriptRun {
   explicit ScriptRun(const std::string& text, bool with_case = true) {
     fake.Put("s", text);
     session.platform = fake.Get();
-    set_output_scales(session.output, false);
+    set_output_scales(session.output.units, false);
     if (with_case) GiveCase(session.case_store);
   }
   void Run() { status = OpenScriptFile(session, "s"); }

@@ -1,0 +1,15 @@
+// What statistics are made with.
+#pragma once
+
+#include "case/output_settings.h"
+#include "case/settings/setting.h"
+
+namespace zaview {
+
+[[nodiscard]] SettingFault SetProbability(float p, StatisticSettings& statistics);       // 0 < p <= 1
+[[nodiscard]] SettingFault SetCutoff(float correlation, StatisticSettings& statistics);  // above 0, below 1
+[[nodiscard]] SettingFault SetSampleRate(int rate, StatisticSettings& statistics);       // 1 and above
+[[nodiscard]] SettingFault SetNdtfLength(float length, StatisticSettings& statistics);   // output units; 0: of the hull
+[[nodiscard]] SettingFault SetNdtfBeam(float beam, StatisticSettings& statistics);
+
+}  // namespace zaview
