@@ -127,15 +127,15 @@ void TakeFile(Walk& walk) {
 
 void TakeEnsemble(Walk& walk) {
   RunState& run = walk.session.run;
-  run.ensemble_mode = 1;
-  if (run.restart_mode == 1) return walk.Fail(kEnsembleAndRestart);
-  run.restart_mode = 0;
+  run.ensemble_mode = EnsembleMode::forced;
+  if (run.restart_mode == RestartMode::combine) return walk.Fail(kEnsembleAndRestart);
+  run.restart_mode = RestartMode::keep_last;
 }
 
 void TakeRestart(Walk& walk) {
   RunState& run = walk.session.run;
-  run.restart_mode = 1;
-  if (run.ensemble_mode == 1) walk.Fail(kEnsembleAndRestart);
+  run.restart_mode = RestartMode::combine;
+  if (run.ensemble_mode == EnsembleMode::forced) walk.Fail(kEnsembleAndRestart);
 }
 
 void TakeShip(Walk& walk) {
@@ -248,8 +248,7 @@ void TakeArgument(Walk& walk) {
 
 ReadOutcome ReadNamed(Session& session, const std::string& name) {
   const RunState& run = session.run;
-  const ReadRequest request{name,  run.ensemble_mode, static_cast<RestartMode>(run.restart_mode), run.selected_ship,
-                            false, run.selected_vcg};
+  const ReadRequest request{name, run.ensemble_mode, run.restart_mode, run.selected_ship, false, run.selected_vcg};
   return read_output_file(request, session.platform, session.run, session.output, session.case_store, session.ensemble);
 }
 
@@ -276,9 +275,9 @@ int ReadNamedFiles(Session& session) {
 // Several files must be one ensemble, or parts of one run. False: they aren't, which has been said.
 bool CheckSeveralFiles(const Session& session, int cases) {
   const RunState& run = session.run;
-  if (cases < 2 || session.case_store.combined || run.restart_mode == 1) return true;
+  if (cases < 2 || session.case_store.combined || run.restart_mode == RestartMode::combine) return true;
   if (cases <= session.ensemble.nrec || !session.case_store.time_history()) return true;
-  for (const std::string_view line : run.ensemble_mode == 1 ? kNotOneEnsemble : kNotSeemingly)
+  for (const std::string_view line : run.ensemble_mode == EnsembleMode::forced ? kNotOneEnsemble : kNotSeemingly)
     SayLine(session.platform.console, line);
   return false;
 }

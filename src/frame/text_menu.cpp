@@ -106,7 +106,7 @@ void WriteIntervalTable(Session& s) {
 void ReadNewFile(Session& s) {
   ReadRequest request;
   request.ensemble_mode = s.run.ensemble_mode;
-  request.restart_mode = static_cast<RestartMode>(s.run.restart_mode);
+  request.restart_mode = s.run.restart_mode;
   request.ship = s.run.selected_ship;
   request.vcg = s.run.selected_vcg;
   (void)read_output_file(request, s.platform, s.run, s.output, s.case_store, s.ensemble);

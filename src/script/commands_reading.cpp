@@ -27,7 +27,7 @@ bool IsAlternateInput(std::string_view name) {
 }
 
 struct ReadModes {
-  int ensemble_mode;
+  EnsembleMode ensemble_mode;
   RestartMode restart_mode = RestartMode::keep_last;  // where a dialogue would ask whether to combine
   int numbers = 0;                                    // behind the name: 1 is the ship, 2 also its VCG
 };
@@ -87,7 +87,7 @@ int RunRead(ScriptCall& call) {
   return ReadFiles(call, {call.session.run.ensemble_mode});
 }
 int RunReadEnsemble(ScriptCall& call) {
-  return ReadFiles(call, {kForcedEnsemble});
+  return ReadFiles(call, {EnsembleMode::forced});
 }
 int RunReadCombined(ScriptCall& call) {
   return ReadFiles(call, {call.session.run.ensemble_mode, RestartMode::combine});

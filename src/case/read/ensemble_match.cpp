@@ -38,8 +38,8 @@ struct Outcome {
   bool added;
 };
 
-Outcome OutcomeOf(int ensemble_mode, Match match) {
-  const bool forced = ensemble_mode == kForcedEnsemble;
+Outcome OutcomeOf(EnsembleMode ensemble_mode, Match match) {
+  const bool forced = ensemble_mode == EnsembleMode::forced;
   if (match == Match::none) return {forced ? kCannotMatch : kNoMatch, false};
   if (forced) return {kAssumedRealization, true};
   return match == Match::identical ? Outcome{kIdentical, false} : Outcome{kRealization, true};
@@ -60,10 +60,10 @@ bool AddRecord(CaseStore& fresh, EnsembleStore& ensemble, CaseStore& case_store)
 
 }  // namespace
 
-Match CompareCases(const Console& console, int ensemble_mode, CaseStore& held, CaseStore& fresh) {
+Match CompareCases(const Console& console, EnsembleMode ensemble_mode, CaseStore& held, CaseStore& fresh) {
   if (!held.time_history() || !fresh.time_history() || held.combined || fresh.combined) return Match::none;
   if (!SameLoads(held.loads, fresh.loads)) return Match::none;
-  const bool speed_counts = ensemble_mode == kAutomaticEnsemble;
+  const bool speed_counts = ensemble_mode == EnsembleMode::automatic;
   if (speed_counts && !(std::fabs(SpeedOf(held) - SpeedOf(fresh)) <= kSameSpeed)) return Match::none;
   if (held.control.seaway.ISEA != fresh.control.seaway.ISEA) return Match::none;
   if (EnsureSeaway(console, held) != WaveAnswer::ok || EnsureSeaway(console, fresh) != WaveAnswer::ok)
@@ -71,8 +71,8 @@ Match CompareCases(const Console& console, int ensemble_mode, CaseStore& held, C
   return CompareSeaways(held.seaway, fresh.seaway);
 }
 
-void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore& fresh, EnsembleStore& ensemble,
-                            CaseStore& case_store) {
+void match_case_to_ensemble(const Console& console, EnsembleMode ensemble_mode, CaseStore& fresh,
+                            EnsembleStore& ensemble, CaseStore& case_store) {
   MarkChanged(ensemble, fresh);
   if (ensemble.nrec > 0 && !fresh.combined) {
     const Match match = CompareCases(console, ensemble_mode, LastCase(ensemble, case_store), fresh);

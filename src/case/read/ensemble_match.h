@@ -6,19 +6,18 @@
 #include "case/ensemble_store.h"
 #include "case/output_settings.h"
 #include "case/read/seaway_match.h"
+#include "frame/ground/run_state.h"
 
 namespace zaview {
 
-inline constexpr int kForcedEnsemble = 1, kAutomaticEnsemble = 3;  // ensemble_mode
-
 // Load cuts and their kinds must be equal, in automatic mode the ship speeds to within 1e-4 sqrt(gL), and the seaways
 // must match. Impulsive cases and combined ones match nothing. Builds the seaways.
-[[nodiscard]] Match CompareCases(const Console& console, int ensemble_mode, CaseStore& held, CaseStore& fresh);
+[[nodiscard]] Match CompareCases(const Console& console, EnsembleMode ensemble_mode, CaseStore& held, CaseStore& fresh);
 
 // Compares with the case read last, says what was found, adds `fresh` as a record or resets the ensemble to it, and
 // makes it current in case_store. With no record held, and for a combined case, nothing is compared or said.
-void match_case_to_ensemble(const Console& console, int ensemble_mode, CaseStore& fresh, EnsembleStore& ensemble,
-                            CaseStore& case_store);
+void match_case_to_ensemble(const Console& console, EnsembleMode ensemble_mode, CaseStore& fresh,
+                            EnsembleStore& ensemble, CaseStore& case_store);
 
 // The case in store becomes record 1, all others are dropped; a case without steps is no record.
 void reset_ensemble(CaseStore& case_store, EnsembleStore& ensemble);

@@ -24,7 +24,7 @@ enum class ReadOutcome : std::uint8_t {
 
 struct ReadRequest {
   std::string name;  // blank: asked for
-  int ensemble_mode = kAutomaticEnsemble;
+  EnsembleMode ensemble_mode = EnsembleMode::automatic;
   RestartMode restart_mode = RestartMode::ask;
   int ship = 1;
   bool ship_named = false;  // by the command itself; else a file with one ship gives that one

@@ -5,6 +5,7 @@
 
 #include "base/platform.h"
 #include "case/case_store.h"
+#include "frame/ground/run_state.h"
 
 namespace zaview {
 
@@ -19,8 +20,6 @@ namespace zaview {
 
 // A gap may not be longer than this, or a wrong time in a small file would fill the memory with zeros.
 [[nodiscard]] std::int64_t LongestGap(const CaseStore& old, const CaseStore& fresh);
-
-enum class RestartMode : std::int8_t { ask = -1, keep_last = 0, combine = 1 };
 
 // Decides and does it, with its words. Does nothing where there is nothing to combine. can_ask false: keeps the last
 // one and says how to combine them.

@@ -7,6 +7,10 @@
 
 namespace zaview {
 
+// Does a read take a file as one more record of the ensemble: where it seems to be one, or whenever it can be one.
+enum class EnsembleMode : std::int8_t { forced = 1, automatic = 3 };
+// Are parts of a restarted run joined?
+enum class RestartMode : std::int8_t { ask = -1, keep_last = 0, combine = 1 };
 enum class SkipPrompt : std::int8_t { none = -1, ask = 1, silent = 2 };  // may a read ask for the steps to skip
 
 struct RunState {
@@ -26,8 +30,8 @@ struct RunState {
 
   int initial_plot = 0;  // 0 none, 1 time history, 2 motion animation, 3 trajectory, 4 geometry
   bool open_options_menu = false;
-  int ensemble_mode = 3;  // 3 automatic, 1 forced
-  int restart_mode = -1;  // -1 unset, 1 combine, 0 keep the last
+  EnsembleMode ensemble_mode = EnsembleMode::automatic;
+  RestartMode restart_mode = RestartMode::ask;
   bool do_eta = false;
   bool debug_flow = false;
   int plot_colours = 0;  // 0 as they are, 1 reversed, 2 black, 3 white background

@@ -26,7 +26,7 @@ struct Held {
   CaseStore store;
   EnsembleStore ensemble;
 
-  std::string Take(CaseStore fresh, int mode = kAutomaticEnsemble) {
+  std::string Take(CaseStore fresh, EnsembleMode mode = EnsembleMode::automatic) {
     fake.output.clear();
     match_case_to_ensemble(fake.Get().console, mode, fresh, ensemble, store);
     return fake.output;
@@ -58,12 +58,12 @@ TEST(EnsembleMatch, Outcomes) {
       {[](auto& c) { c.tadm_case = true; }, kNoMatch, kCannot}};
   // clang-format on
   for (const auto& row : rows)
-    for (const int mode : {kAutomaticEnsemble, kForcedEnsemble}) {
+    for (const EnsembleMode mode : {EnsembleMode::automatic, EnsembleMode::forced}) {
       Held held;
       EXPECT_EQ(held.Take(Realization(1), mode), "");
       CaseStore fresh = Realization(2);
       row.change(fresh);
-      const std::string_view words = mode == kForcedEnsemble ? row.forced : row.automatic;
+      const std::string_view words = mode == EnsembleMode::forced ? row.forced : row.automatic;
       EXPECT_EQ(held.Take(fresh, mode), words) << &row - rows;
       EXPECT_EQ(held.ensemble.nrec, words == kAdded || words == kAssumed ? 2 : 1) << &row - rows;
       EXPECT_EQ(held.store.base_name, "2");
