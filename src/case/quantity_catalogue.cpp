@@ -236,15 +236,12 @@ bool StepsHold(const StepContents& holds, const QuantityRow& row) {
 
 }  // namespace
 
-const QuantityRow* FindQuantity(int iqnt) {
-  return iqnt < 1 || iqnt > kQuantities ? nullptr : &kCatalogue[static_cast<std::size_t>(iqnt - 1)];
+std::span<const QuantityRow> AllQuantities() {
+  return kCatalogue;
 }
 
-const QuantityRow* FindQuantity(std::string_view word) {
-  const auto* found = std::find_if(std::begin(kCatalogue), std::end(kCatalogue), [word](const QuantityRow& row) {
-    return !word.empty() && (row.words[0] == word || row.words[1] == word);
-  });
-  return found == std::end(kCatalogue) ? nullptr : found;
+const QuantityRow* FindQuantity(int iqnt) {
+  return iqnt < 1 || iqnt > kQuantities ? nullptr : &kCatalogue[static_cast<std::size_t>(iqnt - 1)];
 }
 
 std::string_view cQntLong(int iqnt) {

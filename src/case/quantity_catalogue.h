@@ -64,9 +64,9 @@ struct QuantityRow {
   int load_kind;  // 1..6, 0: none
 };
 
-[[nodiscard]] const QuantityRow* FindQuantity(int iqnt);               // null: no such number
-[[nodiscard]] const QuantityRow* FindQuantity(std::string_view word);  // in capitals, of the script; null: no such word
-[[nodiscard]] std::string_view cQntLong(int iqnt);                     // blank: no such number
+[[nodiscard]] std::span<const QuantityRow> AllQuantities();
+[[nodiscard]] const QuantityRow* FindQuantity(int iqnt);  // null: no such number
+[[nodiscard]] std::string_view cQntLong(int iqnt);        // blank: no such number
 [[nodiscard]] std::string_view cQntMed(int iqnt);
 
 // Curve i of a quantity: its group and the place in it, from 0. group null: no such curve. Cuts have any number.

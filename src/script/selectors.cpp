@@ -20,26 +20,6 @@ inline constexpr std::string_view kFewPoint = "ERROR - Insufficient arguments fo
 inline constexpr std::string_view kBadMissile = "ERROR - Invalid option index for {} command for missile data...";
 inline constexpr std::string_view kCurveFault = "ERROR - Invalid curve index for {} option {}";
 
-// In their order; some reach a quantity by another word.
-// clang-format off
-constexpr SelectorRow kSelectors[] = {
-    {"MOT",          1},  {"VEL",          2},  {"ACC",          3},  {"UMOT",         4},
-    {"VSHIP",        5},  {"FTOT",         6},  {"FHYD",         7},  {"FLIN",         8},
-    {"FNONLIN",      9},  {"FHSFK",        10}, {"FOTH",         11}, {"FEXT",         12},
-    {"VSF",          13}, {"VBM",          14}, {"HSF",          15}, {"HBM",          16},
-    {"AXF",          17}, {"TRM",          18}, {"VSFY",         19}, {"VBMY",         20},
-    {"HSFY",         21}, {"HBMY",         22}, {"AXFY",         23}, {"TRMY",         24},
-    {"WAV",          25}, {"WAV0",         26}, {"POINT_MOT",    27}, {"POINT_VEL",    28},
-    {"POINT_ACC",    29}, {"POINT_REL",    30}, {"POINT_VIN",    31}, {"POINT_VING",   32},
-    {"VMNVR",        33}, {"KINO_MOT",     34}, {"KINO_SEA",     35}, {"POINT_ALL",    36},
-    {"POINT_ALL1",   37}, {"POINT_ALLI",   38}, {"VELG",         39}, {"PMG",          1},
-    {"VMG",          2},  {"VMGG",         39}, {"VELS",         5},  {"ACCG",         40},
-    {"SEA",          35}, {"FTOTS",        41}, {"FHYDS",        42}, {"FLINS",        43},
-    {"FNONLINS",     44}, {"FHSFKS",       45}, {"FOTHS",        46}, {"FEXTS",        47},
-    {"POINT_MISS",   48},
-};
-// clang-format on
-
 // The only ones of a transient added mass run.
 constexpr SelectorRow kImpulsiveSelectors[] = {
     {"TADM", kTransientAddedMass},
@@ -70,7 +50,14 @@ int ParseQuantitySpecifier(WordScanner& scanner, std::span<const SelectorRow> ro
 
 std::span<const SelectorRow> SelectorWords(bool impulsive) {
   if (impulsive) return kImpulsiveSelectors;
-  return kSelectors;
+  static const std::vector<SelectorRow> rows = [] {
+    std::vector<SelectorRow> words;
+    for (const QuantityRow& row : AllQuantities())
+      for (const std::string_view word : row.words)
+        if (!word.empty()) words.push_back({word, row.iqnt});
+    return words;
+  }();
+  return rows;
 }
 
 int ReadSelector(ScriptCall& call, Selector& selector) {
@@ -80,9 +67,8 @@ int ReadSelector(ScriptCall& call, Selector& selector) {
   if (index < 1) return Fail(call, kScriptBadArgument, kInvalidQuantity, selector.word);
   const SelectorRow& row = rows[static_cast<std::size_t>(index - 1)];
   selector.iqnt = row.iqnt;
-  selector.form = TailForm::plain;
-  if (StartsWith(row.word, "POINT")) selector.form = TailForm::point;
-  if (row.word == "POINT_MISS") selector.form = TailForm::missile;
+  selector.form = IsPointQuantity(row.iqnt) ? TailForm::point : TailForm::plain;
+  if (FindQuantity(row.iqnt)->need == QuantityNeed::missile) selector.form = TailForm::missile;
   return kScriptOk;
 }
 
