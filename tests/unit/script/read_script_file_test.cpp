@@ -41,6 +41,7 @@ TEST(Script, Errors) {
        "ERROR - Insufficient arguments for WRITE_HISTORY command for missile data...\n"},
       {"WRITE_HISTORY POINT_MISS 1 2 3 2 1 1 1 1\n", 5,
        "ERROR - Invalid option index for WRITE_HISTORY command for missile data...\n"},
+      {"WRITE_HISTORY VSF never.txt\n", 0, "WARNING - Time history file quantity VSF not valid for this output file\n"},
       {"WRITE_HISTORY MOT x/y\n", 5, "ERROR opening output file: x/y\n"},
       {"WRITE_HISTORY MOT x:FORM\n", 5, "ERROR - unrecognized output file switch: FORM\n"},
       {"WRITE_HISTORY MOT :UNFORM\n", 5, "ERROR opening output file:\n"},

@@ -1,9 +1,10 @@
-#include "case/tables/history_table.h"
-
+// Tables of histories and of load distributions.
 #include <algorithm>
 
 #include <gtest/gtest.h>
 
+#include "case/tables/history_table.h"
+#include "case/tables/load_table.h"
 #include "fake_platform.h"
 #include "small_case.h"
 
@@ -18,6 +19,8 @@ struct Wanted {
   std::string name = "out.txt";
   int steps = 2;
   PlotFault fault = PlotFault::none;
+  int load_step = 0;  // above 0: a load distribution there
+  int stride = 1, first_step = 1, smoothing = 0;
 };
 
 std::string Write(const Wanted& wanted) {  // the file, or what stands on the console
@@ -26,12 +29,22 @@ std::string Write(const Wanted& wanted) {  // the file, or what stands on the co
   const Platform platform = fake.Get();
   CaseStore c = SmallCase(1, wanted.steps);
   AddLoads(c, 1, wanted.steps);
+  c.first_step = wanted.first_step;
+  OutputSettings settings = SettingsFor(c);
+  settings.reading.step_stride = wanted.stride;
+  settings.smoothing.option = wanted.smoothing;
   QuantityRequest request;
   request.iqnt = wanted.iqnt;
   request.point = {40.0, 0.0, 12.5};
   OutputFile out;
   EXPECT_TRUE(OpenOutput(platform, wanted.name, wanted.how, out));
-  EXPECT_EQ(write_time_history(platform.console, SettingsFor(c), request, wanted.unformatted, c, out), wanted.fault);
+  if (wanted.load_step > 0) {
+    settings.units.scales.load_force = 2.0F;
+    c.load_force[0].component[0] = {5.0F, -2.0F, 7.0F, 1.0F, -9.0F, 3.0F};
+    EXPECT_EQ(LoadDistFil(platform.console, settings, wanted.iqnt, wanted.load_step, c, out), wanted.fault);
+  } else {
+    EXPECT_EQ(write_time_history(platform.console, settings, request, wanted.unformatted, c, out), wanted.fault);
+  }
   EXPECT_TRUE(CloseOutput(out));
   return wanted.name.empty() ? fake.output : fake.Bytes("out.txt");
 }
@@ -63,6 +76,21 @@ TEST(HistoryTable, UnformattedRecords) {
   std::copy_n(bytes.data() + 24, 4, reinterpret_cast<char*>(&time));
   EXPECT_NEAR(time, 0.4999853F, 1e-6F);
   (void)Write({.iqnt = 13, .unformatted = true, .name = "", .fault = PlotFault::not_valid});
+}
+
+// The value is of any step in use; least and largest are of the points: with stride 2 these are steps 1, 3 and 5.
+TEST(LoadTable, ARowACut) {
+  EXPECT_EQ(Write({.iqnt = 13, .steps = 6, .load_step = 2, .stride = 2}),
+            "Load Distribution of Vertical Shear Force for ZAVO file run.out at step 2 time= 0.4999853\n"
+            "            X         Value       Minimum       Maximum\n"
+            "     25.00000     -4.000000     -18.00000      14.00000\n"
+            "    -12.50000   0.004400000   0.004200000   0.005000000\n");
+  // Smoothed as the extremes are: (-3 12 17 12 -3)/35 about step 4 of 2 (-2 7 1 -9 3).
+  const std::string smoothed = Write({.iqnt = 13, .steps = 6, .load_step = 4, .smoothing = 1});
+  EXPECT_NEAR(std::stod(smoothed.substr(smoothed.find("25.00000") + 8)), 2 * (6 + 84 + 17 - 108 - 9) / 35.0, 1e-5);
+  EXPECT_EQ(Write({.iqnt = 13, .name = "", .steps = 6, .fault = PlotFault::not_valid, .load_step = 1, .first_step = 7}),
+            "ERROR - Too many steps skipped or trimmed - over\n");
+  EXPECT_EQ(Write({.iqnt = 15, .steps = 6, .fault = PlotFault::not_valid, .load_step = 1}), "");
 }
 
 }  // namespace
