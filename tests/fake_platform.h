@@ -38,6 +38,7 @@ struct FakePlatform {
   std::map<std::string, File> files;
   std::set<std::string> directories{"", "/"};  // made on the fly for files put in with Put
   std::map<std::string, std::string> links;    // name to target
+  std::set<std::string> read;                  // files that were opened to be read
 
   // Faults on demand.
   std::set<std::string> no_new_files_in;  // directories
@@ -138,7 +139,9 @@ inline Platform FakePlatform::Get() {
   p.files.self = this;
   p.files.open_read = [](void* self, const std::string& name) {
     const std::string target = Of(self).Target(name);
-    return Of(self).files.count(target) == 0 ? kNoFile : Of(self).Open(target);
+    if (Of(self).files.count(target) == 0) return kNoFile;
+    Of(self).read.insert(target);
+    return Of(self).Open(target);
   };
   p.files.read = [](void* self, FileHandle file, char* to, std::size_t size) -> std::int64_t {
     Handle& handle = Of(self).handles[static_cast<std::size_t>(file)];
@@ -172,6 +175,7 @@ inline Platform FakePlatform::Get() {
     facts.exists = true;
     facts.plain = found->second.plain;
     facts.mode = found->second.mode;
+    facts.was_read = facts.plain && fake.read.count(facts.target) != 0;
     if (facts.plain) facts.size = static_cast<std::int64_t>(found->second.bytes.size());
     return facts;
   };
@@ -195,6 +199,7 @@ inline Platform FakePlatform::Get() {
     for (const std::string& name : fake.directories) add(name);
     return true;
   };
+  p.files.why = [](void*) { return std::string("refused"); };  // as good as any
   return p;
 }
 

@@ -18,6 +18,13 @@ void StartStream(BlockStream& stream, const Files& files, FileHandle file) {
   stream.file = file;
 }
 
+void StartStream(BlockStream& stream, std::string_view text) {
+  stream = {};
+  stream.buffer.assign(text.begin(), text.end());
+  stream.end = text.size();
+  stream.at_end = true;
+}
+
 bool FillStream(BlockStream& stream, std::size_t room) {
   if (stream.at_end) return false;
   const std::size_t left = stream.end - stream.begin;

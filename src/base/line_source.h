@@ -25,6 +25,8 @@ struct BlockStream {
 
 // Takes over an open file. Close is the caller's.
 void StartStream(BlockStream& stream, const Files& files, FileHandle file);
+// The bytes of a text in place of a file's.
+void StartStream(BlockStream& stream, std::string_view text);
 
 // Reads more behind buffer[end), first moving what is left to the front or growing the buffer to hold at least
 // `room` more bytes. False if nothing more came. Memory running out counts as a fault.

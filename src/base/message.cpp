@@ -10,4 +10,17 @@ void SayLine(const Console& console, std::string_view line) {
   console.flush(console.self);
 }
 
+std::string Because(std::string_view why) {
+  return why.empty() ? "" : fmt::format(" ({})", why);
+}
+
+std::string WhyNotOpened(const Files& files, const std::string& name) {
+  const FileFacts facts = files.facts(files.self, name);
+  if (facts.exists && !facts.plain && !facts.directory) return Because("Not a regular file");
+  const FileHandle file = files.open_read(files.self, name);
+  if (file == kNoFile) return Because(files.why(files.self));
+  static_cast<void>(files.close(files.self, file));
+  return {};
+}
+
 }  // namespace zaview

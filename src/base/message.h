@@ -20,4 +20,9 @@ void Say(const Console& console, fmt::format_string<Args...> text, Args&&... arg
   SayLine(console, fmt::format(text, std::forward<Args>(args)...));
 }
 
+// " (Permission denied)", to stand behind the text of a file that can't be opened; nothing without a reason.
+[[nodiscard]] std::string Because(std::string_view why);
+// The same of a file that could not be read; found out by one more try.
+[[nodiscard]] std::string WhyNotOpened(const Files& files, const std::string& name);
+
 }  // namespace zaview

@@ -44,6 +44,7 @@ struct FileFacts {
   std::int64_t size = -1;    // bytes; -1 where there is no such thing (pipes)
   unsigned mode = 0;         // permission bits
   std::string target;        // the name behind all links; the name itself if it is no link
+  bool was_read = false;     // this run has opened this file to read it, under this name or another
 };
 
 struct Files {
@@ -60,6 +61,7 @@ struct Files {
   bool (*remove)(void* self, const std::string& name) = nullptr;
   // Names in a directory ("" is the working directory), in no order; false if it can't be listed.
   bool (*list)(void* self, const std::string& directory, std::vector<std::string>& names) = nullptr;
+  std::string (*why)(void* self) = nullptr;  // the last open that gave kNoFile did so: "Permission denied"
 };
 
 struct Clock {

@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
@@ -39,6 +40,8 @@ struct PosixMachine {
   std::vector<std::string> unfinished;  // files made new and neither renamed nor removed: a run that is cut off by its
                                         // console takes them away
   std::vector<std::pair<FileHandle, std::string>> made_in_place;  // open files that were made under their own names
+  std::vector<std::pair<dev_t, ino_t>> read;                      // plain files that were opened to be read
+  int open_fault = 0;                                             // of the last open that failed
 };
 
 PosixMachine& Of(void* self) {
@@ -192,13 +195,33 @@ bool ReadLine(void* self, std::string& line) {
   return got;
 }
 
-FileHandle OpenRead(void*, const std::string& name) {
-  const int file = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
-  if (file < 0) return kNoFile;
-  struct stat facts {};
-  if (::fstat(file, &facts) == 0 && !S_ISDIR(facts.st_mode)) return file;
-  ::close(file);
+FileHandle OpenFault(PosixMachine& machine, int fault) {
+  machine.open_fault = fault;
   return kNoFile;
+}
+
+bool WasRead(const PosixMachine& machine, const struct stat& facts) {
+  return std::find(machine.read.begin(), machine.read.end(), std::pair(facts.st_dev, facts.st_ino)) !=
+         machine.read.end();
+}
+
+FileHandle OpenRead(void* self, const std::string& name) {
+  PosixMachine& machine = Of(self);
+  const int file = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+  struct stat facts {};
+  if (file < 0 || ::fstat(file, &facts) != 0) return OpenFault(machine, errno);
+  if (S_ISDIR(facts.st_mode)) {
+    ::close(file);
+    return OpenFault(machine, EISDIR);
+  }
+  if (S_ISREG(facts.st_mode) && !WasRead(machine, facts)) machine.read.emplace_back(facts.st_dev, facts.st_ino);
+  return file;
+}
+
+// A new file may have the place of one that was read and removed since.
+void ForgetRead(PosixMachine& machine, FileHandle file) {
+  struct stat facts {};
+  if (::fstat(file, &facts) == 0) std::erase(machine.read, std::pair(facts.st_dev, facts.st_ino));
 }
 
 std::int64_t ReadFile(void*, FileHandle file, char* to, std::size_t size) {
@@ -210,7 +233,8 @@ FileHandle OpenWrite(void* self, const std::string& name, WriteHow how, unsigned
   const int ways[] = {O_CREAT | O_EXCL, O_CREAT | O_TRUNC, O_CREAT | O_APPEND};
   const int file =
       ::open(name.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | ways[static_cast<std::size_t>(how)], kNewFileMode);
-  if (file < 0) return kNoFile;
+  if (file < 0) return OpenFault(Of(self), errno);
+  if (how == WriteHow::create_new || may_make) ForgetRead(Of(self), file);
   if (mode != 0) static_cast<void>(::fchmod(file, mode));  // refused by some file systems: no reason to fail
   if (how == WriteHow::create_new) Of(self).unfinished.push_back(name);
   if (may_make) Of(self).made_in_place.emplace_back(file, name);
@@ -246,7 +270,7 @@ std::string BehindLinks(std::string name) {
   return name;
 }
 
-FileFacts Facts(void*, const std::string& name) {
+FileFacts Facts(void* self, const std::string& name) {
   FileFacts facts;
   facts.target = name;
   struct stat found {};
@@ -261,6 +285,7 @@ FileFacts Facts(void*, const std::string& name) {
   facts.mode = static_cast<unsigned>(found.st_mode) & 07777U;
   if (!facts.plain) return facts;
   facts.size = found.st_size;
+  facts.was_read = WasRead(Of(self), found);
   facts.target = BehindLinks(name);
   // Links of the process table (/dev/fd/3) name an open file by a text that need not be its name: not to be replaced.
   struct stat behind {};
@@ -294,6 +319,10 @@ bool List(void*, const std::string& directory, std::vector<std::string>& names) 
   while (const dirent* entry = ::readdir(open)) names.emplace_back(entry->d_name);
   ::closedir(open);
   return true;
+}
+
+std::string Why(void* self) {
+  return std::strerror(Of(self).open_fault);
 }
 
 double Seconds(void*) {
@@ -336,7 +365,7 @@ Platform PosixPlatform() {
                       RemoveProgress,
                       [](void*) { return TakeInterrupt(); }};
   platform.files = {&machine,  OpenRead, ReadFile, OpenWrite, WriteFile, ResizeFile,
-                    CloseFile, Facts,    Rename,   Remove,    List};
+                    CloseFile, Facts,    Rename,   Remove,    List,      Why};
   platform.clock = {&machine, Seconds};
   return platform;
 }

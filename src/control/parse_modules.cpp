@@ -26,7 +26,7 @@ constexpr std::string_view kRefusedName = "FLAPLIFT";
 constexpr std::string_view kRefused[] = {"ERROR - FLAPLIFT temporarily disabled.",
                                          "        bitch at Ned if you want to use it"};
 constexpr std::string_view kReading = " Reading input module {}";
-constexpr std::string_view kNoModuleFile = "ERR212 - Error opening module file: {}";
+constexpr std::string_view kNoModuleFile = "ERR212 - Error opening module file: {}{}";
 constexpr std::string_view kLongModuleFile = "ERROR - module file is too long : {}";
 constexpr std::string_view kParsing = "ERROR parsing module {}";
 constexpr std::string_view kBadData = "ERR201 - Error reading data set {} of input module {}";
@@ -191,7 +191,8 @@ void ReadOne(ModuleReading& reading, const ModuleRow& row, ModuleText& module) {
   const std::string file = ModuleFile(module.header);
   FileStatus status = FileStatus::ok;
   if (!file.empty()) status = ReadModuleFile(reading.platform.files, file, reading.run, reading.room, module.lines);
-  if (status == FileStatus::not_opened) Say(console, kNoModuleFile, file);
+  if (status == FileStatus::not_opened)
+    Say(console, kNoModuleFile, file, WhyNotOpened(reading.platform.files, file));
   if (status == FileStatus::too_long) Say(console, kLongModuleFile, file);
   int set = 1;
   const ModuleFault fault = ReadFields(row, module, reading.records, set);

@@ -30,7 +30,7 @@ constexpr std::string_view kSecondScript =
 constexpr std::string_view kNoScriptName = "ERROR - missing qualifier for -script argument";
 constexpr std::string_view kNoInitScriptName = "ERROR - missing qualifier for -init_script argument";
 constexpr std::string_view kNoCommand = "ERROR - missing command for {}";
-constexpr std::string_view kNoCommandFile = "ERROR opening temporary file {}";
+constexpr std::string_view kNoCommandFile = "ERROR opening temporary file {}{}";
 constexpr std::string_view kNoFileName = "ERROR - missing file name for -file argument";
 constexpr std::string_view kEnsembleAndRestart = "ERROR - arguments -ensemble and -restart cannot both be specified";
 constexpr std::string_view kShipMissing = "ERROR - missing argument(s) to {}";
@@ -100,12 +100,13 @@ void TakeScript(Walk& walk) {
   run.script_file_name = name;
 }
 
-bool WriteCommandFile(const Platform& platform, std::string_view command) {
+// The file is for the user alone: programs side by side in one folder write it over each other's, and the folder may
+// take none.
+void WriteCommandFile(const Platform& platform, std::string_view text) {
   OutputFile out;
-  if (!OpenOutput(platform, kCommandFile, OpenHow::replace, out)) return false;
-  WriteOutput(out, command);
-  WriteOutput(out, "\n");
-  return CloseOutput(out);
+  const bool opened = OpenOutput(platform, kCommandFile, OpenHow::replace, out);
+  if (opened) WriteOutput(out, text);
+  if (!opened || !CloseOutput(out)) Say(platform.console, kNoCommandFile, kCommandFile, Because(out.why));
 }
 
 void TakeCommand(Walk& walk) {
@@ -113,7 +114,8 @@ void TakeCommand(Walk& walk) {
   std::string command;
   if (!walk.Take(command)) return walk.Fail(kNoCommand, walk.word);
   if (run.script_active) return walk.Fail(kSecondScript);
-  if (!WriteCommandFile(walk.session.platform, command)) return walk.Fail(kNoCommandFile, kCommandFile);
+  run.command_text = command + '\n';
+  WriteCommandFile(walk.session.platform, run.command_text);
   run.script_active = true;
   run.script_is_init = Contains(walk.word, "INIT");
   run.script_file_name = kCommandFile;

@@ -10,7 +10,7 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kSkipped = "NONE or blank name specified for geometry file: skipping geometry input";
-inline constexpr std::string_view kNotOpen = "ERROR opening geometry file: {}";
+inline constexpr std::string_view kNotOpen = "ERROR opening geometry file: {}{}";
 
 constexpr OptionNames kNormals = {"UGEOMNORM"};
 constexpr int kByConnectivity = 1;
@@ -47,7 +47,10 @@ bool AddGeometry(const Platform& platform, const GeometryRequest& request, const
   Hull part;
   const GeometryStatus status = ReadGeometry(platform, request, part);
   if (status == GeometryStatus::skipped) SayLine(platform.console, kSkipped);
-  if (status == GeometryStatus::cannot_open) Say(platform.console, kNotOpen, SplitGeometryName(request.name).file);
+  if (status == GeometryStatus::cannot_open)  {
+    const std::string file(SplitGeometryName(request.name).file);
+    Say(platform.console, kNotOpen, file, WhyNotOpened(platform.files, file));
+  }
   if (status != GeometryStatus::ok) return status == GeometryStatus::skipped;
   if (request.half && !ReflectGeometry(platform.console, request.LENIN, part)) return false;
   TransformHull(transform, part);

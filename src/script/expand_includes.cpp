@@ -115,7 +115,8 @@ bool IncludeFile(IncludePass& pass, std::string_view line, ScriptOrigin origin, 
       pass.platform.files.close(pass.platform.files.self, handle);
       return good;
     }
-    Say(console, "ERR212 - Error opening {} file: {}", is_module ? "module" : kInclude, name);
+    Say(console, "ERR212 - Error opening {} file: {}{}", is_module ? "module" : kInclude, name,
+        WhyNotOpened(pass.platform.files, name));
   }
   SayLine(console, AtLine(pass.files, origin, line));
   pass.status = IncludeStatus::faults;
@@ -124,15 +125,13 @@ bool IncludeFile(IncludePass& pass, std::string_view line, ScriptOrigin origin, 
 
 }  // namespace
 
-IncludeStatus ExpandIncludes(const Platform& platform, const std::string& name, FileHandle file,
+IncludeStatus ExpandIncludes(const Platform& platform, const std::string& name, BlockStream& script,
                              std::vector<std::string>& files, ScriptText& clean) {
   files.assign(1, name);
   const std::size_t slash = name.rfind('/');
   IncludePass pass{platform, slash == std::string::npos ? "" : name.substr(0, slash + 1), files, clean};
-  BlockStream stream;
-  StartStream(stream, platform.files, file);
   LineSource source;
-  source.stream = &stream;
+  source.stream = &script;
   std::string line;
   while (NextTextLine(source, line)) {
     const ScriptOrigin origin{0, static_cast<int>(source.line_number)};
@@ -140,7 +139,7 @@ IncludeStatus ExpandIncludes(const Platform& platform, const std::string& name, 
     if (kind != DollarKind::include && !AddCleanLine(pass, line, origin)) break;
     if (kind != DollarKind::none && !IncludeFile(pass, line, origin, kind == DollarKind::module)) break;
   }
-  NoteReadFault(pass, stream, name);
+  NoteReadFault(pass, script, name);
   return pass.status;
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/message.h"
 #include "base/text.h"
+#include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
 #include "script/expand_includes.h"
 #include "script/expand_loops.h"
@@ -17,9 +18,10 @@ namespace {
 
 inline constexpr std::string_view kNamePrompt = "Enter the name of an ZAVIEW Script File (Return to cancel):";
 inline constexpr std::string_view kReading = "Reading ZAVIEW script file : {}";
-inline constexpr std::string_view kOpenFault = "ERROR opening Script File : {}";
+inline constexpr std::string_view kOpenFault = "ERROR opening Script File : {}{}";
 inline constexpr std::string_view kParseFault = "ERROR parsing Script File : {}";
 inline constexpr std::size_t kScriptName = 256;  // a longer name fails to open
+inline constexpr std::string_view kEndings[] = {"", ".script", ".scpt"};
 
 // The words for the status that the interpreter ended with; the last row is for all others.
 struct EndRow {
@@ -35,22 +37,12 @@ constexpr EndRow kEnds[] = {
     {-1, "ERROR reading ZAVIEW script file : {}"},
 };
 
-FileHandle OpenScript(const Files& files, std::string_view name, std::string& opened) {
-  for (const std::string_view ending : {"", ".script", ".scpt"}) {
-    opened = std::string(name).append(ending);
-    const FileHandle file = opened.size() > kScriptName ? kNoFile : files.open_read(files.self, opened);
-    if (file != kNoFile) return file;
-  }
-  return kNoFile;
-}
-
-// The three passes: from the open file to the final text.
-bool RunPasses(Session& session, FileHandle file) {
+// The three passes: from the text of the file to the final text.
+bool RunPasses(Session& session, BlockStream& stream) {
   const Platform& platform = session.platform;
   ScriptState& script = session.script;
   ScriptText text;
-  const IncludeStatus includes = ExpandIncludes(platform, script.name, file, script.files, text);
-  platform.files.close(platform.files.self, file);
+  const IncludeStatus includes = ExpandIncludes(platform, script.name, stream, script.files, text);
   PassMessage message;
   const bool good = includes == IncludeStatus::ok && ExpandScriptLoops(platform.console, text, message) &&
                     SubstituteScriptVariables(platform.console, script, text, message);
@@ -98,16 +90,26 @@ int EndFailedPlot(Session& session) {
 
 int StartScript(Session& session, std::string_view name) {
   const Console& console = session.platform.console;
+  const Files& files = session.platform.files;
   ScriptState& script = session.script;
-  std::string opened;
-  const FileHandle file = OpenScript(session.platform.files, name, opened);
-  if (file == kNoFile) {
-    Say(console, kOpenFault, name);
-    return kScriptNotRun;
+  const std::string command = std::exchange(session.run.command_text, {});
+  BlockStream stream;
+  if (command.empty()) {
+    const FoundFile found = OpenFirst(files, name, kEndings, kScriptName);
+    if (found.file == kNoFile) {
+      Say(console, kOpenFault, name, Because(found.why));
+      return kScriptNotRun;
+    }
+    script.name = found.name;
+    StartStream(stream, files, found.file);
+  } else {
+    script.name = name;
+    StartStream(stream, command);
   }
-  script.name = opened;
   Say(console, kReading, script.name);
-  if (!RunPasses(session, file)) {
+  const bool passed = RunPasses(session, stream);
+  if (stream.file != kNoFile) files.close(files.self, stream.file);
+  if (!passed) {
     CloseScript(script);
     return kScriptNotRun;
   }

@@ -8,7 +8,7 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}";
+inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}";
 inline constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
 inline constexpr std::string_view kUnknownSwitch = "ERROR - unrecognized output file switch: {}";
 inline constexpr std::string_view kNameCut = "WARNING - output file name cut at blank : {}";
@@ -54,7 +54,7 @@ int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& outp
   const bool refused = output.name.size() > kScriptFileName || (output.unformatted && output.name.empty());
   const OpenHow how = switches.append ? OpenHow::append : OpenHow::replace;
   if (refused || !OpenOutput(call.session.platform, output.name, how, output.file))
-    return Fail(call, kScriptFailed, kOpenFault, output.name);
+    return Fail(call, kScriptFailed, kOpenFault, output.name, Because(output.file.why));
   return kScriptOk;
 }
 

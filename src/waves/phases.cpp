@@ -13,7 +13,7 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kReading = "Reading phase file {}";
-inline constexpr std::string_view kCannotOpen = "ERR??? - error opening phase file {}";
+inline constexpr std::string_view kCannotOpen = "ERR??? - error opening phase file {}{}";
 inline constexpr std::string_view kUnreadable = "ERR??? - error reading phase file {}";
 inline constexpr std::string_view kTooMany = "ERR??? - too many phases in phase file: {} ; limit= {}";
 inline constexpr std::string_view kNone = "ERR??? - no phases read from phase file: {}";
@@ -131,7 +131,8 @@ bool ReadPhaseFile(const Platform& platform, std::string_view name, std::string_
   const bool plain = platform.files.facts(platform.files.self, file).plain;
   const CleanFault fault = plain ? CopyCleanText(platform.files, file, nullptr, lines) : CleanFault::cannot_open;
   if (fault != CleanFault::none) {
-    Say(console, fmt::runtime(fault == CleanFault::cannot_open ? kCannotOpen : kUnreadable), file);
+    if (fault == CleanFault::cannot_open) Say(console, kCannotOpen, file, WhyNotOpened(platform.files, file));
+    else Say(console, kUnreadable, file);
     return Stop(console);
   }
   if (!Reserve(phases, kPhaseFileLimit)) return Stop(console);

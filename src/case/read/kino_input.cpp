@@ -21,6 +21,7 @@
 #include "case/size_history.h"
 #include "case/wave_at_cg.h"
 #include "control/input_scales.h"
+#include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
 #include "geometry/read_geometry.h"
 #include "waves/incident_wave.h"
@@ -49,7 +50,7 @@ inline constexpr std::string_view kAskCentre = "Enter position of center of grav
 inline constexpr std::string_view kAskPoint = "Enter position of motion reference point=>";
 
 inline constexpr std::string_view kReadingMotions = "Reading motions data from KINO file {}";
-inline constexpr std::string_view kNoMotions = "ERROR opening KINO motions file {}";
+inline constexpr std::string_view kNoMotions = "ERROR opening KINO motions file {}{}";
 inline constexpr std::string_view kMotionsUnreadable = "ERROR reading KINO motions file {}";
 inline constexpr std::string_view kNoSteps = "ERROR - no time steps read from file";
 inline constexpr std::string_view kNotIncreasing[] = {
@@ -57,13 +58,13 @@ inline constexpr std::string_view kNotIncreasing[] = {
 inline constexpr std::string_view kNoHistoryMemory = "ERROR allocating time history data, istat= 1";
 inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 inline constexpr std::string_view kCalm = "CALM or blank name specified for Seaway file: incident wave set to calm";
-inline constexpr std::string_view kNoSeaway = "ERROR opening Seaway file: {}";
+inline constexpr std::string_view kNoSeaway = "ERROR opening Seaway file: {}{}";
 inline constexpr std::string_view kNoGeometry =
     "NONE or blank name specified for geometry file: skipping geometry input";
 inline constexpr std::string_view kQualifier = "Format qualifier >{}< name >{}";
 inline constexpr std::string_view kUnknownQualifier =
     "ERROR - unrecognzied format qualifier ({}) for geometry input file";
-inline constexpr std::string_view kGeometryNotOpen = "ERROR opening geometry file: {}";
+inline constexpr std::string_view kGeometryNotOpen = "ERROR opening geometry file: {}{}";
 inline constexpr std::string_view kBadGravity = "ERROR - illegal value specified for gravitational constant: {}";
 inline constexpr std::string_view kBadDensity = "ERROR - illegal value specified for water density : {}";
 
@@ -99,18 +100,6 @@ bool IsPositive(double value) {
 
 // ---- Motions
 
-// The name itself, or with its extension.
-FileHandle OpenMotions(const Files& files, std::string& name) {
-  for (const std::string_view ending : {std::string_view{}, kMotionsExtension}) {
-    std::string full = name + std::string(ending);
-    const FileHandle file = files.open_read(files.self, full);
-    if (file == kNoFile) continue;
-    name = std::move(full);
-    return file;
-  }
-  return kNoFile;
-}
-
 void SayMotionsFault(const Console& console, MotionsFault fault, const std::string& name) {
   if (fault == MotionsFault::no_steps) SayLine(console, kNoSteps);
   if (fault == MotionsFault::out_of_memory) SayLine(console, kNoHistoryMemory);
@@ -122,14 +111,16 @@ void SayMotionsFault(const Console& console, MotionsFault fault, const std::stri
 bool TakeMotions(const Platform& platform, std::string_view given, KinoCase& kino) {
   const Console& console = platform.console;
   kino.name = Trim(given);
-  const FileHandle file = OpenMotions(platform.files, kino.name);
-  if (file == kNoFile) {
-    Say(console, kNoMotions, kino.name);
+  constexpr std::string_view kEndings[] = {"", kMotionsExtension};
+  const FoundFile found = OpenFirst(platform.files, kino.name, kEndings, std::string::npos);
+  if (found.file == kNoFile) {
+    Say(console, kNoMotions, kino.name, Because(found.why));
     return false;
   }
+  kino.name = found.name;
   Say(console, kReadingMotions, kino.name);
-  const MotionsFault fault = ReadKinoMotions(platform.files, file, kino.motions);
-  (void)platform.files.close(platform.files.self, file);  // nothing was written
+  const MotionsFault fault = ReadKinoMotions(platform.files, found.file, kino.motions);
+  (void)platform.files.close(platform.files.self, found.file);  // nothing was written
   if (!kino.motions.comment.empty()) Say(console, "Comment line: {}", kino.motions.comment);
   if (fault == MotionsFault::none) Say(console, "{} Time steps read", kino.motions.steps());
   SayMotionsFault(console, fault, kino.name);
@@ -149,7 +140,7 @@ bool TakeSeaway(const Platform& platform, std::string_view given, double g, Kino
   const std::string longer = name + std::string(kSeawayExtension);
   if (!files.facts(files.self, name).exists && files.facts(files.self, longer).exists) name = longer;
   const KinoSeaStatus status = ReadKinoSeaway(platform, name, {g, kino.motions.length}, kino.seaway);
-  if (status == KinoSeaStatus::cannot_open) Say(platform.console, kNoSeaway, name);
+  if (status == KinoSeaStatus::cannot_open) Say(platform.console, kNoSeaway, name, WhyNotOpened(platform.files, name));
   return status == KinoSeaStatus::ok;
 }
 
@@ -159,7 +150,7 @@ bool TakeSeawayAgain(const Platform& platform, std::string_view given, KinoCase&
   silent.console.write = [](void*, std::string_view) {};
   silent.console.flush = [](void*) {};
   if (TakeSeaway(silent, given, kino.g, kino)) return true;
-  Say(platform.console, kNoSeaway, Trim(given));
+  Say(platform.console, kNoSeaway, Trim(given), "");
   return false;
 }
 
@@ -194,7 +185,8 @@ bool TakeGeometry(const Platform& platform, std::string_view given, KinoCase& ki
   request.to_the_end = true;
   request.LENIN = kino.motions.length;
   const GeometryStatus status = ReadGeometry(platform, request, kino.hull);
-  if (status == GeometryStatus::cannot_open) Say(platform.console, kGeometryNotOpen, file);
+  if (status == GeometryStatus::cannot_open) 
+    Say(platform.console, kGeometryNotOpen, file, WhyNotOpened(platform.files, std::string(file)));
   if (status == GeometryStatus::skipped) {
     SayLine(platform.console, kNoGeometry);
     kino.geometry.clear();

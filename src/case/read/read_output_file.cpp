@@ -19,12 +19,14 @@
 #include "case/read/restart_combine.h"
 #include "case/read/time_steps.h"
 #include "case/wave_at_cg.h"
+#include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
 
 namespace zaview {
 namespace {
 
 inline constexpr std::string_view kAskName = "Enter ZAVO output file name (KINO for alternate input, QUIT to abort)";
+inline constexpr std::string_view kNotOpened = "ERROR - Error opening ZAVO Output File : {}{}";
 inline constexpr std::string_view kBlankName = " file specification aborted ... re-specify";
 inline constexpr std::string_view kAlternateInScript = "ERROR - alternate input needs READ_KINO_FILES in a script";
 inline constexpr std::string_view kGeometryOnly = "Specified ZAVO file is for a geometry only (NSTEP=0) run";
@@ -41,6 +43,7 @@ inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please 
 
 constexpr FileHandle kAlternateInput = -2;  // no file: motions, seaway and hull are asked for
 constexpr std::size_t kNameField = 256;     // columns; a longer name fails to open, it is never cut
+constexpr std::string_view kEndings[] = {"", ".out", ".out.XML", ".XML"};
 
 // Nothing but white space is left. Takes the white space.
 bool NoTextLeft(BlockStream& stream) {
@@ -212,18 +215,6 @@ ReadOutcome ReadOpened(const Platform& platform, const ReadRequest& request, con
   return content == Content::header_only ? ReadOutcome::failed : ReadOutcome::ok;
 }
 
-// The first of the names that opens, put into `name`.
-FileHandle OpenByName(const Files& files, std::string& name) {
-  for (const std::string_view ending : {"", ".out", ".out.XML", ".XML"}) {
-    std::string full = name + std::string(ending);
-    const FileHandle file = full.size() > kNameField ? kNoFile : files.open_read(files.self, full);
-    if (file == kNoFile) continue;
-    name = std::move(full);
-    return file;
-  }
-  return kNoFile;
-}
-
 bool AsksForAlternateInput(const std::string& name) {
   constexpr std::array<std::string_view, 4> kWords = {"KINO", "kino", "TEXT", "text"};
   return std::any_of(kWords.begin(), kWords.end(), [&](std::string_view word) { return StartsWith(name, word); });
@@ -236,9 +227,10 @@ FileHandle FindFile(const Platform& platform, bool script_active, std::string& n
     SayLine(platform.console, kAlternateInScript);
     return kNoFile;
   }
-  const FileHandle file = OpenByName(platform.files, name);
-  if (file == kNoFile) Say(platform.console, "ERROR - Error opening ZAVO Output File : {}", name);
-  return file;
+  const FoundFile found = OpenFirst(platform.files, name, kEndings, kNameField);
+  if (found.file == kNoFile) Say(platform.console, kNotOpened, name, Because(found.why));
+  else name = found.name;
+  return found.file;
 }
 
 // Asks until a file opens; no file: the user gave up.

@@ -90,7 +90,7 @@ bool ReadCompanion(const Platform& platform, CaseStore& fresh, StepsRead& steps)
   const std::string name = CompanionName(fresh.file_name);
   const FileHandle file = platform.files.open_read(platform.files.self, name);
   if (file == kNoFile) {
-    Say(platform.console, kCompanionUnopened, name);
+    Say(platform.console, kCompanionUnopened, name, Because(platform.files.why(platform.files.self)));
     return false;
   }
   BlockStream stream;

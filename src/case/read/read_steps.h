@@ -12,7 +12,7 @@
 namespace zaview {
 
 inline constexpr std::string_view kReadingHistory = "Reading time history data from {}";
-inline constexpr std::string_view kCompanionUnopened = "ERROR opening unformatted output file {}";
+inline constexpr std::string_view kCompanionUnopened = "ERROR opening unformatted output file {}{}";
 inline constexpr std::string_view kCompanionUnparsed = "ERROR parsing unformatted output file {}";
 inline constexpr std::string_view kVersionsDiffer[] = {
     "WARNING: version number mismatch between formatted and unformated files:", "  formatted   (.out)  file: {}",

@@ -138,9 +138,9 @@ std::string ViewerCommands(const OutputSettings& settings, const CaseStore& c, s
 struct SetFile {
   std::string_view extension, open_fault, writing;
 };
-constexpr SetFile kMotions = {".mot", "ERROR opening KINO motion data file {}", "Writing KINO motion data to {}"};
-constexpr SetFile kSeaway = {".sea", "ERROR opening KINO seaway data file {}", "Writing KINO seaway data to {}"};
-constexpr SetFile kCommands = {".kno0", "ERROR opening KINO command file {}", "Writing KINO commands to {}"};
+constexpr SetFile kMotions = {".mot", "ERROR opening KINO motion data file {}{}", "Writing KINO motion data to {}"};
+constexpr SetFile kSeaway = {".sea", "ERROR opening KINO seaway data file {}{}", "Writing KINO seaway data to {}"};
+constexpr SetFile kCommands = {".kno0", "ERROR opening KINO command file {}{}", "Writing KINO commands to {}"};
 inline constexpr std::string_view kWriteFault = "ERROR writing KINO file {}";
 
 // body(out) writes the file; false (told) gives it up.
@@ -149,7 +149,7 @@ bool WriteSetFile(const Platform& platform, const SetFile& row, const std::strin
   const std::string name = stem + std::string(row.extension);
   OutputFile out;
   if (!OpenOutput(platform, name, OpenHow::replace, out)) {
-    Say(platform.console, fmt::runtime(row.open_fault), name);
+    Say(platform.console, fmt::runtime(row.open_fault), name, Because(out.why));
     return false;
   }
   Say(platform.console, fmt::runtime(row.writing), name);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kAborted = " file specification aborted ... re-specify";
 constexpr std::string_view kMissing = "ERROR - File {} does not exist ... re-specify";
-constexpr std::string_view kOpenFailed = "ERROR opening file {} ... re-specify";
+constexpr std::string_view kOpenFailed = "ERROR opening file {} ... re-specify{}";
 constexpr std::string_view kExists = "File {} already exists";
 constexpr std::string_view kOverwrite = "Overwrite? (y/n/append)";
 constexpr std::string_view kNotOverwritten = " file not overwritten ... re-specify";
@@ -85,7 +85,7 @@ Step OpenInput(const Platform& platform, const FileQuestion& question, ChosenFil
   if (step != Step::done) return step;
   chosen.file = files.open_read(files.self, chosen.name);
   if (chosen.file != kNoFile) return Step::done;
-  Say(platform.console, kOpenFailed, chosen.name);
+  Say(platform.console, kOpenFailed, chosen.name, Because(files.why(files.self)));
   return Step::again;
 }
 
@@ -101,7 +101,7 @@ Step OpenForOutput(const Platform& platform, const FileQuestion& question, Chose
   const Step step = AskForm(platform.console, question.form, switches, chosen.unformatted);
   if (step != Step::done) return step;
   if (OpenOutput(platform, chosen.name, how, chosen.out)) return Step::done;
-  Say(platform.console, kOpenFailed, chosen.name);
+  Say(platform.console, kOpenFailed, chosen.name, Because(chosen.out.why));
   return Step::again;
 }
 

@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kPendingBytes = std::size_t{256} * 1024;  // written in pieces of this size
 constexpr int kBesideNames = 1000;  // left over by runs that were killed, or in use by others
 constexpr std::string_view kStandardOutput = "/dev/stdout";
+constexpr std::string_view kWasRead = "this run has read that file";
+constexpr std::string_view kDirectory = "Is a directory";
 
 std::string BesideName(const std::string& target, int number) {
   const std::size_t slash = target.rfind('/');
@@ -54,7 +56,6 @@ bool MayBeWritten(const Files& files, const std::string& name) {
 }
 
 bool OpenTarget(const Files& files, const FileFacts& facts, OutputFile& out) {
-  if (facts.directory) return false;
   const bool in_place = facts.exists && !facts.plain;
   if (in_place || out.how == OpenHow::append) return OpenInPlace(files, facts, out);
   // A write-protected file is not to be replaced, although its folder would allow it.
@@ -104,7 +105,13 @@ bool OpenOutput(const Platform& platform, std::string_view name, OpenHow how, Ou
   const FileFacts facts = platform.files.facts(platform.files.self, out.name);
   out.target = facts.target;
   out.had_text = how == OpenHow::append && facts.exists && facts.size > 0;
-  return OpenTarget(platform.files, facts, out);
+  if (facts.was_read || facts.directory) {
+    out.why = facts.was_read ? kWasRead : kDirectory;
+    return false;
+  }
+  if (OpenTarget(platform.files, facts, out)) return true;
+  out.why = platform.files.why(platform.files.self);
+  return false;
 }
 
 void WriteOutput(OutputFile& out, std::string_view text) {

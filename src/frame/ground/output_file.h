@@ -1,6 +1,7 @@
 // Where a table goes: the console, or a file that appears when it is complete. A file is written beside its target and
 // moved over it at close; APPEND is one write. A link is followed and the old file's mode is kept; what is no plain
-// file, or stands in a folder that takes no new file, is written in place. A failure leaves the old file whole.
+// file, or stands in a folder that takes no new file, is written in place. A failure leaves the old file whole. A file
+// that this run has read is not written, under whatever name.
 #pragma once
 
 #include <cstdint>
@@ -19,6 +20,7 @@ struct OutputFile {
   bool to_console = true;
   bool had_text = false;  // appending behind something: tables then set off with an empty line
   bool failed = false;    // a write failed: close will discard
+  std::string why;        // of an open that failed, for Because
   // Below: the business of output_file.cpp.
   FileHandle file = kNoFile;
   std::string target;   // behind links

@@ -26,6 +26,7 @@ struct RunState {
   bool script_active = false;
   bool script_is_init = false;  // the session stays open behind the script
   std::string script_file_name;
+  std::string command_text;  // of -command: run once in place of the file of that name
   SkipPrompt skip_prompt = SkipPrompt::ask;
 
   int initial_plot = 0;  // 0 none, 1 time history, 2 motion animation, 3 trajectory, 4 geometry

@@ -167,13 +167,16 @@ bool PutGdImage(PictureFormat format, const Rows& rows, OutputFile& out) {
 }  // namespace
 
 bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width, int height,
-                  std::span<const unsigned char> rgb) {
+                  std::span<const unsigned char> rgb, std::string* why) {
   if (width < 1 || height < 1) return false;
   const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kSamples;
   if (rgb.size() < size) return false;
   const Rows rows{width, height, rgb.first(size)};
   OutputFile out;
-  if (!OpenOutput(platform, name, OpenHow::replace, out) || out.to_console) return false;
+  if (!OpenOutput(platform, name, OpenHow::replace, out) || out.to_console) {
+    if (why != nullptr) *why = out.why;
+    return false;
+  }
   const bool done = format == PictureFormat::png ? PutPng(rows, out) : PutGdImage(format, rows, out);
   if (done) return CloseOutput(out);
   DiscardOutput(out);

@@ -10,8 +10,9 @@ namespace zaview {
 
 enum class PictureFormat : unsigned char { png, bmp, gif };
 
-// rgb: width x height x 3 bytes, bottom row first. The file appears when it is complete. False: it can't be written.
+// rgb: width x height x 3 bytes, bottom row first. The file appears when it is complete. False: it can't be written;
+// `why` tells it of one that can't be opened.
 [[nodiscard]] bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width,
-                                int height, std::span<const unsigned char> rgb);
+                                int height, std::span<const unsigned char> rgb, std::string* why = nullptr);
 
 }  // namespace zaview

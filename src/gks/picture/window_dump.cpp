@@ -23,7 +23,7 @@ constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error
 constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
 constexpr fmt::string_view kWriting = "DumpWindow - Writing PNG file {}";
 constexpr fmt::string_view kConverting = "DumpWindow - ppm2gif {} {}";
-constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}";
+constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}{}";
 
 constexpr std::string_view kStep = "gl.png";  // on the way to the other formats; it stays
 constexpr int kNames = 10000;
@@ -84,8 +84,9 @@ bool WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& 
     return false;
   }
   const auto write = [&](const std::string& file, PictureFormat format) {
-    if (WritePicture(platform, file, format, width, height, rgb)) return true;
-    Say(platform.console, kNotWritten, file);
+    std::string why;
+    if (WritePicture(platform, file, format, width, height, rgb, &why)) return true;
+    Say(platform.console, kNotWritten, file, Because(why));
     return false;
   };
   if (kind.format == PictureFormat::png) Say(platform.console, kWriting, name);

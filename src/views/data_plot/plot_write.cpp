@@ -13,7 +13,7 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kOpenFault = "ERROR opening file {}";
+constexpr std::string_view kOpenFault = "ERROR opening file {}{}";
 constexpr std::string_view kWriteFault = "ERROR writing file {}";
 
 constexpr std::string_view kNotValid = "ERROR - {} is not in this output file";
@@ -35,7 +35,8 @@ void WritePlotData(Session& session, const std::string& name) {
   const PlotType& type = PlotTypeOf(plot.kind);
   if (type.write == nullptr || !UpdatePlot(source, plot)) return;
   OutputFile out;
-  if (!OpenOutput(session.platform, name, OpenHow::replace, out)) return Say(console, kOpenFault, name);
+  if (!OpenOutput(session.platform, name, OpenHow::replace, out))
+    return Say(console, kOpenFault, name, Because(out.why));
   if (!SayTableFault(source, plot, type.write(source, plot, out))) return DiscardOutput(out);
   if (!CloseOutput(out)) return Say(console, kWriteFault, name);
   SayLine(console, type.written);
