@@ -6,7 +6,7 @@ _zaview() {
     -command|-init_command|-ship|-v|-set|-root) return ;;
   esac
   case $word in
-    -*) COMPREPLY=($(compgen -W "-s -script -init_script -command -init_command -animate_motion -plot_animation -plot_trajectory -plot_geometry -plot_history -menu -gui -ensemble -ensm -restarted -restarts -restart -do_eta -debug_flow -help -file -ship -v -vscript -v_script -set -root -vers -version -d -dims -dimensions -dimension_list -deg -degrees -reverse -r -black_bg -black -white_bg -white" -- "$word")) ;;
+    -*) COMPREPLY=($(compgen -W "-s -script -init_script -command -init_command -file -v -vscript -v_script -set -root -vers -version --version -d -dims -dimensions -dimension_list -help --help -h -debug_flow -do_eta -deg -degrees -ensemble -ensm -restarted -restarts -restart -ship -animate_motion -plot_animation -plot_history -plot_trajectory -plot_geometry -menu -gui -reverse -r -black_bg -black -white_bg -white -quiet" -- "$word")) ;;
     *) compopt -o filenames 2>/dev/null; mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
   esac
 }

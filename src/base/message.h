@@ -20,6 +20,12 @@ void Say(const Console& console, fmt::format_string<Args...> text, Args&&... arg
   SayLine(console, fmt::format(text, std::forward<Args>(args)...));
 }
 
+// A line of -debug_flow.
+template <typename... Args>
+void Trace(const Console& console, fmt::format_string<Args...> text, Args&&... args) {
+  if (console.trace) Say(console, text, std::forward<Args>(args)...);
+}
+
 // " (Permission denied)", to stand behind the text of a file that can't be opened; nothing without a reason.
 [[nodiscard]] std::string Because(std::string_view why);
 // The same of a file that could not be read; found out by one more try.

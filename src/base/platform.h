@@ -25,6 +25,11 @@ struct Console {
   // Has the user pressed Ctrl-C since this was last asked? read_line is then false at once, so that the question that
   // waits can ask this to tell Ctrl-C from the end of the input. Null: never.
   bool (*take_interrupt)(void* self) = nullptr;
+  // To the error output, at once; a test may leave it out.
+  void (*write_error)(void* self, std::string_view text) = nullptr;
+  // The table that a blank file name sends here; null: as any other text.
+  void (*write_table)(void* self, std::string_view text) = nullptr;
+  bool trace = false;  // routines tell their names (-debug_flow)
 };
 
 [[nodiscard]] inline bool TakeInterrupt(const Console& console) {

@@ -122,12 +122,20 @@ void WriteConsole(void* self, std::string_view text) {
   if (!WriteAll(STDOUT_FILENO, text)) EndWithoutConsole(machine);
 }
 
+// So that whoever started the program knows what ended it: a loop of a shell around it ends too.
+[[noreturn]] void EndBySignal(PosixMachine& machine, int signal) {
+  machine.editor.reset();  // gives the terminal back
+  static_cast<void>(std::signal(signal, SIG_DFL));
+  static_cast<void>(std::raise(signal));
+  std::exit(kEndedBySignal + signal);  // the signal is held back
+}
+
 // The user wants out, or the system wants us out: files that stand are whole, others leave nothing.
 [[noreturn]] void EndEarly(PosixMachine& machine, int signal) {
   if (machine.at_terminal) machine.out += '\n';
   FlushAll(machine);
   RemoveUnfinished(machine);
-  std::exit(kEndedBySignal + signal);
+  EndBySignal(machine, signal);
 }
 
 // False at the end of the input, or for an interrupt.
@@ -333,6 +341,7 @@ double Seconds(void*) {
 
 [[noreturn]] void Exit(void* self, int status) {
   FlushAll(Of(self));
+  if (status == kEndedBySignal + SIGINT) EndBySignal(Of(self), SIGINT);
   std::exit(status);
 }
 
@@ -363,7 +372,11 @@ Platform PosixPlatform() {
                       ::isatty(STDIN_FILENO) == 1,
                       ShowProgress,
                       RemoveProgress,
-                      [](void*) { return TakeInterrupt(); }};
+                      [](void*) { return TakeInterrupt(); },
+                      [](void* self, std::string_view text) {
+                        FlushAll(Of(self));
+                        static_cast<void>(WriteAll(STDERR_FILENO, text));
+                      }};
   platform.files = {&machine,  OpenRead, ReadFile, OpenWrite, WriteFile, ResizeFile,
                     CloseFile, Facts,    Rename,   Remove,    List,      Why};
   platform.clock = {&machine, Seconds};

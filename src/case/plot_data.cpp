@@ -214,6 +214,7 @@ PlotFault FillSmoothed(const Console& console, const OutputSettings& settings, c
   every.n = static_cast<std::size_t>(c.last_step - c.first_step) + 1;
   const PlotFault fault = FillRequested(settings, request, row, every, curve, c, y);
   if (fault != PlotFault::none) return fault;
+  Trace(console, "SmoothInput opt0= {} npt0= {}", settings.smoothing.option, settings.smoothing.window);
   if (!SmoothInput(settings.smoothing.option, settings.smoothing.window, y))
     SayLine(console, SmoothingSkipped(settings.smoothing.option));
   for (std::size_t j = 0; j < places.n; ++j) y[j] = y[j * places.stride];

@@ -18,6 +18,7 @@ bool SmoothHistory(int option, int width, StepHistory& history) {
 void SmoothStored(const Console& console, int option, int width, CaseStore& case_store) {
   CaseStore& c = case_store;
   bool done = true;
+  Trace(console, "SmoothInput opt0= {} npt0= {}", option, width);
   for (StepHistory* history :
        {&c.pmgg, &c.vmg, &c.acc, &c.force, &c.rudder_cmd, &c.rudder_ang, &c.prop_rps, &c.tadm, &c.fimp})
     done = done && SmoothHistory(option, width, *history);

@@ -191,8 +191,7 @@ void ReadOne(ModuleReading& reading, const ModuleRow& row, ModuleText& module) {
   const std::string file = ModuleFile(module.header);
   FileStatus status = FileStatus::ok;
   if (!file.empty()) status = ReadModuleFile(reading.platform.files, file, reading.run, reading.room, module.lines);
-  if (status == FileStatus::not_opened)
-    Say(console, kNoModuleFile, file, WhyNotOpened(reading.platform.files, file));
+  if (status == FileStatus::not_opened) Say(console, kNoModuleFile, file, WhyNotOpened(reading.platform.files, file));
   if (status == FileStatus::too_long) Say(console, kLongModuleFile, file);
   int set = 1;
   const ModuleFault fault = ReadFields(row, module, reading.records, set);

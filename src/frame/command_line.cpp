@@ -13,6 +13,7 @@
 #include "frame/reference.h"
 #include "frame/run_loop.h"
 #include "frame/title_box.h"
+#include "script/nearest_word.h"
 #include "script/script_variables.h"
 #include "views/state/start_plot.h"
 
@@ -25,10 +26,11 @@ constexpr std::string_view kCommandFile = ".zaview.tmp";
 constexpr int kNoShip = -1;
 
 constexpr std::string_view kUnrecognized = "ZAVIEW : ERROR - Unrecognized argument : {}";
+constexpr std::string_view kDidYouMean = "         did you mean {} ?";
+constexpr std::string_view kPointer = "         Nothing is read or run : zaview -help tells the options";
 constexpr std::string_view kSecondScript =
     "ERROR - only one of -script, -init_script, -command or -init_command can be";
-constexpr std::string_view kNoScriptName = "ERROR - missing qualifier for -script argument";
-constexpr std::string_view kNoInitScriptName = "ERROR - missing qualifier for -init_script argument";
+constexpr std::string_view kMissingScript = "ERROR - missing qualifier for {} argument";
 constexpr std::string_view kNoCommand = "ERROR - missing command for {}";
 constexpr std::string_view kNoCommandFile = "ERROR opening temporary file {}{}";
 constexpr std::string_view kNoFileName = "ERROR - missing file name for -file argument";
@@ -55,7 +57,6 @@ constexpr std::string_view kPlotFromScript =
 constexpr std::string_view kPlotWithoutData =
     "Initial plot argument -plot* or -anim* ignored as data file not specified";
 constexpr std::string_view kViewNotYet = "Initial plot argument ignored : this view is not available yet";
-constexpr int kInitialHistory = 1, kInitialTrajectory = 3;  // of RunState::initial_plot
 constexpr std::string_view kPlotWithoutGraphics =
     "Initial plot argument -plot* or -anim* ignored as graphics are not avialable";
 
@@ -67,6 +68,7 @@ struct Walk {
   std::string option{};  // the argument at hand, as typed
   std::string word{};    // the same in capitals
   bool error = false;
+  std::string faults{};  // said once more below the usage text
   bool help = false;
   std::string topic{};    // of -help
   bool finished = false;  // -version, -dims: the run ends at once
@@ -80,7 +82,9 @@ struct Walk {
   }
   template <typename... Args>
   void Fail(fmt::format_string<Args...> text, Args&&... args) {
-    Say(console(), text, std::forward<Args>(args)...);
+    const std::string line = fmt::format(text, std::forward<Args>(args)...);
+    SayLine(console(), line);
+    faults += line + '\n';
     error = true;
   }
 };
@@ -89,11 +93,7 @@ void TakeScript(Walk& walk) {
   RunState& run = walk.session.run;
   const bool init = StartsWith(walk.word, "-INIT");
   std::string name;
-  if (!walk.Take(name)) {
-    SayLine(walk.console(), init ? kNoInitScriptName : kNoScriptName);
-    walk.error = true;
-    return;
-  }
+  if (!walk.Take(name)) return walk.Fail(kMissingScript, init ? "-init_script" : "-script");
   if (run.script_active) return walk.Fail(kSecondScript);
   run.script_active = true;
   run.script_is_init = init;
@@ -199,53 +199,122 @@ void TakeDegrees(Walk& walk) {
   (void)SetScale(kAngleScale, kDegreesPerRadian, walk.session.case_store, walk.session.output.units);
 }
 
+template <InitialPlot plot>
+void TakePlot(Walk& walk) {
+  walk.session.run.initial_plot = plot;
+}
+
+template <int colours>
+void TakeColours(Walk& walk) {
+  walk.session.run.plot_colours = colours;
+}
+
+constexpr std::string_view kUsage =
+    "usage : zaview [ -file ] ZAVO_output_file [ ZAVO_output_file ... ]\n"
+    "        [ -v var value ] [ -root ROOT ] [ -script | -init_script script_file |\n"
+    "          -command script_command | -init_command script_command ]\n"
+    " -or-   zaview -version\n"
+    " -or-   zaview -dims\n"
+    " Multiple output files should only be specified when they are different\n"
+    "  realizations of the same conditions or different parts of a restarted\n"
+    "  run (with -restart)\n"
+    " Other options:";
+
 struct OptionRow {
   std::size_t first;  // characters compared; 0: the whole word
   std::string_view words[4];
   void (*take)(Walk& walk);
+  std::string_view help = {};  // its lines below "Other options:"
 };
 
-// The first row that matches wins. "-TRAJECTORY" has none, deliberately: only "-PLOT_TRAJ..." asks for that plot.
-// "-SHIP" has no short form, as "-S" is a script.
+// In the order of the help. Of the rows that match, the one that compares most characters wins. "-TRAJECTORY" has none,
+// deliberately: only "-PLOT_TRAJ..." asks for that plot. "-SHIP" has no short form, as "-S" is a script.
 constexpr OptionRow kOptions[] = {
     {0, {"-S", "-SCRIPT"}, TakeScript},
     {0, {"-INIT_SCRIPT"}, TakeScript},
     {0, {"-COMMAND", "-INIT_COMMAND"}, TakeCommand},
-    {5, {"-ANIM"}, [](Walk& walk) { walk.session.run.initial_plot = 2; }},
-    {10, {"-PLOT_ANIM"}, [](Walk& walk) { walk.session.run.initial_plot = 2; }},
-    {10, {"-PLOT_TRAJ"}, [](Walk& walk) { walk.session.run.initial_plot = 3; }},
-    {10, {"-PLOT_GEOM"}, [](Walk& walk) { walk.session.run.initial_plot = 4; }},
-    {5, {"-PLOT"}, [](Walk& walk) { walk.session.run.initial_plot = 1; }},
-    {0, {"-MENU", "-GUI"}, [](Walk& walk) { walk.session.run.open_options_menu = true; }},
-    {0, {"-ENSEMBLE", "-ENSM"}, TakeEnsemble},
-    {0, {"-RESTARTED", "-RESTARTS", "-RESTART"}, TakeRestart},
-    {0, {"-DO_ETA"}, [](Walk& walk) { walk.session.run.do_eta = true; }},
-    {0, {"-DEBUG_FLOW"}, [](Walk& walk) { walk.session.run.debug_flow = true; }},
-    {0, {"-HELP"}, TakeHelp},
     {0, {"-FILE"}, TakeFile},
-    {0, {"-SHIP"}, TakeShip},
     {0, {"-V", "-VSCRIPT", "-V_SCRIPT", "-SET"}, TakeVariable},
     {0, {"-ROOT"}, TakeRoot},
     {5, {"-ROOT"}, TakeRootWithValue},
-    {0, {"-VERS", "-VERSION"}, TakeVersion},
+    {0, {"-VERS", "-VERSION", "--VERSION"}, TakeVersion},
     {0, {"-D", "-DIMS", "-DIMENSIONS", "-DIMENSION_LIST"}, TakeDimensions},
-    {0, {"-DEG", "-DEGREES"}, TakeDegrees},
-    {0, {"-REVERSE", "-R"}, [](Walk& walk) { walk.session.run.plot_colours = 1; }},
-    {0, {"-BLACK_BG", "-BLACK"}, [](Walk& walk) { walk.session.run.plot_colours = 2; }},
-    {0, {"-WHITE_BG", "-WHITE"}, [](Walk& walk) { walk.session.run.plot_colours = 3; }},
+    {0, {"-HELP", "--HELP", "-H"}, TakeHelp},
+    {0, {"-DEBUG_FLOW"}, [](Walk& walk) { walk.session.platform.console.trace = true; }},
+    {0,
+     {"-DO_ETA"},
+     [](Walk& walk) { walk.session.run.do_eta = true; },
+     " -do_eta : calculate incident wave elevation at CG and origin on file read;\n"
+     "           by default, these are calculated only when needed"},
+    {0, {"-DEG", "-DEGREES"}, TakeDegrees, " -degrees : reset ANGOUT so rotations (e.g. roll) are output in degrees"},
+    {0,
+     {"-ENSEMBLE", "-ENSM"},
+     TakeEnsemble,
+     " -ensemble : assume multiple files are different realizations of same case"},
+    {0,
+     {"-RESTARTED", "-RESTARTS", "-RESTART"},
+     TakeRestart,
+     " -restart : try to read multiple files as different parts of a restarted case"},
+    {0,
+     {"-SHIP"},
+     TakeShip,
+     " -ship index VCG : index of ship for which data is to be read from a\n"
+     "            multi-ship ZAVO output file + value of VCG to use;\n"
+     "            by default, data is read for 1st ship;\n"
+     "            actual VCG value is only required for very old output files\n"
+     "            (ZAVO v2.9.1) - a nominal value can be specified for newer output"},
+    {5, {"-ANIM"}, TakePlot<InitialPlot::animation>, " -animate_motion  : start with motion animation plot"},
+    {10, {"-PLOT_ANIM"}, TakePlot<InitialPlot::animation>},
+    {5, {"-PLOT"}, TakePlot<InitialPlot::history>, " -plot_history    : start with time history plot"},
+    {10, {"-PLOT_TRAJ"}, TakePlot<InitialPlot::trajectory>, " -plot_trajectory : start with trajectory plot"},
+    {10, {"-PLOT_GEOM"}, TakePlot<InitialPlot::geometry>, " -plot_geometry   : start with geometry plot"},
+    {0,
+     {"-MENU", "-GUI"},
+     [](Walk& walk) { walk.session.run.open_options_menu = true; },
+     " -menu            : open GUI Options Menu with initial plot"},
+    {0, {"-REVERSE", "-R"}, TakeColours<1>, " -reverse    : Swap black/white in plots"},
+    {0, {"-BLACK_BG", "-BLACK"}, TakeColours<2>, " -black_bg   : Black plot background"},
+    {0, {"-WHITE_BG", "-WHITE"}, TakeColours<3>, " -white_bg   : White plot background"},
+    {0,
+     {"-QUIET"},
+     [](Walk& walk) { walk.session.run.quiet = true; },
+     " -quiet      : a script prints nothing but tables with a blank file name;\n"
+     "               faults go to the error output"},
 };
 
-bool Matches(const OptionRow& row, std::string_view word) {
+// How many characters of the word the row compares; none: it doesn't match.
+std::size_t Matches(const OptionRow& row, std::string_view word) {
   for (const std::string_view name : row.words)
-    if (!name.empty() && (row.first == 0 ? word == name : word.substr(0, row.first) == name)) return true;
-  return false;
+    if (!name.empty() && (row.first == 0 ? word == name : word.substr(0, row.first) == name))
+      return row.first == 0 ? word.size() : row.first;
+  return 0;
+}
+
+void SayUnrecognized(Walk& walk) {
+  walk.Fail(kUnrecognized, walk.option);
+  NearestWord nearest{walk.word};
+  for (const OptionRow& row : kOptions)
+    for (const std::string_view name : row.words) nearest.Offer(name);
+  if (!nearest.nearest.empty()) walk.Fail(kDidYouMean, nearest.nearest);
 }
 
 void TakeArgument(Walk& walk) {
-  for (const OptionRow& row : kOptions)
-    if (Matches(row, walk.word)) return row.take(walk);
-  if (walk.word[0] == '-') return walk.Fail(kUnrecognized, walk.option);
+  const OptionRow* best = nullptr;
+  std::size_t most = 0;
+  for (const OptionRow& row : kOptions) {
+    const std::size_t compared = Matches(row, walk.word);
+    if (compared > most) best = &row;
+    most = std::max(most, compared);
+  }
+  if (best != nullptr) return best->take(walk);
+  if (walk.word[0] == '-') return SayUnrecognized(walk);
   walk.session.run.file_args.push_back(walk.option);
+}
+
+void PrintUsage(const Console& console) {
+  SayLine(console, kUsage);
+  for (const OptionRow& row : kOptions)
+    if (!row.help.empty()) SayLine(console, row.help);
 }
 
 ReadOutcome ReadNamed(Session& session, const std::string& name) {
@@ -254,34 +323,48 @@ ReadOutcome ReadNamed(Session& session, const std::string& name) {
   return read_output_file(request, session.platform, session.run, session.output, session.case_store, session.ensemble);
 }
 
-// The result is how many of the files gave a case.
-int ReadNamedFiles(Session& session) {
+struct FilesRead {
+  int named = 0, cases = 0;  // wild cards are as many names as they match
+};
+
+FilesRead ReadNamedFiles(Session& session) {
   RunState& run = session.run;
   if (run.script_active && !run.file_args.empty()) run.skip_prompt = SkipPrompt::silent;
-  int cases = 0;
+  std::vector<std::string> all;
   for (const std::string& argument : run.file_args) {
     std::vector<std::string> names = {argument};
     if (is_pattern(session.platform.files, argument)) {
       list_matching_files(session.platform.files, argument, names);
       if (names.empty()) Say(session.platform.console, kNoMatch, argument);
     }
-    for (const std::string& name : names) {
-      const ReadOutcome outcome = ReadNamed(session, name);
-      if (outcome == ReadOutcome::aborted) return cases;
-      if (outcome == ReadOutcome::ok) ++cases;
-    }
+    all.insert(all.end(), names.begin(), names.end());
   }
-  return cases;
+  FilesRead read{static_cast<int>(all.size())};
+  for (const std::string& name : all) {
+    const ReadOutcome outcome = ReadNamed(session, name);
+    if (outcome == ReadOutcome::aborted) break;
+    if (outcome == ReadOutcome::ok) ++read.cases;
+  }
+  return read;
 }
 
-// Several files must be one ensemble, or parts of one run. False: they aren't, which has been said.
-bool CheckSeveralFiles(const Session& session, int cases) {
+bool SeveralFilesMatch(const Session& session, int cases) {
+  if (cases < 2 || session.case_store.combined || session.run.restart_mode == RestartMode::combine) return true;
+  return cases <= session.ensemble.nrec || !session.case_store.time_history();
+}
+
+// A script needs all files that were named; several must be one ensemble, or parts of one run. False: they aren't,
+// which has been said.
+bool CheckFiles(const Session& session, const FilesRead& read) {
   const RunState& run = session.run;
-  if (cases < 2 || session.case_store.combined || run.restart_mode == RestartMode::combine) return true;
-  if (cases <= session.ensemble.nrec || !session.case_store.time_history()) return true;
-  for (const std::string_view line : run.ensemble_mode == EnsembleMode::forced ? kNotOneEnsemble : kNotSeemingly)
-    SayLine(session.platform.console, line);
-  return false;
+  const Console& console = session.platform.console;
+  const bool unread = read.cases < read.named, needed = unread && run.script_active;
+  const bool good = !needed && SeveralFilesMatch(session, read.cases);
+  if (!good && read.named > 1)
+    for (const std::string_view line : run.ensemble_mode == EnsembleMode::forced ? kNotOneEnsemble : kNotSeemingly)
+      SayLine(console, line);
+  if (needed || (unread && read.named > 1)) Say(console, kSomeUnread, read.named - read.cases, read.named);
+  return good;
 }
 
 void StartInitialPlot(Session& session) {
@@ -290,19 +373,34 @@ void StartInitialPlot(Session& session) {
   if (run.plot_module > 0) return SayLine(console, kPlotFromScript);
   if (!session.case_store.has_steps()) return SayLine(console, kPlotWithoutData);
   if (session.platform.choose_window == nullptr) return SayLine(console, kPlotWithoutGraphics);
-  const PlotKind kind = run.initial_plot == kInitialTrajectory ? PlotKind::trajectory : PlotKind::history;
-  if (run.initial_plot == kInitialHistory || run.initial_plot == kInitialTrajectory) {
+  const PlotKind kind = run.initial_plot == InitialPlot::trajectory ? PlotKind::trajectory : PlotKind::history;
+  if (run.initial_plot == InitialPlot::history || run.initial_plot == InitialPlot::trajectory) {
     run.view_is_new = StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0);
     return;
   }
   SayLine(console, kViewNotYet);
 }
 
-// Without a case there is nothing to do: one is asked for. A case of geometry only is a case.
+// Without a case there is nothing to do: one is asked for until there is. A case of geometry only is a case.
 CommandLineResult AskForCase(Session& session) {
   const CaseStore& store = session.case_store;
-  if (store.has_steps() || store.has_case || ReadNamed(session, "") != ReadOutcome::aborted) return {};
-  return {LineEnd::stop, session.run.file_args.empty() ? kRunOk : kRunFailed};
+  while (!store.has_steps() && !store.has_case)
+    if (ReadNamed(session, "") == ReadOutcome::aborted)
+      return {LineEnd::stop, session.run.file_args.empty() ? kRunOk : kRunFailed};
+  return {};
+}
+
+// What the line makes of the run, and what it has to be told of it.
+CommandLineResult SayEnd(const Walk& walk, bool quiet) {
+  const Console& console = walk.console();
+  if (walk.finished) return {LineEnd::stop, kRunOk};
+  if (!walk.error && !walk.help) return {};
+  if (!walk.error && !walk.topic.empty())
+    return {LineEnd::stop, PrintTopic(console, walk.topic) ? kRunOk : kRunBadArguments};
+  if (!quiet) PrintUsage(console);
+  if (walk.help) PrintTopicNames(console);
+  if (walk.error) SayLine(console, walk.faults + std::string(kPointer));
+  return {LineEnd::stop, walk.error ? kRunBadArguments : kRunOk};
 }
 
 }  // namespace
@@ -314,30 +412,37 @@ std::vector<OptionWords> CommandLineOptions() {
 }
 
 CommandLineResult ParseCommandLine(Session& session, std::span<const std::string> arguments) {
-  const Console& console = session.platform.console;
+  Console& console = session.platform.console;
+  const Console shown = console;
+  std::string held;  // until it is known whether -quiet has a script to act on
+  console.self = &held;
+  console.write = [](void* self, std::string_view text) { static_cast<std::string*>(self)->append(text); };
+  console.flush = [](void*) {};
   PrintTitleBox(console, kTitle);
   PrintVersionLine(console, "");
   Walk walk{session, arguments};
-  while (walk.next < arguments.size()) {
+  while (walk.next < arguments.size() && !walk.finished) {
     walk.option = TrimEnd(arguments[walk.next++]);
     walk.word = Capitals(walk.option);
     if (!walk.option.empty()) TakeArgument(walk);
-    if (walk.finished) return {LineEnd::stop, kRunOk};
   }
-  if (!walk.error && !walk.help) return {};
-  if (!walk.error && !walk.topic.empty())
-    return {LineEnd::stop, PrintTopic(console, walk.topic) ? kRunOk : kRunBadArguments};
-  PrintUsage(console);
-  if (walk.help) PrintTopicNames(console);
-  return {LineEnd::stop, walk.error ? kRunBadArguments : kRunOk};
+  const bool quiet = session.run.quiet && (session.run.script_active || walk.error) && !walk.help && !walk.finished;
+  const CommandLineResult result = SayEnd(walk, quiet);
+  session.run.quiet = quiet;
+  const bool trace = console.trace;
+  console = quiet ? MakeQuiet(shown, session.quiet_console) : shown;
+  console.trace = trace;
+  console.write(console.self, held);
+  console.flush(console.self);
+  return result;
 }
 
 CommandLineResult read_defaults_and_arguments(Session& session, std::span<const std::string> arguments) {
   const CommandLineResult line = ParseCommandLine(session, arguments);
   if (line.end == LineEnd::stop) return line;
   RunState& run = session.run;
-  if (!CheckSeveralFiles(session, ReadNamedFiles(session))) return {LineEnd::stop, kRunFailed};
-  if (!run.script_active && run.initial_plot == 0) pause_for_return(session.platform.console);
+  if (!CheckFiles(session, ReadNamedFiles(session))) return {LineEnd::stop, kRunFailed};
+  if (!run.script_active && run.initial_plot == InitialPlot::none) pause_for_return(session.platform.console);
   run.plot_module = 0;
   run.change_module = 0;
   run.view_is_new = false;
@@ -345,7 +450,7 @@ CommandLineResult read_defaults_and_arguments(Session& session, std::span<const 
     RunScript(session, run.script_file_name);
     if (run.exit_requested) return {LineEnd::stop, run.exit_status};
   }
-  if (run.initial_plot > 0) StartInitialPlot(session);
+  if (run.initial_plot != InitialPlot::none) StartInitialPlot(session);
   return AskForCase(session);
 }
 

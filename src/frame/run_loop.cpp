@@ -28,6 +28,8 @@ void RunScript(Session& session, std::string_view name) {
                                                                  : kRunFailed;
     return;
   }
+  if (run.quiet) session.platform.console = session.quiet_console.real;
+  run.quiet = false;
   SayLine(console, kContinuing);
   run.script_active = false;
   run.script_is_init = false;

@@ -7,7 +7,7 @@
 #include "case/case_store.h"
 #include "case/ensemble_store.h"
 #include "case/output_settings.h"
-#include "frame/ground/file_units.h"
+#include "frame/ground/quiet_console.h"
 #include "frame/ground/run_state.h"
 #include "gks/kernel/gks_state.h"
 #include "gks/plot/plot_layer.h"
@@ -23,7 +23,7 @@ namespace zaview {
 
 struct Session {
   Platform platform;
-  FileUnits units;
+  QuietConsole quiet_console;  // in use with -quiet, until its script is over
   RunState run;
   OutputSettings output;
   CaseStore case_store;  // the current record of the ensemble

@@ -6,6 +6,7 @@
 
 #include "base/message.h"
 #include "case/case_hull.h"
+#include "case/quantity_catalogue.h"
 #include "case/read/ensemble_match.h"
 #include "case/read/read_output_file.h"
 #include "case/settings/settings_dialogues.h"
@@ -48,9 +49,16 @@ bool Trajectory(const Session& s) {
   return TimeHistory(s) && s.case_store.labels.VERSION >= 0;
 }
 
+constexpr int kFirstLoad = 13, kLastLoad = 24;  // quantities
+
+// At cuts along X, with a history of at least one of the loads.
 bool HasXCuts(const Session& s) {
-  const SectionLoads& loads = s.case_store.loads;
-  return loads.NBCA > 0 && (loads.IVM > 0 || loads.IHM > 0 || loads.ITM > 0);
+  const CaseStore& c = s.case_store;
+  const SectionLoads& loads = c.loads;
+  if (loads.NBCA <= 0 || (loads.IVM <= 0 && loads.IHM <= 0 && loads.ITM <= 0) || !TimeHistory(s)) return false;
+  for (int iqnt = kFirstLoad; iqnt <= kLastLoad; ++iqnt)
+    if (QuantityValid(c, iqnt)) return true;
+  return false;
 }
 
 bool HullAndHistory(const Session& s) {

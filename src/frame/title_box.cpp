@@ -16,36 +16,6 @@ constexpr std::size_t kBoxWidth = 70;
 constexpr std::size_t kHalfInside = 28;  // between the arrows
 constexpr std::string_view kLeftArrow = "======>", kRightArrow = "<======";
 
-constexpr std::string_view kUsage[] = {
-    "usage : zaview [ -file ] ZAVO_output_file [ ZAVO_output_file ... ]",
-    "        [ -v var value ] [ -root ROOT ] [ -script | -init_script script_file |",
-    "          -command script_command | -init_command script_command ]",
-    " -or-   zaview -version",
-    " -or-   zaview -dims",
-    " Multiple output files should only be specified when they are different",
-    "  realizations of the same conditions or different parts of a restarted",
-    "  run (with -restart)",
-    " Other options:",
-    " -do_eta : calculate incident wave elevation at CG and origin on file read;",
-    "           by default, these are calculated only when needed",
-    " -degrees : reset ANGOUT so rotations (e.g. roll) are output in degrees",
-    " -ensemble : assume multiple files are different realizations of same case",
-    " -restart : try to read multiple files as different parts of a restarted case",
-    " -ship index VCG : index of ship for which data is to be read from a",
-    "            multi-ship ZAVO output file + value of VCG to use;",
-    "            by default, data is read for 1st ship;",
-    "            actual VCG value is only required for very old output files",
-    "            (ZAVO v2.9.1) - a nominal value can be specified for newer output",
-    " -animate_motion  : start with motion animation plot",
-    " -plot_history    : start with time history plot",
-    " -plot_trajectory : start with trajectory plot",
-    " -plot_geometry   : start with geometry plot",
-    " -menu            : open GUI Options Menu with initial plot",
-    " -reverse    : Swap black/white in plots",
-    " -black_bg   : Black plot background",
-    " -white_bg   : White plot background",
-};
-
 constexpr std::string_view kDimensionTitle = "Program dimensions ...";
 
 struct Dimension {
@@ -97,10 +67,6 @@ void PrintTitleBox(const Console& console, std::string_view text) {
 void PrintVersionLine(const Console& console, std::string_view ahead) {
   if (!IsBlank(ahead)) SayLine(console, ahead);
   SayLine(console, kVersion);
-}
-
-void PrintUsage(const Console& console) {
-  for (const std::string_view line : kUsage) SayLine(console, line);
 }
 
 void print_dimension_list(const Console& console) {

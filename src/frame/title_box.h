@@ -1,4 +1,4 @@
-// What a run prints ahead of everything else, and the texts that -help and -dims print.
+// What a run prints ahead of everything else, and what -dims prints.
 #pragma once
 
 #include <string_view>
@@ -14,7 +14,6 @@ void PrintTitleBox(const Console& console, std::string_view text);
 // `ahead` is a line of its own unless blank.
 void PrintVersionLine(const Console& console, std::string_view ahead);
 
-void PrintUsage(const Console& console);
 void print_dimension_list(const Console& console);
 
 }  // namespace zaview

@@ -1,5 +1,6 @@
 #include "frame/zaview_main.h"
 
+#include "base/message.h"
 #include "frame/command_line.h"
 #include "frame/run_loop.h"
 #include "frame/session.h"
@@ -17,6 +18,7 @@ int zaview_main(const Platform& platform, std::span<const std::string> arguments
     RunDialogue(session);
     if (session.run.plot_module > 0) startgraphics(session);  // the rest of the run is in there
   }
+  Trace(session.platform.console, "zaviewexit");
   platform.console.flush(platform.console.self);
   return start.end == LineEnd::stop ? start.status : session.run.exit_status;
 }

@@ -47,7 +47,7 @@ bool AddGeometry(const Platform& platform, const GeometryRequest& request, const
   Hull part;
   const GeometryStatus status = ReadGeometry(platform, request, part);
   if (status == GeometryStatus::skipped) SayLine(platform.console, kSkipped);
-  if (status == GeometryStatus::cannot_open)  {
+  if (status == GeometryStatus::cannot_open) {
     const std::string file(SplitGeometryName(request.name).file);
     Say(platform.console, kNotOpen, file, WhyNotOpened(platform.files, file));
   }

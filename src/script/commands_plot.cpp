@@ -157,7 +157,9 @@ int HandOverPlot(ScriptCall& call, const PlotRequest& wanted) {
   if (word.size() > kDumpName) return Fail(call, kScriptBadArgument, kLongName, kDumpName, word);
   gksReadEnvironment(call.session.platform, call.session.gks);
   gksSetDumpOption(call.session.gks, word);
-  return StartPlot(call.session, wanted, kFromScript) ? kScriptOk : kScriptFailed;
+  // Where there is no display, "off" still is the end of the dumping: the view is left out.
+  const bool started = StartPlot(call.session, wanted, kFromScript);
+  return started || Capitals(word) == "OFF" ? kScriptOk : kScriptFailed;
 }
 
 CommandFamily PlotCommands() {

@@ -153,10 +153,9 @@ int ResumeOrStart(Session& session, std::string_view name) {
 
 int OpenScriptFile(Session& session, std::string_view name) {
   const Console& console = session.platform.console;
-  const bool trace = session.run.debug_flow;
-  if (trace) Say(console, "OpenScriptFile : entering plot_suboption= {}", session.run.plot_suboption);
+  Trace(console, "OpenScriptFile : entering plot_suboption= {}", session.run.plot_suboption);
   const int status = ResumeOrStart(session, name);
-  if (trace) Say(console, "OpenSCriptFile : exiting plot_suboption= {}", session.run.plot_suboption);
+  Trace(console, "OpenSCriptFile : exiting plot_suboption= {}", session.run.plot_suboption);
   return status;
 }
 

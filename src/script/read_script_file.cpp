@@ -38,6 +38,10 @@ Console WithoutInput(ScriptConsole& silent) {
     Of(self).console.show_progress(Of(self).console.self, text);
   };
   console.remove_progress = [](void* self) { Of(self).console.remove_progress(Of(self).console.self); };
+  if (silent.console.write_table != nullptr)
+    console.write_table = [](void* self, std::string_view text) {
+      Of(self).console.write_table(Of(self).console.self, text);
+    };
   console.take_interrupt = nullptr;  // it is looked for between commands
   return console;
 }
@@ -95,8 +99,7 @@ int ReadScriptFile(Session& session, std::span<const CommandFamily> commands) {
   const Console& console = session.platform.console;
   ScriptState& script = session.script;
   const auto trace = [&](std::string_view what) {
-    if (session.run.debug_flow)
-      Say(console, "ReadSCriptFile : {} plot_suboption= {}", what, session.run.plot_suboption);
+    Trace(console, "ReadSCriptFile : {} plot_suboption= {}", what, session.run.plot_suboption);
   };
   trace("entering");
   int status = kScriptOk;

@@ -122,14 +122,19 @@ bool AddModes(const SeawayInput& input, const InputScales& scales, WaveModes& ou
   return true;
 }
 
-SeawayFault AddSpectral(const SeawayInput& input, const SpectrumOptions& options, std::span<const float> phases,
-                        const ControlRecords& records, const InputScales& scales, WaveComponents& waves) {
-  return SetupWaveComponents(input, options, phases, records.GRAVIN, {scales.length, scales.frequency}, waves);
+SeawayFault AddSpectral(const Console& console, const SeawayInput& input, const SpectrumOptions& options,
+                        std::span<const float> phases, const ControlRecords& records, const InputScales& scales,
+                        WaveComponents& waves) {
+  std::vector<double> sppt;
+  const SeawayFault fault =
+      SetupWaveComponents(input, options, phases, records.GRAVIN, {scales.length, scales.frequency}, waves, &sppt);
+  for (const double ratio : sppt) Trace(console, "sppt= {:.7g}", ratio);
+  return fault;
 }
 
 // The kinds in their own lists; a spectrum becomes components.
-SeawayFault AddPrimary(const ControlRecords& records, const InputScales& scales, const PhaseLists& phases,
-                       Seaway& seaway) {
+SeawayFault AddPrimary(const Console& console, const ControlRecords& records, const InputScales& scales,
+                       const PhaseLists& phases, Seaway& seaway) {
   const SeawayInput& input = records.seaway;
   bool added = true;
   switch (input.ISEA) {
@@ -149,7 +154,7 @@ SeawayFault AddPrimary(const ControlRecords& records, const InputScales& scales,
     case 6:
     case 7:
     case 8:
-      return AddSpectral(input, PrimaryOptions(records), phases.primary, records, scales, seaway.waves);
+      return AddSpectral(console, input, PrimaryOptions(records), phases.primary, records, scales, seaway.waves);
     default:
       return SeawayFault::bad_seaway;
   }
@@ -326,10 +331,10 @@ SeawayFault GetZAVOSeaway(const Console& console, const ControlRecords& records,
   seaway.WSPEC = ISEA == 3 ? records.seaway.WSPEC : 0;
   seaway.WDEPTH = records.WDEPTH * scales.length;
   AddScaling(records, scales, seaway.scaling);
-  SeawayFault fault = AddPrimary(records, scales, phases, seaway);
+  SeawayFault fault = AddPrimary(console, records, scales, phases, seaway);
   if (fault == SeawayFault::none && IsLinear(ISEA) && !records.added_seaway.empty()) {
     const AddedSeawayInput& added = records.added_seaway.front();
-    fault = AddSpectral(added.sea, AddedOptions(added), phases.added, records, scales, seaway.waves);
+    fault = AddSpectral(console, added.sea, AddedOptions(added), phases.added, records, scales, seaway.waves);
   }
   if (fault == SeawayFault::bad_seaway) Say(console, kNoComponents, ISEA);
   if (fault == SeawayFault::out_of_memory) SayLine(console, kMemory);

@@ -30,8 +30,8 @@ struct ComponentScales {
                                               std::span<const float> phases, double g, ComponentScales scales,
                                               WaveComponents& waves, std::vector<double>* sppt = nullptr);
 
-// The whole seaway of a case, $ADDSEA: included, non-dimensional. Says "sppt=" lines where a clustered spacing is laid
-// and, on a fault, its line.
+// The whole seaway of a case, $ADDSEA: included, non-dimensional. Traces "sppt=" where a clustered spacing is laid and
+// says, on a fault, its line.
 [[nodiscard]] SeawayFault GetZAVOSeaway(const Console& console, const ControlRecords& records, const PhaseLists& phases,
                                         Seaway& seaway);
 

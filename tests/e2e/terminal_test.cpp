@@ -1,5 +1,6 @@
 // Sessions of the real program at a terminal: what no text of piped answers can tell.
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -69,7 +70,7 @@ TEST_F(TerminalSession, TwoInterruptsEndTheProgram) {
   PseudoTerminal t(path, [] { return Program({}); });
   t.Answer("Hit RETURN to continue... ", "\003");
   t.Answer(kAskFile, "\003");
-  EXPECT_EQ(t.End(), 130);
+  EXPECT_EQ(t.End(), -SIGINT);
   EXPECT_TRUE(t.LinesAreCooked());
 }
 
@@ -87,7 +88,7 @@ TEST_F(TerminalSession, AnInterruptEndsAScriptBetweenCommands) {
     t.Expect("ERROR - interrupted ahead of this command");
     t.Expect("at line 3 of s : WRITE_HISTORY MOT out.txt");
     t.Expect("Interrupted ZAVIEW script file : s");
-    EXPECT_EQ(t.End(), 130);
+    EXPECT_EQ(t.End(), -SIGINT);
     EXPECT_FALSE(fs::exists(fs::path(path) / "late.txt"));
     const std::string table = Text("out.txt");
     EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 402);  // two lines ahead of 400 steps
@@ -103,7 +104,7 @@ TEST_F(TerminalSession, AnInterruptedScriptLeavesTheMenu) {
   t.Type("\003");
   t.Expect("ZAVIEW continuing...");
   t.Answer("Select option=> ", "\003");
-  EXPECT_EQ(t.End(), 130);
+  EXPECT_EQ(t.End(), -SIGINT);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Sessions of the real program with its window on a display: what drawing in memory can't tell.
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -192,7 +193,7 @@ TEST_F(WindowSession, AnInterruptEndsAView) {
   Begin(t);
   OpenView(t, server);
   t.Type("\003");
-  EXPECT_EQ(t.End(), 130);
+  EXPECT_EQ(t.End(), -SIGINT);
 }
 
 // A server that starts afresh when its last client leaves, as wrappers around one command start it.

@@ -185,7 +185,7 @@ bool TakeGeometry(const Platform& platform, std::string_view given, KinoCase& ki
   request.to_the_end = true;
   request.LENIN = kino.motions.length;
   const GeometryStatus status = ReadGeometry(platform, request, kino.hull);
-  if (status == GeometryStatus::cannot_open) 
+  if (status == GeometryStatus::cannot_open)
     Say(platform.console, kGeometryNotOpen, file, WhyNotOpened(platform.files, std::string(file)));
   if (status == GeometryStatus::skipped) {
     SayLine(platform.console, kNoGeometry);

@@ -180,10 +180,11 @@ Answer AskSeparator(const Console& console, OutputSettings& settings) {
   const std::string_view present = settings.writing.separator == Separator::comma ? "COMMA"
                                    : settings.writing.separator == Separator::tab ? "TAB"
                                                                                   : "SPACE";
-  std::string word;
-  const Answer answer =
-      ask_text(console, "Select the separation character for the table:\n(SPACE, COMMA or TAB):", present, word);
-  if (answer != Answer::ok) return answer;
+  std::string word, typed;
+  const Answer answer = ReadAnswer(
+      console, "Select the separation character for the table:\n(SPACE, COMMA or TAB):", present, word, &typed);
+  if (answer != Answer::ok || IsQuit(word)) return answer == Answer::ok ? Answer::quit : answer;
+  if (IsBlank(word)) word = typed.find('\t') == std::string::npos ? present : "\t";
   const char first = word.empty() ? ' ' : word.front();
   if (first == 'c' || first == 'C' || first == ',') settings.writing.separator = Separator::comma;
   else if (first == 't' || first == 'T' || first == '\t') settings.writing.separator = Separator::tab;

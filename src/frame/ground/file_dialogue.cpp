@@ -14,10 +14,8 @@ constexpr std::string_view kOpenFailed = "ERROR opening file {} ... re-specify{}
 constexpr std::string_view kExists = "File {} already exists";
 constexpr std::string_view kOverwrite = "Overwrite? (y/n/append)";
 constexpr std::string_view kNotOverwritten = " file not overwritten ... re-specify";
-constexpr std::string_view kForm = "Formatted or Unformatted file? (F/U)";
 constexpr std::string_view kInvalidUse = "Programming ERROR - invalid INOUT= {} in OPNFIL";
 constexpr std::string_view kContact = "    contact program developer";
-constexpr std::string_view kInvalidInit = "LOGIC ERROR - invalid INIT in OPNAUX";
 
 enum class Step : std::uint8_t { done, again, aborted, word };
 
@@ -42,18 +40,6 @@ Switches TakeSwitches(std::string& name) {
 bool HasExtension(std::string_view name) {
   const std::size_t slash = name.rfind('/');
   return Contains(slash == std::string_view::npos ? name : name.substr(slash + 1), ".");
-}
-
-Step AskForm(const Console& console, FileForm form, const Switches& switches, bool& unformatted) {
-  unformatted = switches.unformatted || form == FileForm::unformatted;
-  if (form != FileForm::asked || switches.unformatted) return Step::done;
-  for (;;) {
-    std::string answer;
-    if (ask_text(console, kForm, "", answer) != Answer::ok) return Step::aborted;
-    const std::string word = Capitals(Trim(answer));
-    unformatted = StartsWith(word, "U");
-    if (unformatted || StartsWith(word, "F")) return Step::done;
-  }
 }
 
 Step AskOverwrite(const Console& console, const std::string& name, OpenHow& how) {
@@ -81,8 +67,7 @@ Step OpenInput(const Platform& platform, const FileQuestion& question, ChosenFil
     }
     chosen.name = longer;
   }
-  const Step step = AskForm(platform.console, question.form, switches, chosen.unformatted);
-  if (step != Step::done) return step;
+  chosen.unformatted = switches.unformatted || question.form == FileForm::unformatted;
   chosen.file = files.open_read(files.self, chosen.name);
   if (chosen.file != kNoFile) return Step::done;
   Say(platform.console, kOpenFailed, chosen.name, Because(files.why(files.self)));
@@ -98,8 +83,7 @@ Step OpenForOutput(const Platform& platform, const FileQuestion& question, Chose
     const Step step = AskOverwrite(platform.console, chosen.name, how);
     if (step != Step::done) return step;
   }
-  const Step step = AskForm(platform.console, question.form, switches, chosen.unformatted);
-  if (step != Step::done) return step;
+  chosen.unformatted = switches.unformatted || question.form == FileForm::unformatted;
   if (OpenOutput(platform, chosen.name, how, chosen.out)) return Step::done;
   Say(platform.console, kOpenFailed, chosen.name, Because(chosen.out.why));
   return Step::again;
@@ -131,20 +115,6 @@ FileAnswer OPNFIL(const Platform& platform, const FileQuestion& question, Chosen
     if (step == Step::aborted) return FileAnswer::aborted;
     if (step == Step::word) return FileAnswer::word;
   }
-}
-
-bool OPNAUX(const Platform& platform, std::string_view name, AuxiliaryMode init, OutputFile& out) {
-  switch (init) {
-    case AuxiliaryMode::create:
-      if (platform.files.facts(platform.files.self, std::string(name)).exists) return false;
-      return OpenOutput(platform, name, OpenHow::replace, out);
-    case AuxiliaryMode::replace:
-      return OpenOutput(platform, name, OpenHow::replace, out);
-    case AuxiliaryMode::append:
-      return OpenOutput(platform, name, OpenHow::append, out);
-  }
-  SayLine(platform.console, kInvalidInit);
-  return false;
 }
 
 }  // namespace zaview

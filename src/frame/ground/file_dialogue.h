@@ -11,7 +11,7 @@
 namespace zaview {
 
 enum class FileUse : std::int8_t { input = 1, output = 2 };
-enum class FileForm : std::uint8_t { formatted, unformatted, asked };
+enum class FileForm : std::uint8_t { formatted, unformatted };
 
 struct FileQuestion {
   FileUse use = FileUse::input;
@@ -38,9 +38,5 @@ enum class FileAnswer : std::uint8_t { opened, aborted, word };
 // The words APPEND and UNFORMATTED behind the name are switches. An existing file is asked about, unless it is no plain
 // file or APPEND is given.
 [[nodiscard]] FileAnswer OPNFIL(const Platform& platform, const FileQuestion& question, ChosenFile& chosen);
-
-// Opens an auxiliary output file without a question. create: fails if the file exists. False: it is not open.
-enum class AuxiliaryMode : std::int8_t { create = 0, replace = 1, append = 2 };
-[[nodiscard]] bool OPNAUX(const Platform& platform, std::string_view name, AuxiliaryMode init, OutputFile& out);
 
 }  // namespace zaview

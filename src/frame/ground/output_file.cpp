@@ -116,7 +116,8 @@ bool OpenOutput(const Platform& platform, std::string_view name, OpenHow how, Ou
 
 void WriteOutput(OutputFile& out, std::string_view text) {
   if (out.to_console) {
-    out.platform->console.write(out.platform->console.self, text);
+    const Console& console = out.platform->console;
+    (console.write_table != nullptr ? console.write_table : console.write)(console.self, text);
     return;
   }
   if (out.failed) return;

@@ -65,7 +65,8 @@ bool IsQuit(std::string_view answer) {
   return BeginsWithOneOf(answer, kQuitWords);
 }
 
-Answer ReadAnswer(const Console& console, std::string_view prompt, std::string_view shown, std::string& answer) {
+Answer ReadAnswer(const Console& console, std::string_view prompt, std::string_view shown, std::string& answer,
+                  std::string* typed) {
   std::string text(TrimEnd(prompt));
   const std::string_view fallback = TrimEnd(shown);
   if (!fallback.empty()) text += fmt::format("{}[{}]", text.empty() ? "" : " ", fallback);
@@ -82,6 +83,7 @@ Answer ReadAnswer(const Console& console, std::string_view prompt, std::string_v
   console.flush(console.self);
   if (!got) return TakeInterrupt(console) ? Answer::quit : Answer::end_of_input;
   answer = kept;
+  if (typed != nullptr) *typed = line;
   return Answer::ok;
 }
 

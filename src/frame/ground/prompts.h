@@ -20,8 +20,9 @@ inline constexpr std::size_t kAnswerLine = 256;  // columns of an answer; the re
 
 // One line as typed (no QUIT, no BLANK): the ground of all questions and menus. "prompt [shown] " stands ahead of it;
 // of a prompt of several lines the last one waits. At the end of input, and for Ctrl-C (quit), the answer is untouched.
+// typed: the line with the blanks and tabs that end it.
 [[nodiscard]] Answer ReadAnswer(const Console& console, std::string_view prompt, std::string_view shown,
-                                std::string& answer);
+                                std::string& answer, std::string* typed = nullptr);
 [[nodiscard]] bool IsQuit(std::string_view answer);  // begins with QUIT, Quit or quit
 
 // "prompt [shown] "; an empty answer takes `fallback`, BLANK gives an empty answer. On QUIT the answer is untouched.

@@ -11,6 +11,7 @@ namespace zaview {
 enum class EnsembleMode : std::int8_t { forced = 1, automatic = 3 };
 // Are parts of a restarted run joined?
 enum class RestartMode : std::int8_t { ask = -1, keep_last = 0, combine = 1 };
+enum class InitialPlot : std::uint8_t { none, history, animation, trajectory, geometry };
 enum class SkipPrompt : std::int8_t { none = -1, ask = 1, silent = 2 };  // may a read ask for the steps to skip
 
 struct RunState {
@@ -29,13 +30,13 @@ struct RunState {
   std::string command_text;  // of -command: run once in place of the file of that name
   SkipPrompt skip_prompt = SkipPrompt::ask;
 
-  int initial_plot = 0;  // 0 none, 1 time history, 2 motion animation, 3 trajectory, 4 geometry
+  InitialPlot initial_plot = InitialPlot::none;
   bool open_options_menu = false;
   EnsembleMode ensemble_mode = EnsembleMode::automatic;
   RestartMode restart_mode = RestartMode::ask;
   bool do_eta = false;
-  bool debug_flow = false;
   int plot_colours = 0;  // 0 as they are, 1 reversed, 2 black, 3 white background
+  bool quiet = false;    // -quiet
   int selected_ship = 1;
   float selected_vcg = 0.0F;
   std::vector<std::string> file_args;

@@ -19,7 +19,7 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kBadStep = "TopScreenInput Logic error : screen_io_step={}";
+constexpr std::string_view kBadStep = "TopScreenInput Logic error : screen_io_step= {}";
 constexpr std::string_view kNamePrompt = "(RETURN to abort) => ";
 constexpr std::string_view kAskAgain = "File output abort - re-specify";
 constexpr std::string_view kExists = "File {} exists - overwrite (y/n) ";

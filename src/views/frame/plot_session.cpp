@@ -16,7 +16,7 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kTitle = "zaview";
-constexpr std::string_view kChange = "change_module={}";
+constexpr std::string_view kChange = "change_module= {}";
 
 struct View {
   void (*init)(Session& session);
@@ -99,8 +99,9 @@ void SetHooks(Session& session) {
 }
 
 void startgraphics(Session& session) {
+  Trace(session.platform.console, "startgraphics");
   session.plot_session.graphics_started = true;
-  session.plot_session.menu_pending = session.run.open_options_menu && session.run.initial_plot > 0;
+  session.plot_session.menu_pending = session.run.open_options_menu && session.run.initial_plot != InitialPlot::none;
   EnterView(session);
   gksTop(session.platform, session.gks, kTitle);
   zaviewexit(session, kRunFailed);  // no view can be shown, or nobody is there to leave it
@@ -115,6 +116,7 @@ void zaviewexit(Session& session, int status) {
 
 void TopRender(Session& session, bool force) {
   RunState& run = session.run;
+  Trace(session.platform.console, "TopRender");
   if (run.change_module > 0) ChangeModule(session);
   else if (run.plot_module == 0) LeaveForDialogue(session);
   gksWindowShow(session.gks);

@@ -16,7 +16,7 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kBadOption = "TopScreenInput Logic error : screen_io_option={}";
+constexpr std::string_view kBadOption = "TopScreenInput Logic error : screen_io_option= {}";
 constexpr std::string_view kKeepPrompt = "(RETURN to keep) => ";
 constexpr std::string_view kTooMany = "ILLEGAL value - too many steps trimmed";
 

@@ -85,7 +85,10 @@ TEST_F(PlatformPosix, FactsFollowLinks) {
   }
   const FileFacts device = files.facts(files.self, "/dev/null");
   EXPECT_TRUE(device.exists && !device.plain && device.size == -1);
-  EXPECT_EQ(files.open_read(files.self, path), kNoFile);                                   // a directory
+  EXPECT_EQ(files.open_read(files.self, path), kNoFile);
+  EXPECT_EQ(files.why(files.self), "Is a directory");
+  EXPECT_EQ(files.open_read(files.self, Name(std::string(300, 'n'))), kNoFile);
+  EXPECT_EQ(files.why(files.self), "File name too long");
   EXPECT_EQ(files.open_write(files.self, Name("d/t"), WriteHow::create_new, 0), kNoFile);  // never over another
 }
 

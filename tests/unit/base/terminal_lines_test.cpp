@@ -136,7 +136,7 @@ TEST_F(TerminalLines, Interrupts) {
     t.Expect("interrupted");
   }
   t.Answer("ask [5] ", "\003");
-  EXPECT_EQ(t.End(), 130);
+  EXPECT_EQ(t.End(), -SIGINT);
   EXPECT_TRUE(t.LinesAreCooked());
 }
 
@@ -175,7 +175,7 @@ TEST_F(TerminalLines, TerminationRestoresTheTerminal) {
   t.Answer("ask [5] ", "ab");
   t.Expect("ab");
   ::kill(t.Child(), SIGTERM);
-  EXPECT_EQ(t.End(), 128 + SIGTERM);
+  EXPECT_EQ(t.End(), -SIGTERM);
   EXPECT_TRUE(t.LinesAreCooked());
 }
 
@@ -201,7 +201,7 @@ TEST_F(TerminalLines, EndLeavesWholeFiles) {
   });
   t.Answer("ask ", "\003");
   t.Answer("again ", "\003");
-  EXPECT_EQ(t.End(), 130);
+  EXPECT_EQ(t.End(), -SIGINT);
   EXPECT_FALSE(fs::exists(Name("part")) || fs::exists(Name("made")));
   EXPECT_TRUE(fs::exists(Name("empty")) && fs::exists(Name("closed")));
   EXPECT_EQ(fs::file_size(Name("old")), 3U);

@@ -71,9 +71,9 @@ TEST(KinoFiles, Refused) {
   } cases[] = {
       {true, false, "", KinoSet::refused, "ERROR - KINO output not relevant for impulsive motion\n"},
       {false, true, "", KinoSet::refused, "ERROR - KINO output not relevant for IRF calculation\n"},
-      {false, false, "tow.mot", KinoSet::failed, "ERROR opening KINO motion data file tow.mot\n"},
-      {false, false, "tow.sea", KinoSet::failed, "ERROR opening KINO seaway data file tow.sea\n"},
-      {false, false, "tow.kno0", KinoSet::failed, "ERROR opening KINO command file tow.kno0\n"},
+      {false, false, "tow.mot", KinoSet::failed, "ERROR opening KINO motion data file tow.mot (Is a directory)\n"},
+      {false, false, "tow.sea", KinoSet::failed, "ERROR opening KINO seaway data file tow.sea (Is a directory)\n"},
+      {false, false, "tow.kno0", KinoSet::failed, "ERROR opening KINO command file tow.kno0 (Is a directory)\n"},
   };
   for (const auto& row : cases) {
     FakePlatform fake;

@@ -51,7 +51,9 @@ TEST(CommandLine, EndsAndErrors) {
       {"-help|-v|a", 2, "ERROR - insufficient qualifiers for -V argument\n"}, {"-bad|-vers|-help", 0, bad + "-bad\n\n"},
       {"no*.out", 1, "ERROR - no file(s) found which match no*.out\n" + left},  // given up
       {"-plot", 0, ignored + name + "\n"},  // no pause
-      {"none|-command|STOP", 0, "ERROR - Error opening ZAVO Output File : none\n" + stop + "ZAVIEW is done...\n"},
+      {"none|-command|STOP", 1,
+       "ERROR - Error opening ZAVO Output File : none\n1 of 1 files could not be read\n"},
+      {"-plot_hist0ry|-scrip", 2, bad + "-scrip\n         did you mean -SCRIPT ?\n"},  // by its beginning, no error
       {"-init_command|STOP", 0, stop + "ZAVIEW continuing...\n" + name + "\n"},
   };
   // clang-format on
@@ -72,7 +74,7 @@ TEST(CommandLine, WordsVariablesAndFiles) {
       Session session;
       session.platform = fake.Get();
       EXPECT_EQ(ParseCommandLine(session, Words(words.substr(0, words.find(' ')))).end, LineEnd::go_on);
-      EXPECT_EQ(session.run.initial_plot, plot) << words;
+      EXPECT_EQ(static_cast<int>(session.run.initial_plot), plot) << words;
     }
   }
   Session session;
@@ -94,8 +96,8 @@ TEST(CommandLine, CommandIsLeftBehindAsAScript) {
   EXPECT_EQ(zaview_main(fake.Get(), Words("-command|NONSENSE \"a b\"")), 1);
   EXPECT_EQ(fake.Bytes(".zaview.tmp"), "NONSENSE \"a b\"\n");
   full.no_new_files_in = {""};
-  EXPECT_EQ(zaview_main(full.Get(), Words("-command|STOP")), 2);
-  EXPECT_EQ(Body(full), "ERROR opening temporary file .zaview.tmp\n");
+  EXPECT_EQ(zaview_main(full.Get(), Words("-command|STOP")), 0);  // it runs all the same
+  EXPECT_TRUE(Body(full).starts_with("ERROR opening temporary file .zaview.tmp\nReading"));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
-#include "frame/ground/file_units.h"
 #include "frame/ground/wildcards.h"
 
 namespace zaview {
@@ -14,8 +13,6 @@ namespace {
 TEST(FileDialogue, Questions) {
   const FileQuestion in{FileUse::input, "File", ".out"}, out{FileUse::output, "File", ""};
   const FileQuestion console_out{FileUse::output, "File", "", FileForm::formatted, true};
-  const FileQuestion form{FileUse::output, "File", "", FileForm::asked};
-  const std::string which = "Formatted or Unformatted file? (F/U) ";
   const std::string over = "File old.txt\nFile old.txt already exists\nOverwrite? (y/n/append)";
   const struct {
     FileQuestion question;
@@ -38,8 +35,7 @@ TEST(FileDialogue, Questions) {
       {out, "no/where\nquit\n", "quit", "File no/where\nERROR opening file no/where ... re-specify\nFile quit\n",
        "old\n"},
       {console_out, "BLANK\n", "", "File BLANK\nnew\n", "old\n"},
-      {form, "a b\nx\nu\n", "a b", "File a b\n" + which + "x\n" + which + "u\n", "old\n"},
-      {form, "a b APPEND UNFORMATTED\n", "a b", "File a b APPEND UNFORMATTED\n", "old\n"},
+      {out, "a b APPEND UNFORMATTED\n", "a b", "File a b APPEND UNFORMATTED\n", "old\n"},
   };
   for (const auto& c : cases) {
     FakePlatform fake;
@@ -57,22 +53,6 @@ TEST(FileDialogue, Questions) {
     EXPECT_EQ(fake.output, c.output);
     EXPECT_EQ(fake.Bytes("old.txt"), c.content) << c.input;
   }
-}
-
-TEST(FileUnits, PoolRunsOutAndRefills) {
-  FakePlatform fake;
-  const Console console = fake.Get().console;
-  FileUnits units;
-  std::array<int, 90> pool{};
-  UNITLIST(console, units, pool);
-  EXPECT_EQ(fake.output, "");
-  std::array<int, 1> more{};
-  UNITLIST(console, units, more);
-  EXPECT_EQ(more[0], pool.back() + 1);
-  EXPECT_EQ(fake.output, "WRN??? - Ran out of I/O Unit numbers\n");
-  FreeUnit(units, pool[17]);
-  UNITLIST(console, units, more);
-  EXPECT_EQ(more[0], pool[17]);
 }
 
 TEST(Wildcards, Matches) {

@@ -41,6 +41,8 @@ TEST(OutputFile, WhatIsLeftBehind) {
       {"folder takes no file", "older", [](Fake& f) { f.no_new_files_in = {"d"}; }, replace, true, true, "new\n"},
       {"nor a new target", "", [](Fake& f) { f.no_new_files_in = {"d"}; }, replace, false, false, "(no file)"},
       {"no handle left", "older", [](Fake& f) { f.no_handles = true; }, replace, false, false, "older"},
+      {"a file that was read", "older", [](Fake& f) { f.read = {"d/t"}; }, replace, false, false, "older"},
+      {"the same, append", "older", [](Fake& f) { f.read = {"d/t"}; }, append, false, false, "older"},
       {"a device keeps its content", "older", [](Fake& f) { f.files["d/t"].plain = false; }, replace, true, true,
        "oldernew\n"},
   };

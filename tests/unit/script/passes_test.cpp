@@ -57,7 +57,9 @@ TEST(ExpandIncludes, DirectivesAndModules) {
     std::vector<std::string> files;
     ScriptText clean;
     const FileHandle file = platform.files.open_read(platform.files.self, "d/s");
-    const IncludeStatus status = ExpandIncludes(platform, "d/s", file, files, clean);
+    BlockStream stream;
+    StartStream(stream, platform.files, file);
+    const IncludeStatus status = ExpandIncludes(platform, "d/s", stream, files, clean);
     EXPECT_EQ(Texts(clean.lines), c.clean) << c.script;
     EXPECT_EQ(fake.output, c.said) << c.script;
     EXPECT_EQ(status == IncludeStatus::ok, c.said.empty()) << c.script;

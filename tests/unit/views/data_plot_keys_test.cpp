@@ -460,8 +460,8 @@ TEST(DataPlotKeys, AnswersThatNobodyAskedForAreTold) {
   v.session.plot_session.screen_io_step = 3;
   TopScreenInput(v.session, "name");
   EXPECT_EQ(v.fake.output,
-            "TopScreenInput Logic error : screen_io_option=9\n"
-            "TopScreenInput Logic error : screen_io_step=3\n");
+            "TopScreenInput Logic error : screen_io_option= 9\n"
+            "TopScreenInput Logic error : screen_io_step= 3\n");
 }
 
 TEST(DataPlotKeys, HelpListsTheKeysOfTheKind) {

@@ -102,13 +102,13 @@ TEST(PlotSession, AFailedPictureIsForgottenByTheNextPlot) {
 }
 
 TEST(PlotSession, TheOptionsMenuOpensWithTheInitialPlot) {
-  for (const int initial : {0, 1}) {
+  for (const InitialPlot initial : {InitialPlot::none, InitialPlot::history}) {
     Views v;
     v.session.run.open_options_menu = true;
     v.session.run.initial_plot = initial;
     EXPECT_TRUE(StartPlot(v.session, kHeave, 0));
     EXPECT_EQ(v.Run(), kRunFailed);  // nobody leaves the view
-    EXPECT_EQ(v.fake.output.find("Plot Options") != std::string::npos, initial == 1);
+    EXPECT_EQ(v.fake.output.find("Plot Options") != std::string::npos, initial == InitialPlot::history);
   }
 }
 
@@ -182,7 +182,7 @@ TEST(PlotSession, AChangeOfViewPassesTheMenuBy) {
   run.session.run.plot_module = 2;
   run.fake.output.clear();
   TopRender(run.session, false);
-  EXPECT_EQ(run.fake.output, "change_module=1\nHit the 'h' key for HELP, Alt-o for Options menu\n");
+  EXPECT_EQ(run.fake.output, "change_module= 1\nHit the 'h' key for HELP, Alt-o for Options menu\n");
   EXPECT_TRUE(run.session.run.view_is_new && run.session.gks.window.idle_on);
   EXPECT_EQ(run.session.run.plot_module, 1);
   EXPECT_EQ(run.session.run.change_module, 0);
