@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/window_system.h"
+#include "gks/kernel/gks_paint.h"
 
 namespace zaview {
 
@@ -39,10 +40,6 @@ struct GksAttributes {
   int align_x = 0, align_y = 0;
   int fill_style = 0;
   bool clip = true;
-};
-
-struct GksColour {
-  float red = 0, green = 0, blue = 0;
 };
 
 struct GksWindow {
@@ -92,6 +89,7 @@ struct GksHooks {
 struct GksState {
   const Platform* platform = nullptr;  // whose window system was started, by gksReady
   bool environment_read = false;
+  GksPaint paint;  // of the picture that was begun last
   GksLevel level = GksLevel::closed;
   GksWindow window;
   std::array<GksTransform, kTransforms> transform{};
