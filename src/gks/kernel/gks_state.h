@@ -86,6 +86,17 @@ struct GksHooks {
   void (*close_menus)(void* self) = nullptr;
 };
 
+// A window beside the main one, a menu for instance, and who handles it. A handler may open and close windows, its own
+// as well.
+struct GksSideWindow {
+  void* self = nullptr;
+  int id = 0, width = 0, height = 0;  // pixels, as the window system has them
+  void (*display)(void* self, const GksPaint& paint, int width, int height) = nullptr;
+  bool (*key)(void* self, int key) = nullptr;                     // false: it is one for the view in the main window
+  void (*mouse)(void* self, int button, int x, int y) = nullptr;  // pixels
+  void (*closed)(void* self) = nullptr;                           // by the user: it is gone
+};
+
 struct GksState {
   const Platform* platform = nullptr;  // whose window system was started, by gksReady
   bool environment_read = false;
@@ -101,6 +112,7 @@ struct GksState {
   TextScreen screen;
   DumpOrder dump;
   GksHooks hooks;
+  std::vector<GksSideWindow> side_windows;
   unsigned modifiers = 0;  // keys held down at the event that is being handled
 };
 

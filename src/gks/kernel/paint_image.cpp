@@ -18,6 +18,8 @@ constexpr int kLevels = 16;  // of coverage: few colours, so that picture files 
 constexpr int kCuts = 4;     // of a row of pixels, by a polygon's edges
 constexpr std::size_t kSamples = 3;
 
+constexpr float kWidest = 255.0F;  // pixels of a line
+
 using Ink = std::array<unsigned char, kSamples>;
 
 PictureImage& Of(void* self) {
@@ -109,13 +111,21 @@ void PutSegment(PictureImage& image, Brush& brush, const Span& span, bool with_e
   }
 }
 
+// Of pixels; what lies beyond is far outside of any picture. Drawn letters of any size come here.
+double Limited(float place) {
+  constexpr float kLimit = 1.0e6F;
+  return std::clamp(place, -kLimit, kLimit);
+}
+
 // Each segment ends ahead of the pixel where the next one begins.
 void Line(void* self, const GksPen& pen, std::span<const GksPoint> strip) {
   PictureImage& image = Of(self);
-  Brush brush{InkOf(pen.colour), static_cast<int>(std::lround(std::max(pen.width, 1.0F))), pen.pattern};
+  Brush brush{InkOf(pen.colour), static_cast<int>(std::lround(std::clamp(pen.width, 1.0F, kWidest))), pen.pattern};
   for (std::size_t i = 1; i < strip.size(); ++i) {
     const bool is_last = i + 1 == strip.size();
-    const double x0 = strip[i - 1].x + 0.5, y0 = strip[i - 1].y + 0.5, x1 = strip[i].x + 0.5, y1 = strip[i].y + 0.5;
+    const GksPoint a = strip[i - 1], b = strip[i];
+    if (std::isnan(a.x + a.y + b.x + b.y)) continue;
+    const double x0 = Limited(a.x) + 0.5, y0 = Limited(a.y) + 0.5, x1 = Limited(b.x) + 0.5, y1 = Limited(b.y) + 0.5;
     const double dx = x1 - x0, dy = y1 - y0;
     if (std::abs(dx) >= std::abs(dy)) PutSegment<false>(image, brush, {x0, x1, y0, dx == 0.0 ? 0.0 : dy / dx}, is_last);
     else PutSegment<true>(image, brush, {y0, y1, x0, dx / dy}, is_last);
@@ -149,29 +159,43 @@ void AddCovered(std::vector<float>& covered, float from, float to) {
         kPart * (std::min(to, static_cast<float>(x + 1)) - std::max(from, static_cast<float>(x)));
 }
 
+struct Range {
+  int begin = 0, end = 0;
+};
+
+// Of pixels inside the picture that the polygon's extent in one direction touches.
+Range Touched(float low, float high, int limit) {
+  return {std::max(static_cast<int>(std::floor(low)), 0), std::min(static_cast<int>(std::ceil(high)), limit)};
+}
+
 void Fill(void* self, GksColour colour, std::span<const GksPoint> polygon) {
   PictureImage& image = Of(self);
   if (polygon.empty()) return;
   const Ink ink = InkOf(colour);
-  std::vector<float> covered;
-  std::vector<Crossing> crossings;
-  if (!Grow(covered, static_cast<std::size_t>(image.width)) || !Reserve(crossings, polygon.size())) return;
+  const auto [left, right] =
+      std::minmax_element(polygon.begin(), polygon.end(), [](auto a, auto b) { return a.x < b.x; });
   const auto [high, low] =
       std::minmax_element(polygon.begin(), polygon.end(), [](auto a, auto b) { return a.y < b.y; });
-  const int end = std::min(static_cast<int>(std::ceil(low->y)), image.height);
-  for (int y = std::max(static_cast<int>(std::floor(high->y)), 0); y < end; ++y) {
+  const Range columns = Touched(left->x, right->x, image.width), rows = Touched(high->y, low->y, image.height);
+  if (columns.begin >= columns.end) return;
+  std::vector<float> covered;  // from the first column on
+  std::vector<Crossing> crossings;
+  if (!Grow(covered, static_cast<std::size_t>(columns.end - columns.begin)) || !Reserve(crossings, polygon.size()))
+    return;
+  const float first = static_cast<float>(columns.begin);
+  for (int y = rows.begin; y < rows.end; ++y) {
     std::fill(covered.begin(), covered.end(), 0.0F);
     for (int cut = 0; cut < kCuts; ++cut) {
       Cross(polygon, static_cast<float>(y) + (static_cast<float>(cut) + 0.5F) / kCuts, crossings);
       int round = 0;
       for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
         round += crossings[i].turn;
-        if (round != 0) AddCovered(covered, crossings[i].x, crossings[i + 1].x);
+        if (round != 0) AddCovered(covered, crossings[i].x - first, crossings[i + 1].x - first);
       }
     }
-    for (int x = 0; x < image.width; ++x)
-      if (const int level = LevelOf(covered[static_cast<std::size_t>(x)]); level > 0)
-        Blend(PixelAt(image, x, y), ink, level);
+    for (std::size_t i = 0; i < covered.size(); ++i)
+      if (const int level = LevelOf(covered[i]); level > 0)
+        Blend(PixelAt(image, columns.begin + static_cast<int>(i), y), ink, level);
   }
 }
 

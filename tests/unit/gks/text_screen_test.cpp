@@ -78,8 +78,6 @@ TEST(TextScreen, BreaksLongLinesAtBlanks) {
   EXPECT_EQ(d.gks.screen.lines, lines);
 }
 
-// 170 pixels: 9 lines a page.
-
 // Drawn letters are of many widths, most wider than those of pixels: no line runs off the edge.
 TEST(TextScreen, BreaksLinesOfDrawnLetters) {
   Drawing d(300, 200);
@@ -90,6 +88,7 @@ TEST(TextScreen, BreaksLinesOfDrawnLetters) {
   EXPECT_LT(d.Lit().right, 292);
 }
 
+// 170 pixels: 9 lines a page.
 TEST(TextScreen, PagesAheadOfTheAnswer) {
   const struct {
     int key, first, last;
