@@ -1,11 +1,12 @@
-// The graphics window as this program sees it: a record of function pointers with three fillings, GLUT on a display, an
-// offscreen context (EGL) without one, and the offscreen one fed with events by a test. Window 1 is the main window,
-// menu windows follow. All on one thread.
+// The graphics window as this program sees it: a record of function pointers with three fillings, GLUT on a display,
+// one in memory without any, and that one fed with events by a test. Window 1 is the main window, menu windows follow.
+// All on one thread.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zaview {
 
@@ -29,6 +30,11 @@ struct WindowEvents {  // filled by whoever opens the window
 
 enum class Font : std::uint8_t { helvetica_10, helvetica_12, fixed_8_13, fixed_9_15, helvetica_18, times_24, stroke };
 
+struct PictureImage {
+  int width = 0, height = 0;
+  std::vector<unsigned char> rgb;  // width x height x 3 bytes, bottom row first
+};
+
 struct WindowSystem {
   void* self = nullptr;
   // False, with the cause in `why`: nothing can be drawn. A second start does nothing.
@@ -40,11 +46,15 @@ struct WindowSystem {
   void (*show)(void* self, int id) = nullptr;
   void (*hide)(void* self, int id) = nullptr;
   void (*reshape_window)(void* self, int id, int width, int height) = nullptr;
-  int (*set_current)(void* self, int id) = nullptr;     // the one before
-  void (*begin_picture)(void* self, int id) = nullptr;  // binds the picture that is drawn into
-  void (*present)(void* self, int id) = nullptr;        // a picture is complete
-  // The picture of the main window, width x height x 3 bytes, bottom row first. False: it has not got that size (a
-  // reshape counts from the next begin_picture), or can't be read.
+  int (*set_current)(void* self, int id) = nullptr;  // the one before
+  // A picture of the window's size begins: an image in memory that the caller draws into, until the next one begins or
+  // the window goes. Null: memory is out.
+  PictureImage* (*begin_image)(void* self, int id) = nullptr;
+  // Or one by OpenGL, which is bound. False, with the cause in `why`: there is no OpenGL.
+  bool (*begin_picture)(void* self, int id, std::string& why) = nullptr;
+  void (*present)(void* self, int id) = nullptr;  // a picture is complete
+  // The picture of the main window that was begun last, as in a PictureImage. False: it has not got that size (a
+  // reshape counts from the next picture), or can't be read.
   bool (*read_picture)(void* self, int width, int height, unsigned char* rgb) = nullptr;
   void (*set_idle)(void* self, bool on) = nullptr;
   // Counted up when a window was replaced and everything kept in its context is gone.

@@ -2,8 +2,9 @@
 
 #include <cmath>
 #include <gks_font_tables.h>  // made by the build
+#include <vector>
 
-#include <GL/gl.h>
+#include "base/grow.h"
 
 namespace zaview {
 
@@ -34,16 +35,6 @@ bool IsControl(unsigned char c) {
   return c < 32 || (c >= 127 && c < 160);
 }
 
-void DrawStrokeChar(unsigned char c) {
-  for (int strip = kStrokeGlyphStart[c]; strip < kStrokeGlyphStart[c + 1]; ++strip) {
-    glBegin(GL_LINE_STRIP);
-    for (int i = kStripStart[strip]; i < kStripStart[strip + 1]; ++i)
-      glVertex2f(kStrokePoints[i].x, kStrokePoints[i].y);
-    glEnd();
-  }
-  glTranslatef(kStrokeRight[c], 0.0F, 0.0F);
-}
-
 }  // namespace
 
 int gksCharWidth(Font font, unsigned char c) {
@@ -53,16 +44,36 @@ int gksCharWidth(Font font, unsigned char c) {
   return table->bytes[table->start[c]];
 }
 
-void gksDrawChar(Font font, unsigned char c) {
-  if (IsControl(c)) return;
+void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, std::string_view text) {
   const BitmapFontTable* const table = TableOf(font);
-  if (table == nullptr) {
-    DrawStrokeChar(c);
-    return;
+  if (table == nullptr) return;
+  for (const char letter : text) {
+    const auto c = static_cast<unsigned char>(letter);
+    if (IsControl(c)) continue;
+    const unsigned char* const glyph = table->bytes + table->start[c];
+    paint.glyph(paint.self, colour, at, {glyph[0], table->height, table->x_origin, table->y_origin, glyph + 1});
+    at.x += static_cast<float>(glyph[0]);
   }
-  const unsigned char* const glyph = table->bytes + table->start[c];
-  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-  glBitmap(glyph[0], table->height, table->x_origin, table->y_origin, glyph[0], 0.0F, glyph + 1);
+}
+
+void gksDrawStrokeText(const GksPaint& paint, const GksPen& pen, const StrokePlace& place, std::string_view text) {
+  const float cosine = std::cos(place.turn), sine = std::sin(place.turn);
+  std::vector<GksPoint> points;
+  float along = place.along;
+  for (const char letter : text) {
+    const auto c = static_cast<unsigned char>(letter);
+    if (IsControl(c)) continue;
+    for (int strip = kStrokeGlyphStart[c]; strip < kStrokeGlyphStart[c + 1]; ++strip) {
+      points.clear();
+      if (!Reserve(points, static_cast<std::size_t>(kStripStart[strip + 1] - kStripStart[strip]))) return;
+      for (int i = kStripStart[strip]; i < kStripStart[strip + 1]; ++i) {
+        const float u = along + place.scale * kStrokePoints[i].x, v = place.down - place.scale * kStrokePoints[i].y;
+        points.push_back({place.at.x + cosine * u - sine * v, place.at.y + sine * u + cosine * v});
+      }
+      paint.line(paint.self, pen, points);
+    }
+    along += place.scale * kStrokeRight[c];
+  }
 }
 
 }  // namespace zaview

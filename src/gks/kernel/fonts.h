@@ -2,15 +2,22 @@
 // fonts, so that pictures without a display have the same letters.
 #pragma once
 
-#include <span>
+#include <string_view>
 
-#include "base/window_system.h"
+#include "gks/kernel/gks_paint.h"
 
 namespace zaview {
 
 // Width of a character in pixels, or of the stroke font in its units, rounded; 0: not in the font.
 [[nodiscard]] int gksCharWidth(Font font, unsigned char c);
-// Draws at the raster position, or (stroke) at the origin of the model matrix, and moves on.
-void gksDrawChar(Font font, unsigned char c);
+// Letters side by side from a point of the baseline.
+void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, std::string_view text);
+
+struct StrokePlace {
+  GksPoint at;                // pixel
+  float turn = 0, scale = 1;  // radians, clockwise on the screen; pixels for a unit of the font
+  float along = 0, down = 0;  // from `at` to the start, pixels in the turned frame
+};
+void gksDrawStrokeText(const GksPaint& paint, const GksPen& pen, const StrokePlace& place, std::string_view text);
 
 }  // namespace zaview

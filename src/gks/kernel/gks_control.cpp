@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <string>
 
-#include <GL/gl.h>
 #include <fmt/format.h>
 
 #include "base/message.h"
@@ -114,28 +113,20 @@ void gksOpenTo(GksState& gks, GksLevel level) {
   GCLRWK(gks);
 }
 
-void gksBeginPicture(const WindowSystem& windows, const GksState& gks) {
-  windows.begin_picture(windows.self, gks.window.id);
-  gksSetProjection(gks.window.width, gks.window.height);
+void gksBeginPicture(const WindowSystem& windows, GksState& gks) {
+  PictureImage* const image = windows.begin_image(windows.self, gks.window.id);
+  gks.paint = image == nullptr ? GksPaint{} : ImagePaint(*image);
 }
 
-void gksSetProjection(int width, int height) {
-  glViewport(0, 0, width, height);
-  glMatrixMode(GL_PROJECTION);
-  glLoadIdentity();
-  glOrtho(0.0, width, 0.0, height, -1.0, 1.0);
-  glScalef(1.0F, -1.0F, 1.0F);
-  glTranslatef(0.0F, static_cast<float>(-height), 0.0F);
-  glMatrixMode(GL_MODELVIEW);
-  glLoadIdentity();
-  glDisable(GL_DEPTH_TEST);
-  glDisable(GL_LINE_STIPPLE);
-  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+bool gksBeginScene(const WindowSystem& windows, GksState& gks, std::string& why) {
+  gks.paint = GksPaint{};
+  if (!windows.begin_picture(windows.self, gks.window.id, why)) return false;
+  gks.paint = OpenGlPaint(gks.window.width, gks.window.height);
+  return true;
 }
 
 void GCLRWK(const GksState& gks) {
-  glClearColor(gks.colour[0].red, gks.colour[0].green, gks.colour[0].blue, 1.0F);
-  glClear(GL_COLOR_BUFFER_BIT);
+  gks.paint.clear(gks.paint.self, gks.colour[0]);
 }
 
 void GUWK(const WindowSystem& windows, const GksState& gks) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "base/platform.h"
@@ -18,11 +19,11 @@ void GDAWK(GksState& gks);
 void GCLWK(GksState& gks);
 void GCLKS(GksState& gks);
 void gksOpenTo(GksState& gks, GksLevel level);  // only as far as needed; clears on arrival at active
-// Begins a picture of the main window: binds it and sets viewport, projection (pixels, y down) and drawing state anew.
-void gksBeginPicture(const WindowSystem& windows, const GksState& gks);
-// The same for the picture or window that is bound already, width x height pixels.
-void gksSetProjection(int width, int height);
-void GCLRWK(const GksState& gks);                             // the colour buffer
+// Begins a picture of the main window, drawn in memory with smooth edges.
+void gksBeginPicture(const WindowSystem& windows, GksState& gks);
+// Begins one drawn by OpenGL, with depth: for views of bodies. False, with the cause: there is no OpenGL.
+[[nodiscard]] bool gksBeginScene(const WindowSystem& windows, GksState& gks, std::string& why);
+void GCLRWK(const GksState& gks);                             // to the paper's colour
 void GUWK(const WindowSystem& windows, const GksState& gks);  // ends a picture
 
 // Colour indices: below 0 becomes 1, above 256 becomes 256, said once in a run.

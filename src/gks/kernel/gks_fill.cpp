@@ -2,11 +2,10 @@
 #include <cstddef>
 #include <vector>
 
-#include <GL/gl.h>
-
+#include "base/grow.h"
 #include "gks/kernel/clip_segment.h"
 #include "gks/kernel/gks_draw.h"
-#include "gks/kernel/gks_paint.h"
+#include "gks/kernel/primitives.h"
 
 namespace zaview {
 
@@ -20,26 +19,23 @@ bool IsAllInside(const GksRectangle& window, std::span<const float> x, std::span
 
 }  // namespace
 
-void gksDrawFill(const GksState& gks, std::span<const float> x, std::span<const float> y) {
+void gksDrawFill(const GksState& gks, GksColour colour, std::span<const float> x, std::span<const float> y) {
   const std::size_t n = std::min(x.size(), y.size());
   if (n < 3) return;
   const GksRectangle window = gksSortedWindow(gks);
+  std::vector<GksPoint> points;
   if (!gks.attribute.clip || IsAllInside(window, x.first(n), y.first(n))) {
-    glBegin(GL_POLYGON);
-    for (std::size_t i = 0; i < n; ++i) gksPutVertex(gks, {x[i], y[i]});
-    glEnd();
+    if (!Reserve(points, n)) return;
+    for (std::size_t i = 0; i < n; ++i) points.push_back({x[i], y[i]});
+  } else if (!ClipPolygon(window, x, y, points)) {
     return;
   }
-  std::vector<GksPoint> inside;
-  if (!ClipPolygon(window, x, y, inside)) return;
-  glBegin(GL_POLYGON);
-  for (const GksPoint& point : inside) gksPutVertex(gks, point);
-  glEnd();
+  for (GksPoint& point : points) point = gksPixelPoint(gks, point);
+  gks.paint.fill(gks.paint.self, colour, points);
 }
 
 void GFA(const GksState& gks, std::span<const float> x, std::span<const float> y) {
-  gksSetColour(gks, gks.attribute.fill_colour);
-  gksDrawFill(gks, x, y);
+  gksDrawFill(gks, gksColourOf(gks, gks.attribute.fill_colour), x, y);
 }
 
 }  // namespace zaview

@@ -6,7 +6,7 @@
 #include <numbers>
 
 #include "gks/kernel/gks_draw.h"
-#include "gks/kernel/gks_paint.h"
+#include "gks/kernel/primitives.h"
 
 namespace zaview {
 
@@ -92,8 +92,9 @@ void DrawStroke(const GksState& gks, GksPoint centre, Sizes half, Stroke stroke,
   }
   const std::span<const float> x = std::span(points.x).first(points.count);
   const std::span<const float> y = std::span(points.y).first(points.count);
-  if (filled) gksDrawFill(gks, x, y);
-  else gksDrawLine(gks, x, y);
+  const GksColour colour = gksColourOf(gks, gks.attribute.marker_colour);
+  if (filled) gksDrawFill(gks, colour, x, y);
+  else gksDrawLine(gks, {colour}, x, y);
 }
 
 std::array<GksPoint, kCirclePoints> MakeCircle() {
@@ -108,8 +109,6 @@ std::array<GksPoint, kCirclePoints> MakeCircle() {
 }  // namespace
 
 void GPM(const GksState& gks, std::span<const float> x, std::span<const float> y) {
-  gksSetColour(gks, gks.attribute.marker_colour);
-  gksSetLineStyle(0, 1.0F);
   const auto type = static_cast<std::size_t>(std::clamp(gks.attribute.marker_type, 0, kMarkerTypes - 1));
   const Shape& shape = kShapes[type];
   const std::array<GksPoint, kCirclePoints> circle = MakeCircle();

@@ -1,17 +1,54 @@
-// What the primitives share: colour and line style of GL, lines and fills without either. Private to the kernel.
+// What the primitives draw with: a record of function pointers with two fillings, an image in memory and OpenGL.
+// Places are pixels, y down; whole ones lie on the edges between pixels.
 #pragma once
 
+#include <cstdint>
 #include <span>
 
-#include "gks/kernel/gks_state.h"
-#include "gks/kernel/gks_transform.h"
+#include "base/window_system.h"
 
 namespace zaview {
 
-void gksPutVertex(const GksState& gks, GksPoint point);  // between glBegin and glEnd
-void gksSetColour(const GksState& gks, int index);
-void gksSetLineStyle(int style, float width);  // style: 0 solid, 1 to 4 stippled
-void gksDrawLine(const GksState& gks, std::span<const float> x, std::span<const float> y);
-void gksDrawFill(const GksState& gks, std::span<const float> x, std::span<const float> y);
+struct GksPoint {
+  float x = 0, y = 0;
+};
+
+struct GksColour {
+  float red = 0, green = 0, blue = 0;
+};
+
+inline constexpr std::uint16_t kSolid = 0xFFFF;
+
+struct GksPen {
+  GksColour colour;
+  float width = 1;                 // pixels, at least 1, rounded
+  std::uint16_t pattern = kSolid;  // bit by bit along the line, low bit first
+};
+
+struct GksGlyph {  // of a bitmap font: one bit a pixel, whole bytes a row, bottom row first
+  int width = 0, height = 0;
+  float x_origin = 0, y_origin = 0;  // from the lower left corner
+  const unsigned char* rows = nullptr;
+};
+
+struct GksPaint {  // as it stands nothing is drawn
+  void* self = nullptr;
+  void (*clear)(void* self, GksColour paper) = [](void*, GksColour) {};
+  void (*line)(void* self, const GksPen& pen, std::span<const GksPoint> strip) = [](void*, const GksPen&,
+                                                                                    std::span<const GksPoint>) {};
+  void (*fill)(void* self, GksColour colour, std::span<const GksPoint> polygon) = [](void*, GksColour,
+                                                                                     std::span<const GksPoint>) {};
+  void (*glyph)(void* self, GksColour colour, GksPoint at, const GksGlyph& glyph) = [](void*, GksColour, GksPoint,
+                                                                                       const GksGlyph&) {};
+};
+
+// Into the image, which outlives the record. Edges are smoothed by the part of each pixel that is covered, but lines
+// along rows and columns are sharp. A point of a line lights the pixel to its lower right; a line of even width
+// reaches a pixel further up and left. Any polygon, crossing itself or not: what its edges go round.
+[[nodiscard]] GksPaint ImagePaint(PictureImage& image);
+
+// Into the picture or window, width x height, that is bound in the current context; sets viewport, projection (pixels,
+// y down) and drawing state anew. Without smoothing; polygons are to be convex.
+[[nodiscard]] GksPaint OpenGlPaint(int width, int height);
 
 }  // namespace zaview

@@ -1,63 +1,54 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <vector>
 
-#include <GL/gl.h>
-
+#include "base/grow.h"
 #include "gks/kernel/clip_segment.h"
 #include "gks/kernel/gks_draw.h"
-#include "gks/kernel/gks_paint.h"
+#include "gks/kernel/primitives.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr std::array<GLushort, 5> kStipples{0xFFFF, 255, 257, 7239, 2056};  // by line style; low bit first
+constexpr std::array<std::uint16_t, 5> kPatterns{kSolid, 255, 257, 7239, 2056};  // by line style
 
-struct Strip {
-  const GksState& gks;
-  bool open = false;
-
-  void Begin(GksPoint from) {
-    glBegin(GL_LINE_STRIP);
-    open = true;
-    gksPutVertex(gks, from);
-  }
+class Strip {
+ public:
+  Strip(const GksState& gks, const GksPen& pen) : gks_(gks), pen_(pen) {}
+  [[nodiscard]] bool MakeRoom(std::size_t n) { return Reserve(points_, n); }
+  [[nodiscard]] bool IsOpen() const { return !points_.empty(); }
+  void Put(GksPoint world) { points_.push_back(gksPixelPoint(gks_, world)); }
   void End() {
-    if (open) glEnd();
-    open = false;
+    if (IsOpen()) gks_.paint.line(gks_.paint.self, pen_, points_);
+    points_.clear();
   }
+
+ private:
+  const GksState& gks_;
+  const GksPen& pen_;
+  std::vector<GksPoint> points_;
 };
 
 }  // namespace
 
-void gksPutVertex(const GksState& gks, GksPoint point) {
-  const GksPixel pixel = gksToPixel(gks, point);
-  glVertex2i(pixel.x, pixel.y);
+GksPoint gksPixelPoint(const GksState& gks, GksPoint world) {
+  const GksPixel pixel = gksToPixel(gks, world);
+  return {static_cast<float>(pixel.x), static_cast<float>(pixel.y)};
 }
 
-void gksSetColour(const GksState& gks, int index) {
-  const GksColour& colour = gks.colour[static_cast<std::size_t>(std::clamp(index, 0, GKS_MAX_COLORS))];
-  glColor3f(colour.red, colour.green, colour.blue);
+GksColour gksColourOf(const GksState& gks, int index) {
+  return gks.colour[static_cast<std::size_t>(std::clamp(index, 0, GKS_MAX_COLORS))];
 }
 
-void gksSetLineStyle(int style, float width) {
-  glLineWidth(width);
-  if (style < 1 || style >= static_cast<int>(kStipples.size())) {
-    glDisable(GL_LINE_STIPPLE);
-    return;
-  }
-  glEnable(GL_LINE_STIPPLE);
-  glLineStipple(1, kStipples[static_cast<std::size_t>(style)]);
-}
-
-void gksDrawLine(const GksState& gks, std::span<const float> x, std::span<const float> y) {
+void gksDrawLine(const GksState& gks, const GksPen& pen, std::span<const float> x, std::span<const float> y) {
   const std::size_t n = std::min(x.size(), y.size());
-  if (n < 2) return;
-  Strip strip{gks};
+  Strip strip(gks, pen);
+  if (n < 2 || !strip.MakeRoom(n)) return;
   if (!gks.attribute.clip) {
-    strip.Begin({x[0], y[0]});
-    for (std::size_t i = 1; i < n; ++i) gksPutVertex(gks, {x[i], y[i]});
+    for (std::size_t i = 0; i < n; ++i) strip.Put({x[i], y[i]});
     strip.End();
     return;
   }
@@ -66,20 +57,17 @@ void gksDrawLine(const GksState& gks, std::span<const float> x, std::span<const 
     const ClippedSegment part = CLIPSEG(window, {x[i], y[i]}, {x[i + 1], y[i + 1]});
     if (!part.visible || part.in != WindowEdge::none) strip.End();
     if (!part.visible) continue;
-    if (!strip.open) strip.Begin(part.from);
-    gksPutVertex(gks, part.to);
+    if (!strip.IsOpen()) strip.Put(part.from);
+    strip.Put(part.to);
     if (part.out != WindowEdge::none) strip.End();
   }
   strip.End();
 }
 
 void GPL(const GksState& gks, std::span<const float> x, std::span<const float> y) {
-  gksSetColour(gks, gks.attribute.polyline_colour);
-  gksSetLineStyle(gks.attribute.line_style, gks.attribute.line_width);
-  gksDrawLine(gks, x, y);
-  glDisable(GL_LINE_STIPPLE);
-  constexpr std::size_t kLong = 1000;  // points: the driver's threads draw it while the next curve is being made
-  if (x.size() >= kLong) glFlush();
+  const GksAttributes& a = gks.attribute;
+  const auto style = static_cast<std::size_t>(std::clamp(a.line_style, 0, static_cast<int>(kPatterns.size()) - 1));
+  gksDrawLine(gks, {gksColourOf(gks, a.polyline_colour), a.line_width, kPatterns[style]}, x, y);
 }
 
 }  // namespace zaview

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/window_system.h"
+#include "gks/kernel/gks_paint.h"
 
 namespace zaview {
 
@@ -39,10 +40,6 @@ struct GksAttributes {
   int align_x = 0, align_y = 0;
   int fill_style = 0;
   bool clip = true;
-};
-
-struct GksColour {
-  float red = 0, green = 0, blue = 0;
 };
 
 struct GksWindow {
@@ -89,9 +86,21 @@ struct GksHooks {
   void (*close_menus)(void* self) = nullptr;
 };
 
+// A window beside the main one, a menu for instance, and who handles it. A handler may open and close windows, its own
+// as well.
+struct GksSideWindow {
+  void* self = nullptr;
+  int id = 0, width = 0, height = 0;  // pixels, as the window system has them
+  void (*display)(void* self, const GksPaint& paint, int width, int height) = nullptr;
+  bool (*key)(void* self, int key) = nullptr;                     // false: it is one for the view in the main window
+  void (*mouse)(void* self, int button, int x, int y) = nullptr;  // pixels
+  void (*closed)(void* self) = nullptr;                           // by the user: it is gone
+};
+
 struct GksState {
   const Platform* platform = nullptr;  // whose window system was started, by gksReady
   bool environment_read = false;
+  GksPaint paint;  // of the picture that was begun last
   GksLevel level = GksLevel::closed;
   GksWindow window;
   std::array<GksTransform, kTransforms> transform{};
@@ -103,6 +112,7 @@ struct GksState {
   TextScreen screen;
   DumpOrder dump;
   GksHooks hooks;
+  std::vector<GksSideWindow> side_windows;
   unsigned modifiers = 0;  // keys held down at the event that is being handled
 };
 

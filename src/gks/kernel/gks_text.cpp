@@ -4,11 +4,9 @@
 #include <cstddef>
 #include <limits>
 
-#include <GL/gl.h>
-
 #include "gks/kernel/fonts.h"
 #include "gks/kernel/gks_draw.h"
-#include "gks/kernel/gks_paint.h"
+#include "gks/kernel/primitives.h"
 
 namespace zaview {
 
@@ -17,6 +15,8 @@ namespace {
 constexpr float kBitmapHeight = 1.33F;                            // of the font, for one pixel of character height
 constexpr float kStrokeCap = 119.05F, kStrokeDescender = 33.33F;  // units of the stroke font
 constexpr float kTextLine = 2.0F;
+constexpr float kThinBelow = 10.0F;  // pixels of a capital letter; smaller ones would run together
+constexpr float kRadians = 3.1415925F / 180.0F;
 constexpr float kTurned = 0.5F;  // of the up vector
 
 struct BitmapChoice {
@@ -122,43 +122,24 @@ TextBox MakeBox(const GksState& gks, std::string_view text) {
   return box;
 }
 
-void DrawBitmapText(GksPoint at, const TextBox& box, std::string_view text) {
-  // A start left of the picture would drop the whole text.
-  glRasterPos2f(std::max(at.x + box.along, 0.0F), at.y + box.down);
-  for (const char c : text) gksDrawChar(box.font, static_cast<unsigned char>(c));
-}
-
-void DrawStrokeText(GksPoint at, const TextBox& box, float rotation, std::string_view text) {
-  glPushMatrix();
-  glTranslatef(at.x, at.y, 0.0F);
-  glRotatef(rotation, 0.0F, 0.0F, 1.0F);
-  glTranslatef(box.along, box.down, 0.0F);
-  glScalef(box.scale, -box.scale, box.scale);
-  for (const char c : text) gksDrawChar(Font::stroke, static_cast<unsigned char>(c));
-  glPopMatrix();
-}
-
-GksPoint PixelPoint(const GksState& gks, GksPoint at) {
-  const GksPixel pixel = gksToPixel(gks, at);
-  return {static_cast<float>(pixel.x), static_cast<float>(pixel.y)};
-}
-
 }  // namespace
 
 void GTX(const GksState& gks, GksPoint at, std::string_view text) {
   if (gks.attribute.clip && !gksInside(gksSortedWindow(gks), at)) return;
-  gksSetColour(gks, gks.attribute.text_colour);
-  gksSetLineStyle(0, kTextLine);
+  const GksColour colour = gksColourOf(gks, gks.attribute.text_colour);
   const TextBox box = MakeBox(gks, text);
-  const GksPoint pixel = PixelPoint(gks, at);
-  if (gks.window.bitmap_font) DrawBitmapText(pixel, box, text);
-  else DrawStrokeText(pixel, box, gks.attribute.text_rotation, text);
+  const GksPoint pixel = gksPixelPoint(gks, at);
+  if (gks.window.bitmap_font) {  // a start left of the picture would lose the first letters
+    gksDrawBitmapText(gks.paint, colour, {std::max(pixel.x + box.along, 0.0F), pixel.y + box.down}, box.font, text);
+    return;
+  }
+  gksDrawStrokeText(gks.paint, {colour, box.cap < kThinBelow ? 1.0F : kTextLine},
+                    {pixel, gks.attribute.text_rotation * kRadians, box.scale, box.along, box.down}, text);
 }
 
 TextExtent GQTXX(const GksState& gks, GksPoint at, std::string_view text) {
-  constexpr float kRadians = 3.1415925F / 180.0F;
   const TextBox box = MakeBox(gks, text);
-  const GksPoint pixel = PixelPoint(gks, at);
+  const GksPoint pixel = gksPixelPoint(gks, at);
   const float turn = gks.window.bitmap_font ? 0.0F : gks.attribute.text_rotation * kRadians;
   const float cosine = std::cos(turn), sine = std::sin(turn);
   const auto world = [&](float along, float down) {

@@ -18,9 +18,6 @@ inline constexpr std::string_view kIllegalWindow = "glGKS: Illegal window in GSW
 [[nodiscard]] bool GSWKWN(GksState& gks, GksRectangle window);
 void GSWKVP(GksState& gks, GksRectangle viewport);
 
-struct GksPoint {
-  float x = 0, y = 0;
-};
 struct GksPixel {
   int x = 0, y = 0;
 };

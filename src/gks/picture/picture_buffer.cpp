@@ -1,8 +1,13 @@
 #define GL_GLEXT_PROTOTYPES
 #include "gks/picture/picture_buffer.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include <GL/gl.h>
 #include <GL/glext.h>
+
+#include "base/grow.h"
 
 namespace zaview {
 
@@ -51,6 +56,22 @@ bool ReadPictureBuffer(const PictureBuffer& picture, int width, int height, unsi
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, rgb);
   return glGetError() == GL_NO_ERROR;
+}
+
+bool MakeImage(PictureImage& image, int width, int height) {
+  if (image.width == width && image.height == height) return true;
+  image.width = image.height = 0;
+  image.rgb.clear();
+  if (!Grow(image.rgb, static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)) return false;
+  image.width = width;
+  image.height = height;
+  return true;
+}
+
+bool ReadImage(const PictureImage& image, int width, int height, unsigned char* rgb) {
+  if (width < 1 || height < 1 || width != image.width || height != image.height) return false;
+  std::copy(image.rgb.begin(), image.rgb.end(), rgb);
+  return true;
 }
 
 }  // namespace zaview

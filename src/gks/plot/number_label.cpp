@@ -1,6 +1,8 @@
 #include "gks/plot/number_label.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include <fmt/format.h>
 
@@ -33,7 +35,50 @@ std::string PowerOfTen(float v) {
   return fmt::format("{:.1f}E{:+d}", value / std::pow(10.0, e), e);
 }
 
+constexpr double kOff = 0.01;  // of a step, that a label may be
+constexpr int kMostDecimals = 9;
+constexpr std::size_t kPlain = 7;  // characters of a plain number that are nobody's trouble
+
+// Of the values over 10^power.
+int DecimalsFor(std::span<const float> values, double step, int power) {
+  for (int decimals = 0; decimals < kMostDecimals; ++decimals) {
+    const double unit = std::pow(10.0, power - decimals);
+    const auto is_close = [&](float value) {
+      const double v = static_cast<double>(value);
+      return std::abs(std::round(v / unit) * unit - v) <= kOff * step;
+    };
+    if (std::all_of(values.begin(), values.end(), is_close)) return decimals;
+  }
+  return kMostDecimals;
+}
+
+std::size_t LongestLabel(std::span<const float> values, AxisFormat format) {
+  std::size_t longest = 0;
+  for (const float value : values) longest = std::max(longest, dgAxisLabel(value, format).size());
+  return longest;
+}
+
 }  // namespace
+
+AxisFormat dgAxisFormat(std::span<const float> values, float step) {
+  const double unit = std::abs(static_cast<double>(step));
+  const AxisFormat plain = {DecimalsFor(values, unit, 0), 0};
+  double largest = 0.0;
+  for (const float value : values) largest = std::max(largest, std::abs(static_cast<double>(value)));
+  if (!(largest > 0.0) || !std::isfinite(largest)) return plain;
+  const int power = static_cast<int>(std::floor(std::log10(largest)));
+  const AxisFormat with_power = {DecimalsFor(values, unit, power), power};
+  const std::size_t length = LongestLabel(values, plain);
+  return power == 0 || length <= kPlain || length <= LongestLabel(values, with_power) ? plain : with_power;
+}
+
+std::string dgAxisLabel(float value, AxisFormat format) {
+  if (!std::isfinite(value)) return dgFormatNumber(value, 0);
+  std::string text = fmt::format("{:.{}f}", static_cast<double>(value) / std::pow(10.0, format.power), format.decimals);
+  const bool is_zero = text.find_first_of("123456789") == std::string::npos;
+  if (is_zero && text.front() == '-') text.erase(0, 1);
+  return format.power == 0 || is_zero ? text : fmt::format("{}E{:+d}", text, format.power);
+}
 
 std::string dgFormatNumber(float v, float c) {
   if (std::isnan(v)) return "NaN";

@@ -27,6 +27,19 @@ class SelectedTransform {
   int before_;
 };
 
+// All attributes are at the end what they were.
+class SavedAttributes {
+ public:
+  explicit SavedAttributes(GksState& gks) : gks_(gks), before_(gks.attribute) {}
+  ~SavedAttributes() { gks_.attribute = before_; }
+  SavedAttributes(const SavedAttributes&) = delete;
+  SavedAttributes& operator=(const SavedAttributes&) = delete;
+
+ private:
+  GksState& gks_;
+  GksAttributes before_;
+};
+
 // The text that is drawn: without blanks at its end and without one "$" or NUL behind that.
 [[nodiscard]] std::string_view PlotText(std::string_view text);
 

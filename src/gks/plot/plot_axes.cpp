@@ -34,6 +34,8 @@ constexpr float kMinorTick = 0.5F;                     // of a tick
 constexpr float kXLabelGap = 2.1F, kYLabelGap = 1.7F;  // ticks between the axis and its labels, the tick included
 constexpr float kXNameGap = 1.5F;                      // character heights between the axis and its name
 constexpr float kYNameGap = 0.25F;                     // from the labels
+constexpr float kLevelNameGap = 1.0F;                  // a level one, further
+constexpr float kTurnedNameGap = 0.4F;                 // one in other letters than the labels, further
 constexpr float kYNameTurned = 2.3F;                   // from the axis
 constexpr float kLabelSpace = 0.5F;                    // character heights that stay free between labels
 constexpr float kXNameSpace = 0.6F;                    // between the labels and the name
@@ -140,9 +142,17 @@ Ticks TicksOf(PlotDraw draw, const Axis& axis) {
   return LogTicks(axis, gksPixelsPerUnit(draw.gks).y);
 }
 
-std::string LabelOf(const Axis& axis, const Tick& tick) {
-  if (axis.log) return dgFormatNumber(static_cast<float>(std::pow(10.0, static_cast<double>(tick.value))), 0.0F);
-  return dgFormatNumber(tick.value, 0.01F * std::abs(axis.step));
+// Of the axis, or of each decade its own.
+std::vector<std::string> LabelTexts(const Axis& axis, const Ticks& majors) {
+  std::vector<std::string> out;
+  std::vector<float> values;
+  if (!Reserve(out, majors.size()) || !Reserve(values, majors.size())) return out;
+  for (const Tick& tick : majors)
+    values.push_back(axis.log ? static_cast<float>(std::pow(10.0, static_cast<double>(tick.value))) : tick.value);
+  const AxisFormat common = dgAxisFormat(values, axis.step);
+  for (const float& value : values)
+    out.push_back(dgAxisLabel(value, axis.log ? dgAxisFormat({&value, 1}, value) : common));
+  return out;
 }
 
 // ---- Drawing on the page
@@ -174,11 +184,14 @@ GksRectangle Around(const GksRectangle& a, const GksRectangle& b) {
 
 std::vector<Label> LabelsOf(PlotDraw draw, const Axis& axis, const Ticks& ticks, LabelRow row) {
   std::vector<Label> out;
-  if (!Reserve(out, ticks.size())) return out;
-  for (const Tick& tick : ticks) {
-    if (!tick.major) continue;
+  Ticks majors = ticks;
+  std::erase_if(majors, [](const Tick& tick) { return !tick.major; });
+  const std::vector<std::string> texts = LabelTexts(axis, majors);
+  if (!Reserve(out, texts.size())) return out;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const Tick& tick = majors[i];
     Label label;
-    label.text = Trim(LabelOf(axis, tick));
+    label.text = texts[i];
     label.at = row.upward ? GksPoint{row.across, tick.page} : GksPoint{tick.page, row.across};
     label.box = PlotTextBox(draw.gks, label.at, label.text);
     if (row.level) label.box.ymin += kDescender * (label.box.ymax - label.box.ymin);  // figures have none
@@ -236,24 +249,48 @@ GksRectangle DrawXAxis(PlotDraw draw) {
   return labels.empty() ? kNowhere : labels.front().box;
 }
 
+// Letters that turn, whatever the font is.
+class StrokeLetters {
+ public:
+  explicit StrokeLetters(GksState& gks) : gks_(gks), before_(std::exchange(gks.window.bitmap_font, false)) {}
+  ~StrokeLetters() { gks_.window.bitmap_font = before_; }
+  StrokeLetters(const StrokeLetters&) = delete;
+  StrokeLetters& operator=(const StrokeLetters&) = delete;
+
+ private:
+  GksState& gks_;
+  bool before_;
+};
+
+// Along the axis, as large as the page is high and the room beside the labels is wide, as far as it can be read then.
+void DrawTurnedName(PlotDraw draw, float right, float middle) {
+  constexpr float kSmallest = 0.6F, kEdge = 0.05F;  // of the size; page units that stay free
+  const PlotPage& page = draw.page;
+  const StrokeLetters letters(draw.gks);
+  GSCHUP(draw.gks, -1, 0);
+  GSTXAL(draw.gks, kCentre, kBottom);
+  GksRectangle box = PlotTextBox(draw.gks, {right, middle}, page.y_name);
+  const float room = std::min((right - kEdge) / (box.xmax - box.xmin), page.page_height / (box.ymax - box.ymin));
+  GSCHH(draw.gks, page.char_height * std::clamp(room, kSmallest, 1.0F));
+  box = PlotTextBox(draw.gks, {right, middle}, page.y_name);
+  const float low = std::min(middle, page.page_height - 0.5F * (box.ymax - box.ymin));
+  GTX(draw.gks, {right + std::max(kEdge - box.xmin, 0.0F), low}, page.y_name);
+  GSCHH(draw.gks, page.char_height);
+}
+
+// A bitmap font can't turn: its name stands level, and one that has no room beside the labels has drawn letters.
 void DrawYName(PlotDraw draw, const GksRectangle& labels) {
   const PlotPage& page = draw.page;
-  const bool bitmap = draw.gks.window.bitmap_font;
   const float middle = page.area_y + 0.5F * page.area_height;
   float right = labels.xmin - kYNameGap * page.char_height;
   if (page.y_name_turned) right = std::min(right, page.area_x - kYNameTurned * page.char_height);
-  GSCHUP(draw.gks, bitmap ? 0.0F : -1.0F, bitmap ? 1.0F : 0.0F);
-  GSTXAL(draw.gks, bitmap ? kRight : kCentre, bitmap ? kHalf : kBottom);
-  if (!bitmap || PlotTextBox(draw.gks, {right, middle}, page.y_name).xmin >= 0.0F) {
-    GTX(draw.gks, {right, middle}, page.y_name);
-    return;
-  }
-  // A bitmap font can't turn: a name that has no room beside the labels stands over the axis.
-  GSTXAL(draw.gks, kLeft, kBase);
-  GTX(draw.gks,
-      {std::max(labels.xmin, 0.0F),
-       std::max(labels.ymax, page.area_y + page.area_height) + kYNameGap * page.char_height},
-      page.y_name);
+  if (!draw.gks.window.bitmap_font) return DrawTurnedName(draw, right, middle);
+  GSCHUP(draw.gks, 0, 1);
+  GSTXAL(draw.gks, kRight, kHalf);
+  const float level = right - kLevelNameGap * page.char_height;  // in the same line as a label
+  if (PlotTextBox(draw.gks, {level, middle}, page.y_name).xmin < 0.0F)
+    DrawTurnedName(draw, right - kTurnedNameGap * page.char_height, middle);
+  else GTX(draw.gks, {level, middle}, page.y_name);
 }
 
 void DrawYAxis(PlotDraw draw, const GksRectangle& first_of_x) {
@@ -278,6 +315,7 @@ void DrawYAxis(PlotDraw draw, const GksRectangle& first_of_x) {
 void DrawAxes(PlotDraw draw) {
   const PlotPage& page = draw.page;
   const Console& console = draw.platform.console;
+  const SavedAttributes saved(draw.gks);
   GSCLIP(draw.gks, 0);
   GSPLCI(console, draw.gks, 1);
   GSTXCI(console, draw.gks, 1);
@@ -288,10 +326,8 @@ void DrawAxes(PlotDraw draw) {
   const float top = page.area_y + page.area_height, right = page.area_x + page.area_width;
   const std::array<float, 3> x = {page.area_x, page.area_x, right}, y = {top, page.area_y, page.area_y};
   GPL(draw.gks, x, y);
-  const int align_x = draw.gks.attribute.align_x, align_y = draw.gks.attribute.align_y;
   DrawYAxis(draw, DrawXAxis(draw));
   GSCHUP(draw.gks, 0, 1);
-  GSTXAL(draw.gks, align_x, align_y);
 }
 
 void DrawGraph(PlotDraw draw) {
@@ -373,11 +409,10 @@ void dgZeroLines(PlotDraw draw) {
     return std::min(axis.origin, axis.end) < 0.0F && std::max(axis.origin, axis.end) > 0.0F;
   };
   const SelectedTransform on_page(draw.gks, kPageTransform);
-  const int before = draw.gks.attribute.line_style + 1;
+  const SavedAttributes saved(draw.gks);
   GSLN(draw.gks, 3);
   if (inside(x)) Line(draw, ToPage(x, 0), page.area_y, ToPage(x, 0), page.area_y + page.area_height);
   if (!y.log && inside(y)) Line(draw, page.area_x, ToPage(y, 0), page.area_x + page.area_width, ToPage(y, 0));
-  GSLN(draw.gks, before);
 }
 
 void dgGrid(PlotDraw draw, int x_count, int y_count) {

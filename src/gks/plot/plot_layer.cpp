@@ -214,14 +214,13 @@ void dgHeading(PlotDraw draw, std::string_view text, float factor, int lines) {
   text = PlotText(text);
   if (text.empty() || !IsSize(factor)) return;
   const SelectedTransform on_page(draw.gks, kPageTransform);
-  const int align_x = draw.gks.attribute.align_x, align_y = draw.gks.attribute.align_y;
+  const SavedAttributes saved(draw.gks);
   GSTXCI(draw.platform.console, draw.gks, 1);
   GSCHUP(draw.gks, 0, 1);
   GSTXAL(draw.gks, kCentre, kBase);
   const float height = FittingHeight(draw, page.char_height * factor, text);
   const float above = HeadingBaseline(draw, height, text, lines, line);
   GTX(draw.gks, {page.area_x + 0.5F * page.area_width, page.area_y + page.area_height + above}, text);
-  GSTXAL(draw.gks, align_x, align_y);
 }
 
 void dgCharHeight(PlotDraw draw, float height) {
@@ -272,22 +271,20 @@ void dgMarkerScale(PlotDraw draw, float scale) {
 void dgText(PlotDraw draw, std::string_view text, float x, float y) {
   text = PlotText(text);
   if (text.empty()) return;
-  const int before = draw.gks.attribute.align_x;
+  const SavedAttributes saved(draw.gks);
   SetTextHeight(draw, draw.page.char_height);
   GSTXAL(draw.gks, kLeft, draw.gks.attribute.align_y);
   GTX(draw.gks, {x, y}, text);
-  GSTXAL(draw.gks, before, draw.gks.attribute.align_y);
 }
 
 void dgPageText(PlotDraw draw, std::string_view text, float x, float y, int align) {
   text = PlotText(text);
   if (text.empty()) return;
   const SelectedTransform page(draw.gks, kPageTransform);
-  const int before = draw.gks.attribute.align_x;
+  const SavedAttributes saved(draw.gks);
   GSCHH(draw.gks, draw.page.char_height);
   GSTXAL(draw.gks, align, draw.gks.attribute.align_y);
   GTX(draw.gks, {x, y}, text);
-  GSTXAL(draw.gks, before, draw.gks.attribute.align_y);
 }
 
 void dgAlign(PlotDraw draw, float fx, float fy) {

@@ -2,9 +2,11 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
+#include "base/grow.h"
 #include "base/message.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_transform.h"
@@ -107,11 +109,61 @@ void DumpSoon(GksState& gks) {
   else SetIdle(*gks.platform, gks, true);
 }
 
+// ---- Windows beside the main one
+
+GksSideWindow* FindSide(GksState& gks, int id) {
+  for (GksSideWindow& row : gks.side_windows)
+    if (row.id == id) return &row;
+  return nullptr;
+}
+
+void PostSide(GksState& gks, int id) {
+  if (FindSide(gks, id) != nullptr) Windows(gks).post_redisplay(Windows(gks).self, id);
+}
+
+void DisplaySide(GksState& gks, int id) {
+  const GksSideWindow* const row = FindSide(gks, id);
+  if (row == nullptr) return;
+  PictureImage* const image = Windows(gks).begin_image(Windows(gks).self, id);
+  if (image == nullptr) return;
+  row->display(row->self, ImagePaint(*image), row->width, row->height);
+  Windows(gks).present(Windows(gks).self, id);
+}
+
+// True: it was one for this window.
+bool KeyOfSide(GksState& gks, int id, int code, unsigned modifiers) {
+  const GksSideWindow* const row = FindSide(gks, id);
+  if (row == nullptr) return true;
+  gks.modifiers = modifiers;
+  const bool taken = row->key(row->self, code);
+  gks.modifiers = 0;
+  PostSide(gks, id);
+  return taken;
+}
+
+void MouseOfSide(GksState& gks, int id, int button, unsigned modifiers, int x, int y) {
+  const GksSideWindow* const row = FindSide(gks, id);
+  if (row == nullptr) return;
+  gks.modifiers = modifiers;
+  row->mouse(row->self, button, x, y);
+  gks.modifiers = 0;
+  PostSide(gks, id);
+}
+
+// The row is gone ahead of its handler, which may open the window anew.
+void CloseSide(GksState& gks, int id) {
+  const GksSideWindow* const found = FindSide(gks, id);
+  if (found == nullptr) return;
+  const GksSideWindow row = *found;
+  std::erase_if(gks.side_windows, [id](const GksSideWindow& side) { return side.id == id; });
+  row.closed(row.self);
+}
+
 // ---- What the window system calls
 
 void OnDisplay(void* self, int id, bool damaged) {
   GksState& gks = Of(self);
-  if (id != gks.window.id) return;
+  if (id != gks.window.id) return DisplaySide(gks, id);
   if (!gks.window.greeted) {
     Greet(gks);
     return;
@@ -128,7 +180,13 @@ void OnDisplay(void* self, int id, bool damaged) {
 
 void OnReshape(void* self, int id, int width, int height) {
   GksState& gks = Of(self);
-  if (id != gks.window.id || width < 1 || height < 1) return;
+  if (width < 1 || height < 1) return;
+  if (GksSideWindow* const row = FindSide(gks, id)) {
+    row->width = width;
+    row->height = height;
+    PostSide(gks, id);
+  }
+  if (id != gks.window.id) return;
   gks.window.width = width;
   gks.window.height = height;
   gks.window.resize_until = 0;
@@ -137,6 +195,7 @@ void OnReshape(void* self, int id, int width, int height) {
 
 void OnVisible(void* self, int id, bool on) {
   GksState& gks = Of(self);
+  if (on) PostSide(gks, id);
   if (id != gks.window.id) return;
   gks.window.visible = on;
   if (!on) return;
@@ -145,15 +204,16 @@ void OnVisible(void* self, int id, bool on) {
 }
 
 // Keys and clicks are meant for the picture at the window's size, as it is about to be drawn.
-void DrawIfStale(GksState& gks, int id) {
+void DrawIfStale(GksState& gks) {
   const GksWindow& window = gks.window;
-  if (window.force && window.shown && !window.hidden) OnDisplay(&gks, id, false);
+  if (window.force && window.shown && !window.hidden) OnDisplay(&gks, window.id, false);
 }
 
 void OnKey(void* self, int id, int code, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
-  if (id != gks.window.id || IsDumping(gks)) return;  // nobody is to come between a view and its picture
-  DrawIfStale(gks, id);
+  if (IsDumping(gks)) return;  // nobody is to come between a view and its picture
+  if (id != gks.window.id && KeyOfSide(gks, id, code, modifiers)) return;
+  DrawIfStale(gks);
   gks.modifiers = modifiers;
   gksKey(gks, code, x, y);
   gks.modifiers = 0;
@@ -162,8 +222,10 @@ void OnKey(void* self, int id, int code, unsigned modifiers, int x, int y) {
 
 void OnMouse(void* self, int id, int button, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
-  if (id != gks.window.id || IsDumping(gks) || gks.screen.mode != ScreenMode::plot) return;
-  DrawIfStale(gks, id);
+  if (IsDumping(gks)) return;
+  if (id != gks.window.id) return MouseOfSide(gks, id, button, modifiers, x, y);
+  if (gks.screen.mode != ScreenMode::plot) return;
+  DrawIfStale(gks);
   gks.modifiers = modifiers;
   const GksPoint world = gksToWorld(gks, x, y);
   gks.hooks.mouse(gks.hooks.self, button, world.x, world.y);
@@ -182,7 +244,8 @@ bool OpenWindow(GksState& gks) {
 // is drawn in there.
 void OnClosed(void* self, int id) {
   GksState& gks = Of(self);
-  if (id != gks.window.id || !OpenWindow(gks)) return;
+  if (id != gks.window.id) return CloseSide(gks, id);
+  if (!OpenWindow(gks)) return;
   gks.window.greeted = true;
   Hide(*gks.platform, gks);
   gks.dump.idle_count = 0;
@@ -307,6 +370,23 @@ void gksWindowHideNow(const Platform& platform, GksState& gks) {
   Hide(platform, gks);
   gks.window.force = true;
   gksPostRedisplay(platform, gks);
+}
+
+int gksOpenSideWindow(const Platform& platform, GksState& gks, std::string_view title, int x, int y,
+                      const GksSideWindow& row) {
+  const WindowSystem& windows = platform.window;
+  if (gks.window.id == 0 || windows.offscreen || !Reserve(gks.side_windows, gks.side_windows.size() + 1)) return 0;
+  const int id = windows.create_window(windows.self, std::string(title), x, y, row.width, row.height);
+  if (id == 0) return 0;
+  gks.side_windows.push_back(row);
+  gks.side_windows.back().id = id;
+  static_cast<void>(windows.set_current(windows.self, gks.window.id));
+  return id;
+}
+
+void gksCloseSideWindow(const Platform& platform, GksState& gks, int id) {
+  if (std::erase_if(gks.side_windows, [id](const GksSideWindow& row) { return row.id == id; }) > 0)
+    platform.window.destroy_window(platform.window.self, id);
 }
 
 void gksIdleOn(const Platform& platform, GksState& gks) {

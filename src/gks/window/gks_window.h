@@ -30,7 +30,13 @@ void glResizeWindow(const Platform& platform, GksState& gks, int width, int heig
 void gksPostRedisplay(const Platform& platform, const GksState& gks);
 void gksWindowShow(GksState& gks);                               // at the end of the next display
 void gksWindowHideNow(const Platform& platform, GksState& gks);  // menus too; one display is still to come
-void gksIdleOn(const Platform& platform, GksState& gks);         // both do nothing in dump-only mode
+// A window beside the main one, as large as its row says. The number it has, which the row of the state holds as well;
+// 0: there can't be any, for nobody sees them in memory.
+[[nodiscard]] int gksOpenSideWindow(const Platform& platform, GksState& gks, std::string_view title, int x, int y,
+                                    const GksSideWindow& row);
+void gksCloseSideWindow(const Platform& platform, GksState& gks, int id);
+
+void gksIdleOn(const Platform& platform, GksState& gks);  // both do nothing in dump-only mode
 void gksIdleOff(const Platform& platform, GksState& gks);
 
 struct GksModifiers {

@@ -7,13 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include <GL/gl.h>
 #include <fmt/format.h>
 
 #include "base/text.h"
 #include "gks/kernel/fonts.h"
 #include "gks/kernel/gks_control.h"
-#include "gks/kernel/gks_paint.h"
 #include "gks/kernel/gks_transform.h"
 #include "gks/window/gks_window.h"
 
@@ -40,36 +38,32 @@ int LinesPerPage(const GksState& gks) {
   return std::max(gks.window.height / kPitch - 1 - fallback, 1);
 }
 
-std::size_t Columns(const GksState& gks) {
-  constexpr int kCharWidth = 9;
-  return static_cast<std::size_t>(std::max(gks.window.width - 2 * kLeft, 0) / kCharWidth);
+bool Fits(const GksState& gks, std::string_view text) {
+  const bool bitmap = gks.window.bitmap_font;
+  float width = 0.0F;
+  for (const char c : text)
+    width += static_cast<float>(gksCharWidth(bitmap ? Font::fixed_9_15 : Font::stroke, static_cast<unsigned char>(c)));
+  return width * (bitmap ? 1.0F : kStrokeScale) <= static_cast<float>(gks.window.width - 2 * kLeft);
 }
 
 // ---- Drawing
 
-void DrawPiece(const GksState& gks, int x, int y, std::string_view text) {
-  if (gks.window.bitmap_font) {
-    glRasterPos2i(x, y);
-    for (const char c : text) gksDrawChar(Font::fixed_9_15, static_cast<unsigned char>(c));
-    return;
-  }
-  glPushMatrix();
-  glTranslatef(static_cast<float>(x), static_cast<float>(y), 0.0F);
-  glScalef(kStrokeScale, -kStrokeScale, kStrokeScale);
-  for (const char c : text) gksDrawChar(Font::stroke, static_cast<unsigned char>(c));
-  glPopMatrix();
+void DrawPiece(const GksState& gks, GksColour colour, int x, int y, std::string_view text) {
+  const GksPoint at{static_cast<float>(x), static_cast<float>(y)};
+  if (gks.window.bitmap_font) gksDrawBitmapText(gks.paint, colour, at, Font::fixed_9_15, text);
+  else gksDrawStrokeText(gks.paint, {colour}, {at, 0.0F, kStrokeScale, 0.0F, 0.0F}, text);
 }
 
 // A tab goes on from where the last one was, whatever the text between: columns of one width.
-void DrawLine(const GksState& gks, int y, std::string_view line) {
+void DrawLine(const GksState& gks, GksColour colour, int y, std::string_view line) {
   const int tab = gks.window.bitmap_font ? kBitmapTab : kStrokeTab;
   int x = kLeft;
   for (std::size_t end = line.find('\t'); end != std::string_view::npos; end = line.find('\t')) {
-    DrawPiece(gks, x, y, line.substr(0, end));
+    DrawPiece(gks, colour, x, y, line.substr(0, end));
     line.remove_prefix(end + 1);
     x += tab;
   }
-  DrawPiece(gks, x, y, line);
+  DrawPiece(gks, colour, x, y, line);
 }
 
 void TurnPage(GksState& gks, int pages) {
@@ -91,17 +85,18 @@ std::string InputLine(const GksState& gks) {
   const TextScreen& screen = gks.screen;
   const std::string_view between = screen.prompt.empty() || screen.typed.empty() ? "" : " ";
   std::string line = fmt::format("{}{}{}", screen.prompt, between, screen.typed);
-  const std::size_t columns = std::max(Columns(gks), std::size_t{1});
-  if (line.size() > columns) line.erase(0, line.size() - columns);
+  while (line.size() > 1 && !Fits(gks, line)) line.erase(0, 1);
   return line;
 }
 
 // Where a line has to be broken for a window of this width: at its last blank that fits. Its own end if it fits, or has
 // no such blank, or columns.
 std::size_t LineEnd(const GksState& gks, std::string_view line) {
-  const std::size_t columns = Columns(gks);
-  if (line.size() <= columns || line.find('\t') != std::string_view::npos) return line.size();
-  const std::size_t blank = line.rfind(' ', columns), begin = line.find_first_not_of(' ');
+  if (line.find('\t') != std::string_view::npos || Fits(gks, line)) return line.size();
+  std::size_t blank = line.rfind(' ');
+  while (blank != std::string_view::npos && blank > 0 && !Fits(gks, line.substr(0, blank)))
+    blank = line.rfind(' ', blank - 1);
+  const std::size_t begin = line.find_first_not_of(' ');
   return blank == std::string_view::npos || blank < begin || blank <= kFurtherIn.size() ? line.size() : blank;
 }
 
@@ -188,18 +183,13 @@ void gksScreenShow(const Platform& platform, GksState& gks) {
 void DrawTextScreen(const Platform& platform, GksState& gks) {
   gksOpenTo(gks, GksLevel::active);
   GCLRWK(gks);
-  gksSetLineStyle(0, 1.0F);
   const GksColour colour = gks.window.reverse_video ? GksColour{} : GksColour{1.0F, 1.0F, 1.0F};
-  glColor3f(colour.red, colour.green, colour.blue);
   TextScreen& screen = gks.screen;
   int y = FirstBaseline(gks, screen);
   for (int i = screen.first; i <= screen.last; ++i, y += kPitch)
-    DrawLine(gks, y, screen.lines[static_cast<std::size_t>(i)]);
-  DrawLine(gks, y, InputLine(gks));
-  if (screen.typed.empty()) {
-    glColor3f(kFallbackColour.red, kFallbackColour.green, kFallbackColour.blue);
-    DrawLine(gks, y + kPitch, screen.fallback);
-  }
+    DrawLine(gks, colour, y, screen.lines[static_cast<std::size_t>(i)]);
+  DrawLine(gks, colour, y, InputLine(gks));
+  if (screen.typed.empty()) DrawLine(gks, kFallbackColour, y + kPitch, screen.fallback);
   GUWK(platform.window, gks);
 }
 

@@ -19,7 +19,6 @@
 #include <GL/glext.h>
 #include <fmt/format.h>
 
-#include "base/grow.h"
 #include "base/message.h"
 #include "frame/ground/zaview_exit.h"
 #include "gks/picture/picture_buffer.h"
@@ -42,11 +41,13 @@ struct Row {
   int width = 0, height = 0;  // of the window; the picture follows at the next begin_picture
   bool pending = false;       // to be displayed
   bool hide_queued = false;
-  // Of the main window: its picture, or, where there can be none of that size, a copy of what was presented.
+  // Of the main window: its picture in memory, or one by OpenGL, or, where there can be none of that size, a copy of
+  // what was presented.
+  bool in_memory = false;
+  PictureImage image;
   PictureBuffer picture;
   int tried_width = 0, tried_height = 0;
-  std::vector<unsigned char> copy;
-  int copy_width = 0, copy_height = 0;
+  PictureImage copy;
 };
 
 struct GlutWindows {
@@ -270,14 +271,19 @@ void MakePicture(Row& row) {
 
 // What a window holds after a swap, nobody promises.
 void CopyPicture(Row& row, bool double_buffered) {
-  row.copy_width = row.copy_height = 0;
-  const std::size_t size = static_cast<std::size_t>(row.width) * static_cast<std::size_t>(row.height) * 3;
-  if (!Grow(row.copy, size)) return;
+  if (!MakeImage(row.copy, row.width, row.height)) return;
   glReadBuffer(double_buffered ? GL_BACK : GL_FRONT);
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  glReadPixels(0, 0, row.width, row.height, GL_RGB, GL_UNSIGNED_BYTE, row.copy.data());
-  row.copy_width = row.width;
-  row.copy_height = row.height;
+  glReadPixels(0, 0, row.width, row.height, GL_RGB, GL_UNSIGNED_BYTE, row.copy.rgb.data());
+}
+
+void BringToWindow(const PictureImage& image) {
+  glBindFramebuffer(GL_FRAMEBUFFER, 0);
+  glViewport(0, 0, image.width, image.height);
+  glDisable(GL_DEPTH_TEST);
+  glWindowPos2i(0, 0);
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+  glDrawPixels(image.width, image.height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
 }
 
 void BringToWindow(const PictureBuffer& picture) {
@@ -354,7 +360,7 @@ int CreateWindow(void* self, const std::string& title, int x, int y, int width, 
   row.height = height;
   int id = kMainWindow;
   while (Find(windows, id) != nullptr) ++id;
-  windows.rows.emplace(id, row);
+  windows.rows.emplace(id, std::move(row));
   glutDisplayFunc(OnDisplay);
   glutReshapeFunc(OnReshape);
   glutVisibilityFunc(OnVisible);
@@ -426,13 +432,24 @@ int SetCurrent(void* self, int id) {
   return before;
 }
 
-void BeginPicture(void* self, int id) {
+PictureImage* BeginImage(void* self, int id) {
   GlutWindows& windows = Of(self);
   Row* const row = Find(windows, id);
-  if (row == nullptr) return;
+  if (row == nullptr) return nullptr;
   if (glutGetWindow() != row->glut) glutSetWindow(row->glut);
+  row->in_memory = true;
+  return MakeImage(row->image, row->width, row->height) ? &row->image : nullptr;
+}
+
+bool BeginPicture(void* self, int id, std::string&) {
+  GlutWindows& windows = Of(self);
+  Row* const row = Find(windows, id);
+  if (row == nullptr) return false;
+  if (glutGetWindow() != row->glut) glutSetWindow(row->glut);
+  row->in_memory = false;
   if (id == kMainWindow) MakePicture(*row);
   glBindFramebuffer(GL_FRAMEBUFFER, row->picture.frame);  // 0: the window
+  return true;
 }
 
 void Present(void* self, int id) {
@@ -440,11 +457,12 @@ void Present(void* self, int id) {
   Row* const row = Find(windows, id);
   if (row == nullptr) return;
   const InWindow in(windows, *row);
-  if (row->picture.frame != 0) BringToWindow(row->picture);
+  if (row->in_memory) BringToWindow(row->image);
+  else if (row->picture.frame != 0) BringToWindow(row->picture);
   else if (id == kMainWindow) CopyPicture(*row, windows.double_buffered);
   if (windows.double_buffered) glutSwapBuffers();
   else glFlush();
-  glBindFramebuffer(GL_FRAMEBUFFER, row->picture.frame);
+  if (!row->in_memory) glBindFramebuffer(GL_FRAMEBUFFER, row->picture.frame);
 }
 
 bool ReadPicture(void* self, int width, int height, unsigned char* rgb) {
@@ -452,10 +470,9 @@ bool ReadPicture(void* self, int width, int height, unsigned char* rgb) {
   const Row* const row = Find(windows, kMainWindow);
   if (row == nullptr) return false;
   const InWindow in(windows, *row);
+  if (row->in_memory) return ReadImage(row->image, width, height, rgb);
   if (row->picture.frame != 0) return ReadPictureBuffer(row->picture, width, height, rgb);
-  if (width < 1 || height < 1 || width != row->copy_width || height != row->copy_height) return false;
-  std::copy(row->copy.begin(), row->copy.end(), rgb);
-  return true;
+  return ReadImage(row->copy, width, height, rgb);
 }
 
 void SetIdle(void*, bool on) {
@@ -494,6 +511,7 @@ WindowSystem GlutWindowSystem(const Platform& platform) {
   system.hide = Hide;
   system.reshape_window = ReshapeWindow;
   system.set_current = SetCurrent;
+  system.begin_image = BeginImage;
   system.begin_picture = BeginPicture;
   system.present = Present;
   system.read_picture = ReadPicture;

@@ -39,6 +39,8 @@ struct Row {
   bool shown = true;
   bool sized = true, uncovered = true;  // to be told by reshape and visible
   bool pending = true, damaged = true;
+  bool in_memory = true;  // the picture begun last is the image
+  PictureImage image;
   PictureBuffer picture;
 };
 
@@ -48,7 +50,7 @@ struct OffscreenWindows {
   EglCalls egl;
   EGLDisplay display = EGL_NO_DISPLAY;
   EGLContext context = EGL_NO_CONTEXT;
-  bool started = false;
+  bool started = false, has_opengl = false;
   WindowEvents events;
   std::map<int, Row> rows;
   std::deque<FedEvent> fed;
@@ -103,9 +105,15 @@ bool OpenContext(OffscreenWindows& windows) {
 
 // ---- The calls of the record
 
-bool Start(void* self, const WindowEvents& events, std::string& why) {
+bool Start(void* self, const WindowEvents& events, std::string&) {
   OffscreenWindows& windows = Of(self);
-  if (windows.started) return true;
+  if (!std::exchange(windows.started, true)) windows.events = events;
+  return true;
+}
+
+// The library and its driver cost more than most pictures: they wait for the first one that needs them.
+bool StartOpenGl(OffscreenWindows& windows, std::string& why) {
+  if (windows.has_opengl) return true;
   if (!OpenLibrary(windows.egl)) {
     why = kNoLibrary;
     return false;
@@ -114,8 +122,7 @@ bool Start(void* self, const WindowEvents& events, std::string& why) {
     why = kNoOpenGl;
     return false;
   }
-  windows.events = events;
-  windows.started = true;
+  windows.has_opengl = true;
   return true;
 }
 
@@ -127,7 +134,7 @@ int CreateWindow(void* self, const std::string&, int, int, int width, int height
   Row row;
   row.width = width;
   row.height = height;
-  windows.rows.emplace(id, row);
+  windows.rows.emplace(id, std::move(row));
   windows.current = id;
   return id;
 }
@@ -180,19 +187,31 @@ int SetCurrent(void* self, int id) {
   return before;
 }
 
-void BeginPicture(void* self, int id) {
+PictureImage* BeginImage(void* self, int id) {
   OffscreenWindows& windows = Of(self);
   Row* const row = Find(windows, id);
-  if (row == nullptr) return;
+  if (row == nullptr) return nullptr;
   windows.current = id;
+  row->in_memory = true;
+  return MakeImage(row->image, row->width, row->height) ? &row->image : nullptr;
+}
+
+bool BeginPicture(void* self, int id, std::string& why) {
+  OffscreenWindows& windows = Of(self);
+  Row* const row = Find(windows, id);
+  if (row == nullptr || !StartOpenGl(windows, why)) return false;
+  windows.current = id;
+  row->in_memory = false;
   PictureBuffer& picture = row->picture;
   if (picture.width != row->width || picture.height != row->height)
     static_cast<void>(MakePictureBuffer(picture, row->width, row->height));  // none: can't be read either
   glBindFramebuffer(GL_FRAMEBUFFER, picture.frame);
+  return true;
 }
 
-void Present(void*, int) {
-  glFlush();
+void Present(void* self, int id) {
+  const Row* const row = Find(Of(self), id);
+  if (row != nullptr && !row->in_memory) glFlush();
 }
 
 bool ReadMainPicture(void* self, int width, int height, unsigned char* rgb) {
@@ -284,7 +303,7 @@ OffscreenWindows* MakeOffscreenWindows() {
 void FreeOffscreenWindows(OffscreenWindows* windows) {
   if (windows == nullptr) return;
   for (auto& [id, row] : windows->rows) FreePictureBuffer(row.picture);
-  if (windows->started) {
+  if (windows->has_opengl) {
     // The display stays open: it is the same one for all of a process.
     static_cast<void>(windows->egl.make_current(windows->display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT));
     static_cast<void>(windows->egl.destroy_context(windows->display, windows->context));
@@ -304,6 +323,7 @@ WindowSystem OffscreenWindowSystem(OffscreenWindows* windows) {
   system.hide = Hide;
   system.reshape_window = ReshapeWindow;
   system.set_current = SetCurrent;
+  system.begin_image = BeginImage;
   system.begin_picture = BeginPicture;
   system.present = Present;
   system.read_picture = ReadMainPicture;
@@ -319,7 +339,9 @@ void FeedEvent(OffscreenWindows& windows, const FedEvent& event) {
 
 bool ReadOffscreenPicture(OffscreenWindows& windows, int id, int width, int height, unsigned char* rgb) {
   const Row* const row = Find(windows, id);
-  return row != nullptr && ReadPictureBuffer(row->picture, width, height, rgb);
+  if (row == nullptr) return false;
+  return row->in_memory ? ReadImage(row->image, width, height, rgb)
+                        : ReadPictureBuffer(row->picture, width, height, rgb);
 }
 
 bool IsOffscreenWindowShown(const OffscreenWindows& windows, int id) {

@@ -1,4 +1,5 @@
-// The window without a display: an EGL context (surfaceless) and a picture in memory. libEGL is opened on need.
+// The window without a display: pictures in memory, and, for the first that is drawn by OpenGL, an EGL context
+// (surfaceless), for which libEGL is opened then.
 #pragma once
 
 #include "base/platform.h"

@@ -21,7 +21,8 @@ namespace zaview {
 struct Box {
   int left = 1000000, right = -1, top = 1000000, bottom = -1;  // pixels, y down, ends included
   int count = 0;                                               // of lit pixels in it
-  double x = 0, y = 0;                                         // their centre
+  double x = 0, y = 0;                                         // their centre, by strength
+  double ink = 0;                                              // white of full strength: the area or length drawn
   [[nodiscard]] int width() const { return right - left + 1; }
   [[nodiscard]] int height() const { return bottom - top + 1; }
 };
@@ -32,6 +33,9 @@ inline void UseSoftwareDriver() {
   setenv("GALLIUM_DRIVER", "llvmpipe", 1);
 }
 
+enum class By : unsigned char { image, opengl };
+inline constexpr By kBoth[] = {By::image, By::opengl};
+
 // White on black, world units are pixels with y up, until a test says otherwise.
 struct Drawing {
   FakePlatform fake;
@@ -39,8 +43,9 @@ struct Drawing {
   Platform platform;
   GksState gks;
   std::vector<unsigned char> rgb;
+  By by;
 
-  Drawing(int width, int height) {
+  Drawing(int width, int height, By painter = By::image) : by(painter) {
     UseSoftwareDriver();
     platform = fake.Get();
     platform.window = OffscreenWindowSystem(windows);
@@ -58,7 +63,9 @@ struct Drawing {
 
   void Clear() {
     GCLKS(gks);
-    gksBeginPicture(platform.window, gks);
+    std::string why;
+    if (by == By::image) gksBeginPicture(platform.window, gks);
+    else EXPECT_TRUE(gksBeginScene(platform.window, gks, why)) << why;
     gksOpenTo(gks, GksLevel::active);
     const float w = static_cast<float>(gks.window.width), h = static_cast<float>(gks.window.height);
     GSWKVP(gks, {0, w, 0, h});
@@ -88,12 +95,15 @@ struct Drawing {
         box.right = std::max(box.right, x);
         box.top = std::min(box.top, y);
         box.bottom = std::max(box.bottom, y);
-        box.x += x;
-        box.y += y;
+        const unsigned apart = At(x, y) ^ paper;  // exact where either is black or white
+        const double strength = std::max({apart >> 16U, apart >> 8U & 0xFFU, apart & 0xFFU}) / 255.0;
+        box.x += x * strength;
+        box.y += y * strength;
+        box.ink += strength;
         ++box.count;
       }
     }
-    if (box.count > 0) box.x /= box.count, box.y /= box.count;
+    if (box.count > 0) box.x /= box.ink, box.y /= box.ink;
     return box;
   }
 };

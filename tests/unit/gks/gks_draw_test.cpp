@@ -17,15 +17,31 @@ TEST(Polyline, WidthAndStippleLightTheirShareOfPixels) {
     float scale;
     int lit;  // of a line of 160 pixels
   } cases[] = {{1, 1, 160}, {1, 0.2F, 160}, {1, 3, 480}, {2, 1, 80}, {3, 1, 20}, {4, 1, 70}, {5, 1, 20}, {6, 1, 160}};
-  Drawing d(200, 100);
+  for (const By by : kBoth) {
+    Drawing d(200, 100, by);
+    for (const auto& c : cases) {
+      d.Clear();
+      GSLN(d.gks, c.type);
+      GSLWSC(d.gks, c.scale);
+      d.Line({20, 180}, {40, 40});
+      const Box box = d.Lit();
+      EXPECT_NEAR(box.count, c.lit, c.lit / 50 + 1) << c.type << " " << c.scale;
+      EXPECT_NEAR(box.y, 60, 1);  // 100 - 40
+    }
+  }
+}
+
+// In memory a line covers its length times its width whatever its slope, in pixels of many strengths.
+TEST(Polyline, IsSmooth) {
+  const struct { float dx, dy, width; } cases[] = {{90, 40, 1}, {30, 70, 1}, {-90, 37, 2}, {50, -50, 3}};
   for (const auto& c : cases) {
-    d.Clear();
-    GSLN(d.gks, c.type);
-    GSLWSC(d.gks, c.scale);
-    d.Line({20, 180}, {40, 40});
+    Drawing d(200, 200);
+    GSLWSC(d.gks, c.width);
+    d.Line({100, 100 + c.dx / 2, 100 + c.dx}, {100, 100 + c.dy / 2, 100 + c.dy});
+    const double area = std::hypot(c.dx, c.dy) * c.width;
     const Box box = d.Lit();
-    EXPECT_NEAR(box.count, c.lit, c.lit / 50 + 1) << c.type << " " << c.scale;
-    EXPECT_NEAR(box.y, 60, 1);  // 100 - 40
+    EXPECT_NEAR(box.ink, area, 0.04 * area) << c.dx;
+    EXPECT_GT(box.count, 1.15 * box.ink) << c.dx;
   }
 }
 
@@ -53,7 +69,7 @@ TEST(Polyline, IsCutAtTheWindowOfItsTransformation) {
     box = d.Lit();
     EXPECT_NEAR(box.left, 50, 1);
     EXPECT_NEAR(box.right, 149, 1);
-    EXPECT_NEAR(box.count, 200, 8);  // nothing along the edge between the strips
+    EXPECT_NEAR(box.ink, 200, 8);  // nothing along the edge between the strips
 
     d.Clear();
     SelectGraph(d, window);
@@ -86,39 +102,59 @@ TEST(Fill, CoversItsAreaInsideTheWindow) {
       {{20, 30, 30}, {5, 2, 8}, 0},                                       // beside it
       {{-2, 5, 12, 5}, {5, 12, 5, -2}, 0.5 * 14 * 14 * 50 - 4 * 4 * 50},  // a diamond loses four tips of 2 by 4
   };
-  Drawing d(200, 100);
-  for (const auto& c : cases) {
-    for (const bool back : {false, true}) {
-      d.Clear();
-      SelectGraph(d, {0, 10, 0, 10});
-      std::vector<float> x = c.x, y = c.y;
-      if (back) std::reverse(x.begin(), x.end()), std::reverse(y.begin(), y.end());
-      d.Fill(x, y);
-      const Box box = d.Lit();
-      EXPECT_NEAR(box.count, c.area, c.area * 0.03) << c.x[0] << " " << back;
-      EXPECT_TRUE(box.count == 0 || (box.left >= 50 && box.right < 150 && box.top >= 25 && box.bottom < 75));
+  for (const By by : kBoth) {
+    Drawing d(200, 100, by);
+    for (const auto& c : cases) {
+      for (const bool back : {false, true}) {
+        d.Clear();
+        SelectGraph(d, {0, 10, 0, 10});
+        std::vector<float> x = c.x, y = c.y;
+        if (back) std::reverse(x.begin(), x.end()), std::reverse(y.begin(), y.end());
+        d.Fill(x, y);
+        const Box box = d.Lit();
+        EXPECT_NEAR(box.ink, c.area, c.area * 0.03) << c.x[0] << " " << back;
+        EXPECT_TRUE(box.count == 0 || (box.left >= 50 && box.right < 150 && box.top >= 25 && box.bottom < 75));
+      }
     }
   }
 }
 
+// In memory: a notch stays empty, whatever point is the first, and a polygon partly outside of the picture is cut.
+TEST(Fill, OfPolygonsThatAreNotConvex) {
+  Drawing d(200, 100);
+  GSCLIP(d.gks, 0);
+  std::vector<float> x = {50, 150, 150, 100, 50}, y = {10, 10, 90, 40, 90};
+  for (int first = 0; first < 5; ++first) {
+    d.Clear();
+    GSCLIP(d.gks, 0);
+    std::rotate(x.begin(), x.begin() + 1, x.end());
+    std::rotate(y.begin(), y.begin() + 1, y.end());
+    d.Fill(x, y);
+    EXPECT_NEAR(d.Lit().ink, 100 * 80 - 100 * 50 / 2, 40) << first;
+  }
+  d.Clear();
+  GSCLIP(d.gks, 0);
+  d.Fill({-50, 50, 50, -50}, {-60, -60, 20, 20});
+  EXPECT_NEAR(d.Lit().ink, 50 * 20, 10);
+}
+
 TEST(Marker, IsSquareInPixelsAndHasItsShape) {
-  constexpr double pi = std::numbers::pi, r = 20;
-  const double chord = 2 * r * std::sin(pi / 19);
+  constexpr double pi = std::numbers::pi, r = 20, root = std::numbers::sqrt2, wedge = 2 + 2 * 2.236068;
   const struct {
     int type;
-    double lit, down;  // lit pixels (lines: columns or rows gone through); centre below the marker's
+    double ink, down;  // length of the lines or area; centre below the marker's
   } cases[] = {
       {0, 8 * r, 0},
-      {1, 19 * chord * 0.9, 0},
-      {2, 2 * r + 4 * r, 6.667},
+      {1, 2 * pi * r, 0},
+      {2, wedge * r, 6.667},
       {3, 4 * r, 0},
-      {4, 4 * r, 0},
-      {5, 4 * r, 0},
-      {6, 2 * r + 4 * r, -6.667},
-      {7, 12 * r, 0},
-      {8, 8 * r, 0},
-      {9, 8 * r, 0},
-      {11, 12 * r, 0},
+      {4, 4 * root * r, 0},
+      {5, 4 * root * r, 0},
+      {6, wedge * r, -6.667},
+      {7, (8 + 4 * root) * r, 0},
+      {8, (4 + 4 * root) * r, 0},
+      {9, (4 + 4 * root) * r, 0},
+      {11, 2 * wedge * r, 0},
       {12, 8 * r, 0},
       {15, pi * r * r, 0},
       {16, 2 * r * r, r / 3},
@@ -136,11 +172,11 @@ TEST(Marker, IsSquareInPixelsAndHasItsShape) {
     GSMKSC(d.gks, 40);  // 100 * 40 / 200 = 20 pixels
     d.Marker(150, 50);
     const Box box = d.Lit();
-    EXPECT_NEAR(box.count, c.lit, c.lit * 0.06 + 4) << c.type;
+    EXPECT_NEAR(box.ink, c.ink, c.ink * 0.06 + 4) << c.type;
     EXPECT_NEAR(box.x, 150, 1.5) << c.type;
     EXPECT_NEAR(box.y, 50 + c.down, 1.5) << c.type;
-    EXPECT_NEAR(box.width(), c.type == 20 ? 1 : 40, 2) << c.type;
-    EXPECT_NEAR(box.height(), c.type == 19 ? 1 : 40, 2) << c.type;
+    EXPECT_NEAR(box.width(), c.type == 20 ? 1 : 41, 2) << c.type;
+    EXPECT_NEAR(box.height(), c.type == 19 ? 1 : 41, 2) << c.type;
   }
 }
 
@@ -178,17 +214,19 @@ TEST(Text, StandsByItsAlignmentInTheFontOfItsHeight) {
       {0, 1, 2, 2, 0, 3.3},    {0, 1, 1, 5, 16, -7.8}, {0, -1, 1, 1, -16, -7.8}, {1, 0, 1, 3, 0, 5.2},
       {1, 0, 2, 1, -16, -0.5}, {-1, 0, 1, 3, 0, -7.8}, {-1, 0, 2, 1, 16, -0.5},  {-1, 0, 3, 5, -16, 5.2},
   };
-  Drawing d(200, 100);
-  for (const auto& c : cases) {
-    d.Clear();
-    GSCHH(d.gks, 10);
-    GSCHUP(d.gks, c.up_x, c.up_y);
-    GSTXAL(d.gks, c.horizontal, c.vertical);
-    GTX(d.gks, {100, 50}, "HHHH");
-    const Box box = d.Lit();
-    EXPECT_NEAR((box.left + box.right) / 2.0, 100 + c.dx, 2) << c.up_x << c.up_y << c.horizontal << c.vertical;
-    EXPECT_NEAR((box.top + box.bottom) / 2.0, 50 + c.dy, 1.6) << c.up_x << c.up_y << c.horizontal << c.vertical;
-    EXPECT_NEAR(box.width(), 32, 3);
+  for (const By by : kBoth) {
+    Drawing d(200, 100, by);
+    for (const auto& c : cases) {
+      d.Clear();
+      GSCHH(d.gks, 10);
+      GSCHUP(d.gks, c.up_x, c.up_y);
+      GSTXAL(d.gks, c.horizontal, c.vertical);
+      GTX(d.gks, {100, 50}, "HHHH");
+      const Box box = d.Lit();
+      EXPECT_NEAR((box.left + box.right) / 2.0, 100 + c.dx, 2) << c.up_x << c.up_y << c.horizontal << c.vertical;
+      EXPECT_NEAR((box.top + box.bottom) / 2.0, 50 + c.dy, 1.6) << c.up_x << c.up_y << c.horizontal << c.vertical;
+      EXPECT_NEAR(box.width(), 32, 3);
+    }
   }
 }
 
@@ -257,6 +295,17 @@ TEST(Text, TurnsWithTheUpVectorInTheStrokeFont) {
   }
 }
 
+// At every size: a number without its point is another number.
+TEST(Text, ShowsThePointInTheStrokeFont) {
+  for (const float height : {3.0F, 5.0F, 7.0F, 12.0F, 40.0F}) {
+    Drawing d(200, 100);
+    d.gks.window.bitmap_font = false;
+    GSCHH(d.gks, height);
+    GTX(d.gks, {50, 50}, ".");
+    EXPECT_GT(d.Lit().ink, 0.6) << height;
+  }
+}
+
 TEST(Colours, EachPrimitiveHasItsOwnAndReverseVideoTurnsThem) {
   for (const bool reverse : {false, true}) {
     Drawing d(200, 100);
@@ -293,31 +342,6 @@ TEST(Colours, EachPrimitiveHasItsOwnAndReverseVideoTurnsThem) {
     EXPECT_GT(ink, 40);
     EXPECT_LT(ink, 400);
     EXPECT_EQ(d.At(199, 99), reverse ? 0xFFFFFFU : 0U);
-  }
-}
-
-// A letter of 60 pixels: the largest font of pixels has 24, drawn ones are as large as they are wanted.
-TEST(Text, PaperAndLettersAreThoseOfTheEnvironment) {
-  const struct {
-    const char *reverse, *bitmap;
-    unsigned paper, ink;
-    bool large;
-  } cases[] = {
-      {nullptr, nullptr, 0, 0xFFFFFF, false},
-      {"on", "on", 0xFFFFFF, 0, false},
-      {"OFF", "off", 0, 0xFFFFFF, true},
-      {"on", "no", 0xFFFFFF, 0, true},
-  };
-  for (const auto& c : cases) {
-    Drawing d(200, 150);
-    gksTakeEnvironment(d.platform.console, {c.reverse, c.bitmap, nullptr, nullptr}, d.gks);
-    d.Clear();
-    GSCHH(d.gks, 60);
-    GTX(d.gks, {20, 40}, "H");
-    const Box box = d.Lit();
-    EXPECT_EQ(d.At(0, 0), c.paper);
-    EXPECT_EQ(d.At(box.left, box.bottom), c.ink);
-    EXPECT_EQ(box.height() > 40, c.large) << box.height();
   }
 }
 

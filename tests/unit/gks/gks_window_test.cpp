@@ -182,5 +182,41 @@ TEST(GksWindow, RestsWhileItIsCoveredButNeverAheadOfAFile) {
   EXPECT_NE(v.fake.Bytes("x.png"), "(no file)");
 }
 
+// A menu beside the view: each gets its own events, and the view the keys that the menu has no use for.
+TEST(GksWindow, SideWindowsHaveHandlersOfTheirOwn) {
+  ViewWindow v;
+  GksSideWindow row;
+  row.self = &v;
+  row.width = 60;
+  row.height = 40;
+  row.display = [](void* self, const GksPaint& paint, int width, int height) {
+    paint.clear(paint.self, {1, 0, 0});
+    ViewWindow::Of(self).Tell("menu {}x{}", width, height);
+  };
+  row.key = [](void* self, int key) {
+    ViewWindow& view = ViewWindow::Of(self);
+    if (key == 'x') view.Tell("menu key{}", view.Held());
+    if (key == 'k') gksCloseSideWindow(view.platform, view.gks, 2);
+    return key == 'x' || key == 'k';
+  };
+  row.mouse = [](void* self, int button, int x, int y) { ViewWindow::Of(self).Tell("click {} {} {}", button, x, y); };
+  row.closed = [](void* self) { ViewWindow::Of(self).Tell("closed"); };
+  EXPECT_EQ(gksOpenSideWindow(v.platform, v.gks, "menu", 0, 0, row), 0);  // ahead of the main window
+  v.Run({});
+  EXPECT_EQ(gksOpenSideWindow(v.platform, v.gks, "menu", 0, 0, row), 2);
+  EXPECT_EQ(v.Run({}), "menu 60x40; ");
+  EXPECT_EQ(
+      v.Run({{key, 2, 'x', kAltKey}, {key, 2, 'z', kShiftKey}, {mouse, 2, 1, 0, 5, 6}}),
+      "menu key alt; menu 60x40; key 122 at 0.00 1.00 shift; draw 500x400; menu 60x40; click 1 5 6; menu 60x40; ");
+  EXPECT_EQ(v.Run({{reshape, 2, 0, 0, 30, 20}, {mouse, 1, 3, 0, 0, 0}}), "menu 30x20; mouse 3 at 0.00 1.00; ");
+  std::vector<unsigned char> rgb(30 * 20 * 3);
+  EXPECT_TRUE(ReadOffscreenPicture(*v.windows, 2, 30, 20, rgb.data()));
+  EXPECT_EQ(rgb[0], 255);
+  EXPECT_EQ(v.Run({{close, 2}, {key, 2, 'x'}}), "closed; ");
+  EXPECT_EQ(gksOpenSideWindow(v.platform, v.gks, "menu", 0, 0, row), 2);
+  EXPECT_EQ(v.Run({{key, 2, 'k'}, {key, 2, 'x'}}), "menu 60x40; ");
+  EXPECT_TRUE(v.gks.side_windows.empty());
+}
+
 }  // namespace
 }  // namespace zaview

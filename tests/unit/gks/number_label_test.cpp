@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -53,6 +55,33 @@ TEST(NumberLabel, FitsFiveCharacters) {
       const std::string text = dgFormatNumber(v, 0);
       EXPECT_TRUE(text.size() <= 5 || text.find('E') != std::string::npos) << v << ' ' << text;
     }
+}
+
+// From the first value on, by the step: the labels of an axis have the same decimals, and no two are equal.
+TEST(NumberLabel, OfAnAxis) {
+  const struct {
+    std::vector<float> values;
+    float step;
+    const char* want;
+  } cases[] = {
+      {{-1001, -1000.5F, -1000, -999.5F, -999}, 0.5F, "-1001.0 -1000.5 -1000.0 -999.5 -999.0"},
+      {{19.075F, 19.1F, 19.125F, 19.15F}, 0.025F, "19.075 19.100 19.125 19.150"},
+      {{0, 2.5F, 5, 7.5F}, 2.5F, "0.0 2.5 5.0 7.5"},
+      {{0, 7.5F, 15, 22.5F}, -7.5F, "0.0 7.5 15.0 22.5"},
+      {{0, 20, 40, 59.75F}, 20, "0.0 20.0 40.0 59.8"},  // off by less than 1/100 of the step
+      {{-5.25e7F, -5e7F, 0, 2.5e6F}, 2.5e6F, "-5.25E+7 -5.00E+7 0.00 0.25E+7"},
+      {{0, 50000, 100000}, 50000, "0 50000 100000"},
+      {{-0.0005F, -0.00025F, 0, 0.00025F}, 0.00025F, "-5.0E-4 -2.5E-4 0.0 2.5E-4"},
+      {{0, 0.001F, 0.002F}, 0.001F, "0.000 0.001 0.002"},
+      {{-0.1F, -1e-9F, 0.1F}, 0.1F, "-0.1 0.0 0.1"},
+      {{0}, 1, "0"},
+  };
+  for (const auto& c : cases) {
+    const AxisFormat format = dgAxisFormat(c.values, c.step);
+    std::string got;
+    for (const float value : c.values) got += (got.empty() ? "" : " ") + dgAxisLabel(value, format);
+    EXPECT_EQ(got, c.want);
+  }
 }
 
 }  // namespace

@@ -113,6 +113,32 @@ TEST(PlotPage, AxesAndLabels) {
   EXPECT_EQ(plot.Spans(2.2F, 2.22F, 1), 101);  // ticks
 }
 
+// The y name stands clear of the labels, inside the page, and never above the axis, where headings are.
+TEST(PlotPage, NameOfTheYAxis) {
+  for (const int width : {400, 550, 1100})
+    for (const char* name : {"y", "N/Ntot", "Vertical bending moment at x = 27.5, Nm"}) {
+      SCOPED_TRACE(testing::Message() << width << name);
+      Plot plot(width, width * 17 / 22);
+      dgArea(plot.draw, 8, 5.5F);
+      dgYName(plot.draw, name);
+      dgGraf(plot.draw, 0, 0, 1, 0, 0.04F, 0.12F);
+      const Box both = plot.Lit();
+      EXPECT_GE(both.left, 0);
+      EXPECT_LT(8.5F * plot.Unit() - static_cast<float>(both.top), 7.9F * plot.Unit());  // the area ends at 7.75
+      Plot bare(width, width * 17 / 22);
+      dgArea(bare.draw, 8, 5.5F);
+      dgYName(bare.draw, " ");
+      dgGraf(bare.draw, 0, 0, 1, 0, 0.04F, 0.12F);
+      const Box labels = bare.Lit();
+      EXPECT_LT(both.left, labels.left);
+      int dark = 0;  // columns left of the labels
+      while (dark < labels.left && plot.LitIn(static_cast<float>(labels.left - dark - 1) / plot.Unit() + 0.001F, 1,
+                                              static_cast<float>(labels.left - dark) / plot.Unit() + 0.001F, 8) == 0)
+        ++dark;
+      EXPECT_GT(dark, 1);
+    }
+}
+
 TEST(PlotPage, HeightWithoutBounds) {  // comes back, whatever it draws
   Plot plot;
   dgCharHeight(plot.draw, 3e38F);
@@ -194,7 +220,7 @@ TEST(PlotPage, Arrows) {  // width of the head over the arrow's length, from the
     Plot plot;
     dgArrow(plot.draw, 2, 4, 6, 4, c.code);
     const Box box = plot.Lit();
-    EXPECT_NEAR(box.height(), c.width * 200, 2) << c.code;
+    EXPECT_NEAR(box.height(), c.width * 200 + 1, 2) << c.code;
     EXPECT_NEAR(box.width(), 200, 2) << c.code;
   }
   Plot plot;  // the same head in a graph with other scales, clipped by it

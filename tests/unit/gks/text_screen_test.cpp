@@ -78,6 +78,16 @@ TEST(TextScreen, BreaksLongLinesAtBlanks) {
   EXPECT_EQ(d.gks.screen.lines, lines);
 }
 
+// Drawn letters are of many widths, most wider than those of pixels: no line runs off the edge.
+TEST(TextScreen, BreaksLinesOfDrawnLetters) {
+  Drawing d(300, 200);
+  d.gks.window.bitmap_font = false;
+  for (int i = 0; i < 4; ++i) gksScreenLine(d.gks, "MMMM WWWW MMMM WWWW MMMM WWWW mmmm", i);
+  gksScreenShow(d.platform, d.gks);
+  DrawTextScreen(d.platform, d.gks);
+  EXPECT_LT(d.Lit().right, 292);
+}
+
 // 170 pixels: 9 lines a page.
 TEST(TextScreen, PagesAheadOfTheAnswer) {
   const struct {

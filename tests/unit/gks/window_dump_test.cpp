@@ -74,14 +74,16 @@ TEST(PictureFile, ReadsBackAsItWas) {
   }
 }
 
-TEST(PictureFile, KeepsManyColoursNearInAGif) {
+TEST(PictureFile, KeepsManyColoursExactlyOrNearInAGif) {
   Bytes rgb;
   for (int i = 0; i < 64 * 64; ++i)
     for (const int value : {i % 64 * 4, i / 64 * 4, 128}) rgb.push_back(static_cast<unsigned char>(value));
   FakePlatform fake;
   ASSERT_TRUE(WritePicture(fake.Get(), "p", PictureFormat::gif, 64, 64, rgb));
+  ASSERT_TRUE(WritePicture(fake.Get(), "q", PictureFormat::png, 64, 64, rgb));
   int w = 0, h = 0;
   const Bytes read = FromGd(fake.Bytes("p"), true, w, h), wanted = Upside(rgb, 64);
+  EXPECT_EQ(FromPng(fake.Bytes("q"), w, h), wanted);
   ASSERT_EQ(read.size(), wanted.size());
   double off = 0;
   for (std::size_t i = 0; i < read.size(); ++i) off += std::abs(read[i] - wanted[i]);

@@ -97,25 +97,33 @@ TEST(OffscreenWindow, TellsWhatIsPendingThenWhatIsFedThenIdle) {
 }
 
 TEST(OffscreenWindow, PictureHasTheSizeOfTheWindowWhenItWasBegun) {
-  Watcher w;
-  std::vector<unsigned char> rgb(40 * 40 * 3, 7);
-  const auto can_read = [&](int width, int height) {
-    return w.system.read_picture(w.system.self, width, height, rgb.data());
-  };
-  EXPECT_EQ(w.system.create_window(w.system.self, "none", 0, 0, 0, 10), 0);
-  EXPECT_EQ(w.system.create_window(w.system.self, "main", 0, 0, 20, 10), 1);
-  EXPECT_FALSE(can_read(20, 10));
-  w.system.begin_picture(w.system.self, 1);
-  EXPECT_TRUE(can_read(20, 10));
-  EXPECT_EQ(rgb[0] + rgb[20 * 10 * 3 - 1], 0);
-  EXPECT_EQ(rgb[20 * 10 * 3], 7);
-  w.system.reshape_window(w.system.self, 1, 40, 30);
-  EXPECT_FALSE(can_read(40, 30));
-  w.system.begin_picture(w.system.self, 1);
-  EXPECT_TRUE(can_read(40, 30));
-  w.system.reshape_window(w.system.self, 1, 1 << 20, 1 << 20);  // more than can be drawn
-  w.system.begin_picture(w.system.self, 1);
-  EXPECT_FALSE(can_read(1 << 20, 1));
+  for (const bool by_opengl : {false, true}) {
+    Watcher w;
+    std::vector<unsigned char> rgb(40 * 40 * 3, 7);
+    std::string why;
+    const auto begin = [&] {
+      return by_opengl ? w.system.begin_picture(w.system.self, 1, why)
+                       : w.system.begin_image(w.system.self, 1) != nullptr;
+    };
+    const auto can_read = [&](int width, int height) {
+      return w.system.read_picture(w.system.self, width, height, rgb.data());
+    };
+    EXPECT_FALSE(begin());
+    EXPECT_EQ(w.system.create_window(w.system.self, "none", 0, 0, 0, 10), 0);
+    EXPECT_EQ(w.system.create_window(w.system.self, "main", 0, 0, 20, 10), 1);
+    EXPECT_FALSE(can_read(20, 10));
+    EXPECT_TRUE(begin()) << why;
+    EXPECT_TRUE(can_read(20, 10));
+    EXPECT_EQ(rgb[0] + rgb[20 * 10 * 3 - 1], 0);
+    EXPECT_EQ(rgb[20 * 10 * 3], 7);
+    w.system.reshape_window(w.system.self, 1, 40, 30);
+    EXPECT_FALSE(can_read(40, 30));
+    EXPECT_TRUE(begin());
+    EXPECT_TRUE(can_read(40, 30));
+    w.system.reshape_window(w.system.self, 1, 1 << 30, 1 << 30);  // more than can be drawn
+    EXPECT_EQ(begin(), by_opengl);
+    EXPECT_FALSE(can_read(1 << 30, 1));
+  }
 }
 
 }  // namespace

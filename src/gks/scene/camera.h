@@ -1,0 +1,35 @@
+// The eye of a view of bodies, shared by all such views. Axes of the scene: x ahead, y to port, z up; degrees at the
+// border, lengths in the unit of the scene. Pure.
+#pragma once
+
+namespace zaview {
+
+struct ScenePoint {
+  double x = 0, y = 0, z = 0;
+};
+
+struct Camera {            // data only
+  ScenePoint centre;       // what it looks at
+  double azimuth = 45;     // degrees; 0: the eye is ahead, 90: to port
+  double elevation = 30;   // degrees up from the horizontal, -90 to 90
+  double view_width = 30;  // degrees, the full vertical angle; below 1 drawn as 1
+  double view_radius = 0;  // from the centre to the eye; 0: so that all is seen
+  bool perspective = true;
+};
+
+struct CameraAxes {  // unit vectors, whole at elevations of 90 and -90 too
+  ScenePoint right, up, into;
+};
+[[nodiscard]] CameraAxes AxesOf(const Camera& camera);
+
+// The radius from which everything within `reach` of the centre is in a picture of that size.
+[[nodiscard]] double FittingRadius(const Camera& camera, double reach, int width, int height);
+
+struct PicturePoint {
+  double x = 0, y = 0;  // pixels from the upper left corner
+  double scale = 1;     // over that at the centre; not above 0: behind the eye, x and y tell nothing
+};
+// camera.view_radius is above 0.
+[[nodiscard]] PicturePoint ToPicture(const Camera& camera, ScenePoint point, int width, int height);
+
+}  // namespace zaview
