@@ -121,9 +121,11 @@ TableFault TableFaultOf(PlotFault fault) {
   return TableFault::said;
 }
 
-TableFault TakeRecord(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                      std::string_view too_many_skipped, std::string_view no_memory, CaseStore& case_store,
-                      StatRecord& record) {
+TableFault TakeRecord(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped,
+                      std::string_view no_memory, StatRecord& record) {
+  const Console& console = work.console();
+  const OutputSettings& settings = work.settings;
+  CaseStore& case_store = work.current();
   const TableFault fault = TableFaultOf(SetPlotData(console, settings, request, case_store, record.data));
   if (fault == TableFault::no_memory) {
     SayLine(console, no_memory);

@@ -29,9 +29,8 @@ struct StatRecord {
 [[nodiscard]] TableFault TableFaultOf(PlotFault fault);
 
 // Fills a record of at least one point. The two texts are said where no point is left, or memory is out.
-[[nodiscard]] TableFault TakeRecord(const Console& console, const OutputSettings& settings,
-                                    const QuantityRequest& request, std::string_view too_many_skipped,
-                                    std::string_view no_memory, CaseStore& case_store, StatRecord& record);
+[[nodiscard]] TableFault TakeRecord(const StatWork& work, const QuantityRequest& request,
+                                    std::string_view too_many_skipped, std::string_view no_memory, StatRecord& record);
 
 // All that statistics 1 to 14 and 18 to 24 are made of, in the unit of the record.
 struct RecordValues {

@@ -22,9 +22,8 @@ Written Write(const Wanted& w) {
   request.quantity.iqnt = w.iqnt;
   request.quantity.curve = w.curve;
   request.text = w.text;
-  return WriteWorked([&](const Platform& platform, CaseStore& c,
-                         OutputFile& out) { return WRSTAT(platform, w.settings, request, c, out); },
-                     w.c, w.name, w.before);
+  return WriteWorked([&](const StatWork& work, OutputFile& out) { return WRSTAT(work, request, out); }, w.c, w.settings,
+                     w.name, w.before);
 }
 
 // With g, L, rho, the angle factor 8, 2, 10, 50: a = 1, ka = 16, we = (0.8 + 0.25 0.64) 2 = 1.92.
