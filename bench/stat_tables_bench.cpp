@@ -49,10 +49,14 @@ void Run(benchmark::State& state, std::size_t n, const Write& write) {
   std::size_t bytes = 0;
   Platform platform;
   platform.console = Counter(bytes);
+  const OutputSettings settings;
+  EnsembleStore none;
+  StatisticsState kept;
+  const StatWork work{platform, settings, {c, none}, kept};
   for (auto _ : state) {
     OutputFile out;
     out.platform = &platform;
-    if (write(platform.console, c, out) != TableFault::none || bytes == 0) std::abort();
+    if (write(work, out) != TableFault::none || bytes == 0) std::abort();
   }
 }
 
@@ -64,27 +68,24 @@ StatRequest RequestOf(std::string_view word, int curve) {
 }
 
 void Statistics(benchmark::State& state, const char* word, int curve) {
-  Run(state, 200'000, [&](const Console& console, CaseStore& c, OutputFile& out) {
-    return WRSTAT(console, {}, RequestOf(word, curve), c, out);
-  });
+  Run(state, 200'000, [&](const StatWork& work, OutputFile& out) { return WRSTAT(work, RequestOf(word, curve), out); });
 }
 BENCHMARK_CAPTURE(Statistics, table_of_one_curve, "TABLE", 3)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(Statistics, table_of_six_curves, "TABLE", 0)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(Statistics, mean, "MEAN", 3)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void Intervals(benchmark::State& state, const char* word) {
-  Run(state, 200'000, [&](const Console& console, CaseStore& c, OutputFile& out) {
-    return WriteIntervals(console, {}, RequestOf(word, 3), c, out);
-  });
+  Run(state, 200'000,
+      [&](const StatWork& work, OutputFile& out) { return WriteIntervals(work, RequestOf(word, 3), out); });
 }
 BENCHMARK_CAPTURE(Intervals, table_of_one_curve, "TABLE_CI")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(Intervals, significant_amplitude, "SIG_CI")->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void Autocorrelation(benchmark::State& state) {
-  Run(state, 20'000, [&](const Console& console, CaseStore& c, OutputFile& out) {
+  Run(state, 20'000, [&](const StatWork& work, OutputFile& out) {
     QuantityRequest request;
     request.curve = 3;
-    return WriteAutocorrelation(console, {}, request, c, out);
+    return WriteAutocorrelation(work, request, out);
   });
 }
 BENCHMARK(Autocorrelation)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -7,7 +7,6 @@
 #include "base/text.h"
 #include "frame/ground/prompts.h"
 #include "frame/quantity_menu.h"
-#include "script/ensemble_cases.h"
 #include "stats/tables/ensemble_dialogues.h"
 #include "views/state/start_plot.h"
 
@@ -144,7 +143,8 @@ void MenuAutocorrelation(Session& session, int option) {
   PlotRequest wanted{.kind = PlotKind::autocorrelation, .of_ensemble = ensemble};
   const QuantityTask task = ensemble ? QuantityTask::ensemble_autocorrelation : QuantityTask::autocorrelation;
   if (!AskQuantity(session, task, wanted.quantity)) return;
-  const EnsembleDialogue dialogue{session.platform, session.output, CasesOf(session), session.statistics};
+  const StatDialogue dialogue{
+      session.platform, session.output, {session.case_store, session.ensemble}, session.statistics};
   if (AskAutocorrelationFile(dialogue, wanted.quantity)) Start(session, wanted, option);
 }
 

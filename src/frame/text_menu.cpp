@@ -80,7 +80,7 @@ bool SeveralRecords(const Session& s) {
 
 // ---- What an option does
 
-EnsembleDialogue DialogueOf(Session& s) {
+StatDialogue DialogueOf(Session& s) {
   return {s.platform, s.output, {s.case_store, s.ensemble}, s.statistics};
 }
 
@@ -101,14 +101,13 @@ void WriteHistory(Session& s) {
 }
 
 void WriteStatistics(Session& s) {
-  WithQuantity(s, QuantityTask::statistics, [&s](const QuantityRequest& request) {
-    AskStatisticsFile(s.platform, s.output, request, s.case_store);
-  });
+  WithQuantity(s, QuantityTask::statistics,
+               [&s](const QuantityRequest& request) { AskStatisticsFile(DialogueOf(s), request); });
 }
 
 void WriteIntervalTable(Session& s) {
   WithQuantity(s, QuantityTask::intervals,
-               [&s](const QuantityRequest& request) { AskIntervalFile(s.platform, s.output, request, s.case_store); });
+               [&s](const QuantityRequest& request) { AskIntervalFile(DialogueOf(s), request); });
 }
 
 void ReadNewFile(Session& s) {
@@ -168,8 +167,8 @@ void Rates(Session& s) {
   if (select_option(s.platform.console, "Upcrossings and exceedances:", "Select =>", kItems, -1, item) != Answer::ok ||
       item == 0)
     return;
-  constexpr void (*kAsk[])(const EnsembleDialogue&, const QuantityRequest&) = {nullptr, AskUpcrossings, AskExceedances,
-                                                                               AskBlockExceedances};
+  constexpr void (*kAsk[])(const StatDialogue&, const QuantityRequest&) = {nullptr, AskUpcrossings, AskExceedances,
+                                                                           AskBlockExceedances};
   const auto ask = kAsk[item];
   WithQuantity(s, QuantityTask::rates, [&s, ask](const QuantityRequest& request) { ask(DialogueOf(s), request); });
 }

@@ -5,7 +5,6 @@
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "script/command_table.h"
-#include "script/ensemble_cases.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
 #include "script/plot_commands.h"
@@ -13,6 +12,7 @@
 #include "script/selectors.h"
 #include "script/statistic_word.h"
 #include "stats/tables/ensemble_table.h"
+#include "views/state/stat_work.h"
 
 namespace zaview {
 
@@ -22,8 +22,7 @@ int WriteEnsemble(ScriptCall& call, const StatRequest& request, const Selector& 
   Session& session = call.session;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault =
-      EnsembleStat(call.console(), session.output, request, CasesOf(session), session.statistics, output.file);
+  const TableFault fault = EnsembleStat(WorkOf(session), request, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid), done);
 }
 
@@ -57,8 +56,7 @@ int RunEnsembleAutocorrelation(ScriptCall& call) {
   if (plot) return HandOverPlot(call, {.kind = PlotKind::autocorrelation, .quantity = request, .of_ensemble = true});
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = EnsembleAutoCorrelation(call.console(), session.output, request, dependence_only,
-                                                   CasesOf(session), session.statistics, output.file);
+  const TableFault fault = EnsembleAutoCorrelation(WorkOf(session), request, dependence_only, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
                       dependence_only ? "Dependence time written to" : "Ensemble averaged autocorrelation written to");
 }

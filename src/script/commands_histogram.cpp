@@ -6,13 +6,13 @@
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "script/command_table.h"
-#include "script/ensemble_cases.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
 #include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/setting_words.h"
 #include "stats/tables/histogram_table.h"
+#include "views/state/stat_work.h"
 
 namespace zaview {
 
@@ -73,8 +73,7 @@ int RunWriteHistogram(ScriptCall& call) {
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = WriteHistogram(call.console(), session.output, request, of_ensemble, CasesOf(session),
-                                          session.statistics, output.file);
+  const TableFault fault = WriteHistogram(WorkOf(session), request, of_ensemble, output.file);
   const std::string done = fmt::format("Histogram of {} written to", QuantityLabel(session.case_store, request.iqnt));
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid), done);
 }

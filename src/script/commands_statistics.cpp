@@ -11,6 +11,7 @@
 #include "stats/tables/autocorrelation_table.h"
 #include "stats/tables/interval_table.h"
 #include "stats/tables/stat_table.h"
+#include "views/state/stat_work.h"
 
 namespace zaview {
 
@@ -28,10 +29,8 @@ int RunWriteStat(ScriptCall& call) {
   request.text = NextScriptWord(call.words, kFreeText);
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault =
-      request.statistic.interval
-          ? WriteIntervals(call.console(), session.output, request, session.case_store, output.file)
-          : WRSTAT(session.platform, session.output, request, session.case_store, output.file);
+  const auto write = request.statistic.interval ? WriteIntervals : WRSTAT;
+  const TableFault fault = write(WorkOf(session), request, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kStatRefused),
                       "Statistical data written to file");
 }
@@ -45,7 +44,7 @@ int RunWriteIntervals(ScriptCall& call) {
   if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = WriteIntervals(call.console(), session.output, request, session.case_store, output.file);
+  const TableFault fault = WriteIntervals(WorkOf(session), request, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
                       "Confidence interval data written to file");
 }
@@ -57,8 +56,7 @@ int RunWriteAutocorrelation(ScriptCall& call) {
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault =
-      WriteAutocorrelation(call.console(), session.output, request, session.case_store, output.file);
+  const TableFault fault = WriteAutocorrelation(WorkOf(session), request, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
                       "Autocorrelation data written to file");
 }

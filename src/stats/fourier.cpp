@@ -12,13 +12,6 @@ namespace {
 constexpr double kWholeNumber = 1e-6;  // wmax/dw may fall short of a whole number by rounding
 constexpr float kNoHarmonic = 1.0e-10F;
 
-// One harmonic at one time: cosine and sine of the same angle cost little more than one of them.
-struct Harmonic {
-  Harmonic(double w, double t) : cosine(std::cos(w * t)), sine(std::sin(w * t)) {}
-  double cosine;
-  double sine;
-};
-
 // One interval of the trapezoid rule of f x.
 double Interval(double dt, double f0, double f1, double x0, double x1) {
   return (dt / 4.0) * (f0 + f1) * (x0 + x1);
@@ -30,26 +23,30 @@ double MeanIntegral(double dt, std::span<const float> x) {
   return sum;
 }
 
+void FindHarmonic(double w, std::span<const float> t, Harmonic& out) {
+  out.cosine.resize(t.size());
+  out.sine.resize(t.size());
+  for (std::size_t i = 0; i < t.size(); ++i) {
+    out.cosine[i] = std::cos(w * t[i]);
+    out.sine[i] = std::sin(w * t[i]);
+  }
+}
+
 // Integrals of cos(w t) x and sin(w t) x.
-void HarmonicIntegrals(FourierRule rule, double dt, double w, std::span<const float> t, std::span<const float> x,
-                       double& cosine, double& sine) {
+void HarmonicIntegrals(FourierRule rule, double dt, const Harmonic& h, std::span<const float> x, double& cosine,
+                       double& sine) {
   const std::size_t n = x.size();
+  const std::vector<double>&c = h.cosine, &s = h.sine;
   cosine = sine = 0;
   std::size_t i = 0;
-  Harmonic from(w, t[0]);
   if (rule == FourierRule::simpson)
     for (; i + 2 < n; i += 2) {
-      const Harmonic middle(w, t[i + 1]);
-      const Harmonic to(w, t[i + 2]);
-      cosine += (dt / 3.0) * (from.cosine * x[i] + 4.0 * middle.cosine * x[i + 1] + to.cosine * x[i + 2]);
-      sine += (dt / 3.0) * (from.sine * x[i] + 4.0 * middle.sine * x[i + 1] + to.sine * x[i + 2]);
-      from = to;
+      cosine += (dt / 3.0) * (c[i] * x[i] + 4.0 * c[i + 1] * x[i + 1] + c[i + 2] * x[i + 2]);
+      sine += (dt / 3.0) * (s[i] * x[i] + 4.0 * s[i + 1] * x[i + 1] + s[i + 2] * x[i + 2]);
     }
   for (; i + 1 < n; ++i) {
-    const Harmonic to(w, t[i + 1]);
-    cosine += Interval(dt, from.cosine, to.cosine, x[i], x[i + 1]);
-    sine += Interval(dt, from.sine, to.sine, x[i], x[i + 1]);
-    from = to;
+    cosine += Interval(dt, c[i], c[i + 1], x[i], x[i + 1]);
+    sine += Interval(dt, s[i], s[i + 1], x[i], x[i + 1]);
   }
 }
 
@@ -70,18 +67,20 @@ std::vector<float> LessMean(std::span<const float> x) {
   return centred;
 }
 
-// Phase of the first harmonic, radians. False: there is none.
-bool FirstPhase(std::span<const float> t, std::span<const float> x, float& phase) {
-  FourierRequest request;
-  request.mode = 3;
-  const double dt = x.size() < 2 ? 0.0 : (double{t.back()} - t.front()) / static_cast<double>(x.size() - 1);
-  FourierSeries series;
-  if (!FourierCoefficients(request, dt, t, LessMean(x), series)) return false;
-  const float a = static_cast<float>(series.a[0]);
-  const float b = static_cast<float>(series.b[0]);
-  if (std::abs(a) < kNoHarmonic && std::abs(b) < kNoHarmonic) return false;
-  phase = static_cast<float>(series.phase[0]);
+// Phase of the first harmonic by Simpson's rule, radians. False: there is none.
+bool FirstPhase(const Harmonic& first, double dt, std::span<const float> x, float& phase) {
+  const double T = static_cast<double>(x.size() - 1) * dt;
+  double cosine = 0, sine = 0;
+  HarmonicIntegrals(FourierRule::simpson, dt, first, LessMean(x), cosine, sine);
+  const double a = (2.0 / T) * cosine;
+  const double b = (2.0 / T) * sine;
+  if (std::abs(static_cast<float>(a)) < kNoHarmonic && std::abs(static_cast<float>(b)) < kNoHarmonic) return false;
+  phase = static_cast<float>(std::atan2(b, a));
   return true;
+}
+
+bool Same(std::span<const float> a, std::span<const float> b) {
+  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin());
 }
 
 }  // namespace
@@ -97,11 +96,13 @@ bool FourierCoefficients(const FourierRequest& request, double dt, std::span<con
   const double dw = 2.0 * std::numbers::pi / T;
   out.a0 = (2.0 / T) * MeanIntegral(dt, x);
   const int nfreq = ComponentCount(request, dt, dw, out.nskip);
+  Harmonic harmonic;
   for (int k = 1; k <= nfreq; ++k) {
     const double w = k * dw;
     double cosine = 0;
     double sine = 0;
-    HarmonicIntegrals(request.rule, dt, w, t, x, cosine, sine);
+    FindHarmonic(w, t, harmonic);
+    HarmonicIntegrals(request.rule, dt, harmonic, x, cosine, sine);
     const double a = (2.0 / T) * cosine;
     const double b = (2.0 / T) * sine;
     out.w.push_back(w);
@@ -113,19 +114,36 @@ bool FourierCoefficients(const FourierRequest& request, double dt, std::span<con
   return true;
 }
 
-bool PhaseLag(std::span<const float> t, std::span<const float> x, std::span<const float> wave, float& degrees) {
+bool FindWavePhase(std::span<const float> t, std::span<const float> wave, WavePhase& out) {
+  const std::size_t n = t.size();
+  const bool same_times = Same(out.t, t);
+  if (same_times && Same(out.wave, wave)) return out.found;
+  out.found = false;
+  out.wave.clear();  // when memory runs out below, nothing half-made is taken for what was asked
+  if (n < 2 || wave.size() != n) return false;
+  if (!same_times) {
+    out.t.clear();
+    out.dt = (double{t.back()} - t.front()) / static_cast<double>(n - 1);
+    if (!(out.dt > 0)) return false;
+    FindHarmonic(2.0 * std::numbers::pi / (static_cast<double>(n - 1) * out.dt), t, out.first);
+    out.t.assign(t.begin(), t.end());
+  }
+  out.found = FirstPhase(out.first, out.dt, wave, out.phase);
+  out.wave.assign(wave.begin(), wave.end());
+  return out.found;
+}
+
+float PhaseLag(const WavePhase& wave, std::span<const float> x) {
   constexpr float kTurn = 6.2831855F, kPi = 3.1415927F, kFull = 360.0F, kTooLarge = 1.0e6F;
-  degrees = 0;
-  float phw = 0;
   float ph = 0;
-  if (!FirstPhase(t, wave, phw)) return false;
-  if (!FirstPhase(t, x, ph)) return true;
+  if (!wave.found || x.size() != wave.t.size() || !FirstPhase(wave.first, wave.dt, x, ph)) return 0.0F;
+  const float phw = wave.phase;
   const float d = ph > phw ? ph - phw : ph + (kTurn - phw);
-  degrees = (d * 180.0F) / kPi;
-  if (std::abs(degrees) > kTooLarge) return true;
+  float degrees = (d * 180.0F) / kPi;
+  if (std::abs(degrees) > kTooLarge) return degrees;
   while (degrees > kFull) degrees -= kFull;
   while (degrees < 0.0F) degrees += kFull;
-  return true;
+  return degrees;
 }
 
 }  // namespace zaview

@@ -30,9 +30,24 @@ struct FourierSeries {
 [[nodiscard]] bool FourierCoefficients(const FourierRequest& request, double dt, std::span<const float> t,
                                        std::span<const float> x, FourierSeries& out);
 
+struct Harmonic {  // cos wt and sin wt of each time
+  std::vector<double> cosine, sine;
+};
+
+// The first harmonic of a wave record and its phase. Kept from table to table: cosines and sines are most of the work.
+struct WavePhase {
+  std::vector<float> t, wave;  // what it was made of
+  double dt = 0;
+  Harmonic first;   // w = 2 pi/((n-1) dt)
+  float phase = 0;  // radians
+  bool found = false;
+};
+
+// Made again only for other times or another wave. False: no harmonic can be formed of it.
+[[nodiscard]] bool FindWavePhase(std::span<const float> t, std::span<const float> wave, WavePhase& out);
+
 // How far the first harmonic of x lags that of the wave over the same times, degrees, 0 to 360 (a lag of 0 is 360).
-// Both less their means. False: no harmonic can be formed of the wave. A record without one has the phase 0.
-[[nodiscard]] bool PhaseLag(std::span<const float> t, std::span<const float> x, std::span<const float> wave,
-                            float& degrees);
+// Both less their means. A record without a harmonic has the phase 0.
+[[nodiscard]] float PhaseLag(const WavePhase& wave, std::span<const float> x);
 
 }  // namespace zaview

@@ -27,14 +27,16 @@ struct HistogramRequest {
 };
 
 struct Histogram {
-  int npts = 0;                        // samples taken, also those outside the buckets
-  std::vector<float> edges;            // nbuckets + 1
-  std::vector<float> count, rawcount;  // nbuckets; count in the unit asked for
-  std::vector<float> mid, expected;    // filled with an overlay
-  float mean = 0, variance = 0, skew = 0, excess = 0, lambda = 0;
+  int npts = 0;                                        // samples taken, also those outside the buckets
+  std::vector<float> edges;                            // nbuckets + 1
+  std::vector<float> count, rawcount;                  // nbuckets; count in the unit asked for
+  std::vector<float> mid, expected;                    // filled with an overlay
+  float mean = 0, variance = 0, skew = 0, excess = 0;  // of all samples taken, with the divisor npts (not npts - 1)
+  float lambda = 0;                                    // 1/sqrt(variance)
   float chi2 = 0;
 };
 
+// count is a fraction of npts, or a number where the request says so; edges and mid have the unit of the samples.
 // Each record's samples with a position (from 1, skipped ones counted by `skip`) that `rate` divides. False: no record
 // has samples (nothing to show), or memory is out.
 [[nodiscard]] bool SetHistogramData(const HistogramRequest& request, EnsembleRecords X, int skip, Histogram& out);

@@ -1,6 +1,9 @@
 #include "stats/statistic_table.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "base/text.h"
@@ -12,37 +15,73 @@ struct StatisticRow {
   int number;
   std::array<std::string_view, 5> words;  // in capitals; unused ones are blank
   std::string_view label, file_label;     // 14 wide; the file's own label is blank where it is the same
+  float (*value)(const RecordValues& v);  // null: what isn't made of a record alone
 };
 
+// A record without tops or without bottoms has no amplitude; its highest and lowest values are the mean.
+using Peaks = HighestPeaks RecordValues::*;
+template <Peaks of>
+float Top(const RecordValues& v) {
+  return (v.*of).iflag == 1 ? v.xm : (v.*of).top;
+}
+template <Peaks of>
+float Bottom(const RecordValues& v) {
+  return (v.*of).iflag == 1 ? v.xm : (v.*of).bot;
+}
+template <Peaks of>
+float Height(const RecordValues& v) {
+  return Top<of>(v) - Bottom<of>(v);
+}
+template <Peaks of>
+float Amplitude(const RecordValues& v) {
+  return Height<of>(v) / 2.0F;
+}
+constexpr Peaks kThird = &RecordValues::third, kNthPeaks = &RecordValues::nth, kHundredth = &RecordValues::hundredth;
+
+using V = RecordValues;
 // 20 to 23 have no words: only the table shows them.
+// clang-format off
 constexpr StatisticRow kStatistics[] = {
-    {0, {"ALL", "TABLE"}, "", ""},
-    {1, {"AVG", "MEAN", "AVERAGE"}, "Mean (Average)", ""},
-    {2, {"RMS", "ST.DEV", "STDEV"}, "Stdev         ", ""},
-    {3, {"VARIANCE", "VAR"}, "Variance      ", ""},
-    {4, {"SIG_AMP", "SIG", "1/3RD_AMP", "1/3RD"}, "1/3rd Amp Avg ", ""},
-    {5, {"SIG_TOP", "1/3RD_TOP"}, "1/3rd Top Avg ", ""},
-    {6, {"SIG_BOT", "1/3RD_BOT"}, "1/3rd Bot Avg ", ""},
-    {7, {"SIG_HEIGHT", "SIG_HGT", "SIG2", "1/3RD_HEIGHT", "1/3RD_HGT"}, "1/3rd Dbl Amp ", ""},
-    {8, {}, "1/10th Amp Avg", ""},
-    {9, {}, "1/10th Top Avg", ""},
-    {10, {}, "1/10th Bot Avg", ""},
-    {11, {}, "1/10th Dbl Amp", ""},
-    {12, {"MINIMUM", "MIN"}, "Minimum       ", ""},
-    {13, {"MAXIMUM", "MAX"}, "Maximum       ", ""},
-    {14, {"ABSOLUTE", "ABS"}, "Maximum (ABS) ", ""},
-    {15, {"NDTF", "NDTF_RAO", "RAO"}, "NDTF/RAO      ", ""},
-    {16, {"NDTF_PHASE", "PHASE"}, "Phase         ", ""},
-    {17, {"NDTF_PHASE_LEAD", "PHASE_LEAD"}, "Phase_lead    ", ""},
-    {18, {"AVGC", "AVG_UPCROSS", "AVG_BETWEEN_UPCROSS", "AVG_BETWEEN_UPCROSSINGS"}, "Avg btw upcrss", ""},
-    {19, {"AVGP", "AVG_PEAKS", "AVG_BETWEEN_PEAKS"}, "Avg btw +peaks", ""},
-    {20, {}, "1/100th AmpAvg", ""},
-    {21, {}, "1/100th TopAvg", ""},
-    {22, {}, "1/100th BotAvg", ""},
-    {23, {}, "1/100th DblAmp", ""},
-    {24, {"SSA"}, "SSA           ", ""},
-    {25, {"TF"}, "Transfer fnctn", "Trnsfr fnctn  "},
+    {0, {"ALL", "TABLE"}, "", "", nullptr},
+    {1, {"AVG", "MEAN", "AVERAGE"}, "Mean (Average)", "", [](const V& v) { return v.xm; }},
+    {2, {"RMS", "ST.DEV", "STDEV"}, "Stdev         ", "", [](const V& v) { return std::sqrt(v.xv); }},
+    {3, {"VARIANCE", "VAR"}, "Variance      ", "", [](const V& v) { return v.xv; }},
+    {4, {"SIG_AMP", "SIG", "1/3RD_AMP", "1/3RD"}, "1/3rd Amp Avg ", "", Amplitude<kThird>},
+    {5, {"SIG_TOP", "1/3RD_TOP"}, "1/3rd Top Avg ", "", Top<kThird>},
+    {6, {"SIG_BOT", "1/3RD_BOT"}, "1/3rd Bot Avg ", "", Bottom<kThird>},
+    {7, {"SIG_HEIGHT", "SIG_HGT", "SIG2", "1/3RD_HEIGHT", "1/3RD_HGT"}, "1/3rd Dbl Amp ", "", Height<kThird>},
+    {8, {}, "1/10th Amp Avg", "", Amplitude<kNthPeaks>},
+    {9, {}, "1/10th Top Avg", "", Top<kNthPeaks>},
+    {10, {}, "1/10th Bot Avg", "", Bottom<kNthPeaks>},
+    {11, {}, "1/10th Dbl Amp", "", Height<kNthPeaks>},
+    {12, {"MINIMUM", "MIN"}, "Minimum       ", "", [](const V& v) { return v.xmin; }},
+    {13, {"MAXIMUM", "MAX"}, "Maximum       ", "", [](const V& v) { return v.xmax; }},
+    {14, {"ABSOLUTE", "ABS"}, "Maximum (ABS) ", "", [](const V& v) { return std::max(-v.xmin, v.xmax); }},
+    {15, {"NDTF", "NDTF_RAO", "RAO"}, "NDTF/RAO      ", "", nullptr},
+    {16, {"NDTF_PHASE", "PHASE"}, "Phase         ", "", nullptr},
+    {17, {"NDTF_PHASE_LEAD", "PHASE_LEAD"}, "Phase_lead    ", "", nullptr},
+    {18, {"AVGC", "AVG_UPCROSS", "AVG_BETWEEN_UPCROSS", "AVG_BETWEEN_UPCROSSINGS"}, "Avg btw upcrss", "",
+     [](const V& v) { return v.between.avgc; }},
+    {19, {"AVGP", "AVG_PEAKS", "AVG_BETWEEN_PEAKS"}, "Avg btw +peaks", "", [](const V& v) { return v.between.avgp; }},
+    {20, {}, "1/100th AmpAvg", "", Amplitude<kHundredth>},
+    {21, {}, "1/100th TopAvg", "", Top<kHundredth>},
+    {22, {}, "1/100th BotAvg", "", Bottom<kHundredth>},
+    {23, {}, "1/100th DblAmp", "", Height<kHundredth>},
+    {24, {"SSA"}, "SSA           ", "", [](const V& v) { return 2.0F * std::sqrt(v.xv); }},
+    {25, {"TF"}, "Transfer fnctn", "Trnsfr fnctn  ", nullptr},
 };
+// clang-format on
+constexpr bool InOrder() {
+  for (std::size_t i = 0; i < std::size(kStatistics); ++i)
+    if (kStatistics[i].number != static_cast<int>(i)) return false;
+  return true;
+}
+static_assert(InOrder());  // a number finds its row by counting
+static_assert(kStatistics[kStatThird + kStatSides].number == kStatNth);
+
+const StatisticRow* RowOf(int number) {
+  return number >= 0 && static_cast<std::size_t>(number) < std::size(kStatistics) ? &kStatistics[number] : nullptr;
+}
 
 // What stands behind the number n of 1/nTH...
 struct NthRow {
@@ -132,9 +171,14 @@ std::vector<StatisticEntry> AllStatistics() {
 }
 
 std::string_view StatisticLabel(int number, bool for_file) {
-  for (const StatisticRow& row : kStatistics)
-    if (row.number == number) return for_file && !row.file_label.empty() ? row.file_label : row.label;
-  return {};
+  const StatisticRow* row = RowOf(number);
+  if (row == nullptr) return {};
+  return for_file && !row->file_label.empty() ? row->file_label : row->label;
+}
+
+float StatisticValue(int number, const RecordValues& values) {
+  const StatisticRow* row = RowOf(number);
+  return row == nullptr || row->value == nullptr ? 0.0F : row->value(values);
 }
 
 }  // namespace zaview

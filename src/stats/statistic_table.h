@@ -1,9 +1,11 @@
-// The statistics a user can name: number, keywords, row labels.
+// The statistics a user can name: number, keywords, row labels, and what each is of a record.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "stats/highest_peaks.h"
 
 namespace zaview {
 
@@ -32,5 +34,14 @@ struct StatisticEntry {
 
 // The label of a table row, as wide as printed ("Mean (Average)"). for_file: the file's own words.
 [[nodiscard]] std::string_view StatisticLabel(int number, bool for_file);
+
+// All that statistics 1 to 14 and 18 to 24 are made of, in the unit of the record (xv: its square).
+struct RecordValues {
+  float xm = 0, xv = 0, xmin = 0, xmax = 0;
+  HighestPeaks third, nth, hundredth;
+  BetweenAverages between;
+};
+// Numbers 1 to 14 and 18 to 24; 0 for all others. Amplitudes are half of top less bottom.
+[[nodiscard]] float StatisticValue(int number, const RecordValues& values);
 
 }  // namespace zaview

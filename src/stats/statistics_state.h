@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "case/output_settings.h"
+#include "stats/fourier.h"
 #include "stats/histogram.h"
 
 namespace zaview {
@@ -48,6 +49,7 @@ struct StatisticsState {
   HistogramRequest histogram;
   EnsembleData ensemble;
   DependenceResult dependence;
+  WavePhase wave_phase;  // of the last table that showed phases
 };
 
 }  // namespace zaview

@@ -42,16 +42,15 @@ bool FindCurves(std::span<const float> t, std::span<const float> x, std::size_t 
   return true;
 }
 
-TableFault Make(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                CaseStore& case_store, AutocorrelationCurves& curves) {
+TableFault Make(const StatWork& work, const QuantityRequest& request, AutocorrelationCurves& curves) {
   QuantityRequest one = request;
   one.curve = std::max(1, request.curve);
   StatRecord record;
-  const TableFault fault = TakeRecord(console, settings, one, kTooManySkipped, kNoMemory, case_store, record);
+  const TableFault fault = TakeRecord(work, one, kTooManySkipped, kNoMemory, record);
   if (fault != TableFault::none) return fault;
-  const auto rate = static_cast<std::size_t>(std::max(1, settings.statistics.autocorrelation_rate));
+  const auto rate = static_cast<std::size_t>(std::max(1, work.settings.statistics.autocorrelation_rate));
   if (FindCurves(record.t(), record.curve(0), rate, curves)) return TableFault::none;
-  SayLine(console, kBadRecord);
+  SayLine(work.console(), kBadRecord);
   return TableFault::said;
 }
 
@@ -67,10 +66,10 @@ void WriteRows(const AutocorrelationCurves& curves, std::span<const int> places,
   }
 }
 
-TableFault WriteTable(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                      CaseStore& case_store, OutputFile& out) {
+TableFault WriteTable(const StatWork& work, const QuantityRequest& request, OutputFile& out) {
+  const OutputSettings& settings = work.settings;
   AutocorrelationCurves curves;
-  const TableFault fault = Make(console, settings, request, case_store, curves);
+  const TableFault fault = Make(work, request, curves);
   if (fault != TableFault::none) return fault;
   std::vector<int> all(curves.R.size());
   std::iota(all.begin(), all.end(), 0);
@@ -78,7 +77,7 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
   const TableLayout layout = LayoutFor(settings.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
   fmt::format_to(std::back_inserter(text), "Autocorrelation of {} for ZAVO file {}\n", cQntLong(request.iqnt),
-                 case_store.file_name);
+                 work.current().file_name);
   const struct {
     std::string_view title;
     const std::vector<int>& places;
@@ -94,23 +93,21 @@ TableFault WriteTable(const Console& console, const OutputSettings& settings, co
 
 }  // namespace
 
-TableFault MakeAutocorrelation(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                               CaseStore& case_store, AutocorrelationCurves& curves) {
+TableFault MakeAutocorrelation(const StatWork& work, const QuantityRequest& request, AutocorrelationCurves& curves) {
   curves = {};
   try {
-    return Make(console, settings, request, case_store, curves);
+    return Make(work, request, curves);
   } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
+    SayLine(work.console(), kNoMemory);
     return TableFault::said;
   }
 }
 
-TableFault WriteAutocorrelation(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                                CaseStore& case_store, OutputFile& out) {
+TableFault WriteAutocorrelation(const StatWork& work, const QuantityRequest& request, OutputFile& out) {
   try {
-    return WriteTable(console, settings, request, case_store, out);
+    return WriteTable(work, request, out);
   } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
+    SayLine(work.console(), kNoMemory);
     return TableFault::said;
   }
 }

@@ -8,17 +8,17 @@
 namespace zaview {
 
 struct AutocorrelationCurves {
-  std::vector<float> dtau, R;     // lag time; autocovariance, scaled to 1 at lag 0 where that is above 0
+  std::vector<float> dtau, R;     // lag time, output units; autocovariance, scaled to 1 at lag 0 where that is above 0
   std::vector<int> upper, lower;  // places of the extremes in the two above
-  float R0 = 0;                   // what R was at lag 0
+  float R0 = 0;                   // what R was at lag 0, unit of the quantity squared
 };
 
-// By the sampling rate of the settings; the data plot takes them as well.
-[[nodiscard]] TableFault MakeAutocorrelation(const Console& console, const OutputSettings& settings,
-                                             const QuantityRequest& request, CaseStore& case_store,
+// One curve of the quantity over the points in use, every n-th of them by the sampling rate of the settings: R(k) =
+// 1/(n-1-k) times the sum of n-1-k products about the mean. Faults are said, but for not_valid. The data plot takes
+// them as well.
+[[nodiscard]] TableFault MakeAutocorrelation(const StatWork& work, const QuantityRequest& request,
                                              AutocorrelationCurves& curves);
 
-[[nodiscard]] TableFault WriteAutocorrelation(const Console& console, const OutputSettings& settings,
-                                              const QuantityRequest& request, CaseStore& case_store, OutputFile& out);
+[[nodiscard]] TableFault WriteAutocorrelation(const StatWork& work, const QuantityRequest& request, OutputFile& out);
 
 }  // namespace zaview

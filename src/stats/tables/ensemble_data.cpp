@@ -87,8 +87,9 @@ CaseStore& EnsembleCases::record(int irec) const {
   return held ? ensemble.record[static_cast<std::size_t>(irec - 1)] : current;
 }
 
-TableFault LoadEnsemble(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                        const EnsembleCases& cases, std::string_view too_many_skipped, StatisticsState& state) {
+TableFault LoadEnsemble(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped) {
+  const auto& [platform, settings, cases, state] = work;
+  const Console& console = platform.console;
   QuantityRequest one = request;
   one.curve = std::max(1, request.curve);
   one.wave_overlay = false;
@@ -126,9 +127,10 @@ std::vector<std::span<const float>> TimesOf(const EnsembleData& data) {
   return ViewsOf(data.t);
 }
 
-TableFault UpdateDependence(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                            const EnsembleCases& cases, StatisticsState& state) {
-  const TableFault fault = LoadEnsemble(console, settings, request, cases, kTooManySkipped, state);
+TableFault UpdateDependence(const StatWork& work, const QuantityRequest& request) {
+  const auto& [platform, settings, cases, state] = work;
+  const Console& console = platform.console;
+  const TableFault fault = LoadEnsemble(work, request, kTooManySkipped);
   if (fault != TableFault::none) return fault;
   DependenceResult& dependence = state.dependence;
   if (dependence.known && dependence.cutoff == settings.statistics.autocorrelation_cutoff) return TableFault::none;

@@ -70,12 +70,12 @@ void SayRange(const Console& console, const EnsembleData& data) {
 }
 
 // Title, and the data with their dependence length. False: it has been said why not.
-bool BeginRates(const EnsembleDialogue& d, const QuantityRequest& request, std::string_view title,
+bool BeginRates(const StatDialogue& d, const QuantityRequest& request, std::string_view title,
                 std::string_view calculation) {
   const Console& console = d.platform.console;
   SayLine(console, title);
   Say(console, "{} {}", calculation, QuantityLabel(d.cases.current, request.iqnt));
-  if (UpdateDependence(console, d.settings, request, d.cases, d.state) != TableFault::none) return false;
+  if (UpdateDependence(d.work(), request) != TableFault::none) return false;
   SayRange(console, d.state.ensemble);
   return true;
 }
@@ -111,10 +111,9 @@ Answer AskDependence(const Console& console, int ndti, int& ndep) {
   }
 }
 
-using WriteRates = TableFault(const Platform&, const OutputSettings&, const ExceedanceRequest&, const EnsembleCases&,
-                              StatisticsState&, OutputFile&);
+using WriteRates = TableFault(const StatWork&, const ExceedanceRequest&, OutputFile&);
 
-void AskRates(const EnsembleDialogue& d, const QuantityRequest& quantity, std::string_view title, WriteRates* write) {
+void AskRates(const StatDialogue& d, const QuantityRequest& quantity, std::string_view title, WriteRates* write) {
   const Console& console = d.platform.console;
   if (!BeginRates(d, quantity, title, "Exceedance calculation for")) return;
   ExceedanceRequest request;
@@ -126,22 +125,22 @@ void AskRates(const EnsembleDialogue& d, const QuantityRequest& quantity, std::s
       AskDependence(console, d.state.dependence.ndti, request.ndep) != Answer::ok ||
       !AskTableFile(d.platform, WithScreenPrompt("Enter file for exceedance statistics"), chosen))
     return;
-  const TableFault fault = write(d.platform, d.settings, request, d.cases, d.state, chosen.out);
+  const TableFault fault = write(d.work(), request, chosen.out);
   FinishTable(d.platform, fault, "Exceedance statistics written to", chosen);
 }
 
 }  // namespace
 
-void AskExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
+void AskExceedances(const StatDialogue& dialogue, const QuantityRequest& request) {
   AskRates(dialogue, request, "ZAVIEW - Exceedance Rate Calculation", WriteExceedances);
 }
 
-void AskBlockExceedances(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
+void AskBlockExceedances(const StatDialogue& dialogue, const QuantityRequest& request) {
   AskRates(dialogue, request, "ZAVIEW - Exceedance Rate Calc (block scheme)", WriteBlockExceedances);
 }
 
-void AskEnsembleFile(const EnsembleDialogue& dialogue, const QuantityRequest& request, bool intervals) {
-  const EnsembleDialogue& d = dialogue;
+void AskEnsembleFile(const StatDialogue& dialogue, const QuantityRequest& request, bool intervals) {
+  const StatDialogue& d = dialogue;
   const Console& console = d.platform.console;
   if (intervals && AskProbability(console, d.settings) != Answer::ok) return;
   ChosenFile chosen;
@@ -152,15 +151,15 @@ void AskEnsembleFile(const EnsembleDialogue& dialogue, const QuantityRequest& re
   table.statistic.number = kStatTable;
   table.statistic.interval = intervals;
   table.quantity = request;
-  const TableFault fault = EnsembleStat(console, d.settings, table, d.cases, d.state, chosen.out);
+  const TableFault fault = EnsembleStat(d.work(), table, chosen.out);
   FinishTable(d.platform, fault, "Ensemble statistics written to", chosen);
 }
 
-bool AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
-  const EnsembleDialogue& d = dialogue;
+bool AskAutocorrelationFile(const StatDialogue& dialogue, const QuantityRequest& request) {
+  const StatDialogue& d = dialogue;
   const Console& console = d.platform.console;
   if (AskCutoff(console, d.settings) != Answer::ok) return false;
-  if (UpdateDependence(console, d.settings, request, d.cases, d.state) != TableFault::none) return false;
+  if (UpdateDependence(d.work(), request) != TableFault::none) return false;
   const DependenceResult& dependence = d.state.dependence;
   Say(console, "{}{}", DependenceLine(dependence), dependence.reached ? "" : ", cutoff not reached");
   FileQuestion question;
@@ -171,13 +170,13 @@ bool AskAutocorrelationFile(const EnsembleDialogue& dialogue, const QuantityRequ
   ChosenFile chosen;
   const FileAnswer answer = OPNFIL(d.platform, question, chosen);
   if (answer != FileAnswer::opened) return answer == FileAnswer::word;
-  const TableFault fault = EnsembleAutoCorrelation(console, d.settings, request, false, d.cases, d.state, chosen.out);
+  const TableFault fault = EnsembleAutoCorrelation(d.work(), request, false, chosen.out);
   FinishTable(d.platform, fault, "Autocorrelation written to", chosen);
   return false;
 }
 
-void AskUpcrossings(const EnsembleDialogue& dialogue, const QuantityRequest& request) {
-  const EnsembleDialogue& d = dialogue;
+void AskUpcrossings(const StatDialogue& dialogue, const QuantityRequest& request) {
+  const StatDialogue& d = dialogue;
   const Console& console = d.platform.console;
   if (!BeginRates(d, request, "ZAVIEW - Upcrossing Statistics", "Upcrossing calculation for")) return;
   std::array<float, 3> thresholds{};
@@ -185,7 +184,7 @@ void AskUpcrossings(const EnsembleDialogue& dialogue, const QuantityRequest& req
   ChosenFile chosen;
   if (!AskTableFile(d.platform, WithScreenPrompt("Enter file for upcrossing statistics"), chosen)) return;
   const UpcrossingRequest upcrossings{request, thresholds[0], thresholds[1], thresholds[2]};
-  const TableFault fault = WriteUpcrossings(console, d.settings, upcrossings, d.cases, d.state, chosen.out);
+  const TableFault fault = WriteUpcrossings(d.work(), upcrossings, chosen.out);
   FinishTable(d.platform, fault, "Upcrossing statistics written to", chosen);
 }
 

@@ -141,8 +141,9 @@ void AppendCells(const StatRequest& request, const EnsembleValues& v, std::vecto
   cells.insert(cells.end(), four.begin(), four.end());
 }
 
-TableFault WriteStatistics(const Console& console, const OutputSettings& settings, const StatRequest& request,
-                           const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+TableFault WriteStatistics(const StatWork& work, const StatRequest& request, OutputFile& out) {
+  const auto& [platform, settings, cases, state] = work;
+  const Console& console = platform.console;
   const int curves = CurveCount(cases.current, request.quantity.iqnt);
   if (curves < 1) return TableFault::not_valid;
   if (request.quantity.curve > curves) {
@@ -155,7 +156,7 @@ TableFault WriteStatistics(const Console& console, const OutputSettings& setting
   std::vector<float> cells;
   for (int curve = all ? 1 : one.curve; curve <= (all ? curves : request.quantity.curve); ++curve) {
     one.curve = curve;
-    const TableFault fault = LoadEnsemble(console, settings, one, cases, kTooManySkipped, state);
+    const TableFault fault = LoadEnsemble(work, one, kTooManySkipped);
     if (fault != TableFault::none) return fault;
     SayLine(console, "Computing statistics...");
     EnsembleValues values;
@@ -218,28 +219,27 @@ bool FindEnsembleIntervals(const Console& console, const StatisticName& statisti
   return true;
 }
 
-TableFault EnsembleStat(const Console& console, const OutputSettings& settings, const StatRequest& request,
-                        const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+TableFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out) {
+  const Console& console = work.console();
   if (!Available(console, request.statistic)) return TableFault::said;
   try {
-    return WriteStatistics(console, settings, request, cases, state, out);
+    return WriteStatistics(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(console, kNoMemory);
     return TableFault::said;
   }
 }
 
-TableFault EnsembleAutoCorrelation(const Console& console, const OutputSettings& settings,
-                                   const QuantityRequest& request, bool dependence_only, const EnsembleCases& cases,
-                                   StatisticsState& state, OutputFile& out) {
+TableFault EnsembleAutoCorrelation(const StatWork& work, const QuantityRequest& request, bool dependence_only,
+                                   OutputFile& out) {
   try {
-    const TableFault fault = UpdateDependence(console, settings, request, cases, state);
+    const TableFault fault = UpdateDependence(work, request);
     if (fault != TableFault::none) return fault;
-    if (dependence_only) WriteOutput(out, DependenceLine(state.dependence) + '\n');
-    else WriteAutoCorrelation(settings, state, out);
+    if (dependence_only) WriteOutput(out, DependenceLine(work.state.dependence) + '\n');
+    else WriteAutoCorrelation(work.settings, work.state, out);
     return TableFault::none;
   } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
+    SayLine(work.console(), kNoMemory);
     return TableFault::said;
   }
 }

@@ -92,11 +92,12 @@ void AppendTable(const HistogramRequest& request, const CaseStore& c, std::strin
   if (request.overlay != Overlay::none) AppendFit(request, h, text);
 }
 
-TableFault Make(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                const EnsembleCases& cases, StatisticsState& state, const HistogramRequest& how, Histogram& histogram) {
-  const TableFault fault = LoadEnsemble(console, settings, request, cases, kTooManySkipped, state);
+TableFault Make(const StatWork& work, const QuantityRequest& request, const HistogramRequest& how,
+                Histogram& histogram) {
+  const Console& console = work.console();
+  const TableFault fault = LoadEnsemble(work, request, kTooManySkipped);
   if (fault != TableFault::none) return fault;
-  const EnsembleData& data = state.ensemble;
+  const EnsembleData& data = work.state.ensemble;
   const bool one_record = data.X.size() == 1;
   if (one_record && data.X[0].size() < 2) {
     SayLine(console, kTooManySkipped);
@@ -124,30 +125,29 @@ std::vector<std::string> DistributionLines(Overlay overlay, const Histogram& his
   return lines;
 }
 
-TableFault MakeHistogram(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                         bool of_ensemble, const EnsembleCases& cases, StatisticsState& state, Histogram& histogram) {
+TableFault MakeHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, Histogram& histogram) {
+  const HistogramRequest& how = work.state.histogram;
   try {
-    if (of_ensemble) return Make(console, settings, request, cases, state, state.histogram, histogram);
+    if (of_ensemble) return Make(work, request, how, histogram);
     OneRecord one;
-    return Make(console, settings, request, {cases.current, one.none}, one.state, state.histogram, histogram);
+    return Make({work.platform, work.settings, {work.current(), one.none}, one.state}, request, how, histogram);
   } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
+    SayLine(work.console(), kNoMemory);
     return TableFault::said;
   }
 }
 
-TableFault WriteHistogram(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                          bool of_ensemble, const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
+TableFault WriteHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, OutputFile& out) {
   Histogram histogram;
-  const TableFault fault = MakeHistogram(console, settings, request, of_ensemble, cases, state, histogram);
+  const TableFault fault = MakeHistogram(work, request, of_ensemble, histogram);
   if (fault != TableFault::none) return fault;
   try {
     std::string text = out.had_text ? "\n" : "";
-    AppendTable(state.histogram, cases.current, QuantityLabel(cases.current, request.iqnt), histogram, text);
+    AppendTable(work.state.histogram, work.current(), QuantityLabel(work.current(), request.iqnt), histogram, text);
     WriteOutput(out, text);
     return TableFault::none;
   } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
+    SayLine(work.console(), kNoMemory);
     return TableFault::said;
   }
 }

@@ -62,11 +62,12 @@ void AppendLine(const OutputSettings& settings, const StatRequest& request, std:
   AppendBareLine(settings.writing.separator, request.text, cells, text);
 }
 
-TableFault WriteTable(const Console& console, const OutputSettings& settings, const StatRequest& request,
-                      CaseStore& case_store, OutputFile& out) {
+TableFault WriteTable(const StatWork& work, const StatRequest& request, OutputFile& out) {
+  const Console& console = work.console();
+  const OutputSettings& settings = work.settings;
+  const CaseStore& case_store = work.current();
   StatRecord record;
-  const TableFault fault =
-      TakeRecord(console, settings, request.quantity, kTooManySkipped, kNoMemory, case_store, record);
+  const TableFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
   if (fault != TableFault::none) return fault;
   std::vector<IntervalValues> curves(record.data.y.size());
   for (std::size_t i = 0; i < curves.size(); ++i)
@@ -138,15 +139,15 @@ bool HasInterval(int number) {
   return std::any_of(std::begin(kRows), std::end(kRows), [number](const IntervalRow& r) { return r.number == number; });
 }
 
-TableFault WriteIntervals(const Console& console, const OutputSettings& settings, const StatRequest& request,
-                          CaseStore& case_store, OutputFile& out) {
+TableFault WriteIntervals(const StatWork& work, const StatRequest& request, OutputFile& out) {
+  const Console& console = work.console();
   const int number = request.statistic.number;
   if (!HasInterval(number)) {
     Say(console, kNoInterval, number);
     return TableFault::said;
   }
   try {
-    return WriteTable(console, settings, request, case_store, out);
+    return WriteTable(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(console, kNoMemory);
     return TableFault::said;

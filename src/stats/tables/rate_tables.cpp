@@ -153,9 +153,9 @@ constexpr Head kUpcrossingHead{
     "   Value     Upcross  Rate        Record  Record  Record Upcross\n",
     kUpcrossingNames};
 
-TableFault Upcrossings(const Console& console, const OutputSettings& settings, const UpcrossingRequest& request,
-                       const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
-  const TableFault fault = UpdateDependence(console, settings, request.quantity, cases, state);
+TableFault Upcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out) {
+  const auto& [platform, settings, cases, state] = work;
+  const TableFault fault = UpdateDependence(work, request.quantity);
   if (fault != TableFault::none) return fault;
   const EnsembleData& data = state.ensemble;
   const std::vector<float> thresholds = Thresholds(request.min, request.max, request.increment);
@@ -225,9 +225,9 @@ void AppendSelected(Separator separator, const ExceedanceRequest& request, const
   line.End();
 }
 
-TableFault Exceedances(const Platform& platform, const OutputSettings& settings, const ExceedanceRequest& request,
-                       const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
-  const TableFault fault = UpdateDependence(platform.console, settings, request.quantity, cases, state);
+TableFault Exceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+  const auto& [platform, settings, cases, state] = work;
+  const TableFault fault = UpdateDependence(work, request.quantity);
   if (fault != TableFault::none) return fault;
   const EnsembleData& data = state.ensemble;
   const int ndep = request.ndep < 1 && !request.ndep_is_given ? state.dependence.ndti : request.ndep;
@@ -285,9 +285,9 @@ std::string BlockListOf(Separator separator, const EnsembleData& data, const Blo
   return text;
 }
 
-TableFault BlockExceedances(const Platform& platform, const OutputSettings& settings, const ExceedanceRequest& request,
-                            const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
-  const TableFault fault = UpdateDependence(platform.console, settings, request.quantity, cases, state);
+TableFault BlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+  const auto& [platform, settings, cases, state] = work;
+  const TableFault fault = UpdateDependence(work, request.quantity);
   if (fault != TableFault::none) return fault;
   const EnsembleData& data = state.ensemble;
   const int ndep = std::max(1, request.ndep < 1 ? state.dependence.ndti : request.ndep);
@@ -313,32 +313,29 @@ TableFault BlockExceedances(const Platform& platform, const OutputSettings& sett
 }
 
 // Runs a writer; exhausted memory is said.
-template <typename Write>
-TableFault Guarded(const Console& console, Write write) {
+template <typename Request>
+TableFault Guarded(const StatWork& work, TableFault (*write)(const StatWork&, const Request&, OutputFile&),
+                   const Request& request, OutputFile& out) {
   try {
-    return write();
+    return write(work, request, out);
   } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
+    SayLine(work.console(), kNoMemory);
     return TableFault::said;
   }
 }
 
 }  // namespace
 
-TableFault WriteUpcrossings(const Console& console, const OutputSettings& settings, const UpcrossingRequest& request,
-                            const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
-  return Guarded(console, [&] { return Upcrossings(console, settings, request, cases, state, out); });
+TableFault WriteUpcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out) {
+  return Guarded(work, Upcrossings, request, out);
 }
 
-TableFault WriteExceedances(const Platform& platform, const OutputSettings& settings, const ExceedanceRequest& request,
-                            const EnsembleCases& cases, StatisticsState& state, OutputFile& out) {
-  return Guarded(platform.console, [&] { return Exceedances(platform, settings, request, cases, state, out); });
+TableFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+  return Guarded(work, Exceedances, request, out);
 }
 
-TableFault WriteBlockExceedances(const Platform& platform, const OutputSettings& settings,
-                                 const ExceedanceRequest& request, const EnsembleCases& cases, StatisticsState& state,
-                                 OutputFile& out) {
-  return Guarded(platform.console, [&] { return BlockExceedances(platform, settings, request, cases, state, out); });
+TableFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+  return Guarded(work, BlockExceedances, request, out);
 }
 
 }  // namespace zaview

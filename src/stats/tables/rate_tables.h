@@ -1,4 +1,6 @@
-// Upcrossing table, exceedance report and block exceedance report of an ensemble, with their list files.
+// Upcrossing table, exceedance report and block exceedance report of an ensemble, with their list files. Thresholds and
+// values in output units, times and rates by the output time, over the sum of the records' lengths (a rate over no time
+// is 0). Faults are said, but for not_valid.
 #pragma once
 
 #include "frame/ground/output_file.h"
@@ -10,11 +12,9 @@ namespace zaview {
 
 struct UpcrossingRequest {
   QuantityRequest quantity;
-  float min = 0, max = 0, increment = 0;
+  float min = 0, max = 0, increment = 0;  // of the thresholds
 };
-[[nodiscard]] TableFault WriteUpcrossings(const Console& console, const OutputSettings& settings,
-                                          const UpcrossingRequest& request, const EnsembleCases& cases,
-                                          StatisticsState& state, OutputFile& out);
+[[nodiscard]] TableFault WriteUpcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out);
 
 enum class ExceedanceResult : std::uint8_t {
   report = 0,
@@ -30,18 +30,14 @@ enum class ExceedanceResult : std::uint8_t {
 struct ExceedanceRequest {
   QuantityRequest quantity;
   float threshold = 0;
-  int ndep = 0;                // below 1: ndti (unless ndep_is_given)
+  int ndep = 0;                // points; below 1: ndti (unless ndep_is_given)
   bool ndep_is_given = false;  // typed at the prompt: 0 is 0
   Direction direction = Direction::both;
   ExceedanceResult result = ExceedanceResult::report;
 };
 // Report and tabular forms also write exceedance.list, block_exceedance.list, replaced each time; a list that can't be
 // opened is left out.
-[[nodiscard]] TableFault WriteExceedances(const Platform& platform, const OutputSettings& settings,
-                                          const ExceedanceRequest& request, const EnsembleCases& cases,
-                                          StatisticsState& state, OutputFile& out);
-[[nodiscard]] TableFault WriteBlockExceedances(const Platform& platform, const OutputSettings& settings,
-                                               const ExceedanceRequest& request, const EnsembleCases& cases,
-                                               StatisticsState& state, OutputFile& out);
+[[nodiscard]] TableFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
+[[nodiscard]] TableFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
 
 }  // namespace zaview

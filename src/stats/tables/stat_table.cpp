@@ -97,21 +97,16 @@ bool Available(const Console& console, const StatColumns& columns, const StatRec
 }
 
 // The phases of all curves. False (told): the wave at the CG can't be had.
-bool FindPhases(const Console& console, const OutputSettings& settings, const StatRecord& record, CaseStore& case_store,
-                StatColumns& columns) {
+bool FindPhases(const StatWork& work, const StatRecord& record, StatColumns& columns) {
   QuantityRequest at_cg;
   at_cg.iqnt = kWaveAtCg;
   at_cg.curve = 1;
   StatRecord wave;
-  if (TakeRecord(console, settings, at_cg, kTooManySkipped, kNoMemory, case_store, wave) != TableFault::none)
-    return false;
-  columns.phases.resize(columns.curves.size());
-  for (std::size_t i = 0; i < columns.curves.size(); ++i) {
-    if (PhaseLag(record.t(), record.curve(i), wave.curve(0), columns.phases[i])) continue;
-    SayLine(console, kNoWavePhase);
-    columns.phases.assign(columns.curves.size(), 0.0F);
-    break;
-  }
+  if (TakeRecord(work, at_cg, kTooManySkipped, kNoMemory, wave) != TableFault::none) return false;
+  WavePhase& wave_phase = work.state.wave_phase;
+  if (!FindWavePhase(record.t(), wave.curve(0), wave_phase)) SayLine(work.console(), kNoWavePhase);
+  for (std::size_t i = 0; i < columns.curves.size(); ++i)
+    columns.phases.push_back(PhaseLag(wave_phase, record.curve(i)));
   return true;
 }
 
@@ -140,12 +135,12 @@ void AppendLine(const StatColumns& columns, const StatRequest& request, const Ou
 }
 
 // The hull, read where a transfer function of these curves needs it and the user has set no beam; null: none.
-const Hull* HullForBeam(const Platform& platform, const OutputSettings& settings, const StatColumns& columns,
-                        int curves, int number, CaseStore& case_store) {
+const Hull* HullForBeam(const StatWork& work, const StatColumns& columns, int curves, int number) {
+  const OutputSettings& settings = work.settings;
   if ((number != kStatTable && number != kStatNdtf) || settings.statistics.ndtf_beam > 0.0F) return nullptr;
   for (int i = 0; i < curves; ++i)
     if (NeedsBeam(columns.iqnt, columns.first_curve + i))
-      return EnsureHull(platform, case_store) ? &case_store.hull : nullptr;
+      return EnsureHull(work.platform, work.current()) ? &work.current().hull : nullptr;
   return nullptr;
 }
 
@@ -154,12 +149,12 @@ bool Regular(const ControlRecords& records) {
   return FindRegularWave(records, wave);
 }
 
-TableFault WriteStatistics(const Platform& platform, const OutputSettings& settings, const StatRequest& request,
-                           CaseStore& case_store, OutputFile& out) {
-  const Console& console = platform.console;
+TableFault WriteStatistics(const StatWork& work, const StatRequest& request, OutputFile& out) {
+  const Console& console = work.console();
+  const OutputSettings& settings = work.settings;
+  CaseStore& case_store = work.current();
   StatRecord record;
-  const TableFault fault =
-      TakeRecord(console, settings, request.quantity, kTooManySkipped, kNoMemory, case_store, record);
+  const TableFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
   if (fault != TableFault::none) return fault;
   StatColumns columns;
   columns.iqnt = request.quantity.iqnt;
@@ -168,7 +163,7 @@ TableFault WriteStatistics(const Platform& platform, const OutputSettings& setti
   columns.regular = Regular(case_store.control);
   if (columns.regular) {
     const int curves = static_cast<int>(record.data.y.size());
-    const Hull* hull = HullForBeam(platform, settings, columns, curves, number, case_store);
+    const Hull* hull = HullForBeam(work, columns, curves, number);
     columns.regular = FindNormalisers(case_store.control, settings, hull, columns.normals);
   }
   if (!Available(console, columns, record, number)) return TableFault::said;
@@ -177,7 +172,7 @@ TableFault WriteStatistics(const Platform& platform, const OutputSettings& setti
   for (std::size_t i = 0; i < columns.curves.size(); ++i)
     FindRecordValues(request.statistic, record.t(), record.curve(i), columns.curves[i]);
   const bool phases = columns.regular && (number == kStatTable || IsPhase(number));
-  if (phases && !FindPhases(console, settings, record, case_store, columns) && IsPhase(number)) return TableFault::said;
+  if (phases && !FindPhases(work, record, columns) && IsPhase(number)) return TableFault::said;
   std::string text;
   if (number == kStatTable) AppendTable(columns, request, settings, record, case_store, out, text);
   else AppendLine(columns, request, settings, text);
@@ -187,16 +182,15 @@ TableFault WriteStatistics(const Platform& platform, const OutputSettings& setti
 
 }  // namespace
 
-TableFault WRSTAT(const Platform& platform, const OutputSettings& settings, const StatRequest& request,
-                  CaseStore& case_store, OutputFile& out) {
-  const Console& console = platform.console;
+TableFault WRSTAT(const StatWork& work, const StatRequest& request, OutputFile& out) {
+  const Console& console = work.console();
   const int number = request.statistic.number;
   if (number != kStatTable && StatisticLabel(number, false).empty()) {
     Say(console, kUnknown, number);
     return TableFault::said;
   }
   try {
-    return WriteStatistics(platform, settings, request, case_store, out);
+    return WriteStatistics(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(console, kNoMemory);
     return TableFault::said;

@@ -1,21 +1,14 @@
 // Statistics of the current record as tables and single lines.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "case/plot_data.h"
 #include "frame/ground/output_file.h"
 #include "stats/statistic_table.h"
+#include "stats/tables/ensemble_data.h"
 
 namespace zaview {
-
-enum class TableFault : std::uint8_t {
-  none,
-  said,       // the message has been said
-  not_valid,  // the quantity is not in this file
-  no_memory
-};
 
 struct StatRequest {
   StatisticName statistic;
@@ -24,7 +17,6 @@ struct StatRequest {
 };
 
 // Statistic 0: the whole table; else one bare line: text, separator, value. Reads the hull where NDTF needs its extent.
-[[nodiscard]] TableFault WRSTAT(const Platform& platform, const OutputSettings& settings, const StatRequest& request,
-                                CaseStore& case_store, OutputFile& out);
+[[nodiscard]] TableFault WRSTAT(const StatWork& work, const StatRequest& request, OutputFile& out);
 
 }  // namespace zaview

@@ -31,29 +31,6 @@ bool NeedsPeaks(int number) {
          IsSideOf(kStatHundredth, number) || Between(kStatNdtf, number, kStatPhaseLead) || number == kStatTransfer;
 }
 
-// A record without tops or without bottoms has no amplitude; its highest and lowest values are the mean.
-struct Extremes {
-  float top, bot;
-};
-Extremes ExtremesOf(const HighestPeaks& peaks, float xm) {
-  return peaks.iflag == 1 ? Extremes{xm, xm} : Extremes{peaks.top, peaks.bot};
-}
-
-enum Side : int { amplitude, top, bottom, height };
-float SideValue(int side, const HighestPeaks& peaks, float xm) {
-  const Extremes e = ExtremesOf(peaks, xm);
-  switch (side) {
-    case amplitude:
-      return (e.top - e.bot) / 2.0F;
-    case top:
-      return e.top;
-    case bottom:
-      return e.bot;
-    default:
-      return e.top - e.bot;
-  }
-}
-
 // The first row that holds quantity and component. No quantities: 30 and above that no other row names.
 struct NormalRow {
   std::array<int, 7> quantities;
@@ -121,9 +98,11 @@ TableFault TableFaultOf(PlotFault fault) {
   return TableFault::said;
 }
 
-TableFault TakeRecord(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                      std::string_view too_many_skipped, std::string_view no_memory, CaseStore& case_store,
-                      StatRecord& record) {
+TableFault TakeRecord(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped,
+                      std::string_view no_memory, StatRecord& record) {
+  const Console& console = work.console();
+  const OutputSettings& settings = work.settings;
+  CaseStore& case_store = work.current();
   const TableFault fault = TableFaultOf(SetPlotData(console, settings, request, case_store, record.data));
   if (fault == TableFault::no_memory) {
     SayLine(console, no_memory);
@@ -159,34 +138,6 @@ void FindRecordValues(const StatisticName& statistic, std::span<const float> t, 
     CalcAvgBetween(t, x, values.xm, values.between);
 }
 
-float StatisticValue(int number, const RecordValues& values) {
-  if (IsSideOf(kStatThird, number)) return SideValue(number - kStatThird, values.third, values.xm);
-  if (IsSideOf(kStatNth, number)) return SideValue(number - kStatNth, values.nth, values.xm);
-  if (IsSideOf(kStatHundredth, number)) return SideValue(number - kStatHundredth, values.hundredth, values.xm);
-  switch (number) {
-    case kStatMean:
-      return values.xm;
-    case kStatStdev:
-      return std::sqrt(values.xv);
-    case kStatVariance:
-      return values.xv;
-    case kStatMinimum:
-      return values.xmin;
-    case kStatMaximum:
-      return values.xmax;
-    case kStatAbsolute:
-      return std::max(-values.xmin, values.xmax);
-    case kStatBetweenUpcrossings:
-      return values.between.avgc;
-    case kStatBetweenPeaks:
-      return values.between.avgp;
-    case kStatSsa:
-      return 2.0F * std::sqrt(values.xv);
-    default:
-      return 0.0F;
-  }
-}
-
 bool FindNormalisers(const ControlRecords& records, const OutputSettings& settings, const Hull* hull,
                      Normalisers& out) {
   constexpr float kNoEncounter = 1.0e-6F;
@@ -208,14 +159,15 @@ bool FindNormalisers(const ControlRecords& records, const OutputSettings& settin
   const float ka = (settings.units.ANGOUT * k) * A;
   const float B = settings.statistics.ndtf_beam > 0.0F ? settings.statistics.ndtf_beam : LengthAlongX(hull) * L;
   const float Ln = settings.statistics.ndtf_length > 0.0F ? settings.statistics.ndtf_length : L;
-  out.value = {a,
-               a * we,
-               a * (we * we),
-               ka,
-               ka * we,
-               ka * (we * we),
-               (((g * B) * Ln) * a) * settings.units.RHOOUT,
-               (((g * B) * (Ln * Ln)) * a) * settings.units.RHOOUT};
+  const float force_unit = ((g * B) * Ln) * a, moment_unit = ((g * B) * (Ln * Ln)) * a;
+  out.of(Normal::a) = a;
+  out.of(Normal::a_we) = a * we;
+  out.of(Normal::a_we2) = a * (we * we);
+  out.of(Normal::ka) = ka;
+  out.of(Normal::ka_we) = ka * we;
+  out.of(Normal::ka_we2) = ka * (we * we);
+  out.of(Normal::force) = force_unit * settings.units.RHOOUT;
+  out.of(Normal::moment) = moment_unit * settings.units.RHOOUT;
   return true;
 }
 

@@ -8,7 +8,6 @@
 
 #include "case/plot_data.h"
 #include "geometry/hull.h"
-#include "stats/highest_peaks.h"
 #include "stats/tables/stat_table.h"
 
 namespace zaview {
@@ -29,22 +28,12 @@ struct StatRecord {
 [[nodiscard]] TableFault TableFaultOf(PlotFault fault);
 
 // Fills a record of at least one point. The two texts are said where no point is left, or memory is out.
-[[nodiscard]] TableFault TakeRecord(const Console& console, const OutputSettings& settings,
-                                    const QuantityRequest& request, std::string_view too_many_skipped,
-                                    std::string_view no_memory, CaseStore& case_store, StatRecord& record);
-
-// All that statistics 1 to 14 and 18 to 24 are made of, in the unit of the record.
-struct RecordValues {
-  float xm = 0, xv = 0, xmin = 0, xmax = 0;
-  HighestPeaks third, nth, hundredth;
-  BetweenAverages between;
-};
+[[nodiscard]] TableFault TakeRecord(const StatWork& work, const QuantityRequest& request,
+                                    std::string_view too_many_skipped, std::string_view no_memory, StatRecord& record);
 
 // Statistic 0 fills everything; any other number only what that statistic needs. N: of statistics 8 to 11.
 void FindRecordValues(const StatisticName& statistic, std::span<const float> t, std::span<const float> x,
                       RecordValues& values);
-// Numbers 1 to 14 and 18 to 24; 0 for all others. Amplitudes are half of top less bottom.
-[[nodiscard]] float StatisticValue(int number, const RecordValues& values);
 
 // Kinds of divisor: wave amplitude a or slope ka with powers of the encounter frequency, force, moment.
 enum class Normal : std::uint8_t { a, a_we, a_we2, ka, ka_we, ka_we2, force, moment };
@@ -54,7 +43,8 @@ enum class Normal : std::uint8_t { a, a_we, a_we2, ka, ka_we, ka_we2, force, mom
 // force g B Ln a rho, moment g B Ln^2 a rho. Beam B and length Ln as the user has set them, else
 // Ln = L, and B = L times the x extent of the hull (literally: the user who wants the beam sets it), L without a hull.
 struct Normalisers {
-  std::array<float, 8> value{};
+  std::array<float, 8> value{};  // found by kind
+  [[nodiscard]] float& of(Normal kind) { return value[static_cast<std::size_t>(kind)]; }
   [[nodiscard]] float of(Normal kind) const { return value[static_cast<std::size_t>(kind)]; }
 };
 

@@ -57,20 +57,21 @@ void FinishTable(const Platform& platform, TableFault fault, std::string_view do
   pause_for_return(console);
 }
 
-void AskStatisticsFile(const Platform& platform, const OutputSettings& settings, const QuantityRequest& request,
-                       CaseStore& case_store) {
+void AskStatisticsFile(const StatDialogue& dialogue, const QuantityRequest& request) {
+  const Platform& platform = dialogue.platform;
   ChosenFile chosen;
   if (!AskTableFile(platform, "Enter file for statistical output\n(BLANK to print to screen, QUIT to abort)", chosen))
     return;
   StatRequest table;
   table.statistic.number = kStatTable;
   table.quantity = request;
-  const TableFault fault = WRSTAT(platform, settings, table, case_store, chosen.out);
+  const TableFault fault = WRSTAT(dialogue.work(), table, chosen.out);
   FinishTable(platform, fault, "Statistics written to", chosen);
 }
 
-void AskIntervalFile(const Platform& platform, OutputSettings& settings, const QuantityRequest& request,
-                     CaseStore& case_store) {
+void AskIntervalFile(const StatDialogue& dialogue, const QuantityRequest& request) {
+  const Platform& platform = dialogue.platform;
+  OutputSettings& settings = dialogue.settings;
   const Console& console = platform.console;
   ChosenFile chosen;
   if (AskProbability(console, settings) != Answer::ok) return SayLine(console, kAborting);
@@ -87,10 +88,11 @@ void AskIntervalFile(const Platform& platform, OutputSettings& settings, const Q
   table.statistic.number = kStatTable;
   table.statistic.interval = true;
   table.quantity = request;
-  const TableFault fault = WriteIntervals(console, settings, table, case_store, chosen.out);
-  FinishTable(platform, fault,
-              fmt::format("Confidence interval data of {} written to", QuantityLabel(case_store, request.iqnt)),
-              chosen);
+  const TableFault fault = WriteIntervals(dialogue.work(), table, chosen.out);
+  FinishTable(
+      platform, fault,
+      fmt::format("Confidence interval data of {} written to", QuantityLabel(dialogue.cases.current, request.iqnt)),
+      chosen);
 }
 
 }  // namespace zaview

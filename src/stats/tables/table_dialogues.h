@@ -11,11 +11,17 @@
 
 namespace zaview {
 
+struct StatDialogue {  // what the dialogues of statistics work on: answers change the settings
+  const Platform& platform;
+  OutputSettings& settings;
+  EnsembleCases cases;
+  StatisticsState& state;
+  [[nodiscard]] StatWork work() const { return {platform, settings, cases, state}; }
+};
+
 // All curves of the quantity.
-void AskStatisticsFile(const Platform& platform, const OutputSettings& settings, const QuantityRequest& request,
-                       CaseStore& case_store);
-void AskIntervalFile(const Platform& platform, OutputSettings& settings, const QuantityRequest& request,
-                     CaseStore& case_store);
+void AskStatisticsFile(const StatDialogue& dialogue, const QuantityRequest& request);
+void AskIntervalFile(const StatDialogue& dialogue, const QuantityRequest& request);
 
 // ---- What these and the dialogues of ensembles have in common
 

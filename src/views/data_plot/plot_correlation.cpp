@@ -43,12 +43,12 @@ void TakePlaces(const AutocorrelationCurves& curves, const std::vector<int>& pla
 
 TableFault MakeRecord(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
   AutocorrelationCurves curves;
-  TableFault fault = MakeAutocorrelation(source.console(), source.output, request, source.store, curves);
+  TableFault fault = MakeAutocorrelation(source.work(), request, curves);
   if (fault != TableFault::none) return fault;
   // The dependence is that of the record as the statistics take it, whatever the sampling rate of the plot.
   EnsembleStore none;
   StatisticsState alone;
-  fault = UpdateDependence(source.console(), source.output, request, {source.store, none}, alone);
+  fault = UpdateDependence({source.platform, source.output, {source.store, none}, alone}, request);
   if (fault != TableFault::none) return fault;
   TakePlaces(curves, curves.upper, d.env_lag, d.env_R);
   TakePlaces(curves, curves.lower, d.low_lag, d.low_R);
@@ -62,7 +62,7 @@ TableFault MakeRecord(const PlotSource& source, const QuantityRequest& request, 
 
 TableFault MakeEnsemble(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
   StatisticsState& state = source.statistics;
-  const TableFault fault = UpdateDependence(source.console(), source.output, request, source.cases(), state);
+  const TableFault fault = UpdateDependence(source.work(), request);
   if (fault != TableFault::none) return fault;
   EnsembleAutoCov autocov;
   CalcEnsembleAutoCov(SamplesOf(state.ensemble), source.output.statistics.autocorrelation_cutoff, true, autocov);
@@ -171,9 +171,8 @@ void Notes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& n
 // ---- Tables
 TableFault WriteCorrelation(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
   const QuantityRequest request = RequestOf(plot, OneComponent(plot));
-  if (!plot.of_ensemble) return WriteAutocorrelation(source.console(), source.output, request, source.store, out);
-  return EnsembleAutoCorrelation(source.console(), source.output, request, false, source.cases(), source.statistics,
-                                 out);
+  if (!plot.of_ensemble) return WriteAutocorrelation(source.work(), request, out);
+  return EnsembleAutoCorrelation(source.work(), request, false, out);
 }
 
 void WriteRows(const DataPlotDerived& d, const TableLayout& layout, std::string& text, OutputFile& out) {

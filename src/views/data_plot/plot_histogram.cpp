@@ -30,8 +30,8 @@ constexpr std::string_view kRate = "Sampling rate= {} step(s)";
 // ---- Data
 TableFault MakeBars(const PlotSource& source, DataPlotState& plot) {
   Histogram& histogram = plot.derived.histogram;
-  const TableFault fault = MakeHistogram(source.console(), source.output, RequestOf(plot, OneComponent(plot)),
-                                         plot.of_ensemble, source.cases(), source.statistics, histogram);
+  const TableFault fault =
+      MakeHistogram(source.work(), RequestOf(plot, OneComponent(plot)), plot.of_ensemble, histogram);
   if (fault != TableFault::none) return fault;
   std::vector<float>&x = plot.derived.bar_x, &y = plot.derived.bar_y;
   x.clear();
@@ -125,8 +125,7 @@ void DrawHistogram(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
 }
 
 TableFault WriteBars(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
-  return WriteHistogram(source.console(), source.output, RequestOf(plot, OneComponent(plot)), plot.of_ensemble,
-                        source.cases(), source.statistics, out);
+  return WriteHistogram(source.work(), RequestOf(plot, OneComponent(plot)), plot.of_ensemble, out);
 }
 
 }  // namespace

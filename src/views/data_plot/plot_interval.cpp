@@ -57,7 +57,8 @@ bool TakeRecords(const PlotSource& source, const StatisticName& statistic, DataP
   for (std::size_t i = 0; i < X.size(); ++i) {
     if (X[i].empty()) continue;
     IntervalValues values;
-    if (!FindIntervals(source.console(), statistic, X[i], source.output.statistics.confidence_probability, values)) return false;
+    if (!FindIntervals(source.console(), statistic, X[i], source.output.statistics.confidence_probability, values))
+      return false;
     const auto [half_width, low, estimate, high] = IntervalCellsOf(statistic.number, values);
     d.record_x.push_back(static_cast<float>(i + 1));
     d.record_low.push_back(low);
@@ -69,8 +70,7 @@ bool TakeRecords(const PlotSource& source, const StatisticName& statistic, DataP
 
 TableFault MakeIntervals(const PlotSource& source, DataPlotState& plot) {
   StatisticsState& state = source.statistics;
-  const TableFault fault = LoadEnsemble(source.console(), source.output, RequestOf(plot, OneComponent(plot)),
-                                        source.cases(), kTooManySkipped, state);
+  const TableFault fault = LoadEnsemble(source.work(), RequestOf(plot, OneComponent(plot)), kTooManySkipped);
   if (fault != TableFault::none) return fault;
   StatisticName statistic;
   statistic.number = std::clamp(plot.statistic, 1, static_cast<int>(std::size(kWords)));
@@ -162,9 +162,9 @@ void IntervalNotes(const PlotFacts& facts, const DataPlotState& plot, std::vecto
   constexpr int kDashed = 1;
   const int colour = ColourOf(plot, kEnsembleColour);
   const std::string_view etc = facts.ensemble.nrec > 1 ? ", etc" : "";
-  notes.push_back(
-      {fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high), Shown{facts.output.statistics.confidence_probability}),
-       colour, kDashed});
+  notes.push_back({fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high),
+                               Shown{facts.output.statistics.confidence_probability}),
+                   colour, kDashed});
   notes.push_back({fmt::format(kEstimate, ShortNumber(d.estimate)), colour});
   notes.push_back({std::string(WordsOf(plot).name)});
   notes.push_back({fmt::format("{}{}", facts.store.file_name, etc)});

@@ -13,7 +13,7 @@ struct PlotSource {  // made on first need: seaway, hull, the records of the ens
   EnsembleStore& ensemble;
   StatisticsState& statistics;
   [[nodiscard]] const Console& console() const { return platform.console; }
-  [[nodiscard]] EnsembleCases cases() const { return {store, ensemble}; }
+  [[nodiscard]] StatWork work() const { return {platform, output, {store, ensemble}, statistics}; }
 };
 
 struct PlotFacts {  // only looked at

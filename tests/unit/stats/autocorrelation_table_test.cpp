@@ -20,11 +20,8 @@ Written Write(const CaseStore& c, const OutputSettings& settings, int iqnt = 1, 
   QuantityRequest request;
   request.iqnt = iqnt;
   request.curve = 1;
-  return WriteWorked(
-      [&](const Platform& platform, CaseStore& in_store, OutputFile& out) {
-        return WriteAutocorrelation(platform.console, settings, request, in_store, out);
-      },
-      c, "out.txt", before);
+  return WriteWorked([&](const StatWork& work, OutputFile& out) { return WriteAutocorrelation(work, request, out); }, c,
+                     settings, "out.txt", before);
 }
 
 TEST(AutocorrelationTable, FunctionAndEnvelopes) {

@@ -78,9 +78,11 @@ TEST(Fourier, CountOfFrequencies) {
 
 // One period of the wave and of a record behind it; signs and the fold to 0..360 are what can go wrong.
 TEST(Fourier, PhaseLagBehindTheWave) {
-  const double T = 12;
   const int n = 241;
+  double T = 12;
+  WavePhase kept;
   for (const double lag : {30.0, 90.0, 200.0, 350.0}) {
+    T += 3;
     std::vector<float> t, x, wave;
     for (int i = 0; i < n; ++i) {
       const double at = T * i / (n - 1), angle = 2 * std::numbers::pi * at / T;
@@ -88,15 +90,12 @@ TEST(Fourier, PhaseLagBehindTheWave) {
       wave.push_back(static_cast<float>(1.5 * std::cos(angle - 1.0)));
       x.push_back(static_cast<float>(7 + 0.2 * std::cos(angle - 1.0 - lag * std::numbers::pi / 180)));
     }
-    float degrees = 0;
-    ASSERT_TRUE(PhaseLag(t, x, wave, degrees));
-    EXPECT_NEAR(degrees, lag, 0.2);
-    ASSERT_TRUE(PhaseLag(t, wave, wave, degrees));
-    EXPECT_EQ(degrees, 360.0F);
     const std::vector<float> still(t.size(), 3.0F);
-    ASSERT_TRUE(PhaseLag(t, still, wave, degrees));
-    EXPECT_EQ(degrees, 0.0F);
-    EXPECT_FALSE(PhaseLag(t, x, still, degrees));
+    EXPECT_FALSE(FindWavePhase(t, still, kept));
+    ASSERT_TRUE(FindWavePhase(t, wave, kept));  // other waves and other times than those kept
+    EXPECT_NEAR(PhaseLag(kept, x), lag, 0.2);
+    EXPECT_EQ(PhaseLag(kept, wave), 360.0F);
+    EXPECT_EQ(PhaseLag(kept, still), 0.0F);
   }
 }
 

@@ -58,17 +58,6 @@ TEST(HighestPeaks, SegmentsAboutTheMean) {
   }
 }
 
-TEST(HighestPeaks, FlagOfFewPeaks) {
-  for (const auto& [cycles, iflag] : {std::pair{39, 2}, {40, 0}, {41, 2}, {42, 0}}) {  // 41: exactly 40 bottoms
-    std::vector<float> x{-1.0F};
-    for (int i = 0; i < cycles; ++i) x.insert(x.end(), {1.0F, -1.0F});
-    HighestPeaks out;
-    const int N[] = {3};
-    CalcAvgHighestPeaks(N, x, 0.0F, std::span(&out, 1));
-    EXPECT_EQ(out.iflag, iflag) << cycles;
-  }
-}
-
 TEST(AvgBetween, IntervalsOfNoLength) {
   // clang-format off
   const struct { const char* name; std::vector<float> x; float avgc, avgp; } cases[] = {

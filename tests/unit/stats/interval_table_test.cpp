@@ -24,11 +24,8 @@ Written Write(const Wanted& w) {
   request.text = w.text;
   CaseStore c = WorkedCase();
   c.skip_effective = w.skip;
-  return WriteWorked(
-      [&](const Platform& platform, CaseStore& in_store, OutputFile& out) {
-        return WriteIntervals(platform.console, w.settings, request, in_store, out);
-      },
-      c, "out.txt", w.before);
+  return WriteWorked([&](const StatWork& work, OutputFile& out) { return WriteIntervals(work, request, out); }, c,
+                     w.settings, "out.txt", w.before);
 }
 
 constexpr std::string_view kTitle =

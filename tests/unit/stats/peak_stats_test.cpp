@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include <gtest/gtest.h>
 
 #include "near.h"
+#include "stats/peaks.h"
 #include "worked_records.h"
 
 namespace zaview {
@@ -19,11 +21,9 @@ PeakList ListOf(const std::vector<float>& values, const std::vector<int>& steps)
 }
 
 TEST(RecordPeakStats, WorkedRecords) {
-  const struct {
-    int record, N;
-    std::array<int, 7> counts;   // Npks Npksb Npkst ndti, npN Nclpks Mclmax
-    std::array<double, 6> want;  // xpkN xpkNb xpkNt xpkNci xpkNbci xpkNtci
-  } cases[] = {
+  // clang-format off
+  // Npks Npksb Npkst ndti, npN Nclpks Mclmax; xpkN xpkNb xpkNt xpkNci xpkNbci xpkNtci
+  const struct { int record, N; std::array<int, 7> counts; std::array<double, 6> want; } cases[] = {
       {1, 1, {25, 13, 12, 51, 25, 1, 25}, {2.409637, -2.0356925, 2.7800834, 0.41365057, 0.70616627, 0.37227938}},
       {1, 3, {25, 13, 12, 51, 8, 1, 8}, {3.7114816, -3.6217499, 3.763, 0.5192446, 0.88004476, 0.3804367}},
       {1, 10, {25, 13, 12, 51, 3, 2, 2}, {4.542976, -4.882, 4.273, 0.66792816, 0, 0}},
@@ -31,6 +31,7 @@ TEST(RecordPeakStats, WorkedRecords) {
       {2, 3, {62, 31, 31, 32, 21, 1, 21}, {1.1241816, -0.89039993, 1.3646001, 0.017338235, 0.019696115, 0.030932505}},
       {2, 10, {62, 31, 31, 32, 6, 1, 6}, {1.19, -0.93866664, 1.4413334, 0.023211062, 0.01834766, 0.032983005}},
   };
+  // clang-format on
   for (const auto& c : cases) {
     SCOPED_TRACE(c.record * 100 + c.N);
     const std::span<const float> x = WorkedRecord(c.record);
@@ -55,6 +56,17 @@ TEST(RecordPeakStats, WorkedRecords) {
   }
 }
 
+TEST(RecordPeakStats, RefusedArguments) {
+  const std::string where = "ERROR in CalcRecordPeakStats: invalid ";
+  RecordPeakStats s;
+  s.xpkN = 7.0F;
+  const StatFault faults = CalcRecordPeakStats(0, 7, WorkedRecord(1), 0.0F, s);
+  EXPECT_EQ(s.xpkN, 0.0F);
+  EXPECT_EQ(StatFaultLines(faults, "CalcRecordPeakStats", 0, 7, 0.0F),
+            (std::vector<std::string>{where + "peak frequency= 0", where + "statistics option= 7",
+                                      where + "confidence probability = 0"}));
+}
+
 // A sine of 10 cycles: the first and the last half cycle are dropped. N must lie below the count.
 TEST(RecordPeakStats, PeaksMustOutnumberN) {
   std::vector<float> x(1000);
@@ -70,15 +82,10 @@ TEST(RecordPeakStats, PeaksMustOutnumberN) {
 }
 
 TEST(PeakAverage, TiesAndClusters) {
-  const struct {
-    const char* name;
-    int N;
-    std::vector<float> values;
-    std::vector<int> steps;
-    float fact;
-    int ndti;
-    double average, half_width;  // of a multiplier 1
-    int kept, clusters, largest;
+  // clang-format off
+  const struct {  // half width of a multiplier 1
+    const char* name; int N; std::vector<float> values; std::vector<int> steps; float fact; int ndti;
+    double average, half_width; int kept, clusters, largest;
   } cases[] = {
       // Of three tied at 2 only the earliest is kept beside the 5: (5 + 2)/2, R(0) = 2.25, 2.25/2.
       {"ties", 3, {2, 5, 2, 1, 2, 0}, {1, 9, 17, 25, 33, 41}, 1.0F, 0, 3.5, 1.0606602, 2, 2, 1},
@@ -89,14 +96,13 @@ TEST(PeakAverage, TiesAndClusters) {
       {"three have no lag", 1, {1, 3, 2, 2}, {1, 2, 3, 9}, 1.0F, 1, 2.0, 0.3535534, 4, 2, 3},
       {"rounded count", 4, {4, 1, 2, 3, 1, 1}, {1, 2, 3, 4, 5, 6}, 1.0F, 0, 3.5, 0.3535534, 2, 2, 1},
   };
+  // clang-format on
   for (const auto& c : cases) {
     PeakAverage out;
     CalcPeakAvgN(c.N, kIntervals, ListOf(c.values, c.steps), c.fact, c.ndti, 1.0F, out);
     ExpectClose(out.xpkN, c.average, c.name);
     ExpectClose(out.xpkNci, c.half_width, c.name);
-    EXPECT_EQ(out.npN, c.kept) << c.name;
-    EXPECT_EQ(out.Nclpks, c.clusters) << c.name;
-    EXPECT_EQ(out.Mclmax, c.largest) << c.name;
+    EXPECT_EQ((std::array{out.npN, out.Nclpks, out.Mclmax}), (std::array{c.kept, c.clusters, c.largest})) << c.name;
   }
 }
 
@@ -128,24 +134,54 @@ TEST(PeakAverage, LongClusters) {
   EXPECT_EQ(out.xpkNci, std::sqrt(sum / 400.0F));
 }
 
-TEST(RecordPeakStats, RefusedArguments) {
-  const std::string where = "ERROR in CalcRecordPeakStats: invalid ";
+void ExpectList(const PeakList& got, const std::vector<int>& steps, const std::vector<double>& values) {
+  EXPECT_EQ(got.step, steps);
+  ASSERT_EQ(got.value.size(), values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) EXPECT_NEAR(static_cast<double>(got.value[i]), values[i], 1e-6) << i;
+}
+
+TEST(GetPeaks, HalfCyclesAboutZero) {
+  constexpr float tiny = std::numeric_limits<float>::min();
+  constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+  // clang-format off
   const struct {
-    int N, iopt;
-    float prob;
-    std::vector<std::string> lines;
+    const char* name; std::vector<float> x; std::vector<int> bottom_steps, top_steps; std::vector<double> bottoms, tops;
+    bool crossing;
   } cases[] = {
-      {-3, 2, 0.95F, {where + "peak frequency= -3", where + "statistics option= 2"}},
-      {3, 0, 1.0F, {where + "confidence probability = 1"}},
-      {0, 7, 0.0F, {where + "peak frequency= 0", where + "statistics option= 7", where + "confidence probability = 0"}},
+      {"a half cycle from 0 on is below", {1, 0, 2, -1}, {2}, {3}, {0.0}, {2.0}, true},
+      {"0 belongs to the running one", {0, 1, 2, 0, -1, -3, 0, 2, 1, -1}, {6}, {3, 8}, {-3.0}, {2.0, 2.0}, true},
+      {"the first of equal extremes", {-1, 1, 2, 2, -1, -1, 1}, {5}, {3}, {-1.0}, {2.0}, true},
+      {"what is open at the end is none", {-1, 1, 5}, {}, {}, {}, {}, true},
+      {"touching the last sample", {1, 2, 0}, {}, {}, {}, {}, false},
+      {"on one side", {1, 2, 1, 2}, {}, {}, {}, {}, false},
+      {"everywhere 0", {0, 0, 0, 0}, {}, {}, {}, {}, true},
+      {"a product that underflows", {tiny, tiny, -1, 1, -1}, {3}, {2, 4}, {-1.0}, {0.0, 1.0}, true},
+      {"none", {}, {}, {}, {}, {}, false},
+      {"not a number", {nan, 1, nan, -1}, {}, {}, {}, {}, false},
   };
+  // clang-format on
   for (const auto& c : cases) {
-    RecordPeakStats s;
-    s.xpkN = 7.0F;
-    const StatFault faults = CalcRecordPeakStats(c.N, c.iopt, WorkedRecord(1), c.prob, s);
-    EXPECT_EQ(StatFaultLines(faults, "CalcRecordPeakStats", c.N, c.iopt, c.prob), c.lines);
-    EXPECT_EQ(s.xpkN, 0.0F);
+    SCOPED_TRACE(c.name);
+    const std::span<const float> x = c.x;
+    Peaks peaks;
+    std::vector<int> none;
+    GetPeaks(std::span(&x, 1), 0.0F, peaks, &none);
+    ExpectList(peaks.bottom, c.bottom_steps, c.bottoms);
+    ExpectList(peaks.top, c.top_steps, c.tops);
+    EXPECT_EQ(peaks.all.step.size(), c.bottom_steps.size() + c.top_steps.size());
+    EXPECT_EQ(none.empty(), c.crossing);
   }
+}
+
+TEST(GetPeaks, RecordsKeepTheirNumbers) {
+  const float a[] = {-1, 2, -3, 1}, b[] = {1, 1, 1};
+  const std::span<const float> records[] = {a, {}, b, a};
+  Peaks peaks;
+  std::vector<int> none;
+  GetPeaks(records, 0.0F, peaks, &none);
+  EXPECT_EQ(peaks.all.record, (std::vector<int>{1, 1, 4, 4}));
+  EXPECT_EQ(peaks.all.step, (std::vector<int>{2, 3, 2, 3}));
+  EXPECT_EQ(none, (std::vector<int>{2, 3}));
 }
 
 }  // namespace

@@ -44,17 +44,19 @@ struct Written {
   std::string text, console;
 };
 
-// write: (platform, case, out) -> fault. name blank: the console. before: what out.txt holds already.
-using WriteTableOf = std::function<TableFault(const Platform&, CaseStore&, OutputFile&)>;
-inline Written WriteWorked(const WriteTableOf& write, CaseStore c, const std::string& name = "out.txt",
-                           const std::string& before = {}) {
+// name blank: the console. before: what out.txt holds already.
+using WriteTableOf = std::function<TableFault(const StatWork&, OutputFile&)>;
+inline Written WriteWorked(const WriteTableOf& write, CaseStore c, const OutputSettings& settings,
+                           const std::string& name = "out.txt", const std::string& before = {}) {
   FakePlatform fake;
   if (!before.empty()) fake.Put("out.txt", before);
   const Platform platform = fake.Get();
   OutputFile out;
   Written written;
   EXPECT_TRUE(OpenOutput(platform, name, before.empty() ? OpenHow::replace : OpenHow::append, out));
-  written.fault = write(platform, c, out);
+  EnsembleStore none;
+  StatisticsState state;
+  written.fault = write({platform, settings, {c, none}, state}, out);
   if (written.fault == TableFault::none) {
     EXPECT_TRUE(CloseOutput(out));
     written.text = fake.Bytes("out.txt");
