@@ -210,11 +210,16 @@ ReferenceTopic KeyTopic() {
       {}};
   for (const KeyInHelp& in_help : KeysInOrder(DataPlotKeys(Session{}))) {
     const ViewKey& key = *in_help.row;
-    constexpr std::size_t kText = 8;  // column of a help line
-    if (key.help[0].size() <= kText) continue;
-    std::string text(Trim(key.help[0].substr(kText)));
-    if (!key.help[1].empty()) text.append(" ").append(Trim(key.help[1]));
-    part.rows.push_back({std::string(Trim(key.help[0].substr(0, kText))), {text}});
+    for (std::string_view line : key.help) {
+      constexpr std::size_t kText = 8;  // column of a help line; a long name has a dash behind it
+      if (line.size() <= kText) continue;
+      const std::size_t dash = line.find(" - ");
+      const bool named = dash != std::string_view::npos && line[0] >= 'A' && line[0] <= 'Z';
+      const std::string name(Trim(line.substr(0, named ? dash : kText)));
+      const std::string text(Trim(line.substr(named ? dash + 3 : kText)));
+      if (name.empty() && !part.rows.empty()) part.rows.back().text[0].append(" ").append(text);
+      else part.rows.push_back({name, {text}});
+    }
   }
   return {"keys", "keys and mouse of the plots", {part}};
 }

@@ -33,7 +33,7 @@ TEST(Reference, Help) {
       {{"-help", "Write_Stats"}, 0, "\n WRITE_STAT stat sel tail text file\n     One statistic"},
       {{"-help", "EXCEEDANCE-RATE"}, 0, "\n EXCEEDANCE.. sel tail threshold dependence file\n"},
       {{"-help", "Environment"}, 0, "\n GLREVERSE=on           Black on white\n"},
-      {{"-help", "keys"}, 0, "\n g         Toggle grid lines\n"},
+      {{"-help", "keys"}, 0, "\n g               Toggle grid lines\n"},
       {{"-help", "quantities"}, 0, "\n MOT, PMG       1. Position of CG: pmgg(1) .. pmgg(6) (m; rad)\n"},
       {{"-help", "statistics"}, 0, "\n 1/nTH_AMP, 1/nTH\n     1/nth Amp Avg\n"},
       {{"-help", "run.out"}, 2, "ERROR - there is no help on run.out\n"},
