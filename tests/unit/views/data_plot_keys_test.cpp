@@ -327,6 +327,14 @@ TEST(DataPlotKeys, WithOneComponentAllIsKept) {
   EXPECT_EQ(v.fake.output.find("Curve Selection"), std::string::npos);
 }
 
+// As often larger as smaller: to scale again, to the last bit.
+TEST(DataPlotKeys, AHullComesBackToScale) {
+  PlotView v{std::string(kSample)};
+  v.Choose(kTrack, kPosition, 0);
+  Press(v.session, "L L l l l L");
+  EXPECT_EQ(v.plot().geometry_scale, 1.0F);
+}
+
 TEST(DataPlotKeys, TheWindowGoesToAFile) {
   PlotView v{std::string(kSample)};
   v.Choose(kHistory, kPosition, 3);

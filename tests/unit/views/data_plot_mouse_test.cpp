@@ -39,44 +39,26 @@ struct MouseCase {
 constexpr PlotLimits kWhole{0, 10, 74.75F, -3, 1, 2};
 
 TEST(DataPlotMouse, TwoClicksZoomAndOneOutsideUndoes) {
+  // clang-format off
   const MouseCase cases[] = {
-      {"rounded outward",
-       {{kLeft, 20.5F, -1.9F}, {kLeft, 41, 0.9F}},
-       {18, 3, 42, -2.25F, 0.75F, 1.5F},
-       false,
-       true,
+      {"rounded outward", {{kLeft, 20.5F, -1.9F}, {kLeft, 41, 0.9F}}, {18, 3, 42, -2.25F, 0.75F, 1.5F}, false, true,
        ""},
-      {"corners in any order",
-       {{kLeft, 41, -1.9F}, {kLeft, 20.5F, 0.9F}},
-       {18, 3, 42, -2.25F, 0.75F, 1.5F},
-       false,
-       true,
-       ""},
+      {"corners in any order", {{kLeft, 41, -1.9F}, {kLeft, 20.5F, 0.9F}}, {18, 3, 42, -2.25F, 0.75F, 1.5F}, false,
+       true, ""},
       {"one corner", {{kLeft, 20, -2}}, kWhole, true, false, ""},
       {"outside of a whole plot", {{kLeft, -1, -2}}, kWhole, false, false, ""},
-      {"too narrow",
-       {{kLeft, 20, -2}, {kLeft, 20.0005F, 1}},
-       kWhole,
-       true,
-       false,
+      {"too narrow", {{kLeft, 20, -2}, {kLeft, 20.0005F, 1}}, kWhole, true, false,
        "Zoom aperture too small - re-select 2nd point\n"},
-      {"too low, then again",
-       {{kLeft, 20, -2}, {kLeft, 40, -2}, {kLeft, 40, 1}},
-       {20, 2.5F, 40, -2.25F, 0.75F, 1.5F},
-       false,
-       true,
-       "Zoom aperture too small - re-select 2nd point\n"},
-      {"inside a zoom: the range in use counts",
-       {{kLeft, 20, -0.1F}, {kLeft, 40, 0.1F}, {kLeft, 25, -1.0e-5F}, {kLeft, 35, 3.0e-5F}},
-       {24, 2, 36, -1.0e-5F, 1.0e-5F, 3.0e-5F},
-       false,
-       true,
-       ""},
+      {"too low, then again", {{kLeft, 20, -2}, {kLeft, 40, -2}, {kLeft, 40, 1}}, {20, 2.5F, 40, -2.25F, 0.75F,
+       1.5F}, false, true, "Zoom aperture too small - re-select 2nd point\n"},
+      {"inside a zoom: the range in use counts", {{kLeft, 20, -0.1F}, {kLeft, 40, 0.1F}, {kLeft, 25, -1.0e-5F},
+       {kLeft, 35, 3.0e-5F}}, {24, 2, 36, -1.0e-5F, 1.0e-5F, 3.0e-5F}, false, true, ""},
       {"undone", {{kLeft, 20, -2}, {kLeft, 40, 1}, {kLeft, 10, 0}}, kWhole, false, false, ""},
       {"the middle button does nothing", {{kMiddle, 20, -2}, {kMiddle, 40, 1}}, kWhole, false, false, ""},
       {"dropped by measuring", {{kLeft, 20, -2}, {kRight, 40, 1}}, kWhole, false, false, "Zoom aborted\n"},
       {"not dropped outside", {{kLeft, 20, -2}, {kRight, 90, 1}}, kWhole, true, false, ""},
   };
+  // clang-format on
   PlotView v("irregular_head.out");
   for (const MouseCase& c : cases) {
     v.plot() = DataPlotState{};

@@ -76,7 +76,8 @@ TEST(DataPlotAxes, HistoryLimits) {
   UseSmallCase(view);
   // Time steps of 0.25.
   for (std::size_t k = 0; k < 40; ++k)
-    view.session.case_store.time.component[0][k] = 0.25F * static_cast<float>(5 + k) / view.session.output.units.scales.T;
+    view.session.case_store.time.component[0][k] =
+        0.25F * static_cast<float>(5 + k) / view.session.output.units.scales.T;
   for (const Row& row : rows) {
     view.Choose(PlotKind::history, 1, row.component);
     view.plot().x_axis_by_index = row.by_index;
@@ -141,7 +142,8 @@ TEST(DataPlotAxes, DataAndLimitsAreMadeAnewWithWhatTheyDependOn) {
       {"wave", trajectory, [](Session& s) { s.data_plot.wave_overlay = true; }, false, false, false},
       {"rate", histogram, [](Session& s) { s.statistics.histogram.rate = 2; }, true, true, false},
       {"rate", autocovariance, [](Session& s) { s.statistics.histogram.rate = 2; }, false, false, false},
-      {"cutoff", autocorrelation, [](Session& s) { s.output.statistics.autocorrelation_cutoff = 0.2F; }, true, true, false},
+      {"cutoff", autocorrelation, [](Session& s) { s.output.statistics.autocorrelation_cutoff = 0.2F; }, true, true,
+       false},
       {"step", load_dist, [](Session& s) { s.case_store.current_step = 9; }, false, false, false},
       {"length", history, [](Session& s) { s.data_plot.axis_length.x = 4; }, false, true, false},
       {"aspect", trajectory, [](Session& s) { s.data_plot.keep_aspect = false; }, false, true, false},
@@ -320,6 +322,77 @@ TEST(DataPlotPicture, TextsStayOnThePage) {
     EXPECT_LT(texts.right, row.width - 1) << row.name;
     EXPECT_LT(texts.bottom, row.height - 1) << row.name;
   }
+}
+
+// Each colour of lines is seen on either background: at least 3 to 1, as guidelines for graphics want it.
+TEST(DataPlotPicture, LinesAreSeenOnEitherBackground) {
+  const auto luminance = [](unsigned rgb) {
+    double sum = 0;
+    const double weight[] = {0.0722, 0.7152, 0.2126};
+    for (const double w : weight) {
+      const double part = static_cast<double>(rgb & 0xFFU) / 255.0;
+      sum += w * (part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4));
+      rgb >>= 8U;
+    }
+    return sum;
+  };
+  for (const bool white : {false, true}) {
+    PlotView view("");
+    UseSmallCase(view);
+    view.session.run.plot_colours = white ? 3 : 2;
+    view.Choose(PlotKind::history, 1, 1);
+    view.Show();
+    for (int index = 2; index <= 15; ++index) {
+      const double line = luminance(view.Ink(index));
+      EXPECT_GE(white ? 1.05 / (line + 0.05) : (line + 0.05) / 0.05, 2.95) << index << white;
+    }
+  }
+}
+
+// One step, and a ship that stays where it is: a dot.
+TEST(DataPlotPicture, WhatHasNoLengthIsADot) {
+  for (const PlotKind kind : {PlotKind::history, PlotKind::trajectory}) {
+    PlotView view("");
+    UseSmallCase(view);
+    view.session.case_store.last_step = 5;
+    view.Choose(kind, 1, 1);
+    view.Show();
+    const PixelBox dot = view.Pixels(kRed);
+    EXPECT_GE(dot.count, 4);
+    EXPECT_LT(dot.right - dot.left, 12);
+  }
+}
+
+// Names where several curves are drawn, unless a script says otherwise; dashes where there are no colours.
+TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
+  const struct {
+    int component;
+    LegendUse legend;
+    bool values;
+    std::vector<std::string> want;
+  } rows[] = {
+      {1, LegendUse::automatic, false, {}},
+      {1, LegendUse::on, false, {"1 pmgg(1)"}},
+      {1, LegendUse::automatic, true, {"1 pmgg(1) = 59"}},
+      {0, LegendUse::off, false, {}},
+      {0, LegendUse::automatic, false, {"2 pmgg(2)", "3 pmgg(3)"}},
+  };
+  PlotView view("");
+  UseSmallCase(view);
+  for (const auto& row : rows) {
+    view.Choose(PlotKind::history, 1, row.component);
+    zaviewsetaxes(view.session);
+    view.plot().hidden = {1, 0, 0, 1, 1, 1};
+    view.plot().legend = row.legend;
+    view.plot().values_in_legend = row.values;
+    std::vector<PageNote> notes;
+    kHistoryPlot.notes(FactsOf(view.session), view.plot(), notes);
+    std::vector<std::string> got;
+    for (const PageNote& note : notes) got.push_back(note.text);
+    EXPECT_EQ(got, row.want);
+  }
+  view.plot().colour_on = false;
+  for (int i = 1; i <= 5; ++i) EXPECT_EQ(DashOf(view.plot(), i), i - 1);
 }
 
 TEST(DataPlotPicture, MarksEveryNth) {

@@ -130,6 +130,12 @@ TEST(StatisticPlots, CorrelationBeginsAtOneAndCovarianceAtTheVariance) {
   const int at = Column(v, 2.5F), row = Row(v, static_cast<float>(lag_10 / variance));
   EXPECT_GT(CountIn(v, v.Ink(4), at - 1, at + 1, row - 3, row + 3), 0);
 
+  std::vector<PageNote> notes;  // the heave of this short record never falls to the cut-off for good
+  kAutocorrelationPlot.notes(FactsOf(v.session), v.plot(), notes);
+  ASSERT_EQ(notes.size(), 4U);
+  EXPECT_EQ(notes[2].text, "Cutoff time  = not reached");
+  EXPECT_EQ(notes[3].text, "Cutoff steps = not reached");
+
   v.Choose(PlotKind::autocovariance, 1, kHeave);
   v.Show();
   EXPECT_NEAR(v.plot().derived.correlation[0], variance, 1.0e-4 * variance);
