@@ -13,7 +13,6 @@
 namespace zaview {
 namespace {
 
-constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 constexpr std::string_view kTimeHead = "  Time   ";
 constexpr std::string_view kWritingMotions = "Writing KINO motion data...";
 constexpr std::string_view kWritingSeaway = "Writing KINO seaway data...";
@@ -76,9 +75,7 @@ PlotFault write_time_history(const Console& console, const OutputSettings& setti
     TakeRow(data, point, cells);
     if (unformatted) AppendRecord(text, cells);
     else AppendRow(text, layout, cells);
-    if (text.size() < kBlock) continue;
-    WriteOutput(out, text);
-    text.clear();
+    WriteGathered(out, text);
   }
   WriteOutput(out, text);
   return PlotFault::none;

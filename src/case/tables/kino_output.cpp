@@ -26,7 +26,6 @@ inline constexpr std::string_view kTransformation[] = {
     "To use this file with geometry specified in ZAVO input coordinates,",
     "an initial transformation must be specified:"};
 
-constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 constexpr double kDegrees = 180 / std::numbers::pi;
 constexpr double kUsualGravity = 9.81;  // what a viewer takes if it is told nothing
 constexpr double kSameGravity = 0.001;  // of it
@@ -177,9 +176,7 @@ void WriteKinoMotions(const OutputSettings& settings, const CaseStore& case_stor
     std::array<double, 7> row{c.time.at(1, step) * T};
     for (int k = 1; k <= 6; ++k) row[static_cast<std::size_t>(k)] = c.pmgg.at(k, step) * (k <= 3 ? units.L : kDegrees);
     AppendKinoStep(text, row);
-    if (text.size() < kBlock) continue;
-    WriteOutput(out, text);
-    text.clear();
+    WriteGathered(out, text);
   }
   WriteOutput(out, text);
 }

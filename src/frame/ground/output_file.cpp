@@ -13,6 +13,7 @@ namespace zaview {
 namespace {
 
 constexpr std::size_t kPendingBytes = std::size_t{256} * 1024;  // written in pieces of this size
+constexpr std::size_t kGathered = 65536;                        // bytes of rows for one write
 constexpr int kBesideNames = 1000;  // left over by runs that were killed, or in use by others
 constexpr std::string_view kStandardOutput = "/dev/stdout";
 constexpr std::string_view kWasRead = "this run has read that file";
@@ -127,6 +128,12 @@ void WriteOutput(OutputFile& out, std::string_view text) {
     out.failed = true;
   }
   if (out.how == OpenHow::replace && out.pending.size() >= kPendingBytes) Flush(out);
+}
+
+void WriteGathered(OutputFile& out, std::string& text) {
+  if (text.size() < kGathered) return;
+  WriteOutput(out, text);
+  text.clear();
 }
 
 bool CloseOutput(OutputFile& out) {

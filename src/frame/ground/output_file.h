@@ -34,6 +34,9 @@ struct OutputFile {
 // False: it can't be opened (nothing is left behind). Told before any computing.
 [[nodiscard]] bool OpenOutput(const Platform& platform, std::string_view name, OpenHow how, OutputFile& out);
 void WriteOutput(OutputFile& out, std::string_view text);
+// After each row of a long table: the rows gathered in text are written, and text is emptied, once they fill a block.
+// The rest is the caller's to write.
+void WriteGathered(OutputFile& out, std::string& text);
 // False: a write failed; the target is as it was, unless it had to be written in place. The console always succeeds.
 [[nodiscard]] bool CloseOutput(OutputFile& out);
 void DiscardOutput(OutputFile& out);

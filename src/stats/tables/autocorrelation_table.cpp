@@ -20,8 +20,6 @@ inline constexpr std::string_view kTooManySkipped =
 inline constexpr std::string_view kNoMemory = "ERR493 - Error allocated data for autocorrelation";
 inline constexpr std::string_view kBadRecord = "ERROR - Invalid argument to AutoCovariance";
 
-constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
-
 // Every rate-th sample, the first one included.
 std::vector<float> Sampled(std::span<const float> all, std::size_t rate) {
   std::vector<float> some;
@@ -60,9 +58,7 @@ void WriteRows(const AutocorrelationCurves& curves, std::span<const int> places,
     const auto i = static_cast<std::size_t>(place);
     const float cells[] = {curves.dtau[i], curves.R[i]};
     AppendRow(text, layout, cells);
-    if (text.size() < kBlock) continue;
-    WriteOutput(out, text);
-    text.clear();
+    WriteGathered(out, text);
   }
 }
 

@@ -177,17 +177,13 @@ TableFault WriteStatistics(const StatWork& work, const StatRequest& request, Out
 
 // ---- Autocorrelation
 
-constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
-
 void WriteRows(const TableLayout& layout, std::span<const float> lags, std::span<const float> values, float dt,
                std::string& text, OutputFile& out) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     const float lag = lags.empty() ? static_cast<float>(i) : lags[i];
     const float cells[] = {lag * dt, values[i]};
     AppendRow(text, layout, cells);
-    if (text.size() < kBlock) continue;
-    WriteOutput(out, text);
-    text.clear();
+    WriteGathered(out, text);
   }
 }
 

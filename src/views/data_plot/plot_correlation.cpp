@@ -28,7 +28,6 @@ namespace {
 
 constexpr int kEnvelopeColour = 9, kCutoffColour = 1;
 constexpr std::string_view kNotReached = "not reached";
-constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
 
 // ---- Data
 void TakePlaces(const AutocorrelationCurves& curves, const std::vector<int>& places, std::vector<float>& lag,
@@ -179,9 +178,7 @@ void WriteRows(const DataPlotDerived& d, const TableLayout& layout, std::string&
   for (std::size_t i = 0; i < d.lag.size(); ++i) {
     const float cells[] = {d.lag[i], d.correlation[i]};
     AppendRow(text, layout, cells);
-    if (text.size() < kBlock) continue;
-    WriteOutput(out, text);
-    text.clear();
+    WriteGathered(out, text);
   }
   WriteOutput(out, text);
 }

@@ -35,8 +35,7 @@ constexpr float kLabelGap = 0.4F;      // character heights between the track an
 constexpr float kLabelMargin = 0.15F;  // and of paper around it
 constexpr int kTrackMark = 3;
 constexpr float kTrackMarkSize = 0.6F;
-constexpr float kTurn = 0.01F;         // radians: a hull on top of the one before is drawn if it has turned by this
-constexpr std::size_t kBlock = 65536;  // bytes of rows gathered for one write
+constexpr float kTurn = 0.01F;  // radians: a hull on top of the one before is drawn if it has turned by this
 
 // ---- Data
 void FillWaterline(const PlotSource& source, DataPlotState& plot) {
@@ -239,9 +238,7 @@ TableFault WriteTrajectory(const PlotSource& source, const DataPlotState& plot, 
   for (std::size_t i = 0; i < track.x.size(); ++i) {
     const float cells[] = {track.x[i], track.y[0][i], track.y[1][i]};
     AppendRow(text, layout, cells);
-    if (text.size() < kBlock) continue;
-    WriteOutput(out, text);
-    text.clear();
+    WriteGathered(out, text);
   }
   WriteOutput(out, text);
   return TableFault::none;
