@@ -1,5 +1,6 @@
 #include "frame/command_line.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "base/message.h"
@@ -324,22 +325,23 @@ ReadOutcome ReadNamed(Session& session, const std::string& name) {
 }
 
 struct FilesRead {
-  int named = 0, cases = 0;  // wild cards are as many names as they match
+  int named = 0, cases = 0;  // a wild card is as many names as it matches, and one that nothing was read of if none
 };
 
 FilesRead ReadNamedFiles(Session& session) {
   RunState& run = session.run;
   if (run.script_active && !run.file_args.empty()) run.skip_prompt = SkipPrompt::silent;
   std::vector<std::string> all;
+  FilesRead read;
   for (const std::string& argument : run.file_args) {
     std::vector<std::string> names = {argument};
     if (is_pattern(session.platform.files, argument)) {
       list_matching_files(session.platform.files, argument, names);
       if (names.empty()) Say(session.platform.console, kNoMatch, argument);
     }
+    read.named += std::max(1, static_cast<int>(names.size()));
     all.insert(all.end(), names.begin(), names.end());
   }
-  FilesRead read{static_cast<int>(all.size())};
   for (const std::string& name : all) {
     const ReadOutcome outcome = ReadNamed(session, name);
     if (outcome == ReadOutcome::aborted) break;

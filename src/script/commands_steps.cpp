@@ -18,6 +18,7 @@ inline constexpr std::string_view kIllegalArguments = "ERROR - Illegal arguments
 inline constexpr std::string_view kRangeAtZero = "        Initial time step of range cannot be zero";
 inline constexpr std::string_view kRangeOutside = "        The case has steps {} to {}";
 inline constexpr std::string_view kSkipInForce = "        The case ends at step {}: {} in force";
+inline constexpr std::string_view kLastInForce = "        The case ends at step {}, which is in force";
 inline constexpr std::string_view kRangeUpsideDown = "        Initial time step of range after terminal step";
 
 // One or two step counts, the second on the same line or missing.
@@ -114,6 +115,7 @@ int RunStatSteps(ScriptCall& call) {
     return kScriptBadArgument;
   }
   Say(call.console(), "Setting time step range for statistical calculations to: {} through {}", first, last);
+  if (last > store.last_step) Say(call.console(), kLastInForce, store.last_step);
   return kScriptOk;
 }
 

@@ -53,6 +53,7 @@ TEST(CommandLine, EndsAndErrors) {
       {"-plot", 0, ignored + name + "\n"},  // no pause
       {"none|-command|STOP", 1,
        "ERROR - Error opening ZAVO Output File : none\n1 of 1 files could not be read\n"},
+      {"no*.out|-command|STOP", 1, "ERROR - no file(s) found which match no*.out\n1 of 1 files could not be read\n"},
       {"-plot_hist0ry|-scrip", 2, bad + "-scrip\n         did you mean -SCRIPT ?\n"},  // by its beginning, no error
       {"-init_command|STOP", 0, stop + "ZAVIEW continuing...\n" + name + "\n"},
   };

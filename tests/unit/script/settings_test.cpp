@@ -288,7 +288,10 @@ TEST(Settings, Steps) {
        {"", "SKIP_STEPS 1 2\n"}},
       {"SET_STAT_STEPS STAT_STEPS", Steps, {{"21 85", Of(1, 100, 20, 15, 0, 0, 200, 1),
        "Setting time step range for statistical calculations to: 21 through 85\n"}, {"21 185", Of(1, 100, 20, 0, 0, 0,
-       200, 1), nullptr}}, {{"", 5, kFew}, {"5", 5, kFew}, {"0 5", 4, range + std::string("cannot be zero")}, {"6 5", 4,
+       200, 1),
+       "Setting time step range for statistical calculations to: 21 through 185\n"
+       "        The case ends at step 100, which is in force\n"}}, {{"", 5, kFew}, {"5", 5, kFew},
+       {"0 5", 4, range + std::string("cannot be zero")}, {"6 5", 4,
        range + std::string("after terminal step")}, {"101 200", 4,
        "ERROR - Illegal arguments for ? command...\n        The case has steps 1 to 100"}}, {""}, true},
       {"SET_STEP_INCREMENT SET_STEP_INC STEP_INCREMENT STEP_INC", Steps, {{"2.5", Of(1, 100, 0, 0, 0, 0, 200, 3),
