@@ -1,14 +1,18 @@
 #include "case/read/kino_input.h"
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include <gtest/gtest.h>
 
+#include "case/kino_motions.h"
 #include "case/plot_data.h"
 #include "case/quantity_catalogue.h"
 #include "case/read/read_output_file.h"
+#include "case/tables/kino_output.h"
 #include "fake_platform.h"
+#include "small_case.h"
 #include "waves/wave_scale.h"
 
 namespace zaview {
@@ -161,6 +165,162 @@ TEST(KinoInput, SeawayTakesTheGravityAskedFor) {
   EXPECT_EQ(s.store.ships[0].centre[2], 0.05);
   const std::size_t once = s.fake.output.find("Reading KINO seaway file");
   EXPECT_EQ(s.fake.output.find("Reading KINO seaway file", once + 1), std::string::npos);
+}
+
+MotionsFault Read(std::string text, KinoMotions& motions) {
+  FakePlatform fake;
+  fake.Put("a.mot", std::move(text));
+  const Platform platform = fake.Get();
+  const FileHandle file = platform.files.open_read(platform.files.self, "a.mot");
+  return ReadKinoMotions(platform.files, file, motions);
+}
+
+TEST(KinoMotions, Read) {
+  using enum MotionsFault;
+  const std::string head = "!tow\n100\n";
+  const std::string two = "0 1 2 3 4 5 6\n0.5 2 2 3 4 5 6\n";
+  const struct {
+    std::string text;
+    MotionsFault fault;
+    std::size_t steps;
+    double last_yaw;
+    double length = 100;
+  } cases[] = {
+      {head + two, none, 2, 6},
+      {head + "0 1 2 3 4 5 6", none, 1, 6},            // no line end
+      {head + two + "\n1 1 2 3 4 5 7\n", none, 2, 6},  // a blank line ends
+      {head + two + "1 1 2 3 4 5\n", none, 2, 6},      // cut in a step
+      {head + two + "1 1 2 3\n\n4 5 6\n", none, 2, 6},
+      {head + two + "1 1 2 **** 4 5 6\n2 1 2 3 4 5 6\n", none, 2, 6},
+      {head + "0,1,2\n3 4\n5 6D-1 drop 9\n1 6*0.25\n", none, 2, 0.25},  // over lines; repeats
+      {head + "0 1 2 3 4 5 6\r\n1 /\r\n", none, 2, 0},                  // nulls are 0
+      {"\n\n 50 m\n" + two, none, 2, 6, 50},
+      {"c\n0\n" + two, none, 2, 6, 1},
+      {"c\n-100\n" + two, none, 2, 6, 1},
+      {"c\nNaN\n" + two, none, 2, 6, 1},
+      {"c\nInf\n" + two, none, 2, 6, 1},
+      {"", no_steps, 0, 0, 1},
+      {"c\n", no_steps, 0, 0, 1},
+      {"c\nlength\n" + two, no_steps, 0, 0, 1},
+      {head, no_steps, 0, 0},
+      {head + "\n" + two, no_steps, 0, 0},  // blank ahead of them
+      {head + two + "0.5 2 2 3 4 5 6\n", not_increasing, 2, 6},
+      {head + two + "0.4 2 2 3 4 5 6\n", not_increasing, 2, 6},
+      {head + two + "0.50000001 2 2 3 4 5 6\n", not_increasing, 2, 6},  // the same in 4 bytes
+      {head + "NaN 2 2 3 4 5 6\n", not_increasing, 0, 0},
+      {head + two + "Inf 2 2 3 4 5 6\n", not_increasing, 2, 6},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    KinoMotions motions;
+    EXPECT_EQ(Read(c.text, motions), c.fault);
+    ASSERT_EQ(motions.steps(), c.steps);
+    EXPECT_EQ(motions.length, c.length);
+    EXPECT_EQ(c.steps > 0 ? motions.column[6].back() : 0, c.last_yaw);
+  }
+  KinoMotions motions;
+  EXPECT_EQ(Read(std::string(100, 'c') + "\n1\n" + two, motions), none);
+  EXPECT_EQ(motions.comment, std::string(80, 'c'));
+}
+
+// Nine digits bring back any 4-byte value, also the neighbours of powers of 2 and 10 and the smallest ones.
+TEST(KinoMotions, WrittenValuesReadBack) {
+  std::string text = "c\n1\n";
+  std::vector<float> values;
+  float time = 0;
+  for (float x = 1e-38F; x < 1e38F; x *= 3.7F) values.insert(values.end(), {x, -std::nextafter(x, 0.0F)});
+  for (float x = 1e-10F; x < 1e10F; x *= 2) values.push_back(std::nextafter(x, 1e30F));
+  values.insert(values.end(),
+                {0.0F, -0.0F, std::numeric_limits<float>::max(), std::numeric_limits<float>::denorm_min()});
+  for (const float value : values) {
+    const double v = value;
+    AppendKinoStep(text, {time, v, v, v, v, v, v});
+    time += 1;
+  }
+  KinoMotions motions;
+  ASSERT_EQ(Read(text, motions), MotionsFault::none);
+  ASSERT_EQ(motions.steps(), values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) EXPECT_EQ(static_cast<float>(motions.column[3][i]), values[i]);
+}
+
+// Two steps 0.0783 sqrt(L/g) apart at a new LENOUT, under MODEL signs: the file keeps the signs of the program's own
+// axes and degrees. numpy: x = (0.1 + 0.05 i + 0.01 s) 50 or 180/pi in double from the 4-byte values.
+TEST(KinoFiles, Motions) {
+  FakePlatform fake;
+  const Platform platform = fake.Get();
+  CaseStore c = SmallCase(1, 3);
+  OutputSettings settings = SettingsFor(c);
+  settings.units.LENOUT = 50.0F;
+  settings.reading.step_stride = 2;
+  set_output_scales(settings.units, false);
+  settings.units.cnvfac = {1, -1, -1, 1, -1, -1};
+  ASSERT_EQ(write_kino_files(platform, "", settings, c), KinoSet::ok);
+  EXPECT_EQ(fake.Bytes(".mot"),
+            "!KINO motion data from ZAVO output file run.out\n"
+            "50\n"
+            "0.176771504 7.99999982 10.4999997 12.9999995 17.7616918 20.6264814 23.4912694\n"
+            "0.530314511 9.00000036 11.5000002 14.0000001 18.907608 21.7723959 24.6371856\n");
+}
+
+TEST(KinoFiles, ViewerCommands) {
+  const struct {
+    std::string geometry, option;
+  } cases[] = {{"hull.geo", "-zavo hull.geo\n"},
+               {"SHAPE:hull.geo", "-zavo hull.geo\n"},
+               {"nastran:hull.nas", "-nastran hull.nas\n"},
+               {"HARLEND:a b.hrl", "-hrl a b.hrl\n"},
+               {"hrl:hull.hrl", "-hrl hull.hrl\n"},
+               {" none ", ""},
+               {"", ""}};
+  for (const auto& row : cases) {
+    FakePlatform fake;
+    CaseStore c = SmallCase(1, 2);
+    c.control.FGEOM = row.geometry;
+    c.control.SYMINP = 1;
+    c.control.GROT = {0.0, 0.0, 57.29578};  // ANGIN: one radian
+    c.control.GRAVOUT = 32.174;
+    c.seaway_tried = Tried::there;
+    c.seaway.WDEPTH = 0.5;
+    c.seaway.scaling.WSCSTP = {1, 41};
+    c.seaway.scaling.WSCFAC = {0, 1};
+    c.seaway.scaling.DTH = 0.25;
+    OutputSettings settings = SettingsFor(c);
+    settings.units.LENOUT = 328.0F;
+    set_output_scales(settings.units, false);
+    ASSERT_EQ(write_kino_files(fake.Get(), " tow ", settings, c), KinoSet::ok);
+    // The CG lies at (1, 0, -1.25) in ship axes; the points are turned to it. Step 41: 10 sqrt(328/32.174).
+    const std::string hull = row.option.empty() ? ""
+                                                : "-mirror_lf\n-gshift -1 0 1.25\n-gorig  0 0 6.25\n"
+                                                  "-grot   0 0 57.29578\n-lf_scale 3.28\n";
+    EXPECT_EQ(fake.Bytes("tow.kno0"), "!KINO command file for data from ZAVO output file run.out\n" + row.option +
+                                          hull +
+                                          "-sea tow.sea\n-grav 32.174\n-depth 164\n-wave_scale 0 0 31.92893 1\n");
+  }
+}
+
+TEST(KinoFiles, Refused) {
+  const struct {
+    bool tadm, irf;
+    std::string refused;  // a file that can't be opened
+    KinoSet set;
+    std::string_view words;
+  } cases[] = {
+      {true, false, "", KinoSet::refused, "ERROR - KINO output not relevant for impulsive motion\n"},
+      {false, true, "", KinoSet::refused, "ERROR - KINO output not relevant for IRF calculation\n"},
+      {false, false, "tow.mot", KinoSet::failed, "ERROR opening KINO motion data file tow.mot (Is a directory)\n"},
+      {false, false, "tow.sea", KinoSet::failed, "ERROR opening KINO seaway data file tow.sea (Is a directory)\n"},
+      {false, false, "tow.kno0", KinoSet::failed, "ERROR opening KINO command file tow.kno0 (Is a directory)\n"},
+  };
+  for (const auto& row : cases) {
+    FakePlatform fake;
+    if (!row.refused.empty()) fake.directories.insert(row.refused);
+    CaseStore c = SmallCase(1, 2);
+    c.tadm_case = row.tadm;
+    c.irf_case = row.irf;
+    EXPECT_EQ(write_kino_files(fake.Get(), "tow", SettingsFor(c), c), row.set);
+    EXPECT_NE(fake.output.find(row.words), std::string::npos) << fake.output;
+    EXPECT_EQ(fake.OpenHandles(), 0U);
+  }
 }
 
 }  // namespace

@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "case/read/ensemble_match.h"
 #include "fake_platform.h"
+#include "small_case.h"
 #include "waves/components.h"
 
 namespace zaview {
@@ -15,55 +17,28 @@ namespace {
 using Lines = std::vector<std::string>;
 using R = ControlRecords;
 
-R Jonswap() {
-  R control;
-  control.LENIN = 100;
-  SeawayInput& sea = control.seaway;
-  sea.ISEA = 8;
-  sea.SIGWHT = 4;
-  sea.TOMODAL = 9.5;
-  sea.PEAKPRM = 3.3;
-  sea.SEAHD = 180;
-  sea.NFREQ = 40;
-  sea.NHEAD = sea.IWVRLZ = 1;
-  return control;
+SeawayInput Spectrum(int ISEA, double H, double T, double heading, int NFREQ, int IWVRLZ) {
+  SeawayInput sea;
+  sea.ISEA = ISEA, sea.SIGWHT = H, sea.TMODAL = sea.TOMODAL = T, sea.PEAKPRM = 3.3;
+  sea.SEAHD = heading, sea.NFREQ = NFREQ, sea.NHEAD = 1, sea.IWVRLZ = IWVRLZ;
+  return sea;
 }
 
-void Options(R& control, Lines lines) {
-  control.modules.push_back({"OPTIONS", "$OPTIONS:", std::move(lines)});
-}
-void Waves(R& c) {
-  c.seaway.ISEA = 1;
-  c.seaway.waves = {WaveComponentInput{0.5, 10, 1, 180}, WaveComponentInput{0.6, 20, 2, 170}};
-}
-void Grid(R& c) {
-  c.seaway.ISEA = 4;
-  c.seaway.alternative = {AlternativeWaveInput{0.1, 0, 1, 10, 0.5, 180}};
-}
-void Modes(R& c) {
-  c.seaway.ISEA = 5;
-  c.seaway.modes = {WaveModeInput{1, 10, 0.5}};
-}
+// clang-format off
+void Options(R& c, Lines lines) { c.modules.push_back({"OPTIONS", "$OPTIONS:", std::move(lines)}); }
+void Waves(R& c) { c.seaway.ISEA = 1; c.seaway.waves = {{0.5, 10, 1, 180}, {0.6, 20, 2, 170}}; }
+void Grid(R& c) { c.seaway.ISEA = 4; c.seaway.alternative = {{0.1, 0, 1, 10, 0.5, 180}}; }
+void Modes(R& c) { c.seaway.ISEA = 5; c.seaway.modes = {{1, 10, 0.5}}; }
 void TwoSpectra(R& c) {
-  c.seaway.ISEA = 7;
-  c.seaway.SIGWHT1 = 3;
-  c.seaway.TMODAL1 = 12;
-  c.seaway.SIGWHT2 = 1;
-  c.seaway.TMODAL2 = 6;
-  c.seaway.SHAPE1 = c.seaway.SHAPE2 = 2;
+  SeawayInput& sea = c.seaway;
+  sea.ISEA = 7, sea.SIGWHT1 = 3, sea.TMODAL1 = 12, sea.SIGWHT2 = 1, sea.TMODAL2 = 6, sea.SHAPE1 = sea.SHAPE2 = 2;
 }
 void Second(R& c) {
-  AddedSeawayInput added;
-  added.sea.ISEA = 2;
-  added.sea.SIGWHT = 1.5;
-  added.sea.TMODAL = 6;
-  added.sea.SEAHD = 90;
-  added.sea.NFREQ = 20;
-  added.sea.NHEAD = 1;
-  added.sea.IWVRLZ = 7;
-  added.SPEC_PHASEOPTION = 4;
-  c.added_seaway = {added};
+  c.added_seaway.resize(1);
+  c.added_seaway[0].sea = Spectrum(2, 1.5, 6, 90, 20, 7);
+  c.added_seaway[0].SPEC_PHASEOPTION = 4;
 }
+// clang-format on
 
 Seaway SeawayOf(const R& control) {
   FakePlatform fake;
@@ -124,13 +99,102 @@ TEST(SeawayMatch, BothWays) {
   };
   // clang-format on
   for (const auto& row : rows) {
-    R held = Jonswap();
+    R held;
+    held.LENIN = 100;
+    held.seaway = Spectrum(8, 4, 9.5, 180, 40, 1);
     if (row.both != nullptr) row.both(held);
     R fresh = held;
     if (row.fresh != nullptr) row.fresh(fresh);
     EXPECT_EQ(CompareSeaways(SeawayOf(held), SeawayOf(fresh)), row.match) << row.what;
     EXPECT_EQ(CompareSeaways(SeawayOf(fresh), SeawayOf(held)), row.match) << row.what << ", the other way round";
   }
+}
+
+// An irregular sea of its own phases.
+CaseStore Realization(int IWVRLZ) {
+  CaseStore c = SmallCase(1, 3);
+  c.control.seaway.ISEA = 8;
+  c.control.seaway.SIGWHT = 4;
+  c.control.seaway.TOMODAL = 9.5;
+  c.control.seaway.PEAKPRM = 3.3;
+  c.control.seaway.NFREQ = 20;
+  c.control.seaway.IWVRLZ = IWVRLZ;
+  c.base_name = std::to_string(IWVRLZ);
+  return c;
+}
+
+struct Held {
+  FakePlatform fake;
+  CaseStore store;
+  EnsembleStore ensemble;
+
+  std::string Take(CaseStore fresh, EnsembleMode mode = EnsembleMode::automatic) {
+    fake.output.clear();
+    match_case_to_ensemble(fake.Get().console, mode, fresh, ensemble, store);
+    return fake.output;
+  }
+  std::string Select(int i) {  // the base name of that record
+    const bool there = SelectRecord(i, ensemble, store);
+    return there && ensemble.irec == i && store.pmgg.components() == 6 ? store.base_name : "none";
+  }
+};
+
+constexpr std::string_view kAdded = "Case seems to be new realization of previous case(s) - adding to ensemble data\n";
+constexpr std::string_view kAssumed =
+    "Case assumed to be new realization of previous case(s) - adding to ensemble data\n";
+constexpr std::string_view kIdentical = "Case seems to be identical to previous case - resetting ensemble data\n";
+constexpr std::string_view kNoMatch = "Case does not match previous case(s) - resetting ensemble data\n";
+constexpr std::string_view kCannot = "Case cannot be matched previous case(s) - resetting ensemble data\n";
+
+// Speeds may differ by 1e-4 sqrt(9.81 * 100) = 0.00313 from 7.5.
+TEST(EnsembleMatch, Outcomes) {
+  // clang-format off
+  const struct { void (*change)(CaseStore&); std::string_view automatic, forced; } rows[] = {  // to realization 2
+      {[](auto&) {}, kAdded, kAssumed},
+      {[](auto& c) { c.control.seaway.IWVRLZ = 1; }, kIdentical, kAssumed},
+      {[](auto& c) { c.control.USHIP = 7.51; }, kNoMatch, kAssumed},
+      {[](auto& c) { c.control.USHIP = 7.503; }, kAdded, kAssumed},
+      {[](auto& c) { c.loads.NBCA = 1; }, kNoMatch, kCannot},
+      {[](auto& c) { c.loads.ihmy = 1; }, kNoMatch, kCannot},
+      {[](auto& c) { c.control.seaway.SIGWHT = 5; }, kNoMatch, kCannot},
+      {[](auto& c) { c.tadm_case = true; }, kNoMatch, kCannot}};
+  // clang-format on
+  for (const auto& row : rows)
+    for (const EnsembleMode mode : {EnsembleMode::automatic, EnsembleMode::forced}) {
+      Held held;
+      EXPECT_EQ(held.Take(Realization(1), mode), "");
+      CaseStore fresh = Realization(2);
+      row.change(fresh);
+      const std::string_view words = mode == EnsembleMode::forced ? row.forced : row.automatic;
+      EXPECT_EQ(held.Take(fresh, mode), words) << &row - rows;
+      EXPECT_EQ(held.ensemble.nrec, words == kAdded || words == kAssumed ? 2 : 1) << &row - rows;
+      EXPECT_EQ(held.store.base_name, "2");
+    }
+}
+
+TEST(EnsembleMatch, RecordsChangePlaces) {
+  Held held;
+  for (const int i : {1, 2, 3}) (void)held.Take(Realization(i));
+  for (const int i : {1, 1, 3, 2}) EXPECT_EQ(held.Select(i), std::to_string(i));
+  EXPECT_EQ(held.Select(0) + held.Select(4), "nonenone");
+  EXPECT_EQ(held.Take(Realization(3)), kIdentical) << "the case read last counts, not the current one";
+  EXPECT_TRUE(held.ensemble.record.empty()) << "nothing of the dropped records stays";
+  (void)held.Take(Realization(4));
+  EXPECT_EQ(held.Select(1), "3");
+  EXPECT_EQ(held.Take(Realization(5)), kAdded);
+  EXPECT_EQ(held.Select(2) + held.Select(3), "45");
+
+  CaseStore combined = Realization(2);
+  combined.combined = true;
+  EXPECT_EQ(held.Take(combined), "");
+  EXPECT_EQ(held.Take(Realization(3)), kNoMatch);
+  (void)held.Take(Realization(4));
+  reset_ensemble(held.store, held.ensemble);
+  EXPECT_EQ(held.ensemble.nrec, 1);
+  EXPECT_EQ(held.Select(1), "4");
+  held.store = CaseStore{};
+  reset_ensemble(held.store, held.ensemble);
+  EXPECT_EQ(held.Select(1), "none");
 }
 
 }  // namespace

@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "case/read/read_steps.h"
+#include "case/read/time_steps.h"
 #include "control_draft.h"
+#include "fake_platform.h"
 #include "step_draft.h"
 
 namespace zaview {
@@ -153,6 +156,122 @@ TEST(UnformattedSteps, Versions) {
        {std::tuple{417, 417, false}, {417, 407, false}, {407, 417, true}, {0, 417, false}, {417, 0, false}})
     EXPECT_EQ(VersionsDiffer(formatted, unformatted), differ) << formatted << ' ' << unformatted;
   EXPECT_EQ(CompanionName("run") + ' ' + CompanionName("d.out/run.out.XML"), "runu d.out/run.outu.XML");
+}
+
+StepsRead ReadText(const std::string& text, CaseStore& fresh) {
+  TextFile file(text);
+  return ReadTimeSteps(file.stream, static_cast<std::int64_t>(text.size()), fresh, {}, 2);
+}
+
+TEST(StepLayouts, EachVersionHasItsOwn) {
+  // clang-format off
+  const StepDraft drafts[] = {
+      {"tpva12345LYcrn", 417}, {"tpva12345LYcrn", 362}, {"tpva12345LYcrn", 0}, {"tpva12345LYcrn", -1},
+      {"tpva12345F", 361}, {"tpva12345F", 299}, {"tpva123F", 298}, {"tpva123F", 293}, {"t pva123F dM", 291},
+      {"tpva123F", 290}, {"tpva123F", 1}, {"tpva123dF", -1, true},
+      {"t Spva12345", 357, false, 2, 2}, {"t Spva12345", 291, false, 3, 1}, {"t Spva12345", 1, false, 2, 1},
+      {"t Spva12345cr", 358, false, 3, 2}, {"t Spva12345cr", 361, false, 2, 2}, {"t Spva12345crn", 362, false, 2, 1},
+      {"t Spva12345crn", 0, false, 3, 3}, {"t Spva12345crn", -1, true, 2, 2},
+      {"t Spva12345crn", 417, false, 2, 2, 1},  // several ships: a positive mode leaves the steps here
+      {"tpva12345LYcrn", 417, false, 1, 1, 3},  // no mode that there is
+      {"tmi", 417, false, 1, 1, 0, 1}, {"tmi", 291, false, 1, 1, 0, 1}, {"tmi", 350, false, 3, 2, 0, 1},
+      {"tmi", 0, false, 2, 2, 2, 1}};
+  // clang-format on
+  constexpr int kSteps = 40;
+  for (const StepDraft& draft : drafts) {
+    CaseStore expected;
+    DraftWriter writer(draft, expected);
+    std::string text;
+    for (int step = 1; step <= kSteps; ++step) text += ListText(writer.Step(step, 0.25F * static_cast<float>(step)));
+    const std::string what = fmt::format("{} version {} ship {}", draft.lists, draft.version, draft.ship);
+    const int least = draft.motype == 1 ? kSteps / 2 : kSteps;  // an impulsive run may have up to twice NSTEP steps
+    for (const int nstep : {least, kSteps, kSteps + 1}) {
+      CaseStore fresh = DraftCase(draft, nstep);
+      const StepsRead read = ReadText(nstep == least ? text + "****\n" : text, fresh);
+      EXPECT_EQ(read.end, nstep > kSteps ? StepsEnd::file_end : StepsEnd::complete) << what << ", NSTEP " << nstep;
+      EXPECT_EQ(read.kept, kSteps) << what;
+      ExpectStored(fresh, expected, what);
+      // Loads that a layout lacks are taken away.
+      EXPECT_EQ(fresh.loads.y_kinds.empty(), what.find('Y') == std::string::npos) << what;
+    }
+  }
+}
+
+// The step behind the last whole one never leaves a trace, wherever in its lists it ends.
+TEST(StepLayouts, CutBetweenLists) {
+  const StepDraft draft{"t Spva12345cr", 360, false, 2, 2};
+  CaseStore expected, dropped;
+  const std::string one = ListText(DraftWriter(draft, expected).Step(1, 1));
+  Lists two = DraftWriter(draft, dropped).Step(2, 2);
+  while (!two.empty()) {
+    two.pop_back();
+    CaseStore fresh = DraftCase(draft, 9);
+    const StepsRead read = ReadText(one + ListText(two), fresh);
+    EXPECT_EQ(read.end, StepsEnd::file_end);
+    EXPECT_EQ(read.begun, !two.empty());
+    ExpectStored(fresh, expected, fmt::format("{} lists", two.size()));
+  }
+}
+
+constexpr StepDraft kNoForces{"t pvaLYcrn", 417, false, 1, 1, -2, 2};
+
+struct Read {
+  bool read = false;
+  StepsRead steps;
+  CaseStore fresh;
+  std::string console;
+};
+
+Read ReadWith(const StepDraft& draft, const std::string& companion, const std::string& bytes) {
+  FakePlatform fake;
+  fake.Put(companion, bytes);
+  Read out;
+  out.fresh = DraftCase(draft, 9);
+  out.fresh.file_name = "run.out";
+  out.read = ReadCompanion(fake.Get(), out.fresh, out.steps);
+  out.console = fake.output;
+  EXPECT_EQ(fake.OpenHandles(), 0U);
+  return out;
+}
+
+TEST(ReadSteps, WordsAboutTheCompanion) {
+  CaseStore expected;
+  DraftWriter writer(kPlain, expected);
+  const std::string one = StepRecords(1, writer.Step(1, 1)), two = StepRecords(2, writer.Step(4, 2));
+  const std::string reading = "Reading time history data from run.outu\n";
+  // clang-format off
+  const struct { const char* name; std::string bytes; bool read; int kept; std::string words; } cases[] = {
+      {"run.out.outu", "", false, 0, "ERROR opening unformatted output file run.outu\n"},
+      {"run.outu", "", false, 0, "ERROR parsing unformatted output file run.outu\n"},
+      {"run.outu", "text\n", false, 0, "ERROR parsing unformatted output file run.outu\n"},
+      {"run.outu", VersionRecord(417), true, 0, ""},
+      {"run.outu", VersionRecord(417) + one + two, true, 2, reading},
+      {"run.outu", VersionRecord(417) + HeaderRecord(0, 1) + one.substr(20) + two, true, 2,
+       reading + "WRN??? Invalid step index in output file\n"},
+      {"run.outu", VersionRecord(416) + one + two, true, 2,
+       "WARNING: version number mismatch between formatted and unformated files:\n"
+       "  formatted   (.out)  file: 417\n  unformatted (.outu) file: 416\nTrying to read file anyway...\n" + reading}};
+  // clang-format on
+  for (const auto& c : cases) {
+    const Read out = ReadWith(kPlain, c.name, c.bytes);
+    EXPECT_EQ(out.read, c.read) << c.words;
+    EXPECT_EQ(out.console, c.words);
+    EXPECT_EQ(out.steps.kept, c.kept) << c.words;
+  }
+}
+
+// A file without forces has its loads smoothed, and nothing else.
+TEST(ReadSteps, LoadsAreSmoothedWithoutForces) {
+  CaseStore spiked;
+  DraftWriter writer(kNoForces, spiked);
+  std::string bytes = VersionRecord(417);
+  for (int i = 1; i <= 7; ++i) bytes += StepRecords(i, writer.Step(i == 4 ? 35 : 0, static_cast<float>(i)));
+  const Read out = ReadWith(kNoForces, "run.outu", bytes);
+  const float constant = spiked.load_moment[4].component[0][0];
+  const float weights[] = {0, -3, 12, 17, 12, -3, 0};  // of 35, but for the ends
+  for (std::size_t i = 2; i < 5; ++i)
+    EXPECT_NEAR(out.fresh.load_moment[4].component[0].at(i), constant + weights[i], 1e-5) << i;
+  EXPECT_EQ(out.fresh.acc.component[5], spiked.acc.component[5]);
 }
 
 }  // namespace

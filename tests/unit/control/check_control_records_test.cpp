@@ -104,19 +104,12 @@ TEST(CheckControlRecords, OldAndNewFilesAreReported) {
       "WRN260 - Initial transformation rotation origin (GORIG) modified to\n"
       "         accomodate different definition in ZAVO version 3.1.0\n"
       "         Here GORIG is used as it stands: check where the hull is\n";
+  // clang-format off
   const std::pair<int, std::string> cases[] = {
-      {-1, ""},
-      {0, ""},
-      {289, "ERR230 - ZAVO version 289 is no longer supported\n         Files from version 290 to 417 are supported\n" +
-                origin},
-      {290, origin},
-      {309, origin},
-      {310, ""},
-      {417, ""},
-      {418,
-       "WRN231 - File is from a newer version (418) than this program (417)\n"
-       "         File read or processing may fail\n"},
-  };
+      {-1, ""}, {0, ""}, {290, origin}, {309, origin}, {310, ""}, {417, ""},
+      {289, "ERR230 - ZAVO version 289 is no longer supported\n         Files from version 290 to 417 are supported\n" + origin},
+      {418, "WRN231 - File is from a newer version (418) than this program (417)\n         File read or processing may fail\n"}};
+  // clang-format on
   for (const auto& [version, console] : cases) {
     FakePlatform fake;
     ControlRecords records = Good();

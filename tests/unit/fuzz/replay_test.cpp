@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -28,44 +29,15 @@ void Replay(const std::string& target, void (*attempt)(std::string_view)) {
   }
 }
 
-TEST(FuzzReplay, PrimaryFiles) {
-  Replay("primary_file", TryPrimaryFile);
-}
+// clang-format off
+constexpr std::pair<const char*, void (*)(std::string_view)> kTargets[] = {
+    {"primary_file", TryPrimaryFile}, {"companion", TryPrimaryFile}, {"control_text", TryControlText},
+    {"irf_sections", TryIrfSections}, {"script_text", TryScriptText}, {"kino_motions", TryKinoFiles},
+    {"kino_sea", TryKinoSea}, {"phases", TryPhases}, {"module_text", TryModuleText}, {"geometry", TryGeometry}};
+// clang-format on
 
-TEST(FuzzReplay, Companions) {
-  Replay("companion", TryPrimaryFile);
-}
-
-TEST(FuzzReplay, ControlTexts) {
-  Replay("control_text", TryControlText);
-}
-
-TEST(FuzzReplay, IrfSections) {
-  Replay("irf_sections", TryIrfSections);
-}
-
-TEST(FuzzReplay, ScriptTexts) {
-  Replay("script_text", TryScriptText);
-}
-
-TEST(FuzzReplay, KinoFiles) {
-  Replay("kino_motions", TryKinoFiles);
-}
-
-TEST(FuzzReplay, KinoSeas) {
-  Replay("kino_sea", TryKinoSea);
-}
-
-TEST(FuzzReplay, Phases) {
-  Replay("phases", TryPhases);
-}
-
-TEST(FuzzReplay, ModuleTexts) {
-  Replay("module_text", TryModuleText);
-}
-
-TEST(FuzzReplay, Geometries) {
-  Replay("geometry", TryGeometry);
+TEST(FuzzReplay, EveryTarget) {
+  for (const auto& [target, attempt] : kTargets) Replay(target, attempt);
 }
 
 }  // namespace

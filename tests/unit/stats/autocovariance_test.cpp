@@ -1,12 +1,17 @@
 #include "stats/autocovariance.h"
 
 #include <cmath>
+#include <limits>
+#include <numbers>
 #include <random>
+#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "near.h"
 #include "stats/dependence_time.h"
+#include "stats/fourier.h"
+#include "stats/highest_peaks.h"
+#include "stats/peak_stats.h"
 #include "stats/record_stats.h"
 #include "worked_records.h"
 
@@ -127,6 +132,138 @@ TEST(RecordDependence, SameAsTheRuleOnAllLags) {
       EXPECT_EQ(blocks.reached, all.reached) << x.size() << ' ' << cutoff;
       EXPECT_EQ(blocks.ndti, all.reached ? all.ndti : static_cast<int>(x.size() / 2)) << x.size() << ' ' << cutoff;
     }
+  }
+}
+
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr float kOdd[] = {
+    std::numeric_limits<float>::quiet_NaN(), kInfinity, -kInfinity, 0.0F, -0.0F, 3.0e38F, 1.0e-45F};
+
+// Small whole numbers, so that ties are many, and one odd value in `every`.
+std::vector<float> OddRecord(std::mt19937& random, unsigned every) {
+  std::vector<float> x(random() % 300);
+  for (float& v : x)
+    v = random() % every == 0 ? kOdd[random() % std::size(kOdd)] : static_cast<float>(random() % 9) - 4.0F;
+  return x;
+}
+
+TEST(AnySamples, EveryRoutineEnds) {
+  std::mt19937 random(11);
+  const int N[] = {1, 3, std::numeric_limits<int>::max()};
+  for (unsigned trial = 0; trial < 400; ++trial) {
+    const std::vector<float> x = OddRecord(random, trial % 2 == 0 ? 4 : 200);
+    const std::span<const float> record = x;
+    const float threshold = kOdd[trial % std::size(kOdd)];
+
+    Peaks peaks;
+    GetPeaks(std::span(&record, 1), threshold, peaks);
+    PeakAverage average;
+    CalcPeakAvgN(3, 0, peaks.all, trial % 3 == 0 ? -1.0F : 1.0F, 5, 1.96F, average);
+    EXPECT_LE(average.npN, static_cast<int>(peaks.all.value.size()));
+
+    RecordPeakStats peak_stats[std::size(N)];
+    EXPECT_EQ(StatFault::none, CalcRecordPeakStats(N, 0, x, 0.95F, peak_stats));
+    RecordStats stats;
+    EXPECT_EQ(StatFault::none, CalcRecordStats(1, x, 0.95F, stats));
+
+    HighestPeaks highest[std::size(N)];
+    CalcAvgHighestPeaks(N, x, threshold, highest);
+    BetweenAverages between;
+    CalcAvgBetween(x, x, threshold, between);
+
+    Dependence dependence;
+    RecordDependence(x, 0.05F, dependence);
+    EXPECT_TRUE(0 <= dependence.ndti && dependence.ndti <= static_cast<int>(x.size() / 2)) << dependence.ndti;
+  }
+}
+
+struct Record {
+  std::vector<float> t, x;
+};
+
+// x = 2 + 3 cos 2wt + 4 sin 2wt over the period of w.
+Record TwoTurns(int n, double T) {
+  Record record;
+  for (int i = 0; i < n; ++i) {
+    const double t = T * i / (n - 1);
+    const double angle = 2 * 2 * std::numbers::pi * t / T;
+    record.t.push_back(static_cast<float>(t));
+    record.x.push_back(static_cast<float>(2 + 3 * std::cos(angle) + 4 * std::sin(angle)));
+  }
+  return record;
+}
+
+TEST(Fourier, CoefficientsOfAKnownRecord) {
+  for (const FourierRule rule : {FourierRule::trapezoid, FourierRule::simpson})
+    for (const int n : {401, 400}) {  // an even count ends with one trapezoid
+      const double T = 20;
+      const Record record = TwoTurns(n, T);
+      FourierRequest request;
+      request.mode = 3;
+      request.rule = rule;
+      request.nfreq = 3;
+      FourierSeries series;
+      ASSERT_TRUE(FourierCoefficients(request, T / (n - 1), record.t, record.x, series));
+      EXPECT_NEAR(series.a0, 4, 1e-4);
+      EXPECT_NEAR(series.w[1], 2 * 2 * std::numbers::pi / T, 1e-12);
+      EXPECT_NEAR(series.a[1], 3, 2e-3);
+      EXPECT_NEAR(series.b[1], 4, 2e-3);
+      EXPECT_NEAR(series.amp[1], 5, 2e-3);
+      EXPECT_NEAR(series.phase[1], std::atan2(4.0, 3.0), 1e-3);
+      EXPECT_NEAR(series.a[0], 0, 3e-3);
+      EXPECT_NEAR(series.b[2], 0, 3e-3);
+    }
+}
+
+// (n - 1)/4 frequencies up to pi/(2 dt), none lost by rounding; maxfrq cuts them and tells how many there were.
+TEST(Fourier, CountOfFrequencies) {
+  const struct {
+    int n, maxfrq;
+    double wmax;
+    std::size_t count;
+    int nskip;
+  } rows[] = {
+      {401, 200, -1, 100, 0}, {400, 200, -1, 99, 0}, {401, 60, -1, 60, 100},
+      {5, 200, -1, 1, 0},     {4, 200, -1, 0, 0},    {401, 200, 1.0, 3, 0},
+  };
+  for (const auto& row : rows) {
+    const double dt = 0.05;
+    const Record record = TwoTurns(row.n, dt * (row.n - 1));
+    FourierRequest request;
+    request.maxfrq = row.maxfrq;
+    request.wmax = row.wmax;
+    FourierSeries series;
+    ASSERT_TRUE(FourierCoefficients(request, dt, record.t, record.x, series));
+    EXPECT_EQ(series.w.size(), row.count) << row.n;
+    EXPECT_EQ(series.nskip, row.nskip) << row.n;
+  }
+  FourierSeries series;
+  const float one[] = {1};
+  EXPECT_FALSE(FourierCoefficients({}, 0.1, one, one, series));
+  const Record still = TwoTurns(10, 0);
+  EXPECT_FALSE(FourierCoefficients({}, 0, still.t, still.x, series));
+}
+
+// One period of the wave and of a record behind it; signs and the fold to 0..360 are what can go wrong.
+TEST(Fourier, PhaseLagBehindTheWave) {
+  const int n = 241;
+  double T = 12;
+  WavePhase kept;
+  for (const double lag : {30.0, 90.0, 200.0, 350.0}) {
+    T += 3;
+    std::vector<float> t, x, wave;
+    for (int i = 0; i < n; ++i) {
+      const double at = T * i / (n - 1), angle = 2 * std::numbers::pi * at / T;
+      t.push_back(static_cast<float>(at));
+      wave.push_back(static_cast<float>(1.5 * std::cos(angle - 1.0)));
+      x.push_back(static_cast<float>(7 + 0.2 * std::cos(angle - 1.0 - lag * std::numbers::pi / 180)));
+    }
+    const std::vector<float> still(t.size(), 3.0F);
+    EXPECT_FALSE(FindWavePhase(t, still, kept));
+    ASSERT_TRUE(FindWavePhase(t, wave, kept));  // other waves and other times than those kept
+    EXPECT_NEAR(PhaseLag(kept, x), lag, 0.2);
+    EXPECT_EQ(PhaseLag(kept, wave), 360.0F);
+    EXPECT_EQ(PhaseLag(kept, still), 0.0F);
   }
 }
 

@@ -5,9 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "near.h"
 #include "stats/autocovariance.h"
-#include "worked_ensemble.h"
+#include "worked_records.h"
 
 namespace zaview {
 namespace {

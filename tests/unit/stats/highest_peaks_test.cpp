@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "near.h"
 #include "stats/record_stats.h"
 #include "worked_records.h"
 

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include "near.h"
 #include "stats/peaks.h"
 #include "worked_records.h"
 

@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include "near.h"
 #include "stats/gauss_probability.h"
 #include "worked_records.h"
 

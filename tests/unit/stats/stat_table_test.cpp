@@ -3,7 +3,6 @@
 #include <sstream>
 #include <tuple>
 
-#include "near.h"
 #include "stats/tables/statistic_values.h"
 #include "worked_case.h"
 

@@ -2,9 +2,13 @@
 // single precision in the stated order. Record 2 is strongly negatively correlated from step to step.
 #pragma once
 
+#include <array>
+#include <cmath>
 #include <cstddef>
 #include <span>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace zaview {
 
@@ -59,10 +63,25 @@ inline std::span<const float> WorkedRecord(int number) {
   return records[number - 1];
 }
 
+// The worked ensemble: records 1, none, 3 and 4.
+inline std::span<const std::span<const float>> WorkedEnsemble() {
+  static const std::array<std::span<const float>, 4> records = {WorkedRecord(1), {}, WorkedRecord(3), WorkedRecord(4)};
+  return records;
+}
+
 inline std::vector<float> WorkedTimes(std::size_t n) {
   std::vector<float> t(n);
   for (std::size_t i = 0; i < n; ++i) t[i] = static_cast<float>(i) * 0.5F;
   return t;
+}
+
+inline std::vector<std::span<const float>> ViewsOf(const std::vector<std::vector<float>>& records) {
+  return {records.begin(), records.end()};
+}
+
+// How near values must be that another program has made in the same precision and order.
+inline void ExpectClose(float got, double want, const char* what) {
+  EXPECT_NEAR(static_cast<double>(got), want, 2e-6 * std::abs(want)) << what;
 }
 
 }  // namespace zaview
