@@ -100,10 +100,8 @@ TEST(KinoInput, PointOfTheHull) {
 }
 
 TEST(KinoInput, FaultsLeaveTheCase) {
-  const struct {
-    KinoFiles files;
-    std::string_view words;
-  } cases[] = {
+  // clang-format off
+  const struct { KinoFiles files; std::string_view words; } cases[] = {
       {{"none", "", "", 9.81, 1025}, "ERROR opening KINO motions file none\n"},
       {{"same", "", "", 9.81, 1025},
        "ERROR - time values in specified motion data file not increasing.\n"
@@ -118,6 +116,7 @@ TEST(KinoInput, FaultsLeaveTheCase) {
        "ERROR - illegal value specified for gravitational constant: 0\n"
        "ERROR - illegal value specified for water density : -1\n"},
   };
+  // clang-format on
   for (const auto& c : cases) {
     Session s;
     s.store.file_name = "held";

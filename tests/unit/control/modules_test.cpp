@@ -129,15 +129,8 @@ TEST(Modules, AllOthersAreKeptByDataSetUnderAnyOfTheirWords) {
   for (const ModuleRow& row : ModuleRows()) {
     if (row.form != nullptr || row.name == kOptionsModule) continue;
     const std::string prefix = "!" + std::string(row.prefix);
-    const Lines lines = {"! ahead",
-                         "1 2.5 ! note",
-                         prefix + "01 (cont) C - more",
-                         "3",
-                         "",
-                         prefix + "02 D - next",
-                         "2*0.5 4.5",
-                         prefix + "03 E - last",
-                         "7"};
+    Lines lines = {"! ahead", "1 2.5 ! note", prefix + "01 (cont) C - more", "3", "", prefix + "02 D - next"};
+    lines.insert(lines.end(), {"2*0.5 4.5", prefix + "03 E - last", "7"});
     for (const std::string_view word : {row.name, row.also, row.also_too}) {
       if (word.empty()) continue;
       Lines text = {"$" + std::string(word) + ":"};

@@ -48,21 +48,6 @@ TEST(EnsembleStats, SchemesAndFaults) {
   EXPECT_EQ(CalcEnsemblePeakStats(N, 0, empty, 0.95F, {}), StatFault::peak_frequency);
 }
 
-TEST(EnsembleStats, WorkedPeaks) {
-  const int N[] = {1, 3, 10};
-  const double want[3][6] = {{2.382172, -2.023, 2.737143, 0.3115595, 0.46485922, 0.40179768},
-                             {3.6838408, -3.4041, 3.9451108, 0.27676588, 0.43707418, 0.32471454},
-                             {4.4294963, -4.2713337, 4.504333, 0.36232445, 0.49597254, 0.37181112}};
-  std::array<RecordPeakStats, 3> all;
-  ASSERT_EQ(CalcEnsemblePeakStats(N, 0, WorkedEnsemble(), 0.95F, all), StatFault::none);
-  for (std::size_t j = 0; j < all.size(); ++j) {
-    const RecordPeakStats& s = all[j];
-    EXPECT_EQ((std::array{s.Npks, s.Npksb, s.Npkst, s.ndti}), (std::array{58, 30, 28, 46}));
-    const float got[] = {s.xpkN, s.xpkNb, s.xpkNt, s.xpkNci, s.xpkNbci, s.xpkNtci};
-    ExpectAll(got, want[j]);
-  }
-}
-
 TEST(EnsembleAutoCov, WorkedEnsemble) {
   const double want[][3] = {{0.05, 46, 23.041359}, {0.4, 8, 4.4138594}, {0.001, 0, 0}};  // cut-off, ndti, dti
   for (const auto& [cutoff, ndti, dti] : want) {

@@ -6,53 +6,18 @@
 
 #include <gtest/gtest.h>
 
+#include "stats/highest_peaks.h"
 #include "stats/peaks.h"
+#include "stats/record_stats.h"
 #include "worked_records.h"
 
 namespace zaview {
 namespace {
 
-constexpr int kIntervals = 0, kAveragesOnly = 1;
-constexpr float kCoef95 = 1.9599957F;
+constexpr int kIntervals = 0;
 
 PeakList ListOf(const std::vector<float>& values, const std::vector<int>& steps) {
   return {std::vector<int>(values.size(), 1), steps, values};
-}
-
-TEST(RecordPeakStats, WorkedRecords) {
-  // clang-format off
-  // Npks Npksb Npkst ndti, npN Nclpks Mclmax; xpkN xpkNb xpkNt xpkNci xpkNbci xpkNtci
-  const struct { int record, N; std::array<int, 7> counts; std::array<double, 6> want; } cases[] = {
-      {1, 1, {25, 13, 12, 51, 25, 1, 25}, {2.409637, -2.0356925, 2.7800834, 0.41365057, 0.70616627, 0.37227938}},
-      {1, 3, {25, 13, 12, 51, 8, 1, 8}, {3.7114816, -3.6217499, 3.763, 0.5192446, 0.88004476, 0.3804367}},
-      {1, 10, {25, 13, 12, 51, 3, 2, 2}, {4.542976, -4.882, 4.273, 0.66792816, 0, 0}},
-      {2, 1, {62, 31, 31, 32, 62, 1, 62}, {0.9871773, -0.74583864, 1.2285162, 0.022177456, 0.032160208, 0.036581874}},
-      {2, 3, {62, 31, 31, 32, 21, 1, 21}, {1.1241816, -0.89039993, 1.3646001, 0.017338235, 0.019696115, 0.030932505}},
-      {2, 10, {62, 31, 31, 32, 6, 1, 6}, {1.19, -0.93866664, 1.4413334, 0.023211062, 0.01834766, 0.032983005}},
-  };
-  // clang-format on
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.record * 100 + c.N);
-    const std::span<const float> x = WorkedRecord(c.record);
-    RecordPeakStats s, without;
-    ASSERT_EQ(CalcRecordPeakStats(c.N, kIntervals, x, 0.95F, s), StatFault::none);
-    const float got[] = {s.xpkN, s.xpkNb, s.xpkNt, s.xpkNci, s.xpkNbci, s.xpkNtci};
-    for (std::size_t i = 0; i < c.want.size(); ++i) ExpectClose(got[i], c.want[i], std::to_string(i).c_str());
-
-    Peaks peaks;
-    GetPeaks(std::span(&x, 1), MeanOf(x), peaks);
-    PeakAverage all;
-    CalcPeakAvgN(c.N, kIntervals, peaks.all, 1.0F, s.ndti, kCoef95, all);
-    EXPECT_EQ((std::array{s.Npks, s.Npksb, s.Npkst, s.ndti, all.npN, all.Nclpks, all.Mclmax}), c.counts);
-    EXPECT_EQ(all.xpkN, s.xpkN);
-
-    const int several[] = {c.N, 7};  // at once they are the single ones
-    std::array<RecordPeakStats, 2> many;
-    ASSERT_EQ(CalcRecordPeakStats(several, kIntervals, x, 0.95F, many), StatFault::none);
-    EXPECT_TRUE(many[0].xpkN == s.xpkN && many[0].xpkNbci == s.xpkNbci && many[0].xpkNtci == s.xpkNtci);
-    ASSERT_EQ(CalcRecordPeakStats(c.N, kAveragesOnly, x, 0.95F, without), StatFault::none);
-    EXPECT_TRUE(without.xpkN == s.xpkN && without.xpkNb == s.xpkNb && without.xpkNci == 0.0F && without.ndti == 0);
-  }
 }
 
 TEST(RecordPeakStats, RefusedArguments) {
@@ -181,6 +146,43 @@ TEST(GetPeaks, RecordsKeepTheirNumbers) {
   EXPECT_EQ(peaks.all.record, (std::vector<int>{1, 1, 4, 4}));
   EXPECT_EQ(peaks.all.step, (std::vector<int>{2, 3, 2, 3}));
   EXPECT_EQ(none, (std::vector<int>{2, 3}));
+}
+
+TEST(HighestPeaks, SegmentsAboutTheMean) {
+  // clang-format off
+  const struct { const char* name; std::vector<float> x; float xm, top, bot, amp; int iflag; } cases[] = {
+      {"a bottom alone", {1, -2, 3}, 0.0F, 0.0F, -2.0F, 2.0F, 1},
+      {"top and bottom", {-1, 2, 5, -3, 1}, 0.0F, 5.0F, -3.0F, 4.0F, 2},
+      {"0 and -0 are plus", {-1, 0, -0.0F, -1, 1}, 0.0F, 0.0F, -0.5F, 0.5F, 1},
+      {"about another mean", {9, 12, 15, 7, 11}, 10.0F, 15.0F, 7.0F, 4.0F, 2},
+      {"no samples", {}, 1.5F, 1.5F, 1.5F, 0.0F, 1},
+  };
+  // clang-format on
+  const int N[] = {1};
+  for (const auto& c : cases) {
+    HighestPeaks out;
+    CalcAvgHighestPeaks(N, c.x, c.xm, std::span(&out, 1));
+    EXPECT_EQ((std::array{out.top, out.bot, out.amp}), (std::array{c.top, c.bot, c.amp})) << c.name;
+    EXPECT_EQ(out.iflag, c.iflag) << c.name;
+  }
+}
+
+TEST(AvgBetween, IntervalsOfNoLength) {
+  // clang-format off
+  const struct { const char* name; std::vector<float> x; float avgc, avgp; } cases[] = {
+      {"up once", {-1, 2, 3}, 0.0F, 0.0F},
+      // Upcrossings at 2 and 4: (3 - 1)/2 and (-1 + 5)/2; the last half cycle has no downcrossing, so one top only.
+      {"up twice, one top", {-1, 3, -1, 5}, 1.5F, 0.0F},
+      // Tops at 3 (the first of equals) and 6: 4, 1 and 2 by trapezoids over 3 steps; from 3 over 4 steps 3.5 more.
+      {"two tops", {-1, 3, 4, 4, -2, 6, -1}, 2.625F, 2.3333333F}, {"x equal to the mean", {0, 1, 0, 1, 0}, 0.5F, 0.5F},
+  };
+  // clang-format on
+  for (const auto& c : cases) {
+    BetweenAverages out;
+    CalcAvgBetween(WorkedTimes(c.x.size()), c.x, 0.0F, out);
+    EXPECT_EQ(out.avgc, c.avgc) << c.name;
+    EXPECT_EQ(out.avgp, c.avgp) << c.name;
+  }
 }
 
 }  // namespace

@@ -70,30 +70,6 @@ TEST(RunWriter, SamplesAreWhatTheWriterWrites) {
   }
 }
 
-TEST(RunWriter, LayoutsHoldTheirCounts) {
-  // clang-format off
-  const struct { int version; const char* line; int values; } cases[] = {  // behind the time, 2 X kinds of 3 cuts, 1 Y kind of 2
-      {417, " VERSION   : 4.1.7", 51 + 2 * 6 + 2 * 2}, {0, "", 51 + 2 * 6 + 2 * 2}, {361, " VERSION   : 3.6.1", 48 + 6},
-      {298, " VERSION   : 2.9.8", 36 + 6}, {291, " VERSION   : 2.9.1", 36 + 6 + 6 + 6},
-      {-1, " VERSION   : GYRE 2.1.0", 42 + 6}};
-  // clang-format on
-  for (const auto& c : cases) {
-    RunSpec spec;
-    spec.version = c.version;
-    spec.version_line = c.line;
-    spec.x_kinds = {1, 0, 1};
-    spec.y_kinds = {0, 1, 0};
-    spec.x_cuts.resize(3);
-    spec.y_cuts.resize(2);
-    std::string text;
-    AppendStep(spec, 1, text);
-    std::istringstream words(text);
-    int count = 0;
-    for (std::string word; words >> word;) ++count;
-    EXPECT_EQ(count, c.values + 1) << c.version;
-  }
-}
-
 }  // namespace
 
 }  // namespace run_writer

@@ -2,13 +2,17 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <random>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "waves/dispersion.h"
 #include "waves/phase_reduction.h"
 #include "waves/regular_wave.h"
+#include "waves/wave_elevation.h"
+#include "waves/wave_interp.h"
 
 namespace zaview {
 namespace {
@@ -62,29 +66,6 @@ TEST(IncidentWave, SineAndCosineOfAPhase) {
     EXPECT_LE(std::abs(QuarterSine(SinQuarter(psi))), 1.000001F) << psi;
   }
   EXPECT_TRUE(std::isnan(QuarterSine(CosQuarter(kInfinity))));
-}
-
-TEST(IncidentWave, TwoComponentsByHand) {
-  // clang-format off
-  const struct {
-    double h;
-    int stretch;
-    double eta, phi, phi_t, phi_x, phi_z, phi_xz, phi_zz;
-  } cases[] = {
-      {0, 0, -5.258143e-4, -8.567539e-3, 4.998515e-4, 4.567218e-4, -1.774669e-3, 4.985202e-4, 5.131672e-3},
-      {0, 1, -5.258143e-4, -8.568471e-3, 5.001161e-4, 4.569840e-4, -1.771969e-3, 4.988713e-4, 5.138972e-3},
-      {0.4, 0, -1.181212e-3, -8.424586e-3, 1.170493e-3, 1.984204e-3, -1.345750e-3, 4.204865e-4, -1.924102e-3},
-      {0.4, 1, -1.181212e-3, -8.425982e-3, 1.170708e-3, 1.984640e-3, -1.347735e-3, 4.213505e-4, -1.905912e-3},
-  };
-  // clang-format on
-  for (const auto& c : cases) {
-    WaveOptions options;
-    options.stretch = c.stretch;
-    const Values v = At(Prepared(TwoComponents(c.h)), {{0.2, -0.1, -0.05}}, {2.5, 1.0}, options);
-    const double got[] = {v.one[0][0], v.one[3][0], v.one[4][0], v.one[5][0], v.one[7][0], v.second[2], v.second[8]};
-    const double want[] = {c.eta, c.phi, c.phi_t, c.phi_x, c.phi_z, c.phi_xz, c.phi_zz};
-    for (int i = 0; i < 7; ++i) EXPECT_NEAR(got[i], want[i], 1e-8) << c.h << ' ' << c.stretch << ' ' << i;
-  }
 }
 
 TEST(IncidentWave, DepthOfEvaluation) {
@@ -267,6 +248,237 @@ TEST(RegularWave, OtherSeawaysAreNone) {
   for (const ControlRecords& records : {OneWave(0, {1, 0, 1, 0}), OneWave(8, {1, 0, 1, 0}), OneWave(1, {0, 0, 1, 0}),
                                         OneWave(3, {-1, 0, 1, 0}), OneWave(1, {NAN, 0, 1, 0}), two, with_second_sea})
     EXPECT_FALSE(FindRegularWave(records, wave)) << records.seaway.ISEA;
+}
+
+Seaway SeawayOf(int ISEA, std::size_t components) {  // the same waves under every kind
+  std::mt19937 random(7);
+  std::uniform_real_distribution<float> unit(0.0F, 1.0F);
+  Seaway seaway;
+  seaway.ISEA = ISEA;
+  seaway.WSPEC = 5;
+  for (std::size_t i = 0; i < components; ++i) {
+    seaway.waves.FREQW.push_back(0.5F + 2 * unit(random));
+    seaway.waves.PHASEW.push_back(360 * unit(random));
+    seaway.waves.AMPW0.push_back(0.004F * unit(random));
+    seaway.waves.HEADW.push_back(180 + 40 * unit(random));
+  }
+  const WaveComponents& w = seaway.waves;
+  seaway.alternative = {w.FREQW, w.AMPW0, w.AMPW0, w.PHASEW, {}, {}, 1, static_cast<int>(components)};
+  seaway.alternative.FREQ.assign(components, 0.0F);
+  seaway.modes = {w.AMPW0, w.PHASEW, w.FREQW, 170};
+  return seaway;
+}
+
+TEST(WaveElevation, SlopesAlongADirection) {
+  const IncidentWave wave = Prepared(SeawayOf(1, 9));
+  const double direction[2] = {0.6, 0.8};
+  const double d = 1e-3;
+  const auto place = [&](double s) { return Vector3{1.5 + s * 0.6, -0.4 + s * 0.8, 0.0}; };
+  const std::vector<Vector3> points = {place(0), place(d), place(-d)};
+  std::vector<double> eta(3), d1(3), d2(3), d3(3);
+  const WaveMoment moment{4.0, 1.5};
+  ASSERT_EQ(IncidentWaveElev(wave, moment, points, direction, {eta, d1, d2, d3}), WaveFault::none);
+  EXPECT_NEAR(d1[0], (eta[1] - eta[2]) / (2 * d), 1e-6);
+  EXPECT_NEAR(d2[0], (d1[1] - d1[2]) / (2 * d), 1e-6);
+  EXPECT_NEAR(d3[0], (d2[1] - d2[2]) / (2 * d), 1e-6);
+  float same = 0;
+  WaveOutputs out;
+  out.eta = {&same, 1};
+  ASSERT_EQ(EvalIncidentWave(wave, moment, {}, {points.data(), 1}, out), WaveFault::none);
+  EXPECT_NEAR(eta[0], same, 1e-8);
+}
+
+TEST(WaveElevation, CelerityOfACrest) {
+  Seaway seaway;
+  seaway.ISEA = 3;  // of order 0: linear
+  seaway.WDEPTH = 0.5;
+  seaway.waves = {{1.2F}, {70}, {0.01F}, {150}};
+  const IncidentWave wave = Prepared(seaway);
+  double v[8] = {};
+  const CelerityTerms out = {{v, 1},     {v + 1, 1}, {v + 2, 1}, {v + 3, 1},
+                             {v + 4, 1}, {v + 5, 1}, {v + 6, 1}, {v + 7, 1}};
+  const Vector3 point = {0.3, 0.2, 0};
+  const double along[2] = {1, 0};
+  ASSERT_EQ(IncidentWaveCelerity(wave, {3.0, 1.0}, {&point, 1}, along, out), WaveFault::none);
+  const double K = wave.k[0] * std::cos(150 * std::numbers::pi / 180);
+  EXPECT_NEAR(v[4], wave.w[0] / K, 1e-12);
+  EXPECT_NEAR(v[5], wave.w[0], 1e-12);
+  EXPECT_NEAR(v[6], K, 1e-12);
+  EXPECT_NEAR(v[7], wave.w[0] / K, 1e-12);
+
+  // Two waves: a crest moves so that the slope stays 0: -eta_st/eta_ss by differences.
+  seaway.ISEA = 1;
+  seaway.waves = {{1.2F, 0.9F}, {70, 10}, {0.01F, 0.02F}, {150, 200}};
+  const IncidentWave two = Prepared(seaway);
+  const auto slope = [&](double s, double t) {
+    const Vector3 at = {0.3 + s, 0.2, 0};
+    EXPECT_EQ(IncidentWaveCelerity(two, {3.0 + t, 1.0}, {&at, 1}, along, out), WaveFault::none);
+    return v[1];
+  };
+  const double d = 1e-4;
+  const double crest = -(slope(0, d) - slope(0, -d)) / (slope(d, 0) - slope(-d, 0));
+  (void)slope(0, 0);
+  EXPECT_NEAR(v[4], crest, 1e-6);
+
+  const double celerity = v[7];
+  ASSERT_EQ(IncidentWaveCelerity(two, {3.0, 1e-6}, {&point, 1}, along, out), WaveFault::none);
+  EXPECT_NEAR(v[7], celerity, 1e-9 * std::abs(celerity));  // a small wave runs as fast
+  ASSERT_EQ(IncidentWaveCelerity(two, {3.0, 0.0}, {&point, 1}, along, out), WaveFault::none);
+  for (const double value : v) EXPECT_EQ(value, 0.0);  // no amplitude: every divisor is 0
+}
+
+TEST(WaveElevation, KindsWithoutSlopes) {
+  const struct {
+    int ISEA, order;
+    WaveFault fault;
+  } cases[] = {{0, 0, WaveFault::none},          {2, 0, WaveFault::none},          {3, 0, WaveFault::none},
+               {3, 1, WaveFault::not_supported}, {4, 0, WaveFault::not_supported}, {5, 0, WaveFault::not_supported},
+               {9, 0, WaveFault::unknown_kind},  {-1, 0, WaveFault::unknown_kind}};
+  const Vector3 point = {};
+  const double along[2] = {1, 0};
+  for (const auto& c : cases) {
+    Seaway seaway = SeawayOf(c.ISEA, 3);
+    seaway.WSPEC = c.order;
+    const IncidentWave wave = Prepared(seaway);
+    double eta = 7, crest = 7;
+    ElevationSlopes slopes;
+    slopes.eta = {&eta, 1};
+    CelerityTerms terms;
+    terms.crest = {&crest, 1};
+    EXPECT_EQ(IncidentWaveElev(wave, {}, {&point, 1}, along, slopes), c.fault) << c.ISEA;
+    EXPECT_EQ(IncidentWaveCelerity(wave, {}, {&point, 1}, along, terms), c.fault) << c.ISEA;
+    if (c.fault != WaveFault::none || c.ISEA == 0) {
+      EXPECT_EQ(eta, 0.0);
+      EXPECT_EQ(crest, 0.0);
+    }
+  }
+}
+
+TEST(WaveElevation, HistoryGivesTheSameBitsAsPointByPoint) {
+  const std::size_t steps = 10'007;
+  std::vector<float> time, x, y, scale;
+  for (std::size_t i = 0; i < steps; ++i) {
+    const auto t = 0.05F * static_cast<float>(i);
+    time.push_back(t);
+    x.push_back(0.2F * t);
+    y.push_back(std::sin(t));
+    scale.push_back(std::min(1.0F, 0.01F * t));
+  }
+  for (const int ISEA : {0, 1, 3, 4, 5}) {
+    const IncidentWave wave = Prepared(SeawayOf(ISEA, 41));
+    std::vector<float> one(steps, 7), two(steps, 7), unscaled(steps, 7);
+    ASSERT_EQ(ElevationHistory(wave, time, x, y, scale, one, 1), WaveFault::none);
+    ASSERT_EQ(ElevationHistory(wave, time, x, y, scale, two, 2), WaveFault::none);
+    ASSERT_EQ(ElevationHistory(wave, time, x, y, {}, unscaled), WaveFault::none);
+    EXPECT_EQ(one, two) << ISEA;
+    WaveOptions options;
+    options.elevation_only = true;
+    for (std::size_t i = 0; i < steps; i += 97) {
+      float eta = 0;
+      WaveOutputs out;
+      out.eta = {&eta, 1};
+      const Vector3 point = {x[i], y[i], 0};
+      ASSERT_EQ(EvalIncidentWave(wave, {time[i], scale[i]}, options, {&point, 1}, out), WaveFault::none);
+      EXPECT_EQ(eta, one[i]) << ISEA << ' ' << i;
+      ASSERT_EQ(EvalIncidentWave(wave, {time[i], 1.0}, options, {&point, 1}, out), WaveFault::none);
+      EXPECT_EQ(eta, unscaled[i]) << ISEA << ' ' << i;
+    }
+  }
+  std::vector<float> eta(3, 7);
+  EXPECT_EQ(ElevationHistory(Prepared(SeawayOf(1, 3)), time, x, y, {scale.data(), 2}, eta), WaveFault::none);
+  EXPECT_EQ(eta[2], 0.0F) << "a list is short";
+  EXPECT_EQ(ElevationHistory(Prepared(SeawayOf(9, 3)), time, x, y, scale, eta), WaveFault::unknown_kind);
+}
+
+IncidentWave OneWave(int ISEA = 1) {
+  Seaway seaway;
+  seaway.ISEA = ISEA;
+  seaway.waves = {{2.0F}, {20}, {0.01F}, {160}};
+  IncidentWave wave;
+  EXPECT_TRUE(PrepareIncidentWave(seaway, wave));
+  return wave;
+}
+
+TEST(WaveInterp, RectangleOfTheTable) {
+  WaveTableRequest ship;
+  ship.centre_x = 99, ship.centre_y = 5;
+  ship.ship_x_min = 2, ship.ship_x_max = 3;
+  WaveTableRequest sized = ship;
+  sized.NBASEX = 5, sized.NBASEY = 3;
+  sized.XINTRP = 4, sized.YINTRP = 1;
+  const struct {
+    WaveTableRequest request;
+    int nx, ny;
+    double x0, y0, dx, dy;
+  } cases[] = {{ship, 81, 41, 1.9, 4.4, 1.2 / 80, 1.2 / 40}, {sized, 5, 3, 97, 4.5, 1, 0.5}};
+  for (const auto& c : cases) {
+    WaveTable table;
+    ASSERT_TRUE(SetupIncidentWaveInterpHS(OneWave(), {1.0, 1.0}, c.request, table));
+    EXPECT_EQ(table.nx, c.nx);
+    EXPECT_EQ(table.ny, c.ny);
+    EXPECT_NEAR(table.x0, c.x0, 1e-12);
+    EXPECT_NEAR(table.y0, c.y0, 1e-12);
+    EXPECT_NEAR(table.dx, c.dx, 1e-12);
+    EXPECT_NEAR(table.dy, c.dy, 1e-12);
+  }
+  for (int which = 0; which < 3; ++which) {
+    WaveTableRequest bad = sized;
+    if (which == 0) bad.NBASEX = 82;
+    if (which == 1) bad.NBASEY = 42;
+    WaveTable table;
+    EXPECT_FALSE(SetupIncidentWaveInterpHS(OneWave(which == 2 ? 9 : 1), {}, bad, table)) << which;
+    EXPECT_EQ(table.nx, 0);
+  }
+}
+
+TEST(WaveInterp, BilinearInsideAndNothingOutside) {
+  WaveTable table{2.5, 10, -1, 0.5, 2, 3, 2, {1, 2, 4, 8, 16, 32}};
+  const struct {
+    double x, y;
+    float eta;
+  } inside[] = {{10, -1, 1},       {11, -1, 4},  {10, 1, 8},          {11, 1, 32},
+                {10.25, -1, 1.5F}, {10.5, 0, 9}, {10.75, 0.5, 18.75F}};  // 3 + 0.75 (24 - 3)
+  std::vector<Vector3> points;
+  for (const auto& c : inside) points.push_back({c.x, c.y, -3});
+  std::vector<float> eta(points.size(), 7);
+  ASSERT_TRUE(ElevationFromTable(table, 2.5 + 0.9e-5, points, eta));
+  for (std::size_t i = 0; i < points.size(); ++i) EXPECT_FLOAT_EQ(eta[i], inside[i].eta) << i;
+
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  eta.assign(eta.size(), 7);
+  for (const Vector3& outside : {Vector3{9.999, 0, 0}, Vector3{11.001, 0, 0}, Vector3{10, -1.001, 0},
+                                 Vector3{10, 1.001, 0}, Vector3{nan, 0, 0}, Vector3{1e300, 0, 0}}) {
+    points.back() = outside;
+    EXPECT_FALSE(ElevationFromTable(table, 2.5, points, eta)) << outside[0];
+  }
+  points.pop_back();
+  EXPECT_FALSE(ElevationFromTable(table, 2.5 + 1.1e-5, points, eta));
+  EXPECT_FALSE(ElevationFromTable(table, nan, points, eta));
+  EXPECT_FALSE(ElevationFromTable(WaveTable{}, 0.0, points, eta));
+  EXPECT_EQ(eta, std::vector<float>(eta.size(), 7)) << "nothing is taken";
+}
+
+TEST(WaveInterp, NodesAndBorderAreTheWave) {
+  const WaveMoment moment{1.5, 0.5};
+  WaveTableRequest request;
+  request.XINTRP = 0.7, request.YINTRP = 0.3;
+  request.centre_x = 0.1, request.centre_y = 1.0 / 3;
+  WaveTable table;
+  ASSERT_TRUE(SetupIncidentWaveInterpHS(OneWave(), moment, request, table));
+  const std::vector<Vector3> points = {
+      {0.1, 1.0 / 3, 0}, {0.1 - 0.35, 1.0 / 3 - 0.15, 0}, {0.1 + 0.35, 1.0 / 3 + 0.15, 0}, {0.2345, 0.4, 0}};
+  std::vector<float> direct(points.size()), taken(points.size());
+  WaveOutputs out;
+  out.eta = direct;
+  ASSERT_EQ(EvalIncidentWave(OneWave(), moment, {}, points, out), WaveFault::none);
+  ASSERT_TRUE(ElevationFromTable(table, 1.5, points, taken));
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(taken[i], direct[i], 2e-9) << i;
+  EXPECT_NEAR(taken[3], direct[3], 0.005 * 16 / 8 * (0.00875 * 0.00875 + 0.0075 * 0.0075)) << "second derivatives";
+
+  request.NBASEX = request.NBASEY = 1;
+  ASSERT_TRUE(SetupIncidentWaveInterpHS(OneWave(), moment, request, table));
+  EXPECT_TRUE(ElevationFromTable(table, 1.5, {&points[1], 1}, taken));
+  EXPECT_FALSE(ElevationFromTable(table, 1.5, {&points[0], 1}, taken));
 }
 
 }  // namespace
