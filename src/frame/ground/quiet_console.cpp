@@ -13,7 +13,8 @@ namespace {
 constexpr std::string_view kBegin[] = {"ERR",      "WRN",          "WARN",    "Error",      "LOGIC",
                                        "Logic",    "Invalid",      "Illegal", "Unrecogniz", "Interrupted",
                                        "Reported", "Initial plot", "GLGKS"};
-constexpr std::string_view kHold[] = {"ERROR", "GKSDUMP failed", "could not be read", "not combined"};
+constexpr std::string_view kHold[] = {"ERROR",        "GKSDUMP failed", "could not be read",
+                                      "not combined", "not reached",    "in force"};
 constexpr std::string_view kEcho = "ZAVIEW Scripting:";
 
 bool IsFault(std::string_view line) {
