@@ -61,7 +61,10 @@ std::size_t LongestLabel(std::span<const float> values, AxisFormat format) {
 }  // namespace
 
 AxisFormat dgAxisFormat(std::span<const float> values, float step) {
-  const double unit = std::abs(static_cast<double>(step));
+  double unit = std::abs(static_cast<double>(step));
+  const auto [low, high] = std::minmax_element(values.begin(), values.end());
+  if (!values.empty() && *low < *high)  // an axis may be shorter than a step
+    unit = std::min(unit, static_cast<double>(*high) - static_cast<double>(*low));
   const AxisFormat plain = {DecimalsFor(values, unit, 0), 0};
   double largest = 0.0;
   for (const float value : values) largest = std::max(largest, std::abs(static_cast<double>(value)));

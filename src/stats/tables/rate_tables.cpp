@@ -109,7 +109,8 @@ float DependenceTime(const StatisticsState& state, int ndep) {
 // Writes a list beside the report, in place of the one before. A list that can't be opened is left out.
 void WriteList(const Platform& platform, std::string_view name, std::string_view done, const std::string& text) {
   OutputFile list;
-  if (!OpenOutput(platform, name, OpenHow::replace, list)) return;
+  if (!OpenOutput(platform, name, OpenHow::replace, list))
+    return Say(platform.console, "WARNING - {} is not written{}", name, Because(list.why));
   WriteOutput(list, text);
   if (CloseOutput(list)) Say(platform.console, "{} {}", done, name);
 }

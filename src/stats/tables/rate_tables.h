@@ -36,7 +36,7 @@ struct ExceedanceRequest {
   ExceedanceResult result = ExceedanceResult::report;
 };
 // Report and tabular forms also write exceedance.list, block_exceedance.list, replaced each time; a list that can't be
-// opened is left out.
+// opened is left out, with a warning.
 [[nodiscard]] TableFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
 [[nodiscard]] TableFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
 

@@ -75,6 +75,7 @@ TEST(NumberLabel, OfAnAxis) {
       {{0, 0.001F, 0.002F}, 0.001F, "0.000 0.001 0.002"},
       {{-0.1F, -1e-9F, 0.1F}, 0.1F, "-0.1 0.0 0.1"},
       {{0}, 1, "0"},
+      {{-1e-10F, 1e-10F}, 1e-4F, "-1E-10 1E-10"},  // of one instant
   };
   for (const auto& c : cases) {
     const AxisFormat format = dgAxisFormat(c.values, c.step);
