@@ -8,6 +8,7 @@ namespace {
 constexpr ArgumentForm kForms[] = {
     {"sel",         "MOT",      "A quantity, by its word"},
     {"tail",        "3",        "The curve of the quantity, from 1. Of a point quantity x y z of the point stand ahead of it; POINT_MISS has x y z, 1, and four coefficients in its place. In an IRF case the index of the function and a curve stand for sel and tail"},
+    {"curves",      "ALL",      "As tail; ALL in the place of the curve stands for all of the quantity"},
     {"place",       "",         "Nothing; of a point quantity x y z of the point, of POINT_MISS its eight numbers"},
     {"load",        "VBM",      "A quantity of sectional loads"},
     {"stat",        "MEAN",     "A statistic; _CI behind its word asks for the confidence interval as well"},

@@ -34,16 +34,18 @@ constexpr int kFromScript = 1;        // plot_suboption
 // script goes on, without a plot.
 int RunIrfHistory(ScriptCall& call) {
   std::vector<float> values;
-  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptBadArgument, kFewIrf, call.command);
   PlotRequest wanted;
+  Selector selector;
+  if (!ParseRealList(call.words, 1, values) || !ReadCurveOrAll(call, selector, wanted.quantity.curve))
+    return Fail(call, kScriptBadArgument, kFewIrf, call.command);
   wanted.quantity.iqnt = RoundToInt(static_cast<double>(values[0]));
-  wanted.quantity.curve = RoundToInt(static_cast<double>(values[1]));
   if (!QuantityValid(call.session.case_store, wanted.quantity.iqnt)) {
     Say(call.console(), kBadIrf, wanted.quantity.iqnt, call.command);
     (void)NextScriptWord(call.words, kFreeText);
     return kScriptOk;
   }
-  const Selector selector{.word = std::to_string(wanted.quantity.iqnt), .iqnt = wanted.quantity.iqnt};
+  selector.word = std::to_string(wanted.quantity.iqnt);
+  selector.iqnt = wanted.quantity.iqnt;
   if (const int status = CheckCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
   return HandOverPlot(call, wanted);
 }
@@ -52,7 +54,7 @@ int RunHistory(ScriptCall& call) {
   if (call.session.case_store.irf_case) return RunIrfHistory(call);
   PlotRequest wanted;
   Selector selector;
-  const int status = ReadCurve(call, selector, wanted.quantity);
+  const int status = ReadCurve(call, selector, wanted.quantity, kNotValid, CurveIndex::given_or_all);
   return status == kScriptOk ? HandOverPlot(call, wanted) : status;
 }
 
@@ -121,7 +123,7 @@ int RunLoads(ScriptCall& call) {
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
 
 constexpr Command kPlots[] = {
-    {{"PLOT_HISTORY"}, D | G | kShortWords, RunHistory, "sel tail picture", "Time history of one curve"},
+    {{"PLOT_HISTORY"}, D | G | kShortWords, RunHistory, "sel curves picture", "Time history of one curve or of all"},
     {{"PLOT_TRAJECTORY"}, D | R | G, RunTrajectory, "picture", "Track of the ship"},
     {{"PLOT_HISTOGRAM", "PLOT_ENSEMBLE_HISTOGRAM"},
      D | R | G,

@@ -72,11 +72,23 @@ int ReadSelector(ScriptCall& call, Selector& selector) {
   return kScriptOk;
 }
 
-int ReadTail(ScriptCall& call, const Selector& selector, CurveIndex curve, QuantityRequest& request) {
+bool ReadCurveOrAll(ScriptCall& call, Selector& selector, int& curve) {
+  const std::string word = NextScriptWord(call.words, kKeyword);
+  selector.all_curves = Capitals(word) == "ALL";
+  float index = 0;
+  if (!selector.all_curves && !ParseFloat(word, index)) return false;
+  curve = RoundToInt(static_cast<double>(index));
+  return true;
+}
+
+int ReadTail(ScriptCall& call, Selector& selector, CurveIndex curve, QuantityRequest& request) {
   const TailRow& tail = kTails[static_cast<std::size_t>(selector.form)];
-  const int n = curve == CurveIndex::given ? tail.numbers_with_curve : tail.numbers;
+  const bool or_all = curve == CurveIndex::given_or_all && selector.form != TailForm::missile;
+  const int n = curve == CurveIndex::none || or_all ? tail.numbers : tail.numbers_with_curve;
+  int index = 1;  // of a missile
   std::vector<float> values;
-  if (!ParseRealList(call.words, n, values)) return Fail(call, tail.status, fmt::runtime(tail.few), call.command);
+  if (!ParseRealList(call.words, n, values) || (or_all && !ReadCurveOrAll(call, selector, index)))
+    return Fail(call, tail.status, fmt::runtime(tail.few), call.command);
   request = {};
   request.iqnt = selector.iqnt;
   if (selector.form != TailForm::plain) std::copy_n(values.begin(), 3, request.point.begin());
@@ -86,22 +98,25 @@ int ReadTail(ScriptCall& call, const Selector& selector, CurveIndex curve, Quant
   }
   RememberPoint(request, call.session.output.point);
   if (curve == CurveIndex::none) return kScriptOk;
-  request.curve = selector.form == TailForm::missile ? 1 : RoundToInt(static_cast<double>(values.back()));
+  if (!or_all && selector.form != TailForm::missile) index = RoundToInt(static_cast<double>(values.back()));
+  request.curve = index;
   return kScriptOk;
 }
 
 int CheckCurve(ScriptCall& call, const Selector& selector, const QuantityRequest& request) {
+  if (selector.all_curves) return kScriptOk;
   if (request.curve >= 1 && request.curve <= CurveCount(call.session.case_store, request.iqnt)) return kScriptOk;
   return Fail(call, kScriptBadArgument, kCurveFault, call.command, selector.word);
 }
 
-int ReadCurve(ScriptCall& call, Selector& selector, QuantityRequest& request, std::string_view not_valid) {
+int ReadCurve(ScriptCall& call, Selector& selector, QuantityRequest& request, std::string_view not_valid,
+              CurveIndex curve) {
   if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
   const QuantityRow* row = FindQuantity(selector.iqnt);
   const bool valid =
       row != nullptr && row->need != QuantityNeed::file_only && QuantityValid(call.session.case_store, selector.iqnt);
   if (!valid) return Fail(call, kScriptBadArgument, fmt::runtime(not_valid), call.command, selector.word);
-  if (const int status = ReadTail(call, selector, CurveIndex::given, request); status != kScriptOk) return status;
+  if (const int status = ReadTail(call, selector, curve, request); status != kScriptOk) return status;
   return CheckCurve(call, selector, request);
 }
 

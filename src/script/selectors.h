@@ -30,6 +30,7 @@ struct Selector {
   std::string word;  // as typed
   int iqnt = 0;
   TailForm form = TailForm::plain;
+  bool all_curves = false;  // ALL stood in the place of the curve index
 };
 
 // 0, or the status of the failure that has been said.
@@ -37,11 +38,15 @@ struct Selector {
 
 inline constexpr std::string_view kFewMissile = "ERROR - Insufficient arguments for {} command for missile data...";
 
-enum class CurveIndex : unsigned char { none, given };
+enum class CurveIndex : unsigned char { none, given, given_or_all };
 
 // The numbers behind the selector: plain `i`; point `x y z i`; missile x y z, an option index that is 1, four numbers.
-// Without a curve index the `i` is missing and all curves are asked for. Doesn't test the index against the case.
-[[nodiscard]] int ReadTail(ScriptCall& call, const Selector& selector, CurveIndex curve, QuantityRequest& request);
+// Without a curve index the `i` is missing and all curves are asked for; given_or_all takes ALL for it as well. Doesn't
+// test the index against the case.
+[[nodiscard]] int ReadTail(ScriptCall& call, Selector& selector, CurveIndex curve, QuantityRequest& request);
+
+// A curve index, or ALL: curve is 0 then. False: neither.
+[[nodiscard]] bool ReadCurveOrAll(ScriptCall& call, Selector& selector, int& curve);
 
 // Is the curve index one of this case?
 [[nodiscard]] int CheckCurve(ScriptCall& call, const Selector& selector, const QuantityRequest& request);
@@ -50,6 +55,6 @@ enum class CurveIndex : unsigned char { none, given };
 // case lacks, with slots {0} command and {1} selector.
 inline constexpr std::string_view kNotValid = "ERROR - {0} option {1} not valid for this output file";
 [[nodiscard]] int ReadCurve(ScriptCall& call, Selector& selector, QuantityRequest& request,
-                            std::string_view not_valid = kNotValid);
+                            std::string_view not_valid = kNotValid, CurveIndex curve = CurveIndex::given);
 
 }  // namespace zaview

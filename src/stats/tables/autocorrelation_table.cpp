@@ -9,6 +9,7 @@
 #include "base/message.h"
 #include "base/table_text.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "stats/autocovariance.h"
 #include "stats/tables/statistic_values.h"
 
@@ -72,8 +73,8 @@ TableFault WriteTable(const StatWork& work, const QuantityRequest& request, Outp
   const std::string names[] = {"dTime", "Rx"};
   const TableLayout layout = LayoutFor(settings.writing.separator, names);
   std::string text = out.had_text ? "\n" : "";
-  fmt::format_to(std::back_inserter(text), "Autocorrelation of {} for ZAVO file {}\n", cQntLong(request.iqnt),
-                 work.current().file_name);
+  fmt::format_to(std::back_inserter(text), "Autocorrelation of {} for ZAVO file {}{}\n", cQntLong(request.iqnt),
+                 work.current().file_name, PointNote(work.current(), request));
   const struct {
     std::string_view title;
     const std::vector<int>& places;

@@ -10,6 +10,7 @@
 #include "base/table_text.h"
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "stats/ensemble_stats.h"
 #include "stats/tables/interval_table.h"
 #include "stats/tables/statistic_values.h"
@@ -115,6 +116,7 @@ void AppendTable(const OutputSettings& settings, const StatRequest& request, con
   const bool titled = !IsBlank(request.text);
   if (titled && !request.statistic.interval)
     name = fmt::format("{}, {}", QuantityLabel(cases.current, one.iqnt), Trim(request.text));
+  name += PointNote(cases.current, one);
   auto to = std::back_inserter(text);
   if (request.statistic.interval) {
     fmt::format_to(to, "Ensemble stats with Confidence Interval; {} records\n{}\nConfidence Interval Probability= {}\n",

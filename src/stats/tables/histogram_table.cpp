@@ -6,6 +6,7 @@
 #include "base/message.h"
 #include "base/number_format.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 
 namespace zaview {
 namespace {
@@ -78,10 +79,10 @@ void AppendFit(const HistogramRequest& request, const Histogram& h, std::string&
   }
 }
 
-void AppendTable(const HistogramRequest& request, const CaseStore& c, std::string_view label, const Histogram& h,
-                 std::string& text) {
-  fmt::format_to(std::back_inserter(text), "Histogram of {} for ZAVO file {}\n Total data points = {}\n", label,
-                 c.file_name, h.npts);
+void AppendTable(const HistogramRequest& request, const CaseStore& c, const QuantityRequest& quantity,
+                 const Histogram& h, std::string& text) {
+  fmt::format_to(std::back_inserter(text), "Histogram of {} for ZAVO file {}{}\n Total data points = {}\n",
+                 QuantityLabel(c, quantity.iqnt), c.file_name, PointNote(c, quantity), h.npts);
   text += kHeads;
   for (std::size_t j = 0; j < h.count.size(); ++j) {
     const float low = h.edges[j], high = h.edges[j + 1];
@@ -143,7 +144,7 @@ TableFault WriteHistogram(const StatWork& work, const QuantityRequest& request, 
   if (fault != TableFault::none) return fault;
   try {
     std::string text = out.had_text ? "\n" : "";
-    AppendTable(work.state.histogram, work.current(), QuantityLabel(work.current(), request.iqnt), histogram, text);
+    AppendTable(work.state.histogram, work.current(), request, histogram, text);
     WriteOutput(out, text);
     return TableFault::none;
   } catch (const std::bad_alloc&) {

@@ -10,6 +10,7 @@
 #include "base/table_text.h"
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "stats/interval_cells.h"
 #include "stats/tables/statistic_values.h"
 
@@ -46,9 +47,10 @@ void AppendTitle(const OutputSettings& settings, const StatRequest& request, con
                  std::string& text) {
   if (out.had_text) text += '\n';
   fmt::format_to(std::back_inserter(text),
-                 "Statistical estimates with confidence interval of {} for ZAVO file {}\n"
+                 "Statistical estimates with confidence interval of {} for ZAVO file {}{}\n"
                  "Confidence Interval Probability= {}\n",
-                 cQntLong(request.quantity.iqnt), c.file_name, Shown{settings.statistics.confidence_probability});
+                 cQntLong(request.quantity.iqnt), c.file_name, PointNote(c, request.quantity),
+                 Shown{settings.statistics.confidence_probability});
 }
 
 // One bare line: text as typed, then four cells a curve.

@@ -9,6 +9,7 @@
 #include "base/number_format.h"
 #include "base/table_text.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "stats/tables/statistic_values.h"
 #include "stats/upcrossings.h"
 
@@ -166,8 +167,9 @@ TableFault Upcrossings(const StatWork& work, const UpcrossingRequest& request, O
   const float T = TotalTime(data);
   constexpr int kCount = 7;
   std::string text = out.had_text ? "\n" : "";
-  fmt::format_to(std::back_inserter(text), "Upcrossing Statistics for {}\nSimulation time= {}\nDependence time= {}\n",
-                 QuantityLabel(cases.current, request.quantity.iqnt), Shown{T}, Shown{state.dependence.dti});
+  fmt::format_to(std::back_inserter(text), "Upcrossing Statistics for {}{}\nSimulation time= {}\nDependence time= {}\n",
+                 QuantityLabel(cases.current, request.quantity.iqnt), PointNote(cases.current, request.quantity),
+                 Shown{T}, Shown{state.dependence.dti});
   AppendHead(settings.writing.separator, kUpcrossingHead, text);
   for (const UpcrossingRow& row : rows) {
     Line line(settings.writing.separator, text);

@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "case/case_hull.h"
 #include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
 #include "stats/fourier.h"
 #include "stats/tables/statistic_values.h"
 #include "waves/regular_wave.h"
@@ -117,7 +118,8 @@ void AppendTable(const StatColumns& columns, const StatRequest& request, const O
   if (names.size() == 2 && !IsBlank(request.text)) names[1] = request.text;
   const TableLayout layout = LayoutFor(settings.writing.separator, names);
   if (out.had_text) text += '\n';
-  fmt::format_to(std::back_inserter(text), "Statistics of {} for ZAVO file {}\n", cQntLong(columns.iqnt), c.file_name);
+  fmt::format_to(std::back_inserter(text), "Statistics of {} for ZAVO file {}{}\n", cQntLong(columns.iqnt), c.file_name,
+                 PointNote(c, request.quantity));
   AppendHeading(text, layout, names);
   std::vector<float> cells;
   for (const int number : kTableRows) {

@@ -75,7 +75,7 @@ bool ToggleThis(Session& s) {
 
 template <int direction, bool carry>
 bool OtherQuantity(Session& s) {
-  return ChangeQuantity(s.platform.console, s.case_store, s.data_plot, direction, carry);
+  return ChangeQuantity(s.platform.console, s.case_store, s.output.point, s.data_plot, direction, carry);
 }
 
 template <int direction>

@@ -3,9 +3,7 @@
 // histogram data, rate and theoretical distribution (StatisticsState), the current step (CaseStore).
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,12 +66,10 @@ struct DataPlotState {
   QuantityRequest quantity;  // its curve isn't looked at: plot_component is
   int plot_component = 0;    // 0: all
   int plot_component_count = 0;
-  std::optional<std::array<double, 3>> point;   // the last that was given, for the quantities of a point
-  std::optional<std::array<float, 4>> missile;  // likewise, with the point, for quantity 48
-  std::vector<std::uint8_t> hidden;             // by component: left out where all are shown
-  bool of_ensemble = false;                     // histogram, autocorrelation
-  int statistic = 1;  // of confidence intervals: 1 mean, 2 standard deviation, 3 variance, 4 significant
-                      // amplitude
+  std::vector<std::uint8_t> hidden;  // by component: left out where all are shown
+  bool of_ensemble = false;          // histogram, autocorrelation
+  int statistic = 1;                 // of confidence intervals: 1 mean, 2 standard deviation, 3 variance, 4 significant
+                                     // amplitude
 
   // Axes
   AxesState axes;

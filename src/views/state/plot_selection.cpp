@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "case/quantity_catalogue.h"
+#include "case/settings/point_settings.h"
 #include "case/wave_at_cg.h"
 #include "views/state/plot_kinds.h"
 
@@ -26,17 +27,13 @@ bool WaveIsThere(const Console& console, CaseStore& store, const QuantityRow& ro
   return row.need != QuantityNeed::wave || EnsureSeaway(console, store) == WaveAnswer::ok;
 }
 
-bool WasGiven(const DataPlotState& plot, int iqnt) {
-  const bool missile = FindQuantity(iqnt)->need == QuantityNeed::missile;
-  return !IsPointQuantity(iqnt) || (plot.point && (!missile || plot.missile));
-}
-
-bool CanShow(const Console& console, CaseStore& store, const DataPlotState& plot, int iqnt) {
+bool CanShow(const Console& console, CaseStore& store, const PointSettings& point, const DataPlotState& plot,
+             int iqnt) {
   const PlotKindRow& kind = RowOf(plot.kind);
   if (!QuantityValid(store, iqnt) || CurveCount(store, iqnt) < 1) return false;
   if (!store.time_history()) return kind.of_functions;
   const QuantityRow* row = FindQuantity(iqnt);
-  if (row == nullptr || row->need == QuantityNeed::file_only || !WasGiven(plot, iqnt)) return false;
+  if (row == nullptr || row->need == QuantityNeed::file_only || !PointGiven(point, iqnt)) return false;
   return (!kind.of_loads || row->load_kind != 0) && WaveIsThere(console, store, *row);
 }
 
@@ -142,18 +139,18 @@ bool ToggleDrawing(DataPlotState& plot, const CaseStore& store) {
   return true;
 }
 
-bool ChangeQuantity(const Console& console, CaseStore& store, DataPlotState& plot, int direction, bool carry) {
+bool ChangeQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot,
+                    int direction, bool carry) {
   if (!RowOf(plot.kind).of_quantity) return false;
   const int count = QuantityCount(store);
   int iqnt = plot.quantity.iqnt;
   for (int tried = 0; tried < count; ++tried) {
     iqnt = (iqnt - 1 + (direction < 0 ? count - 1 : 1)) % count + 1;
-    if (CanShow(console, store, plot, iqnt)) break;
+    if (CanShow(console, store, point, plot, iqnt)) break;
   }
-  if (iqnt == plot.quantity.iqnt || !CanShow(console, store, plot, iqnt)) return false;
-  plot.quantity.iqnt = iqnt;
-  plot.quantity.point = plot.point.value_or(std::array<double, 3>{});
-  plot.quantity.missile = plot.missile.value_or(std::array<float, 4>{});
+  if (iqnt == plot.quantity.iqnt || !CanShow(console, store, point, plot, iqnt)) return false;
+  plot.quantity = {.iqnt = iqnt};
+  UsePoint(point, plot.quantity);
   if (carry) plot.axes.use = LimitsUse::carried;
   return true;
 }

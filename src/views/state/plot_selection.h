@@ -5,6 +5,7 @@
 #include "base/platform.h"
 #include "case/case_store.h"
 #include "case/ensemble_store.h"
+#include "case/output_settings.h"
 #include "stats/statistics_state.h"
 #include "views/state/data_plot_state.h"
 #include "views/state/plot_source.h"
@@ -28,7 +29,8 @@ bool ToggleDrawing(DataPlotState& plot, const CaseStore& store);  // of the chos
 
 // By step through the quantities that the case has and this kind of plot can show; those of a point or a missile once
 // one was given. direction: 1 or -1. carry: the limits in use are those of the next one too.
-bool ChangeQuantity(const Console& console, CaseStore& store, DataPlotState& plot, int direction, bool carry);
+bool ChangeQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot,
+                    int direction, bool carry);
 bool ChangeStatistic(DataPlotState& plot, int direction);
 
 // Between curves and histogram; false: this kind has no such other.

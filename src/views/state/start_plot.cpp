@@ -1,19 +1,8 @@
 #include "views/state/start_plot.h"
 
-#include "case/quantity_catalogue.h"
 #include "gks/window/gks_window.h"
 
 namespace zaview {
-
-namespace {
-
-void RememberPoint(DataPlotState& plot, const QuantityRequest& quantity) {
-  plot.point = quantity.point;
-  const QuantityRow* row = FindQuantity(quantity.iqnt);
-  if (row != nullptr && row->need == QuantityNeed::missile) plot.missile = quantity.missile;
-}
-
-}  // namespace
 
 void ClearPlotKinds(DataPlotState& plot) {
   plot.kind = PlotKind::none;
@@ -32,7 +21,6 @@ bool StartPlot(Session& session, const PlotRequest& wanted, int suboption) {
   plot.plot_component = wanted.quantity.curve;
   plot.of_ensemble = wanted.of_ensemble;
   plot.statistic = wanted.statistic;
-  if (IsPointQuantity(wanted.quantity.iqnt)) RememberPoint(plot, wanted.quantity);
   session.run.plot_failed = false;
   session.gks.dump.failed = false;
   session.run.redraw = true;

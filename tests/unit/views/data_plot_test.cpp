@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "../case/small_case.h"
+#include "case/quantity_catalogue.h"
 #include "plot_view.h"
 #include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
@@ -189,7 +190,8 @@ TEST(DataPlotAxes, LimitsAreKeptOrCarriedOver) {
     EXPECT_EQ(view.plot().axes.limits.y_max == 1000, keep);
     EXPECT_EQ(view.plot().hidden[2], 0);  // curves of another quantity
     view.plot().axes.limits.y_max = 500;
-    EXPECT_TRUE(ChangeQuantity(view.session.platform.console, view.session.case_store, view.plot(), 1, /*carry=*/true));
+    Session& s = view.session;
+    EXPECT_TRUE(ChangeQuantity(s.platform.console, s.case_store, s.output.point, view.plot(), 1, /*carry=*/true));
     zaviewsetaxes(view.session);
     EXPECT_EQ(view.plot().axes.limits.y_max, 500);
     EXPECT_EQ(view.plot().axes.use, LimitsUse::changed);  // a click outside fits them
@@ -216,13 +218,13 @@ TEST(DataPlotAxes, ChangeQuantity) {
     PlotView view("");
     UseSmallCase(view);
     view.Choose(row.kind, row.from, 0);
-    if (row.point) view.plot().point = {1, 2, 3};
-    if (row.missile) view.plot().missile = {1, 0, 0, 0};
-    const Console& console = view.session.platform.console;
-    const bool changed = ChangeQuantity(console, view.session.case_store, view.plot(), row.direction, false);
+    Session& s = view.session;
+    s.output.point = {row.point, row.missile, {1, 2, 3}, {1, 0, 0, 0}};
+    const bool changed =
+        ChangeQuantity(s.platform.console, s.case_store, s.output.point, view.plot(), row.direction, false);
     EXPECT_EQ(view.plot().quantity.iqnt, row.want) << row.from;
     EXPECT_EQ(changed, row.want != row.from);
-    EXPECT_EQ(view.plot().quantity.point[1], row.point && changed ? 2.0 : 0.0);
+    EXPECT_EQ(view.plot().quantity.point[1], IsPointQuantity(row.want) && changed ? 2.0 : 0.0);
   }
 }
 
