@@ -35,6 +35,27 @@ bool IsControl(unsigned char c) {
   return c < 32 || (c >= 127 && c < 160);
 }
 
+// A glyph turned counterclockwise, with its rows in `rows`. Left blank if there is no memory for it.
+GksGlyph Turned(const GksGlyph& glyph, std::vector<unsigned char>& rows) {
+  GksGlyph out = {glyph.height, glyph.width, static_cast<float>(glyph.height) - glyph.y_origin, glyph.x_origin,
+                  nullptr};
+  const auto bytes = static_cast<std::size_t>((glyph.width + 7) / 8),
+             turned = static_cast<std::size_t>((out.width + 7) / 8);
+  rows.clear();
+  if (!Reserve(rows, turned * static_cast<std::size_t>(out.height))) return {};
+  rows.resize(turned * static_cast<std::size_t>(out.height));
+  const auto bit = [](std::size_t place) { return 0x80U >> place % 8; };
+  for (std::size_t y = 0; y < static_cast<std::size_t>(glyph.height); ++y)
+    for (std::size_t x = 0; x < static_cast<std::size_t>(glyph.width); ++x) {
+      const std::size_t column = static_cast<std::size_t>(out.width) - 1 - y;
+      if ((glyph.rows[y * bytes + x / 8] & bit(x)) == 0) continue;
+      unsigned char& byte = rows[x * turned + column / 8];
+      byte = static_cast<unsigned char>(byte | bit(column));
+    }
+  out.rows = rows.data();
+  return out;
+}
+
 }  // namespace
 
 int gksCharWidth(Font font, unsigned char c) {
@@ -44,15 +65,18 @@ int gksCharWidth(Font font, unsigned char c) {
   return table->bytes[table->start[c]];
 }
 
-void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, std::string_view text) {
+void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, bool upward,
+                       std::string_view text) {
   const BitmapFontTable* const table = TableOf(font);
   if (table == nullptr) return;
+  std::vector<unsigned char> rows;
   for (const char letter : text) {
     const auto c = static_cast<unsigned char>(letter);
     if (IsControl(c)) continue;
-    const unsigned char* const glyph = table->bytes + table->start[c];
-    paint.glyph(paint.self, colour, at, {glyph[0], table->height, table->x_origin, table->y_origin, glyph + 1});
-    at.x += static_cast<float>(glyph[0]);
+    const unsigned char* const bytes = table->bytes + table->start[c];
+    const GksGlyph glyph = {bytes[0], table->height, table->x_origin, table->y_origin, bytes + 1};
+    paint.glyph(paint.self, colour, at, upward ? Turned(glyph, rows) : glyph);
+    (upward ? at.y : at.x) += (upward ? -1.0F : 1.0F) * static_cast<float>(bytes[0]);
   }
 }
 

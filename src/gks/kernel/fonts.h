@@ -10,8 +10,9 @@ namespace zaview {
 
 // Width of a character in pixels, or of the stroke font in its units, rounded; 0: not in the font.
 [[nodiscard]] int gksCharWidth(Font font, unsigned char c);
-// Letters side by side from a point of the baseline.
-void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, std::string_view text);
+// Letters side by side from a point of the baseline; upward: turned by a quarter, each above the one before.
+void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, bool upward,
+                       std::string_view text);
 
 struct StrokePlace {
   GksPoint at;                // pixel

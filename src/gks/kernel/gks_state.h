@@ -38,6 +38,7 @@ struct GksAttributes {
   float up_x = 0, up_y = 1;
   float text_rotation = 0;  // degrees
   int align_x = 0, align_y = 0;
+  bool turn_bitmap = false;  // letters of a bitmap font that read upward turn with them; else they stay level
   int fill_style = 0;
   bool clip = true;
 };

@@ -55,6 +55,10 @@ Alignment Permuted(const GksAttributes& a) {
   return {Pick(kLeftVertical, a.align_y), Pick(kLeftHorizontal, a.align_x)};
 }
 
+bool ReadsUpward(const GksAttributes& a) {
+  return a.turn_bitmap && a.up_x < -kTurned;
+}
+
 // A text in pixels from its point, along its direction and downward from its baseline.
 struct TextBox {
   Font font = Font::stroke;
@@ -109,7 +113,7 @@ TextBox MakeBox(const GksState& gks, std::string_view text) {
     box.font = choice->font;
     box.cap = 0.75F * choice->nominal;
     box.descender = 0.25F * choice->nominal;
-    alignment = Permuted(a);
+    if (!ReadsUpward(a)) alignment = Permuted(a);
   } else {
     box.scale = height / kStrokeCap;
     box.cap = kStrokeCap * box.scale;
@@ -130,8 +134,10 @@ void GTX(const GksState& gks, GksPoint at, std::string_view text) {
   const TextBox box = MakeBox(gks, text);
   const GksPoint pixel = gksPixelPoint(gks, at);
   if (gks.window.bitmap_font) {  // a start left of the picture would lose the first letters
-    gksDrawBitmapText(gks.paint, colour, {std::max(pixel.x + box.along, 0.0F), pixel.y + box.down}, box.font, text);
-    return;
+    const bool upward = ReadsUpward(gks.attribute);
+    const GksPoint start = upward ? GksPoint{pixel.x + box.down, pixel.y - box.along}
+                                  : GksPoint{std::max(pixel.x + box.along, 0.0F), pixel.y + box.down};
+    return gksDrawBitmapText(gks.paint, colour, start, box.font, upward, text);
   }
   gksDrawStrokeText(gks.paint, {colour, box.cap < kThinBelow ? 1.0F : kTextLine},
                     {pixel, gks.attribute.text_rotation * kRadians, box.scale, box.along, box.down}, text);
@@ -140,7 +146,8 @@ void GTX(const GksState& gks, GksPoint at, std::string_view text) {
 TextExtent GQTXX(const GksState& gks, GksPoint at, std::string_view text) {
   const TextBox box = MakeBox(gks, text);
   const GksPoint pixel = gksPixelPoint(gks, at);
-  const float turn = gks.window.bitmap_font ? 0.0F : gks.attribute.text_rotation * kRadians;
+  const bool level = gks.window.bitmap_font && !ReadsUpward(gks.attribute);
+  const float turn = level ? 0.0F : gks.attribute.text_rotation * kRadians;
   const float cosine = std::cos(turn), sine = std::sin(turn);
   const auto world = [&](float along, float down) {
     return gksToWorldExact(gks, {pixel.x + cosine * along - sine * down, pixel.y + sine * along + cosine * down});

@@ -37,7 +37,8 @@ std::string PowerOfTen(float v) {
 
 constexpr double kOff = 0.01;  // of a step, that a label may be
 constexpr int kMostDecimals = 9;
-constexpr std::size_t kPlain = 7;  // characters of a plain number that are nobody's trouble
+constexpr double kNearlyTen = 1e-6;  // of a decade: 1e-4 in 4 bytes is a little less
+constexpr std::size_t kPlain = 7;    // characters of a plain number that are nobody's trouble
 
 // Of the values over 10^power.
 int DecimalsFor(std::span<const float> values, double step, int power) {
@@ -69,7 +70,7 @@ AxisFormat dgAxisFormat(std::span<const float> values, float step) {
   double largest = 0.0;
   for (const float value : values) largest = std::max(largest, std::abs(static_cast<double>(value)));
   if (!(largest > 0.0) || !std::isfinite(largest)) return plain;
-  const int power = static_cast<int>(std::floor(std::log10(largest)));
+  const int power = static_cast<int>(std::floor(std::log10(largest) + kNearlyTen));
   const AxisFormat with_power = {DecimalsFor(values, unit, power), power};
   const std::size_t length = LongestLabel(values, plain);
   return power == 0 || length <= kPlain || length <= LongestLabel(values, with_power) ? plain : with_power;

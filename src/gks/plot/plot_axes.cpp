@@ -35,7 +35,7 @@ constexpr float kXLabelGap = 2.1F, kYLabelGap = 1.7F;  // ticks between the axis
 constexpr float kXNameGap = 1.5F;                      // character heights between the axis and its name
 constexpr float kYNameGap = 0.25F;                     // from the labels
 constexpr float kLevelNameGap = 1.0F;                  // a level one, further
-constexpr float kTurnedNameGap = 0.4F;                 // one in other letters than the labels, further
+constexpr float kTurnedNameGap = 0.4F;                 // a turned one, further
 constexpr float kYNameTurned = 2.3F;                   // from the axis
 constexpr float kLabelSpace = 0.5F;                    // character heights that stay free between labels
 constexpr float kXNameSpace = 0.6F;                    // between the labels and the name
@@ -249,7 +249,7 @@ GksRectangle DrawXAxis(PlotDraw draw) {
   return labels.empty() ? kNowhere : labels.front().box;
 }
 
-// Letters that turn, whatever the font is.
+// Letters of any size, whatever the font is.
 class StrokeLetters {
  public:
   explicit StrokeLetters(GksState& gks) : gks_(gks), before_(std::exchange(gks.window.bitmap_font, false)) {}
@@ -262,23 +262,29 @@ class StrokeLetters {
   bool before_;
 };
 
-// Along the axis, as large as the page is high and the room beside the labels is wide, as far as it can be read then.
+// Along the axis, as large as the page is high and the room beside the labels is wide, as far as it can be read then. A
+// bitmap font that has no letters so small gives way to the drawn ones.
 void DrawTurnedName(PlotDraw draw, float right, float middle) {
   constexpr float kSmallest = 0.6F, kEdge = 0.05F;  // of the size; page units that stay free
   const PlotPage& page = draw.page;
-  const StrokeLetters letters(draw.gks);
+  const SavedAttributes saved(draw.gks);
+  draw.gks.attribute.turn_bitmap = true;
   GSCHUP(draw.gks, -1, 0);
   GSTXAL(draw.gks, kCentre, kBottom);
   GksRectangle box = PlotTextBox(draw.gks, {right, middle}, page.y_name);
   const float room = std::min((right - kEdge) / (box.xmax - box.xmin), page.page_height / (box.ymax - box.ymin));
   GSCHH(draw.gks, page.char_height * std::clamp(room, kSmallest, 1.0F));
   box = PlotTextBox(draw.gks, {right, middle}, page.y_name);
+  const float aside = std::max(kEdge - box.xmin, 0.0F);
+  if (draw.gks.window.bitmap_font && aside > (kYNameGap + kTurnedNameGap) * page.char_height) {
+    const StrokeLetters letters(draw.gks);
+    return DrawTurnedName(draw, right, middle);
+  }
   const float low = std::min(middle, page.page_height - 0.5F * (box.ymax - box.ymin));
-  GTX(draw.gks, {right + std::max(kEdge - box.xmin, 0.0F), low}, page.y_name);
-  GSCHH(draw.gks, page.char_height);
+  GTX(draw.gks, {right + aside, low}, page.y_name);
 }
 
-// A bitmap font can't turn: its name stands level, and one that has no room beside the labels has drawn letters.
+// Of a bitmap font the name stands level, and turned where it has no room beside the labels.
 void DrawYName(PlotDraw draw, const GksRectangle& labels) {
   const PlotPage& page = draw.page;
   const float middle = page.area_y + 0.5F * page.area_height;

@@ -50,7 +50,7 @@ bool Fits(const GksState& gks, std::string_view text) {
 
 void DrawPiece(const GksState& gks, GksColour colour, int x, int y, std::string_view text) {
   const GksPoint at{static_cast<float>(x), static_cast<float>(y)};
-  if (gks.window.bitmap_font) gksDrawBitmapText(gks.paint, colour, at, Font::fixed_9_15, text);
+  if (gks.window.bitmap_font) gksDrawBitmapText(gks.paint, colour, at, Font::fixed_9_15, /*upward=*/false, text);
   else gksDrawStrokeText(gks.paint, {colour}, {at, 0.0F, kStrokeScale, 0.0F, 0.0F}, text);
 }
 

@@ -1,7 +1,10 @@
 #include "gks/kernel/gks_draw.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -227,6 +230,33 @@ TEST(Text, StandsByItsAlignmentInTheFontOfItsHeight) {
       EXPECT_NEAR((box.top + box.bottom) / 2.0, 50 + c.dy, 1.6) << c.up_x << c.up_y << c.horizontal << c.vertical;
       EXPECT_NEAR(box.width(), 32, 3);
     }
+  }
+}
+
+// Each pixel of a level text goes to the place that a quarter of a turn takes it to.
+TEST(Text, OfABitmapFontTurnsWhereItIsWanted) {
+  for (const By by : kBoth) {
+    Drawing d(200, 200, by);
+    GSCHH(d.gks, 10);
+    GTX(d.gks, {100, 100}, "Rg7");
+    const Box level = d.Lit();
+    std::vector<std::pair<int, int>> want, got;
+    for (int y = 0; y < 200; ++y)
+      for (int x = 0; x < 200; ++x)
+        if (d.At(x, y) != 0) want.emplace_back(y, 199 - x);
+    d.Clear();
+    GSCHH(d.gks, 10);
+    d.gks.attribute.turn_bitmap = true;
+    GSCHUP(d.gks, -1, 0);
+    GTX(d.gks, {100, 100}, "Rg7");
+    EXPECT_EQ(d.Lit().count, level.count);
+    for (int y = 0; y < 200; ++y)
+      for (int x = 0; x < 200; ++x)
+        if (d.At(x, y) != 0) got.emplace_back(x, y);
+    std::sort(want.begin(), want.end());
+    EXPECT_EQ(got.size(), want.size());
+    std::sort(got.begin(), got.end());
+    EXPECT_EQ(got, want);
   }
 }
 
