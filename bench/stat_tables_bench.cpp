@@ -56,7 +56,7 @@ void Run(benchmark::State& state, std::size_t n, const Write& write) {
   for (auto _ : state) {
     OutputFile out;
     out.platform = &platform;
-    if (write(work, out) != TableFault::none || bytes == 0) std::abort();
+    if (write(work, out) != DataFault::none || bytes == 0) std::abort();
   }
 }
 

@@ -148,9 +148,9 @@ void FillMissile(const CaseStore& c, const OutputUnits& units, const std::array<
   }
 }
 
-PlotFault FaultOf(WaveAnswer answer) {
-  if (answer == WaveAnswer::ok) return PlotFault::none;
-  return answer == WaveAnswer::no_wave ? PlotFault::no_wave : PlotFault::no_memory;
+DataFault FaultOf(WaveAnswer answer) {
+  if (answer == WaveAnswer::ok) return DataFault::none;
+  return answer == WaveAnswer::no_wave ? DataFault::no_wave : DataFault::no_memory;
 }
 
 struct MakerRow {  // of a history that is made on first need
@@ -166,32 +166,32 @@ constexpr MakerRow kMakers[] = {
     {&CaseStore::maneuver, Derived::maneuver},
 };
 
-PlotFault EnsureHistory(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+DataFault EnsureHistory(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                         const CurveGroup& group, CaseStore& c) {
   constexpr int kFirstRelative = 10;  // component of point_motion
   for (const MakerRow& maker : kMakers)
-    if (maker.history == group.history) return EnsureDerived(c, maker.what) ? PlotFault::none : PlotFault::no_memory;
+    if (maker.history == group.history) return EnsureDerived(c, maker.what) ? DataFault::none : DataFault::no_memory;
   if (group.history == &CaseStore::eta_cg || group.history == &CaseStore::eta_origin)
     return FaultOf(IncidentWaveAtCG(console, c));
-  if (group.history != &CaseStore::point_motion) return PlotFault::none;
-  if (!NodePointMot(console, settings, request.point, c)) return PlotFault::no_memory;
-  return group.first < kFirstRelative ? PlotFault::none : FaultOf(RelativePointMot(console, c));
+  if (group.history != &CaseStore::point_motion) return DataFault::none;
+  if (!NodePointMot(console, settings, request.point, c)) return DataFault::no_memory;
+  return group.first < kFirstRelative ? DataFault::none : FaultOf(RelativePointMot(console, c));
 }
 
 // Makes the derived arrays behind a quantity.
-PlotFault EnsureSource(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+DataFault EnsureSource(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                        const QuantityRow& row, CaseStore& c) {
   for (const CurveGroup& group : row.groups)
-    if (const PlotFault fault = EnsureHistory(console, settings, request, group, c); fault != PlotFault::none)
+    if (const DataFault fault = EnsureHistory(console, settings, request, group, c); fault != DataFault::none)
       return fault;
-  return PlotFault::none;
+  return DataFault::none;
 }
 
-PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& request, const QuantityRow& row,
+DataFault FillRequested(const OutputSettings& settings, const QuantityRequest& request, const QuantityRow& row,
                         const Places& places, int curve, CaseStore& c, std::vector<float>& y) {
-  if (!Grow(y, places.n)) return PlotFault::no_memory;
+  if (!Grow(y, places.n)) return DataFault::no_memory;
   const CurvePlace place = FindCurve(row, curve);
-  if (place.group == nullptr) return PlotFault::not_valid;
+  if (place.group == nullptr) return DataFault::not_valid;
   const CurveGroup& group = *place.group;
   if (group.form == CurveForm::missile_load) {
     FillMissile(c, settings.units, request.missile, places, y);
@@ -199,35 +199,35 @@ PlotFault FillRequested(const OutputSettings& settings, const QuantityRequest& r
     FillMagnitude(c.*group.history, group.first, FactorOf(settings.units, group.scale, 0).scale, places, y);
   } else {
     const CurveSource source = SourceOf(c, settings.units, row, place);
-    if (source.n_columns == 0) return PlotFault::not_valid;
+    if (source.n_columns == 0) return DataFault::not_valid;
     FillCurve(source, places, y);
   }
-  return PlotFault::none;
+  return DataFault::none;
 }
 
 // Smoothing takes every step in use, whatever the stride.
-PlotFault FillSmoothed(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+DataFault FillSmoothed(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                        const QuantityRow& row, const Places& places, int curve, CaseStore& c, std::vector<float>& y) {
   if (settings.smoothing.option == 0) return FillRequested(settings, request, row, places, curve, c, y);
   Places every = places;
   every.stride = 1;
   every.n = static_cast<std::size_t>(c.last_step - c.first_step) + 1;
-  const PlotFault fault = FillRequested(settings, request, row, every, curve, c, y);
-  if (fault != PlotFault::none) return fault;
+  const DataFault fault = FillRequested(settings, request, row, every, curve, c, y);
+  if (fault != DataFault::none) return fault;
   Trace(console, "SmoothInput opt0= {} npt0= {}", settings.smoothing.option, settings.smoothing.window);
   if (!SmoothInput(settings.smoothing.option, settings.smoothing.window, y))
     SayLine(console, SmoothingSkipped(settings.smoothing.option));
   for (std::size_t j = 0; j < places.n; ++j) y[j] = y[j * places.stride];
   y.resize(places.n);
-  return PlotFault::none;
+  return DataFault::none;
 }
 
-PlotFault FillOverlay(const Console& console, const OutputSettings& settings, const Places& places, CaseStore& c,
+DataFault FillOverlay(const Console& console, const OutputSettings& settings, const Places& places, CaseStore& c,
                       std::vector<float>& wave) {
-  if (const PlotFault fault = FaultOf(IncidentWaveAtCG(console, c)); fault != PlotFault::none) return fault;
-  if (!Grow(wave, places.n)) return PlotFault::no_memory;
+  if (const DataFault fault = FaultOf(IncidentWaveAtCG(console, c)); fault != DataFault::none) return fault;
+  if (!Grow(wave, places.n)) return DataFault::no_memory;
   FillCurve(Column(c.eta_origin, 1, settings.units.LENOUT, 1.0F), places, wave);
-  return PlotFault::none;
+  return DataFault::none;
 }
 
 // A record of an impulsive run: its time and the groups of six that its curves come from.
@@ -256,43 +256,43 @@ ImpulsiveRecord RecordOf(const CaseStore& c, const OutputSettings& settings, int
 }
 
 // Curve i of a group has the sign of mode i; of the scales only that of the time is not 1.
-PlotFault SetImpulsiveData(const OutputSettings& settings, const QuantityRequest& request, const CaseStore& c,
+DataFault SetImpulsiveData(const OutputSettings& settings, const QuantityRequest& request, const CaseStore& c,
                            PlotData& data) {
   const int curves = CurveCount(c, request.iqnt);
-  if (!QuantityValid(c, request.iqnt) || request.curve < 0 || request.curve > curves) return PlotFault::not_valid;
+  if (!QuantityValid(c, request.iqnt) || request.curve < 0 || request.curve > curves) return DataFault::not_valid;
   const ImpulsiveRecord record = RecordOf(c, settings, request.iqnt);
   const int first = request.curve == 0 ? 1 : request.curve;
   const int last = request.curve == 0 ? curves : request.curve;
   for (int curve = first; curve <= last; ++curve) data.labels.push_back(CurveLabel(c, settings, request.iqnt, curve));
   data.n = static_cast<int>(record.places.n);
   data.y.resize(data.labels.size());
-  if (data.n == 0) return PlotFault::none;
-  if (!Grow(data.x, record.places.n)) return PlotFault::no_memory;
+  if (data.n == 0) return DataFault::none;
+  if (!Grow(data.x, record.places.n)) return DataFault::no_memory;
   FillCurve(Column(*record.time, 1, settings.units.scales.T, 1.0F), record.places, data.x);
   for (int curve = first; curve <= last; ++curve) {
     std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first)];
-    if (!Grow(y, record.places.n)) return PlotFault::no_memory;
+    if (!Grow(y, record.places.n)) return DataFault::no_memory;
     const int mode = (curve - 1) % 6;
     const StepHistory& group = *record.groups[static_cast<std::size_t>((curve - 1) / 6)];
     FillCurve(Column(group, mode + 1, 1.0F, settings.units.cnvfac[static_cast<std::size_t>(mode)]), record.places, y);
   }
-  return PlotFault::none;
+  return DataFault::none;
 }
 
 }  // namespace
 
-PlotFault SetPlotData(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+DataFault SetPlotData(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                       CaseStore& case_store, PlotData& data) {
   data = PlotData{};
   if (!case_store.time_history()) return SetImpulsiveData(settings, request, case_store, data);
   const QuantityRow* row = FindQuantity(request.iqnt);
   if (row == nullptr) {
     Say(console, kNoQuantity, request.iqnt);
-    return PlotFault::logic;
+    return DataFault::said;
   }
   const int curves = CurveCount(case_store, request.iqnt);
   if (!QuantityValid(case_store, request.iqnt) || request.curve < 0 || request.curve > curves)
-    return PlotFault::not_valid;
+    return DataFault::not_valid;
 
   const int first_curve = request.curve == 0 ? 1 : request.curve;
   const int last_curve = request.curve == 0 ? curves : request.curve;
@@ -300,22 +300,22 @@ PlotFault SetPlotData(const Console& console, const OutputSettings& settings, co
     data.labels.push_back(CurveLabel(case_store, settings, request.iqnt, curve));
   data.y.resize(data.labels.size());
   data.n = PointsInUse(case_store, settings);
-  if (data.n == 0) return PlotFault::none;
+  if (data.n == 0) return DataFault::none;
 
   Places places;
   places.first = static_cast<std::size_t>(case_store.first_step - case_store.first_read);
   places.stride = static_cast<std::size_t>(Stride(settings));
   places.n = static_cast<std::size_t>(data.n);
-  const PlotFault source = EnsureSource(console, settings, request, *row, case_store);
-  if (source != PlotFault::none) return source;
-  if (!Grow(data.x, places.n)) return PlotFault::no_memory;
+  const DataFault source = EnsureSource(console, settings, request, *row, case_store);
+  if (source != DataFault::none) return source;
+  if (!Grow(data.x, places.n)) return DataFault::no_memory;
   FillCurve(Column(case_store.time, 1, settings.units.scales.T, 1.0F), places, data.x);
   for (int curve = first_curve; curve <= last_curve; ++curve) {
     std::vector<float>& y = data.y[static_cast<std::size_t>(curve - first_curve)];
-    const PlotFault fault = FillSmoothed(console, settings, request, *row, places, curve, case_store, y);
-    if (fault != PlotFault::none) return fault;
+    const DataFault fault = FillSmoothed(console, settings, request, *row, places, curve, case_store, y);
+    if (fault != DataFault::none) return fault;
   }
-  return request.wave_overlay ? FillOverlay(console, settings, places, case_store, data.wave) : PlotFault::none;
+  return request.wave_overlay ? FillOverlay(console, settings, places, case_store, data.wave) : DataFault::none;
 }
 
 StatRange StatPoints(const CaseStore& case_store, const OutputSettings& settings) {

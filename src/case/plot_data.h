@@ -2,10 +2,10 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <vector>
 
+#include "base/data_fault.h"
 #include "base/platform.h"
 #include "case/case_store.h"
 #include "case/output_settings.h"
@@ -28,15 +28,11 @@ struct PlotData {
   std::vector<float> wave;            // elevation at the origin, if asked for
 };
 
-// not_valid: no such curve or no data for it in this case (the caller says so); no_wave (told) and logic have been
-// said.
-enum class PlotFault : std::uint8_t { none, not_valid, no_wave, no_memory, logic };
-
 // Shown values, smoothed as the settings say: y = stored x scale, then x sign factor, in 4 bytes; slots of force are
 // summed in their order first. Curve 4 of 28 and 29 is the length of the stored three. 48: C1 ax + C2 ay + C3 az + C4,
 // (ax ay az) = R' (a + (0,0,1)) as shown. Impulsive runs: time x T, values as stored x sign factor; a function of an
-// IRF case by all its steps and the stride.
-[[nodiscard]] PlotFault SetPlotData(const Console& console, const OutputSettings& settings,
+// IRF case by all its steps and the stride. not_valid is the caller's to say.
+[[nodiscard]] DataFault SetPlotData(const Console& console, const OutputSettings& settings,
                                     const QuantityRequest& request, CaseStore& case_store, PlotData& data);
 
 // The points a statistic takes: first_step + skip <= step <= last_step - skip_terminal. Indices into PlotData from 0.

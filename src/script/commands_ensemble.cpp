@@ -5,10 +5,10 @@
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "script/command_table.h"
+#include "script/fault_status.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
 #include "script/plot_commands.h"
-#include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/statistic_word.h"
 #include "stats/tables/ensemble_table.h"
@@ -22,8 +22,8 @@ int WriteEnsemble(ScriptCall& call, const StatRequest& request, const Selector& 
   Session& session = call.session;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = EnsembleStat(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid), done);
+  const DataFault fault = EnsembleStat(WorkOf(session), request, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault), done);
 }
 
 int RunEnsembleStat(ScriptCall& call) {
@@ -56,8 +56,8 @@ int RunEnsembleAutocorrelation(ScriptCall& call) {
   if (plot) return HandOverPlot(call, {.kind = PlotKind::autocorrelation, .quantity = request, .of_ensemble = true});
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = EnsembleAutoCorrelation(WorkOf(session), request, dependence_only, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
+  const DataFault fault = EnsembleAutoCorrelation(WorkOf(session), request, dependence_only, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault),
                       dependence_only ? "Dependence time written to" : "Ensemble averaged autocorrelation written to");
 }
 

@@ -6,9 +6,9 @@
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "script/command_table.h"
+#include "script/fault_status.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
-#include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/setting_words.h"
 #include "stats/tables/histogram_table.h"
@@ -73,9 +73,9 @@ int RunWriteHistogram(ScriptCall& call) {
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = WriteHistogram(WorkOf(session), request, of_ensemble, output.file);
+  const DataFault fault = WriteHistogram(WorkOf(session), request, of_ensemble, output.file);
   const std::string done = fmt::format("Histogram of {} written to", QuantityLabel(session.case_store, request.iqnt));
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid), done);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault), done);
 }
 
 constexpr Command kHistogram[] = {

@@ -10,9 +10,9 @@
 #include "case/tables/kino_output.h"
 #include "case/tables/load_table.h"
 #include "script/command_table.h"
+#include "script/fault_status.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
-#include "script/plot_fault.h"
 #include "script/selectors.h"
 
 namespace zaview {
@@ -60,11 +60,11 @@ int RunWriteHistory(ScriptCall& call) {
   const bool kino = session.case_store.time_history() && IsKinoFile(selector.iqnt);
   const OutputForms forms = kino ? OutputForms::formatted : OutputForms::both;
   if (const int status = OpenOutputArgument(call, forms, output); status != kScriptOk) return status;
-  PlotFault fault = PlotFault::not_valid;
+  DataFault fault = DataFault::not_valid;
   if (QuantityValid(session.case_store, selector.iqnt))
     fault = write_time_history(call.console(), session.output, request, output.unformatted, session.case_store,
                                output.file);
-  if (fault == PlotFault::not_valid) {  // a warning: the script goes on
+  if (fault == DataFault::not_valid) {  // a warning: the script goes on
     DiscardOutput(output.file);
     if (session.case_store.irf_case) Say(call.console(), kBadIrf, selector.iqnt, call.command);
     else Say(call.console(), kHistoryRefused, selector.word);
@@ -95,7 +95,7 @@ int RunWriteLoads(ScriptCall& call) {
   const int step = std::max(store.first_step, std::min(StepCount(values[0]), store.last_step));
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const PlotFault fault = LoadDistFil(call.console(), session.output, selector.iqnt, step, store, output.file);
+  const DataFault fault = LoadDistFil(call.console(), session.output, selector.iqnt, step, store, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Load distribution data written to file");
 }
 

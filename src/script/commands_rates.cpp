@@ -7,9 +7,9 @@
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "script/command_table.h"
+#include "script/fault_status.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
-#include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "stats/tables/rate_tables.h"
 #include "views/state/stat_work.h"
@@ -33,9 +33,8 @@ int RunUpcrossings(ScriptCall& call) {
   request.increment = levels[2];
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = WriteUpcrossings(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
-                      "Upcrossing statistics written to");
+  const DataFault fault = WriteUpcrossings(WorkOf(session), request, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Upcrossing statistics written to");
 }
 
 struct ResultWord {
@@ -81,9 +80,9 @@ int RunExceedances(ScriptCall& call) {
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
   const auto write = blocks ? WriteBlockExceedances : WriteExceedances;
-  const TableFault fault = write(WorkOf(session), request, output.file);
+  const DataFault fault = write(WorkOf(session), request, output.file);
   const bool list = !blocks && request.result == ExceedanceResult::list;
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault),
                       list ? "Exceedance list written to" : "Exceedance statistics written to");
 }
 

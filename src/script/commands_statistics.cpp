@@ -3,9 +3,9 @@
 
 #include "base/text.h"
 #include "script/command_table.h"
+#include "script/fault_status.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
-#include "script/plot_fault.h"
 #include "script/selectors.h"
 #include "script/statistic_word.h"
 #include "stats/tables/autocorrelation_table.h"
@@ -30,7 +30,7 @@ int RunWriteStat(ScriptCall& call) {
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
   const auto write = request.statistic.interval ? WriteIntervals : WRSTAT;
-  const TableFault fault = write(WorkOf(session), request, output.file);
+  const DataFault fault = write(WorkOf(session), request, output.file);
   return FinishOutput(call, output, StatusOf(call, selector.word, fault, kStatRefused),
                       "Statistical data written to file");
 }
@@ -44,9 +44,8 @@ int RunWriteIntervals(ScriptCall& call) {
   if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = WriteIntervals(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
-                      "Confidence interval data written to file");
+  const DataFault fault = WriteIntervals(WorkOf(session), request, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Confidence interval data written to file");
 }
 
 int RunWriteAutocorrelation(ScriptCall& call) {
@@ -56,9 +55,8 @@ int RunWriteAutocorrelation(ScriptCall& call) {
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const TableFault fault = WriteAutocorrelation(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kNotValid),
-                      "Autocorrelation data written to file");
+  const DataFault fault = WriteAutocorrelation(WorkOf(session), request, output.file);
+  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Autocorrelation data written to file");
 }
 
 constexpr Needs kRecord = kNeedsCase | kNeedsMotion;

@@ -16,8 +16,6 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kWriteFault = "ERROR writing file {}";
-constexpr std::string_view kNoMemory = "ERROR allocating memory for the time history";
-constexpr std::string_view kNotValid = "ERROR - {} is not in this output file";
 
 FileQuestion QuestionFor(int iqnt) {
   FileQuestion question;
@@ -28,11 +26,6 @@ FileQuestion QuestionFor(int iqnt) {
                                             "(BLANK to print to screen, QUIT to abort)";
   question.blank_is_console = iqnt != kKinoMotions && iqnt != kKinoSeaway;
   return question;
-}
-
-void SayFault(const Console& console, const CaseStore& c, int iqnt, PlotFault fault) {
-  if (fault == PlotFault::no_memory) SayLine(console, kNoMemory);
-  if (fault == PlotFault::not_valid) Say(console, kNotValid, QuantityLabel(c, iqnt));
 }
 
 // What is said ahead of the file's name.
@@ -50,11 +43,10 @@ void AskHistoryFile(const Platform& platform, const OutputSettings& settings, co
   ChosenFile chosen;
   if (OPNFIL(platform, QuestionFor(request.iqnt), chosen) != FileAnswer::opened) return;
   if (chosen.unformatted && case_store.time_history() && IsKinoFile(request.iqnt)) SayLine(console, kFormattedOnly);
-  const PlotFault fault = write_time_history(console, settings, request, chosen.unformatted, case_store, chosen.out);
+  const DataFault fault = write_time_history(console, settings, request, chosen.unformatted, case_store, chosen.out);
   const bool to_console = chosen.out.to_console;
-  if (fault != PlotFault::none) {
+  if (!SayDataFault(console, fault, Making::history, QuantityLabel(case_store, request.iqnt))) {
     DiscardOutput(chosen.out);
-    SayFault(console, case_store, request.iqnt, fault);
   } else if (!CloseOutput(chosen.out)) {
     Say(console, kWriteFault, chosen.name);
   } else if (!to_console) {

@@ -40,26 +40,26 @@ void AppendRecord(std::string& text, std::span<const float> cells) {
   AppendBytes(text, length);
 }
 
-PlotFault WriteKinoFile(const Console& console, const OutputSettings& settings, int iqnt, CaseStore& case_store,
+DataFault WriteKinoFile(const Console& console, const OutputSettings& settings, int iqnt, CaseStore& case_store,
                         OutputFile& out) {
-  if (!QuantityValid(case_store, iqnt)) return PlotFault::not_valid;
+  if (!QuantityValid(case_store, iqnt)) return DataFault::not_valid;
   const bool seaway = iqnt == kKinoSeaway;
   SayLine(console, seaway ? kWritingSeaway : kWritingMotions);
-  if (seaway) return WriteKinoSeaway(console, settings, case_store, out) ? PlotFault::none : PlotFault::no_wave;
+  if (seaway) return WriteKinoSeaway(console, settings, case_store, out) ? DataFault::none : DataFault::no_wave;
   WriteKinoMotions(settings, case_store, out);
-  return PlotFault::none;
+  return DataFault::none;
 }
 
 }  // namespace
 
-PlotFault write_time_history(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+DataFault write_time_history(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                              bool unformatted, CaseStore& case_store, OutputFile& out) {
   if (case_store.time_history() && IsKinoFile(request.iqnt))
     return WriteKinoFile(console, settings, request.iqnt, case_store, out);
-  if (unformatted && out.to_console) return PlotFault::not_valid;
+  if (unformatted && out.to_console) return DataFault::not_valid;
   PlotData data;
-  const PlotFault fault = SetPlotData(console, settings, request, case_store, data);
-  if (fault != PlotFault::none) return fault;
+  const DataFault fault = SetPlotData(console, settings, request, case_store, data);
+  if (fault != DataFault::none) return fault;
 
   std::string text;
   std::vector<std::string> names{std::string(kTimeHead)};
@@ -78,7 +78,7 @@ PlotFault write_time_history(const Console& console, const OutputSettings& setti
     WriteGathered(out, text);
   }
   WriteOutput(out, text);
-  return PlotFault::none;
+  return DataFault::none;
 }
 
 }  // namespace zaview

@@ -10,7 +10,7 @@ namespace zaview {
 // unformatted: one framed record a step instead (4-byte length, time and curves, the length again; little-endian,
 // 4-byte reals), no heads; the console takes none of these (not_valid). Quantities 34 and 35 are KINO files
 // (kino_output.h), never unformatted.
-[[nodiscard]] PlotFault write_time_history(const Console& console, const OutputSettings& settings,
+[[nodiscard]] DataFault write_time_history(const Console& console, const OutputSettings& settings,
                                            const QuantityRequest& request, bool unformatted, CaseStore& case_store,
                                            OutputFile& out);
 

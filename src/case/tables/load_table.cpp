@@ -29,23 +29,23 @@ Extremes ExtremesOf(std::span<const float> y, std::size_t stride) {
 
 }  // namespace
 
-PlotFault LoadDistFil(const Console& console, const OutputSettings& settings, int iqnt, int step, CaseStore& case_store,
+DataFault LoadDistFil(const Console& console, const OutputSettings& settings, int iqnt, int step, CaseStore& case_store,
                       OutputFile& out) {
   const QuantityRow* row = FindQuantity(iqnt);
   if (row == nullptr || row->load_kind == 0) {
     Say(console, "Logic error in LoadDistFil : iqnt= {}", iqnt);
-    return PlotFault::logic;
+    return DataFault::said;
   }
   QuantityRequest request;
   request.iqnt = iqnt;
   OutputSettings every = settings;  // the value may stand between two points in use
   every.reading.step_stride = 1;
   PlotData data;
-  const PlotFault fault = SetPlotData(console, every, request, case_store, data);
-  if (fault != PlotFault::none) return fault;
+  const DataFault fault = SetPlotData(console, every, request, case_store, data);
+  if (fault != DataFault::none) return fault;
   if (data.n == 0) {
     SayLine(console, kTooManySkipped);
-    return PlotFault::not_valid;
+    return DataFault::not_valid;
   }
 
   step = std::clamp(step, case_store.first_step, case_store.last_step);
@@ -65,7 +65,7 @@ PlotFault LoadDistFil(const Console& console, const OutputSettings& settings, in
     AppendRow(text, layout, cells);
   }
   WriteOutput(out, text);
-  return PlotFault::none;
+  return DataFault::none;
 }
 
 }  // namespace zaview

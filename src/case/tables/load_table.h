@@ -7,9 +7,9 @@
 
 namespace zaview {
 
-// iqnt 13 to 24 (others: said, logic). step: absolute index, limited to the steps in use; its value
-// is that of the curve, smoothed if the settings say so, whatever the stride.
-[[nodiscard]] PlotFault LoadDistFil(const Console& console, const OutputSettings& settings, int iqnt, int step,
+// iqnt 13 to 24 (others: said). step: absolute index, limited to the steps in use; its value is that of the curve,
+// smoothed if the settings say so, whatever the stride.
+[[nodiscard]] DataFault LoadDistFil(const Console& console, const OutputSettings& settings, int iqnt, int step,
                                     CaseStore& case_store, OutputFile& out);
 
 }  // namespace zaview

@@ -41,16 +41,16 @@ bool FindCurves(std::span<const float> t, std::span<const float> x, std::size_t 
   return true;
 }
 
-TableFault Make(const StatWork& work, const QuantityRequest& request, AutocorrelationCurves& curves) {
+DataFault Make(const StatWork& work, const QuantityRequest& request, AutocorrelationCurves& curves) {
   QuantityRequest one = request;
   one.curve = std::max(1, request.curve);
   StatRecord record;
-  const TableFault fault = TakeRecord(work, one, kTooManySkipped, kNoMemory, record);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = TakeRecord(work, one, kTooManySkipped, kNoMemory, record);
+  if (fault != DataFault::none) return fault;
   const auto rate = static_cast<std::size_t>(std::max(1, work.settings.statistics.autocorrelation_rate));
-  if (FindCurves(record.t(), record.curve(0), rate, curves)) return TableFault::none;
+  if (FindCurves(record.t(), record.curve(0), rate, curves)) return DataFault::none;
   SayLine(work.console(), kBadRecord);
-  return TableFault::said;
+  return DataFault::said;
 }
 
 void WriteRows(const AutocorrelationCurves& curves, std::span<const int> places, const TableLayout& layout,
@@ -63,11 +63,11 @@ void WriteRows(const AutocorrelationCurves& curves, std::span<const int> places,
   }
 }
 
-TableFault WriteTable(const StatWork& work, const QuantityRequest& request, OutputFile& out) {
+DataFault WriteTable(const StatWork& work, const QuantityRequest& request, OutputFile& out) {
   const OutputSettings& settings = work.settings;
   AutocorrelationCurves curves;
-  const TableFault fault = Make(work, request, curves);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = Make(work, request, curves);
+  if (fault != DataFault::none) return fault;
   std::vector<int> all(curves.R.size());
   std::iota(all.begin(), all.end(), 0);
   const std::string names[] = {"dTime", "Rx"};
@@ -85,27 +85,27 @@ TableFault WriteTable(const StatWork& work, const QuantityRequest& request, Outp
     WriteRows(curves, block.places, layout, text, out);
   }
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 }  // namespace
 
-TableFault MakeAutocorrelation(const StatWork& work, const QuantityRequest& request, AutocorrelationCurves& curves) {
+DataFault MakeAutocorrelation(const StatWork& work, const QuantityRequest& request, AutocorrelationCurves& curves) {
   curves = {};
   try {
     return Make(work, request, curves);
   } catch (const std::bad_alloc&) {
     SayLine(work.console(), kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 
-TableFault WriteAutocorrelation(const StatWork& work, const QuantityRequest& request, OutputFile& out) {
+DataFault WriteAutocorrelation(const StatWork& work, const QuantityRequest& request, OutputFile& out) {
   try {
     return WriteTable(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(work.console(), kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 

@@ -16,9 +16,9 @@ struct AutocorrelationCurves {
 // One curve of the quantity over the points in use, every n-th of them by the sampling rate of the settings: R(k) =
 // 1/(n-1-k) times the sum of n-1-k products about the mean. Faults are said, but for not_valid. The data plot takes
 // them as well.
-[[nodiscard]] TableFault MakeAutocorrelation(const StatWork& work, const QuantityRequest& request,
-                                             AutocorrelationCurves& curves);
+[[nodiscard]] DataFault MakeAutocorrelation(const StatWork& work, const QuantityRequest& request,
+                                            AutocorrelationCurves& curves);
 
-[[nodiscard]] TableFault WriteAutocorrelation(const StatWork& work, const QuantityRequest& request, OutputFile& out);
+[[nodiscard]] DataFault WriteAutocorrelation(const StatWork& work, const QuantityRequest& request, OutputFile& out);
 
 }  // namespace zaview

@@ -43,33 +43,31 @@ float SampleInterval(const CaseStore& c, const OutputSettings& settings) {
 }
 
 // Appends one record. An empty one if no point is left of it.
-TableFault LoadRecord(const Console& console, const OutputSettings& settings, const QuantityRequest& request, int skip,
-                      CaseStore& record, EnsembleData& data) {
+DataFault LoadRecord(const Console& console, const OutputSettings& settings, const QuantityRequest& request, int skip,
+                     CaseStore& record, EnsembleData& data) {
   PlotData plot;
-  const PlotFault fault = SetPlotData(console, settings, request, record, plot);
-  if (fault == PlotFault::not_valid) return TableFault::not_valid;
-  if (fault == PlotFault::no_memory) return TableFault::no_memory;
-  if (fault != PlotFault::none) return TableFault::said;
-  if (plot.y.empty()) return TableFault::not_valid;
+  const DataFault fault = SetPlotData(console, settings, request, record, plot);
+  if (fault != DataFault::none) return fault == DataFault::no_wave ? DataFault::said : fault;
+  if (plot.y.empty()) return DataFault::not_valid;
   const StatRange range = StatPoints(record, settings, skip);
   const auto first = range.first;
   const auto n = plot.n > 0 ? range.n : 0;
   data.X.emplace_back(plot.y[0].begin() + first, plot.y[0].begin() + first + n);
   data.t.emplace_back(plot.x.begin() + first, plot.x.begin() + first + n);
   data.first_step.push_back(record.first_step + first * data.stride);
-  return TableFault::none;
+  return DataFault::none;
 }
 
-TableFault LoadRecords(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
-                       const EnsembleCases& cases, EnsembleData& data) {
+DataFault LoadRecords(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
+                      const EnsembleCases& cases, EnsembleData& data) {
   const std::string_view purpose = PurposeOf(request.iqnt);
   if (!purpose.empty()) SayLine(console, purpose);
   for (int irec = 1; irec <= cases.count(); ++irec) {
-    const TableFault fault = LoadRecord(console, settings, request, data.key.skip_initial, cases.record(irec), data);
-    if (fault != TableFault::none) return fault;
+    const DataFault fault = LoadRecord(console, settings, request, data.key.skip_initial, cases.record(irec), data);
+    if (fault != DataFault::none) return fault;
   }
   if (!purpose.empty()) SayLine(console, "done:");
-  return TableFault::none;
+  return DataFault::none;
 }
 
 std::vector<std::span<const float>> ViewsOf(const std::vector<std::vector<float>>& records) {
@@ -87,7 +85,7 @@ CaseStore& EnsembleCases::record(int irec) const {
   return held ? ensemble.record[static_cast<std::size_t>(irec - 1)] : current;
 }
 
-TableFault LoadEnsemble(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped) {
+DataFault LoadEnsemble(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped) {
   const auto& [platform, settings, cases, state] = work;
   const Console& console = platform.console;
   QuantityRequest one = request;
@@ -101,8 +99,8 @@ TableFault LoadEnsemble(const StatWork& work, const QuantityRequest& request, st
       state.ensemble.key = std::move(key);
       state.ensemble.stride = std::max(1, settings.reading.step_stride);
       state.ensemble.dt = SampleInterval(cases.current, settings);
-      const TableFault fault = LoadRecords(console, settings, one, cases, state.ensemble);
-      if (fault != TableFault::none) {
+      const DataFault fault = LoadRecords(console, settings, one, cases, state.ensemble);
+      if (fault != DataFault::none) {
         state.ensemble = {};
         return fault;
       }
@@ -111,12 +109,12 @@ TableFault LoadEnsemble(const StatWork& work, const QuantityRequest& request, st
   } catch (const std::bad_alloc&) {
     state.ensemble = {};
     SayLine(console, kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
   const auto& X = state.ensemble.X;
-  if (std::any_of(X.begin(), X.end(), [](const std::vector<float>& x) { return !x.empty(); })) return TableFault::none;
+  if (std::any_of(X.begin(), X.end(), [](const std::vector<float>& x) { return !x.empty(); })) return DataFault::none;
   SayLine(console, too_many_skipped);
-  return TableFault::said;
+  return DataFault::said;
 }
 
 std::vector<std::span<const float>> SamplesOf(const EnsembleData& data) {
@@ -127,13 +125,13 @@ std::vector<std::span<const float>> TimesOf(const EnsembleData& data) {
   return ViewsOf(data.t);
 }
 
-TableFault UpdateDependence(const StatWork& work, const QuantityRequest& request) {
+DataFault UpdateDependence(const StatWork& work, const QuantityRequest& request) {
   const auto& [platform, settings, cases, state] = work;
   const Console& console = platform.console;
-  const TableFault fault = LoadEnsemble(work, request, kTooManySkipped);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = LoadEnsemble(work, request, kTooManySkipped);
+  if (fault != DataFault::none) return fault;
   DependenceResult& dependence = state.dependence;
-  if (dependence.known && dependence.cutoff == settings.statistics.autocorrelation_cutoff) return TableFault::none;
+  if (dependence.known && dependence.cutoff == settings.statistics.autocorrelation_cutoff) return DataFault::none;
   SayLine(console, "Computing autocorrelation...");
   EnsembleAutoCov autocov;
   CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.statistics.autocorrelation_cutoff, false, autocov);
@@ -141,7 +139,7 @@ TableFault UpdateDependence(const StatWork& work, const QuantityRequest& request
                 state.ensemble.dt * autocov.lag};
   SayLine(console, "Done");
   if (!dependence.reached) Say(console, kNotReached, Shown{dependence.cutoff});
-  return TableFault::none;
+  return DataFault::none;
 }
 
 std::string DependenceLine(const DependenceResult& dependence) {

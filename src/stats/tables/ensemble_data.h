@@ -10,7 +10,6 @@
 #include "case/output_settings.h"
 #include "case/plot_data.h"
 #include "stats/statistics_state.h"
-#include "stats/tables/table_fault.h"
 
 namespace zaview {
 
@@ -34,8 +33,8 @@ struct StatWork {  // what all tables of statistics are made from
 // One curve of each record over its own steps in use, the skip counts of the current one for all. Says "Calculating
 // Ensemble ..." where waves or point motions have to be made. Loads only if the key differs. A record without points
 // is empty; without points in any of them `too_many_skipped` is said.
-[[nodiscard]] TableFault LoadEnsemble(const StatWork& work, const QuantityRequest& request,
-                                      std::string_view too_many_skipped);
+[[nodiscard]] DataFault LoadEnsemble(const StatWork& work, const QuantityRequest& request,
+                                     std::string_view too_many_skipped);
 
 // Views of the loaded samples, and of their times.
 [[nodiscard]] std::vector<std::span<const float>> SamplesOf(const EnsembleData& data);
@@ -43,7 +42,7 @@ struct StatWork {  // what all tables of statistics are made from
 
 // Loads, and makes state.dependence current: "Computing autocorrelation...", "Done" when it has to be computed,
 // and a line where the cut-off isn't reached.
-[[nodiscard]] TableFault UpdateDependence(const StatWork& work, const QuantityRequest& request);
+[[nodiscard]] DataFault UpdateDependence(const StatWork& work, const QuantityRequest& request);
 
 // "Dependence time= 12.5 (25 steps)"
 [[nodiscard]] std::string DependenceLine(const DependenceResult& dependence);

@@ -75,7 +75,7 @@ bool BeginRates(const StatDialogue& d, const QuantityRequest& request, std::stri
   const Console& console = d.platform.console;
   SayLine(console, title);
   Say(console, "{} {}", calculation, QuantityLabel(d.cases.current, request.iqnt));
-  if (UpdateDependence(d.work(), request) != TableFault::none) return false;
+  if (UpdateDependence(d.work(), request) != DataFault::none) return false;
   SayRange(console, d.state.ensemble);
   return true;
 }
@@ -111,7 +111,7 @@ Answer AskDependence(const Console& console, int ndti, int& ndep) {
   }
 }
 
-using WriteRates = TableFault(const StatWork&, const ExceedanceRequest&, OutputFile&);
+using WriteRates = DataFault(const StatWork&, const ExceedanceRequest&, OutputFile&);
 
 void AskRates(const StatDialogue& d, const QuantityRequest& quantity, std::string_view title, WriteRates* write) {
   const Console& console = d.platform.console;
@@ -125,7 +125,7 @@ void AskRates(const StatDialogue& d, const QuantityRequest& quantity, std::strin
       AskDependence(console, d.state.dependence.ndti, request.ndep) != Answer::ok ||
       !AskTableFile(d.platform, WithScreenPrompt("Enter file for exceedance statistics"), chosen))
     return;
-  const TableFault fault = write(d.work(), request, chosen.out);
+  const DataFault fault = write(d.work(), request, chosen.out);
   FinishTable(d.platform, fault, "Exceedance statistics written to", chosen);
 }
 
@@ -151,7 +151,7 @@ void AskEnsembleFile(const StatDialogue& dialogue, const QuantityRequest& reques
   table.statistic.number = kStatTable;
   table.statistic.interval = intervals;
   table.quantity = request;
-  const TableFault fault = EnsembleStat(d.work(), table, chosen.out);
+  const DataFault fault = EnsembleStat(d.work(), table, chosen.out);
   FinishTable(d.platform, fault, "Ensemble statistics written to", chosen);
 }
 
@@ -159,7 +159,7 @@ bool AskAutocorrelationFile(const StatDialogue& dialogue, const QuantityRequest&
   const StatDialogue& d = dialogue;
   const Console& console = d.platform.console;
   if (AskCutoff(console, d.settings) != Answer::ok) return false;
-  if (UpdateDependence(d.work(), request) != TableFault::none) return false;
+  if (UpdateDependence(d.work(), request) != DataFault::none) return false;
   const DependenceResult& dependence = d.state.dependence;
   Say(console, "{}{}", DependenceLine(dependence), dependence.reached ? "" : ", cutoff not reached");
   FileQuestion question;
@@ -170,7 +170,7 @@ bool AskAutocorrelationFile(const StatDialogue& dialogue, const QuantityRequest&
   ChosenFile chosen;
   const FileAnswer answer = OPNFIL(d.platform, question, chosen);
   if (answer != FileAnswer::opened) return answer == FileAnswer::word;
-  const TableFault fault = EnsembleAutoCorrelation(d.work(), request, false, chosen.out);
+  const DataFault fault = EnsembleAutoCorrelation(d.work(), request, false, chosen.out);
   FinishTable(d.platform, fault, "Autocorrelation written to", chosen);
   return false;
 }
@@ -184,7 +184,7 @@ void AskUpcrossings(const StatDialogue& dialogue, const QuantityRequest& request
   ChosenFile chosen;
   if (!AskTableFile(d.platform, WithScreenPrompt("Enter file for upcrossing statistics"), chosen)) return;
   const UpcrossingRequest upcrossings{request, thresholds[0], thresholds[1], thresholds[2]};
-  const TableFault fault = WriteUpcrossings(d.work(), upcrossings, chosen.out);
+  const DataFault fault = WriteUpcrossings(d.work(), upcrossings, chosen.out);
   FinishTable(d.platform, fault, "Upcrossing statistics written to", chosen);
 }
 

@@ -143,14 +143,14 @@ void AppendCells(const StatRequest& request, const EnsembleValues& v, std::vecto
   cells.insert(cells.end(), four.begin(), four.end());
 }
 
-TableFault WriteStatistics(const StatWork& work, const StatRequest& request, OutputFile& out) {
+DataFault WriteStatistics(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const auto& [platform, settings, cases, state] = work;
   const Console& console = platform.console;
   const int curves = CurveCount(cases.current, request.quantity.iqnt);
-  if (curves < 1) return TableFault::not_valid;
+  if (curves < 1) return DataFault::not_valid;
   if (request.quantity.curve > curves) {
     SayLine(console, kBadCurve);
-    return TableFault::said;
+    return DataFault::said;
   }
   const bool all = request.quantity.curve < 1;
   QuantityRequest one = request.quantity;
@@ -158,13 +158,13 @@ TableFault WriteStatistics(const StatWork& work, const StatRequest& request, Out
   std::vector<float> cells;
   for (int curve = all ? 1 : one.curve; curve <= (all ? curves : request.quantity.curve); ++curve) {
     one.curve = curve;
-    const TableFault fault = LoadEnsemble(work, one, kTooManySkipped);
-    if (fault != TableFault::none) return fault;
+    const DataFault fault = LoadEnsemble(work, one, kTooManySkipped);
+    if (fault != DataFault::none) return fault;
     SayLine(console, "Computing statistics...");
     EnsembleValues values;
     if (!FindValues(console, request.statistic, SamplesOf(state.ensemble), settings.statistics.confidence_probability,
                     state.nmany, values))
-      return TableFault::said;
+      return DataFault::said;
     if (request.statistic.number != kStatTable) {
       AppendCells(request, values, cells);
       continue;
@@ -174,7 +174,7 @@ TableFault WriteStatistics(const StatWork& work, const StatRequest& request, Out
   }
   if (request.statistic.number != kStatTable) AppendBareLine(settings.writing.separator, request.text, cells, text);
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 // ---- Autocorrelation
@@ -217,28 +217,28 @@ bool FindEnsembleIntervals(const Console& console, const StatisticName& statisti
   return true;
 }
 
-TableFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out) {
+DataFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const Console& console = work.console();
-  if (!Available(console, request.statistic)) return TableFault::said;
+  if (!Available(console, request.statistic)) return DataFault::said;
   try {
     return WriteStatistics(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(console, kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 
-TableFault EnsembleAutoCorrelation(const StatWork& work, const QuantityRequest& request, bool dependence_only,
-                                   OutputFile& out) {
+DataFault EnsembleAutoCorrelation(const StatWork& work, const QuantityRequest& request, bool dependence_only,
+                                  OutputFile& out) {
   try {
-    const TableFault fault = UpdateDependence(work, request);
-    if (fault != TableFault::none) return fault;
+    const DataFault fault = UpdateDependence(work, request);
+    if (fault != DataFault::none) return fault;
     if (dependence_only) WriteOutput(out, DependenceLine(work.state.dependence) + '\n');
     else WriteAutoCorrelation(work.settings, work.state, out);
-    return TableFault::none;
+    return DataFault::none;
   } catch (const std::bad_alloc&) {
     SayLine(work.console(), kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 

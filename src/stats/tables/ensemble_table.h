@@ -15,14 +15,14 @@ namespace zaview {
 // request.statistic 0: the table, a block a curve; with `interval` the one with intervals. Else one bare line: text,
 // separator, value, or half width, low, estimate, high. request.quantity.curve 0: all curves. Statistics that an
 // ensemble doesn't have are said (ERR494, ERR496).
-[[nodiscard]] TableFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out);
+[[nodiscard]] DataFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out);
 
 // As FindIntervals (interval_table.h), of all records together.
 [[nodiscard]] bool FindEnsembleIntervals(const Console& console, const StatisticName& statistic, EnsembleRecords X,
                                          float prob, int nmany, IntervalValues& out);
 
 // The table of Rax and its envelope, or the line of the dependence time alone.
-[[nodiscard]] TableFault EnsembleAutoCorrelation(const StatWork& work, const QuantityRequest& request,
-                                                 bool dependence_only, OutputFile& out);
+[[nodiscard]] DataFault EnsembleAutoCorrelation(const StatWork& work, const QuantityRequest& request,
+                                                bool dependence_only, OutputFile& out);
 
 }  // namespace zaview

@@ -93,25 +93,25 @@ void AppendTable(const HistogramRequest& request, const CaseStore& c, const Quan
   if (request.overlay != Overlay::none) AppendFit(request, h, text);
 }
 
-TableFault Make(const StatWork& work, const QuantityRequest& request, const HistogramRequest& how,
-                Histogram& histogram) {
+DataFault Make(const StatWork& work, const QuantityRequest& request, const HistogramRequest& how,
+               Histogram& histogram) {
   const Console& console = work.console();
-  const TableFault fault = LoadEnsemble(work, request, kTooManySkipped);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = LoadEnsemble(work, request, kTooManySkipped);
+  if (fault != DataFault::none) return fault;
   const EnsembleData& data = work.state.ensemble;
   const bool one_record = data.X.size() == 1;
   if (one_record && data.X[0].size() < 2) {
     SayLine(console, kTooManySkipped);
-    return TableFault::said;
+    return DataFault::said;
   }
   // Positions count from the first point in use; the points skipped are the same for all records.
   const int skip = data.key.skip_initial == 0 ? 0 : (data.key.skip_initial + data.stride - 1) / data.stride;
   if (!SetHistogramData(how, SamplesOf(data), skip, histogram)) {
     SayLine(console, kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
   if (how.overlay != Overlay::none) Say(console, "chi2= {}", Shown{histogram.chi2});
-  return TableFault::none;
+  return DataFault::none;
 }
 
 }  // namespace
@@ -126,7 +126,7 @@ std::vector<std::string> DistributionLines(Overlay overlay, const Histogram& his
   return lines;
 }
 
-TableFault MakeHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, Histogram& histogram) {
+DataFault MakeHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, Histogram& histogram) {
   const HistogramRequest& how = work.state.histogram;
   try {
     if (of_ensemble) return Make(work, request, how, histogram);
@@ -134,22 +134,22 @@ TableFault MakeHistogram(const StatWork& work, const QuantityRequest& request, b
     return Make({work.platform, work.settings, {work.current(), one.none}, one.state}, request, how, histogram);
   } catch (const std::bad_alloc&) {
     SayLine(work.console(), kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 
-TableFault WriteHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, OutputFile& out) {
+DataFault WriteHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, OutputFile& out) {
   Histogram histogram;
-  const TableFault fault = MakeHistogram(work, request, of_ensemble, histogram);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = MakeHistogram(work, request, of_ensemble, histogram);
+  if (fault != DataFault::none) return fault;
   try {
     std::string text = out.had_text ? "\n" : "";
     AppendTable(work.state.histogram, work.current(), request, histogram, text);
     WriteOutput(out, text);
-    return TableFault::none;
+    return DataFault::none;
   } catch (const std::bad_alloc&) {
     SayLine(work.console(), kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 

@@ -12,13 +12,13 @@
 namespace zaview {
 
 // The histogram with the settings of the state; the data plot takes it as well. "chi2=" goes to the console.
-[[nodiscard]] TableFault MakeHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble,
-                                       Histogram& histogram);
+[[nodiscard]] DataFault MakeHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble,
+                                      Histogram& histogram);
 
 // The name of the theoretical distribution and what it was fitted by, a line each: of the table and of the plot.
 [[nodiscard]] std::vector<std::string> DistributionLines(Overlay overlay, const Histogram& histogram);
 
-[[nodiscard]] TableFault WriteHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble,
-                                        OutputFile& out);
+[[nodiscard]] DataFault WriteHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble,
+                                       OutputFile& out);
 
 }  // namespace zaview

@@ -64,18 +64,18 @@ void AppendLine(const OutputSettings& settings, const StatRequest& request, std:
   AppendBareLine(settings.writing.separator, request.text, cells, text);
 }
 
-TableFault WriteTable(const StatWork& work, const StatRequest& request, OutputFile& out) {
+DataFault WriteTable(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const Console& console = work.console();
   const OutputSettings& settings = work.settings;
   const CaseStore& case_store = work.current();
   StatRecord record;
-  const TableFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
+  if (fault != DataFault::none) return fault;
   std::vector<IntervalValues> curves(record.data.y.size());
   for (std::size_t i = 0; i < curves.size(); ++i)
     if (!FindIntervals(console, request.statistic, record.curve(i), settings.statistics.confidence_probability,
                        curves[i]))
-      return TableFault::said;
+      return DataFault::said;
 
   std::string text;
   if (request.statistic.number == kStatTable) {
@@ -89,7 +89,7 @@ TableFault WriteTable(const StatWork& work, const StatRequest& request, OutputFi
     AppendLine(settings, request, curves, text);
   }
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 }  // namespace
@@ -141,18 +141,18 @@ bool HasInterval(int number) {
   return std::any_of(std::begin(kRows), std::end(kRows), [number](const IntervalRow& r) { return r.number == number; });
 }
 
-TableFault WriteIntervals(const StatWork& work, const StatRequest& request, OutputFile& out) {
+DataFault WriteIntervals(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const Console& console = work.console();
   const int number = request.statistic.number;
   if (!HasInterval(number)) {
     Say(console, kNoInterval, number);
-    return TableFault::said;
+    return DataFault::said;
   }
   try {
     return WriteTable(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(console, kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 

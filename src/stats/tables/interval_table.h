@@ -17,7 +17,7 @@ namespace zaview {
 
 // request.statistic 0: the table (request.text not blank, or several curves: with the column "Quantity"); 1 to 11 and
 // 24: one line, text, half width, low, estimate, high.
-[[nodiscard]] TableFault WriteIntervals(const StatWork& work, const StatRequest& request, OutputFile& out);
+[[nodiscard]] DataFault WriteIntervals(const StatWork& work, const StatRequest& request, OutputFile& out);
 
 // The values of one record that a statistic takes; of number 0 those of all. False: an argument was refused and it has
 // been said.

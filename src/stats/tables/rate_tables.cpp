@@ -155,10 +155,10 @@ constexpr Head kUpcrossingHead{
     "   Value     Upcross  Rate        Record  Record  Record Upcross\n",
     kUpcrossingNames};
 
-TableFault Upcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out) {
+DataFault Upcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out) {
   const auto& [platform, settings, cases, state] = work;
-  const TableFault fault = UpdateDependence(work, request.quantity);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = UpdateDependence(work, request.quantity);
+  if (fault != DataFault::none) return fault;
   const EnsembleData& data = state.ensemble;
   const std::vector<float> thresholds = Thresholds(request.min, request.max, request.increment);
   std::vector<UpcrossingRow> rows;
@@ -178,7 +178,7 @@ TableFault Upcrossings(const StatWork& work, const UpcrossingRequest& request, O
     line.Integer(row.total / cases.count(), kCount).Integer(row.independent, kCount).End();
   }
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 // ---- Exceedances
@@ -228,10 +228,10 @@ void AppendSelected(Separator separator, const ExceedanceRequest& request, const
   line.End();
 }
 
-TableFault Exceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+DataFault Exceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
   const auto& [platform, settings, cases, state] = work;
-  const TableFault fault = UpdateDependence(work, request.quantity);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = UpdateDependence(work, request.quantity);
+  if (fault != DataFault::none) return fault;
   const EnsembleData& data = state.ensemble;
   const int ndep = request.ndep < 1 && !request.ndep_is_given ? state.dependence.ndti : request.ndep;
   ExceedanceCount count;
@@ -241,12 +241,12 @@ TableFault Exceedances(const StatWork& work, const ExceedanceRequest& request, O
   std::string text;
   if (request.result == ExceedanceResult::list) {
     WriteOutput(out, ListOf(settings.writing.separator, data, count));
-    return TableFault::none;
+    return DataFault::none;
   }
   if (request.result != ExceedanceResult::report) {
     AppendSelected(settings.writing.separator, request, count, limits, T, text);
     WriteOutput(out, text);
-    return TableFault::none;
+    return DataFault::none;
   }
   WriteList(platform, kList, "Independent Exceedances written to", ListOf(settings.writing.separator, data, count));
   const auto nind = static_cast<float>(count.nind);
@@ -267,7 +267,7 @@ TableFault Exceedances(const StatWork& work, const ExceedanceRequest& request, O
   if (settings.writing.separator == Separator::space && out.had_text) text += '\n';
   AppendReport(settings.writing.separator, !out.had_text, items, text);
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 // ---- Blocks
@@ -288,10 +288,10 @@ std::string BlockListOf(Separator separator, const EnsembleData& data, const Blo
   return text;
 }
 
-TableFault BlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+DataFault BlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
   const auto& [platform, settings, cases, state] = work;
-  const TableFault fault = UpdateDependence(work, request.quantity);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = UpdateDependence(work, request.quantity);
+  if (fault != DataFault::none) return fault;
   const EnsembleData& data = state.ensemble;
   const int ndep = std::max(1, request.ndep < 1 ? state.dependence.ndti : request.ndep);
   BlockCount count;
@@ -312,32 +312,32 @@ TableFault BlockExceedances(const StatWork& work, const ExceedanceRequest& reque
   if (settings.writing.separator == Separator::space && out.had_text) text += '\n';
   AppendReport(settings.writing.separator, !out.had_text, items, text);
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 // Runs a writer; exhausted memory is said.
 template <typename Request>
-TableFault Guarded(const StatWork& work, TableFault (*write)(const StatWork&, const Request&, OutputFile&),
-                   const Request& request, OutputFile& out) {
+DataFault Guarded(const StatWork& work, DataFault (*write)(const StatWork&, const Request&, OutputFile&),
+                  const Request& request, OutputFile& out) {
   try {
     return write(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(work.console(), kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 
 }  // namespace
 
-TableFault WriteUpcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out) {
+DataFault WriteUpcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out) {
   return Guarded(work, Upcrossings, request, out);
 }
 
-TableFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+DataFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
   return Guarded(work, Exceedances, request, out);
 }
 
-TableFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
+DataFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
   return Guarded(work, BlockExceedances, request, out);
 }
 

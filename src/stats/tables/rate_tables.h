@@ -14,7 +14,7 @@ struct UpcrossingRequest {
   QuantityRequest quantity;
   float min = 0, max = 0, increment = 0;  // of the thresholds
 };
-[[nodiscard]] TableFault WriteUpcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out);
+[[nodiscard]] DataFault WriteUpcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out);
 
 enum class ExceedanceResult : std::uint8_t {
   report = 0,
@@ -37,7 +37,7 @@ struct ExceedanceRequest {
 };
 // Report and tabular forms also write exceedance.list, block_exceedance.list, replaced each time; a list that can't be
 // opened is left out, with a warning.
-[[nodiscard]] TableFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
-[[nodiscard]] TableFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
+[[nodiscard]] DataFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
+[[nodiscard]] DataFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
 
 }  // namespace zaview

@@ -103,7 +103,7 @@ bool FindPhases(const StatWork& work, const StatRecord& record, StatColumns& col
   at_cg.iqnt = kWaveAtCg;
   at_cg.curve = 1;
   StatRecord wave;
-  if (TakeRecord(work, at_cg, kTooManySkipped, kNoMemory, wave) != TableFault::none) return false;
+  if (TakeRecord(work, at_cg, kTooManySkipped, kNoMemory, wave) != DataFault::none) return false;
   WavePhase& wave_phase = work.state.wave_phase;
   if (!FindWavePhase(record.t(), wave.curve(0), wave_phase)) SayLine(work.console(), kNoWavePhase);
   for (std::size_t i = 0; i < columns.curves.size(); ++i)
@@ -151,13 +151,13 @@ bool Regular(const ControlRecords& records) {
   return FindRegularWave(records, wave);
 }
 
-TableFault WriteStatistics(const StatWork& work, const StatRequest& request, OutputFile& out) {
+DataFault WriteStatistics(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const Console& console = work.console();
   const OutputSettings& settings = work.settings;
   CaseStore& case_store = work.current();
   StatRecord record;
-  const TableFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
+  if (fault != DataFault::none) return fault;
   StatColumns columns;
   columns.iqnt = request.quantity.iqnt;
   columns.first_curve = std::max(1, request.quantity.curve);
@@ -168,34 +168,34 @@ TableFault WriteStatistics(const StatWork& work, const StatRequest& request, Out
     const Hull* hull = HullForBeam(work, columns, curves, number);
     columns.regular = FindNormalisers(case_store.control, settings, hull, columns.normals);
   }
-  if (!Available(console, columns, record, number)) return TableFault::said;
+  if (!Available(console, columns, record, number)) return DataFault::said;
 
   columns.curves.resize(record.data.y.size());
   for (std::size_t i = 0; i < columns.curves.size(); ++i)
     FindRecordValues(request.statistic, record.t(), record.curve(i), columns.curves[i]);
   const bool phases = columns.regular && (number == kStatTable || IsPhase(number));
-  if (phases && !FindPhases(work, record, columns) && IsPhase(number)) return TableFault::said;
+  if (phases && !FindPhases(work, record, columns) && IsPhase(number)) return DataFault::said;
   std::string text;
   if (number == kStatTable) AppendTable(columns, request, settings, record, case_store, out, text);
   else AppendLine(columns, request, settings, text);
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 }  // namespace
 
-TableFault WRSTAT(const StatWork& work, const StatRequest& request, OutputFile& out) {
+DataFault WRSTAT(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const Console& console = work.console();
   const int number = request.statistic.number;
   if (number != kStatTable && StatisticLabel(number, false).empty()) {
     Say(console, kUnknown, number);
-    return TableFault::said;
+    return DataFault::said;
   }
   try {
     return WriteStatistics(work, request, out);
   } catch (const std::bad_alloc&) {
     SayLine(console, kNoMemory);
-    return TableFault::said;
+    return DataFault::said;
   }
 }
 

@@ -17,6 +17,6 @@ struct StatRequest {
 };
 
 // Statistic 0: the whole table; else one bare line: text, separator, value. Reads the hull where NDTF needs its extent.
-[[nodiscard]] TableFault WRSTAT(const StatWork& work, const StatRequest& request, OutputFile& out);
+[[nodiscard]] DataFault WRSTAT(const StatWork& work, const StatRequest& request, OutputFile& out);
 
 }  // namespace zaview

@@ -83,37 +83,20 @@ float LengthAlongX(const Hull* hull) {
 
 }  // namespace
 
-TableFault TableFaultOf(PlotFault fault) {
-  switch (fault) {
-    case PlotFault::none:
-      return TableFault::none;
-    case PlotFault::not_valid:
-      return TableFault::not_valid;
-    case PlotFault::no_memory:
-      return TableFault::no_memory;
-    case PlotFault::no_wave:
-    case PlotFault::logic:
-      break;
-  }
-  return TableFault::said;
-}
-
-TableFault TakeRecord(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped,
-                      std::string_view no_memory, StatRecord& record) {
+DataFault TakeRecord(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped,
+                     std::string_view no_memory, StatRecord& record) {
   const Console& console = work.console();
   const OutputSettings& settings = work.settings;
   CaseStore& case_store = work.current();
-  const TableFault fault = TableFaultOf(SetPlotData(console, settings, request, case_store, record.data));
-  if (fault == TableFault::no_memory) {
-    SayLine(console, no_memory);
-    return TableFault::said;
-  }
-  if (fault != TableFault::none) return fault;
-  if (record.data.y.empty()) return TableFault::not_valid;
+  const DataFault fault = SetPlotData(console, settings, request, case_store, record.data);
+  if (fault == DataFault::no_memory) SayLine(console, no_memory);
+  if (fault == DataFault::no_memory || fault == DataFault::no_wave) return DataFault::said;
+  if (fault != DataFault::none) return fault;
+  if (record.data.y.empty()) return DataFault::not_valid;
   record.range = StatPoints(case_store, settings);
-  if (record.data.n > 0 && record.range.n > 0) return TableFault::none;
+  if (record.data.n > 0 && record.range.n > 0) return DataFault::none;
   SayLine(console, too_many_skipped);
-  return TableFault::said;
+  return DataFault::said;
 }
 
 void FindRecordValues(const StatisticName& statistic, std::span<const float> t, std::span<const float> x,

@@ -25,11 +25,9 @@ struct StatRecord {
   }
 };
 
-[[nodiscard]] TableFault TableFaultOf(PlotFault fault);
-
 // Fills a record of at least one point. The two texts are said where no point is left, or memory is out.
-[[nodiscard]] TableFault TakeRecord(const StatWork& work, const QuantityRequest& request,
-                                    std::string_view too_many_skipped, std::string_view no_memory, StatRecord& record);
+[[nodiscard]] DataFault TakeRecord(const StatWork& work, const QuantityRequest& request,
+                                   std::string_view too_many_skipped, std::string_view no_memory, StatRecord& record);
 
 // Statistic 0 fills everything; any other number only what that statistic needs. N: of statistics 8 to 11.
 void FindRecordValues(const StatisticName& statistic, std::span<const float> t, std::span<const float> x,

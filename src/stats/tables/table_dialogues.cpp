@@ -15,8 +15,6 @@ namespace {
 constexpr std::string_view kProbability = "Enter probability level for the confidence interval calculation:";
 constexpr std::string_view kBadProbability = "Invalid value - must be > 0.0 and < 1.0";
 constexpr std::string_view kWriteFault = "ERROR writing file {}";
-constexpr std::string_view kNotValid = "ERROR - the quantity is not in this output file";
-constexpr std::string_view kNoMemory = "ERROR allocating memory for the table";
 constexpr std::string_view kAborting = "Aborting output";
 
 }  // namespace
@@ -42,13 +40,11 @@ bool AskTableFile(const Platform& platform, std::string_view prompt, ChosenFile&
   return true;
 }
 
-void FinishTable(const Platform& platform, TableFault fault, std::string_view done, ChosenFile& chosen) {
+void FinishTable(const Platform& platform, DataFault fault, std::string_view done, ChosenFile& chosen) {
   const Console& console = platform.console;
   const bool to_console = chosen.out.to_console;
-  if (fault != TableFault::none) {
+  if (!SayDataFault(console, fault, Making::table, "the quantity")) {
     DiscardOutput(chosen.out);
-    if (fault == TableFault::not_valid) SayLine(console, kNotValid);
-    if (fault == TableFault::no_memory) SayLine(console, kNoMemory);
   } else if (!CloseOutput(chosen.out)) {
     Say(console, kWriteFault, chosen.name);
   } else if (!to_console) {
@@ -65,7 +61,7 @@ void AskStatisticsFile(const StatDialogue& dialogue, const QuantityRequest& requ
   StatRequest table;
   table.statistic.number = kStatTable;
   table.quantity = request;
-  const TableFault fault = WRSTAT(dialogue.work(), table, chosen.out);
+  const DataFault fault = WRSTAT(dialogue.work(), table, chosen.out);
   FinishTable(platform, fault, "Statistics written to", chosen);
 }
 
@@ -88,7 +84,7 @@ void AskIntervalFile(const StatDialogue& dialogue, const QuantityRequest& reques
   table.statistic.number = kStatTable;
   table.statistic.interval = true;
   table.quantity = request;
-  const TableFault fault = WriteIntervals(dialogue.work(), table, chosen.out);
+  const DataFault fault = WriteIntervals(dialogue.work(), table, chosen.out);
   FinishTable(
       platform, fault,
       fmt::format("Confidence interval data of {} written to", QuantityLabel(dialogue.cases.current, request.iqnt)),

@@ -32,6 +32,6 @@ void AskIntervalFile(const StatDialogue& dialogue, const QuantityRequest& reques
 [[nodiscard]] bool AskTableFile(const Platform& platform, std::string_view prompt, ChosenFile& chosen);
 
 // Closes the file, or discards it on a fault, says "{done} {name}" of a file and waits for RETURN.
-void FinishTable(const Platform& platform, TableFault fault, std::string_view done, ChosenFile& chosen);
+void FinishTable(const Platform& platform, DataFault fault, std::string_view done, ChosenFile& chosen);
 
 }  // namespace zaview

@@ -40,15 +40,15 @@ void TakePlaces(const AutocorrelationCurves& curves, const std::vector<int>& pla
   }
 }
 
-TableFault MakeRecord(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
+DataFault MakeRecord(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
   AutocorrelationCurves curves;
-  TableFault fault = MakeAutocorrelation(source.work(), request, curves);
-  if (fault != TableFault::none) return fault;
+  DataFault fault = MakeAutocorrelation(source.work(), request, curves);
+  if (fault != DataFault::none) return fault;
   // The dependence is that of the record as the statistics take it, whatever the sampling rate of the plot.
   EnsembleStore none;
   StatisticsState alone;
   fault = UpdateDependence({source.platform, source.output, {source.store, none}, alone}, request);
-  if (fault != TableFault::none) return fault;
+  if (fault != DataFault::none) return fault;
   TakePlaces(curves, curves.upper, d.env_lag, d.env_R);
   TakePlaces(curves, curves.lower, d.low_lag, d.low_R);
   d.lag = std::move(curves.dtau);
@@ -56,13 +56,13 @@ TableFault MakeRecord(const PlotSource& source, const QuantityRequest& request, 
   d.variance = curves.R0 > 0.0F ? curves.R0 : 1.0F;
   d.ndti = alone.dependence.ndti;
   d.dti = alone.dependence.dti;
-  return TableFault::none;
+  return DataFault::none;
 }
 
-TableFault MakeEnsemble(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
+DataFault MakeEnsemble(const PlotSource& source, const QuantityRequest& request, DataPlotDerived& d) {
   StatisticsState& state = source.statistics;
-  const TableFault fault = UpdateDependence(source.work(), request);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = UpdateDependence(source.work(), request);
+  if (fault != DataFault::none) return fault;
   EnsembleAutoCov autocov;
   CalcEnsembleAutoCov(SamplesOf(state.ensemble), source.output.statistics.autocorrelation_cutoff, true, autocov);
   d.correlation = std::move(autocov.ratio);
@@ -76,13 +76,13 @@ TableFault MakeEnsemble(const PlotSource& source, const QuantityRequest& request
   d.variance = autocov.Rax0 > 0.0F ? autocov.Rax0 : 1.0F;
   d.ndti = state.dependence.ndti;
   d.dti = state.dependence.dti;
-  return TableFault::none;
+  return DataFault::none;
 }
 
 bool Make(const PlotSource& source, DataPlotState& plot) {
   DataPlotDerived& d = plot.derived;
   const QuantityRequest request = RequestOf(plot, OneComponent(plot));
-  TableFault fault = TableFault::no_memory;
+  DataFault fault = DataFault::no_memory;
   try {
     fault = plot.of_ensemble ? MakeEnsemble(source, request, d) : MakeRecord(source, request, d);
   } catch (const std::bad_alloc&) {
@@ -168,7 +168,7 @@ void Notes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& n
 }
 
 // ---- Tables
-TableFault WriteCorrelation(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+DataFault WriteCorrelation(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
   const QuantityRequest request = RequestOf(plot, OneComponent(plot));
   if (!plot.of_ensemble) return WriteAutocorrelation(source.work(), request, out);
   return EnsembleAutoCorrelation(source.work(), request, false, out);
@@ -183,7 +183,7 @@ void WriteRows(const DataPlotDerived& d, const TableLayout& layout, std::string&
   WriteOutput(out, text);
 }
 
-TableFault WriteCovariance(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+DataFault WriteCovariance(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
   const std::string names[] = {"dTime", "Rx"};
   const TableLayout layout = LayoutFor(source.output.writing.separator, names);
   const PlotFacts facts{source.output, source.store, source.ensemble, source.statistics};
@@ -192,7 +192,7 @@ TableFault WriteCovariance(const PlotSource& source, const DataPlotState& plot, 
                   CurveName(facts, plot), source.store.file_name);
   AppendHeading(text, layout, names);
   WriteRows(plot.derived, layout, text, out);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 }  // namespace

@@ -28,11 +28,11 @@ constexpr float kYTicks = 0.75F;  // a page unit
 constexpr std::string_view kRate = "Sampling rate= {} step(s)";
 
 // ---- Data
-TableFault MakeBars(const PlotSource& source, DataPlotState& plot) {
+DataFault MakeBars(const PlotSource& source, DataPlotState& plot) {
   Histogram& histogram = plot.derived.histogram;
-  const TableFault fault =
+  const DataFault fault =
       MakeHistogram(source.work(), RequestOf(plot, OneComponent(plot)), plot.of_ensemble, histogram);
-  if (fault != TableFault::none) return fault;
+  if (fault != DataFault::none) return fault;
   std::vector<float>&x = plot.derived.bar_x, &y = plot.derived.bar_y;
   x.clear();
   y.clear();
@@ -40,11 +40,11 @@ TableFault MakeBars(const PlotSource& source, DataPlotState& plot) {
     x.insert(x.end(), {histogram.edges[j], histogram.edges[j + 1]});
     y.insert(y.end(), {histogram.count[j], histogram.count[j]});
   }
-  return TableFault::none;
+  return DataFault::none;
 }
 
 bool MakeHistogramPlot(const PlotSource& source, DataPlotState& plot) {
-  TableFault fault = TableFault::no_memory;
+  DataFault fault = DataFault::no_memory;
   try {
     fault = MakeBars(source, plot);
   } catch (const std::bad_alloc&) {
@@ -124,7 +124,7 @@ void DrawHistogram(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
   dgColour(draw, 1);
 }
 
-TableFault WriteBars(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+DataFault WriteBars(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
   return WriteHistogram(source.work(), RequestOf(plot, OneComponent(plot)), plot.of_ensemble, out);
 }
 

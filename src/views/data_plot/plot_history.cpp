@@ -37,12 +37,12 @@ constexpr float kTextDrop = 0.4F;      // character heights from the middle of a
 constexpr float kBlockMargin = 0.15F;  // round the block of values inside the graph
 
 // ---- Data
-PlotFault FillHistory(const PlotSource& source, DataPlotState& plot) {
+DataFault FillHistory(const PlotSource& source, DataPlotState& plot) {
   QuantityRequest request = RequestOf(plot, 0);
   request.wave_overlay = plot.wave_overlay && source.store.time_history();
   PlotData& data = plot.derived.history;
-  PlotFault fault = SetPlotData(source.console(), source.output, request, source.store, data);
-  const bool wave_failed = fault == PlotFault::no_wave && request.wave_overlay;
+  DataFault fault = SetPlotData(source.console(), source.output, request, source.store, data);
+  const bool wave_failed = fault == DataFault::no_wave && request.wave_overlay;
   if (!wave_failed) return fault;
   plot.wave_overlay = request.wave_overlay = false;
   return SetPlotData(source.console(), source.output, request, source.store, data);
@@ -58,9 +58,9 @@ bool FillSteps(const PlotSource& source, DataPlotDerived& derived) {
 }
 
 bool MakeHistory(const PlotSource& source, DataPlotState& plot) {
-  PlotFault fault = FillHistory(source, plot);
-  if (fault == PlotFault::none && !FillSteps(source, plot.derived)) fault = PlotFault::no_memory;
-  if (!SayPlotFault(source.console(), fault, plot.quantity.iqnt)) return false;
+  DataFault fault = FillHistory(source, plot);
+  if (fault == DataFault::none && !FillSteps(source, plot.derived)) fault = DataFault::no_memory;
+  if (!SayDataFault(source.console(), fault, Making::plot, std::to_string(plot.quantity.iqnt))) return false;
   if (plot.derived.history.n > 0) return true;
   SayLine(source.console(), kNoPlotSteps);
   return false;
@@ -301,9 +301,8 @@ void DrawHistory(const PlotFacts& facts, const DataPlotState& plot, PlotDraw dra
   DrawLeftOut(facts, plot, draw);
 }
 
-TableFault WriteHistory(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
-  return TableFaultOf(
-      write_time_history(source.console(), source.output, RequestOf(plot, 0), false, source.store, out));
+DataFault WriteHistory(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+  return write_time_history(source.console(), source.output, RequestOf(plot, 0), false, source.store, out);
 }
 
 }  // namespace

@@ -68,10 +68,10 @@ bool TakeRecords(const PlotSource& source, const StatisticName& statistic, DataP
   return true;
 }
 
-TableFault MakeIntervals(const PlotSource& source, DataPlotState& plot) {
+DataFault MakeIntervals(const PlotSource& source, DataPlotState& plot) {
   StatisticsState& state = source.statistics;
-  const TableFault fault = LoadEnsemble(source.work(), RequestOf(plot, OneComponent(plot)), kTooManySkipped);
-  if (fault != TableFault::none) return fault;
+  const DataFault fault = LoadEnsemble(source.work(), RequestOf(plot, OneComponent(plot)), kTooManySkipped);
+  if (fault != DataFault::none) return fault;
   StatisticName statistic;
   statistic.number = std::clamp(plot.statistic, 1, static_cast<int>(std::size(kWords)));
   statistic.interval = true;
@@ -80,17 +80,17 @@ TableFault MakeIntervals(const PlotSource& source, DataPlotState& plot) {
       !FindEnsembleIntervals(source.console(), statistic, SamplesOf(state.ensemble),
                              source.output.statistics.confidence_probability, state.nmany, values)) {
     SayLine(source.console(), kLogicError);
-    return TableFault::said;
+    return DataFault::said;
   }
   const auto [half_width, low, estimate, high] = IntervalCellsOf(statistic.number, values);
   plot.derived.low = low;
   plot.derived.estimate = estimate;
   plot.derived.high = high;
-  return TableFault::none;
+  return DataFault::none;
 }
 
 bool Make(const PlotSource& source, DataPlotState& plot) {
-  TableFault fault = TableFault::no_memory;
+  DataFault fault = DataFault::no_memory;
   try {
     fault = MakeIntervals(source, plot);
   } catch (const std::bad_alloc&) {
@@ -171,7 +171,7 @@ void IntervalNotes(const PlotFacts& facts, const DataPlotState& plot, std::vecto
 }
 
 // A row a realization, and the ensemble.
-TableFault WriteRealizations(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+DataFault WriteRealizations(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
   const PlotFacts facts{source.output, source.store, source.ensemble, source.statistics};
   const DataPlotDerived& d = plot.derived;
   const std::string names[] = {"Realization", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
@@ -187,7 +187,7 @@ TableFault WriteRealizations(const PlotSource& source, const DataPlotState& plot
   const float cells[] = {d.low, d.estimate, d.high};
   AppendLabelledRow(text, layout, fmt::format("{:<{}}", "Ensemble", layout.widths[0]), cells);
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 }  // namespace

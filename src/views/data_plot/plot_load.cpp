@@ -32,10 +32,10 @@ bool MakeLoad(const PlotSource& source, DataPlotState& plot) {
   OutputSettings every = source.output;
   every.reading.step_stride = 1;
   const QuantityRow* row = FindQuantity(plot.quantity.iqnt);
-  PlotFault fault = PlotFault::not_valid;
+  DataFault fault = DataFault::not_valid;
   if (source.store.time_history() && row != nullptr && row->load_kind != 0)
     fault = SetPlotData(source.console(), every, RequestOf(plot, 0), source.store, plot.derived.history);
-  if (!SayPlotFault(source.console(), fault, plot.quantity.iqnt)) return false;
+  if (!SayDataFault(source.console(), fault, Making::plot, std::to_string(plot.quantity.iqnt))) return false;
   if (plot.derived.history.n > 0) return true;
   SayLine(source.console(), kNoPlotSteps);
   return false;
@@ -128,9 +128,8 @@ void DrawLoad(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   DrawSelection(facts, plot, draw);
 }
 
-TableFault WriteLoad(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
-  return TableFaultOf(
-      LoadDistFil(source.console(), source.output, plot.quantity.iqnt, source.store.current_step, source.store, out));
+DataFault WriteLoad(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+  return LoadDistFil(source.console(), source.output, plot.quantity.iqnt, source.store.current_step, source.store, out);
 }
 
 }  // namespace

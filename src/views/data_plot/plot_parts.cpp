@@ -7,7 +7,6 @@
 
 #include <fmt/format.h>
 
-#include "base/message.h"
 #include "base/number_format.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_draw.h"
@@ -18,8 +17,6 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kNotValid = "ERROR - Quantity {} not valid for this output file";
-constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 constexpr std::string_view kDots = "...";
 constexpr std::size_t kShort = 8;
 constexpr int kMostDigits = 8;
@@ -231,12 +228,6 @@ void PaperBox(PlotDraw draw, float x, float y, float width, float height) {
   GSCLIP(draw.gks, 0);
   dgCurve(draw, xs, ys, 0);
   GSCLIP(draw.gks, clip ? 1 : 0);
-}
-
-bool SayPlotFault(const Console& console, PlotFault fault, int iqnt) {
-  if (fault == PlotFault::not_valid) Say(console, kNotValid, iqnt);
-  if (fault == PlotFault::no_memory) SayLine(console, kNoMemory);
-  return fault == PlotFault::none;
 }
 
 }  // namespace zaview

@@ -56,8 +56,6 @@ void PlainPaper(PlotDraw draw, float x, float y, float width, float height);
 // A framed rectangle of paper on the page: what is drawn beneath can't be seen.
 void PaperBox(PlotDraw draw, float x, float y, float width, float height);
 
-// Says why there are no data. False: there are none.
-[[nodiscard]] bool SayPlotFault(const Console& console, PlotFault fault, int iqnt);
 inline constexpr std::string_view kNoPlotSteps = "ERROR - Too many steps skipped or trimmed";
 
 }  // namespace zaview

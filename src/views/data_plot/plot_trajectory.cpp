@@ -83,10 +83,10 @@ std::vector<int> HullPoints(const PlotSource& source, const DataPlotState& plot)
 bool MakeTrajectory(const PlotSource& source, DataPlotState& plot) {
   QuantityRequest request;
   request.iqnt = kPosition;
-  PlotFault fault = PlotFault::not_valid;
+  DataFault fault = DataFault::not_valid;
   if (source.store.time_history())
     fault = SetPlotData(source.console(), source.output, request, source.store, plot.derived.history);
-  if (!SayPlotFault(source.console(), fault, kPosition)) return false;
+  if (!SayDataFault(source.console(), fault, Making::plot, std::to_string(kPosition))) return false;
   if (plot.derived.history.n == 0) {
     SayLine(source.console(), kNoPlotSteps);
     return false;
@@ -228,7 +228,7 @@ void DrawTrajectory(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) 
   DrawTimes(plot, draw);
 }
 
-TableFault WriteTrajectory(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
+DataFault WriteTrajectory(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
   const PlotData& track = plot.derived.history;
   const std::string names[] = {"  Time   ", track.labels[0], track.labels[1]};
   const TableLayout layout = LayoutFor(source.output.writing.separator, names);
@@ -241,7 +241,7 @@ TableFault WriteTrajectory(const PlotSource& source, const DataPlotState& plot, 
     WriteGathered(out, text);
   }
   WriteOutput(out, text);
-  return TableFault::none;
+  return DataFault::none;
 }
 
 }  // namespace

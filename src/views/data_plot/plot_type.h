@@ -47,7 +47,7 @@ struct PlotType {
   // Curves and overlays into the graph that is set up (clipping on). null: the curves alone.
   void (*draw)(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) = nullptr;
   // The data as text.
-  TableFault (*write)(const PlotSource& source, const DataPlotState& plot, OutputFile& out) = nullptr;
+  DataFault (*write)(const PlotSource& source, const DataPlotState& plot, OutputFile& out) = nullptr;
 };
 
 [[nodiscard]] const PlotType& PlotTypeOf(PlotKind kind);  // `none` has a row that draws axes only

@@ -16,16 +16,10 @@ namespace {
 constexpr std::string_view kOpenFault = "ERROR opening file {}{}";
 constexpr std::string_view kWriteFault = "ERROR writing file {}";
 
-constexpr std::string_view kNotValid = "ERROR - {} is not in this output file";
-constexpr std::string_view kNoMemory = "ERROR allocating memory for the plot";
-
 }  // namespace
 
-bool SayTableFault(const PlotSource& source, const DataPlotState& plot, TableFault fault) {
-  const Console& console = source.console();
-  if (fault == TableFault::not_valid) Say(console, kNotValid, QuantityLabel(source.store, plot.quantity.iqnt));
-  if (fault == TableFault::no_memory) SayLine(console, kNoMemory);
-  return fault == TableFault::none;
+bool SayTableFault(const PlotSource& source, const DataPlotState& plot, DataFault fault) {
+  return SayDataFault(source.console(), fault, Making::plot_table, QuantityLabel(source.store, plot.quantity.iqnt));
 }
 
 void WritePlotData(Session& session, const std::string& name) {

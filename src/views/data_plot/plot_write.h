@@ -7,6 +7,6 @@
 namespace zaview {
 
 // Says why, unless it was said. False: there is a fault.
-[[nodiscard]] bool SayTableFault(const PlotSource& source, const DataPlotState& plot, TableFault fault);
+[[nodiscard]] bool SayTableFault(const PlotSource& source, const DataPlotState& plot, DataFault fault);
 
 }  // namespace zaview

@@ -93,7 +93,7 @@ TEST(KinoInput, PointOfTheHull) {
   request.iqnt = 27;
   request.point = {1.0, 2.0, 3.0};  // the reference point: its motions are the file's own
   PlotData data;
-  ASSERT_EQ(SetPlotData(s.platform.console, s.settings, request, s.store, data), PlotFault::none);
+  ASSERT_EQ(SetPlotData(s.platform.console, s.settings, request, s.store, data), DataFault::none);
   const float expected[3][3] = {{10, 11, 12}, {20, 20, 20}, {30, 30, 30}};
   for (std::size_t k = 0; k < 3; ++k)
     for (std::size_t j = 0; j < 3; ++j) EXPECT_NEAR(data.y[k][j], expected[k][j], 1e-5);

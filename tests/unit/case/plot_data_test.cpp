@@ -30,7 +30,7 @@ struct Fixture {
     AddLoads(c, first, n);
     settings = SettingsFor(c);
   }
-  PlotFault Set(int iqnt, int curve) {
+  DataFault Set(int iqnt, int curve) {
     QuantityRequest request;
     request.iqnt = iqnt;
     request.curve = curve;
@@ -63,7 +63,7 @@ TEST(PlotData, StoredTimesScaleTimesSign) {
       {33, 3, c.pmgg.at(6, 3) * s.angle}};
   // clang-format on
   for (const auto& [iqnt, curve, want] : rows) {
-    ASSERT_EQ(f.Set(iqnt, curve), PlotFault::none) << iqnt;
+    ASSERT_EQ(f.Set(iqnt, curve), DataFault::none) << iqnt;
     EXPECT_EQ(f.data.y.at(0).at(2), want) << iqnt << ' ' << curve;
     EXPECT_EQ(f.data.x.at(2), c.time.at(1, 3) * s.T);
   }
@@ -82,7 +82,7 @@ TEST(PlotData, PointQuantities) {
   // clang-format on
   for (const auto& [model, iqnt, curve, step, want] : rows) {
     f.settings.units.cnvfac = model ? kModel : std::array<float, 6>{1, 1, 1, 1, 1, 1};
-    ASSERT_EQ(f.Set(iqnt, curve), PlotFault::none) << iqnt;
+    ASSERT_EQ(f.Set(iqnt, curve), DataFault::none) << iqnt;
     EXPECT_NEAR(f.data.y.at(0).at(step - 1), want, 3e-6 * std::fabs(want)) << iqnt << ' ' << curve;
   }
   EXPECT_EQ(f.fake.output, "Calculating motion for ship fixed point...\nInitial static coordinates 40 3 5.75\n")
@@ -94,15 +94,15 @@ TEST(PlotData, StrideAndTrims) {
   f.c.first_step = 373;
   f.c.last_step = 379;
   f.settings.reading.step_stride = 3;
-  ASSERT_EQ(f.Set(1, 0), PlotFault::none);
+  ASSERT_EQ(f.Set(1, 0), DataFault::none);
   EXPECT_EQ(f.data.n, 3);  // 373 376 379
   EXPECT_EQ(f.data.labels.at(5), "pmgg(6)");
   EXPECT_EQ(f.data.y.at(1).at(1), f.c.pmgg.at(2, 376) * f.settings.units.scales.position[1]);
-  ASSERT_EQ(f.Set(1, 2), PlotFault::none);
+  ASSERT_EQ(f.Set(1, 2), DataFault::none);
   EXPECT_EQ(f.data.y.size(), 1U);
   EXPECT_EQ(f.data.y.at(0).at(2), f.c.pmgg.at(2, 379) * f.settings.units.scales.position[1]);
   f.c.last_step = 372;
-  ASSERT_EQ(f.Set(1, 2), PlotFault::none);
+  ASSERT_EQ(f.Set(1, 2), DataFault::none);
   EXPECT_TRUE(f.data.x.empty());
 }
 
@@ -125,17 +125,17 @@ TEST(PlotData, WavesAndRelativeMotion) {
   const Vector3 r0 = ToGlobal(start, {0.39, 0.03, 0.07});  // (40, 3, 12) from the CG
   for (const int step : {2, 3, 8}) {
     const auto at = static_cast<std::size_t>(step - 1);
-    ASSERT_EQ(f.Set(25, 1), PlotFault::none);
+    ASSERT_EQ(f.Set(25, 1), DataFault::none);
     EXPECT_NEAR(f.data.y[0][at], eta(step, static_cast<double>(f.c.pmgg.at(1, step))), 1e-5) << step;
-    ASSERT_EQ(f.Set(26, 1), PlotFault::none);
+    ASSERT_EQ(f.Set(26, 1), DataFault::none);
     EXPECT_NEAR(f.data.y[0][at], eta(step, 0), 1e-5) << step;
-    ASSERT_EQ(f.Set(27, 0), PlotFault::none);
+    ASSERT_EQ(f.Set(27, 0), DataFault::none);
     const double x = static_cast<double>(f.data.y[0][at]), z = static_cast<double>(f.data.y[2][at]);
-    ASSERT_EQ(f.Set(30, 0), PlotFault::none);
+    ASSERT_EQ(f.Set(30, 0), DataFault::none);
     EXPECT_NEAR(f.data.y[0][at], x - (1 + 100 * r0[0]) - 7.5 * 0.25 * (step - 1), 2e-4) << step;
     EXPECT_NEAR(f.data.y[2][at], z - (-1.25 + 100 * r0[2]) - eta(step, x / 100), 2e-4) << step;
     EXPECT_NEAR(f.data.y[3][at], eta(step, x / 100) - z, 2e-4) << step;
-    ASSERT_EQ(f.Set(37, 19), PlotFault::none);
+    ASSERT_EQ(f.Set(37, 19), DataFault::none);
     EXPECT_NEAR(f.data.y[0][at], eta(step, static_cast<double>(f.c.pmgg.at(1, step))), 1e-5) << step;
   }
   EXPECT_EQ(f.fake.output,
@@ -147,7 +147,7 @@ TEST(PlotData, WavesAndRelativeMotion) {
 TEST(PlotData, RelativeMotionFarOut) {
   Fixture f(468, 3);
   f.c.pmgg.component[0] = {8.766F, 8.7851F, 8.8039F};
-  ASSERT_EQ(f.Set(30, 1), PlotFault::none);
+  ASSERT_EQ(f.Set(30, 1), DataFault::none);
   const Vector3 r0 = ToGlobal(ShipToGlobal(3.0 / 57.29578, 4.0 / 57.29578, 5.0 / 57.29578), {0.39, 0.03, 0.07});
   for (int s = 0; s < 3; ++s) {
     const auto angle = [&](int i) { return static_cast<double>(f.c.pmgg.at(i, 468 + s)); };
@@ -160,10 +160,10 @@ TEST(PlotData, RelativeMotionFarOut) {
 TEST(PlotData, Refusals) {
   Fixture f;
   // clang-format off
-  const std::tuple<int, int, PlotFault, std::string> rows[] = {
-      {0, 1, PlotFault::logic, "LOGIC ERROR in SetPlotData: iqnt= 0\n"},
-      {99, 1, PlotFault::logic, "LOGIC ERROR in SetPlotData: iqnt= 99\n"},
-      {1, 7, PlotFault::not_valid, ""}, {1, -1, PlotFault::not_valid, ""}, {15, 0, PlotFault::not_valid, ""}};
+  const std::tuple<int, int, DataFault, std::string> rows[] = {
+      {0, 1, DataFault::said, "LOGIC ERROR in SetPlotData: iqnt= 0\n"},
+      {99, 1, DataFault::said, "LOGIC ERROR in SetPlotData: iqnt= 99\n"},
+      {1, 7, DataFault::not_valid, ""}, {1, -1, DataFault::not_valid, ""}, {15, 0, DataFault::not_valid, ""}};
   // clang-format on
   for (const auto& [iqnt, curve, fault, words] : rows) {
     f.fake.output.clear();
@@ -290,7 +290,7 @@ struct Wanted {
   bool unformatted = false;
   std::string name = "out.txt";
   int steps = 2;
-  PlotFault fault = PlotFault::none;
+  DataFault fault = DataFault::none;
   int load_step = 0;  // above 0: a load distribution there
   int stride = 1, first_step = 1, smoothing = 0;
 };
@@ -336,7 +336,7 @@ TEST(HistoryTable, Formatted) {
   const std::string blocks = Write({.iqnt = 1, .steps = 3000});  // more text than one block
   EXPECT_EQ(std::count(blocks.begin(), blocks.end(), '\n'), 3002);
   EXPECT_EQ(blocks.substr(blocks.size() - 98, 13), "     749.9780");
-  (void)Write({.iqnt = 49, .fault = PlotFault::logic});
+  (void)Write({.iqnt = 49, .fault = DataFault::said});
 }
 
 TEST(HistoryTable, UnformattedRecords) {
@@ -347,7 +347,7 @@ TEST(HistoryTable, UnformattedRecords) {
   float time = 0;
   std::copy_n(bytes.data() + 24, 4, reinterpret_cast<char*>(&time));
   EXPECT_NEAR(time, 0.4999853F, 1e-6F);
-  (void)Write({.iqnt = 13, .unformatted = true, .name = "", .fault = PlotFault::not_valid});
+  (void)Write({.iqnt = 13, .unformatted = true, .name = "", .fault = DataFault::not_valid});
 }
 
 // The value is of any step in use; least and largest are of the points: with stride 2 these are steps 1, 3 and 5.
@@ -360,9 +360,9 @@ TEST(LoadTable, ARowACut) {
   // Smoothed as the extremes are: (-3 12 17 12 -3)/35 about step 4 of 2 (-2 7 1 -9 3).
   const std::string smoothed = Write({.iqnt = 13, .steps = 6, .load_step = 4, .smoothing = 1});
   EXPECT_NEAR(std::stod(smoothed.substr(smoothed.find("25.00000") + 8)), 2 * (6 + 84 + 17 - 108 - 9) / 35.0, 1e-5);
-  EXPECT_EQ(Write({.iqnt = 13, .name = "", .steps = 6, .fault = PlotFault::not_valid, .load_step = 1, .first_step = 7}),
+  EXPECT_EQ(Write({.iqnt = 13, .name = "", .steps = 6, .fault = DataFault::not_valid, .load_step = 1, .first_step = 7}),
             "ERROR - Too many steps skipped or trimmed - over\n");
-  EXPECT_EQ(Write({.iqnt = 15, .steps = 6, .fault = PlotFault::not_valid, .load_step = 1}), "");
+  EXPECT_EQ(Write({.iqnt = 15, .steps = 6, .fault = DataFault::not_valid, .load_step = 1}), "");
 }
 
 }  // namespace

@@ -78,9 +78,9 @@ TEST(AutocorrelationTable, Refusals) {
   CaseStore c = ShortCase();
   c.skip_effective = 24;
   const Written none = Write(c, {});
-  EXPECT_EQ(none.fault, TableFault::said);
+  EXPECT_EQ(none.fault, DataFault::said);
   EXPECT_EQ(none.console, "ERR495 - Too many steps skipped or trimmed in autocorrelation setup\n");
-  EXPECT_EQ(Write(ShortCase(), {}, 14).fault, TableFault::not_valid);
+  EXPECT_EQ(Write(ShortCase(), {}, 14).fault, DataFault::not_valid);
 }
 
 }  // namespace

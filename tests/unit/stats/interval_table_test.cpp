@@ -99,13 +99,13 @@ TEST(IntervalTable, Refusals) {
   Wanted certain{};
   certain.settings.statistics.confidence_probability = 1.0F;
   EXPECT_EQ(Write(certain).console, "ERROR in CalcRecordStats: invalid confidence probability = 1\n");
-  EXPECT_EQ(Write(certain).fault, TableFault::said);
+  EXPECT_EQ(Write(certain).fault, DataFault::said);
   certain.word = "SIG_CI";
   EXPECT_EQ(Write(certain).console, "ERROR in CalcRecordPeakStats: invalid confidence probability = 1\n");
   EXPECT_EQ(Write({.skip = 64}).console,
             "ERR495 - Too many steps skipped or trimmed in confidence interval calculation\n");
   EXPECT_EQ(Write({.word = "MAX_CI"}).console, "ERROR - statistic 13 has no confidence interval\n");
-  EXPECT_EQ(Write({.iqnt = 13}).fault, TableFault::not_valid);
+  EXPECT_EQ(Write({.iqnt = 13}).fault, DataFault::not_valid);
 }
 
 }  // namespace

@@ -129,7 +129,7 @@ TEST(StatTable, SkippedStepsCountNot) {
   EXPECT_EQ(Write(w).text, "     0.000000\n");  // of which there is no variance
   w.settings.reading.skip_terminal = 61;
   const Written none = Write(w);
-  EXPECT_EQ(none.fault, TableFault::said);
+  EXPECT_EQ(none.fault, DataFault::said);
   EXPECT_EQ(none.console, "ERR495 - Too many steps skipped or trimmed in statistics output\n");
 }
 
@@ -168,7 +168,7 @@ TEST(StatTable, Refusals) {
   for (const auto& c : cases) {
     const Written written =
         Write({.word = c.word, .iqnt = c.iqnt, .curve = c.curve, .c = c.regular ? OneWave() : WorkedCase()});
-    EXPECT_EQ(written.fault, c.said.empty() ? TableFault::not_valid : TableFault::said) << c.word;
+    EXPECT_EQ(written.fault, c.said.empty() ? DataFault::not_valid : DataFault::said) << c.word;
     EXPECT_EQ(written.console, c.said) << c.word;
   }
 }

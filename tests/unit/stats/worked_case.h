@@ -40,12 +40,12 @@ inline CaseStore WorkedCase() {
 }
 
 struct Written {
-  TableFault fault = TableFault::none;
+  DataFault fault = DataFault::none;
   std::string text, console;
 };
 
 // name blank: the console. before: what out.txt holds already.
-using WriteTableOf = std::function<TableFault(const StatWork&, OutputFile&)>;
+using WriteTableOf = std::function<DataFault(const StatWork&, OutputFile&)>;
 inline Written WriteWorked(const WriteTableOf& write, CaseStore c, const OutputSettings& settings,
                            const std::string& name = "out.txt", const std::string& before = {}) {
   FakePlatform fake;
@@ -57,7 +57,7 @@ inline Written WriteWorked(const WriteTableOf& write, CaseStore c, const OutputS
   EnsembleStore none;
   StatisticsState state;
   written.fault = write({platform, settings, {c, none}, state}, out);
-  if (written.fault == TableFault::none) {
+  if (written.fault == DataFault::none) {
     EXPECT_TRUE(CloseOutput(out));
     written.text = fake.Bytes("out.txt");
   } else {

@@ -581,7 +581,7 @@ TEST(Trajectory, Table) {
   zaviewsetaxes(view.session);
   OutputFile out;
   ASSERT_TRUE(OpenOutput(view.session.platform, "", OpenHow::replace, out));
-  EXPECT_EQ(kTrajectoryPlot.write(SourceOf(view.session), view.plot(), out), TableFault::none);
+  EXPECT_EQ(kTrajectoryPlot.write(SourceOf(view.session), view.plot(), out), DataFault::none);
   const std::string& text = view.fake.output;
   EXPECT_NE(text.find("Trajectory for ZAVO file run.out\nTime,pmgg(1),pmgg(2)\n"), std::string::npos) << text;
   EXPECT_NE(text.find(",20.00000,-25.00000\n"), std::string::npos) << text;

@@ -27,7 +27,7 @@ std::vector<float> Samples(PlotView& v) {
   PlotData data;
   EXPECT_EQ(SetPlotData(v.session.platform.console, v.session.output, RequestOf(v.plot(), kHeave), v.session.case_store,
                         data),
-            PlotFault::none);
+            DataFault::none);
   const StatRange range = StatPoints(v.session.case_store, v.session.output);
   return {data.y[0].begin() + range.first, data.y[0].begin() + range.first + range.n};
 }

@@ -1,0 +1,25 @@
+// How the making of shown data, or of a table of them, ends, and what is said of it.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/platform.h"
+
+namespace zaview {
+
+enum class DataFault : std::uint8_t {
+  none,
+  said,       // the message has been said
+  not_valid,  // no such quantity or curve, or no data for it in this file
+  no_wave,    // the incident wave can't be had; it has been said why
+  no_memory
+};
+
+// What was to be made: each names a fault in words of its own.
+enum class Making : std::uint8_t { history, table, plot_table, plot };
+
+// Says why, unless it was said; quantity: its name, for a plot its number. False: there is a fault.
+[[nodiscard]] bool SayDataFault(const Console& console, DataFault fault, Making making, std::string_view quantity);
+
+}  // namespace zaview
