@@ -11,6 +11,7 @@
 #include "case/settings/settings_dialogues.h"
 #include "case/settings/statistic_settings.h"
 #include "frame/ground/prompts.h"
+#include "frame/ground/table_dialogue.h"
 #include "stats/tables/autocorrelation_table.h"
 #include "stats/tables/ensemble_table.h"
 #include "stats/tables/rate_tables.h"
@@ -18,12 +19,6 @@
 
 namespace zaview {
 namespace {
-
-constexpr std::string_view kScreenPrompt = "(<RETURN> for screen, QUIT to exit)";
-
-std::string WithScreenPrompt(std::string_view question) {
-  return fmt::format("{}\n{}", question, kScreenPrompt);
-}
 
 // ---- Dependence
 
@@ -119,14 +114,14 @@ void AskRates(const StatDialogue& d, const QuantityRequest& quantity, std::strin
   ExceedanceRequest request;
   request.quantity = quantity;
   request.ndep_is_given = true;
-  ChosenFile chosen;
   if (ask_real(console, "Enter thresold value:", false, request.threshold) != Answer::ok ||
       AskDirection(console, request.direction) != Answer::ok ||
-      AskDependence(console, d.state.dependence.ndti, request.ndep) != Answer::ok ||
-      !AskTableFile(d.platform, WithScreenPrompt("Enter file for exceedance statistics"), chosen))
+      AskDependence(console, d.state.dependence.ndti, request.ndep) != Answer::ok)
     return;
-  const DataFault fault = write(d.work(), request, chosen.out);
-  FinishTable(d.platform, fault, "Exceedance statistics written to", chosen);
+  TableQuestion question;
+  question.file.prompt = "Enter file for exceedance statistics\n(<RETURN> for screen, QUIT to exit)";
+  question.done = "Exceedance statistics written to";
+  AskTable(d.platform, question, [&](ChosenFile& chosen) { return write(d.work(), request, chosen.out); });
 }
 
 }  // namespace
@@ -143,16 +138,15 @@ void AskEnsembleFile(const StatDialogue& dialogue, const QuantityRequest& reques
   const StatDialogue& d = dialogue;
   const Console& console = d.platform.console;
   if (intervals && AskProbability(console, d.settings) != Answer::ok) return;
-  ChosenFile chosen;
-  if (!AskTableFile(d.platform, "Enter file for statistical output\n(BLANK to print to screen, QUIT to abort)", chosen))
-    return;
-  if (AskSeparator(console, d.settings) != Answer::ok) return DiscardOutput(chosen.out);
+  TableQuestion question;
+  question.file.prompt = "Enter file for statistical output\n(BLANK to print to screen, QUIT to abort)";
+  question.done = "Ensemble statistics written to";
+  question.ask_more = [&] { return AskSeparator(console, d.settings) == Answer::ok; };
   StatRequest table;
   table.statistic.number = kStatTable;
   table.statistic.interval = intervals;
   table.quantity = request;
-  const DataFault fault = EnsembleStat(d.work(), table, chosen.out);
-  FinishTable(d.platform, fault, "Ensemble statistics written to", chosen);
+  AskTable(d.platform, question, [&](ChosenFile& chosen) { return EnsembleStat(d.work(), table, chosen.out); });
 }
 
 bool AskAutocorrelationFile(const StatDialogue& dialogue, const QuantityRequest& request) {
@@ -162,17 +156,13 @@ bool AskAutocorrelationFile(const StatDialogue& dialogue, const QuantityRequest&
   if (UpdateDependence(d.work(), request) != DataFault::none) return false;
   const DependenceResult& dependence = d.state.dependence;
   Say(console, "{}{}", DependenceLine(dependence), dependence.reached ? "" : ", cutoff not reached");
-  FileQuestion question;
-  question.use = FileUse::output;
-  question.prompt = "Enter file for autocorrelation output\n(<RETURN> for screen, PLOT to graph, QUIT to exit)";
-  question.blank_is_console = true;
-  question.word = "PLOT";
-  ChosenFile chosen;
-  const FileAnswer answer = OPNFIL(d.platform, question, chosen);
-  if (answer != FileAnswer::opened) return answer == FileAnswer::word;
-  const DataFault fault = EnsembleAutoCorrelation(d.work(), request, false, chosen.out);
-  FinishTable(d.platform, fault, "Autocorrelation written to", chosen);
-  return false;
+  TableQuestion question;
+  question.file.prompt = "Enter file for autocorrelation output\n(<RETURN> for screen, PLOT to graph, QUIT to exit)";
+  question.file.word = "PLOT";
+  question.done = "Autocorrelation written to";
+  question.formatted_only = false;
+  const auto write = [&](ChosenFile& chosen) { return EnsembleAutoCorrelation(d.work(), request, false, chosen.out); };
+  return AskTable(d.platform, question, write) == FileAnswer::word;
 }
 
 void AskUpcrossings(const StatDialogue& dialogue, const QuantityRequest& request) {
@@ -181,11 +171,12 @@ void AskUpcrossings(const StatDialogue& dialogue, const QuantityRequest& request
   if (!BeginRates(d, request, "ZAVIEW - Upcrossing Statistics", "Upcrossing calculation for")) return;
   std::array<float, 3> thresholds{};
   if (VINPUT(console, "Enter thresold values as min,max,increment:", false, thresholds) != Answer::ok) return;
-  ChosenFile chosen;
-  if (!AskTableFile(d.platform, WithScreenPrompt("Enter file for upcrossing statistics"), chosen)) return;
+  TableQuestion question;
+  question.file.prompt = "Enter file for upcrossing statistics\n(<RETURN> for screen, QUIT to exit)";
+  question.done = "Upcrossing statistics written to";
   const UpcrossingRequest upcrossings{request, thresholds[0], thresholds[1], thresholds[2]};
-  const DataFault fault = WriteUpcrossings(d.work(), upcrossings, chosen.out);
-  FinishTable(d.platform, fault, "Upcrossing statistics written to", chosen);
+  AskTable(d.platform, question,
+           [&](ChosenFile& chosen) { return WriteUpcrossings(d.work(), upcrossings, chosen.out); });
 }
 
 }  // namespace zaview

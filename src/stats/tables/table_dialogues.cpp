@@ -7,6 +7,7 @@
 #include "case/settings/settings_dialogues.h"
 #include "case/settings/statistic_settings.h"
 #include "frame/ground/prompts.h"
+#include "frame/ground/table_dialogue.h"
 #include "stats/tables/interval_table.h"
 
 namespace zaview {
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::string_view kProbability = "Enter probability level for the confidence interval calculation:";
 constexpr std::string_view kBadProbability = "Invalid value - must be > 0.0 and < 1.0";
-constexpr std::string_view kWriteFault = "ERROR writing file {}";
 constexpr std::string_view kAborting = "Aborting output";
 
 }  // namespace
@@ -30,65 +30,35 @@ Answer AskProbability(const Console& console, OutputSettings& settings) {
   }
 }
 
-bool AskTableFile(const Platform& platform, std::string_view prompt, ChosenFile& chosen) {
-  FileQuestion question;
-  question.use = FileUse::output;
-  question.prompt = prompt;
-  question.blank_is_console = true;
-  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return false;
-  if (chosen.unformatted) SayLine(platform.console, kFormattedOnly);
-  return true;
-}
-
-void FinishTable(const Platform& platform, DataFault fault, std::string_view done, ChosenFile& chosen) {
-  const Console& console = platform.console;
-  const bool to_console = chosen.out.to_console;
-  if (!SayDataFault(console, fault, Making::table, "the quantity")) {
-    DiscardOutput(chosen.out);
-  } else if (!CloseOutput(chosen.out)) {
-    Say(console, kWriteFault, chosen.name);
-  } else if (!to_console) {
-    Say(console, "{} {}", done, chosen.name);
-  }
-  pause_for_return(console);
-}
-
 void AskStatisticsFile(const StatDialogue& dialogue, const QuantityRequest& request) {
-  const Platform& platform = dialogue.platform;
-  ChosenFile chosen;
-  if (!AskTableFile(platform, "Enter file for statistical output\n(BLANK to print to screen, QUIT to abort)", chosen))
-    return;
+  TableQuestion question;
+  question.file.prompt = "Enter file for statistical output\n(BLANK to print to screen, QUIT to abort)";
+  question.done = "Statistics written to";
   StatRequest table;
   table.statistic.number = kStatTable;
   table.quantity = request;
-  const DataFault fault = WRSTAT(dialogue.work(), table, chosen.out);
-  FinishTable(platform, fault, "Statistics written to", chosen);
+  AskTable(dialogue.platform, question, [&](ChosenFile& chosen) { return WRSTAT(dialogue.work(), table, chosen.out); });
 }
 
 void AskIntervalFile(const StatDialogue& dialogue, const QuantityRequest& request) {
-  const Platform& platform = dialogue.platform;
   OutputSettings& settings = dialogue.settings;
-  const Console& console = platform.console;
-  ChosenFile chosen;
+  const Console& console = dialogue.platform.console;
   if (AskProbability(console, settings) != Answer::ok) return SayLine(console, kAborting);
-  if (!AskTableFile(platform,
-                    "Enter confidence interval statistics output file name:\n"
-                    "(BLANK to print to screen, QUIT to abort)",
-                    chosen))
-    return SayLine(console, kAborting);
-  if (AskSeparator(console, settings) != Answer::ok) {
-    DiscardOutput(chosen.out);
-    return SayLine(console, kAborting);
-  }
+  TableQuestion question;
+  question.file.prompt =
+      "Enter confidence interval statistics output file name:\n"
+      "(BLANK to print to screen, QUIT to abort)";
+  question.done =
+      fmt::format("Confidence interval data of {} written to", QuantityLabel(dialogue.cases.current, request.iqnt));
+  question.ask_more = [&] { return AskSeparator(console, settings) == Answer::ok; };
   StatRequest table;
   table.statistic.number = kStatTable;
   table.statistic.interval = true;
   table.quantity = request;
-  const DataFault fault = WriteIntervals(dialogue.work(), table, chosen.out);
-  FinishTable(
-      platform, fault,
-      fmt::format("Confidence interval data of {} written to", QuantityLabel(dialogue.cases.current, request.iqnt)),
-      chosen);
+  const FileAnswer answer = AskTable(dialogue.platform, question, [&](ChosenFile& chosen) {
+    return WriteIntervals(dialogue.work(), table, chosen.out);
+  });
+  if (answer != FileAnswer::opened) SayLine(console, kAborting);
 }
 
 }  // namespace zaview

@@ -5,7 +5,6 @@
 #include "case/case_store.h"
 #include "case/output_settings.h"
 #include "case/plot_data.h"
-#include "frame/ground/file_dialogue.h"
 #include "frame/ground/prompts.h"
 #include "stats/tables/stat_table.h"
 
@@ -27,11 +26,5 @@ void AskIntervalFile(const StatDialogue& dialogue, const QuantityRequest& reques
 
 // The probability level, the present one as the default, asked until 0 < p < 1.
 [[nodiscard]] Answer AskProbability(const Console& console, OutputSettings& settings);
-
-// Asks for a table's file; false: the user gave up.
-[[nodiscard]] bool AskTableFile(const Platform& platform, std::string_view prompt, ChosenFile& chosen);
-
-// Closes the file, or discards it on a fault, says "{done} {name}" of a file and waits for RETURN.
-void FinishTable(const Platform& platform, DataFault fault, std::string_view done, ChosenFile& chosen);
 
 }  // namespace zaview
