@@ -1,7 +1,5 @@
 #include "base/data_fault.h"
 
-#include "base/message.h"
-
 namespace zaview {
 namespace {
 

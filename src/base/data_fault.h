@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
-#include "base/platform.h"
+#include "base/grow.h"
+#include "base/message.h"
 
 namespace zaview {
 
@@ -21,5 +23,13 @@ enum class Making : std::uint8_t { history, table, plot_table, plot };
 
 // Says why, unless it was said; quantity: its name, for a plot its number. False: there is a fault.
 [[nodiscard]] bool SayDataFault(const Console& console, DataFault fault, Making making, std::string_view quantity);
+
+// What make() returns; said, in the words of no_memory, when memory is out on the way.
+template <typename Make>
+[[nodiscard]] DataFault MakeOrSay(const Console& console, std::string_view no_memory, Make make) {
+  const auto fault = Guarded([&] { return std::optional(make()); }, std::nullopt);
+  if (!fault) SayLine(console, no_memory);
+  return fault.value_or(DataFault::said);
+}
 
 }  // namespace zaview

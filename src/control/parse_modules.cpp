@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <utility>
 
 #include "base/grow.h"
@@ -250,11 +249,7 @@ ModuleStatus KeepModules(HeaderText& text, std::vector<ModuleText>& modules) {
 
 void ParseModules(const Platform& platform, const std::string& run, ControlRecords& records) {
   ModuleReading reading{platform, run, records, {}};
-  try {
-    ReadAll(reading);
-  } catch (const std::bad_alloc&) {
-    SayLines(platform.console, kNoMemory);
-  }
+  if (!Guarded([&] { return ReadAll(reading), true; }, false)) SayLines(platform.console, kNoMemory);
 }
 
 }  // namespace zaview

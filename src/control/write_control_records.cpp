@@ -1,10 +1,10 @@
 #include "control/write_control_records.h"
 
 #include <iterator>
-#include <new>
 
 #include <fmt/format.h>
 
+#include "base/grow.h"
 #include "control/control_lines.h"
 #include "control/control_text.h"
 #include "control/module_table.h"
@@ -64,12 +64,7 @@ void AppendRecords(const ControlRecords& records, std::string& text) {
 }  // namespace
 
 bool WriteControlRecords(const ControlRecords& records, std::string& text) {
-  try {
-    AppendRecords(records, text);
-    return true;
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
+  return Guarded([&] { return AppendRecords(records, text), true; }, false);
 }
 
 }  // namespace zaview

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <iterator>
-#include <new>
 #include <vector>
 
 #include <fmt/format.h>
@@ -380,7 +379,7 @@ KinoSeaStatus ReadOpened(const Console& console, SeaText& text, KinoSeaUnits uni
 
 bool KINOSE(const ControlRecords& records, const Seaway& seaway, KinoSeaUnits units, std::string_view name,
             std::string& text) {
-  try {
+  const auto append = [&] {
     Lines comments{fmt::format("Seaway file from {}", name)};
     TellKind(records, seaway, ScalesOf(records, units), comments);
     if (!HeadOf(seaway.ISEA).empty()) comments.emplace_back(HeadOf(seaway.ISEA));
@@ -390,9 +389,8 @@ bool KINOSE(const ControlRecords& records, const Seaway& seaway, KinoSeaUnits un
     AppendData(seaway, units, text);
     AppendClosing(seaway, units, text);
     return true;
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
+  };
+  return Guarded(append, false);
 }
 
 KinoSeaStatus ReadKinoSeaway(const Platform& platform, const std::string& name, KinoSeaUnits units, Seaway& seaway) {

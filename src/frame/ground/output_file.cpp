@@ -1,11 +1,11 @@
 #include "frame/ground/output_file.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 #include <fmt/format.h>
 
+#include "base/grow.h"
 #include "base/text.h"
 
 namespace zaview {
@@ -122,11 +122,7 @@ void WriteOutput(OutputFile& out, std::string_view text) {
     return;
   }
   if (out.failed) return;
-  try {
-    out.pending += text;
-  } catch (const std::bad_alloc&) {
-    out.failed = true;
-  }
+  out.failed = !Guarded([&] { return out.pending += text, true; }, false);
   if (out.how == OpenHow::replace && out.pending.size() >= kPendingBytes) Flush(out);
 }
 

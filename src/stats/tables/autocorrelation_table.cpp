@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 #include <numeric>
 #include <vector>
 
@@ -92,21 +91,11 @@ DataFault WriteTable(const StatWork& work, const QuantityRequest& request, Outpu
 
 DataFault MakeAutocorrelation(const StatWork& work, const QuantityRequest& request, AutocorrelationCurves& curves) {
   curves = {};
-  try {
-    return Make(work, request, curves);
-  } catch (const std::bad_alloc&) {
-    SayLine(work.console(), kNoMemory);
-    return DataFault::said;
-  }
+  return MakeOrSay(work.console(), kNoMemory, [&] { return Make(work, request, curves); });
 }
 
 DataFault WriteAutocorrelation(const StatWork& work, const QuantityRequest& request, OutputFile& out) {
-  try {
-    return WriteTable(work, request, out);
-  } catch (const std::bad_alloc&) {
-    SayLine(work.console(), kNoMemory);
-    return DataFault::said;
-  }
+  return MakeOrSay(work.console(), kNoMemory, [&] { return WriteTable(work, request, out); });
 }
 
 }  // namespace zaview

@@ -1,7 +1,6 @@
 #include "stats/tables/ensemble_data.h"
 
 #include <algorithm>
-#include <new>
 
 #include "base/message.h"
 #include "base/number_format.h"
@@ -70,6 +69,21 @@ DataFault LoadRecords(const Console& console, const OutputSettings& settings, co
   return DataFault::none;
 }
 
+// Unless the records in store are those asked for.
+DataFault LoadAnew(const StatWork& work, const QuantityRequest& one) {
+  const auto& [platform, settings, cases, state] = work;
+  EnsembleKey key = KeyOf(settings, one, cases);
+  if (state.ensemble.loaded && state.ensemble.key == key) return DataFault::none;
+  state.dependence = {};
+  state.ensemble = {};
+  state.ensemble.key = std::move(key);
+  state.ensemble.stride = std::max(1, settings.reading.step_stride);
+  state.ensemble.dt = SampleInterval(cases.current, settings);
+  const DataFault fault = LoadRecords(platform.console, settings, one, cases, state.ensemble);
+  state.ensemble.loaded = fault == DataFault::none;
+  return fault;
+}
+
 std::vector<std::span<const float>> ViewsOf(const std::vector<std::vector<float>>& records) {
   return {records.begin(), records.end()};
 }
@@ -91,25 +105,10 @@ DataFault LoadEnsemble(const StatWork& work, const QuantityRequest& request, std
   QuantityRequest one = request;
   one.curve = std::max(1, request.curve);
   one.wave_overlay = false;
-  try {
-    EnsembleKey key = KeyOf(settings, one, cases);
-    if (!state.ensemble.loaded || state.ensemble.key != key) {
-      state.dependence = {};
-      state.ensemble = {};
-      state.ensemble.key = std::move(key);
-      state.ensemble.stride = std::max(1, settings.reading.step_stride);
-      state.ensemble.dt = SampleInterval(cases.current, settings);
-      const DataFault fault = LoadRecords(console, settings, one, cases, state.ensemble);
-      if (fault != DataFault::none) {
-        state.ensemble = {};
-        return fault;
-      }
-      state.ensemble.loaded = true;
-    }
-  } catch (const std::bad_alloc&) {
+  const DataFault fault = MakeOrSay(console, kNoMemory, [&] { return LoadAnew(work, one); });
+  if (fault != DataFault::none) {
     state.ensemble = {};
-    SayLine(console, kNoMemory);
-    return DataFault::said;
+    return fault;
   }
   const auto& X = state.ensemble.X;
   if (std::any_of(X.begin(), X.end(), [](const std::vector<float>& x) { return !x.empty(); })) return DataFault::none;

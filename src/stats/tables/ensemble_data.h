@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "base/platform.h"
@@ -29,6 +30,9 @@ struct StatWork {  // what all tables of statistics are made from
   [[nodiscard]] const Console& console() const { return platform.console; }
   [[nodiscard]] CaseStore& current() const { return cases.current; }
 };
+
+// What a table of statistics says when memory is out.
+inline constexpr std::string_view kNoWorkingArrays = "ERR493 - Error allocating working arrays for statistics";
 
 // One curve of each record over its own steps in use, the skip counts of the current one for all. Says "Calculating
 // Ensemble ..." where waves or point motions have to be made. Loads only if the key differs. A record without points

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 #include <vector>
 
 #include "base/message.h"
@@ -19,7 +18,6 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in statistics output";
-inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
 inline constexpr std::string_view kNotRelevant = "ERR494 - NDTF/RAO and PHASE not relevant for ensemble statistics";
 inline constexpr std::string_view kNotHere = "ERR496 - statistic option not implemented for ensemble statistics";
 inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
@@ -220,26 +218,18 @@ bool FindEnsembleIntervals(const Console& console, const StatisticName& statisti
 DataFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const Console& console = work.console();
   if (!Available(console, request.statistic)) return DataFault::said;
-  try {
-    return WriteStatistics(work, request, out);
-  } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
-    return DataFault::said;
-  }
+  return MakeOrSay(console, kNoWorkingArrays, [&] { return WriteStatistics(work, request, out); });
 }
 
 DataFault EnsembleAutoCorrelation(const StatWork& work, const QuantityRequest& request, bool dependence_only,
                                   OutputFile& out) {
-  try {
+  return MakeOrSay(work.console(), kNoWorkingArrays, [&] {
     const DataFault fault = UpdateDependence(work, request);
     if (fault != DataFault::none) return fault;
     if (dependence_only) WriteOutput(out, DependenceLine(work.state.dependence) + '\n');
     else WriteAutoCorrelation(work.settings, work.state, out);
     return DataFault::none;
-  } catch (const std::bad_alloc&) {
-    SayLine(work.console(), kNoMemory);
-    return DataFault::said;
-  }
+  });
 }
 
 }  // namespace zaview

@@ -1,7 +1,6 @@
 #include "stats/tables/histogram_table.h"
 
 #include <iterator>
-#include <new>
 
 #include "base/message.h"
 #include "base/number_format.h"
@@ -12,7 +11,6 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in histogram setup";
-inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
 
 constexpr std::string_view kHeads =
     "    Bucket        Bucket        Bucket      Number        Fraction of\n"
@@ -107,7 +105,7 @@ DataFault Make(const StatWork& work, const QuantityRequest& request, const Histo
   // Positions count from the first point in use; the points skipped are the same for all records.
   const int skip = data.key.skip_initial == 0 ? 0 : (data.key.skip_initial + data.stride - 1) / data.stride;
   if (!SetHistogramData(how, SamplesOf(data), skip, histogram)) {
-    SayLine(console, kNoMemory);
+    SayLine(console, kNoWorkingArrays);
     return DataFault::said;
   }
   if (how.overlay != Overlay::none) Say(console, "chi2= {}", Shown{histogram.chi2});
@@ -128,29 +126,23 @@ std::vector<std::string> DistributionLines(Overlay overlay, const Histogram& his
 
 DataFault MakeHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, Histogram& histogram) {
   const HistogramRequest& how = work.state.histogram;
-  try {
+  return MakeOrSay(work.console(), kNoWorkingArrays, [&] {
     if (of_ensemble) return Make(work, request, how, histogram);
     OneRecord one;
     return Make({work.platform, work.settings, {work.current(), one.none}, one.state}, request, how, histogram);
-  } catch (const std::bad_alloc&) {
-    SayLine(work.console(), kNoMemory);
-    return DataFault::said;
-  }
+  });
 }
 
 DataFault WriteHistogram(const StatWork& work, const QuantityRequest& request, bool of_ensemble, OutputFile& out) {
   Histogram histogram;
   const DataFault fault = MakeHistogram(work, request, of_ensemble, histogram);
   if (fault != DataFault::none) return fault;
-  try {
+  return MakeOrSay(work.console(), kNoWorkingArrays, [&] {
     std::string text = out.had_text ? "\n" : "";
     AppendTable(work.state.histogram, work.current(), request, histogram, text);
     WriteOutput(out, text);
     return DataFault::none;
-  } catch (const std::bad_alloc&) {
-    SayLine(work.console(), kNoMemory);
-    return DataFault::said;
-  }
+  });
 }
 
 }  // namespace zaview

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 #include <vector>
 
 #include "base/message.h"
@@ -19,7 +18,6 @@ namespace {
 
 inline constexpr std::string_view kTooManySkipped =
     "ERR495 - Too many steps skipped or trimmed in confidence interval calculation";
-inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
 inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
 
 constexpr std::string_view kQuantityHead = "Quantity      ";
@@ -69,7 +67,7 @@ DataFault WriteTable(const StatWork& work, const StatRequest& request, OutputFil
   const OutputSettings& settings = work.settings;
   const CaseStore& case_store = work.current();
   StatRecord record;
-  const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
+  const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoWorkingArrays, record);
   if (fault != DataFault::none) return fault;
   std::vector<IntervalValues> curves(record.data.y.size());
   for (std::size_t i = 0; i < curves.size(); ++i)
@@ -148,12 +146,7 @@ DataFault WriteIntervals(const StatWork& work, const StatRequest& request, Outpu
     Say(console, kNoInterval, number);
     return DataFault::said;
   }
-  try {
-    return WriteTable(work, request, out);
-  } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
-    return DataFault::said;
-  }
+  return MakeOrSay(console, kNoWorkingArrays, [&] { return WriteTable(work, request, out); });
 }
 
 }  // namespace zaview

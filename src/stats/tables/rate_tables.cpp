@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <new>
 
 #include "base/message.h"
 #include "base/number_format.h"
@@ -16,7 +15,6 @@
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
 inline constexpr std::string_view kList = "exceedance.list";
 inline constexpr std::string_view kBlockList = "block_exceedance.list";
 
@@ -315,30 +313,18 @@ DataFault BlockExceedances(const StatWork& work, const ExceedanceRequest& reques
   return DataFault::none;
 }
 
-// Runs a writer; exhausted memory is said.
-template <typename Request>
-DataFault Guarded(const StatWork& work, DataFault (*write)(const StatWork&, const Request&, OutputFile&),
-                  const Request& request, OutputFile& out) {
-  try {
-    return write(work, request, out);
-  } catch (const std::bad_alloc&) {
-    SayLine(work.console(), kNoMemory);
-    return DataFault::said;
-  }
-}
-
 }  // namespace
 
 DataFault WriteUpcrossings(const StatWork& work, const UpcrossingRequest& request, OutputFile& out) {
-  return Guarded(work, Upcrossings, request, out);
+  return MakeOrSay(work.console(), kNoWorkingArrays, [&] { return Upcrossings(work, request, out); });
 }
 
 DataFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
-  return Guarded(work, Exceedances, request, out);
+  return MakeOrSay(work.console(), kNoWorkingArrays, [&] { return Exceedances(work, request, out); });
 }
 
 DataFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out) {
-  return Guarded(work, BlockExceedances, request, out);
+  return MakeOrSay(work.console(), kNoWorkingArrays, [&] { return BlockExceedances(work, request, out); });
 }
 
 }  // namespace zaview

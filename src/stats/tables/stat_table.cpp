@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 #include <vector>
 
 #include "base/message.h"
@@ -19,7 +18,6 @@ namespace zaview {
 namespace {
 
 inline constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in statistics output";
-inline constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for statistics";
 inline constexpr std::string_view kNotRegular =
     "ERR494 - NDTF/RAO and phase statistics only available for regular wave cases";
 inline constexpr std::string_view kUnknown = "LOGIC ERROR in WRSTAT : isel0= {}";
@@ -103,7 +101,7 @@ bool FindPhases(const StatWork& work, const StatRecord& record, StatColumns& col
   at_cg.iqnt = kWaveAtCg;
   at_cg.curve = 1;
   StatRecord wave;
-  if (TakeRecord(work, at_cg, kTooManySkipped, kNoMemory, wave) != DataFault::none) return false;
+  if (TakeRecord(work, at_cg, kTooManySkipped, kNoWorkingArrays, wave) != DataFault::none) return false;
   WavePhase& wave_phase = work.state.wave_phase;
   if (!FindWavePhase(record.t(), wave.curve(0), wave_phase)) SayLine(work.console(), kNoWavePhase);
   for (std::size_t i = 0; i < columns.curves.size(); ++i)
@@ -156,7 +154,7 @@ DataFault WriteStatistics(const StatWork& work, const StatRequest& request, Outp
   const OutputSettings& settings = work.settings;
   CaseStore& case_store = work.current();
   StatRecord record;
-  const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoMemory, record);
+  const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoWorkingArrays, record);
   if (fault != DataFault::none) return fault;
   StatColumns columns;
   columns.iqnt = request.quantity.iqnt;
@@ -191,12 +189,7 @@ DataFault WRSTAT(const StatWork& work, const StatRequest& request, OutputFile& o
     Say(console, kUnknown, number);
     return DataFault::said;
   }
-  try {
-    return WriteStatistics(work, request, out);
-  } catch (const std::bad_alloc&) {
-    SayLine(console, kNoMemory);
-    return DataFault::said;
-  }
+  return MakeOrSay(console, kNoWorkingArrays, [&] { return WriteStatistics(work, request, out); });
 }
 
 }  // namespace zaview

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <new>
 #include <string>
 #include <vector>
 
@@ -82,11 +81,9 @@ DataFault MakeEnsemble(const PlotSource& source, const QuantityRequest& request,
 bool Make(const PlotSource& source, DataPlotState& plot) {
   DataPlotDerived& d = plot.derived;
   const QuantityRequest request = RequestOf(plot, OneComponent(plot));
-  DataFault fault = DataFault::no_memory;
-  try {
-    fault = plot.of_ensemble ? MakeEnsemble(source, request, d) : MakeRecord(source, request, d);
-  } catch (const std::bad_alloc&) {
-  }
+  const DataFault fault =
+      Guarded([&] { return plot.of_ensemble ? MakeEnsemble(source, request, d) : MakeRecord(source, request, d); },
+              DataFault::no_memory);
   if (!SayTableFault(source, plot, fault)) return false;
   if (plot.kind == PlotKind::autocovariance)
     for (std::vector<float>* values : {&d.correlation, &d.env_R, &d.low_R})

@@ -1,7 +1,6 @@
 // The histogram of a quantity, with a theoretical distribution over it.
 #include <algorithm>
 #include <cstddef>
-#include <new>
 #include <string>
 #include <vector>
 
@@ -44,11 +43,7 @@ DataFault MakeBars(const PlotSource& source, DataPlotState& plot) {
 }
 
 bool MakeHistogramPlot(const PlotSource& source, DataPlotState& plot) {
-  DataFault fault = DataFault::no_memory;
-  try {
-    fault = MakeBars(source, plot);
-  } catch (const std::bad_alloc&) {
-  }
+  const DataFault fault = Guarded([&] { return MakeBars(source, plot); }, DataFault::no_memory);
   return SayTableFault(source, plot, fault);
 }
 

@@ -1,7 +1,6 @@
 // A statistic of each realization with its confidence interval, and that of the ensemble.
 #include <algorithm>
 #include <cstddef>
-#include <new>
 #include <string>
 #include <vector>
 
@@ -90,11 +89,7 @@ DataFault MakeIntervals(const PlotSource& source, DataPlotState& plot) {
 }
 
 bool Make(const PlotSource& source, DataPlotState& plot) {
-  DataFault fault = DataFault::no_memory;
-  try {
-    fault = MakeIntervals(source, plot);
-  } catch (const std::bad_alloc&) {
-  }
+  const DataFault fault = Guarded([&] { return MakeIntervals(source, plot); }, DataFault::no_memory);
   return SayTableFault(source, plot, fault);
 }
 
