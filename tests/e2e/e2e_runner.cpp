@@ -68,13 +68,6 @@ bool ParseStep(const std::string& line, Step& step) {
   return !named || !step.rest.empty();
 }
 
-std::string FileText(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream in(text);
@@ -93,7 +86,7 @@ void AddLinesOf(const Text& text, const std::string& words, std::vector<std::str
   for (const Step& step : text.steps) {
     if (step.word == "file" && step.rest == name) from = step.lines;
   }
-  if (from.empty()) from = Lines(FileText(ProjectFile(name)));
+  if (from.empty()) from = Lines(FileBytes(ProjectFile(name)));
   for (size_t i = std::max(first, size_t{1}); i <= std::min(last, from.size()); ++i) to.push_back(from[i - 1]);
 }
 
@@ -195,42 +188,24 @@ bool ReadPng(const std::string& name, int& width, int& height, std::vector<unsig
   return png_image_finish_read(&image, nullptr, rgb.data(), 0, nullptr) != 0;
 }
 
-class Folder {
- public:
-  Folder() {
-    std::string pattern = (fs::temp_directory_path() / "zaview_e2e_XXXXXX").string();
-    if (const char* made = mkdtemp(pattern.data())) path_ = made;
-  }
-  ~Folder() {
-    std::error_code ignored;
-    if (!path_.empty()) fs::remove_all(path_, ignored);
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  [[nodiscard]] const fs::path& Path() const { return path_; }
-
- private:
-  fs::path path_;
-};
-
 struct Outcome {
   std::string console;
   int status = -1;
 };
 
 // The shell takes the words apart. Console and input stand outside the session's folder.
-Outcome RunProgram(const fs::path& folder, const std::string& arguments, const std::string& input) {
-  const Folder io;
-  const std::string files = io.Path().string();
-  std::ofstream(io.Path() / "stdin", std::ios::binary) << input;
+Outcome RunProgram(const std::string& folder, const std::string& arguments, const std::string& input) {
+  const TemporaryFolder io;
+  const std::string& files = io.path;
+  std::ofstream(io.Name("stdin"), std::ios::binary) << input;
   // Never on the display of whoever runs the tests; pictures by the same driver everywhere.
   const std::string command =
-      "cd " + folder.string() + " && env -u DISPLAY LIBGL_ALWAYS_SOFTWARE=1 GALLIUM_DRIVER=llvmpipe timeout 60 " +
+      "cd " + folder + " && env -u DISPLAY LIBGL_ALWAYS_SOFTWARE=1 GALLIUM_DRIVER=llvmpipe timeout 60 " +
       TestedProgram() + arguments + " <" + files + "/stdin >" + files + "/stdout 2>" + files + "/stderr";
   Outcome outcome;
   outcome.status = WEXITSTATUS(std::system(command.c_str()));
-  outcome.console = FileText(io.Path() / "stdout");
-  const std::string err = FileText(io.Path() / "stderr");
+  outcome.console = FileBytes(io.Name("stdout"));
+  const std::string err = FileBytes(io.Name("stderr"));
   if (!err.empty()) outcome.console += "<stderr>\n" + err;
   return outcome;
 }
@@ -243,7 +218,6 @@ class Session {
   void Run() {
     const Text text = ReadText(text_);
     ASSERT_EQ(text.fault, "") << text_;
-    ASSERT_FALSE(folder_.Path().empty());
     for (const Step& step : text.steps) {
       Do(step);
       if (testing::Test::HasFatalFailure()) return;
@@ -270,7 +244,7 @@ class Session {
       status_checked_ = true;
       EXPECT_EQ(std::to_string(outcome_.status), step.rest) << At(step) << ", console:\n" << outcome_.console;
     } else if (step.word == "absent") {
-      EXPECT_FALSE(fs::exists(folder_.Path() / step.rest)) << At(step) << ": " << step.rest << " is there";
+      EXPECT_FALSE(fs::exists(folder_.Name(step.rest))) << At(step) << ": " << step.rest << " is there";
     } else if (step.word == "picture") {
       LookAt(step);
     } else if (step.word == "holds") {
@@ -286,12 +260,12 @@ class Session {
     ASSERT_TRUE(words.size() == 1 || (words.size() == 3 && words[1] == "as")) << At(step);
     const fs::path from = ProjectFile(words[0]);
     std::error_code error;
-    fs::copy_file(from, folder_.Path() / (words.size() == 3 ? fs::path(words[2]) : from.filename()), error);
+    fs::copy_file(from, fs::path(folder_.path) / (words.size() == 3 ? fs::path(words[2]) : from.filename()), error);
     ASSERT_FALSE(error) << At(step) << ": " << error.message();
   }
 
   void Write(const Step& step) {
-    std::ofstream out(folder_.Path() / step.rest, std::ios::binary);
+    std::ofstream out(folder_.Name(step.rest), std::ios::binary);
     out << Joined(step.lines);
     ASSERT_TRUE(out.flush()) << At(step);
   }
@@ -299,7 +273,7 @@ class Session {
   void Start(const Step& step) {
     CheckRunIsOver();
     ASSERT_TRUE(step.rest.starts_with("zaview")) << At(step);
-    outcome_ = RunProgram(folder_.Path(), step.rest.substr(6), input_);
+    outcome_ = RunProgram(folder_.path, step.rest.substr(6), input_);
     ASSERT_LT(outcome_.status, 124) << At(step) << " (124: too long, above: a signal), console:\n" << outcome_.console;
     input_.clear();
     status_checked_ = false;
@@ -318,7 +292,7 @@ class Session {
     ASSERT_TRUE(words.size() == 5 && words[2] == "lit") << At(step);
     int width = 0, height = 0;
     std::vector<unsigned char> rgb;
-    ASSERT_TRUE(ReadPng((folder_.Path() / words[0]).string(), width, height, rgb))
+    ASSERT_TRUE(ReadPng(folder_.Name(words[0]), width, height, rgb))
         << At(step) << ": no picture " << words[0] << ", console:\n"
         << outcome_.console;
     EXPECT_EQ(std::to_string(width) + "x" + std::to_string(height), words[1]) << At(step);
@@ -330,9 +304,9 @@ class Session {
   }
 
   void Holds(const Step& step, const LineTest& same) {
-    const fs::path path = folder_.Path() / step.rest;
+    const std::string path = folder_.Name(step.rest);
     ASSERT_TRUE(fs::exists(path)) << At(step) << ": no file " << step.rest << ", console:\n" << outcome_.console;
-    Compare(step, step.rest, FileText(path), same);
+    Compare(step, step.rest, FileBytes(path), same);
   }
 
   void Compare(const Step& step, const std::string& what, const std::string& got, const LineTest& same) {
@@ -342,7 +316,7 @@ class Session {
   }
 
   fs::path text_;
-  Folder folder_;
+  TemporaryFolder folder_;
   std::string input_;
   Outcome outcome_;
   bool status_checked_ = false;

@@ -24,30 +24,12 @@ constexpr std::string_view kAskMotions = "Enter an KINO format motions file ";
 constexpr std::string_view kAskSkip = "How many time steps to skip=> [40] ";
 constexpr std::string_view kLongScript = "READ run.out\nFOR i IN SEQ 1 20000 DO\n  WRITE_HISTORY MOT out.txt\nDONE\n";
 
-struct TerminalSession : testing::Test {  // a folder with one run file
-  std::string path = (fs::temp_directory_path() / "zaview-test-XXXXXX").string();
-  TerminalSession() {
-    EXPECT_NE(::mkdtemp(path.data()), nullptr);
-    fs::copy(ProjectFile("samples/regular_head.out"), fs::path(path) / "run.out");
-  }
-  ~TerminalSession() override { fs::remove_all(path); }
-  [[nodiscard]] std::string Text(std::string_view name) const {
-    std::ifstream file(fs::path(path) / name);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
+struct TerminalSession : testing::Test, TemporaryFolder {  // with one run file
+  TerminalSession() { fs::copy(ProjectFile("samples/regular_head.out"), Name("run.out")); }
 };
 
-int Program(std::vector<std::string> words) {
-  words.insert(words.begin(), "zaview");
-  std::vector<char*> arguments;
-  for (std::string& word : words) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  ::execv(TestedProgram().c_str(), arguments.data());
-  return 127;
-}
-
 TEST_F(TerminalSession, KeysAndInterrupts) {
-  PseudoTerminal t(path, [] { return Program({}); });
+  PseudoTerminal t(path, [] { return RunTestedProgram({}); });
   t.Answer("Hit RETURN to continue... ", "\r");
   t.Answer(kAskFile, "KIno\177\177NO\r");
   t.Answer(kAskMotions, "\003");  // gives this question up, not the program
@@ -63,11 +45,11 @@ TEST_F(TerminalSession, KeysAndInterrupts) {
   t.Answer("4", "\003");
   EXPECT_EQ(t.End(), 0);  // as QUIT there
   EXPECT_TRUE(t.LinesAreCooked());
-  EXPECT_EQ(Text("state/zaview/history"), "_HiStOrY_V2_\nKINO\nrun.out\n7\n");
+  EXPECT_EQ(FileBytes(Name("state/zaview/history")), "_HiStOrY_V2_\nKINO\nrun.out\n7\n");
 }
 
 TEST_F(TerminalSession, TwoInterruptsEndTheProgram) {
-  PseudoTerminal t(path, [] { return Program({}); });
+  PseudoTerminal t(path, [] { return RunTestedProgram({}); });
   t.Answer("Hit RETURN to continue... ", "\003");
   t.Answer(kAskFile, "\003");
   EXPECT_EQ(t.End(), -SIGINT);
@@ -76,12 +58,12 @@ TEST_F(TerminalSession, TwoInterruptsEndTheProgram) {
 
 // The file of the command that runs is finished; the next command doesn't start. With and without a terminal to read.
 TEST_F(TerminalSession, AnInterruptEndsAScriptBetweenCommands) {
-  std::ofstream(fs::path(path) / "s") << kLongScript << "WRITE_TEXT late late.txt\n";
+  std::ofstream(Name("s")) << kLongScript << "WRITE_TEXT late late.txt\n";
   for (const bool reads_terminal : {true, false}) {
-    fs::remove(fs::path(path) / "out.txt");
+    fs::remove(Name("out.txt"));
     PseudoTerminal t(path, [&] {
       if (!reads_terminal && std::freopen("/dev/null", "r", stdin) == nullptr) return 126;
-      return Program({"-script", "s"});
+      return RunTestedProgram({"-script", "s"});
     });
     t.Expect("written to file out.txt");
     t.Type("\003");
@@ -89,8 +71,8 @@ TEST_F(TerminalSession, AnInterruptEndsAScriptBetweenCommands) {
     t.Expect("at line 3 of s : WRITE_HISTORY MOT out.txt");
     t.Expect("Interrupted ZAVIEW script file : s");
     EXPECT_EQ(t.End(), -SIGINT);
-    EXPECT_FALSE(fs::exists(fs::path(path) / "late.txt"));
-    const std::string table = Text("out.txt");
+    EXPECT_FALSE(fs::exists(Name("late.txt")));
+    const std::string table = FileBytes(Name("out.txt"));
     EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 402);  // two lines ahead of 400 steps
     for (const auto& entry : fs::directory_iterator(path)) EXPECT_NE(entry.path().extension(), ".part") << entry.path();
   }
@@ -98,8 +80,8 @@ TEST_F(TerminalSession, AnInterruptEndsAScriptBetweenCommands) {
 
 // A script that goes over to the menu: the first Ctrl-C ends the script, one more the program.
 TEST_F(TerminalSession, AnInterruptedScriptLeavesTheMenu) {
-  std::ofstream(fs::path(path) / "s") << kLongScript;
-  PseudoTerminal t(path, [] { return Program({"-init_script", "s"}); });
+  std::ofstream(Name("s")) << kLongScript;
+  PseudoTerminal t(path, [] { return RunTestedProgram({"-init_script", "s"}); });
   t.Expect("written to file out.txt");
   t.Type("\003");
   t.Expect("ZAVIEW continuing...");

@@ -21,46 +21,32 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kMenu = "Select option=>", kQuantity = "Select =>", kHelp = "Hit the 'h' key for HELP";
 
-struct WindowSession : testing::Test {
-  std::string path = (fs::temp_directory_path() / "zaview-test-XXXXXX").string();
+struct WindowSession : testing::Test, TemporaryFolder {
   XServer server;
 
-  WindowSession() {
-    EXPECT_NE(::mkdtemp(path.data()), nullptr);
-    fs::copy(ProjectFile("samples/irregular_head.out"), fs::path(path) / "run.out");
-  }
-  ~WindowSession() override { fs::remove_all(path); }
+  WindowSession() { fs::copy(ProjectFile("samples/irregular_head.out"), Name("run.out")); }
   void SetUp() override {
     if (!server.Runs()) GTEST_SKIP() << "there is no Xvfb";
   }
 
   // What the child runs: the program, with its window on the server or, without a name, in memory.
   static int Program(const std::string& display, std::vector<std::string> words) {
-    words.insert(words.begin(), "zaview");
-    std::vector<char*> arguments;
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
     if (display.empty()) ::unsetenv("DISPLAY");
     else ::setenv("DISPLAY", display.c_str(), 1);
     ::setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
     ::setenv("GALLIUM_DRIVER", "llvmpipe", 1);
     ::setenv("LSAN_OPTIONS", ("print_suppressions=0:suppressions=" + ProjectFile("tests/e2e/lsan.supp")).c_str(),
              1);  // of the driver
-    ::execv(TestedProgram().c_str(), arguments.data());
-    return 127;
+    return RunTestedProgram(std::move(words));
   }
   [[nodiscard]] std::function<int()> Run(std::vector<std::string> words) const {
     return [name = server.Name(), words = std::move(words)] { return Program(name, words); };
   }
-  void Script(const std::string& name, std::string_view lines) const { std::ofstream(fs::path(path) / name) << lines; }
-  [[nodiscard]] std::string Bytes(const std::string& name) const {
-    std::ifstream file(fs::path(path) / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
+  void Script(const std::string& name, std::string_view lines) const { std::ofstream(Name(name)) << lines; }
   [[nodiscard]] std::string Size(const std::string& name) const {  // of a picture
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    if (png_image_begin_read_from_file(&image, (fs::path(path) / name).c_str()) == 0) return "no picture";
+    if (png_image_begin_read_from_file(&image, Name(name).c_str()) == 0) return "no picture";
     png_image_free(&image);
     return std::to_string(image.width) + "x" + std::to_string(image.height);
   }
@@ -89,7 +75,7 @@ TEST_F(WindowSession, MenuScriptAndViewsTakeTurns) {
   for (const Over over : {Over::plain_line, Over::terminal}) {
     for (const bool covered : {false, true}) {
       SCOPED_TRACE(covered);
-      fs::remove(fs::path(path) / "one.png");
+      fs::remove(Name("one.png"));
       XServer own;
       PseudoTerminal t(
           path, [&] { return Program(own.Name(), {"run.out"}); }, over);
@@ -122,8 +108,8 @@ TEST_F(WindowSession, PicturesAreThoseOfAMachineWithoutADisplay) {
     EXPECT_EQ(t.End(), 0) << t.Screen();
   }
   for (const char* end : {".png", ".bmp", ".gif"}) {
-    EXPECT_GT(Bytes(std::string("shown") + end).size(), 1000U);
-    EXPECT_EQ(Bytes(std::string("shown") + end), Bytes(std::string("memory") + end)) << end;
+    EXPECT_GT(FileBytes(Name(std::string("shown") + end)).size(), 1000U);
+    EXPECT_EQ(FileBytes(Name(std::string("shown") + end)), FileBytes(Name(std::string("memory") + end))) << end;
   }
 }
 
@@ -202,7 +188,7 @@ TEST_F(WindowSession, PlotsOnAServerThatStartsAfresh) {
   for (int i = 0; i < 20; ++i) {
     PseudoTerminal t(path, [&] { return Program(own.Name(), {"run.out", "-command", "PLOT_HISTORY MOT 3 a.png"}); });
     ASSERT_EQ(t.End(), 0) << t.Screen();
-    EXPECT_TRUE(fs::remove(fs::path(path) / "a.png"));
+    EXPECT_TRUE(fs::remove(Name("a.png")));
   }
 }
 

@@ -8,15 +8,12 @@
 
 #include <gtest/gtest.h>
 
+#include "project_places.h"
+
 namespace zaview {
 namespace {
 
-struct PlatformPosix : testing::Test {  // with a folder of its own
-  std::string path = (std::filesystem::temp_directory_path() / "zaview-test-XXXXXX").string();
-  PlatformPosix() { EXPECT_NE(::mkdtemp(path.data()), nullptr); }
-  ~PlatformPosix() override { std::filesystem::remove_all(path); }
-  [[nodiscard]] std::string Name(std::string_view name) const { return path + "/" + std::string(name); }
-};
+struct PlatformPosix : testing::Test, TemporaryFolder {};
 
 TEST_F(PlatformPosix, LinesGoThrough) {
   const std::string long_line(10'000, 'x');  // cut, and the next line is whole
@@ -32,9 +29,7 @@ TEST_F(PlatformPosix, LinesGoThrough) {
     p.exit(p.self, 7);
   };
   EXPECT_EXIT(echo(), testing::ExitedWithCode(7), "");
-  std::string output;
-  std::getline(std::ifstream(Name("out")), output, '\0');
-  EXPECT_EQ(output, "<a>\n<>\n<" + long_line.substr(0, 4096) + ">\n<last>\nlast");
+  EXPECT_EQ(FileBytes(Name("out")), "<a>\n<>\n<" + long_line.substr(0, 4096) + ">\n<last>\nlast");
 }
 
 TEST_F(PlatformPosix, LostConsoleEndsTheRunAndLeavesNoTemporary) {

@@ -10,6 +10,7 @@
 
 #include "base/line_editor.h"
 #include "base/platform_posix.h"
+#include "project_places.h"
 #include "pseudo_terminal.h"
 
 namespace zaview {
@@ -17,12 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct TerminalLines : testing::Test {  // with a folder of its own
-  std::string path = (fs::temp_directory_path() / "zaview-test-XXXXXX").string();
-  TerminalLines() { EXPECT_NE(::mkdtemp(path.data()), nullptr); }
-  ~TerminalLines() override { fs::remove_all(path); }
-  [[nodiscard]] fs::path Name(std::string_view name) const { return fs::path(path) / name; }
-};
+struct TerminalLines : testing::Test, TemporaryFolder {};
 
 // Asks until the input ends and shows each answer; an interrupted question is told.
 int Echo() {
@@ -84,8 +80,8 @@ TEST_F(TerminalLines, HistoryOutlivesTheRun) {
   for (int i = 0; i < 3000; ++i) many << "l" << i << '\n';
   many.close();
   run(kUp + "\r", "l2999");
-  std::ifstream kept(Name("state/zaview/history"));
-  EXPECT_EQ(std::count(std::istreambuf_iterator<char>(kept), {}, '\n'), 1 + kHistoryLines);
+  const std::string kept = FileBytes(Name("state/zaview/history"));
+  EXPECT_EQ(std::count(kept.begin(), kept.end(), '\n'), 1 + kHistoryLines);
   for (const bool pipe : {true, false}) {  // no history, but no harm: a pipe nobody reads, a text of something else
     fs::remove(Name("state/zaview/history"));
     if (pipe) EXPECT_EQ(::mkfifo(Name("state/zaview/history").c_str(), 0600), 0);
@@ -103,15 +99,13 @@ TEST_F(TerminalLines, TabCompletesNames) {
   fs::create_directory(Name("folder"));
   std::ofstream(Name("folder/inner.geo")) << 1;
   PseudoTerminal t(path, Echo);
+  // clang-format off
   const std::pair<std::string, std::string> cases[] = {
-      {"reg\th\t\r", "regular_head.out"},
-      {"ZAVO:fo\tin\t\r", "ZAVO:folder/inner.geo"},
-      {"a\t APPEND\r", "a b.txt APPEND"},
-      {"a b\t\r", "a b.txt"},
-      {"x re\tb\t\r", "x regular_beam.out"},
-      {".h\t\r", ".hidden"},
-      {"none\t\r", "none"},
+      {"reg\th\t\r", "regular_head.out"}, {"ZAVO:fo\tin\t\r", "ZAVO:folder/inner.geo"},
+      {"a\t APPEND\r", "a b.txt APPEND"}, {"a b\t\r", "a b.txt"}, {"x re\tb\t\r", "x regular_beam.out"},
+      {".h\t\r", ".hidden"}, {"none\t\r", "none"},
   };
+  // clang-format on
   for (const auto& [keys, line] : cases) {
     t.Answer("ask [5] ", keys);
     t.Expect("<" + line + ">");

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,6 +10,7 @@
 
 #include "base/platform_posix.h"
 #include "fake_platform.h"
+#include "project_places.h"
 
 namespace zaview {
 namespace {
@@ -88,19 +88,14 @@ TEST(OutputFile, NothingShowsBeforeTheEnd) {
 }
 
 TEST(OutputFile, RealFilesKeepModesLinksAndPipes) {
-  std::string path = (std::filesystem::temp_directory_path() / "zaview-test-XXXXXX").string();
-  ASSERT_NE(::mkdtemp(path.data()), nullptr);
+  const TemporaryFolder folder;
+  const std::string& path = folder.path;
   const Platform platform = PosixPlatform();
   const auto write = [&](const std::string& name, OpenHow how, std::string_view text) {
     OutputFile out;
     if (!OpenOutput(platform, name, how, out)) return false;
     WriteOutput(out, text);
     return CloseOutput(out);
-  };
-  const auto bytes = [](const std::string& name) {
-    std::string text;
-    std::getline(std::ifstream(name), text, '\0');
-    return text;
   };
   ASSERT_TRUE(write(path + "/t", OpenHow::replace, "one\n"));
   ::chmod((path + "/t").c_str(), 0600);
@@ -109,7 +104,7 @@ TEST(OutputFile, RealFilesKeepModesLinksAndPipes) {
   ASSERT_TRUE(write(path + "/link", OpenHow::replace, "two\n"));
   ASSERT_TRUE(write(path + "/link", OpenHow::append, "three\n"));
   ASSERT_TRUE(write(path + "/dangling", OpenHow::replace, "four\n"));
-  EXPECT_EQ(bytes(path + "/t") + bytes(path + "/later"), "two\nthree\nfour\n");
+  EXPECT_EQ(FileBytes(path + "/t") + FileBytes(path + "/later"), "two\nthree\nfour\n");
   for (const char* name : {"/link", "/dangling"}) EXPECT_TRUE(std::filesystem::is_symlink(path + name));
   struct stat facts {};
   ::stat((path + "/t").c_str(), &facts);
@@ -126,7 +121,6 @@ TEST(OutputFile, RealFilesKeepModesLinksAndPipes) {
   EXPECT_EQ(::read(reader, got, sizeof got), 8);
   ::close(reader);
   EXPECT_TRUE(std::filesystem::is_fifo(path + "/pipe"));
-  std::filesystem::remove_all(path);
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 // The reference: what a user can name has an entry with a meaning, by topic and by a command's name.
 #include "frame/reference.h"
 
-#include <fstream>
-#include <iterator>
-
 #include <gtest/gtest.h>
 
 #include "fake_platform.h"
@@ -50,10 +47,9 @@ TEST(Reference, Help) {
 // The files in the tree are what the tables make of them now.
 TEST(Reference, DISABLED_FilesAreUpToDate) {
   for (const ReferenceFile& file : ReferenceFiles()) {
-    std::ifstream in(ProjectFile(std::string(file.name)), std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(in), {}};
-    EXPECT_TRUE(text == file.text()) << file.name << " is not what the tables say now; make it anew with\n"
-                                     << "cmake --build --preset debug --target reference";
+    EXPECT_TRUE(FileBytes(ProjectFile(std::string(file.name))) == file.text())
+        << file.name << " is not what the tables say now; make it anew with\n"
+        << "cmake --build --preset debug --target reference";
   }
 }
 

@@ -3,8 +3,6 @@
 #include "frame/text_menu.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -22,10 +20,7 @@ struct MenuSession {
   std::size_t files = 0;
 
   MenuSession() {
-    for (const char* const name : {"sea_1.out", "sea_2.out", "sea_3.out"}) {
-      std::ifstream in(ProjectFile("samples/") + name, std::ios::binary);
-      fake.Put(name, {std::istreambuf_iterator<char>(in), {}});
-    }
+    for (const char* const name : {"sea_1.out", "sea_2.out", "sea_3.out"}) fake.Put(name, SampleBytes(name));
     fake.Put("s", "READ *.out\n");
     session.platform = fake.Get();
     EXPECT_EQ(OpenScriptFile(session, "s"), kScriptOk);

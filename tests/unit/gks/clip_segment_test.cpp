@@ -13,25 +13,19 @@ constexpr GksRectangle kWindow{0, 10, 0, 10};
 
 TEST(ClipSegment, FindsThePartInsideAndTheEdgesCrossed) {
   using enum WindowEdge;
-  const struct {
-    GksPoint a, b;
-    bool visible;
-    GksPoint from, to;
-    WindowEdge in, out;
-  } cases[] = {
-      {{1, 1}, {9, 2}, true, {1, 1}, {9, 2}, none, none},
-      {{-5, 5}, {5, 5}, true, {0, 5}, {5, 5}, left, none},
+  // clang-format off
+  const struct { GksPoint a, b; bool visible; GksPoint from, to; WindowEdge in, out; } cases[] = {
+      {{1, 1}, {9, 2}, true, {1, 1}, {9, 2}, none, none}, {{-5, 5}, {5, 5}, true, {0, 5}, {5, 5}, left, none},
       {{5, 5}, {5, 20}, true, {5, 5}, {5, 10}, none, top},
       {{-10, 0}, {30, 20}, true, {0, 5}, {10, 10}, left, top},  // through a corner: the last edge met
       {{15, 2}, {-5, 4}, true, {10, 2.5F}, {0, 3.5F}, right, left},
-      {{-1, 1}, {1, -3}, false, {}, {}, none, none},       // cuts the corner off outside
-      {{11, 0}, {11, 9}, false, {}, {}, none, none},       // beside, parallel
+      {{-1, 1}, {1, -3}, false, {}, {}, none, none},  // cuts the corner off outside
+      {{11, 0}, {11, 9}, false, {}, {}, none, none},  // beside, parallel
       {{0, 2}, {0, 8}, true, {0, 2}, {0, 8}, none, none},  // on the edge
-      {{10, 5}, {15, 5}, true, {10, 5}, {10, 5}, none, right},
-      {{3, 3}, {3, 3}, true, {3, 3}, {3, 3}, none, none},
-      {{NAN, 3}, {3, 3}, false, {}, {}, none, none},
-      {{3, 3}, {INFINITY, 3}, false, {}, {}, none, none},
+      {{10, 5}, {15, 5}, true, {10, 5}, {10, 5}, none, right}, {{3, 3}, {3, 3}, true, {3, 3}, {3, 3}, none, none},
+      {{NAN, 3}, {3, 3}, false, {}, {}, none, none}, {{3, 3}, {INFINITY, 3}, false, {}, {}, none, none},
   };
+  // clang-format on
   for (const auto& c : cases) {
     const ClippedSegment part = CLIPSEG(kWindow, c.a, c.b);
     ASSERT_EQ(part.visible, c.visible) << c.a.x << " " << c.a.y;
@@ -99,20 +93,16 @@ TEST(ClipPolygon, HasTheAreaOfAnyConvexPolygonInTheWindow) {
 }
 
 TEST(ClipPolygon, FollowsTheWindowBetweenExitAndReturn) {
-  const struct {
-    std::vector<GksPoint> p;
-    double area;
-  } cases[] = {
+  // clang-format off
+  const struct { std::vector<GksPoint> p; double area; } cases[] = {
       {{{2, 2}, {14, 2}, {14, 4}, {2, 4}}, 16},  // out and back by one edge, no corner
-      {{{-5, -5}, {15, -5}, {15, 4}, {5, 4}, {5, 6}, {15, 6}, {15, 15}, {-5, 15}},
-       90},                                         // a notch of 5 by 2: four corners
+      // a notch of 5 by 2: four corners
+      {{{-5, -5}, {15, -5}, {15, 4}, {5, 4}, {5, 6}, {15, 6}, {15, 15}, {-5, 15}}, 90},
       {{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, 100},  // the window itself
       {{{10, 0}, {20, 0}, {20, 10}, {10, 10}}, 0},  // touches it
-      {{{2, 2}, {2, 2}, {2, 2}}, 0},
-      {{{1, 1}, {9, 9}}, 0},
-      {{}, 0},
-      {{{-5, -5}, {15, -5}, {15, 15}, {NAN, 15}}, 0},
+      {{{2, 2}, {2, 2}, {2, 2}}, 0}, {{{1, 1}, {9, 9}}, 0}, {{}, 0}, {{{-5, -5}, {15, -5}, {15, 15}, {NAN, 15}}, 0},
   };
+  // clang-format on
   for (const auto& c : cases) {
     EXPECT_NEAR(ClippedArea(c.p), c.area, 1e-4);
     EXPECT_NEAR(ClippedArea({c.p.rbegin(), c.p.rend()}), c.area, 1e-4);

@@ -18,6 +18,11 @@
 
 namespace zaview {
 
+inline void UseSoftwareDriver() {
+  setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
+  setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+}
+
 struct Box {
   int left = 1000000, right = -1, top = 1000000, bottom = -1;  // pixels, y down, ends included
   int count = 0;                                               // of lit pixels in it
@@ -27,34 +32,69 @@ struct Box {
   [[nodiscard]] int height() const { return bottom - top + 1; }
 };
 
-// Pixels are those of one driver on every machine.
-inline void UseSoftwareDriver() {
-  setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
-  setenv("GALLIUM_DRIVER", "llvmpipe", 1);
+// A window of the kernel without a display. Pixels are those of one driver on every machine.
+inline void OpenWindow(OffscreenWindows* windows, Platform& platform, GksState& gks, int width, int height) {
+  UseSoftwareDriver();
+  platform.window = OffscreenWindowSystem(windows);
+  std::string why;
+  EXPECT_TRUE(platform.window.start(platform.window.self, {}, why)) << why;
+  gks.window.width = width;
+  gks.window.height = height;
+  gks.window.id = platform.window.create_window(platform.window.self, "test", 0, 0, width, height);
+  gksSetReverse(gks, false);
 }
+
+struct Picture {  // of a window, as it was read
+  int width = 0, height = 0;
+  std::vector<unsigned char> rgb;
+
+  void Read(const Platform& platform, const GksState& gks) {
+    width = gks.window.width;
+    height = gks.window.height;
+    rgb.assign(static_cast<std::size_t>(width * height) * 3, 0);
+    EXPECT_TRUE(platform.window.read_picture(platform.window.self, width, height, rgb.data()));
+  }
+  [[nodiscard]] unsigned At(int x, int y) const {  // 0xRRGGBB, y down
+    const auto i = static_cast<std::size_t>((height - 1 - y) * width + x) * 3;
+    return static_cast<unsigned>(rgb[i]) << 16U | static_cast<unsigned>(rgb[i + 1]) << 8U | rgb[i + 2];
+  }
+  // Of the pixels that `strength`, of a colour, is above 0 for.
+  template <typename Strength>
+  [[nodiscard]] Box BoxOf(Strength strength) const {
+    Box box;
+    for (int y = 0; y < height; ++y) {
+      for (int x = 0; x < width; ++x) {
+        const double ink = strength(At(x, y));
+        if (ink <= 0) continue;
+        box.left = std::min(box.left, x);
+        box.right = std::max(box.right, x);
+        box.top = std::min(box.top, y);
+        box.bottom = std::max(box.bottom, y);
+        box.x += x * ink;
+        box.y += y * ink;
+        box.ink += ink;
+        ++box.count;
+      }
+    }
+    if (box.count > 0) box.x /= box.ink, box.y /= box.ink;
+    return box;
+  }
+};
 
 enum class By : unsigned char { image, opengl };
 inline constexpr By kBoth[] = {By::image, By::opengl};
 
 // White on black, world units are pixels with y up, until a test says otherwise.
-struct Drawing {
+struct Drawing : Picture {
   FakePlatform fake;
   OffscreenWindows* windows = MakeOffscreenWindows();
   Platform platform;
   GksState gks;
-  std::vector<unsigned char> rgb;
   By by;
 
   Drawing(int width, int height, By painter = By::image) : by(painter) {
-    UseSoftwareDriver();
     platform = fake.Get();
-    platform.window = OffscreenWindowSystem(windows);
-    std::string why;
-    EXPECT_TRUE(platform.window.start(platform.window.self, {}, why)) << why;
-    gks.window.width = width;
-    gks.window.height = height;
-    gks.window.id = platform.window.create_window(platform.window.self, "test", 0, 0, width, height);
-    gksSetReverse(gks, false);
+    OpenWindow(windows, platform, gks, width, height);
     Clear();
   }
   Drawing(const Drawing&) = delete;
@@ -77,34 +117,14 @@ struct Drawing {
 
   void Read() {
     GUWK(platform.window, gks);
-    rgb.assign(static_cast<std::size_t>(gks.window.width * gks.window.height) * 3, 0);
-    EXPECT_TRUE(platform.window.read_picture(platform.window.self, gks.window.width, gks.window.height, rgb.data()));
-  }
-  [[nodiscard]] unsigned At(int x, int y) const {  // 0xRRGGBB, y down
-    const auto i = static_cast<std::size_t>((gks.window.height - 1 - y) * gks.window.width + x) * 3;
-    return static_cast<unsigned>(rgb[i]) << 16U | static_cast<unsigned>(rgb[i + 1]) << 8U | rgb[i + 2];
+    Picture::Read(platform, gks);
   }
   Box Lit() {  // all that has not the colour of the paper
     Read();
-    const unsigned paper = gks.window.reverse_video ? 0xFFFFFF : 0;
-    Box box;
-    for (int y = 0; y < gks.window.height; ++y) {
-      for (int x = 0; x < gks.window.width; ++x) {
-        if (At(x, y) == paper) continue;
-        box.left = std::min(box.left, x);
-        box.right = std::max(box.right, x);
-        box.top = std::min(box.top, y);
-        box.bottom = std::max(box.bottom, y);
-        const unsigned apart = At(x, y) ^ paper;  // exact where either is black or white
-        const double strength = std::max({apart >> 16U, apart >> 8U & 0xFFU, apart & 0xFFU}) / 255.0;
-        box.x += x * strength;
-        box.y += y * strength;
-        box.ink += strength;
-        ++box.count;
-      }
-    }
-    if (box.count > 0) box.x /= box.ink, box.y /= box.ink;
-    return box;
+    return BoxOf([paper = gks.window.reverse_video ? 0xFFFFFFU : 0U](unsigned colour) {
+      const unsigned apart = colour ^ paper;  // exact where either is black or white
+      return std::max({apart >> 16U, apart >> 8U & 0xFFU, apart & 0xFFU}) / 255.0;
+    });
   }
 };
 

@@ -94,17 +94,15 @@ TEST(Polyline, IsEmptyOfPointsThatAreNoNumbers) {
 }
 
 TEST(Fill, CoversItsAreaInsideTheWindow) {
-  const struct {
-    std::vector<float> x, y;
-    double area;  // pixels; a unit square of the graph is 10 x 5
-  } cases[] = {
-      {{2, 8, 8, 2}, {2, 2, 8, 8}, 36 * 50},
-      {{-5, 5, 5, -5}, {-5, -5, 5, 5}, 25 * 50},                          // one corner
-      {{5, 25, 5}, {-5, 5, 15}, 50 * 50},                                 // two corners
-      {{-90, 90, 0}, {-40, -40, 120}, 100 * 50},                          // all of the window, no edge in it
-      {{20, 30, 30}, {5, 2, 8}, 0},                                       // beside it
+  // clang-format off
+  const struct { std::vector<float> x, y; double area; } cases[] = {  // pixels; a unit square of the graph is 10 x 5
+      {{2, 8, 8, 2}, {2, 2, 8, 8}, 36 * 50}, {{-5, 5, 5, -5}, {-5, -5, 5, 5}, 25 * 50},  // one corner
+      {{5, 25, 5}, {-5, 5, 15}, 50 * 50},  // two corners
+      {{-90, 90, 0}, {-40, -40, 120}, 100 * 50},  // all of the window, no edge in it
+      {{20, 30, 30}, {5, 2, 8}, 0},  // beside it
       {{-2, 5, 12, 5}, {5, 12, 5, -2}, 0.5 * 14 * 14 * 50 - 4 * 4 * 50},  // a diamond loses four tips of 2 by 4
   };
+  // clang-format on
   for (const By by : kBoth) {
     Drawing d(200, 100, by);
     for (const auto& c : cases) {
@@ -143,31 +141,15 @@ TEST(Fill, OfPolygonsThatAreNotConvex) {
 
 TEST(Marker, IsSquareInPixelsAndHasItsShape) {
   constexpr double pi = std::numbers::pi, r = 20, root = std::numbers::sqrt2, wedge = 2 + 2 * 2.236068;
-  const struct {
-    int type;
-    double ink, down;  // length of the lines or area; centre below the marker's
-  } cases[] = {
-      {0, 8 * r, 0},
-      {1, 2 * pi * r, 0},
-      {2, wedge * r, 6.667},
-      {3, 4 * r, 0},
-      {4, 4 * root * r, 0},
-      {5, 4 * root * r, 0},
-      {6, wedge * r, -6.667},
-      {7, (8 + 4 * root) * r, 0},
-      {8, (4 + 4 * root) * r, 0},
-      {9, (4 + 4 * root) * r, 0},
-      {11, 2 * wedge * r, 0},
-      {12, 8 * r, 0},
-      {15, pi * r * r, 0},
-      {16, 2 * r * r, r / 3},
-      {17, 2 * r * r, -r / 3},
-      {18, 4 * r * r, 0},
-      {19, 2 * r, 0},
-      {20, 2 * r, 0},
-      {21, 2 * r * r, 0},
+  // clang-format off
+  const struct { int type; double ink, down; } cases[] = {  // ink: of its lines or area; down: of its centre
+      {0, 8 * r, 0}, {1, 2 * pi * r, 0}, {2, wedge * r, 6.667}, {3, 4 * r, 0}, {4, 4 * root * r, 0},
+      {5, 4 * root * r, 0}, {6, wedge * r, -6.667}, {7, (8 + 4 * root) * r, 0}, {8, (4 + 4 * root) * r, 0},
+      {9, (4 + 4 * root) * r, 0}, {11, 2 * wedge * r, 0}, {12, 8 * r, 0}, {15, pi * r * r, 0}, {16, 2 * r * r, r / 3},
+      {17, 2 * r * r, -r / 3}, {18, 4 * r * r, 0}, {19, 2 * r, 0}, {20, 2 * r, 0}, {21, 2 * r * r, 0},
       {22 + 18, 4 * r * r, 0},
   };
+  // clang-format on
   Drawing d(300, 100);
   for (const auto& c : cases) {
     d.Clear();

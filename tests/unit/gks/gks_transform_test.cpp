@@ -42,15 +42,12 @@ TEST(Transform, WorldGoesToPixelsWithYDown) {
 }
 
 TEST(Transform, WorkstationWindowKeepsItsAspect) {
-  const struct {
-    GksRectangle window;
-    bool good;
-    float width, height;
-  } cases[] = {{{0, 1, 0, 0.5F}, true, 500, 250},
-               {{0, 0.5F, 0, 1}, true, 200, 400},
-               {{0, 1, 0, 1}, true, 400, 400},
-               {{1, 0, 1, 0}, false, 400, 400},
-               {{0, 0, 0, 0}, false, 400, 400}};
+  // clang-format off
+  const struct { GksRectangle window; bool good; float width, height; } cases[] = {
+      {{0, 1, 0, 0.5F}, true, 500, 250}, {{0, 0.5F, 0, 1}, true, 200, 400}, {{0, 1, 0, 1}, true, 400, 400},
+      {{1, 0, 1, 0}, false, 400, 400}, {{0, 0, 0, 0}, false, 400, 400},
+  };
+  // clang-format on
   for (const auto& c : cases) {
     GksState gks = OpenGks(500, 400);
     EXPECT_EQ(GSWKWN(gks, c.window), c.good);

@@ -163,17 +163,12 @@ TEST(PlotPage, HeadingsFit) {
 }
 
 TEST(PlotPage, Curves) {
-  const struct {
-    std::size_t n;
-    int mode, marks;
-    bool line;
-  } cases[] = {{10, -3, 4, false},
-               {9, -3, 4, false},
-               {10, 1, 10, true},
-               {10, 0, 0, true},
-               {1, 2, 1, false},
-               {0, 1, 0, false},
-               {4, std::numeric_limits<int>::min(), 2, false}};
+  // clang-format off
+  const struct { std::size_t n; int mode, marks; bool line; } cases[] = {
+      {10, -3, 4, false}, {9, -3, 4, false}, {10, 1, 10, true}, {10, 0, 0, true}, {1, 2, 1, false}, {0, 1, 0, false},
+      {4, std::numeric_limits<int>::min(), 2, false},
+  };
+  // clang-format on
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.n << ' ' << c.mode);
     Plot plot;

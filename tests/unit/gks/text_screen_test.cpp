@@ -12,27 +12,21 @@ constexpr int kEnter = 13, kEscape = 27, kBackspace = 8, kDelete = 127;
 
 TEST(TextScreen, TakesWhatItsModeAllows) {
   using enum ScreenMode;
-  const struct {
-    ScreenMode mode;
-    std::vector<int> keys;
-    const char *told, *typed;
-    bool open;  // still
-  } cases[] = {
+  // clang-format off
+  const struct { ScreenMode mode; std::vector<int> keys; const char *told, *typed; bool open; } cases[] = {  // open: still
       {free, {'a', ' ', 'q', kKeyLeft, 5, 200}, "", "a q", true},
-      {free, {'a', 'b', ' ', kEnter}, "answer 'ab'; ", "", false},
-      {free, {kEnter}, "answer ''; ", "", false},
+      {free, {'a', 'b', ' ', kEnter}, "answer 'ab'; ", "", false}, {free, {kEnter}, "answer ''; ", "", false},
       {free, {'a', kEscape}, "answer ''; ", "", false},
       {free, {kDelete, 'a', 'b', kBackspace, 'c', kDelete}, "", "a", true},
       {integer, {'-', '1', '.', 'e', '2', '+', ' ', 'x'}, "", "-12+ ", true},
       {real, {'-', '1', '.', 'e', '2', 'E', 'x', kEnter}, "answer '-1.e2E'; ", "", false},
       {one_key, {kKeyF1, kKeyPageUp, 'y', 'z'}, "answer 'y'; key 122; ", "", false},
-      {text, {'q', 'x'}, "key 113; key 120; ", "", false},
-      {text, {kBackspace}, "key 8; ", "", false},
+      {text, {'q', 'x'}, "key 113; key 120; ", "", false}, {text, {kBackspace}, "key 8; ", "", false},
       {text, {kKeyLeft}, "key 65361; ", "", false},
-      {text, {kKeyPageDown, kKeyPageUp, kEscape}, "answer ''; ", "", false},
-      {text, {kEnter}, "answer ''; ", "", false},
+      {text, {kKeyPageDown, kKeyPageUp, kEscape}, "answer ''; ", "", false}, {text, {kEnter}, "answer ''; ", "", false},
       {plot, {kEnter, kEscape}, "key 13; key 27; ", "", false},
   };
+  // clang-format on
   for (const auto& c : cases) {
     Drawing d(500, 400);
     std::string told;

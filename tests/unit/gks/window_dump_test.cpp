@@ -107,11 +107,8 @@ TEST(PictureFile, LeavesTheOldFileWhereItFails) {
 }
 
 TEST(WindowDump, NamesTheFileByOptionAndOrder) {
-  const struct {
-    const char* order;
-    int option;
-    const char *written, *magic, *said;
-  } cases[] = {
+  // clang-format off
+  const struct { const char* order; int option; const char *written, *magic, *said; } cases[] = {
       {"", -1, "dump0001.png", "\x89PNG", "DumpWindow - Writing PNG file dump0001.png\n"},
       {"", 6, "dump0003.png", "\x89PNG", "DumpWindow - Writing PNG file dump0003.png\n"},  // the gap; 2 is there
       {"", 6, "dump0004.png", "\x89PNG", "DumpWindow - Writing PNG file dump0004.png\n"},
@@ -126,6 +123,7 @@ TEST(WindowDump, NamesTheFileByOptionAndOrder) {
       {"", 7, "", "", "LOGIC error - Illegal Dump_Option=7 in GKSDUMP\n"},
       {"no/x.bmp", 6, "", "", "DumpWindow - ppm2gif gl.png no/x.bmp\nERROR - Picture can't be written : no/x.bmp\n"},
   };
+  // clang-format on
   Drawing d(20, 10);
   d.fake.Put("dump0002.png", "here");
   for (const auto& c : cases) {

@@ -1,8 +1,6 @@
 // A script on a small case in memory, and what it says.
 #pragma once
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -16,11 +14,6 @@ namespace zaview {
 
 inline void FillHistory(StepHistory& history, std::size_t components, std::size_t steps) {
   history.component.assign(components, std::vector<float>(steps, 1.0F));
-}
-
-inline std::string SampleBytes(const std::string& name) {
-  std::ifstream in(ProjectFile("samples/") + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 // 100 steps, no cuts.

@@ -21,17 +21,15 @@ struct Words {
 };
 
 TEST(ScriptWords, Words) {
-  const struct {
-    const char* fault;
-    std::vector<std::string> lines, words;
-    bool warned;
-  } cases[] = {
+  // clang-format off
+  const struct { const char* fault; std::vector<std::string> lines, words; bool warned; } cases[] = {
       {"next line not taken", {"a\tb", "", "  c"}, {"a", "b", "c", ""}, false},
       {"quotes not dropped", {"\"a b\"'c\"'d\"e"}, {"a b", "c\"", "d\"e"}, false},
       {"an empty pair is passed over", {"\"\" x"}, {"", "x"}, false},
       {"a quote goes on to the next line", {"x \"a b ", "c\""}, {"x", "a b", "c\""}, true},
       {"a quote at the end", {"'"}, {"", ""}, true},
   };
+  // clang-format on
   for (const auto& c : cases) {
     Words words(c.lines);
     for (const std::string& expected : c.words) EXPECT_EQ(NextScriptWord(words.scanner, 80), expected) << c.fault;
@@ -42,6 +40,7 @@ TEST(ScriptWords, Words) {
 }
 
 TEST(ScriptWords, Reals) {
+  // clang-format off
   const struct {
     const char* fault;
     std::vector<std::string> lines;
@@ -50,16 +49,13 @@ TEST(ScriptWords, Reals) {
     std::vector<float> values;
   } cases[] = {
       {"exponent letters", {"1e2 1E2 1d2 1D+2 -.5"}, 5, true, {100, 100, 100, 100, -0.5F}},
-      {"more lines", {"1", "", "2 3"}, 2, true, {1, 2}},
-      {"the end", {"1"}, 2, false, {1}},
-      {"unit behind a number", {"3m"}, 1, false, {}},
-      {"a comma", {"1,2"}, 1, false, {}},
-      {"no value", {"Inf"}, 1, false, {}},
-      {"beyond the range", {"1e99"}, 1, false, {}},
-      {"this line alone", {"1", "2"}, -2, true, {1}},
-      {"none at all", {" ", "2"}, -2, true, {}},
+      {"more lines", {"1", "", "2 3"}, 2, true, {1, 2}}, {"the end", {"1"}, 2, false, {1}},
+      {"unit behind a number", {"3m"}, 1, false, {}}, {"a comma", {"1,2"}, 1, false, {}},
+      {"no value", {"Inf"}, 1, false, {}}, {"beyond the range", {"1e99"}, 1, false, {}},
+      {"this line alone", {"1", "2"}, -2, true, {1}}, {"none at all", {" ", "2"}, -2, true, {}},
       {"a bad one on the line", {"1 x"}, -2, false, {1}},
   };
+  // clang-format on
   for (const auto& c : cases) {
     Words words(c.lines);
     words.scanner.line = words.lines[0].text;

@@ -61,42 +61,26 @@ template <float PlotLimits::*limit>
 float Limit(const Session& s) {
   return s.data_plot.axes.limits.*limit;
 }
+// clang-format off
 constexpr Field kFields[] = {
-    {"axis", Of<&DataPlotState::axis_option>},
-    {"colour", Of<&DataPlotState::colour_on>},
-    {"bars", Of<&DataPlotState::hist_rendering>},
-    {"annot", Of<&DataPlotState::annot_size>},
-    {"text", Of<&DataPlotState::text_size>},
-    {"size", Of<&DataPlotState::mark_size>},
-    {"grid", Of<&DataPlotState::grid_on>},
-    {"numbers", Of<&DataPlotState::numbers_on>},
-    {"values", Of<&DataPlotState::values_in_legend>},
-    {"times", Of<&DataPlotState::time_labels_on>},
-    {"ship", Of<&DataPlotState::show_ship>},
-    {"mark", Of<&DataPlotState::mark_every>},
-    {"base", Of<&DataPlotState::mark_base>},
-    {"thick", Of<&DataPlotState::line_thickness>},
-    {"mode", Of<&DataPlotState::plot_text_mode>},
-    {"stats", Of<&DataPlotState::show_stats>},
-    {"place", Of<&DataPlotState::stats_at>},
-    {"scale", Of<&DataPlotState::geometry_scale>},
-    {"every", Of<&DataPlotState::geometry_every>},
-    {"component", Of<&DataPlotState::plot_component>},
-    {"statistic", Of<&DataPlotState::statistic>},
-    {"wave", Of<&DataPlotState::wave_overlay>},
-    {"own", Of<&DataPlotState::wave_own_scale>},
-    {"aspect", Of<&DataPlotState::keep_aspect>},
-    {"by_step", Of<&DataPlotState::x_axis_by_index>},
-    {"kind", Of<&DataPlotState::kind>},
+    {"axis", Of<&DataPlotState::axis_option>}, {"colour", Of<&DataPlotState::colour_on>},
+    {"bars", Of<&DataPlotState::hist_rendering>}, {"annot", Of<&DataPlotState::annot_size>},
+    {"text", Of<&DataPlotState::text_size>}, {"size", Of<&DataPlotState::mark_size>},
+    {"grid", Of<&DataPlotState::grid_on>}, {"numbers", Of<&DataPlotState::numbers_on>},
+    {"values", Of<&DataPlotState::values_in_legend>}, {"times", Of<&DataPlotState::time_labels_on>},
+    {"ship", Of<&DataPlotState::show_ship>}, {"mark", Of<&DataPlotState::mark_every>},
+    {"base", Of<&DataPlotState::mark_base>}, {"thick", Of<&DataPlotState::line_thickness>},
+    {"mode", Of<&DataPlotState::plot_text_mode>}, {"stats", Of<&DataPlotState::show_stats>},
+    {"place", Of<&DataPlotState::stats_at>}, {"scale", Of<&DataPlotState::geometry_scale>},
+    {"every", Of<&DataPlotState::geometry_every>}, {"component", Of<&DataPlotState::plot_component>},
+    {"statistic", Of<&DataPlotState::statistic>}, {"wave", Of<&DataPlotState::wave_overlay>},
+    {"own", Of<&DataPlotState::wave_own_scale>}, {"aspect", Of<&DataPlotState::keep_aspect>},
+    {"by_step", Of<&DataPlotState::x_axis_by_index>}, {"kind", Of<&DataPlotState::kind>},
     {"quantity", [](const Session& s) { return static_cast<float>(s.data_plot.quantity.iqnt); }},
     {"hidden3", [](const Session& s) { return static_cast<float>(s.data_plot.hidden[2]); }},
     {"use", [](const Session& s) { return static_cast<float>(s.data_plot.axes.use); }},
-    {"x0", Limit<&PlotLimits::x_min>},
-    {"dx", Limit<&PlotLimits::x_step>},
-    {"x1", Limit<&PlotLimits::x_max>},
-    {"y0", Limit<&PlotLimits::y_min>},
-    {"dy", Limit<&PlotLimits::y_step>},
-    {"y1", Limit<&PlotLimits::y_max>},
+    {"x0", Limit<&PlotLimits::x_min>}, {"dx", Limit<&PlotLimits::x_step>}, {"x1", Limit<&PlotLimits::x_max>},
+    {"y0", Limit<&PlotLimits::y_min>}, {"dy", Limit<&PlotLimits::y_step>}, {"y1", Limit<&PlotLimits::y_max>},
     {"fitted_x0", [](const Session& s) { return s.data_plot.axes.fitted.x_min; }},
     {"overlay", [](const Session& s) { return static_cast<float>(s.statistics.histogram.overlay); }},
     {"data", [](const Session& s) { return static_cast<float>(s.statistics.histogram.data); }},
@@ -110,6 +94,7 @@ constexpr Field kFields[] = {
     {"t0", [](const Session& s) { return s.plot_session.run_t0; }},
     {"sync", [](const Session& s) { return s.plot_session.run_sync_factor; }},
 };
+// clang-format on
 
 std::vector<float> ValuesOf(const Session& s) {
   std::vector<float> values;
@@ -427,11 +412,8 @@ TEST(DataPlotKeys, StepsAreAskedForOnTheTextScreen) {
 }
 
 TEST(DataPlotKeys, PlotDataGoToAFile) {
-  const struct {
-    PlotKind kind;
-    int iqnt;
-    const char *begins, *said;
-  } cases[] = {
+  // clang-format off
+  const struct { PlotKind kind; int iqnt; const char *begins, *said; } cases[] = {
       {kHistory, kPosition, "Time History of Position of CG", "Time history data written to file\n"},
       {kTrack, kPosition, "Trajectory for ZAVO file irregular_head.out", "Trajectory data written to file\n"},
       {kBars, kPosition, "Histogram of Position of CG", "Histogram data written to file\n"},
@@ -439,6 +421,7 @@ TEST(DataPlotKeys, PlotDataGoToAFile) {
       {PlotKind::autocorrelation, kPosition, "Autocorrelation of Position of CG",
        "Autocorrelation data written to file\n"},
   };
+  // clang-format on
   for (const auto& c : cases) {
     PlotView v{std::string(kSample)};
     v.Choose(c.kind, c.iqnt, 3);
@@ -474,11 +457,8 @@ TEST(DataPlotKeys, AnswersThatNobodyAskedForAreTold) {
 
 TEST(DataPlotKeys, HelpListsTheKeysOfTheKind) {
   PlotView v{std::string(kSample)};
-  const struct {
-    PlotKind kind;
-    const char* line;
-    bool there;
-  } cases[] = {
+  // clang-format off
+  const struct { PlotKind kind; const char* line; bool there; } cases[] = {
       {kHistory, " a      Toggle axis plot options", true},
       {kHistory, "^P      Toggle position of peak statitics overlay", true},
       {kBars, "^P      Toggle position of peak statitics overlay", false},
@@ -489,6 +469,7 @@ TEST(DataPlotKeys, HelpListsTheKeysOfTheKind) {
       {kBand, "{/}     Plot previous/next quantity without reseting plot scales", false},
       {kLoads, "{/}     Plot previous/next quantity without reseting plot scales", true},
   };
+  // clang-format on
   for (const auto& c : cases) {
     v.plot().kind = c.kind;
     const std::vector<std::string> lines = HelpLines(DataPlotKeys(v.session));

@@ -37,18 +37,14 @@ void ExpectLimits(const PlotLimits& got, const PlotLimits& want, const std::stri
 }
 
 TEST(DataPlotAxes, Component) {
-  struct Row {
-    PlotKind kind;
-    int iqnt, component;
-    bool all_hidden;
-    int want;
-  };
-  const Row rows[] = {
-      {PlotKind::history, 1, 0, false, 0},    {PlotKind::history, 1, 0, true, 1},   // nothing would be left
-      {PlotKind::history, 1, 6, true, 6},     {PlotKind::history, 1, 7, false, 0},  // of a quantity with more of them
-      {PlotKind::history, 23, 1, false, 0},                                         // the only one
+  // clang-format off
+  const struct Row { PlotKind kind; int iqnt, component; bool all_hidden; int want; } rows[] = {
+      {PlotKind::history, 1, 0, false, 0}, {PlotKind::history, 1, 0, true, 1},  // nothing would be left
+      {PlotKind::history, 1, 6, true, 6}, {PlotKind::history, 1, 7, false, 0},  // of a quantity with more of them
+      {PlotKind::history, 23, 1, false, 0},  // the only one
       {PlotKind::load_dist, 13, 0, false, 0},
   };
+  // clang-format on
   PlotView view("");
   UseSmallCase(view);
   for (const Row& row : rows) {
@@ -61,18 +57,14 @@ TEST(DataPlotAxes, Component) {
 }
 
 TEST(DataPlotAxes, HistoryLimits) {
-  struct Row {
-    const char* name;
-    int component;
-    bool by_index, match;
-    PlotLimits want;
-  };
-  const Row rows[] = {
+  // clang-format off
+  const struct Row { const char* name; int component; bool by_index, match; PlotLimits want; } rows[] = {
       {"one", 1, false, false, {1.25F, 1, 11, 20, 10, 60}},  // x as the data have it
       {"by index", 1, true, false, {5, 5, 44, 20, 10, 60}},
       {"matched", 1, false, true, {1.25F, 1, 11, 20, 10, 70}},  // component 3 ends at 69
       {"all", 0, false, false, {1.25F, 1, 11, 20, 10, 70}},
   };
+  // clang-format on
   PlotView view("");
   UseSmallCase(view);
   // Time steps of 0.25.
@@ -199,21 +191,18 @@ TEST(DataPlotAxes, LimitsAreKeptOrCarriedOver) {
 }
 
 TEST(DataPlotAxes, ChangeQuantity) {
-  struct Row {
-    PlotKind kind;
-    int from, direction, want;
-    bool point = false, missile = false;
-  };
-  const Row rows[] = {
-      {PlotKind::history, 1, 1, 2},         {PlotKind::history, 14, 1, 23},  // kinds that the case has not
-      {PlotKind::history, 33, 1, 39},                                        // files and tables only
-      {PlotKind::history, 1, -1, 47},                                        // no missile was given
+  // clang-format off
+  const struct Row { PlotKind kind; int from, direction, want; bool point = false, missile = false; } rows[] = {
+      {PlotKind::history, 1, 1, 2}, {PlotKind::history, 14, 1, 23},  // kinds that the case has not
+      {PlotKind::history, 33, 1, 39},  // files and tables only
+      {PlotKind::history, 1, -1, 47},  // no missile was given
       {PlotKind::history, 1, -1, 47, true}, {PlotKind::history, 1, -1, 48, true, true},
       {PlotKind::history, 26, 1, 33},  // no point was given
       {PlotKind::history, 26, 1, 27, true}, {PlotKind::load_dist, 14, 1, 23},
       {PlotKind::load_dist, 24, 1, 13},  // round and round
-      {PlotKind::load_dist, 13, -1, 24},    {PlotKind::trajectory, 1, 1, 1},
+      {PlotKind::load_dist, 13, -1, 24}, {PlotKind::trajectory, 1, 1, 1},
   };
+  // clang-format on
   for (const Row& row : rows) {
     PlotView view("");
     UseSmallCase(view);
@@ -229,15 +218,12 @@ TEST(DataPlotAxes, ChangeQuantity) {
 }
 
 TEST(DataPlotAxes, WhatCannotBeShownLeavesTheView) {
-  struct Row {
-    PlotKind kind;
-    int iqnt;
-    const char* said;
-  };
-  const Row rows[] = {
+  // clang-format off
+  const struct Row { PlotKind kind; int iqnt; const char* said; } rows[] = {
       {PlotKind::history, 15, "ERROR - Quantity 15 not valid for this output file\n"},
       {PlotKind::load_dist, 1, "ERROR - Quantity 1 not valid for this output file\n"},
   };
+  // clang-format on
   for (const Row& row : rows) {
     PlotView view("");
     UseSmallCase(view);
@@ -258,7 +244,7 @@ TEST(DataPlotPicture, CurveStandsWhereTheAxesSay) {
   UseSmallCase(view);
   view.Choose(PlotKind::history, 1, 1);
   view.Show();
-  PixelBox red = view.Pixels(kRed);
+  Box red = view.Pixels(kRed);
   EXPECT_NEAR(red.left, 1.5 * kUnit, 2);
   EXPECT_NEAR(red.right - red.left, 8 * kUnit, 2);
   EXPECT_NEAR(red.bottom - red.top, 5.5 * kUnit * 39 / 40, 2);
@@ -318,7 +304,7 @@ TEST(DataPlotPicture, TextsStayOnThePage) {
     row.set(view);
     view.Choose(PlotKind::history, 1, 3);
     view.Show();
-    const PixelBox texts = view.Pixels(kWhite);
+    const Box texts = view.Pixels(kWhite);
     EXPECT_GT(texts.left, 0) << row.name;
     EXPECT_GT(texts.top, 0) << row.name;
     EXPECT_LT(texts.right, row.width - 1) << row.name;
@@ -359,7 +345,7 @@ TEST(DataPlotPicture, WhatHasNoLengthIsADot) {
     view.session.case_store.last_step = 5;
     view.Choose(kind, 1, 1);
     view.Show();
-    const PixelBox dot = view.Pixels(kRed);
+    const Box dot = view.Pixels(kRed);
     EXPECT_GE(dot.count, 2);  // beside those of its smooth edge
     EXPECT_LT(dot.right - dot.left, 12);
   }
@@ -367,18 +353,13 @@ TEST(DataPlotPicture, WhatHasNoLengthIsADot) {
 
 // Names where several curves are drawn, unless a script says otherwise; dashes where there are no colours.
 TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
-  const struct {
-    int component;
-    LegendUse legend;
-    bool values;
-    std::vector<std::string> want;
-  } rows[] = {
-      {1, LegendUse::automatic, false, {}},
-      {1, LegendUse::on, false, {"1 pmgg(1)"}},
-      {1, LegendUse::automatic, true, {"1 pmgg(1) = 59"}},
-      {0, LegendUse::off, false, {}},
+  // clang-format off
+  const struct { int component; LegendUse legend; bool values; std::vector<std::string> want; } rows[] = {
+      {1, LegendUse::automatic, false, {}}, {1, LegendUse::on, false, {"1 pmgg(1)"}},
+      {1, LegendUse::automatic, true, {"1 pmgg(1) = 59"}}, {0, LegendUse::off, false, {}},
       {0, LegendUse::automatic, false, {"2 pmgg(2)", "3 pmgg(3)"}},
   };
+  // clang-format on
   PlotView view("");
   UseSmallCase(view);
   for (const auto& row : rows) {
@@ -434,20 +415,18 @@ TEST(StatOverlay, LinesAndTexts) {
   };
   std::vector<float> swing;  // five times up to 3 and down to -1: mean 1, variance 40/9
   for (int i = 0; i < 5; ++i) swing.insert(swing.end(), {3.0F, -1.0F});
+  // clang-format off
   const Row rows[] = {
       {0, swing, {}, {}},
-      {1,
-       swing,
-       {1, 3, -1},
-       {"Mean (avg)  = 1", "Avg top 1/3 = 3", "Avg bot 1/3 = -1", "1/3 Amp Avg = 2", "Dbl Amp Avg = 4"}},
+      {1, swing, {1, 3, -1}, {"Mean (avg)  = 1", "Avg top 1/3 = 3", "Avg bot 1/3 = -1", "1/3 Amp Avg = 2",
+       "Dbl Amp Avg = 4"}},
       {2, swing, {1}, {"Mean (avg)  = 1", "No peaks found"}},
       {1, {2, 2, 2, 2}, {2}, {"Mean (avg)  = 2", "No peaks found"}},
-      {3,
-       swing,
-       {1, 3.10819F, -1.10819F},
-       {"Mean (avg)  = 1", "StDev       = 2.108185", "Variance    = 4.444445", "SSA= 4.21637"}},
+      {3, swing, {1, 3.10819F, -1.10819F}, {"Mean (avg)  = 1", "StDev       = 2.108185", "Variance    = 4.444445",
+       "SSA= 4.21637"}},
       {4, swing, {1, 3, -1}, {"Mean (avg)  = 1", "Maximum = 3", "Minimum = -1"}},
   };
+  // clang-format on
   for (const Row& row : rows) {
     StatOverlay overlay;
     MakeStatOverlay(row.show, row.x, 0.95F, overlay);
@@ -536,7 +515,7 @@ TEST(Trajectory, HullPointsWhereTheShipHeads) {
     view.Show();
     const PlotLimits& l = view.plot().axes.limits;
     const double metre = 800.0 / (l.x_max - l.x_min);
-    const PixelBox hull = view.Pixels(kGreen);
+    const Box hull = view.Pixels(kGreen);
     EXPECT_NEAR(hull.right - hull.left, (turned ? 10 : 40) * metre, 3);
     EXPECT_NEAR(hull.bottom - hull.top, (turned ? 40 : 10) * metre, 3);
     view.plot().show_ship = false;
@@ -546,17 +525,14 @@ TEST(Trajectory, HullPointsWhereTheShipHeads) {
 }
 
 TEST(Trajectory, StepsWithAHull) {
-  struct Row {
-    int every, stride;
-    std::vector<int> marked, want;
-  };
-  const Row rows[] = {
+  // clang-format off
+  const struct Row { int every, stride; std::vector<int> marked, want; } rows[] = {
       {0, 1, {}, {5, 9, 13, 18, 22, 26, 31, 35, 39, 44}},  // ten from end to end
-      {15, 1, {}, {5, 20, 35}},
-      {15, 4, {}, {5, 17, 29, 41}},  // whole strides
+      {15, 1, {}, {5, 20, 35}}, {15, 4, {}, {5, 17, 29, 41}},  // whole strides
       {3, 1, {40, 7, 99}, {7, 40}},  // those not in use don't count
-      {3, 5, {12, 13}, {10}},        // the point before, once
+      {3, 5, {12, 13}, {10}},  // the point before, once
   };
+  // clang-format on
   PlotView view("");
   UseSmallCase(view);
   for (const Row& row : rows) {
@@ -591,14 +567,12 @@ TEST(Trajectory, Table) {
 // ---- Loads: kind 1 at cut i and step s is 0.001 i + 0.0001 s in 1025 9.81 100^3 N.
 TEST(LoadPlot, PresentValueAndRange) {
   constexpr double kForce = 1025 * 9.81 * 1.0e6;
-  struct Row {
-    int step, stride, now;
-  };
-  const Row rows[] = {
-      {10, 1, 10},
-      {99, 1, 44},  // not beyond the last
+  // clang-format off
+  const struct Row { int step, stride, now; } rows[] = {
+      {10, 1, 10}, {99, 1, 44},  // not beyond the last
       {10, 7, 10},  // a step that is no point
   };
+  // clang-format on
   PlotView view("");
   UseSmallCase(view);
   for (const Row& row : rows) {
@@ -656,21 +630,12 @@ TEST(DataPlot, ImpulsiveRuns) {
 }
 
 TEST(PlotParts, ShortNumber) {
-  struct Row {
-    float value;
-    const char* text;
+  // clang-format off
+  const struct Row { float value; const char* text; } rows[] = {
+      {0, "0"}, {20, "20"}, {-12.345678F, "-12.3457"}, {1.0e12F, "1e12"}, {-1.5e-9F, "-1.5e-9"},
+      {-1.234e-9F, "-1.23e-9"}, {-2.07123e7F, "-2.071e7"}, {-INFINITY, "-3.4e38"}, {-NAN, "0"},
   };
-  const Row rows[] = {
-      {0, "0"},
-      {20, "20"},
-      {-12.345678F, "-12.3457"},
-      {1.0e12F, "1e12"},
-      {-1.5e-9F, "-1.5e-9"},
-      {-1.234e-9F, "-1.23e-9"},
-      {-2.07123e7F, "-2.071e7"},
-      {-INFINITY, "-3.4e38"},
-      {-NAN, "0"},
-  };
+  // clang-format on
   for (const Row& row : rows) EXPECT_EQ(ShortNumber(row.value), row.text);
 }
 

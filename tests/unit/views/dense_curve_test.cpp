@@ -91,19 +91,15 @@ TEST(DenseCurve, SamePicture) {
 
 TEST(DenseCurve, KeepsInOrder) {
   const float nan = std::numeric_limits<float>::quiet_NaN(), infinite = std::numeric_limits<float>::infinity();
-  const struct {
-    std::vector<float> y;
-    bool log_y;
-    std::vector<float> want;
-  } cases[] = {
-      {{}, false, {}},
-      {{3}, false, {3}},
-      {{1, 2, 9, 4, 0, 5, 6}, false, {1, 9, 0, 5, 6}},
+  // clang-format off
+  const struct { std::vector<float> y; bool log_y; std::vector<float> want; } cases[] = {
+      {{}, false, {}}, {{3}, false, {3}}, {{1, 2, 9, 4, 0, 5, 6}, false, {1, 9, 0, 5, 6}},
       {{1, 2, 9, 4, 9}, false, {1, 9, 4, 9}},  // comes back to the highest: that row is drawn
       {{5, 7, nan, 8, 9, 8}, false, {5, 7, nan, 8, 9, 8}},
       {{5, 6, infinite, 7, 6.5F, 8}, false, {5, 6, infinite, 7, 6.5F, 8}},
       {{1, 0, -3, 2, 0.5F, 1.5F, 3}, true, {1, 0.5F, 3}},
   };
+  // clang-format on
   for (const auto& c : cases) {
     const std::vector<float> x(c.y.size(), 50);
     CurvePoints thin;

@@ -14,35 +14,12 @@ namespace {
 constexpr int kEnter = 13;
 const PlotRequest kHeave{.quantity = {.iqnt = 1, .curve = 3}};
 
-struct Views {  // with somebody there
-  FakePlatform fake;
-  OffscreenWindows* windows = MakeOffscreenWindows();
-  Session session;
-
-  Views() {
-    UseSoftwareDriver();
-    fake.window_available = true;
-    fake.window = OffscreenWindowSystem(windows);
-    fake.window.offscreen = false;
-    session.platform = fake.Get();
-    ReadSample(session, fake, "irregular_head.out");
-    SetHooks(session);
-  }
-  Views(const Views&) = delete;
-  Views& operator=(const Views&) = delete;
-  ~Views() { FreeOffscreenWindows(windows); }
-
+struct User : Views {
+  User() : Views({"irregular_head.out"}) {}
   void Press(std::string_view keys) const {
     for (const char key : keys) FeedEvent(*windows, {.code = key == '\n' ? kEnter : key});
   }
   void Close() const { FeedEvent(*windows, {.kind = FedEvent::Kind::close}); }
-  int Run() {
-    try {
-      startgraphics(session);
-    } catch (const FakeExit& end) {
-      return end.status;
-    }
-  }
 };
 
 void ExitNext(Session& session) {
@@ -51,7 +28,7 @@ void ExitNext(Session& session) {
 
 // A bare RETURN says yes to the question that stood there: it may not do so where it ends the help.
 TEST(PlotSession, AQuestionGoesWithItsWindow) {
-  Views v;
+  User v;
   v.fake.Put("old.txt", "old");
   v.session.dialogue = [](Session& s) {
     EXPECT_TRUE(StartPlot(s, kHeave, 0));
@@ -67,7 +44,7 @@ TEST(PlotSession, AQuestionGoesWithItsWindow) {
 
 // The name was for this picture, not for the next one that the user stores.
 TEST(PlotSession, APictureThatCannotBeMadeForgetsItsName) {
-  Views v;
+  User v;
   v.session.dialogue = [](Session& s) {
     EXPECT_TRUE(s.run.plot_failed);
     EXPECT_TRUE(StartPlot(s, kHeave, 0));
@@ -86,7 +63,7 @@ TEST(PlotSession, APictureThatCannotBeMadeForgetsItsName) {
 
 // In dump-only mode a plot of the menu has nobody to fail for: the script that comes next doesn't.
 TEST(PlotSession, AFailedPictureIsForgottenByTheNextPlot) {
-  Views v;
+  User v;
   v.fake.environment["GLDUMPONLY"] = "yes";
   v.session.dialogue = [](Session& s) {
     EXPECT_TRUE(s.gks.dump.failed);
@@ -103,7 +80,7 @@ TEST(PlotSession, AFailedPictureIsForgottenByTheNextPlot) {
 
 TEST(PlotSession, TheOptionsMenuOpensWithTheInitialPlot) {
   for (const InitialPlot initial : {InitialPlot::none, InitialPlot::history}) {
-    Views v;
+    User v;
     v.session.run.open_options_menu = true;
     v.session.run.initial_plot = initial;
     EXPECT_TRUE(StartPlot(v.session, kHeave, 0));

@@ -15,30 +15,17 @@ namespace {
 
 constexpr int kEvents = 1500;
 
-struct Storm {
+struct Storm : Views {
   std::mt19937 random{20240417};
-  FakePlatform fake;
-  OffscreenWindows* windows = MakeOffscreenWindows();
-  Session session;
   int views_left = 0;
   bool over = false;
 
   int Below(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
 
-  explicit Storm(std::initializer_list<const char*> samples) {
-    UseSoftwareDriver();
-    fake.window_available = true;
-    fake.window = OffscreenWindowSystem(windows);
-    fake.window.offscreen = false;  // somebody is there
-    session.platform = fake.Get();
-    for (const char* sample : samples) ReadSample(session, fake, sample);
-    SetHooks(session);
+  Storm(std::initializer_list<const char*> samples) : Views(samples) {
     session.plot_session.run_sync = false;
     session.dialogue = [](Session& s) { Of(s).Continue(); };
   }
-  Storm(const Storm&) = delete;
-  Storm& operator=(const Storm&) = delete;
-  ~Storm() { FreeOffscreenWindows(windows); }
 
   // The session is a member: what surrounds it is found by its place.
   static Storm*& Current() {
@@ -100,13 +87,7 @@ struct Storm {
     glResizeWindow(session.platform, session.gks, 200, 160);
     Start();
     for (int i = 0; i < events; ++i) FeedEvent(*windows, AnyEvent());
-    int status = -1;
-    try {
-      startgraphics(session);
-    } catch (const FakeExit& end) {
-      status = end.status;
-    }
-    return status;
+    return Views::Run();
   }
 };
 
@@ -125,13 +106,8 @@ void WeatherStorm(Storm& storm) {
     event.code = key;
     FeedEvent(*storm.windows, event);
   }
-  int status = -1;
-  try {
-    storm.session.platform.window.main_loop(storm.session.platform.window.self);
-  } catch (const FakeExit& end) {
-    status = end.status;
-  }
-  EXPECT_EQ(status, 0) << storm.fake.output;
+  const WindowSystem& window = storm.session.platform.window;
+  EXPECT_EQ(storm.StatusOf([&] { window.main_loop(window.self); }), 0) << storm.fake.output;
 }
 
 TEST(RandomEvents, Ensemble) {

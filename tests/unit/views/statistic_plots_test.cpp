@@ -102,7 +102,7 @@ TEST(StatisticPlots, TheFittedDistributionIsDrawnOverTheBars) {
   const std::vector<float> samples = Samples(v);
   const float mean = std::accumulate(samples.begin(), samples.end(), 0.0F) / static_cast<float>(samples.size());
   // The highest point is in the bucket of the mean, the curve 40 buckets wide but for half of one at each end.
-  const PixelBox box = v.Pixels(kFit);
+  const Box box = v.Pixels(kFit);
   const int left = Column(v, mean) - 12, right = Column(v, mean) + 12;
   EXPECT_GT(CountIn(v, kFit, left, right, box.top, box.top + 2), 0);
   EXPECT_GT(CountIn(v, kFit, kLeft, kLeft + kAreaWidth, box.top, kBottom), 250);
@@ -214,18 +214,15 @@ TEST(StatisticPlots, AreMadeOnce) {
 }
 
 TEST(StatisticPlots, LeaveTheViewWhereNothingCanBeComputed) {
-  const struct {
-    PlotKind kind;
-    int skip;
-    float probability;
-    const char* said;
-  } cases[] = {
+  // clang-format off
+  const struct { PlotKind kind; int skip; float probability; const char* said; } cases[] = {
       {PlotKind::histogram, 300, 0.95F, "ERR495 - Too many steps skipped or trimmed in histogram setup\n"},
       {PlotKind::autocovariance, 300, 0.95F, "ERR495 - Too many steps skipped or trimmed in autocorrelation setup\n"},
       {PlotKind::interval, 300, 0.95F,
        "ERR495 - Too many steps skipped or trimmed in confidence interval calculation\n"},
       {PlotKind::interval, 0, 1.5F, "LOGIC ERROR\n"},
   };
+  // clang-format on
   for (const auto& c : cases) {
     PlotView v("irregular_head.out");
     v.session.output.reading.skip_initial = c.skip;
