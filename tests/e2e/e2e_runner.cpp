@@ -230,27 +230,19 @@ class Session {
   std::string At(const Step& step) const { return text_.filename().string() + ", line " + std::to_string(step.line); }
 
   void Do(const Step& step) {
-    if (step.word == "copy") {
-      Copy(step);
-    } else if (step.word == "file") {
-      Write(step);
-    } else if (step.word == "stdin") {
-      input_ = Joined(step.lines);
-    } else if (step.word == "run") {
-      Start(step);
-    } else if (step.word == "console") {
-      Compare(step, "console", outcome_.console, std::equal_to<std::string>{});
-    } else if (step.word == "exit") {
+    if (step.word == "copy") Copy(step);
+    else if (step.word == "file") Write(step);
+    else if (step.word == "stdin") input_ = Joined(step.lines);
+    else if (step.word == "run") Start(step);
+    else if (step.word == "console") Compare(step, "console", outcome_.console, std::equal_to<std::string>{});
+    else if (step.word == "picture") LookAt(step);
+    else if (step.word == "holds") Holds(step, std::equal_to<std::string>{});
+    else if (step.word == "near") Holds(step, NearLine);
+    else if (step.word == "absent")
+      EXPECT_FALSE(fs::exists(folder_.Name(step.rest))) << At(step) << ": " << step.rest << " is there";
+    else {
       status_checked_ = true;
       EXPECT_EQ(std::to_string(outcome_.status), step.rest) << At(step) << ", console:\n" << outcome_.console;
-    } else if (step.word == "absent") {
-      EXPECT_FALSE(fs::exists(folder_.Name(step.rest))) << At(step) << ": " << step.rest << " is there";
-    } else if (step.word == "picture") {
-      LookAt(step);
-    } else if (step.word == "holds") {
-      Holds(step, std::equal_to<std::string>{});
-    } else {
-      Holds(step, NearLine);
     }
   }
 

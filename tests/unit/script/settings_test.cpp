@@ -19,36 +19,27 @@ Values Of(T... values) {
 }
 
 // ---- What is read back
+// clang-format off
 
-Values Delimiter(const Session& s) {
-  return Of(s.output.writing.separator);
-}
+Values Delimiter(const Session& s) { return Of(s.output.writing.separator); }
 Values Scales(const Session& s) {
   const OutputSettings& o = s.output;
   return Of(o.units.GRAVOUT, o.units.RHOOUT, o.units.LENOUT, o.units.ANGOUT, o.units.scales.position[0],
             o.units.user_scale[0], o.units.user_scale[1], o.units.user_scale[2], o.units.user_scale[3]);
 }
-Values Signs(const Session& s) {
-  return {s.output.units.cnvfac.begin(), s.output.units.cnvfac.end()};
-}
+Values Signs(const Session& s) { return {s.output.units.cnvfac.begin(), s.output.units.cnvfac.end()}; }
 Values Steps(const Session& s) {
   const CaseStore& c = s.case_store;
   return Of(c.first_step, c.last_step, c.skip_effective, s.output.reading.skip_terminal, s.output.reading.trim_initial,
             s.output.reading.trim_terminal, s.output.reading.trim_abort, s.output.reading.step_stride);
 }
-Values Smoothing(const Session& s) {
-  return Of(s.output.smoothing.option, s.output.smoothing.window);
-}
-Values Ndtf(const Session& s) {
-  return Of(s.output.statistics.ndtf_length, s.output.statistics.ndtf_beam);
-}
+Values Smoothing(const Session& s) { return Of(s.output.smoothing.option, s.output.smoothing.window); }
+Values Ndtf(const Session& s) { return Of(s.output.statistics.ndtf_length, s.output.statistics.ndtf_beam); }
 Values Intervals(const Session& s) {
   return Of(s.output.statistics.confidence_probability, s.output.statistics.autocorrelation_rate,
             s.output.statistics.autocorrelation_cutoff, s.statistics.nmany);
 }
-Values Shown(const Session& s) {
-  return Of(s.data_plot.show_stats);
-}
+Values Shown(const Session& s) { return Of(s.data_plot.show_stats); }
 Values Histogram(const Session& s) {
   const HistogramRequest& h = s.statistics.histogram;
   return Of(h.data, h.overlay, h.counts, h.rate, s.data_plot.hist_rendering);
@@ -58,19 +49,13 @@ Values PlotFrame(const Session& s) {
   return Of(p.axis_length.x, p.axis_length.y, p.histogram_length.x, p.histogram_length.y, s.gks.window.width,
             s.gks.window.height);
 }
-Values Flags(const Session& s) {
-  return Of(s.data_plot.grid_on, s.data_plot.match_scales, s.data_plot.show_ship);
-}
+Values Flags(const Session& s) { return Of(s.data_plot.grid_on, s.data_plot.match_scales, s.data_plot.show_ship); }
 Values Curves(const Session& s) {
   const DataPlotState& p = s.data_plot;
   return Of(p.numbers_on, p.legend, p.values_in_legend, p.colour_on);
 }
-Values Background(const Session& s) {
-  return Of(s.run.plot_colours);
-}
-Values Sensor(const Session& s) {
-  return Of(s.sensor.earth_radius, s.sensor.height_maximum);
-}
+Values Background(const Session& s) { return Of(s.run.plot_colours); }
+Values Sensor(const Session& s) { return Of(s.sensor.earth_radius, s.sensor.height_maximum); }
 Values Records(const Session& s) {
   const CaseStore& c = s.case_store;
   return Of(s.ensemble.nrec, c.first_read, c.last_read);
@@ -81,9 +66,7 @@ Values FirstMotion(const Session& s) {
   return values;
 }
 // The last sample is 5, all others are 1.
-Values LastMotion(const Session& s) {
-  return Of(s.case_store.pmgg.component[0].back() == 5.0F);
-}
+Values LastMotion(const Session& s) { return Of(s.case_store.pmgg.component[0].back() == 5.0F); }
 
 // The view's flags: rudders, time, title, perspective, shading, transparent body, solid hull, transparent sea.
 Values ViewFlags(const Session& s) {
@@ -114,6 +97,7 @@ Values GraphOptions(const Session& s) {
     for (const float value : Of(g.colour, g.blank, g.scroll, g.time_bar, g.mark, g.value)) values.push_back(value);
   return values;
 }
+// clang-format on
 
 // ---- Commands, as the tables of the tests say them
 
@@ -207,6 +191,10 @@ void ExpectSetting(const Setting& setting) {
   EXPECT_EQ(setting.read(preset.session), setting.read(SettingRun("", true).session)) << row->names[0];
 }
 
+void ExpectSettings(const std::vector<Setting>& settings) {
+  for (const Setting& setting : settings) ExpectSetting(setting);
+}
+
 constexpr const char* kFew = "ERROR - Insufficient arguments for ? command...";
 constexpr const char* kNoValue = "ERROR - Invalid value for ? command...";
 constexpr const char* kNoPair = "ERROR - missing or insufficient arguments for ";
@@ -214,7 +202,7 @@ constexpr const char* kNoPair = "ERROR - missing or insufficient arguments for "
 // clang-format off
 TEST(Settings, Files) {
   const char* const blank = "ERROR - Blank file name for ? command";
-  const Setting settings[] = {
+  ExpectSettings({
       {"READ_OUTPUT_FILE READ_OUTPUT READ_FILE READ", Records, {{"run.out", Of(1, 1, 400), nullptr}, {"a/*.out", Of(1,
        201, 400), nullptr}}, {{"", 4, blank}, {"\"\"", 4, blank}, {"b*.out", 5,
        "ERROR - no file(s) found which match b*.out"}}, {"", "READ a/first.out\n"}},
@@ -233,14 +221,13 @@ TEST(Settings, Files) {
        3, 0, 0, 0), nullptr}}, {{"", 4, blank}, {"m \"\" \"\" 9.81 1025 0 0 0 0 0", 5, kFew}}},
       {"CLEAR_ENSEMBLE_DATA CLEAR_ENSEMBLE", Records, {{"", Of(1, 1, 400), nullptr}}, {},
        {"READ run.out\nREAD_ENSEMBLE run.out\n"}},
-  };
-  for (const Setting& setting : settings) ExpectSetting(setting);
+  });
 }
 
 TEST(Settings, Output) {
   const char* const convention = "ERROR - Unrecognized option for ? command...";
   const Values zavo{1, 1, 1, 1, 1, 1}, model{1, -1, -1, 1, -1, -1}, cfd{-1, -1, 1, -1, -1, 1};
-  const Setting settings[] = {
+  ExpectSettings({
       {"COMMA COMMAS", Delimiter, {{"", Of(Separator::comma)}}, {}},
       {"TAB TABS", Delimiter, {{"", Of(Separator::tab)}}, {}},
       {"SPACE SPACES", Delimiter, {{"", Of(Separator::space)}}, {}, {"TAB\n"}},
@@ -260,15 +247,14 @@ TEST(Settings, Output) {
        {{"1 2 3", 5, kFew}, {"1 2 3 -4", 4, "ERROR - ANGOUT must be positive"}}},
       {"COORDINATES_CONVENTION COORDS_CONVENTION COORDS", Signs, {{"MODEL|zdown", model}, {"CFD|XAFT|XDOWN", cfd},
        {"DEF|DEFAULT|zup|ZAVO", zavo}}, {{"", 4, convention}, {"UP", 4, convention}}, {"", "COORDS CFD\n"}},
-  };
-  for (const Setting& setting : settings) ExpectSetting(setting);
+  });
 }
 
 // Steps: first, last, skips, trims at start, end and of aborted runs, increment.
 TEST(Settings, Steps) {
   const char* const illegal = "ERROR - Illegal number of steps specified in ? command...";
   const char* const range = "ERROR - Illegal arguments for ? command...\n        Initial time step of range ";
-  const Setting settings[] = {
+  ExpectSettings({
       {"SET_TRIM_STEPS TRIM_STEPS TRIM_HISTORY TRIM_HIST", Steps, {{"10 5", Of(11, 95, 0, 0, 10, 5, 200, 1),
        "10 steps trimmed from beginning of time history\n5 steps trimmed from end of time history\n"}, {"7", Of(8, 93,
        0, 0, 7, 7, 200, 1), nullptr}, {"0 0", Of(1, 100, 0, 0, 0, 0, 200, 1), nullptr}}, {{"", 5, kFew}, {"x", 5, kFew},
@@ -296,15 +282,14 @@ TEST(Settings, Steps) {
        "ERROR - Illegal arguments for ? command...\n        The case has steps 1 to 100"}}, {""}, true},
       {"SET_STEP_INCREMENT SET_STEP_INC STEP_INCREMENT STEP_INC", Steps, {{"2.5", Of(1, 100, 0, 0, 0, 0, 200, 3),
        "Setting output step increment to 3\n"}}, {{"", 5, kFew}, {"0.4", 4, kNoValue}, {"-3", 4, kNoValue}}},
-  };
-  for (const Setting& setting : settings) ExpectSetting(setting);
+  });
 }
 
 TEST(Settings, Data) {
   const char* const bad_word = "ERROR - Invalid argument for ? command : 7";
   const char* const no_word = "ERROR - Invalid argument for ? command :";
   const char* const negative = "ERROR - Invalid argument for ? value cannot be negative";
-  const Setting settings[] = {
+  ExpectSettings({
       {"PLOT_STATS STATS STATISTICS PEAK_STATS", Shown, {{"1/3RD|1/3|3|SIGNIFICANT|sig|ON", {1}}, {"1/10th|1/10|10",
        {2}}, {"STDEV|ST.DEV|RMS|VAR|VARIANCE", {3}}, {"MIN|MAX|MINIMUM|MAXIMUM|MINMAX", {4}}, {"OFF|NONE", {0}}}, {{"",
        4, no_word}, {"7", 4, bad_word}}, {"", "STATS ON\n"}},
@@ -326,8 +311,7 @@ TEST(Settings, Data) {
        2, 0.05F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}}},
       {"AUTOCORRELATION_CUTOFF AUTOC_CUTOFF AC_CUTOFF", Intervals, {{"0.5", {0.95F, 1, 0.5F, 0}}}, {{"", 5, kFew}, {"0",
        4, kNoValue}, {"1", 4, kNoValue}}},
-  };
-  for (const Setting& setting : settings) ExpectSetting(setting);
+  });
 }
 
 // Histogram: data, overlay, counts, rate, style (2 by default). Plot frame: axes, histogram axes, window.
@@ -341,7 +325,7 @@ TEST(Settings, Plots) {
                    {{"o", 4, "ERROR - illegal value for ? command: o"}},
                    {"", std::string(word) + " OFF\n", std::string(word) + " ON\n"}};
   };
-  const Setting settings[] = {
+  ExpectSettings({
       {"HISTOGRAM_DATA HISTOGRAM_TYPE HIST_DATA HIST_TYPE", Histogram, {{"ABSOLUTE|abs", {1, 0, 0, 1, 2}},
        {"POSITIVE|POS", {2, 0, 0, 1, 2}}, {"ALL|SIGNED|SIG", {0, 0, 0, 1, 2}}}, {{"", 4, no_word}, {"7", 4, bad_word}},
        {"", "HIST_DATA POS\n"}},
@@ -374,8 +358,7 @@ TEST(Settings, Plots) {
       {"WHITE WHITEBG WHITE_BG", Background, {{"", {3}}}, {}},
       {"EARTH_RADIUS RADIUS_EARTH R_EARTH", Sensor, {{"6.371e6", {6.371e6F, -1}}}, {{"", 5, kFew}, {"x", 5, kFew}}},
       {"MAXIXUM_SENSOR_VIEW_HEIGHT MAX_SENSOR_VIEW_HEIGHT MAX_SV_HEIGHT", Sensor, {{"50", {-1, 50}}}, {{"", 5, kFew}}},
-  };
-  for (const Setting& setting : settings) ExpectSetting(setting);
+  });
 }
 
 TEST(Settings, AnimationOptions) {
@@ -383,7 +366,7 @@ TEST(Settings, AnimationOptions) {
   const char* const sea = "Illegal value for KINO_OPT SEA";
   const std::string outside = "ERROR - illegal value for KINO_OPT ";
   const auto none = [](const char* name) { return std::string("ERROR parsing value for KINO_OPT ") + name; };
-  const Setting settings[] = {
+  ExpectSettings({
       {words, ViewFlags,
        {{"RUDDER on", {1, 1, 1, 1, 1, 0, 1, 0}}, {"time OFF|TIMELABEL maybe", {0, 0, 1, 1, 1, 0, 1, 0}},  // what is no yes is a no
         {"TITLE n", {0, 1, 0, 1, 1, 0, 1, 0}}, {"PERSPECTIVE off", {0, 1, 1, 0, 1, 0, 1, 0}},
@@ -412,14 +395,13 @@ TEST(Settings, AnimationOptions) {
        none("AMBIENT")}}},
       {words, Sync, {{"SYNC_FACTOR 2", {1, 1, 2}}, {"SYNC -4", {1, 0, 4}}, {"SYNC 0", {0, 0, 3}}}, {{"SYNC x", 4,
        none("SYNC_FACTOR")}}, {"KINO_OPT SYNC -3\n"}},
-  };
-  for (const Setting& setting : settings) ExpectSetting(setting);
+  });
 }
 
 // A graph: on, quantity, curve, first of the point, last of the missile data; and its looks.
 TEST(Settings, AnimationGraphs) {
   const char* const index = "ERROR - Invalid graph index for ? value must be ";
-  const Setting settings[] = {
+  ExpectSettings({
       {"ANIMATE_GRAPH KINO_GRAPH", Graphs, {{"2 MOT 3", {0, 1, 0, 0, 0, 1, 1, 3, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
        {"1 point_mot 7 8 9 2", {1, 27, 2, 7, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
        {"4 POINT_MISS 7 8 9 1 1 2 3 4 1", {0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 1, 48, 1, 7, 4}}}, {{"", 5,
@@ -443,8 +425,7 @@ TEST(Settings, AnimationGraphs) {
        1, 0, 1, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0, 1, 1, 0, 1, 0, 0}}}, {{"", 5, index + std::string("0-4")},
        {"5 COL RED", 5, index + std::string("0-4")}, {"0 COL 3", 4, "ERROR - unrecognized color= 3"}, {"1 Foo on", 4,
        "ERROR - Invalid quantity for ? command: Foo"}}},
-  };
-  for (const Setting& setting : settings) ExpectSetting(setting);
+  });
 }
 // clang-format on
 

@@ -289,8 +289,7 @@ TEST(DataPlotKeys, AskForAPicture) {
 // A key drops a pending zoom, ends measuring, closes the popup, and acts.
 TEST(DataPlotKeys, EndWhatTheMouseBegan) {
   PlotView v{std::string(kSample)};
-  v.Choose(kHistory, kPosition, 3);
-  v.Show();
+  v.Show(kHistory, kPosition, 3);
   DataPlotState& plot = v.plot();
   plot.axes.zoom.pending = plot.axes.measure.on = plot.axes.popup.open = true;
   Press(v.session, "g");
@@ -304,8 +303,7 @@ TEST(DataPlotKeys, EndWhatTheMouseBegan) {
 
 TEST(DataPlotKeys, WithOneComponentAllIsKept) {
   PlotView v{std::string(kSample)};
-  v.Choose(kHistory, kWaveAtCg, 0);
-  v.Show();
+  v.Show(kHistory, kWaveAtCg, 0);
   Press(v.session, "s");
   EXPECT_EQ(v.plot().plot_component, 0);
   Press(v.session, "A-s");  // nothing can be selected
@@ -322,8 +320,7 @@ TEST(DataPlotKeys, AHullComesBackToScale) {
 
 TEST(DataPlotKeys, TheWindowGoesToAFile) {
   PlotView v{std::string(kSample)};
-  v.Choose(kHistory, kPosition, 3);
-  v.Show();
+  v.Show(kHistory, kPosition, 3);
   v.fake.output.clear();
   Press(v.session, "W");
   EXPECT_EQ(v.fake.output, "DumpWindow - Writing PNG file dump0001.png\n");
@@ -424,8 +421,7 @@ TEST(DataPlotKeys, PlotDataGoToAFile) {
   // clang-format on
   for (const auto& c : cases) {
     PlotView v{std::string(kSample)};
-    v.Choose(c.kind, c.iqnt, 3);
-    zaviewsetaxes(v.session);
+    v.Make(c.kind, c.iqnt, 3);
     v.fake.Put("old.txt", "old");
     v.fake.output.clear();
     Press(v.session, "w");

@@ -62,8 +62,7 @@ TEST(DataPlotMouse, TwoClicksZoomAndOneOutsideUndoes) {
   PlotView v("irregular_head.out");
   for (const MouseCase& c : cases) {
     v.plot() = DataPlotState{};
-    v.Choose(PlotKind::history, 1, 3);
-    v.Show();
+    v.Show(PlotKind::history, 1, 3);
     v.fake.output.clear();
     for (const Click& click : c.clicks) {
       Do(v, click);
@@ -83,8 +82,7 @@ TEST(DataPlotMouse, TwoClicksZoomAndOneOutsideUndoes) {
 
 TEST(DataPlotMouse, MeasuresTheClosestPointOnThePage) {
   PlotView v("irregular_head.out");
-  v.Choose(PlotKind::history, 1, 3);
-  v.Show();
+  v.Show(PlotKind::history, 1, 3);
   const std::vector<float>& t = v.plot().derived.history.x;
   const std::vector<float>& heave = v.plot().derived.history.y[2];
   // Seen in page units a point beside is closer than the one at the same time: 0.25 along is 0.027 units, and 1 up 1.1.
@@ -112,8 +110,7 @@ TEST(DataPlotMouse, MeasuresTheClosestPointOnThePage) {
 // Limits that are the same are drawn apart: a click on the curve is inside.
 TEST(DataPlotMouse, MeasuresWhatIsConstant) {
   PlotView v("irregular_head.out");
-  v.Choose(PlotKind::history, 1, 2);
-  v.Show();
+  v.Show(PlotKind::history, 1, 2);
   v.plot().axes.limits.y_min = v.plot().axes.limits.y_max = 1;
   v.plot().axes.use = LimitsUse::changed;
   v.Show();
@@ -130,8 +127,7 @@ TEST(DataPlotMouse, ThePopupIsDrawnWhereItIsHit) {
   for (const Click& open : opening) {
     for (int line = 0; line <= 4; ++line) {
       PlotView v("irregular_head.out");
-      v.Choose(PlotKind::history, 1, 3);
-      v.Show();
+      v.Show(PlotKind::history, 1, 3);
       Do(v, open);
       ASSERT_TRUE(v.plot().axes.popup.open);
       v.Show();

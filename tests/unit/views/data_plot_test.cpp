@@ -20,12 +20,14 @@ namespace {
 constexpr unsigned kWhite = 0xFFFFFF, kRed = 0xFF0000, kGreen = 0x00FF00;
 
 // Steps 5 to 44, shown: component i of quantity 1 is 10 + 5 i + s in metres for i to 3, time 0.25 s.
-void UseSmallCase(PlotView& view) {
-  CaseStore& store = view.session.case_store;
-  store = SmallCase(5, 40);
-  AddLoads(store, 5, 40);
-  view.session.output = SettingsFor(store);
-}
+struct SmallView : PlotView {
+  explicit SmallView(int width = 500, int height = 400) : PlotView("", width, height) {
+    CaseStore& store = session.case_store;
+    store = SmallCase(5, 40);
+    AddLoads(store, 5, 40);
+    session.output = SettingsFor(store);
+  }
+};
 
 void ExpectLimits(const PlotLimits& got, const PlotLimits& want, const std::string& row) {
   EXPECT_NEAR(got.x_min, want.x_min, 1e-3) << row;
@@ -45,8 +47,7 @@ TEST(DataPlotAxes, Component) {
       {PlotKind::load_dist, 13, 0, false, 0},
   };
   // clang-format on
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   for (const Row& row : rows) {
     view.Choose(row.kind, row.iqnt, row.component);
     view.plot().hidden.assign(6, row.all_hidden ? 1 : 0);
@@ -65,8 +66,7 @@ TEST(DataPlotAxes, HistoryLimits) {
       {"all", 0, false, false, {1.25F, 1, 11, 20, 10, 70}},
   };
   // clang-format on
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   // Time steps of 0.25.
   for (std::size_t k = 0; k < 40; ++k)
     view.session.case_store.time.component[0][k] =
@@ -83,13 +83,11 @@ TEST(DataPlotAxes, HistoryLimits) {
 }
 
 TEST(DataPlotAxes, FitPassesOverWhatIsNotFinite) {
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   std::vector<float>& y = view.session.case_store.pmgg.component[0];
   y[0] = std::numeric_limits<float>::quiet_NaN();
   y[39] = std::numeric_limits<float>::infinity();
-  view.Choose(PlotKind::history, 1, 1);
-  zaviewsetaxes(view.session);
+  view.Make(PlotKind::history, 1, 1);
   PlotLimits limits;
   ASSERT_TRUE(FitAxes(view.plot(), FitOver::all_steps, limits));
   EXPECT_NEAR(limits.y_min, 21, 1e-3);
@@ -146,10 +144,8 @@ TEST(DataPlotAxes, DataAndLimitsAreMadeAnewWithWhatTheyDependOn) {
   constexpr float kMark = -77;
   for (const Row& row : rows) {
     for (const bool zoomed : {false, true}) {
-      PlotView view("");
-      UseSmallCase(view);
-      view.Choose(row.kind, row.kind == load_dist ? 13 : 1, 1);
-      zaviewsetaxes(view.session);
+      SmallView view;
+      view.Make(row.kind, row.kind == load_dist ? 13 : 1, 1);
       DataPlotState& plot = view.plot();
       plot.derived.history.labels = {"kept"};
       plot.derived.variance = kMark;
@@ -169,12 +165,10 @@ TEST(DataPlotAxes, DataAndLimitsAreMadeAnewWithWhatTheyDependOn) {
 }
 
 TEST(DataPlotAxes, LimitsAreKeptOrCarriedOver) {
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   for (const bool keep : {false, true}) {
     view.plot().keep_scale = keep;
-    view.Choose(PlotKind::history, 1, 0);
-    zaviewsetaxes(view.session);
+    view.Make(PlotKind::history, 1, 0);
     view.plot().hidden[2] = 1;
     view.plot().axes.limits.y_max = view.plot().axes.fitted.y_max = 1000;
     view.plot().quantity.iqnt = 2;
@@ -204,8 +198,7 @@ TEST(DataPlotAxes, ChangeQuantity) {
   };
   // clang-format on
   for (const Row& row : rows) {
-    PlotView view("");
-    UseSmallCase(view);
+    SmallView view;
     view.Choose(row.kind, row.from, 0);
     Session& s = view.session;
     s.output.point = {row.point, row.missile, {1, 2, 3}, {1, 0, 0, 0}};
@@ -225,8 +218,7 @@ TEST(DataPlotAxes, WhatCannotBeShownLeavesTheView) {
   };
   // clang-format on
   for (const Row& row : rows) {
-    PlotView view("");
-    UseSmallCase(view);
+    SmallView view;
     view.Choose(row.kind, row.iqnt, 0);
     view.session.run.redraw = true;
     zaviewsetaxes(view.session);
@@ -240,10 +232,8 @@ TEST(DataPlotAxes, WhatCannotBeShownLeavesTheView) {
 // by 8.5, which is 500 by 386 pixels.
 TEST(DataPlotPicture, CurveStandsWhereTheAxesSay) {
   constexpr double kUnit = 500.0 / 11;
-  PlotView view("");
-  UseSmallCase(view);
-  view.Choose(PlotKind::history, 1, 1);
-  view.Show();
+  SmallView view;
+  view.Show(PlotKind::history, 1, 1);
   Box red = view.Pixels(kRed);
   EXPECT_NEAR(red.left, 1.5 * kUnit, 2);
   EXPECT_NEAR(red.right - red.left, 8 * kUnit, 2);
@@ -268,8 +258,7 @@ TEST(DataPlotPicture, CurveStandsWhereTheAxesSay) {
 TEST(DataPlotPicture, ReverseVideoIsAskedForOnce) {
   const bool want[] = {true, true, false, true};
   const int asked[] = {1, 0, 2, 3};
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   view.Choose(PlotKind::history, 1, 1);
   for (std::size_t i = 0; i < std::size(asked); ++i) {
     view.session.run.plot_colours = asked[i];
@@ -297,13 +286,11 @@ TEST(DataPlotPicture, TextsStayOnThePage) {
       {"huge values", 500, 400, large}, {"tiny values", 1100, 850, small},    {"large text", 500, 400, large_text},
   };
   for (const Row& row : rows) {
-    PlotView view("", row.width, row.height);
-    UseSmallCase(view);
+    SmallView view(row.width, row.height);
     view.plot().numbers_on = view.plot().values_in_legend = true;
     view.plot().show_stats = 1;
     row.set(view);
-    view.Choose(PlotKind::history, 1, 3);
-    view.Show();
+    view.Show(PlotKind::history, 1, 3);
     const Box texts = view.Pixels(kWhite);
     EXPECT_GT(texts.left, 0) << row.name;
     EXPECT_GT(texts.top, 0) << row.name;
@@ -325,11 +312,9 @@ TEST(DataPlotPicture, LinesAreSeenOnEitherBackground) {
     return sum;
   };
   for (const bool white : {false, true}) {
-    PlotView view("");
-    UseSmallCase(view);
+    SmallView view;
     view.session.run.plot_colours = white ? 3 : 2;
-    view.Choose(PlotKind::history, 1, 1);
-    view.Show();
+    view.Show(PlotKind::history, 1, 1);
     for (int index = 2; index <= 15; ++index) {
       const double line = luminance(view.Ink(index));
       EXPECT_GE(white ? 1.05 / (line + 0.05) : (line + 0.05) / 0.05, 2.95) << index << white;
@@ -340,11 +325,9 @@ TEST(DataPlotPicture, LinesAreSeenOnEitherBackground) {
 // One step, and a ship that stays where it is: a dot.
 TEST(DataPlotPicture, WhatHasNoLengthIsADot) {
   for (const PlotKind kind : {PlotKind::history, PlotKind::trajectory}) {
-    PlotView view("");
-    UseSmallCase(view);
+    SmallView view;
     view.session.case_store.last_step = 5;
-    view.Choose(kind, 1, 1);
-    view.Show();
+    view.Show(kind, 1, 1);
     const Box dot = view.Pixels(kRed);
     EXPECT_GE(dot.count, 2);  // beside those of its smooth edge
     EXPECT_LT(dot.right - dot.left, 12);
@@ -360,11 +343,9 @@ TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
       {0, LegendUse::automatic, false, {"2 pmgg(2)", "3 pmgg(3)"}},
   };
   // clang-format on
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   for (const auto& row : rows) {
-    view.Choose(PlotKind::history, 1, row.component);
-    zaviewsetaxes(view.session);
+    view.Make(PlotKind::history, 1, row.component);
     view.plot().hidden = {1, 0, 0, 1, 1, 1};
     view.plot().legend = row.legend;
     view.plot().values_in_legend = row.values;
@@ -379,8 +360,7 @@ TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
 }
 
 TEST(DataPlotPicture, MarksEveryNth) {
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   view.Choose(PlotKind::history, 1, 1);
   int before = 0;
   for (const int every : {-20, -10, -1}) {  // more and more of them, without the line
@@ -437,8 +417,7 @@ TEST(StatOverlay, LinesAndTexts) {
 }
 
 TEST(StatOverlay, NeedsOneCurveAndPoints) {
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   view.Choose(PlotKind::history, 2, 0);
   view.plot().show_stats = 4;
   view.session.output.reading.skip_terminal = 100;
@@ -452,8 +431,7 @@ TEST(StatOverlay, NeedsOneCurveAndPoints) {
 // Panning and new looks draw what stands; other data, curves and statistics make it anew.
 TEST(StatOverlay, IsMadeOnce) {
   const std::string kept = "kept";
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   view.Choose(PlotKind::history, 2, 3);
   view.plot().show_stats = 4;
   void (*const changes[])(DataPlotState & plot) = {
@@ -487,11 +465,9 @@ void GiveHull(CaseStore& store) {
 }
 
 TEST(Trajectory, UnitsAreAsLongOnBothAxes) {
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   GiveHull(view.session.case_store);
-  view.Choose(PlotKind::trajectory, 1, 0);
-  view.Show();
+  view.Show(PlotKind::trajectory, 1, 0);
   const PlotLimits& l = view.plot().axes.limits;
   EXPECT_NEAR((l.x_max - l.x_min) / 8, (l.y_max - l.y_min) / 5.5, 1e-3);
   // The track runs from (20, 25) to (59, 64) and the hull is 40 long.
@@ -506,8 +482,7 @@ TEST(Trajectory, UnitsAreAsLongOnBothAxes) {
 // Hull pixels: as long as the ship along the heading, as wide as it across.
 TEST(Trajectory, HullPointsWhereTheShipHeads) {
   for (const bool turned : {false, true}) {
-    PlotView view("", 1100, 850);
-    UseSmallCase(view);
+    SmallView view(1100, 850);
     GiveHull(view.session.case_store);
     view.session.case_store.pmgg.component[5].assign(40, turned ? 1.5707963F : 0.0F);
     view.Choose(PlotKind::trajectory, 1, 0);
@@ -533,14 +508,12 @@ TEST(Trajectory, StepsWithAHull) {
       {3, 5, {12, 13}, {10}},  // the point before, once
   };
   // clang-format on
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   for (const Row& row : rows) {
     view.session.output.reading.step_stride = row.stride;
     view.plot().geometry_every = row.every;
     view.plot().marked_steps = row.marked;
-    view.Choose(PlotKind::trajectory, 1, 0);
-    zaviewsetaxes(view.session);
+    view.Make(PlotKind::trajectory, 1, 0);
     std::vector<int> steps;
     for (const HullPlace& hull : view.plot().derived.hulls) steps.push_back(hull.step);
     EXPECT_EQ(steps, row.want) << row.every << ' ' << row.stride;
@@ -548,13 +521,11 @@ TEST(Trajectory, StepsWithAHull) {
 }
 
 TEST(Trajectory, Table) {
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   view.session.case_store.last_step = 6;
   view.session.output.writing.separator = Separator::comma;
   view.session.output.units.cnvfac[1] = -1;
-  view.Choose(PlotKind::trajectory, 1, 0);
-  zaviewsetaxes(view.session);
+  view.Make(PlotKind::trajectory, 1, 0);
   OutputFile out;
   ASSERT_TRUE(OpenOutput(view.session.platform, "", OpenHow::replace, out));
   EXPECT_EQ(kTrajectoryPlot.write(SourceOf(view.session), view.plot(), out), DataFault::none);
@@ -573,13 +544,11 @@ TEST(LoadPlot, PresentValueAndRange) {
       {10, 7, 10},  // a step that is no point
   };
   // clang-format on
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   for (const Row& row : rows) {
     view.session.case_store.current_step = row.step;
     view.session.output.reading.step_stride = row.stride;
-    view.Choose(PlotKind::load_dist, 13, 0);
-    zaviewsetaxes(view.session);
+    view.Make(PlotKind::load_dist, 13, 0);
     const DataPlotDerived& d = view.plot().derived;
     EXPECT_EQ(d.cut, (std::vector<float>{25.0F, -12.5F}));
     const int last = 5 + 39 / row.stride * row.stride;
@@ -608,8 +577,7 @@ TEST(LoadPlot, PresentValueAndRange) {
 
 // Kinds share the histories: each makes its own again after another one.
 TEST(DataPlot, KindsTakeTurns) {
-  PlotView view("");
-  UseSmallCase(view);
+  SmallView view;
   view.Choose(PlotKind::history, 2, 0);
   for (const PlotKind kind : {PlotKind::history, PlotKind::trajectory, PlotKind::history}) {
     view.plot().kind = kind;

@@ -94,6 +94,15 @@ struct PlotView : Picture {
     ForgetData(plot());
   }
 
+  void Make(PlotKind kind, int iqnt, int component) {
+    Choose(kind, iqnt, component);
+    zaviewsetaxes(session);
+  }
+  void Show(PlotKind kind, int iqnt, int component) {
+    Choose(kind, iqnt, component);
+    Show();
+  }
+
   // As a display of the frame does it. The picture is in rgb unless the view was left.
   void Show() {
     gksBeginPicture(session.platform.window, session.gks);

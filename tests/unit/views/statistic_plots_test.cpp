@@ -112,8 +112,7 @@ TEST(StatisticPlots, TheFittedDistributionIsDrawnOverTheBars) {
 
 TEST(StatisticPlots, CorrelationBeginsAtOneAndCovarianceAtTheVariance) {
   PlotView v("irregular_head.out", kWidth, kHeight);
-  v.Choose(PlotKind::autocorrelation, 1, kHeave);
-  v.Show();
+  v.Show(PlotKind::autocorrelation, 1, kHeave);
   const std::vector<float> x = Samples(v);
   const std::size_t n = x.size();
   double mean = 0, variance = 0, lag_10 = 0;
@@ -136,8 +135,7 @@ TEST(StatisticPlots, CorrelationBeginsAtOneAndCovarianceAtTheVariance) {
   EXPECT_EQ(notes[2].text, "Cutoff time  = not reached");
   EXPECT_EQ(notes[3].text, "Cutoff steps = not reached");
 
-  v.Choose(PlotKind::autocovariance, 1, kHeave);
-  v.Show();
+  v.Show(PlotKind::autocovariance, 1, kHeave);
   EXPECT_NEAR(v.plot().derived.correlation[0], variance, 1.0e-4 * variance);
   EXPECT_EQ(NamesOf(v).y, "pmgg(3)");
 }
@@ -168,8 +166,7 @@ TEST(StatisticPlots, IntervalsStandAtTheirRealizations) {
   PlotView v("sea_1.out", kWidth, kHeight);
   v.Read("sea_2.out");
   v.Read("sea_3.out");
-  v.Choose(PlotKind::interval, 1, kHeave);
-  v.Show();
+  v.Show(PlotKind::interval, 1, kHeave);
   const DataPlotDerived& d = v.plot().derived;
   ASSERT_EQ(d.record_x, (std::vector<float>{1, 2, 3}));
   const std::vector<float> last = Samples(v);  // the current record is the third
@@ -202,8 +199,7 @@ TEST(StatisticPlots, AreMadeOnce) {
   PlotView v("irregular_head.out");
   for (const PlotKind kind : {PlotKind::autocorrelation, PlotKind::autocovariance}) {
     v.fake.output.clear();
-    v.Choose(kind, 1, kHeave);
-    v.Show();
+    v.Show(kind, 1, kHeave);
     EXPECT_EQ(v.fake.output, kComputed);
     for (const int key : std::initializer_list<int>{'b', 'x', 'y', kKeyLeft, 'F', 'R'}) {
       PressKey(v.session, key);
