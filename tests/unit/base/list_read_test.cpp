@@ -53,20 +53,6 @@ TEST(ListRead, Reals) {
   }
 }
 
-TEST(ListRead, IntegersAndMixtures) {
-  Lines lines("3. 3E2 -4|1 2.5 2*7|1.5 2 3|5000000000 1 1");
-  std::vector<int> three(3);
-  EXPECT_EQ(ReadIntegers(lines.Get(), three), ListStatus::ok);
-  EXPECT_EQ(three, (std::vector<int>{3, 300, -4}));
-  int i = 0, j = 0;
-  double x = 0, y = 0;
-  const ListItem items[] = {&i, &x, &j, &y};
-  EXPECT_EQ(ReadList(lines.Get(), items), ListStatus::ok);
-  EXPECT_TRUE(i == 1 && x == 2.5 && j == 7 && y == 7.0);
-  EXPECT_EQ(ReadIntegers(lines.Get(), three), ListStatus::error);  // a fraction
-  EXPECT_EQ(ReadIntegers(lines.Get(), three), ListStatus::error);  // out of the range
-}
-
 TEST(ListRead, NumbersThatAreCutShort) {
   for (const char* text : {"-", ".", "-.", "1.5E", "1.5E-", "1.5-", "2*-", "3*", "n", "-iNfi", "nan", "infinity"})
     EXPECT_TRUE(BeginsNumber(text)) << text;

@@ -318,15 +318,6 @@ TEST(DataPlotKeys, AHullComesBackToScale) {
   EXPECT_EQ(v.plot().geometry_scale, 1.0F);
 }
 
-TEST(DataPlotKeys, TheWindowGoesToAFile) {
-  PlotView v{std::string(kSample)};
-  v.Show(kHistory, kPosition, 3);
-  v.fake.output.clear();
-  Press(v.session, "W");
-  EXPECT_EQ(v.fake.output, "DumpWindow - Writing PNG file dump0001.png\n");
-  EXPECT_EQ(v.fake.Bytes("dump0001.png").substr(1, 3), "PNG");
-}
-
 std::vector<int> AllCodes(const Session& s) {
   std::vector<int> codes;
   for (const std::span<const ViewKey> rows : {DataPlotKeys(s).rows, SessionKeys()})

@@ -119,6 +119,7 @@ TEST(DataPlotAxes, DataAndLimitsAreMadeAnewWithWhatTheyDependOn) {
   const Row rows[] = {
       {"nothing", history, [](Session&) {}, false, false, false},
       {"looks", history, [](Session& s) { s.data_plot.grid_on = s.data_plot.numbers_on = true; }, false, false, false},
+      {"pan", autocorrelation, [](Session& s) { Pan(s.data_plot.axes, 0.1F, 0); }, false, false, false},
       {"component", history, [](Session& s) { s.data_plot.plot_component = 2; }, false, true, true},
       {"component", histogram, [](Session& s) { s.data_plot.plot_component = 2; }, true, true, true},
       {"cut", load_dist, [](Session& s) { s.data_plot.plot_component = 2; }, false, false, false},
@@ -573,17 +574,6 @@ TEST(LoadPlot, PresentValueAndRange) {
   PlotNames names;
   kLoadPlot.names(FactsOf(view.session), view.plot(), names);
   EXPECT_EQ(names.note.substr(0, 14), "Step 11 Time= ");
-}
-
-// Kinds share the histories: each makes its own again after another one.
-TEST(DataPlot, KindsTakeTurns) {
-  SmallView view;
-  view.Choose(PlotKind::history, 2, 0);
-  for (const PlotKind kind : {PlotKind::history, PlotKind::trajectory, PlotKind::history}) {
-    view.plot().kind = kind;
-    zaviewsetaxes(view.session);
-    EXPECT_EQ(view.plot().derived.history.labels[0], kind == PlotKind::history ? "vmg(1)" : "pmgg(1)");
-  }
 }
 
 TEST(DataPlot, ImpulsiveRuns) {

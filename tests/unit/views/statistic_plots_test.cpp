@@ -191,24 +191,6 @@ TEST(StatisticPlots, IntervalsStandAtTheirRealizations) {
   }
 }
 
-// Zooming, panning and drawing again compute nothing.
-TEST(StatisticPlots, AreMadeOnce) {
-  constexpr std::string_view kComputed =
-      "Computing autocorrelation...\nDone\n"
-      "Autocorrelation cutoff 0.05 not reached: the dependence time is not known, 0 is used\n";
-  PlotView v("irregular_head.out");
-  for (const PlotKind kind : {PlotKind::autocorrelation, PlotKind::autocovariance}) {
-    v.fake.output.clear();
-    v.Show(kind, 1, kHeave);
-    EXPECT_EQ(v.fake.output, kComputed);
-    for (const int key : std::initializer_list<int>{'b', 'x', 'y', kKeyLeft, 'F', 'R'}) {
-      PressKey(v.session, key);
-      v.Show();
-    }
-    EXPECT_EQ(v.fake.output, kComputed);
-  }
-}
-
 TEST(StatisticPlots, LeaveTheViewWhereNothingCanBeComputed) {
   // clang-format off
   const struct { PlotKind kind; int skip; float probability; const char* said; } cases[] = {
