@@ -1,5 +1,6 @@
 #include "gks/kernel/fonts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gks_font_tables.h>  // made by the build
 #include <vector>
@@ -65,6 +66,13 @@ int gksCharWidth(Font font, unsigned char c) {
   return table->bytes[table->start[c]];
 }
 
+float gksStrokeAdvance(unsigned char c, float scale) {
+  constexpr float kLeastStop = 3.0F;
+  if (IsControl(c)) return 0.0F;
+  const float advance = scale * kStrokeRight[c];
+  return c == '.' ? std::max(advance, kLeastStop) : advance;
+}
+
 void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, bool upward,
                        std::string_view text) {
   const BitmapFontTable* const table = TableOf(font);
@@ -87,16 +95,18 @@ void gksDrawStrokeText(const GksPaint& paint, const GksPen& pen, const StrokePla
   for (const char letter : text) {
     const auto c = static_cast<unsigned char>(letter);
     if (IsControl(c)) continue;
+    const float advance = gksStrokeAdvance(c, place.scale),
+                start = along + 0.5F * (advance - place.scale * kStrokeRight[c]);
     for (int strip = kStrokeGlyphStart[c]; strip < kStrokeGlyphStart[c + 1]; ++strip) {
       points.clear();
       if (!Reserve(points, static_cast<std::size_t>(kStripStart[strip + 1] - kStripStart[strip]))) return;
       for (int i = kStripStart[strip]; i < kStripStart[strip + 1]; ++i) {
-        const float u = along + place.scale * kStrokePoints[i].x, v = place.down - place.scale * kStrokePoints[i].y;
+        const float u = start + place.scale * kStrokePoints[i].x, v = place.down - place.scale * kStrokePoints[i].y;
         points.push_back({place.at.x + cosine * u - sine * v, place.at.y + sine * u + cosine * v});
       }
       paint.line(paint.self, pen, points);
     }
-    along += place.scale * kStrokeRight[c];
+    along += advance;
   }
 }
 

@@ -14,6 +14,10 @@ namespace zaview {
 void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, bool upward,
                        std::string_view text);
 
+// Pixels from one letter of the stroke font to the next at so many pixels a unit. A full stop in small letters keeps a
+// pixel free on both sides.
+[[nodiscard]] float gksStrokeAdvance(unsigned char c, float scale);
+
 struct StrokePlace {
   GksPoint at;                // pixel
   float turn = 0, scale = 1;  // radians, clockwise on the screen; pixels for a unit of the font

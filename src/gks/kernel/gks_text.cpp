@@ -75,9 +75,12 @@ float PixelHeight(const GksState& gks) {
   return std::sqrt(x * x + y * y);
 }
 
-float Width(Font font, std::string_view text) {
+float Width(Font font, float scale, std::string_view text) {  // pixels
   float width = 0.0F;
-  for (const char c : text) width += static_cast<float>(gksCharWidth(font, static_cast<unsigned char>(c)));
+  for (const char letter : text) {
+    const auto c = static_cast<unsigned char>(letter);
+    width += font == Font::stroke ? gksStrokeAdvance(c, scale) : static_cast<float>(gksCharWidth(font, c));
+  }
   return width;
 }
 
@@ -119,7 +122,7 @@ TextBox MakeBox(const GksState& gks, std::string_view text) {
     box.cap = kStrokeCap * box.scale;
     box.descender = kStrokeDescender * box.scale;
   }
-  box.width = Width(box.font, text) * box.scale;
+  box.width = Width(box.font, box.scale, text);
   box.along = OffsetAlong(alignment.horizontal, box.width);
   box.down = OffsetDown(alignment.vertical, box);
   box.horizontal = alignment.horizontal;

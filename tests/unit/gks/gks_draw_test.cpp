@@ -315,6 +315,8 @@ TEST(Text, ShowsThePointInTheStrokeFont) {
     GSCHH(d.gks, height);
     GTX(d.gks, {50, 50}, ".");
     EXPECT_GT(d.Lit().ink, 0.6) << height;
+    const TextExtent with = GQTXX(d.gks, {0, 0}, "0.0"), without = GQTXX(d.gks, {0, 0}, "00");
+    EXPECT_GE(with.corner[1].x - without.corner[1].x, 2.99) << height;  // not grown into the digits
   }
 }
 
