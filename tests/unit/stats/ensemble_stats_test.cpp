@@ -15,23 +15,6 @@ void ExpectAll(std::span<const float> got, std::span<const double> want) {
   for (std::size_t i = 0; i < got.size(); ++i) ExpectClose(got[i], want[i], std::to_string(i).c_str());
 }
 
-TEST(EnsembleStats, WorkedEnsemble) {
-  const double want[2][10] = {
-      // scheme small, large: xme xve xse VarMe VarVe xmeci xveci xseci xmin xmax
-      {0.41798887, 3.695191, 1.922288, 0.02351949, 0.14098859, 0.30058622, 0.73594797, 0.19142501, -4.882, 4.969},
-      {0.41798887, 3.695191, 1.922288, 0.030208997, 0.10544984, 0.34066167, 0.63647026, 0.16555017, -4.882, 4.969}};
-  for (const int nmany : {0, 1}) {
-    EnsembleStats s, mean, plain;
-    ASSERT_EQ(CalcEnsembleStats(1, WorkedEnsemble(), 0.95F, nmany, s), StatFault::none);
-    const float got[] = {s.xme, s.xve, s.xse, s.VarMe, s.VarVe, s.xmeci, s.xveci, s.xseci, s.xmin, s.xmax};
-    ExpectAll(got, want[nmany]);
-    ASSERT_EQ(CalcEnsembleStats(2, WorkedEnsemble(), 0.95F, nmany, mean), StatFault::none);
-    EXPECT_TRUE(mean.xmeci == s.xmeci && mean.xve == 0.0F && mean.xveci == 0.0F);
-    ASSERT_EQ(CalcEnsembleStats(3, WorkedEnsemble(), 0.95F, nmany, plain), StatFault::none);
-    EXPECT_TRUE(plain.xme == s.xme && plain.xve == s.xve && plain.xmeci == 0.0F);
-  }
-}
-
 TEST(EnsembleStats, SchemesAndFaults) {
   using enum EnsembleScheme;
   EXPECT_TRUE(SchemeOf(0, 999) == small && SchemeOf(1, 1) == large && SchemeOf(-1, 29) == small &&

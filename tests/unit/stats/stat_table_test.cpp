@@ -1,8 +1,12 @@
 #include "stats/tables/stat_table.h"
 
+#include <algorithm>
+#include <limits>
 #include <sstream>
 #include <tuple>
 
+#include "stats/tables/autocorrelation_table.h"
+#include "stats/tables/interval_table.h"
 #include "stats/tables/statistic_values.h"
 #include "worked_case.h"
 
@@ -16,6 +20,7 @@ struct Wanted {
   OutputSettings settings{};
   CaseStore c = WorkedCase();
   std::string name = "out.txt", before{};
+  int skip = 0;
 };
 
 Written Write(const Wanted& w) {
@@ -24,7 +29,10 @@ Written Write(const Wanted& w) {
   request.quantity.iqnt = w.iqnt;
   request.quantity.curve = w.curve;
   request.text = w.text;
-  return WriteWorked([&](const StatWork& work, OutputFile& out) { return WRSTAT(work, request, out); }, w.c, w.settings,
+  CaseStore c = w.c;
+  if (w.skip > 0) c.skip_effective = w.skip;
+  const auto write = request.statistic.interval ? WriteIntervals : WRSTAT;
+  return WriteWorked([&](const StatWork& work, OutputFile& out) { return write(work, request, out); }, c, w.settings,
                      w.name, w.before);
 }
 
@@ -47,28 +55,16 @@ OutputSettings WaveSettings() {
 
 constexpr std::string_view kSurge =
     "Statistics of Position of CG for ZAVO file run.out\n"
-    "Statistic            pmgg(1)\n"
-    "Mean (Average)    0.06195313\n"
-    "Stdev               1.924047\n"
-    "Variance            3.701955\n"
-    "1/3rd Amp Avg       3.392750\n"
-    "1/3rd Top Avg       3.338000\n"
-    "1/3rd Bot Avg      -3.447500\n"
-    "1/3rd Dbl Amp       6.785500\n"
-    "1/10th Amp Avg      4.165500\n"
-    "1/10th Top Avg      4.273000\n"
-    "1/10th Bot Avg     -4.058000\n"
-    "1/10th Dbl Amp      8.330999\n"
-    "Minimum            -4.058000\n"
-    "Maximum             4.273000\n"
-    "Maximum (ABS)       4.273000\n"
-    "Avg btw upcrss     0.4858140\n"
-    "Avg btw +peaks     0.4111951\n"
-    "SSA                 3.848093\n"
-    "1/100th AmpAvg      0.000000\n"
-    "1/100th TopAvg    0.06195313\n"
-    "1/100th BotAvg    0.06195313\n"
+    // clang-format off
+    "Statistic            pmgg(1)\n" "Mean (Average)    0.06195313\n" "Stdev               1.924047\n"
+    "Variance            3.701955\n" "1/3rd Amp Avg       3.392750\n" "1/3rd Top Avg       3.338000\n"
+    "1/3rd Bot Avg      -3.447500\n" "1/3rd Dbl Amp       6.785500\n" "1/10th Amp Avg      4.165500\n"
+    "1/10th Top Avg      4.273000\n" "1/10th Bot Avg     -4.058000\n" "1/10th Dbl Amp      8.330999\n"
+    "Minimum            -4.058000\n" "Maximum             4.273000\n" "Maximum (ABS)       4.273000\n"
+    "Avg btw upcrss     0.4858140\n" "Avg btw +peaks     0.4111951\n" "SSA                 3.848093\n"
+    "1/100th AmpAvg      0.000000\n" "1/100th TopAvg    0.06195313\n" "1/100th BotAvg    0.06195313\n"
     "1/100th DblAmp      0.000000\n";
+// clang-format on
 
 TEST(StatTable, OneCurve) {
   EXPECT_EQ(Write({}).text, kSurge);
@@ -244,6 +240,143 @@ TEST(StatisticLabel, AllAreOfOneWidth) {
   for (int number = 1; number <= 25; ++number)
     for (const bool for_file : {false, true}) EXPECT_EQ(StatisticLabel(number, for_file).size(), 14U) << number;
   for (const int unknown : {-1, 0, 26, 1000}) EXPECT_EQ(StatisticLabel(unknown, false), "") << unknown;
+}
+
+constexpr std::string_view kTitle =
+    "Statistical estimates with confidence interval of Position of CG for ZAVO file run.out\n"
+    "Confidence Interval Probability= 0.95\n";
+
+TEST(IntervalTable, OneCurve) {
+  const std::string table = std::string(kTitle) +
+                            " Statistic      Cnfdnce Intvl  Low (est-CI)   Estimate    High (est+CI)\n"
+                            " Mean              0.04243039     0.1957571     0.2381875     0.2806179\n"
+                            " Variance          0.04951499     0.9603636      1.009879      1.059394\n"
+                            " Std. Deviation    0.02463611     0.9802911      1.004927      1.029563\n"
+                            " Significnt Amp    0.01733823      1.106843      1.124182      1.141520\n"
+                            " 1/3rd Top Avg     0.03093250      1.333668      1.364600      1.395533\n"
+                            " 1/3rd bot Avg     0.01969611    -0.9100960    -0.8903999    -0.8707038\n"
+                            " Significnt Hgt    0.05062862      2.204371      2.255000      2.305629\n"
+                            " 1/10th Amp Avg    0.02321106      1.166789      1.190000      1.213211\n"
+                            " 1/10th Top Avg    0.03298301      1.408350      1.441333      1.474316\n"
+                            " 1/10th bot Avg    0.01834766    -0.9570143    -0.9386666    -0.9203190\n"
+                            " 1/10th Dbl Amp    0.05133066      2.328670      2.380000      2.431331\n"
+                            " SSA               0.04927222      1.960582      2.009854      2.059127\n";
+  EXPECT_EQ(Write({.word = "TABLE_CI", .curve = 2}).text, table);
+  EXPECT_EQ(Write({.word = "TABLE_CI", .curve = 2, .before = "old\n"}).text, "old\n\n" + table);
+}
+
+TEST(IntervalTable, QuantityColumn) {
+  const std::string head =
+      std::string(kTitle) + "Quantity        Statistic      Cnfdnce Intvl  Low (est-CI)   Estimate    High (est+CI)\n";
+  const std::string surge =
+      "pmgg(1)         Mean               0.7350832    -0.6731301    0.06195313     0.7970363\n"
+      "pmgg(1)         Variance            1.715054      1.986901      3.701955      5.417009\n";
+  const std::string all = Write({.word = "TABLE_CI", .curve = 0}).text;
+  EXPECT_EQ(all.substr(0, head.size() + surge.size()), head + surge);
+  EXPECT_NE(all.find("\npmgg(1)         SSA                0.8913785      2.956715      3.848093      4.739472\n"
+                     "pmgg(2)         Mean              0.04243039     0.1957571     0.2381875     0.2806179\n"),
+            std::string::npos);
+  EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 3 + 6 * 12);
+
+  const std::string text = Write({.word = "TABLE_CI", .curve = 1, .text = "Surge"}).text;
+  EXPECT_EQ(text.substr(0, head.size()), head);
+  EXPECT_EQ(text.substr(head.size(), 47), "Surge           Mean               0.7350832   ");
+
+  Wanted csv{.word = "TABLE_CI", .text = "U 10, head"};
+  csv.settings.writing.separator = Separator::comma;
+  EXPECT_NE(Write(csv).text.find("\nQuantity,Statistic,Cnfdnce Intvl,Low (est-CI),Estimate,High (est+CI)\n"
+                                 "\"U 10, head\",Mean,0.7350832,-0.6731301,0.06195313,0.7970363\n"),
+            std::string::npos);
+}
+
+TEST(IntervalTable, SingleLines) {
+  // clang-format off
+  const struct { const char* word; int curve; std::string text, line; } cases[] = {
+      {"MEAN_CI", 1, "18 180", "18 180     0.7350832    -0.6731301    0.06195313     0.7970363\n"},
+      {"SIG_BOT_ci", 1, "", "    0.8461081     -4.293608     -3.447500     -2.601392\n"},
+      {"1/10TH_HGT_CI", 2, "", "   0.05133066      2.328670      2.380000      2.431331\n"},
+  };
+  // clang-format on
+  for (const auto& c : cases)
+    EXPECT_EQ(Write({.word = c.word, .curve = c.curve, .text = c.text}).text, c.line) << c.word;
+}
+
+TEST(IntervalTable, Refusals) {
+  Wanted certain{.word = "TABLE_CI"};
+  certain.settings.statistics.confidence_probability = 1.0F;
+  EXPECT_EQ(Write(certain).console, "ERROR in CalcRecordStats: invalid confidence probability = 1\n");
+  EXPECT_EQ(Write(certain).fault, DataFault::said);
+  certain.word = "SIG_CI";
+  EXPECT_EQ(Write(certain).console, "ERROR in CalcRecordPeakStats: invalid confidence probability = 1\n");
+  EXPECT_EQ(Write({.word = "TABLE_CI", .skip = 64}).console,
+            "ERR495 - Too many steps skipped or trimmed in confidence interval calculation\n");
+  EXPECT_EQ(Write({.word = "MAX_CI"}).console, "ERROR - statistic 13 has no confidence interval\n");
+  EXPECT_EQ(Write({.word = "TABLE_CI", .iqnt = 13}).fault, DataFault::not_valid);
+}
+
+// Worked record 5 as surge.
+CaseStore ShortCase() {
+  CaseStore c = WorkedCase();
+  c.last_read = c.last_step = 24;
+  for (std::size_t i = 0; i < 24; ++i) c.pmgg.component[0][i] = WorkedRecord(5)[i];
+  return c;
+}
+
+Written Write(const CaseStore& c, const OutputSettings& settings, int iqnt = 1, const std::string& before = {}) {
+  QuantityRequest request;
+  request.iqnt = iqnt;
+  request.curve = 1;
+  return WriteWorked([&](const StatWork& work, OutputFile& out) { return WriteAutocorrelation(work, request, out); }, c,
+                     settings, "out.txt", before);
+}
+
+TEST(AutocorrelationTable, FunctionAndEnvelopes) {
+  const std::string begin =
+      "Autocorrelation of Position of CG for ZAVO file run.out\n"
+      "        dTime            Rx\n"
+      "     0.000000      1.000000\n"
+      "    0.5000000     0.6606718\n"
+      "     1.000000    0.03641257\n";
+  const std::string end =
+      // clang-format off
+      "     11.00000     0.5012329\n" "     11.50000      0.000000\n" "\n" "Upper envelope\n"
+      "        dTime            Rx\n" "     4.000000     0.3842421\n" "     8.000000     0.8757797\n"
+      "     11.00000     0.5012329\n" "\n" "Lower envelope\n" "        dTime            Rx\n"
+      "     2.000000    -0.6502960\n" "     6.000000    -0.7866454\n" "     10.00000    -0.4963130\n";
+  // clang-format on
+  const std::string text = Write(ShortCase(), {}).text;
+  EXPECT_EQ(text.substr(0, begin.size()), begin);
+  EXPECT_EQ(text.substr(text.size() - end.size()), end);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2 + 24 + 2 * (3 + 3));
+  EXPECT_EQ(Write(ShortCase(), {}, 1, "old\n").text, "old\n\n" + text);
+}
+
+TEST(AutocorrelationTable, EveryNthSampleBehindTheSkippedOnes) {
+  CaseStore c = ShortCase();
+  OutputSettings settings;
+  c.skip_effective = 20;
+  settings.statistics.autocorrelation_rate = 3;  // positions 21 and 24: R(0) is (x(21) - mean)^2
+  EXPECT_EQ(Write(c, settings).text,
+            "Autocorrelation of Position of CG for ZAVO file run.out\n"
+            // clang-format off
+            "        dTime            Rx\n" "     0.000000      1.000000\n" "     1.500000      0.000000\n"
+            "\nUpper envelope\n" "        dTime            Rx\n" "\nLower envelope\n"
+            // clang-format on
+            "        dTime            Rx\n");
+  settings.statistics.autocorrelation_rate = std::numeric_limits<int>::max();  // one sample: nothing to scale by
+  const std::string one = Write(c, settings).text;
+  EXPECT_NE(one.find("Rx\n     0.000000      0.000000\n\nUpper"), std::string::npos);
+  settings.statistics.autocorrelation_rate = -2;  // as 1
+  EXPECT_NE(Write(c, settings).text.find("\n    0.5000000 "), std::string::npos);
+}
+
+TEST(AutocorrelationTable, Refusals) {
+  CaseStore c = ShortCase();
+  c.skip_effective = 24;
+  const Written none = Write(c, {});
+  EXPECT_EQ(none.fault, DataFault::said);
+  EXPECT_EQ(none.console, "ERR495 - Too many steps skipped or trimmed in autocorrelation setup\n");
+  EXPECT_EQ(Write(ShortCase(), {}, 14).fault, DataFault::not_valid);
 }
 
 }  // namespace
