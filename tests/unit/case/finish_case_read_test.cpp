@@ -23,10 +23,8 @@ TEST(FinishCaseRead, Trimming) {
       "         Use menu option 11 or script command SET_TRIM_ABORT 0 to restore\n"
       "         these steps or re-trim the record\n";
   // clang-format off
-  const struct {
-    int first_read, last_read, planned, initial, terminal, abort, first_step, last_step;
-    std::string words;
-  } rows[] = {
+  const struct { int first_read, last_read, planned, initial, terminal, abort, first_step, last_step;
+                 std::string words; } rows[] = {
       {1, 3000, 3000, 0, 0, 200, 1, 3000, ""},
       {1, 450, 600, 0, 0, 200, 1, 250, incomplete},
       {1, 450, 600, 0, 0, 0, 1, 450, ""},
@@ -43,12 +41,9 @@ TEST(FinishCaseRead, Trimming) {
   for (const auto& row : rows) {
     FakePlatform fake;
     CaseStore c;
-    c.first_read = row.first_read;
-    c.last_read = row.last_read;
-    c.nstep_expected = row.planned;
+    c.first_read = row.first_read, c.last_read = row.last_read, c.nstep_expected = row.planned;
     OutputSettings settings;
-    settings.reading.trim_initial = row.initial;
-    settings.reading.trim_terminal = row.terminal;
+    settings.reading.trim_initial = row.initial, settings.reading.trim_terminal = row.terminal;
     settings.reading.trim_abort = row.abort;
     finish_case_read(fake.Get().console, settings, c);
     EXPECT_EQ(c.first_step, row.first_step) << row.last_read << ' ' << row.initial;
@@ -97,9 +92,7 @@ CaseStore Stored(int first, int n) {
 CaseStore Jonswap(int first, int n) {
   CaseStore c = Stored(first, n);
   c.control.USHIP = 7.5;
-  c.control.seaway.ISEA = 8;
-  c.control.seaway.TOMODAL = 9.5;
-  c.control.seaway.SEAHD = 180.0;
+  c.control.seaway.ISEA = 8, c.control.seaway.TOMODAL = 9.5, c.control.seaway.SEAHD = 180.0;
   return c;
 }
 
@@ -248,15 +241,9 @@ TEST(RestartCombine, Offers) {
   const std::string refused = "WARNING - Output histories not combined : ";
   using enum RestartMode;
   // clang-format off
-  const struct {
-    int first;  // of the new part, two steps long; the old one has 1 to 4
-    RestartMode mode;
-    bool can_ask;
-    const char* answer;
-    void (*change)(CaseStore& fresh);
-    bool combined;
-    std::string words;
-  } cases[] = {
+  // first: of the new part, two steps long; the old one has 1 to 4
+  const struct { int first; RestartMode mode; bool can_ask; const char* answer; void (*change)(CaseStore& fresh);
+                 bool combined; std::string words; } cases[] = {
       {4, ask, true, "C\n", same, true, question + " C\n" + joined},
       {4, ask, true, "combine\n", same, true, question + " combine\n" + joined},
       {4, ask, true, "L\n", same, false, question + " L\n"},

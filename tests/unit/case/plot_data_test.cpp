@@ -183,9 +183,7 @@ TEST(StatPoints, CountFileStepsWhateverTheStride) {
   // clang-format on
   for (const auto& row : rows) {
     CaseStore c;
-    c.first_step = row.first_step;
-    c.last_step = row.last_step;
-    c.skip_effective = row.skip;
+    c.first_step = row.first_step, c.last_step = row.last_step, c.skip_effective = row.skip;
     OutputSettings settings;
     settings.reading.skip_terminal = row.terminal;
     settings.reading.step_stride = row.stride;
@@ -244,9 +242,7 @@ TEST(QuantityCatalogue, TitlesAndUnits) {
               {1, 1, 1, 1, "|||rad|||"}};  // lengths as parts of the ship's
   for (const auto& row : rows) {
     OutputSettings settings;
-    settings.units.GRAVOUT = row.g;
-    settings.units.RHOOUT = row.rho;
-    settings.units.LENOUT = row.L;
+    settings.units.GRAVOUT = row.g, settings.units.RHOOUT = row.rho, settings.units.LENOUT = row.L;
     settings.units.ANGOUT = row.a;
     std::string units;
     for (const auto& [iqnt, curve] : {std::pair{1, 1}, {2, 6}, {6, 5}, {33, 2}, {29, 4}, {1, 0}, {25, 0}})

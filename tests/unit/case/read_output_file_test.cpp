@@ -47,9 +47,7 @@ struct Reader {
   }
   ReadOutcome Read(const std::string& name, int ship = 1) {
     ReadRequest request;
-    request.name = name;
-    request.ship = ship;
-    request.ship_named = true;
+    request.name = name, request.ship = ship, request.ship_named = true;
     fake.output.clear();
     const ReadOutcome outcome = read_output_file(request, platform, run, settings, store, ensemble);
     EXPECT_EQ(fake.OpenHandles(), 0U);
@@ -180,8 +178,7 @@ TEST(ReadOutputFile, ScriptsAreNotAskedAndUserScalesSurvive) {
   reader.run.skip_prompt = SkipPrompt::ask;
   reader.run.script_active = true;
   reader.settings.reading.trim_initial = 2;
-  reader.settings.units.LENOUT = 1.0F;
-  reader.settings.units.user_scale[2] = true;
+  reader.settings.units.LENOUT = 1.0F, reader.settings.units.user_scale[2] = true;
   reader.settings.units.GRAVOUT = 32.0F;
   EXPECT_EQ(reader.Read("good"), ReadOutcome::ok);
   EXPECT_EQ(reader.fake.output.find("How many"), std::string::npos);

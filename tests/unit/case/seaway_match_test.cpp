@@ -113,12 +113,8 @@ TEST(SeawayMatch, BothWays) {
 // An irregular sea of its own phases.
 CaseStore Realization(int IWVRLZ) {
   CaseStore c = SmallCase(1, 3);
-  c.control.seaway.ISEA = 8;
-  c.control.seaway.SIGWHT = 4;
-  c.control.seaway.TOMODAL = 9.5;
-  c.control.seaway.PEAKPRM = 3.3;
-  c.control.seaway.NFREQ = 20;
-  c.control.seaway.IWVRLZ = IWVRLZ;
+  c.control.seaway.ISEA = 8, c.control.seaway.SIGWHT = 4, c.control.seaway.TOMODAL = 9.5;
+  c.control.seaway.PEAKPRM = 3.3, c.control.seaway.NFREQ = 20, c.control.seaway.IWVRLZ = IWVRLZ;
   c.base_name = std::to_string(IWVRLZ);
   return c;
 }

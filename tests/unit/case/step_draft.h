@@ -30,9 +30,7 @@ inline CaseStore DraftCase(const StepDraft& draft, int nstep) {
   c.labels.gyre = draft.gyre;
   c.NSHIP = draft.ships;
   c.ship = draft.ship;
-  c.control.AUXOUT[0] = draft.mode;
-  c.control.MOTYPE = draft.motype;
-  c.control.NSTEP = nstep;
+  c.control.AUXOUT[0] = draft.mode, c.control.MOTYPE = draft.motype, c.control.NSTEP = nstep;
   c.control.GRAVOUT = 4;  // with RHOOUT 2: time by 2, forces by 8, moments by 8
   c.control.RHOOUT = 2;
   c.control.LENOUT = 1;

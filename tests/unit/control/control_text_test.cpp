@@ -106,9 +106,7 @@ ControlRecords Spectrum(int kind, int NFREQ, int NHEAD, double SPREAD = 0) {
   SeawayInput& sea = records.seaway;
   sea.ISEA = kind;
   sea.SIGWHT = sea.SIGWHT1 = sea.TMODAL1 = sea.SHAPE1 = sea.TOMODAL = sea.PEAKPRM = sea.VWIND10 = sea.FETCH = 3;
-  sea.NFREQ = NFREQ;
-  sea.NHEAD = NHEAD;
-  sea.SPREAD = SPREAD;
+  sea.NFREQ = NFREQ, sea.NHEAD = NHEAD, sea.SPREAD = SPREAD;
   return records;
 }
 

@@ -276,10 +276,7 @@ TEST(ReadControlRecords, EndlessModuleTextIsRefused) {
 
 TEST(InputScales, ArePowersOfLengthGravityAndDensity) {
   ControlRecords r;
-  r.LENIN = 4;
-  r.GRAVIN = 9;
-  r.RHOIN = 2;
-  r.ANGIN = 57.29578;
+  r.LENIN = 4, r.GRAVIN = 9, r.RHOIN = 2, r.ANGIN = 57.29578;
   const InputScales s = InputScalesOf(r);
   const double got[] = {s.length,          s.time, s.frequency, s.velocity, s.angle * 57.29578,
                         s.rate * 57.29578, s.mass, s.inertia};

@@ -185,9 +185,7 @@ TEST(Fourier, CoefficientsOfAKnownRecord) {
       const double T = 20;
       const Record record = TwoTurns(n, T);
       FourierRequest request;
-      request.mode = 3;
-      request.rule = rule;
-      request.nfreq = 3;
+      request.mode = 3, request.rule = rule, request.nfreq = 3;
       FourierSeries series;
       ASSERT_TRUE(FourierCoefficients(request, T / (n - 1), record.t, record.x, series));
       EXPECT_NEAR(series.a0, 4, 1e-4);

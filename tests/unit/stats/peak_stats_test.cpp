@@ -108,10 +108,8 @@ TEST(GetPeaks, HalfCyclesAboutZero) {
   constexpr float tiny = std::numeric_limits<float>::min();
   constexpr float nan = std::numeric_limits<float>::quiet_NaN();
   // clang-format off
-  const struct {
-    const char* name; std::vector<float> x; std::vector<int> bottom_steps, top_steps; std::vector<double> bottoms, tops;
-    bool crossing;
-  } cases[] = {
+  const struct { const char* name; std::vector<float> x; std::vector<int> bottom_steps, top_steps;
+                 std::vector<double> bottoms, tops; bool crossing; } cases[] = {
       {"a half cycle from 0 on is below", {1, 0, 2, -1}, {2}, {3}, {0.0}, {2.0}, true},
       {"0 belongs to the running one", {0, 1, 2, 0, -1, -3, 0, 2, 1, -1}, {6}, {3, 8}, {-3.0}, {2.0, 2.0}, true},
       {"the first of equal extremes", {-1, 1, 2, 2, -1, -1, 1}, {5}, {3}, {-1.0}, {2.0}, true},

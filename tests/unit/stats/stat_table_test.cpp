@@ -46,9 +46,7 @@ CaseStore OneWave() {
 }
 OutputSettings WaveSettings() {
   OutputSettings settings;
-  settings.units.GRAVOUT = 8.0F;
-  settings.units.LENOUT = 2.0F;
-  settings.units.RHOOUT = 10.0F;
+  settings.units.GRAVOUT = 8.0F, settings.units.LENOUT = 2.0F, settings.units.RHOOUT = 10.0F;
   settings.units.ANGOUT = 50.0F;
   return settings;
 }

@@ -23,21 +23,14 @@ constexpr double kGravity = 9.81;
 
 SeawayInput Jonswap() {
   SeawayInput sea;
-  sea.ISEA = 8;
-  sea.SIGWHT = 4;
-  sea.TOMODAL = 9.5;
-  sea.PEAKPRM = 3.3;
-  sea.SEAHD = 180;
-  sea.NFREQ = 10;
+  sea.ISEA = 8, sea.SIGWHT = 4, sea.TOMODAL = 9.5, sea.PEAKPRM = 3.3, sea.SEAHD = 180, sea.NFREQ = 10;
   sea.NHEAD = sea.IWVRLZ = 1;
   return sea;
 }
 
 SeawayInput OfKind(int ISEA, double H, double T) {
   SeawayInput sea = Jonswap();
-  sea.ISEA = ISEA;
-  sea.SIGWHT = H;
-  sea.TMODAL = T;
+  sea.ISEA = ISEA, sea.SIGWHT = H, sea.TMODAL = T;
   return sea;
 }
 
@@ -195,9 +188,7 @@ TEST(Components, PhaseIndices) {
 // Energy of the components is that of the spectrum over the range; headings outside, frequencies inside.
 TEST(Components, AmplitudesOrderAndPerturbation) {
   SeawayInput sea = Jonswap();
-  sea.NFREQ = 200;
-  sea.NHEAD = 5;
-  sea.SPREAD = 15;
+  sea.NFREQ = 200, sea.NHEAD = 5, sea.SPREAD = 15;
   WaveComponents waves;
   ASSERT_EQ(SetupWaveComponents(sea, {}, {}, kGravity, {}, waves), SeawayFault::none);
   ASSERT_EQ(waves.size(), 1000U);
