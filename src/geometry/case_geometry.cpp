@@ -82,4 +82,14 @@ bool ReadCaseGeometry(const Platform& platform, const ControlRecords& records, s
   return !hull.empty();
 }
 
+void HoldCaseGeometry(const Files& files, const ControlRecords& records, std::string_view folder) {
+  const auto hold = [&files, folder](std::string_view name) {
+    const std::string path = GeometryPath(files, name, folder);
+    const FileHandle file = path.empty() ? kNoFile : files.open_read(files.self, path);
+    if (file != kNoFile) (void)files.close(files.self, file);
+  };
+  hold(records.FGEOM);
+  for (const AddedGeometryInput& added : records.added_geometry) hold(added.CADDGEOMFILE);
+}
+
 }  // namespace zaview

@@ -61,6 +61,11 @@ GeometryName SplitGeometryName(std::string_view name) {
   return split;
 }
 
+std::string GeometryPath(const Files& files, std::string_view name, std::string_view folder) {
+  const GeometryName split = SplitGeometryName(name);
+  return split.format == GeometryFormat::none ? std::string{} : PathOf(files, split.file, folder);
+}
+
 GeometryStatus ReadGeometry(const Platform& platform, const GeometryRequest& request, Hull& hull) {
   hull = Hull{};
   const GeometryName name = SplitGeometryName(request.name);

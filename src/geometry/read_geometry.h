@@ -36,6 +36,9 @@ struct GeometryRequest {
 
 enum class GeometryStatus : std::uint8_t { ok, skipped, cannot_open, failed };  // told: failed only
 
+// The path at which that file is; blank: there is none, or no name.
+[[nodiscard]] std::string GeometryPath(const Files& files, std::string_view name, std::string_view folder);
+
 // Fills a fresh hull: one file, not reflected, not transformed. An unstructured surface is cleaned and oriented
 // (surface_checks.h). On failure the hull is empty.
 [[nodiscard]] GeometryStatus ReadGeometry(const Platform& platform, const GeometryRequest& request, Hull& hull);
@@ -51,5 +54,9 @@ enum class GeometryStatus : std::uint8_t { ok, skipped, cannot_open, failed };  
 // own shift, origin and rotation. Result in ship axes, non-dimensional. False: no hull (told why).
 [[nodiscard]] bool ReadCaseGeometry(const Platform& platform, const ControlRecords& records, std::string_view folder,
                                     Hull& hull);
+
+// The files of that geometry count as read from now on: nothing of this run is written over them, whether the hull is
+// needed or not.
+void HoldCaseGeometry(const Files& files, const ControlRecords& records, std::string_view folder);
 
 }  // namespace zaview

@@ -8,6 +8,7 @@
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/text.h"
+#include "case/case_hull.h"
 #include "case/output_scales.h"
 #include "case/plot_data.h"
 #include "case/read/default_skip.h"
@@ -21,6 +22,7 @@
 #include "case/wave_at_cg.h"
 #include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
+#include "geometry/read_geometry.h"
 
 namespace zaview {
 namespace {
@@ -275,7 +277,9 @@ ReadOutcome read_output_file(const ReadRequest& request, const Platform& platfor
     run.exit_requested = run.exit_requested || !case_store.has_case;
     return ReadOutcome::aborted;
   }
-  return ReadOpened(platform, request, name, file, run, settings, {case_store, ensemble});
+  const ReadOutcome outcome = ReadOpened(platform, request, name, file, run, settings, {case_store, ensemble});
+  if (outcome == ReadOutcome::ok) HoldCaseGeometry(platform.files, case_store.control, FolderOf(case_store.file_name));
+  return outcome;
 }
 
 }  // namespace zaview
