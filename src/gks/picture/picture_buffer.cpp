@@ -59,9 +59,11 @@ bool ReadPictureBuffer(const PictureBuffer& picture, int width, int height, unsi
 }
 
 bool MakeImage(PictureImage& image, int width, int height) {
+  constexpr int kMostSide = 32768;  // pixels
   if (image.width == width && image.height == height) return true;
   image.width = image.height = 0;
   image.rgb.clear();
+  if (std::max(width, height) > kMostSide) return false;
   if (!Grow(image.rgb, static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)) return false;
   image.width = width;
   image.height = height;

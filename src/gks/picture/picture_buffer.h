@@ -17,7 +17,8 @@ void FreePictureBuffer(PictureBuffer& picture);
 // width x height x 3 bytes, bottom row first. False: it isn't that large, or can't be read.
 [[nodiscard]] bool ReadPictureBuffer(const PictureBuffer& picture, int width, int height, unsigned char* rgb);
 
-// A picture in memory of that size, as it is or made anew, black. False: memory is out; there is none then.
+// A picture in memory of that size, as it is or made anew, black. False: memory is out, or a side
+// longer than 32768; there is none then.
 [[nodiscard]] bool MakeImage(PictureImage& image, int width, int height);
 [[nodiscard]] bool ReadImage(const PictureImage& image, int width, int height, unsigned char* rgb);
 
