@@ -70,8 +70,8 @@ float Luminance(const GksColour& colour) {
 
 // Of relative luminances, as guidelines for the web define it: from 1 to 21.
 float Contrast(const GksColour& a, const GksColour& b) {
-  const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
-  return (light + 0.05F) / (dark + 0.05F);
+  const float of_a = Luminance(a), of_b = Luminance(b);
+  return (std::max(of_a, of_b) + 0.05F) / (std::min(of_a, of_b) + 0.05F);
 }
 
 // Lines that can hardly be seen on their background become darker or lighter, as little as it takes.
