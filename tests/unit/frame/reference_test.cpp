@@ -45,7 +45,7 @@ TEST(Reference, Help) {
 }
 
 // The files in the tree are what the tables make of them now.
-TEST(Reference, DISABLED_FilesAreUpToDate) {
+TEST(Reference, FilesAreUpToDate) {
   for (const ReferenceFile& file : ReferenceFiles()) {
     EXPECT_TRUE(FileBytes(ProjectFile(std::string(file.name))) == file.text())
         << file.name << " is not what the tables say now; make it anew with\n"
