@@ -54,16 +54,22 @@ TEST(DataPlotAxes, Component) {
     zaviewsetaxes(view.session);
     EXPECT_EQ(view.plot().plot_component, row.want) << row.iqnt << ' ' << row.component;
     EXPECT_EQ(view.session.run.plot_module, 1);
+    if (row.iqnt != 23) continue;  // its heading tells the only curve, though all are shown
+    PlotNames names;
+    PlotTypeOf(row.kind).names(FactsOf(view.session), view.plot(), names);
+    EXPECT_EQ(names.title.substr(names.title.find(',')),
+              ", " + CurveLabel(view.session.case_store, view.session.output, 23, 1));
   }
 }
 
 TEST(DataPlotAxes, HistoryLimits) {
   // clang-format off
-  const struct Row { const char* name; int component; bool by_index, match; PlotLimits want; } rows[] = {
-      {"one", 1, false, false, {1.25F, 1, 11, 20, 10, 60}},  // x as the data have it
-      {"by index", 1, true, false, {5, 5, 44, 20, 10, 60}},
-      {"matched", 1, false, true, {1.25F, 1, 11, 20, 10, 70}},  // component 3 ends at 69
-      {"all", 0, false, false, {1.25F, 1, 11, 20, 10, 70}},
+  const struct Row { const char* name; int component; bool by_index, match; int stride; PlotLimits want; } rows[] = {
+      {"one", 1, false, false, 1, {1.25F, 1, 11, 20, 10, 60}},  // x as the data have it
+      {"by index", 1, true, false, 1, {5, 5, 44, 20, 10, 60}},
+      {"every other step by index", 1, true, false, 2, {5, 5, 43, 20, 10, 60}},
+      {"matched", 1, false, true, 1, {1.25F, 1, 11, 20, 10, 70}},  // component 3 ends at 69
+      {"all", 0, false, false, 1, {1.25F, 1, 11, 20, 10, 70}},
   };
   // clang-format on
   SmallView view;
@@ -72,6 +78,7 @@ TEST(DataPlotAxes, HistoryLimits) {
     view.session.case_store.time.component[0][k] =
         0.25F * static_cast<float>(5 + k) / view.session.output.units.scales.T;
   for (const Row& row : rows) {
+    view.session.output.reading.step_stride = row.stride;
     view.Choose(PlotKind::history, 1, row.component);
     view.plot().x_axis_by_index = row.by_index;
     view.plot().match_scales = row.match;
