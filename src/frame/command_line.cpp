@@ -372,7 +372,7 @@ bool CheckFiles(const Session& session, const FilesRead& read) {
 void StartInitialPlot(Session& session) {
   RunState& run = session.run;
   const Console& console = session.platform.console;
-  if (run.plot_module > 0) return SayLine(console, kPlotFromScript);
+  if (run.plot_module != PlotModule::none) return SayLine(console, kPlotFromScript);
   if (!session.case_store.has_steps()) return SayLine(console, kPlotWithoutData);
   if (session.platform.choose_window == nullptr) return SayLine(console, kPlotWithoutGraphics);
   const PlotKind kind = run.initial_plot == InitialPlot::trajectory ? PlotKind::trajectory : PlotKind::history;
@@ -445,8 +445,8 @@ CommandLineResult read_defaults_and_arguments(Session& session, std::span<const 
   RunState& run = session.run;
   if (!CheckFiles(session, ReadNamedFiles(session))) return {LineEnd::stop, kRunFailed};
   if (!run.script_active && run.initial_plot == InitialPlot::none) pause_for_return(session.platform.console);
-  run.plot_module = 0;
-  run.change_module = 0;
+  run.plot_module = PlotModule::none;
+  run.change_module = PlotModule::none;
   run.view_is_new = false;
   if (run.script_active) {
     RunScript(session, run.script_file_name);

@@ -19,7 +19,7 @@ void RunScript(Session& session, std::string_view name) {
   RunState& run = session.run;
   const Console& console = session.platform.console;
   const int script = OpenScriptFile(session, name);
-  if (run.plot_module > 0) return;
+  if (run.plot_module != PlotModule::none) return;
   if (!run.script_is_init) {
     SayLine(console, script == kScriptOk ? kDone : kAborting);
     run.exit_requested = true;
@@ -38,8 +38,8 @@ void RunScript(Session& session, std::string_view name) {
 
 void RunDialogue(Session& session) {
   RunState& run = session.run;
-  if (run.script_active && session.script.open && run.plot_module == 0) RunScript(session, "");
-  while (run.plot_module == 0 && !run.exit_requested) text_menu(session);
+  if (run.script_active && session.script.open && run.plot_module == PlotModule::none) RunScript(session, "");
+  while (run.plot_module == PlotModule::none && !run.exit_requested) text_menu(session);
 }
 
 }  // namespace zaview

@@ -132,7 +132,7 @@ void RunScriptFile(Session& s) {
   s.run.script_active = true;
   s.run.script_is_init = true;
   const int status = OpenScriptFile(s, "");
-  if (s.run.plot_module > 0) return;
+  if (s.run.plot_module != PlotModule::none) return;
   if (status != kScriptCancelled && status != kScriptNotRun) SayLine(s.platform.console, "ZAVIEW continuing...");
   s.run.script_active = false;
   s.run.script_is_init = false;
@@ -260,7 +260,7 @@ std::vector<MenuEntry> MainMenu() {
 
 void text_menu(Session& session) {
   RunState& run = session.run;
-  while (run.plot_module == 0 && !run.exit_requested) {
+  while (run.plot_module == PlotModule::none && !run.exit_requested) {
     const std::size_t number = NextOption(session);
     const Option& option = kOptions[number];
     if (option.act != nullptr) option.act(session);

@@ -8,7 +8,7 @@
 
 namespace zaview {
 
-// Shows the menu and does what is chosen, until a view is wanted (run.plot_module above 0) or the end
+// Shows the menu and does what is chosen, until a view is wanted (run.plot_module) or the end
 // (run.exit_requested).
 void text_menu(Session& session);
 

@@ -16,7 +16,7 @@ int zaview_main(const Platform& platform, std::span<const std::string> arguments
   const CommandLineResult start = read_defaults_and_arguments(session, arguments);
   if (start.end != LineEnd::stop) {
     RunDialogue(session);
-    if (session.run.plot_module > 0) startgraphics(session);  // the rest of the run is in there
+    if (session.run.plot_module != PlotModule::none) startgraphics(session);  // the rest of the run is in there
   }
   Trace(session.platform.console, "zaviewexit");
   platform.console.flush(platform.console.self);

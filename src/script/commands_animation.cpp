@@ -73,25 +73,40 @@ int SetNumber(OptionCall& option) {
   return ReadNumber(option, rule, option.view.*field);
 }
 
+template <const NumberRule& rule, double Camera::*field>
+int SetView(OptionCall& option) {
+  float value = 0;
+  const int status = ReadNumber(option, rule, value);
+  if (status == kScriptOk) option.view.view.*field = static_cast<double>(value);
+  return status;
+}
+
+int SetPerspective(OptionCall& option) {
+  option.view.view.perspective = IsYes(option.word);
+  return kScriptOk;
+}
+
 int SetBody(OptionCall& option) {
   const bool wire = StartsWith(option.word, "W");
   if (!wire && !StartsWith(option.word, "S"))
     return Fail(option.call, kScriptBadArgument, "Illegal value for KINO_OPT SEA");  // deliberate: SEA here too
   option.view.hull_solid = !wire;
+  option.view.hull_wire = wire;
   return kScriptOk;
 }
 
 int SetSea(OptionCall& option) {
   MotionViewState& view = option.view;
   if (StartsWith(option.word, "S")) {
-    view.fs_transparent = false;
+    view.fs_solid = true;
+    view.fs_opacity = 1;
     return kScriptOk;
   }
   if (!StartsWith(option.word, "T")) return Fail(option.call, kScriptBadArgument, "Illegal value for KINO_OPT SEA");
   std::vector<float> opacity;
   if (!ParseRealList(option.call.words, -1, opacity) || opacity.empty())
     return Fail(option.call, kScriptBadArgument, "ERROR parsing value for KINO_OPT {}", "SEA TRANSPARENT");
-  view.fs_transparent = true;
+  view.fs_solid = true;
   view.fs_opacity = opacity[0];
   if (opacity[0] >= 0 && opacity[0] <= 1) return kScriptOk;
   SayLine(option.call.console(), "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0");
@@ -132,19 +147,19 @@ constexpr OptionRow kOptionRows[] = {
     {"RUD", beginning, SetFlag<&MotionViewState::show_rudders>},
     {"TIME", beginning, SetFlag<&MotionViewState::show_time>},
     {"TITLE", whole, SetFlag<&MotionViewState::show_title>},
-    {"PERS", beginning, SetFlag<&MotionViewState::perspective>},
+    {"PERS", beginning, SetPerspective},
     {"SHAD", beginning, SetFlag<&MotionViewState::shading_on>},
     {"TR", beginning, SetFlag<&MotionViewState::body_transparent>},
     {"BODY", whole, SetBody},
     {"SEA", whole, SetSea},
     {"AMB", beginning, SetNumber<kAmbient, &MotionViewState::ambient>},
-    {"APER", beginning, SetNumber<kAperture, &MotionViewState::view_width>},
-    {"VIEW_RAD", beginning, SetNumber<kRadius, &MotionViewState::view_radius>},
-    {"RAD", beginning, SetNumber<kRadius, &MotionViewState::view_radius>},
-    {"VIEW_AZIM", beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>},
-    {"AZIM", beginning, SetNumber<kAzimuth, &MotionViewState::view_azimuth>},
-    {"VIEW_ELEV", beginning, SetNumber<kElevation, &MotionViewState::view_elevation>},
-    {"ELEV", beginning, SetNumber<kElevation, &MotionViewState::view_elevation>},
+    {"APER", beginning, SetView<kAperture, &Camera::view_width>},
+    {"VIEW_RAD", beginning, SetView<kRadius, &Camera::view_radius>},
+    {"RAD", beginning, SetView<kRadius, &Camera::view_radius>},
+    {"VIEW_AZIM", beginning, SetView<kAzimuth, &Camera::view_azimuth>},
+    {"AZIM", beginning, SetView<kAzimuth, &Camera::view_azimuth>},
+    {"VIEW_ELEV", beginning, SetView<kElevation, &Camera::view_elevation>},
+    {"ELEV", beginning, SetView<kElevation, &Camera::view_elevation>},
     {"SYNC", beginning, SetSync},
     {"GRID", whole, SetNumber<kGridSize, &MotionViewState::fs_grid_size>},
     {"GRIDSIZE", whole, SetNumber<kGridSize, &MotionViewState::fs_grid_size>},

@@ -14,10 +14,12 @@ enum class RestartMode : std::int8_t { ask = -1, keep_last = 0, combine = 1 };
 enum class InitialPlot : std::uint8_t { none, history, animation, trajectory, geometry };
 enum class SkipPrompt : std::int8_t { none = -1, ask = 1, silent = 2 };  // may a read ask for the steps to skip
 
+enum class PlotModule : std::uint8_t { none, data_plot, animation, geometry };  // none: the text menu
+
 struct RunState {
-  int plot_module = 0;     // 0 text menu, 1 data plot, 2 motion animation, 3 geometry plot
-  int change_module = 0;   // above 0: a view asks for that plot module next
-  int plot_suboption = 0;  // above 0: a plot is wanted (script) or to be continued (menu)
+  PlotModule plot_module = PlotModule::none;
+  PlotModule change_module = PlotModule::none;  // a view asks for that one next
+  int plot_suboption = 0;                       // above 0: a plot is wanted (script) or to be continued (menu)
   bool view_is_new = false;
   bool exit_requested = false;
   int exit_status = 0;        // with exit_requested

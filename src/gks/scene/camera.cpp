@@ -23,7 +23,7 @@ double Dot(ScenePoint a, ScenePoint b) {
 }  // namespace
 
 CameraAxes AxesOf(const Camera& camera) {
-  const double a = camera.azimuth * kRadians, e = camera.elevation * kRadians;
+  const double a = camera.view_azimuth * kRadians, e = camera.view_elevation * kRadians;
   const double ca = std::cos(a), sa = std::sin(a), ce = std::cos(e), se = std::sin(e);
   return {{-sa, ca, 0.0}, {-se * ca, -se * sa, ce}, {-ce * ca, -ce * sa, -se}};
 }
@@ -35,7 +35,7 @@ double FittingRadius(const Camera& camera, double reach, int width, int height) 
 
 PicturePoint ToPicture(const Camera& camera, ScenePoint point, int width, int height) {
   const CameraAxes axes = AxesOf(camera);
-  const ScenePoint q{point.x - camera.centre.x, point.y - camera.centre.y, point.z - camera.centre.z};
+  const ScenePoint q{point.x - camera.view_centre.x, point.y - camera.view_centre.y, point.z - camera.view_centre.z};
   const double pixels = height / (2.0 * camera.view_radius * std::tan(HalfWidth(camera)));  // a length
   double scale = 1.0;
   if (camera.perspective) {

@@ -8,12 +8,12 @@ struct ScenePoint {
   double x = 0, y = 0, z = 0;
 };
 
-struct Camera {            // data only
-  ScenePoint centre;       // what it looks at
-  double azimuth = 45;     // degrees; 0: the eye is ahead, 90: to port
-  double elevation = 30;   // degrees up from the horizontal, -90 to 90
-  double view_width = 30;  // degrees, the full vertical angle; below 1 drawn as 1
-  double view_radius = 0;  // from the centre to the eye; 0: so that all is seen
+struct Camera {                // data only
+  ScenePoint view_centre;      // what it looks at
+  double view_azimuth = 45;    // degrees; 0: the eye is ahead, 90: to port
+  double view_elevation = 30;  // degrees up from the horizontal, -90 to 90
+  double view_width = 30;      // degrees, the full vertical angle; below 1 drawn as 1
+  double view_radius = 0;      // from the centre to the eye; 0: so that all is seen
   bool perspective = true;
 };
 

@@ -16,7 +16,7 @@ namespace {
 // Fits and mapped axes need the data as they are now. False: they can't be made, the view is left.
 bool UpToDate(Session& s) {
   zaviewsetaxes(s);
-  return s.run.plot_module > 0;
+  return s.run.plot_module != PlotModule::none;
 }
 
 // Limits that the data want, rounded. False: there are no data.

@@ -9,9 +9,10 @@
 
 namespace zaview {
 
-void zaviewinit(Session& session);     // entry; the message unless a script runs
-void zaviewsetaxes(Session& session);  // makes data and limits that are out of date; may leave the view (plot_module 0)
-void zaviewrender(Session& session);   // draws from the state alone
+void zaviewinit(Session& session);  // entry; the message unless a script runs
+void zaviewsetaxes(
+    Session& session);  // makes data and limits that are out of date; may leave the view (plot_module none)
+void zaviewrender(Session& session);                               // draws from the state alone
 void zaviewmouse(Session& session, int button, float x, float y);  // world of the graph
 void BeforeDataPlotKey(Session& session);                          // any key ends what the mouse began
 [[nodiscard]] ViewKeys DataPlotKeys(const Session& session);

@@ -78,7 +78,7 @@ bool UpdatePlot(const PlotSource& source, DataPlotState& plot) {
 
 void zaviewsetaxes(Session& session) {
   if (UpdatePlot(SourceOf(session), session.data_plot)) return;
-  session.run.plot_module = 0;
+  session.run.plot_module = PlotModule::none;
   session.run.redraw = false;
 }
 

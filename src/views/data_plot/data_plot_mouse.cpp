@@ -8,8 +8,8 @@
 #include "gks/window/gks_window.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_type.h"
-#include "views/data_plot/popup.h"
 #include "views/state/axes_limits.h"
+#include "views/state/popup.h"
 
 namespace zaview {
 
@@ -54,17 +54,17 @@ void OpenPopup(Session& s, PlotPoint at) {
   s.run.redraw = true;
 }
 
-// By PopupChoice.
+// By line of the popup.
 constexpr ViewAsk kAsks[] = {ViewAsk::none, ViewAsk::curve_menu, ViewAsk::options_menu, ViewAsk::help,
                              ViewAsk::time_step_menu};
 
 void TakeChoice(Session& s, PlotPoint at) {
   PopupState& popup = s.data_plot.axes.popup;
   const PlotPoint page = ToPage(s.page, at);
-  const PopupChoice choice = ChoiceAt(PopupBoxOf(popup, DrawOf(s)), page.x, page.y);
+  const PopupBox box = PopupBoxOf(popup, kDataPlotPopup, DrawOf(s));
   popup.open = false;
   s.run.redraw = true;
-  s.plot_session.ask = kAsks[static_cast<std::size_t>(choice)];
+  s.plot_session.ask = kAsks[LineAt(box, kDataPlotPopup, page.x, page.y)];
 }
 
 void Zoom(Session& s, PlotPoint at) {

@@ -8,11 +8,12 @@
 
 #include "base/text.h"
 #include "gks/kernel/gks_control.h"
+#include "gks/plot/page_text.h"
 #include "views/data_plot/data_plot.h"
-#include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
-#include "views/data_plot/popup.h"
 #include "views/state/plot_kinds.h"
+#include "views/state/popup.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 
@@ -41,14 +42,6 @@ constexpr TextMode kTextModes[] = {
 
 TextMode ModeOf(const DataPlotState& plot) {
   return kTextModes[static_cast<std::size_t>(std::clamp(plot.plot_text_mode, 0, 4))];
-}
-
-// Asked for by a key or a script, once.
-void TakeReverse(Session& session) {
-  const int wanted = session.run.plot_colours;
-  session.run.plot_colours = 0;
-  if (wanted == 0) return;
-  gksSetReverse(session.gks, wanted == 1 ? !session.gks.window.reverse_video : wanted == 3);
 }
 
 // The axes stay on the page, with room for their labels, whatever size was asked for.
@@ -234,13 +227,13 @@ void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   else DrawCurves(plot, draw);
   PageNotes(draw, notes, place);
   DrawMouse(plot, draw);
-  DrawPopup(plot.axes.popup, draw);
+  DrawPopup(plot.axes.popup, kDataPlotPopup, draw);
 }
 
 }  // namespace
 
 void zaviewrender(Session& session) {
-  TakeReverse(session);
+  TakeReverse(session.run, session.gks);
   const PlotDraw draw = DrawOf(session);
   if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
   SetTwins(draw);

@@ -13,8 +13,8 @@
 #include "case/quantity_catalogue.h"
 #include "case/quantity_label.h"
 #include "case/tables/load_table.h"
+#include "gks/plot/page_text.h"
 #include "stats/tables/statistic_values.h"
-#include "views/data_plot/plot_parts.h"
 #include "views/data_plot/plot_type.h"
 
 namespace zaview {

@@ -15,7 +15,7 @@
 #include "case/ship_pose.h"
 #include "geometry/hull_waterline.h"
 #include "gks/kernel/gks_transform.h"
-#include "views/data_plot/plot_parts.h"
+#include "gks/plot/page_text.h"
 #include "views/data_plot/plot_type.h"
 #include "views/state/axes_limits.h"
 #include "views/state/plot_kinds.h"

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "frame/ground/output_file.h"
+#include "gks/plot/page_text.h"
 #include "gks/plot/plot_layer.h"
 #include "stats/tables/stat_table.h"
-#include "views/data_plot/plot_parts.h"
 #include "views/state/data_plot_state.h"
 #include "views/state/plot_source.h"
 
@@ -21,6 +21,8 @@ struct DrawnCurve {   // as it is drawn: views of the derived data
   int component = 1;  // 0: drawn by its kind itself (the wave of a time history)
   std::span<const float> x, y;
 };
+
+inline constexpr std::string_view kNoPlotSteps = "ERROR - Too many steps skipped or trimmed";
 
 struct PlotNames {
   std::string x, y;
@@ -49,6 +51,8 @@ struct PlotType {
   // The data as text.
   DataFault (*write)(const PlotSource& source, const DataPlotState& plot, OutputFile& out) = nullptr;
 };
+
+inline constexpr std::string_view kDataPlotPopup[] = {"Selection Menu", "Plot Options Menu", "Help", "Time/Step Menu"};
 
 [[nodiscard]] const PlotType& PlotTypeOf(PlotKind kind);  // `none` has a row that draws axes only
 

@@ -10,6 +10,8 @@
 #include "views/data_plot/data_plot.h"
 #include "views/frame/screen_dialogue.h"
 #include "views/frame/session_keys.h"
+#include "views/geometry/geometry_view.h"
+#include "views/motion/motion_view.h"
 
 namespace zaview {
 
@@ -28,17 +30,19 @@ struct View {
 
 void RenderDataPlot(Session& s) {
   zaviewsetaxes(s);
-  if (s.run.plot_module > 0) zaviewrender(s);
+  if (s.run.plot_module != PlotModule::none) zaviewrender(s);
 }
 
-// By plot_module, from 1.
+// By PlotModule, behind `none`.
 constexpr View kViews[] = {
     {zaviewinit, RenderDataPlot, zaviewmouse, BeforeDataPlotKey, DataPlotKeys},
+    {KinoPlotInit, KinoRender, KinoMouse, BeforeMotionKey, MotionKeys},
+    {GeoPlotInit, GeoRender, GeoMouse, BeforeGeometryKey, GeometryKeys},
 };
 
 const View* ViewOf(const Session& s) {
-  const int module = s.run.plot_module;
-  return module < 1 || module > static_cast<int>(std::size(kViews)) ? nullptr : &kViews[module - 1];
+  const auto module = static_cast<std::size_t>(s.run.plot_module);
+  return module < 1 || module > std::size(kViews) ? nullptr : &kViews[module - 1];
 }
 
 void EnterView(Session& s) {
@@ -48,10 +52,10 @@ void EnterView(Session& s) {
 // From one view straight to another; the options menu is open there as well.
 void ChangeModule(Session& s) {
   RunState& run = s.run;
-  Say(s.platform.console, kChange, run.change_module);
+  Say(s.platform.console, kChange, static_cast<int>(run.change_module));
   run.plot_module = run.change_module;
   EnterView(s);
-  run.change_module = 0;
+  run.change_module = PlotModule::none;
   run.view_is_new = true;
   run.redraw = true;
   s.plot_session.menu_pending = true;
@@ -77,7 +81,7 @@ void GiveUpView(Session& s) {
 void AfterEvent(Session& s) {
   if (const View* view = ViewOf(s)) ServeAsk(s, view->keys(s));
   if (s.run.exit_requested) zaviewexit(s, s.run.exit_status);
-  if (s.run.plot_module == 0) gksWindowHideNow(s.platform, s.gks);
+  if (s.run.plot_module == PlotModule::none) gksWindowHideNow(s.platform, s.gks);
   else if (s.run.redraw) gksPostRedisplay(s.platform, s.gks);
 }
 
@@ -117,13 +121,13 @@ void zaviewexit(Session& session, int status) {
 void TopRender(Session& session, bool force) {
   RunState& run = session.run;
   Trace(session.platform.console, "TopRender");
-  if (run.change_module > 0) ChangeModule(session);
-  else if (run.plot_module == 0) LeaveForDialogue(session);
+  if (run.change_module != PlotModule::none) ChangeModule(session);
+  else if (run.plot_module == PlotModule::none) LeaveForDialogue(session);
   gksWindowShow(session.gks);
   if (force) run.redraw = true;
   if (const View* view = ViewOf(session)) view->render(session);
   if (run.exit_requested) zaviewexit(session, run.exit_status);
-  if (run.plot_module == 0) return GiveUpView(session);
+  if (run.plot_module == PlotModule::none) return GiveUpView(session);
   if (session.plot_session.menu_pending) gksIdleOn(session.platform, session.gks);
 }
 

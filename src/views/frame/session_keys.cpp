@@ -29,7 +29,7 @@ bool AskCount(Session& s) {
 
 bool Leave(Session& s) {
   StopRun(s);
-  s.run.plot_module = 0;
+  s.run.plot_module = PlotModule::none;
   return false;
 }
 

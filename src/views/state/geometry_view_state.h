@@ -1,9 +1,9 @@
 // What the user has set for the geometry views, plane and in space. Data only.
 #pragma once
 
-#include <array>
 #include <cstdint>
 
+#include "gks/scene/camera.h"
 #include "views/state/axes_state.h"
 
 namespace zaview {
@@ -37,12 +37,8 @@ struct GeometryViewState {
 
   // In space.
   bool solid = true, outlined = true, shaded = true, grey_backs = false, z_buffered = true;
-  bool perspective = false;
   SpaceAxes space_axes = SpaceAxes::none;
-  float view_radius = 0;                                          // 0: to fit
-  float view_azimuth = 45, view_elevation = 30;                   // degrees
-  float view_width = 30;                                          // aperture, degrees
-  std::array<double, 3> view_centre{};                            // input axes and lengths
+  Camera view{{}, 45, 30, 30, 0, false};  // to be measured: not in perspective; input axes and lengths
   bool backs_told = false, normals_told = false, fitted = false;  // notes said; the first view fitted
 };
 

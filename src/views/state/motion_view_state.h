@@ -1,10 +1,15 @@
-// What scripts and menus have set for the motion animation. Data only.
+// What scripts, keys and menus have set for the motion animation, and what is kept of it from step to step. Data only.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "case/plot_data.h"
+#include "gks/scene/camera.h"
+#include "views/state/axes_state.h"
+#include "views/state/plot_key.h"
 
 namespace zaview {
 
@@ -18,32 +23,77 @@ struct MotionGraph {
   int colour = 1;  // index into the colour names
   bool blank = true, scroll = false, time_bar = true, mark = false, value = false;
   float scroll_time = 60;  // output time units, above 0
+
+  PlotDataKey made_of;  // of the data; `none`: there are none
+  PlotData data;        // its curve over all steps in use
+};
+
+// Where the camera stands. All but the bridge look at `view_centre` from the CG on the still water.
+enum class CameraStand : std::uint8_t {
+  ship,     // goes along with the ship, turned as the earth
+  heading,  // turns with its heading as well: azimuth 180 looks along the ship from astern
+  earth,    // stays where the ship was when it was chosen
+  bridge    // on the ship, as its watch looks ahead: moves and turns with the hull
+};
+
+enum class HullColour : std::uint8_t {
+  plain,
+  wetness  // wet at this step, wet at one before, dry up to now
+};
+
+struct EarthStand {  // where CameraStand::earth looks at
+  bool chosen = false;
+  double x = 0, y = 0;  // CG, global, output lengths
+  std::uint64_t case_serial = 0;
+};
+
+enum class RunEventKind : std::uint8_t { slam, deck_wet, roll_max, roll_min, pitch_max, pitch_min };
+
+struct RunEvent {
+  RunEventKind kind = RunEventKind::slam;
+  int step = 0;
+};
+
+struct MotionEvents {  // of the steps in use, in their order; made on first need
+  bool made = false;
+  PlotDataKey made_of;
+  std::array<double, 3> point{};  // that slams
+  std::vector<RunEvent> list;
 };
 
 struct MotionViewState {
-  bool show_rudders = false;
-  bool show_title = true, show_time = true;
-  bool perspective = true;
-  bool shading_on = true;
-  bool body_transparent = false;
+  Camera view;  // view_centre: from (x, y) of the CG on the still water; global, output lengths
+  CameraStand stand = CameraStand::ship;
+  EarthStand earth;
+
   bool hull_solid = true, hull_wire = false;  // both off: no hull
-  bool fs_solid = true, fs_wire = false;      // free surface
-  bool fs_transparent = false;
-  float fs_opacity = 0.5F;                       // 0 to 1
-  float ambient = 0.3F;                          // 0 to 1
-  float view_width = 30;                         // aperture, degrees, 0 to 90
-  float view_radius = 0;                         // 0: to fit the ship
-  float view_azimuth = 45, view_elevation = 30;  // degrees
-  std::array<double, 3> view_centre{};  // from (x, y) of the CG on the still water; global axes, output lengths
-  float fs_grid_size = 0;               // 0: by the ship
-  float line_thickness = 0, graph_thickness = 0;  // page units
-  bool thick_frames = false;                      // the frames of graphs, too
+  bool body_transparent = false;
+  HullColour hull_colour = HullColour::plain;
+  bool show_rudders = true;
+  bool show_track = false;        // of the CG
+  bool show_waterline = false;    // of the moment
+  bool show_centres = false;      // CG and centre of buoyancy
+  bool mark_point = false;        // on the ship: `point`
+  std::array<double, 3> point{};  // INPUT axes and units
+
+  bool fs_solid = true, fs_wire = false;  // free surface
+  bool horizon = false;                   // and a coarse sea around it
+  float fs_opacity = 0.6F;                // 0 to 1
+  float fs_grid_size = 0;                 // output lengths; 0: by the ship
+
+  bool shading_on = true;
+  float ambient = 0.3F;  // 0 to 1
+
+  bool show_title = true, show_time = true;
   float text_size = 0.14F;                        // page units
-  bool show_track = false;                        // of the CG
-  bool mark_point = false;                        // on the ship: the point of `point`
-  std::array<double, 3> point{};                  // INPUT axes and units
-  int initial_step = 0;                           // 0: the first in use
+  float line_thickness = 0, graph_thickness = 0;  // page units
+  bool frame_too = false;                         // the frames of graphs are as thick
+  bool show_events = false;                       // along the time bar
+  MotionEvents events;
   std::array<MotionGraph, kGraphs> graphs;
+
+  int initial_step = 0;  // the view opens there, once; 0: at the current step
+  PopupState popup;
 };
 
 }  // namespace zaview

@@ -17,7 +17,7 @@ TEST(Camera, ProjectsAsItsMatrixDoes) {  // 800 x 600 from 200 at azimuth 45, el
   for (const auto& c : cases) {
     Camera camera;
     camera.view_radius = 200;
-    camera.centre = {1000, -20, 3};
+    camera.view_centre = {1000, -20, 3};
     const ScenePoint at{c.q.x + 1000, c.q.y - 20, c.q.z + 3};
     PicturePoint p = ToPicture(camera, at, 800, 600);
     EXPECT_NEAR(p.scale, c.scale, 1e-6);
@@ -42,8 +42,8 @@ TEST(Camera, SidesAndFit) {
                {0, 0, {0, 0, 10}, 0, -1},   {270, 90, {10, 0, 0}, 1, 0}, {270, 90, {0, 10, 0}, 0, -1},
                {0, -90, {10, 0, 0}, 0, -1}, {0, 0, {500, 0, 0}, 0, 0}};
   for (const auto& c : cases) {
-    camera.azimuth = c.azimuth;
-    camera.elevation = c.elevation;
+    camera.view_azimuth = c.azimuth;
+    camera.view_elevation = c.elevation;
     const PicturePoint p = ToPicture(camera, c.at, 400, 400);
     const auto sign = [](double v) { return v > 1e-6 ? 1 : v < -1e-6 ? -1 : 0; };
     if (c.at.x > 100) {

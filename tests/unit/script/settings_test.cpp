@@ -68,15 +68,15 @@ Values FirstMotion(const Session& s) {
 // The last sample is 5, all others are 1.
 Values LastMotion(const Session& s) { return Of(s.case_store.pmgg.component[0].back() == 5.0F); }
 
-// The view's flags: rudders, time, title, perspective, shading, transparent body, solid hull, transparent sea.
+// The view's flags: rudders, time, title, perspective, shading, transparent body, solid hull, its wires.
 Values ViewFlags(const Session& s) {
   const MotionViewState& v = s.motion_view;
-  return Of(v.show_rudders, v.show_time, v.show_title, v.perspective, v.shading_on, v.body_transparent, v.hull_solid,
-            v.fs_transparent);
+  return Of(v.show_rudders, v.show_time, v.show_title, v.view.perspective, v.shading_on, v.body_transparent, v.hull_solid,
+            v.hull_wire);
 }
 Values ViewNumbers(const Session& s) {
   const MotionViewState& v = s.motion_view;
-  return Of(v.fs_opacity, v.ambient, v.view_width, v.view_radius, v.view_azimuth, v.view_elevation, v.fs_grid_size,
+  return Of(v.fs_opacity, v.ambient, v.view.view_width, v.view.view_radius, v.view.view_azimuth, v.view.view_elevation, v.fs_grid_size,
             v.line_thickness, v.initial_step);
 }
 Values Sync(const Session& s) {
@@ -368,23 +368,23 @@ TEST(Settings, AnimationOptions) {
   const auto none = [](const char* name) { return std::string("ERROR parsing value for KINO_OPT ") + name; };
   ExpectSettings({
       {words, ViewFlags,
-       {{"RUDDER on", {1, 1, 1, 1, 1, 0, 1, 0}}, {"time OFF|TIMELABEL maybe", {0, 0, 1, 1, 1, 0, 1, 0}},  // what is no yes is a no
-        {"TITLE n", {0, 1, 0, 1, 1, 0, 1, 0}}, {"PERSPECTIVE off", {0, 1, 1, 0, 1, 0, 1, 0}},
-        {"SHADING off", {0, 1, 1, 1, 0, 0, 1, 0}}, {"TRANSPARENT y", {0, 1, 1, 1, 1, 1, 1, 0}},
-        {"BODY wire", {0, 1, 1, 1, 1, 0, 0, 0}}, {"SEA transp 0.5", {0, 1, 1, 1, 1, 0, 1, 1}}},
+       {{"RUDDER off", {0, 1, 1, 1, 1, 0, 1, 0}}, {"time OFF|TIMELABEL maybe", {1, 0, 1, 1, 1, 0, 1, 0}},  // what is no yes is a no
+        {"TITLE n", {1, 1, 0, 1, 1, 0, 1, 0}}, {"PERSPECTIVE off", {1, 1, 1, 0, 1, 0, 1, 0}},
+        {"SHADING off", {1, 1, 1, 1, 0, 0, 1, 0}}, {"TRANSPARENT y", {1, 1, 1, 1, 1, 1, 1, 0}},
+        {"BODY wire", {1, 1, 1, 1, 1, 0, 0, 1}}},
        {{"", 4, "ERROR - Invalid quantity for ? command:"}, {"TITLES on", 4, "ERROR - Invalid quantity for ? command: TITLES"},
         {"BODY x", 4, sea}, {"SEA", 4, sea}, {"SEA T", 4, none("SEA TRANSPARENT")}}},
-      {words, ViewFlags, {{"SEA Solid", {0, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT SEA T 0.5\n"}},
-      {words, ViewFlags, {{"BODY solid", {0, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT BODY W\n"}},
+      {words, ViewFlags, {{"BODY solid", {1, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT BODY W\n"}},
+      {words, ViewNumbers, {{"SEA Solid", {1, 0.3F, 30, 0, 45, 30, 0, 0, 0}}}, {}, {"KINO_OPT SEA T 0.5\n"}},
       {words, ViewNumbers, {{"SEA T 0.25", {0.25F, 0.3F, 30, 0, 45, 30, 0, 0, 0}}, {"SEA T 1.5", {1, 0.3F, 30, 0, 45,
        30, 0, 0, 0}, "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0\n"}, {"AMB 1",
-       {0.5F, 1, 30, 0, 45, 30, 0, 0, 0}}, {"APER 90", {0.5F, 0.3F, 90, 0, 45, 30, 0, 0, 0}}, {"VIEW_RADIUS 7", {0.5F,
-       0.3F, 30, 7, 45, 30, 0, 0, 0}}, {"RADIUS 8", {0.5F, 0.3F, 30, 8, 45, 30, 0, 0, 0}}, {"VIEW_AZIMUTH 0", {0.5F,
-       0.3F, 30, 0, 0, 30, 0, 0, 0}}, {"AZIM 360", {0.5F, 0.3F, 30, 0, 360, 30, 0, 0, 0}}, {"VIEW_ELEV 90", {0.5F, 0.3F,
-       30, 0, 45, 90, 0, 0, 0}}, {"ELEV -90", {0.5F, 0.3F, 30, 0, 45, -90, 0, 0, 0}}, {"GRID 5", {0.5F, 0.3F, 30, 0, 45,
-       30, 5, 0, 0}}, {"GRIDSIZE 6", {0.5F, 0.3F, 30, 0, 45, 30, 6, 0, 0}}, {"GRID_SIZE 7", {0.5F, 0.3F, 30, 0, 45, 30,
-       7, 0, 0}}, {"THICK 2", {0.5F, 0.3F, 30, 0, 45, 30, 0, 2, 0}}, {"INIT_STEP 900", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0,
-       100}}, {"STEP 9", {0.5F, 0.3F, 30, 0, 45, 30, 0, 0, 9}}}, {{"AMB 1.1", 4, outside +
+       {0.6F, 1, 30, 0, 45, 30, 0, 0, 0}}, {"APER 90", {0.6F, 0.3F, 90, 0, 45, 30, 0, 0, 0}}, {"VIEW_RADIUS 7", {0.6F,
+       0.3F, 30, 7, 45, 30, 0, 0, 0}}, {"RADIUS 8", {0.6F, 0.3F, 30, 8, 45, 30, 0, 0, 0}}, {"VIEW_AZIMUTH 0", {0.6F,
+       0.3F, 30, 0, 0, 30, 0, 0, 0}}, {"AZIM 360", {0.6F, 0.3F, 30, 0, 360, 30, 0, 0, 0}}, {"VIEW_ELEV 90", {0.6F, 0.3F,
+       30, 0, 45, 90, 0, 0, 0}}, {"ELEV -90", {0.6F, 0.3F, 30, 0, 45, -90, 0, 0, 0}}, {"GRID 5", {0.6F, 0.3F, 30, 0, 45,
+       30, 5, 0, 0}}, {"GRIDSIZE 6", {0.6F, 0.3F, 30, 0, 45, 30, 6, 0, 0}}, {"GRID_SIZE 7", {0.6F, 0.3F, 30, 0, 45, 30,
+       7, 0, 0}}, {"THICK 2", {0.6F, 0.3F, 30, 0, 45, 30, 0, 2, 0}}, {"INIT_STEP 900", {0.6F, 0.3F, 30, 0, 45, 30, 0, 0,
+       100}}, {"STEP 9", {0.6F, 0.3F, 30, 0, 45, 30, 0, 0, 9}}}, {{"AMB 1.1", 4, outside +
        "AMBIENT; should be between 0.0 and 1.0"}, {"AMB x", 4, none("AMBIENT")}, {"APER -1", 4, outside +
        "APERTURE; should be between 0.0 and 90.0"}, {"APER x", 4, none("APERTURE")}, {"RAD 0", 4, outside +
        "RADIUS; should be > 0.0"}, {"RAD x", 4, none("RADIUS")}, {"AZIM 361", 4, outside +

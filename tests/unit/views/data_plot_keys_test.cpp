@@ -119,7 +119,7 @@ void Renew(PlotView& v, PlotKind kind) {
   s.statistics = StatisticsState{};
   s.plot_session.run_sync_factor = 1;
   s.menus = MenuState{};
-  s.run.plot_module = 1;
+  s.run.plot_module = PlotModule::data_plot;
   s.run.plot_colours = 0;
   s.run.exit_requested = false;
   s.gks.window.bitmap_font = true;
@@ -336,7 +336,7 @@ TEST(DataPlotKeys, NoKeyEndsTheProgram) {
         for (const unsigned held : {0U, kShiftKey | kControlKey}) {
           if (code == 'W') continue;
           for (int press = 0; press < 3; ++press) {
-            v.session.run.plot_module = 1;
+            v.session.run.plot_module = PlotModule::data_plot;
             v.session.gks.modifiers = held;
             PressKey(v.session, code & 0xFFFFF);
           }

@@ -7,7 +7,7 @@
 
 #include "unit/views/plot_view.h"
 #include "views/data_plot/plot_type.h"
-#include "views/data_plot/popup.h"
+#include "views/state/popup.h"
 #include "views/frame/session_keys.h"
 
 namespace zaview {
@@ -131,7 +131,7 @@ TEST(DataPlotMouse, ThePopupIsDrawnWhereItIsHit) {
       Do(v, open);
       ASSERT_TRUE(v.plot().axes.popup.open);
       v.Show();
-      const PopupBox box = PopupBoxOf(v.plot().axes.popup, DrawOf(v.session));
+      const PopupBox box = PopupBoxOf(v.plot().axes.popup, kDataPlotPopup, DrawOf(v.session));
       EXPECT_GE(box.left, 0.0F);
       EXPECT_GE(box.bottom, 0.0F);
       EXPECT_LE(box.left + box.width, 11.0F);

@@ -10,7 +10,7 @@
 #include "../case/small_case.h"
 #include "case/quantity_catalogue.h"
 #include "plot_view.h"
-#include "views/data_plot/plot_parts.h"
+#include "gks/plot/page_text.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/stat_overlay.h"
 
@@ -53,7 +53,7 @@ TEST(DataPlotAxes, Component) {
     view.plot().hidden.assign(6, row.all_hidden ? 1 : 0);
     zaviewsetaxes(view.session);
     EXPECT_EQ(view.plot().plot_component, row.want) << row.iqnt << ' ' << row.component;
-    EXPECT_EQ(view.session.run.plot_module, 1);
+    EXPECT_EQ(view.session.run.plot_module, PlotModule::data_plot);
     if (row.iqnt != 23) continue;  // its heading tells the only curve, though all are shown
     PlotNames names;
     PlotTypeOf(row.kind).names(FactsOf(view.session), view.plot(), names);
@@ -230,7 +230,7 @@ TEST(DataPlotAxes, WhatCannotBeShownLeavesTheView) {
     view.Choose(row.kind, row.iqnt, 0);
     view.session.run.redraw = true;
     zaviewsetaxes(view.session);
-    EXPECT_EQ(view.session.run.plot_module, 0);
+    EXPECT_EQ(view.session.run.plot_module, PlotModule::none);
     EXPECT_FALSE(view.session.run.redraw);
     EXPECT_EQ(view.fake.output, row.said);
   }
@@ -589,7 +589,7 @@ TEST(DataPlot, ImpulsiveRuns) {
     view.Choose(PlotKind::history, 1, 3);
     view.plot().show_stats = 4;
     view.Show();
-    EXPECT_EQ(view.session.run.plot_module, 1) << view.fake.output;
+    EXPECT_EQ(view.session.run.plot_module, PlotModule::data_plot) << view.fake.output;
     EXPECT_GT(view.Pixels(kGreen).count, 100) << sample;  // the line of the maximum
   }
 }

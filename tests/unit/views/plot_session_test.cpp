@@ -155,14 +155,14 @@ TEST(RunMode, KeepsTimeWithTheClock) {
 // From one view to another without the text menu: there is no dialogue here that could be called.
 TEST(PlotSession, AChangeOfViewPassesTheMenuBy) {
   LoadRun run;
-  run.session.run.change_module = 1;
-  run.session.run.plot_module = 2;
+  run.session.run.change_module = PlotModule::data_plot;
+  run.session.run.plot_module = PlotModule::animation;
   run.fake.output.clear();
   TopRender(run.session, false);
   EXPECT_EQ(run.fake.output, "change_module= 1\nHit the 'h' key for HELP, Alt-o for Options menu\n");
   EXPECT_TRUE(run.session.run.view_is_new && run.session.gks.window.idle_on);
-  EXPECT_EQ(run.session.run.plot_module, 1);
-  EXPECT_EQ(run.session.run.change_module, 0);
+  EXPECT_EQ(run.session.run.plot_module, PlotModule::data_plot);
+  EXPECT_EQ(run.session.run.change_module, PlotModule::none);
   EXPECT_FALSE(TopIdle(run.session));  // the options menu
   EXPECT_FALSE(run.session.plot_session.menu_pending || run.session.gks.window.idle_on);
 }

@@ -75,7 +75,7 @@ struct PlotView : Picture {
     session.platform = fake.Get();
     if (!sample.empty()) Read(sample);
     OpenWindow(windows, session.platform, session.gks, width, height);
-    session.run.plot_module = 1;
+    session.run.plot_module = PlotModule::data_plot;
   }
   PlotView(const PlotView&) = delete;
   PlotView& operator=(const PlotView&) = delete;
@@ -107,7 +107,7 @@ struct PlotView : Picture {
   void Show() {
     gksBeginPicture(session.platform.window, session.gks);
     zaviewsetaxes(session);
-    if (session.run.plot_module == 0) return;
+    if (session.run.plot_module == PlotModule::none) return;
     zaviewrender(session);
     Picture::Read(session.platform, session.gks);
   }

@@ -209,7 +209,7 @@ TEST(StatisticPlots, LeaveTheViewWhereNothingCanBeComputed) {
     v.Choose(c.kind, 1, kHeave);
     v.session.run.redraw = true;
     v.Show();
-    EXPECT_EQ(v.session.run.plot_module, 0) << static_cast<int>(c.kind);
+    EXPECT_EQ(v.session.run.plot_module, PlotModule::none) << static_cast<int>(c.kind);
     EXPECT_FALSE(v.session.run.redraw);
     const std::string_view said = c.said, output = v.fake.output;
     EXPECT_TRUE(output.size() >= said.size() && output.substr(output.size() - said.size()) == said) << output;

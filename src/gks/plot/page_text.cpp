@@ -1,4 +1,4 @@
-#include "views/data_plot/plot_parts.h"
+#include "gks/plot/page_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +11,6 @@
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_draw.h"
 #include "gks/plot/dense_curve.h"
-#include "views/state/axes_limits.h"
 
 namespace zaview {
 
@@ -85,7 +84,7 @@ float AxisDepth(PlotDraw draw, float text_size) {
   return kAxisTexts * LetterHeight(draw, text_size) + kNameSpace * text_size;
 }
 
-void DrawNote(PlotDraw draw, const PageNote& note, PlotPoint at, float height, float indent) {
+void DrawNote(PlotDraw draw, const PageNote& note, GksPoint at, float height, float indent) {
   if (note.colour != 0) {
     const OnPage page(draw);
     const bool clip = draw.gks.attribute.clip;
@@ -201,8 +200,8 @@ void PageNotes(PlotDraw draw, std::span<const PageNote> notes, const NotesPlace&
   const float column = WidthOf(draw, notes, place.height) + kColumnGap * place.height;
   const float top = page.area_y - place.depth + pitch * static_cast<float>(place.rows) + kDescent * place.height;
   for (std::size_t i = 0; i < notes.size(); ++i) {
-    const PlotPoint at{page.area_x + column * static_cast<float>(i / place.rows),
-                       top - pitch * static_cast<float>(i % place.rows + 1)};
+    const GksPoint at{page.area_x + column * static_cast<float>(i / place.rows),
+                      top - pitch * static_cast<float>(i % place.rows + 1)};
     PageNote note = notes[i];
     note.text = CutToWidth(draw, note.text, place.height, room - SampleOf(notes) * place.height);
     DrawNote(draw, note, at, place.height, SampleOf(notes));

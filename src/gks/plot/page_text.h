@@ -1,13 +1,11 @@
-// Texts and lines that the kinds of data plot share. Sizes are in page units. Private to views.
+// Texts, notes and boxes on the page, which every plot has beside its curves. Sizes are in page units.
 #pragma once
 
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "case/plot_data.h"
 #include "gks/plot/plot_layer.h"
-#include "stats/tables/stat_table.h"
 
 namespace zaview {
 
@@ -55,7 +53,5 @@ struct NotesSize {
 void PlainPaper(PlotDraw draw, float x, float y, float width, float height);
 // A framed rectangle of paper on the page: what is drawn beneath can't be seen.
 void PaperBox(PlotDraw draw, float x, float y, float width, float height);
-
-inline constexpr std::string_view kNoPlotSteps = "ERROR - Too many steps skipped or trimmed";
 
 }  // namespace zaview
