@@ -105,7 +105,7 @@ ModuleFault ReadModule(std::span<const ModuleField> fields, ModuleText& module, 
 }
 
 void WriteModule(const ModuleForm& form, const ModuleText& module, ModuleState& state, std::string& text) {
-  state.count = form.length == nullptr ? 0 : static_cast<int>(form.length(state));
+  if (form.length != nullptr) state.count = static_cast<int>(form.length(state));
   for (const ModuleField& field : form.fields) {
     const std::int64_t count = field.count == nullptr ? 1 : field.count(state);
     if (count <= 0) continue;

@@ -27,7 +27,7 @@ struct HeaderDraft {
            "!---- END_OF_HEADER ----\n";
   }
   void PutCuts(int x, int y) {
-    control.record[29] = {"1 0 1 " + std::to_string(x) + " 0"};
+    control.record[29] = {"1 1 1 " + std::to_string(x) + " 0"};
     for (int i = 0; i < x; ++i) control.record[29].push_back("10 0 5");
     control.modules = {"$YCUTLOADS:", "0 1 0 " + std::to_string(y)};
     for (int i = 0; i < y; ++i) control.modules.push_back("0 2.5 5");
@@ -108,7 +108,7 @@ TEST(OutputHeader, OlderVersionsLackLists) {
   const std::string two_cuts = "2\n0.1 0 0\n-0.1 0 0\n";
   // clang-format off
   const struct { const char* version; std::string parsing, loads; Triple y_cut; } cases[] = {
-      {"4.0.0", "1\n1\n1\n1\n3*0\n3*0\n3*0\n", "1 1 0 1 1 0 1 0\n" + two_cuts + "1\n0 0.7 0\n", {0, 0.7, 0}},
+      {"4.0.0", "1\n1\n1\n1\n3*0\n3*0\n3*0\n", "1 1 1 1 1 0 1 0\n" + two_cuts + "1\n0 0.7 0\n", {0, 0.7, 0}},
       {"3.9.9", "1\n1\n1\n1\n3*0\n3*0\n3*0\n", two_cuts + "1\n0 0.7 0\n", {0, 0.7, 0}},
       {"3.1.2", "1\n1\n1\n3*0\n3*0\n3*0\n", two_cuts + "1\n0 0.7 0\n", {0, 0.7, 0}},
       {"3.0.7", "1\n1\n1\n3*0\n3*0\n3*0\n", two_cuts + "1\n9 9 9\n8 8 8\n", {0, 0.025, 0.05}}};
@@ -119,7 +119,7 @@ TEST(OutputHeader, OlderVersionsLackLists) {
     draft.loads = c.loads;
     const Outcome out = Read(draft.Text());
     ASSERT_EQ(out.status, HeaderStatus::ok) << c.version << out.console;
-    EXPECT_EQ(out.fresh.loads.x_kinds, (std::vector<int>{1, 3})) << c.version;
+    EXPECT_EQ(out.fresh.loads.x_kinds, (std::vector<int>{1, 2, 3})) << c.version;
     EXPECT_EQ(out.fresh.loads.y_kinds, (std::vector<int>{5})) << c.version;
     EXPECT_EQ(out.fresh.loads.y_cuts, (std::vector<Triple>{c.y_cut})) << c.version;
     EXPECT_TRUE(out.fresh.unnamed_derived.empty()) << c.version;

@@ -208,7 +208,8 @@ TEST(DataPlotKeys, LimitsArePannedZoomedAndFitted) {
       {kHistory, "Left Up", "x0 -10 x1 30 y0 0 y1 4"}, {kHistory, "Right Down Down", "x0 30 x1 70 y0 -6 y1 -2"},
       {kHistory, "f", "use 0"},
       {kHistory, "F", "x0 0 x1 74.75 y0 -2.83219 y1 1.38696"},
-      {kHistory, "x", "x0 0 x1 74.75"}, {kHistory, "Y", "y0 -3"},
+      {kHistory, "x", "x0 0 x1 74.75"}, {kHistory, "Y", "y0 -3"}, 
+      {kHistory, "] Y", "quantity 2 x0 0 x1 74.75 y0 -2.25 dy 0.75 y1 2.25"},  // its velocity: -1.606 to 1.912
       {kHistory, "Right y", "x0 30 x1 70 y0 -1.8 dy 0.2 y1 -0.8"},  // there it stays between -1.69 and -0.96
       {kHistory, "^x ^y", "dx 20 dy 2"}, {kHistory, "^y ^y ^y ^y ^y", "dy 4"},
       {kHistory, "k", "use 1 fitted_x0 10"}, {kHistory, "k ^x", "use 1 fitted_x0 10 dx 20"},

@@ -475,6 +475,7 @@ void GiveHull(CaseStore& store) {
 TEST(Trajectory, UnitsAreAsLongOnBothAxes) {
   SmallView view;
   GiveHull(view.session.case_store);
+  view.session.case_store.pmgg.component[5].assign(40, 0.0F);
   view.Show(PlotKind::trajectory, 1, 0);
   const PlotLimits& l = view.plot().axes.limits;
   EXPECT_NEAR((l.x_max - l.x_min) / 8, (l.y_max - l.y_min) / 5.5, 1e-3);
@@ -484,7 +485,7 @@ TEST(Trajectory, UnitsAreAsLongOnBothAxes) {
   view.plot().keep_aspect = false;
   ForgetLimits(view.plot().axes);
   zaviewsetaxes(view.session);
-  EXPECT_GT(std::abs((l.x_max - l.x_min) / 8 - (l.y_max - l.y_min) / 5.5F), 0.1F);
+  ExpectLimits(l, {0, 10, 80, 20, 10, 70}, "round numbers about 0 to 79 and 20 to 69");
 }
 
 // Hull pixels: as long as the ship along the heading, as wide as it across.

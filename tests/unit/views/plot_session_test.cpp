@@ -165,6 +165,8 @@ TEST(PlotSession, AChangeOfViewPassesTheMenuBy) {
   EXPECT_EQ(run.session.run.change_module, PlotModule::none);
   EXPECT_FALSE(TopIdle(run.session));  // the options menu
   EXPECT_FALSE(run.session.plot_session.menu_pending || run.session.gks.window.idle_on);
+  run.session.run.exit_requested = true;  // while the view is drawn
+  EXPECT_THROW(TopRender(run.session, false), FakeExit);
 }
 
 }  // namespace

@@ -106,6 +106,11 @@ TEST(StatisticPlots, TheFittedDistributionIsDrawnOverTheBars) {
   const int left = Column(v, mean) - 12, right = Column(v, mean) + 12;
   EXPECT_GT(CountIn(v, kFit, left, right, box.top, box.top + 2), 0);
   EXPECT_GT(CountIn(v, kFit, kLeft, kLeft + kAreaWidth, box.top, kBottom), 250);
+  OutputFile out;
+  ASSERT_TRUE(OpenOutput(v.session.platform, "", OpenHow::replace, out));
+  EXPECT_EQ(kHistogramPlot.write(SourceOf(v.session), v.plot(), out), DataFault::none);
+  EXPECT_NE(v.fake.output.find("\n\nTheoretical Probability Distribution Fit:\nNormal (Gaussian) distribution\nMean "),
+            std::string::npos);
   // A dash of it stands below the plot, in front of its words.
   EXPECT_GT(CountIn(v, kFit, kLeft, kWidth - 1, kBottom + 60, kHeight - 1), 25);
 }
@@ -147,11 +152,13 @@ TEST(StatisticPlots, TheCutoffIsMarkedUpToTheDependenceTime) {
     v.Read("sea_2.out");
     v.Read("sea_3.out");
     v.session.output.statistics.autocorrelation_cutoff = cutoff;
-    v.Choose(PlotKind::autocorrelation, 1, kHeave);
+    const DataPlotDerived& d = v.plot().derived;
+    v.Make(PlotKind::autocorrelation, 1, kHeave);
+    EXPECT_FALSE(d.low_lag.empty());  // that of one record has a lower envelope
     v.plot().of_ensemble = true;
     v.plot().grid_on = false;
     v.Show();
-    const DataPlotDerived& d = v.plot().derived;
+    EXPECT_TRUE(d.low_lag.empty());
     ASSERT_GT(d.ndti, 0);
     EXPECT_EQ(d.ndti, v.session.statistics.dependence.ndti);
     EXPECT_NEAR(d.dti, static_cast<float>(d.ndti) * 0.25F, 0.25F);

@@ -127,7 +127,8 @@ TEST(Phases, TablesAndGenerator) {
   // clang-format off
   const struct { int seed; double phases[4], last; } rows[] = {  // the first four and the 1000th
       {1, {-77.2629, -88.7910, -146.3513, 39.0589}, 135.3804}, {-1, {-77.2629, -88.7910, -146.3513, 39.0589}, 135.3804},
-      {2, {-30.6452, 176.2104, 98.7226, -95.2143}, -103.2419}, {0, {-151.6502, -14.0112, -112.6952, -103.6942}, -70.5948}};
+      {2, {-30.6452, 176.2104, 98.7226, -95.2143}, -103.2419}, {0, {-151.6502, -14.0112, -112.6952, -103.6942}, -70.5948},
+      {177525, {55.1770, -56.2500, -80.5279, 167.1990}, -40.2628}};  // the third hits an edge of the table's places
   // clang-format on
   for (const auto& row : rows) {
     PhaseGenerator generator(row.seed);
