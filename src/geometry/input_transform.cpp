@@ -29,4 +29,12 @@ Vector3 InputToShip(const ControlRecords& records, const Vector3& point) {
   return InputToShip(TransformOf(records), point);
 }
 
+Vector3 ShipToInput(const InputTransform& transform, const Vector3& point) {
+  Vector3 moved{};
+  for (std::size_t i = 0; i < 3; ++i) moved[i] = point[i] * transform.LENIN - transform.GSHIFT[i];
+  Vector3 input = ToShip(transform.R, moved);
+  for (std::size_t i = 0; i < 3; ++i) input[i] += transform.GORIG[i];
+  return input;
+}
+
 }  // namespace zaview

@@ -19,5 +19,6 @@ struct InputTransform {
 // point: input axes and input units. Result: ship axes, non-dimensional, origin where record 24 puts it.
 [[nodiscard]] Vector3 InputToShip(const InputTransform& transform, const Vector3& point);
 [[nodiscard]] Vector3 InputToShip(const ControlRecords& records, const Vector3& point);
+[[nodiscard]] Vector3 ShipToInput(const InputTransform& transform, const Vector3& point);  // the way back
 
 }  // namespace zaview
