@@ -1,5 +1,7 @@
 // How long do 500 wave components take: at a point that moves through 200 000 steps, on one thread and on two, and at
-// the 61 x 41 points of a sea that is drawn again and again, elevation alone and with slopes and potential?
+// the 61 x 41 points of a sea that is drawn again and again, elevation alone and with slopes and potential, with split
+// phases and by the plain sum in double?
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <random>
@@ -7,6 +9,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "waves/elevation_grid.h"
 #include "waves/incident_wave.h"
 #include "waves/wave_elevation.h"
 
@@ -89,6 +92,43 @@ void DrawnSea(benchmark::State& state) {
   for (std::size_t i = 0; i < n; i += 97) CheckElevation(wave, points[i][0], points[i][1], moment.time, values[0][i]);
 }
 BENCHMARK(DrawnSea)->ArgName("full")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void GridOfASea(benchmark::State& state) {
+  const IncidentWave wave = Sea();
+  std::vector<double> x, y;
+  for (int i = 0; i < kPointsX; ++i) x.push_back(300.0 + 0.05 * i - 1.5);
+  for (int j = 0; j < kPointsY; ++j) y.push_back(0.05 * j - 1.0);
+  std::vector<float> eta(x.size() * y.size());
+  std::vector<double> plain(eta.size());
+  const bool split = state.range(0) == 1;
+  double time = 1000.0;
+  const auto sum = [&] {
+    for (std::size_t n = 0; n < plain.size(); ++n) {
+      plain[n] = 0.0;
+      for (std::size_t i = 0; i < wave.size(); ++i) {
+        const double psi = wave.kx[i] * x[n % x.size()] + wave.ky[i] * y[n / x.size()] - wave.w[i] * time + wave.p[i];
+        plain[n] += static_cast<double>(wave.a[i]) * std::cos(psi);
+      }
+    }
+  };
+  for (auto _ : state) {
+    time += 0.05;
+    if (split && ElevationGrid(wave, {time, 1.0}, x, y, eta) != WaveFault::none) std::abort();
+    if (!split) sum();
+    benchmark::DoNotOptimize(eta.data());
+    benchmark::DoNotOptimize(plain.data());
+  }
+  if (!split) return;
+  sum();
+  double largest = 0.0, worst = 0.0;
+  for (std::size_t n = 0; n < plain.size(); ++n) {
+    largest = std::max(largest, std::abs(plain[n]));
+    worst = std::max(worst, std::abs(static_cast<double>(eta[n]) - plain[n]));
+  }
+  state.counters["worst"] = worst / largest;
+  if (!(worst <= 1e-6 * largest)) std::abort();
+}
+BENCHMARK(GridOfASea)->ArgName("split")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 }  // namespace zaview

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "waves/dispersion.h"
+#include "waves/elevation_grid.h"
 #include "waves/phase_reduction.h"
 #include "waves/regular_wave.h"
 #include "waves/wave_elevation.h"
@@ -388,6 +389,39 @@ TEST(WaveElevation, HistoryGivesTheSameBitsAsPointByPoint) {
   EXPECT_EQ(ElevationHistory(Prepared(SeawayOf(1, 3)), time, x, y, {scale.data(), 2}, eta), WaveFault::none);
   EXPECT_EQ(eta[2], 0.0F) << "a list is short";
   EXPECT_EQ(ElevationHistory(Prepared(SeawayOf(9, 3)), time, x, y, scale, eta), WaveFault::unknown_kind);
+}
+
+TEST(WaveElevation, GridAgreesWithThePlainSum) {
+  std::vector<double> x, y;  // wider than what is taken at once, far down the track
+  for (int i = 0; i < 67; ++i) x.push_back(1e5 + 0.07 * i);
+  for (int j = 0; j < 130; ++j) y.push_back(-2e4 - 0.05 * j);
+  for (const int ISEA : {0, 1, 3, 4, 5}) {
+    const IncidentWave wave = Prepared(SeawayOf(ISEA, ISEA == 5 ? 5 : 75));
+    const WaveMoment moment{8e4, 0.75};
+    std::vector<float> eta(x.size() * y.size(), 7), one(1);
+    ASSERT_EQ(ElevationGrid(wave, moment, x, y, eta), WaveFault::none);
+    double largest = 0.0, worst = 0.0;
+    for (std::size_t n = 0; n < eta.size(); n += 3) {
+      const Vector3 at = {x[n % x.size()], y[n / x.size()], 0};
+      double exact = 0.0;
+      if (ISEA == 1 || ISEA == 4) {
+        for (std::size_t i = 0; i < wave.size(); ++i)
+          exact += wave.a[i] * 0.75 * std::cos(wave.kx[i] * at[0] + wave.ky[i] * at[1] - wave.w[i] * 8e4 + wave.p[i]);
+      } else {
+        WaveOutputs out;
+        out.eta = one;
+        ASSERT_EQ(EvalIncidentWave(wave, moment, {}, {&at, 1}, out), WaveFault::none);
+        exact = one[0];
+      }
+      largest = std::max(largest, std::abs(exact));
+      worst = std::max(worst, std::abs(eta[n] - exact));
+    }
+    EXPECT_EQ(largest > 0.0, ISEA != 0);
+    EXPECT_LE(worst, 1e-6 * largest) << ISEA;
+  }
+  std::vector<float> eta(2, 7);
+  EXPECT_EQ(ElevationGrid(Prepared(SeawayOf(9, 3)), {}, {x.data(), 2}, {y.data(), 1}, eta), WaveFault::unknown_kind);
+  EXPECT_EQ(eta[1], 0.0F);
 }
 
 IncidentWave OneWave(int ISEA = 1) {
