@@ -50,8 +50,10 @@ struct WindowSystem {
   // A picture of the window's size begins: an image in memory that the caller draws into, until the next one begins or
   // the window goes. Null: memory is out.
   PictureImage* (*begin_image)(void* self, int id) = nullptr;
-  // Or one by OpenGL, which is bound. False, with the cause in `why`: there is no OpenGL.
-  bool (*begin_picture)(void* self, int id, std::string& why) = nullptr;
+  // What is drawn with OpenGL between these two stands in that image behind the second, over all that it held. Smooth:
+  // with several samples a pixel, where the driver has them. False or null, with the cause in `why`: it can't be done.
+  bool (*begin_scene)(void* self, int id, bool smooth, std::string& why) = nullptr;
+  PictureImage* (*end_scene)(void* self, int id, std::string& why) = nullptr;
   void (*present)(void* self, int id) = nullptr;  // a picture is complete
   // The picture of the main window that was begun last, as in a PictureImage. False: it has not got that size (a
   // reshape counts from the next picture), or can't be read.

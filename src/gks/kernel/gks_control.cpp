@@ -118,11 +118,14 @@ void gksBeginPicture(const WindowSystem& windows, GksState& gks) {
   gks.paint = image == nullptr ? GksPaint{} : ImagePaint(*image);
 }
 
-bool gksBeginScene(const WindowSystem& windows, GksState& gks, std::string& why) {
-  gks.paint = GksPaint{};
-  if (!windows.begin_picture(windows.self, gks.window.id, why)) return false;
-  gks.paint = OpenGlPaint(gks.window.width, gks.window.height);
-  return true;
+bool gksBeginScene(const WindowSystem& windows, const GksState& gks, bool smooth, std::string& why) {
+  return windows.begin_scene(windows.self, gks.window.id, smooth, why);
+}
+
+bool gksEndScene(const WindowSystem& windows, GksState& gks, std::string& why) {
+  PictureImage* const image = windows.end_scene(windows.self, gks.window.id, why);
+  gks.paint = image == nullptr ? GksPaint{} : ImagePaint(*image);
+  return image != nullptr;
 }
 
 void GCLRWK(const GksState& gks) {

@@ -21,8 +21,10 @@ void GCLKS(GksState& gks);
 void gksOpenTo(GksState& gks, GksLevel level);  // only as far as needed; clears on arrival at active
 // Begins a picture of the main window, drawn in memory with smooth edges.
 void gksBeginPicture(const WindowSystem& windows, GksState& gks);
-// Begins one drawn by OpenGL, with depth: for views of bodies. False, with the cause: there is no OpenGL.
-[[nodiscard]] bool gksBeginScene(const WindowSystem& windows, GksState& gks, std::string& why);
+// Bodies in that picture: what OpenGL draws between these two stands in it behind the second, in place of all that it
+// held. Smooth: edges too. False, with the cause: it can't be drawn.
+[[nodiscard]] bool gksBeginScene(const WindowSystem& windows, const GksState& gks, bool smooth, std::string& why);
+[[nodiscard]] bool gksEndScene(const WindowSystem& windows, GksState& gks, std::string& why);
 void GCLRWK(const GksState& gks);                             // to the paper's colour
 void GUWK(const WindowSystem& windows, const GksState& gks);  // ends a picture
 

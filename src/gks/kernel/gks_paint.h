@@ -1,4 +1,4 @@
-// What the primitives draw with: a record of function pointers with two fillings, an image in memory and OpenGL.
+// What the primitives draw with: a record of function pointers, filled for an image in memory.
 // Places are pixels, y down; whole ones lie on the edges between pixels.
 #pragma once
 
@@ -46,9 +46,5 @@ struct GksPaint {  // as it stands nothing is drawn
 // along rows and columns are sharp. A point of a line lights the pixel to its lower right; a line of even width
 // reaches a pixel further up and left. Any polygon, crossing itself or not: what its edges go round.
 [[nodiscard]] GksPaint ImagePaint(PictureImage& image);
-
-// Into the picture or window, width x height, that is bound in the current context; sets viewport, projection (pixels,
-// y down) and drawing state anew. Without smoothing; polygons are to be convex.
-[[nodiscard]] GksPaint OpenGlPaint(int width, int height);
 
 }  // namespace zaview

@@ -38,16 +38,11 @@ constexpr unsigned kLookForInterrupts = 200;  // ms
 
 struct Row {
   int glut = 0;               // the library's number
-  int width = 0, height = 0;  // of the window; the picture follows at the next begin_picture
+  int width = 0, height = 0;  // of the window; the picture follows when one is begun
   bool pending = false;       // to be displayed
   bool hide_queued = false;
-  // Of the main window: its picture in memory, or one by OpenGL, or, where there can be none of that size, a copy of
-  // what was presented.
-  bool in_memory = false;
   PictureImage image;
-  PictureBuffer picture;
-  int tried_width = 0, tried_height = 0;
-  PictureImage copy;
+  SceneBuffer scene;  // gone with the window's context
 };
 
 struct GlutWindows {
@@ -261,36 +256,12 @@ void OnIdle() {
 
 // ---- Pictures
 
-// Once for a size: the window itself is drawn into where there can be no such picture.
-void MakePicture(Row& row) {
-  if (row.tried_width == row.width && row.tried_height == row.height) return;
-  row.tried_width = row.width;
-  row.tried_height = row.height;
-  static_cast<void>(MakePictureBuffer(row.picture, row.width, row.height));
-}
-
-// What a window holds after a swap, nobody promises.
-void CopyPicture(Row& row, bool double_buffered) {
-  if (!MakeImage(row.copy, row.width, row.height)) return;
-  glReadBuffer(double_buffered ? GL_BACK : GL_FRONT);
-  glPixelStorei(GL_PACK_ALIGNMENT, 1);
-  glReadPixels(0, 0, row.width, row.height, GL_RGB, GL_UNSIGNED_BYTE, row.copy.rgb.data());
-}
-
 void BringToWindow(const PictureImage& image) {
-  glBindFramebuffer(GL_FRAMEBUFFER, 0);
   glViewport(0, 0, image.width, image.height);
   glDisable(GL_DEPTH_TEST);
   glWindowPos2i(0, 0);
   glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   glDrawPixels(image.width, image.height, GL_RGB, GL_UNSIGNED_BYTE, image.rgb.data());
-}
-
-void BringToWindow(const PictureBuffer& picture) {
-  const int w = picture.width, h = picture.height;
-  glBindFramebuffer(GL_READ_FRAMEBUFFER, picture.frame);
-  glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
-  glBlitFramebuffer(0, 0, w, h, 0, 0, w, h, GL_COLOR_BUFFER_BIT, GL_NEAREST);
 }
 
 // ---- The calls of the record
@@ -437,42 +408,38 @@ PictureImage* BeginImage(void* self, int id) {
   Row* const row = Find(windows, id);
   if (row == nullptr) return nullptr;
   if (glutGetWindow() != row->glut) glutSetWindow(row->glut);
-  row->in_memory = true;
   return MakeImage(row->image, row->width, row->height) ? &row->image : nullptr;
 }
 
-bool BeginPicture(void* self, int id, std::string&) {
+bool BeginScene(void* self, int id, bool smooth, std::string& why) {
   GlutWindows& windows = Of(self);
   Row* const row = Find(windows, id);
   if (row == nullptr) return false;
   if (glutGetWindow() != row->glut) glutSetWindow(row->glut);
-  row->in_memory = false;
-  if (id == kMainWindow) MakePicture(*row);
-  glBindFramebuffer(GL_FRAMEBUFFER, row->picture.frame);  // 0: the window
-  return true;
+  return BindSceneBuffer(row->scene, row->width, row->height, smooth, why);
+}
+
+PictureImage* EndScene(void* self, int id, std::string& why) {
+  GlutWindows& windows = Of(self);
+  Row* const row = Find(windows, id);
+  if (row == nullptr || !MakeImage(row->image, row->width, row->height)) return nullptr;
+  const InWindow in(windows, *row);
+  return ReadSceneBuffer(row->scene, row->image, why) ? &row->image : nullptr;
 }
 
 void Present(void* self, int id) {
   GlutWindows& windows = Of(self);
-  Row* const row = Find(windows, id);
+  const Row* const row = Find(windows, id);
   if (row == nullptr) return;
   const InWindow in(windows, *row);
-  if (row->in_memory) BringToWindow(row->image);
-  else if (row->picture.frame != 0) BringToWindow(row->picture);
-  else if (id == kMainWindow) CopyPicture(*row, windows.double_buffered);
+  BringToWindow(row->image);
   if (windows.double_buffered) glutSwapBuffers();
   else glFlush();
-  if (!row->in_memory) glBindFramebuffer(GL_FRAMEBUFFER, row->picture.frame);
 }
 
 bool ReadPicture(void* self, int width, int height, unsigned char* rgb) {
-  GlutWindows& windows = Of(self);
-  const Row* const row = Find(windows, kMainWindow);
-  if (row == nullptr) return false;
-  const InWindow in(windows, *row);
-  if (row->in_memory) return ReadImage(row->image, width, height, rgb);
-  if (row->picture.frame != 0) return ReadPictureBuffer(row->picture, width, height, rgb);
-  return ReadImage(row->copy, width, height, rgb);
+  const Row* const row = Find(Of(self), kMainWindow);
+  return row != nullptr && ReadImage(row->image, width, height, rgb);
 }
 
 void SetIdle(void*, bool on) {
@@ -512,7 +479,8 @@ WindowSystem GlutWindowSystem(const Platform& platform) {
   system.reshape_window = ReshapeWindow;
   system.set_current = SetCurrent;
   system.begin_image = BeginImage;
-  system.begin_picture = BeginPicture;
+  system.begin_scene = BeginScene;
+  system.end_scene = EndScene;
   system.present = Present;
   system.read_picture = ReadPicture;
   system.set_idle = SetIdle;

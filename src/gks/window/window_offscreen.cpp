@@ -1,4 +1,3 @@
-#define GL_GLEXT_PROTOTYPES
 #define EGL_NO_X11
 #include "gks/window/window_offscreen.h"
 
@@ -9,9 +8,6 @@
 #include <map>
 #include <new>
 #include <utility>
-
-#include <GL/gl.h>
-#include <GL/glext.h>
 
 #include "gks/picture/opened_library.h"
 #include "gks/picture/picture_buffer.h"
@@ -35,13 +31,12 @@ struct EglCalls {
 };
 
 struct Row {
-  int width = 0, height = 0;  // of the window; the picture follows at the next begin_picture
+  int width = 0, height = 0;  // of the window; the picture follows when one is begun
   bool shown = true;
   bool sized = true, uncovered = true;  // to be told by reshape and visible
   bool pending = true, damaged = true;
-  bool in_memory = true;  // the picture begun last is the image
   PictureImage image;
-  PictureBuffer picture;
+  SceneBuffer scene;
 };
 
 }  // namespace
@@ -126,6 +121,17 @@ bool StartOpenGl(OffscreenWindows& windows, std::string& why) {
   return true;
 }
 
+// Of another window system in the process there may be a context as well.
+void EnterContext(const OffscreenWindows& windows) {
+  static_cast<void>(windows.egl.make_current(windows.display, EGL_NO_SURFACE, EGL_NO_SURFACE, windows.context));
+}
+
+void FreeScene(const OffscreenWindows& windows, Row& row) {
+  if (!windows.has_opengl) return;
+  EnterContext(windows);
+  FreeSceneBuffer(row.scene);
+}
+
 int CreateWindow(void* self, const std::string&, int, int, int width, int height) {
   OffscreenWindows& windows = Of(self);
   if (!windows.started || width < 1 || height < 1) return 0;
@@ -143,7 +149,7 @@ void DestroyWindow(void* self, int id) {
   OffscreenWindows& windows = Of(self);
   Row* const row = Find(windows, id);
   if (row == nullptr) return;
-  FreePictureBuffer(row->picture);
+  FreeScene(windows, *row);
   windows.rows.erase(id);
   if (windows.current == id) windows.current = 0;
 }
@@ -192,27 +198,24 @@ PictureImage* BeginImage(void* self, int id) {
   Row* const row = Find(windows, id);
   if (row == nullptr) return nullptr;
   windows.current = id;
-  row->in_memory = true;
   return MakeImage(row->image, row->width, row->height) ? &row->image : nullptr;
 }
 
-bool BeginPicture(void* self, int id, std::string& why) {
+bool BeginScene(void* self, int id, bool smooth, std::string& why) {
   OffscreenWindows& windows = Of(self);
   Row* const row = Find(windows, id);
   if (row == nullptr || !StartOpenGl(windows, why)) return false;
-  windows.current = id;
-  row->in_memory = false;
-  PictureBuffer& picture = row->picture;
-  if (picture.width != row->width || picture.height != row->height)
-    static_cast<void>(MakePictureBuffer(picture, row->width, row->height));  // none: can't be read either
-  glBindFramebuffer(GL_FRAMEBUFFER, picture.frame);
-  return true;
+  EnterContext(windows);
+  return BindSceneBuffer(row->scene, row->width, row->height, smooth, why);
 }
 
-void Present(void* self, int id) {
-  const Row* const row = Find(Of(self), id);
-  if (row != nullptr && !row->in_memory) glFlush();
+PictureImage* EndScene(void* self, int id, std::string& why) {
+  Row* const row = Find(Of(self), id);
+  if (row == nullptr || !MakeImage(row->image, row->width, row->height)) return nullptr;
+  return ReadSceneBuffer(row->scene, row->image, why) ? &row->image : nullptr;
 }
+
+void Present(void*, int) {}
 
 bool ReadMainPicture(void* self, int width, int height, unsigned char* rgb) {
   return ReadOffscreenPicture(Of(self), 1, width, height, rgb);
@@ -302,7 +305,7 @@ OffscreenWindows* MakeOffscreenWindows() {
 
 void FreeOffscreenWindows(OffscreenWindows* windows) {
   if (windows == nullptr) return;
-  for (auto& [id, row] : windows->rows) FreePictureBuffer(row.picture);
+  for (auto& [id, row] : windows->rows) FreeScene(*windows, row);
   if (windows->has_opengl) {
     // The display stays open: it is the same one for all of a process.
     static_cast<void>(windows->egl.make_current(windows->display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT));
@@ -324,7 +327,8 @@ WindowSystem OffscreenWindowSystem(OffscreenWindows* windows) {
   system.reshape_window = ReshapeWindow;
   system.set_current = SetCurrent;
   system.begin_image = BeginImage;
-  system.begin_picture = BeginPicture;
+  system.begin_scene = BeginScene;
+  system.end_scene = EndScene;
   system.present = Present;
   system.read_picture = ReadMainPicture;
   system.set_idle = SetIdle;
@@ -339,9 +343,7 @@ void FeedEvent(OffscreenWindows& windows, const FedEvent& event) {
 
 bool ReadOffscreenPicture(OffscreenWindows& windows, int id, int width, int height, unsigned char* rgb) {
   const Row* const row = Find(windows, id);
-  if (row == nullptr) return false;
-  return row->in_memory ? ReadImage(row->image, width, height, rgb)
-                        : ReadPictureBuffer(row->picture, width, height, rgb);
+  return row != nullptr && ReadImage(row->image, width, height, rgb);
 }
 
 bool IsOffscreenWindowShown(const OffscreenWindows& windows, int id) {

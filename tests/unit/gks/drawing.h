@@ -81,18 +81,14 @@ struct Picture {  // of a window, as it was read
   }
 };
 
-enum class By : unsigned char { image, opengl };
-inline constexpr By kBoth[] = {By::image, By::opengl};
-
 // White on black, world units are pixels with y up, until a test says otherwise.
 struct Drawing : Picture {
   FakePlatform fake;
   OffscreenWindows* windows = MakeOffscreenWindows();
   Platform platform;
   GksState gks;
-  By by;
 
-  Drawing(int width, int height, By painter = By::image) : by(painter) {
+  Drawing(int width, int height) {
     platform = fake.Get();
     OpenWindow(windows, platform, gks, width, height);
     Clear();
@@ -103,9 +99,7 @@ struct Drawing : Picture {
 
   void Clear() {
     GCLKS(gks);
-    std::string why;
-    if (by == By::image) gksBeginPicture(platform.window, gks);
-    else EXPECT_TRUE(gksBeginScene(platform.window, gks, why)) << why;
+    gksBeginPicture(platform.window, gks);
     gksOpenTo(gks, GksLevel::active);
     const float w = static_cast<float>(gks.window.width), h = static_cast<float>(gks.window.height);
     GSWKVP(gks, {0, w, 0, h});

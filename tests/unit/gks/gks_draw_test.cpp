@@ -20,21 +20,19 @@ TEST(Polyline, WidthAndStippleLightTheirShareOfPixels) {
     float scale;
     int lit;  // of a line of 160 pixels
   } cases[] = {{1, 1, 160}, {1, 0.2F, 160}, {1, 3, 480}, {2, 1, 80}, {3, 1, 20}, {4, 1, 70}, {5, 1, 20}, {6, 1, 160}};
-  for (const By by : kBoth) {
-    Drawing d(200, 100, by);
-    for (const auto& c : cases) {
-      d.Clear();
-      GSLN(d.gks, c.type);
-      GSLWSC(d.gks, c.scale);
-      d.Line({20, 180}, {40, 40});
-      const Box box = d.Lit();
-      EXPECT_NEAR(box.count, c.lit, c.lit / 50 + 1) << c.type << " " << c.scale;
-      EXPECT_NEAR(box.y, 60, 1);  // 100 - 40
-    }
+  Drawing d(200, 100);
+  for (const auto& c : cases) {
+    d.Clear();
+    GSLN(d.gks, c.type);
+    GSLWSC(d.gks, c.scale);
+    d.Line({20, 180}, {40, 40});
+    const Box box = d.Lit();
+    EXPECT_NEAR(box.count, c.lit, c.lit / 50 + 1) << c.type << " " << c.scale;
+    EXPECT_NEAR(box.y, 60, 1);  // 100 - 40
   }
 }
 
-// In memory a line covers its length times its width whatever its slope, in pixels of many strengths.
+// A line covers its length times its width whatever its slope, in pixels of many strengths.
 TEST(Polyline, IsSmooth) {
   const struct { float dx, dy, width; } cases[] = {{90, 40, 1}, {30, 70, 1}, {-90, 37, 2}, {50, -50, 3}};
   for (const auto& c : cases) {
@@ -103,24 +101,22 @@ TEST(Fill, CoversItsAreaInsideTheWindow) {
       {{-2, 5, 12, 5}, {5, 12, 5, -2}, 0.5 * 14 * 14 * 50 - 4 * 4 * 50},  // a diamond loses four tips of 2 by 4
   };
   // clang-format on
-  for (const By by : kBoth) {
-    Drawing d(200, 100, by);
-    for (const auto& c : cases) {
-      for (const bool back : {false, true}) {
-        d.Clear();
-        SelectGraph(d, {0, 10, 0, 10});
-        std::vector<float> x = c.x, y = c.y;
-        if (back) std::reverse(x.begin(), x.end()), std::reverse(y.begin(), y.end());
-        d.Fill(x, y);
-        const Box box = d.Lit();
-        EXPECT_NEAR(box.ink, c.area, c.area * 0.03) << c.x[0] << " " << back;
-        EXPECT_TRUE(box.count == 0 || (box.left >= 50 && box.right < 150 && box.top >= 25 && box.bottom < 75));
-      }
+  Drawing d(200, 100);
+  for (const auto& c : cases) {
+    for (const bool back : {false, true}) {
+      d.Clear();
+      SelectGraph(d, {0, 10, 0, 10});
+      std::vector<float> x = c.x, y = c.y;
+      if (back) std::reverse(x.begin(), x.end()), std::reverse(y.begin(), y.end());
+      d.Fill(x, y);
+      const Box box = d.Lit();
+      EXPECT_NEAR(box.ink, c.area, c.area * 0.03) << c.x[0] << " " << back;
+      EXPECT_TRUE(box.count == 0 || (box.left >= 50 && box.right < 150 && box.top >= 25 && box.bottom < 75));
     }
   }
 }
 
-// In memory: a notch stays empty, whatever point is the first, and a polygon partly outside of the picture is cut.
+// A notch stays empty, whatever point is the first, and a polygon partly outside of the picture is cut.
 TEST(Fill, OfPolygonsThatAreNotConvex) {
   Drawing d(200, 100);
   GSCLIP(d.gks, 0);
@@ -199,47 +195,43 @@ TEST(Text, StandsByItsAlignmentInTheFontOfItsHeight) {
       {0, 1, 2, 2, 0, 3.3},    {0, 1, 1, 5, 16, -7.8}, {0, -1, 1, 1, -16, -7.8}, {1, 0, 1, 3, 0, 5.2},
       {1, 0, 2, 1, -16, -0.5}, {-1, 0, 1, 3, 0, -7.8}, {-1, 0, 2, 1, 16, -0.5},  {-1, 0, 3, 5, -16, 5.2},
   };
-  for (const By by : kBoth) {
-    Drawing d(200, 100, by);
-    for (const auto& c : cases) {
-      d.Clear();
-      GSCHH(d.gks, 10);
-      GSCHUP(d.gks, c.up_x, c.up_y);
-      GSTXAL(d.gks, c.horizontal, c.vertical);
-      GTX(d.gks, {100, 50}, "HHHH");
-      const Box box = d.Lit();
-      EXPECT_NEAR((box.left + box.right) / 2.0, 100 + c.dx, 2) << c.up_x << c.up_y << c.horizontal << c.vertical;
-      EXPECT_NEAR((box.top + box.bottom) / 2.0, 50 + c.dy, 1.6) << c.up_x << c.up_y << c.horizontal << c.vertical;
-      EXPECT_NEAR(box.width(), 32, 3);
-    }
+  Drawing d(200, 100);
+  for (const auto& c : cases) {
+    d.Clear();
+    GSCHH(d.gks, 10);
+    GSCHUP(d.gks, c.up_x, c.up_y);
+    GSTXAL(d.gks, c.horizontal, c.vertical);
+    GTX(d.gks, {100, 50}, "HHHH");
+    const Box box = d.Lit();
+    EXPECT_NEAR((box.left + box.right) / 2.0, 100 + c.dx, 2) << c.up_x << c.up_y << c.horizontal << c.vertical;
+    EXPECT_NEAR((box.top + box.bottom) / 2.0, 50 + c.dy, 1.6) << c.up_x << c.up_y << c.horizontal << c.vertical;
+    EXPECT_NEAR(box.width(), 32, 3);
   }
 }
 
 // Each pixel of a level text goes to the place that a quarter of a turn takes it to.
 TEST(Text, OfABitmapFontTurnsWhereItIsWanted) {
-  for (const By by : kBoth) {
-    Drawing d(200, 200, by);
-    GSCHH(d.gks, 10);
-    GTX(d.gks, {100, 100}, "Rg7");
-    const Box level = d.Lit();
-    std::vector<std::pair<int, int>> want, got;
-    for (int y = 0; y < 200; ++y)
-      for (int x = 0; x < 200; ++x)
-        if (d.At(x, y) != 0) want.emplace_back(y, 199 - x);
-    d.Clear();
-    GSCHH(d.gks, 10);
-    d.gks.attribute.turn_bitmap = true;
-    GSCHUP(d.gks, -1, 0);
-    GTX(d.gks, {100, 100}, "Rg7");
-    EXPECT_EQ(d.Lit().count, level.count);
-    for (int y = 0; y < 200; ++y)
-      for (int x = 0; x < 200; ++x)
-        if (d.At(x, y) != 0) got.emplace_back(x, y);
-    std::sort(want.begin(), want.end());
-    EXPECT_EQ(got.size(), want.size());
-    std::sort(got.begin(), got.end());
-    EXPECT_EQ(got, want);
-  }
+  Drawing d(200, 200);
+  GSCHH(d.gks, 10);
+  GTX(d.gks, {100, 100}, "Rg7");
+  const Box level = d.Lit();
+  std::vector<std::pair<int, int>> want, got;
+  for (int y = 0; y < 200; ++y)
+    for (int x = 0; x < 200; ++x)
+      if (d.At(x, y) != 0) want.emplace_back(y, 199 - x);
+  d.Clear();
+  GSCHH(d.gks, 10);
+  d.gks.attribute.turn_bitmap = true;
+  GSCHUP(d.gks, -1, 0);
+  GTX(d.gks, {100, 100}, "Rg7");
+  EXPECT_EQ(d.Lit().count, level.count);
+  for (int y = 0; y < 200; ++y)
+    for (int x = 0; x < 200; ++x)
+      if (d.At(x, y) != 0) got.emplace_back(x, y);
+  std::sort(want.begin(), want.end());
+  EXPECT_EQ(got.size(), want.size());
+  std::sort(got.begin(), got.end());
+  EXPECT_EQ(got, want);
 }
 
 TEST(Text, TakesTheFontByItsHeightInPixels) {

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <GL/gl.h>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
@@ -96,14 +97,19 @@ TEST(OffscreenWindow, TellsWhatIsPendingThenWhatIsFedThenIdle) {
   EXPECT_EQ(w.Run({{key, 2, 'd'}, {key, 2, 'p'}}), "reshape 2 5x5; visible 2 true; display 2 all; key 2 100 0; ");
 }
 
+// Of an image in memory, and of a scene that OpenGL draws in its place; smooth or not.
 TEST(OffscreenWindow, PictureHasTheSizeOfTheWindowWhenItWasBegun) {
-  for (const bool by_opengl : {false, true}) {
+  for (const int way : {0, 1, 2}) {
     Watcher w;
     std::vector<unsigned char> rgb(40 * 40 * 3, 7);
     std::string why;
     const auto begin = [&] {
-      return by_opengl ? w.system.begin_picture(w.system.self, 1, why)
-                       : w.system.begin_image(w.system.self, 1) != nullptr;
+      if (w.system.begin_image(w.system.self, 1) == nullptr) return false;
+      if (way == 0) return true;
+      if (!w.system.begin_scene(w.system.self, 1, way == 2, why)) return false;
+      glClearColor(0.2F, 0.4F, 0.6F, 1);
+      glClear(GL_COLOR_BUFFER_BIT);
+      return w.system.end_scene(w.system.self, 1, why) != nullptr;
     };
     const auto can_read = [&](int width, int height) {
       return w.system.read_picture(w.system.self, width, height, rgb.data());
@@ -114,14 +120,20 @@ TEST(OffscreenWindow, PictureHasTheSizeOfTheWindowWhenItWasBegun) {
     EXPECT_FALSE(can_read(20, 10));
     EXPECT_TRUE(begin()) << why;
     EXPECT_TRUE(can_read(20, 10));
-    EXPECT_EQ(rgb[0] + rgb[20 * 10 * 3 - 1], 0);
+    for (const std::size_t pixel : {0U, 199U})
+      for (const std::size_t part : {0U, 1U, 2U})
+        EXPECT_EQ(rgb[3 * pixel + part], way == 0 ? 0 : 51 * (part + 1)) << way << " " << why;
     EXPECT_EQ(rgb[20 * 10 * 3], 7);
     w.system.reshape_window(w.system.self, 1, 40, 30);
     EXPECT_FALSE(can_read(40, 30));
     EXPECT_TRUE(begin());
     EXPECT_TRUE(can_read(40, 30));
-    w.system.reshape_window(w.system.self, 1, 1 << 30, 1 << 30);  // more than can be drawn
-    EXPECT_EQ(begin(), by_opengl);
+    EXPECT_TRUE(why.empty());
+    w.system.reshape_window(w.system.self, 1, 20000, 2);  // more than OpenGL can draw
+    EXPECT_EQ(begin(), way == 0);
+    EXPECT_EQ(why.empty(), way == 0);
+    w.system.reshape_window(w.system.self, 1, 1 << 30, 1 << 30);  // more than anybody can
+    EXPECT_FALSE(begin());
     EXPECT_FALSE(can_read(1 << 30, 1));
   }
 }
