@@ -1,6 +1,5 @@
 // One page: heading, axes, the curves of the kind of plot, what is measured, the popup. From the state alone.
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -8,6 +7,8 @@
 
 #include "base/text.h"
 #include "gks/kernel/gks_control.h"
+#include "gks/plot/line_colours.h"
+#include "gks/plot/page_heading.h"
 #include "gks/plot/page_text.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_type.h"
@@ -20,17 +21,9 @@ namespace zaview {
 namespace {
 
 constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
-constexpr float kLowest = 0.25F;        // of the page's height the area keeps, however much stands around it
-constexpr float kLeastContrast = 3.0F;  // of a line
 constexpr std::size_t kTitleColumns = 70;
-constexpr float kHeading = 1.0F;    // of the character height
-constexpr float kFirstLine = 0.9F;  // of its height, the heading is above the area
-constexpr float kAxisTexts = 3.0F;  // lines that stay free below the area
 constexpr float kPageMargin = 0.15F;
-constexpr float kSmallest = 0.5F;  // of its height a heading may become before it is cut
 constexpr int kFrameOption = 2;    // of axis_option, and the one above
-constexpr int kCross = 3;          // marker
-constexpr float kCrossSize = 2.0F;
 
 // Which texts stand around the plot, by plot_text_mode.
 struct TextMode {
@@ -51,37 +44,6 @@ void SetPage(const DataPlotState& plot, PlotDraw draw) {
   dgPage(draw, kPageWidth, kPageHeight);
   dgArea(draw, std::min(length.x, kLargestArea.x), std::min(length.y, kLargestArea.y));
   dgCharHeight(draw, plot.text_size);
-}
-
-// ---- Colours
-float Luminance(const GksColour& colour) {
-  const auto linear = [](float part) {
-    return part <= 0.03928F ? part / 12.92F : std::pow((part + 0.055F) / 1.055F, 2.4F);
-  };
-  return 0.2126F * linear(colour.red) + 0.7152F * linear(colour.green) + 0.0722F * linear(colour.blue);
-}
-
-// Of relative luminances, as guidelines for the web define it: from 1 to 21.
-float Contrast(const GksColour& a, const GksColour& b) {
-  const float of_a = Luminance(a), of_b = Luminance(b);
-  return (std::max(of_a, of_b) + 0.05F) / (std::min(of_a, of_b) + 0.05F);
-}
-
-// Lines that can hardly be seen on their background become darker or lighter, as little as it takes.
-void SetTwins(PlotDraw draw) {
-  constexpr int kFirst = 2, kLast = 15, kParts = 20;
-  const Console& console = draw.platform.console;
-  const GksColour paper = GQCR(console, draw.gks, 0), ink = GQCR(console, draw.gks, 1);
-  for (int index = kFirst; index <= kLast; ++index) {
-    const GksColour colour = GQCR(console, draw.gks, index);
-    GksColour twin = colour;
-    for (int part = 1; part < kParts && Contrast(twin, paper) < kLeastContrast; ++part) {
-      const float t = static_cast<float>(part) / static_cast<float>(kParts);
-      const auto mix = [t](float from, float to) { return from + t * (to - from); };
-      twin = {mix(colour.red, ink.red), mix(colour.green, ink.green), mix(colour.blue, ink.blue)};
-    }
-    draw.gks.colour[static_cast<std::size_t>(index)] = twin;  // as it is to be seen: not made fit for white once more
-  }
 }
 
 // ---- Heading
@@ -114,73 +76,13 @@ std::vector<std::string> HeadingLines(const PlotFacts& facts, const DataPlotStat
   return lines;
 }
 
-// A name of the vertical axis that has no room beside it stands over it: in the way of the heading's last line?
-bool NameTouches(PlotDraw draw, const std::string& name, const std::string& last_line, float middle) {
-  const float h = draw.page.char_height, width = TextWidth(draw, name, h);
-  const float labels = TextWidth(draw, "-2.50", h);
-  if (name.empty() || width + labels < draw.page.area_x) return false;
-  const float left_end = middle - 0.5F * TextWidth(draw, last_line, h);
-  return draw.page.area_x - labels + width + h > left_end;
-}
-
-// Heading and notes get the room they need: the area moves, and where letters are large for the page it becomes lower.
-void MakeRoom(PlotDraw draw, std::size_t heading_lines, float notes_depth) {
-  PlotPage& page = draw.page;
-  const float pitch = std::max(1.2F * page.char_height, 1.1F * LetterHeight(draw, page.char_height));
-  const float lines = static_cast<float>(heading_lines);
-  const float above = heading_lines == 0 ? 0.0F : kFirstLine * page.char_height + pitch * lines;
-  const float below = std::max(notes_depth + kPageMargin, kAxisTexts * pitch);
-  page.area_height = std::min(page.area_height, std::max(page.page_height - above - below, kLowest * page.page_height));
-  page.area_y = std::max(std::min(page.area_y, page.page_height - page.area_height - above), below);
-  page.area_y = std::min(page.area_y, page.page_height - page.area_height);
-}
-
-// Of the character height: all lines are as high, so that the longest has room, unless it has to be cut.
-float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float room) {
-  constexpr float kSmaller = 0.9F;
-  const float h = draw.page.char_height;
-  float factor = kHeading;
-  const auto fits = [&](const std::string& line) { return TextWidth(draw, line, factor * h) <= room; };
-  while (factor * kSmaller >= kSmallest && !std::all_of(lines.begin(), lines.end(), fits)) factor *= kSmaller;
-  return factor;
-}
-
-// The lines, with a blank one where a name of the vertical axis stands in their way.
-std::vector<std::string> ClearOfName(PlotDraw draw, std::vector<std::string> lines) {
-  const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
-  if (!lines.empty() && NameTouches(draw, draw.page.y_name, lines.back(), middle)) lines.emplace_back();
-  return lines;
-}
-
-void DrawHeading(PlotDraw draw, const std::vector<std::string>& lines) {
-  const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
-  const float room = 2.0F * (std::min(middle, draw.page.page_width - middle) - kPageMargin);
-  const float factor = HeadingFactor(draw, lines, room);
-  const float h = draw.page.char_height;
-  for (const std::string& line : lines)
-    dgHeading(draw, CutToWidth(draw, line, factor * h, room), factor, static_cast<int>(lines.size()));
-}
-
 // ---- Axes
-void DrawFrame(PlotDraw draw) {
-  const PlotPage& page = draw.page;
-  const float left = page.area_x, right = left + page.area_width;
-  const float bottom = page.area_y, top = bottom + page.area_height;
-  const float x[] = {left, right, right, left, left};
-  const float y[] = {bottom, bottom, top, top, bottom};
-  dgSelectGraf(draw, 0);
-  dgClip(draw, 0);
-  dgCurve(draw, x, y, 0);
-  dgClip(draw, 1);
-  dgSelectGraf(draw, 1);
-}
-
 void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
   const PlotLimits& l = plot.axes.limits;
   dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
   dgThickness(draw, 0);
   dgColour(draw, 1);
-  if (plot.axis_option >= kFrameOption) DrawFrame(draw);
+  if (plot.axis_option >= kFrameOption) DrawAreaFrame(draw);
   dgZeroLines(draw);
   if (!plot.grid_on) return;
   dgDot(draw);
@@ -189,14 +91,6 @@ void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
 }
 
 // ---- Overlays
-void DrawCross(PlotDraw draw, float x, float y) {
-  const float xs[] = {x}, ys[] = {y};
-  dgColour(draw, 1);
-  dgMarkerType(draw, kCross);
-  dgMarkerScale(draw, kCrossSize);
-  dgCurve(draw, xs, ys, -1);
-}
-
 // What is measured, and the first corner of a zoom.
 void DrawMouse(const DataPlotState& plot, PlotDraw draw) {
   const ZoomState& zoom = plot.axes.zoom;
@@ -236,7 +130,7 @@ void zaviewrender(Session& session) {
   TakeReverse(session.run, session.gks);
   const PlotDraw draw = DrawOf(session);
   if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
-  SetTwins(draw);
+  SetLegibleColours(draw);
   SetPage(session.data_plot, draw);
   DrawPage(FactsOf(session), session.data_plot, draw);
   (void)dgFrame(draw, -3);

@@ -1,0 +1,88 @@
+#include "gks/plot/page_heading.h"
+
+#include <algorithm>
+
+#include "gks/plot/page_text.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr float kLowest = 0.25F;    // of the page's height the area keeps, however much stands around it
+constexpr float kHeading = 1.0F;    // of the character height
+constexpr float kFirstLine = 0.9F;  // of its height, the heading is above the area
+constexpr float kAxisTexts = 3.0F;  // lines that stay free below the area
+constexpr float kPageMargin = 0.15F;
+constexpr float kSmallest = 0.5F;  // of its height a heading may become before it is cut
+constexpr int kCross = 3;          // marker
+constexpr float kCrossSize = 2.0F;
+
+// A name of the vertical axis that has no room beside it stands over it: in the way of the heading's last line?
+bool NameTouches(PlotDraw draw, const std::string& name, const std::string& last_line, float middle) {
+  const float h = draw.page.char_height, width = TextWidth(draw, name, h);
+  const float labels = TextWidth(draw, "-2.50", h);
+  if (name.empty() || width + labels < draw.page.area_x) return false;
+  const float left_end = middle - 0.5F * TextWidth(draw, last_line, h);
+  return draw.page.area_x - labels + width + h > left_end;
+}
+
+// Of the character height: all lines are as high, so that the longest has room, unless it has to be cut.
+float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float room) {
+  constexpr float kSmaller = 0.9F;
+  const float h = draw.page.char_height;
+  float factor = kHeading;
+  const auto fits = [&](const std::string& line) { return TextWidth(draw, line, factor * h) <= room; };
+  while (factor * kSmaller >= kSmallest && !std::all_of(lines.begin(), lines.end(), fits)) factor *= kSmaller;
+  return factor;
+}
+
+}  // namespace
+
+std::vector<std::string> ClearOfName(PlotDraw draw, std::vector<std::string> lines) {
+  const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
+  if (!lines.empty() && NameTouches(draw, draw.page.y_name, lines.back(), middle)) lines.emplace_back();
+  return lines;
+}
+
+void MakeRoom(PlotDraw draw, std::size_t heading_lines, float notes_depth) {
+  PlotPage& page = draw.page;
+  const float pitch = std::max(1.2F * page.char_height, 1.1F * LetterHeight(draw, page.char_height));
+  const float lines = static_cast<float>(heading_lines);
+  const float above = heading_lines == 0 ? 0.0F : kFirstLine * page.char_height + pitch * lines;
+  const float below = std::max(notes_depth + kPageMargin, kAxisTexts * pitch);
+  page.area_height = std::min(page.area_height, std::max(page.page_height - above - below, kLowest * page.page_height));
+  page.area_y = std::max(std::min(page.area_y, page.page_height - page.area_height - above), below);
+  page.area_y = std::min(page.area_y, page.page_height - page.area_height);
+}
+
+void DrawHeading(PlotDraw draw, const std::vector<std::string>& lines) {
+  const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
+  const float room = 2.0F * (std::min(middle, draw.page.page_width - middle) - kPageMargin);
+  const float factor = HeadingFactor(draw, lines, room);
+  const float h = draw.page.char_height;
+  for (const std::string& line : lines)
+    dgHeading(draw, CutToWidth(draw, line, factor * h, room), factor, static_cast<int>(lines.size()));
+}
+
+void DrawAreaFrame(PlotDraw draw) {
+  const PlotPage& page = draw.page;
+  const float left = page.area_x, right = left + page.area_width;
+  const float bottom = page.area_y, top = bottom + page.area_height;
+  const float x[] = {left, right, right, left, left};
+  const float y[] = {bottom, bottom, top, top, bottom};
+  dgSelectGraf(draw, 0);
+  dgClip(draw, 0);
+  dgCurve(draw, x, y, 0);
+  dgClip(draw, 1);
+  dgSelectGraf(draw, 1);
+}
+
+void DrawCross(PlotDraw draw, float x, float y) {
+  const float xs[] = {x}, ys[] = {y};
+  dgColour(draw, 1);
+  dgMarkerType(draw, kCross);
+  dgMarkerScale(draw, kCrossSize);
+  dgCurve(draw, xs, ys, -1);
+}
+
+}  // namespace zaview
