@@ -36,37 +36,19 @@ int SetFlag(OptionCall& option) {
   return kScriptOk;
 }
 
-// A number within its limits: the message of a word that is none, and of one outside, as they stand.
-struct NumberRule {
-  std::string_view name;  // in the messages
-  float low, high;
-  bool low_itself;  // is the lower limit allowed
-  std::string_view outside;
-};
-
 int ReadNumber(const OptionCall& option, const NumberRule& rule, float& value) {
-  double number = 0;
-  if (!ParseDouble(option.word, number))
-    return Fail(option.call, kScriptBadArgument, "ERROR parsing value for KINO_OPT {}", rule.name);
-  const auto x = static_cast<float>(number);
-  const bool inside = (rule.low_itself ? x >= rule.low : x > rule.low) && x <= rule.high;
-  if (!inside)
-    return Fail(option.call, kScriptBadArgument, "ERROR - illegal value for KINO_OPT {}; should be {}", rule.name,
-                rule.outside);
-  value = x;
-  return kScriptOk;
+  return ReadLimited(option.call, option.word, rule, value);
 }
 
-constexpr float kNoLimit = 3.4e38F;
-constexpr NumberRule kAmbient{"AMBIENT", 0, 1, true, "between 0.0 and 1.0"};
-constexpr NumberRule kAperture{"APERTURE", 0, 90, true, "between 0.0 and 90.0"};
-constexpr NumberRule kRadius{"RADIUS", 0, kNoLimit, false, "> 0.0"};
-constexpr NumberRule kAzimuth{"AZIMUTH", 0, 360, true, "between 0.0 and 360.0"};
-constexpr NumberRule kElevation{"ELEVATION", -90, 90, true, "between -90.0 and 90.0"};
-constexpr NumberRule kGridSize{"GRIDSIZE", 0, kNoLimit, false, "> 0.0"};
-constexpr NumberRule kThick{"THICK", 0, kNoLimit, true, "=> 0.0"};
-constexpr NumberRule kSyncFactor{"SYNC_FACTOR", -kNoLimit, kNoLimit, true, "a number"};
-constexpr NumberRule kStep{"STEP", -kNoLimit, kNoLimit, true, "a number"};
+constexpr NumberRule kAmbient{"KINO_OPT AMBIENT", 0, 1, true, "between 0.0 and 1.0"};
+constexpr NumberRule kAperture{"KINO_OPT APERTURE", 0, 90, true, "between 0.0 and 90.0"};
+constexpr NumberRule kRadius{"KINO_OPT RADIUS", 0, kNoLimit, false, "> 0.0"};
+constexpr NumberRule kAzimuth{"KINO_OPT AZIMUTH", 0, 360, true, "between 0.0 and 360.0"};
+constexpr NumberRule kElevation{"KINO_OPT ELEVATION", -90, 90, true, "between -90.0 and 90.0"};
+constexpr NumberRule kGridSize{"KINO_OPT GRIDSIZE", 0, kNoLimit, false, "> 0.0"};
+constexpr NumberRule kThick{"KINO_OPT THICK", 0, kNoLimit, true, "=> 0.0"};
+constexpr NumberRule kSyncFactor{"KINO_OPT SYNC_FACTOR", -kNoLimit, kNoLimit, true, "a number"};
+constexpr NumberRule kStep{"KINO_OPT STEP", -kNoLimit, kNoLimit, true, "a number"};
 
 template <const NumberRule& rule, float MotionViewState::*field>
 int SetNumber(OptionCall& option) {

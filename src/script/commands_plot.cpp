@@ -30,6 +30,16 @@ inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical o
 constexpr int kScriptReadFault = -1;  // what a histogram of a quantity that the case lacks ends with
 constexpr int kFromScript = 1;        // plot_suboption
 
+template <typename Start>
+int HandOver(ScriptCall& call, Start start) {
+  const std::string word = NextScriptWord(call.words, kFreeText);
+  if (word.size() > kDumpName) return Fail(call, kScriptBadArgument, kLongName, kDumpName, word);
+  gksReadEnvironment(call.session.platform, call.session.gks);
+  gksSetDumpOption(call.session.gks, word);
+  // Where there is no display, "off" still is the end of the dumping: the view is left out.
+  return start() || Capitals(word) == "OFF" ? kScriptOk : kScriptFailed;
+}
+
 // An IRF case has the index of a function where others have a selector. A function that it lacks is a warning: the
 // script goes on, without a plot.
 int RunIrfHistory(ScriptCall& call) {
@@ -155,13 +165,11 @@ constexpr Command kPlots[] = {
 }  // namespace
 
 int HandOverPlot(ScriptCall& call, const PlotRequest& wanted) {
-  const std::string word = NextScriptWord(call.words, kFreeText);
-  if (word.size() > kDumpName) return Fail(call, kScriptBadArgument, kLongName, kDumpName, word);
-  gksReadEnvironment(call.session.platform, call.session.gks);
-  gksSetDumpOption(call.session.gks, word);
-  // Where there is no display, "off" still is the end of the dumping: the view is left out.
-  const bool started = StartPlot(call.session, wanted, kFromScript);
-  return started || Capitals(word) == "OFF" ? kScriptOk : kScriptFailed;
+  return HandOver(call, [&] { return StartPlot(call.session, wanted, kFromScript); });
+}
+
+int HandOverView(ScriptCall& call, PlotModule view) {
+  return HandOver(call, [&] { return StartView(call.session, view, kFromScript); });
 }
 
 CommandFamily PlotCommands() {

@@ -8,5 +8,6 @@ namespace zaview {
 
 // Takes the dump word and asks for the plot. 0, or the status of the failure that has been said.
 [[nodiscard]] int HandOverPlot(ScriptCall& call, const PlotRequest& wanted);
+[[nodiscard]] int HandOverView(ScriptCall& call, PlotModule view);  // the same for the other views
 
 }  // namespace zaview

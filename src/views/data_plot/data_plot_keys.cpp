@@ -366,7 +366,7 @@ constexpr std::string_view kMouseHelp[] = {
 
 ViewKeys DataPlotKeys(const Session& session) {
   const PlotKind kind = session.data_plot.kind;
-  return {kKeys, In(kind), kMouseHelp, RowOf(kind).by_step};
+  return {kKeys, In(kind), kMouseHelp, RowOf(kind).by_step, true};
 }
 
 void BeforeDataPlotKey(Session& session) {

@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view kNoMenu = "{} : this menu is not available yet";
 constexpr int kNumberedPng = -1;
 constexpr int kSpace = ' ';
-constexpr KeyScope kByStep = 1U, kAnyView = 2U;
+constexpr KeyScope kByStep = 1U, kAnyView = 2U, kRecords = 4U;
 
 // ---- What the rows do
 template <int option>
@@ -102,13 +102,13 @@ constexpr ViewKey kKeys[] = {
      {" r      Redraw"}},
     {Ctrl('r'),       kAnyView, RequestReverse,
      {"^r      Reverse background color"}},
-    {Ctrl('s'),       kAnyView, AskCount<kSkipFirst>,
+    {Ctrl('s'),       kRecords, AskCount<kSkipFirst>,
      {"^s      Set # of initial time steps to skip in calulating statistics, etc."}},
-    {CtrlShift('s'),  kAnyView, AskCount<kSkipLast>,
+    {CtrlShift('s'),  kRecords, AskCount<kSkipLast>,
      {"^S      Set # of terminal time steps to skip in calculating statistics, etc."}},
-    {Ctrl('t'),       kAnyView, AskCount<kTrimFirst>,
+    {Ctrl('t'),       kRecords, AskCount<kTrimFirst>,
      {"^t      Set # of initial time steps to trim (all output)"}},
-    {CtrlShift('t'),  kAnyView, AskCount<kTrimLast>,
+    {CtrlShift('t'),  kRecords, AskCount<kTrimLast>,
      {"^T      Set # of terminal time steps to trim (all output)"}},
     {'W',             kAnyView, DumpWindow,
      {" W      Window dump - save window contents to file"}},
@@ -118,7 +118,7 @@ constexpr ViewKey kKeys[] = {
      {"Alt+Space bar - Invoke run mode menu"}},
     {Alt('o'),        kAnyView, AskFor<ViewAsk::options_menu>,
      {"Alt+o bar - Invoke plot options menu"}},
-    {Alt('s'),        kAnyView, AskCurveMenu,
+    {Alt('s'),        kRecords, AskCurveMenu,
      {"Alt+s bar - Invoke curve selection menu"}},
     {Alt('+'),        kAnyView, MenuFont<1>},
     {Alt('='),        kAnyView, MenuFont<1>},
@@ -133,7 +133,7 @@ constexpr ViewKey kKeys[] = {
 // clang-format on
 
 KeyScope SessionScope(const ViewKeys& view) {
-  return view.by_step ? kByStep | kAnyView : kAnyView;
+  return kAnyView | (view.by_step ? kByStep : 0U) | (view.of_records ? kRecords : 0U);
 }
 
 // ---- Which row
@@ -187,7 +187,10 @@ std::span<const ViewKey> SessionKeys() {
 std::vector<KeyInHelp> KeysInOrder(const ViewKeys& view) {
   std::vector<KeyInHelp> keys;
   const ViewKey* own = std::begin(kKeys);
-  const auto add_own = [&] { keys.push_back({own, (own->scope & SessionScope(view)) != 0}); };
+  const auto add_own = [&] {
+    const bool replaced = Find(view.rows, view.scope, own->code) != nullptr;
+    keys.push_back({own, (own->scope & SessionScope(view)) != 0 && !replaced});
+  };
   for (const ViewKey& row : view.rows) {
     for (; own != std::end(kKeys) && PlaceOf(own->code) < PlaceOf(row.code); ++own) add_own();
     keys.push_back({&row, (row.scope & view.scope) != 0});
@@ -199,7 +202,8 @@ std::vector<KeyInHelp> KeysInOrder(const ViewKeys& view) {
 std::vector<std::string> HelpLines(const ViewKeys& view) {
   std::vector<std::string> lines(view.heading.begin(), view.heading.end());
   for (const KeyInHelp& key : KeysInOrder(view)) {
-    if (!key.acts) continue;
+    const bool is_own = key.row >= std::begin(kKeys) && key.row < std::end(kKeys);
+    if (!key.acts && (is_own || !view.whole_help)) continue;
     for (const std::string_view line : key.row->help)
       if (!line.empty()) lines.emplace_back(line);
   }

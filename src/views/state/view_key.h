@@ -40,6 +40,8 @@ struct ViewKeys {                             // of one view as it stands
   KeyScope scope = kAlways;                   // rows that share no bit with it do nothing now
   std::span<const std::string_view> heading;  // of the help
   bool by_step = false;                       // a step of the case is shown: keys that change it act
+  bool of_records = false;                    // records are shown: keys that skip and trim, and choose curves, act
+  bool whole_help = false;                    // the help tells of rows that do nothing now as well
 };
 
 template <typename Enum>
