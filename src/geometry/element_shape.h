@@ -9,12 +9,9 @@ inline const Vector3& Corner(const HullMesh& mesh, const HullElement& element, i
   return mesh.nodes[static_cast<std::size_t>(element.node[static_cast<std::size_t>(i)] - 1)];
 }
 
-// Of the cell that the element is (hull_cells.h): mean of its corners; normal with twice its area.
+// Of the cell that the element is (hull_cells.h): mean of its corners; normal with twice its area; flux.
 [[nodiscard]] Vector3 ElementCentre(const HullMesh& mesh, const HullElement& element);
 [[nodiscard]] Vector3 ElementNormal(const HullMesh& mesh, const HullElement& element);
-
-// Integral of (r - r0) . n dA, a quadrilateral taken as four triangles about its centre. Over a closed surface three
-// times its volume, positive if the normals face out.
 [[nodiscard]] double ElementFlux(const HullMesh& mesh, const HullElement& element, const Vector3& r0);
 
 void TurnElement(HullElement& element);  // the first node stays the first

@@ -9,6 +9,10 @@ Vector3 Minus(const Vector3& a, const Vector3& b) {
   return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
 }
 
+double Dot(const Vector3& a, const Vector3& b) {
+  return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
 }  // namespace
 
 Vector3 CellCentre(const HullCell& cell) {
@@ -22,6 +26,16 @@ Vector3 CellCentre(const HullCell& cell) {
 Vector3 CellNormal(const HullCell& cell) {
   const auto& [a, b, c, d] = cell.corner;
   return cell.corners == 3 ? Cross(Minus(b, a), Minus(c, a)) : Cross(Minus(c, a), Minus(d, b));
+}
+
+double CellFlux(const HullCell& cell, const Vector3& r0) {
+  if (cell.corners == 3) return Dot(Minus(cell.corner[0], r0), CellNormal(cell)) / 2;
+  const Vector3 centre = CellCentre(cell);
+  const Vector3 from_r0 = Minus(centre, r0);
+  double flux = 0;
+  for (std::size_t i = 0; i < 4; ++i)
+    flux += Dot(from_r0, Cross(Minus(cell.corner[i], centre), Minus(cell.corner[(i + 1) % 4], centre))) / 2;
+  return flux;
 }
 
 HullCell SurfaceCell(const HullSurface& surface, int component, int i, int j) {

@@ -26,6 +26,10 @@ struct HullCell {  // axes and lengths of the hull
 // waterlines from keel to deck; of an element as FENORM leaves it.
 [[nodiscard]] Vector3 CellNormal(const HullCell& cell);
 
+// Integral of (r - r0) . n dA, a cell of four corners taken as four triangles about its centre. Over a closed surface
+// three times its volume, positive if the normals face out.
+[[nodiscard]] double CellFlux(const HullCell& cell, const Vector3& r0);
+
 // Between stations i, i + 1 and waterlines j, j + 1, from 1: corners (i, j), (i, j+1), (i+1, j+1), (i+1, j).
 [[nodiscard]] HullCell SurfaceCell(const HullSurface& surface, int component, int i, int j);
 [[nodiscard]] HullCell ElementCell(const HullMesh& mesh, const HullElement& element);

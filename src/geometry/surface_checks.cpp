@@ -1,13 +1,12 @@
 #include "geometry/surface_checks.h"
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 
 #include "base/message.h"
 #include "geometry/element_shape.h"
+#include "geometry/same_points.h"
 
 namespace zaview {
 namespace {
@@ -54,67 +53,6 @@ std::string ListOf(const Vertices& nodes) {
 
 // ---- FECULL
 
-// Nodes in cubes: a chain of nodes a bucket. Cubes that share a bucket only cost time.
-class CubeHash {
- public:
-  CubeHash(double reach, std::size_t nodes)
-      : side_(4 * reach), head_(std::bit_ceil(2 * nodes + 1), -1), next_(nodes, -1) {}
-
-  void Add(std::size_t node, const Vector3& p) {
-    std::int32_t& head = head_[Bucket({std::floor(p[0] / side_), std::floor(p[1] / side_), std::floor(p[2] / side_)})];
-    next_[node] = head;
-    head = static_cast<std::int32_t>(node);
-  }
-
-  // Calls visit(node) for every node within reach of p, and for others.
-  template <typename Visit>
-  void Near(const Vector3& p, Visit visit) const {
-    Vector3 low{};
-    for (std::size_t k = 0; k < 3; ++k) low[k] = std::floor(p[k] / side_ - 0.5);
-    for (unsigned corner = 0; corner < 8; ++corner) {
-      const Vector3 cube = {low[0] + (corner & 1U), low[1] + ((corner >> 1U) & 1U), low[2] + (corner >> 2U)};
-      for (std::int32_t node = head_[Bucket(cube)]; node >= 0; node = next_[static_cast<std::size_t>(node)])
-        visit(static_cast<std::size_t>(node));
-    }
-  }
-
- private:
-  [[nodiscard]] std::size_t Bucket(const Vector3& cube) const {
-    std::uint64_t hash = 0;
-    for (const double k : cube) {
-      hash = (hash ^ std::bit_cast<std::uint64_t>(k + 0.0)) * 0x9E3779B97F4A7C15U;  // + 0: one zero only
-      hash ^= hash >> 29U;
-    }
-    return hash & (head_.size() - 1);
-  }
-  double side_;
-  std::vector<std::int32_t> head_, next_;
-};
-
-double SquaredDistance(const Vector3& a, const Vector3& b) {
-  double sum = 0;
-  for (std::size_t k = 0; k < 3; ++k) sum += (a[k] - b[k]) * (a[k] - b[k]);
-  return sum;
-}
-
-// first[i]: the node, from 1, that node i + 1 is. The result counts the nodes that are another one.
-int FindSameNodes(double L, const std::vector<Vector3>& nodes, std::vector<int>& first) {
-  const double reach = kSamePlace * L;
-  CubeHash kept(reach, nodes.size());
-  first.resize(nodes.size());
-  int same = 0;
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    std::size_t lowest = i;
-    kept.Near(nodes[i], [&](std::size_t k) {
-      if (k < lowest && SquaredDistance(nodes[i], nodes[k]) < reach * reach) lowest = k;
-    });
-    first[i] = static_cast<int>(lowest) + 1;
-    if (lowest == i) kept.Add(i, nodes[i]);
-    else ++same;
-  }
-  return same;
-}
-
 // Different vertices in ring order; fewer than 3 are left: degenerate.
 std::size_t DropRepeats(Vertices& nodes) {
   Vertices different{};
@@ -126,13 +64,13 @@ std::size_t DropRepeats(Vertices& nodes) {
 }
 
 // number: of each element that is left, from 1, as the file counts them.
-void RemoveDegenerate(const Console& console, const std::vector<int>& first, std::vector<HullElement>& elements,
-                      std::vector<std::size_t>& number) {
+void RemoveDegenerate(const Console& console, const std::vector<std::uint32_t>& first,
+                      std::vector<HullElement>& elements, std::vector<std::size_t>& number) {
   std::size_t kept = 0;
   for (std::size_t e = 0; e < elements.size(); ++e) {
     Vertices nodes = elements[e].node;
     for (int& node : nodes)
-      if (node != 0) node = first[static_cast<std::size_t>(node - 1)];
+      if (node != 0) node = static_cast<int>(first[static_cast<std::size_t>(node - 1)]) + 1;
     if (DropRepeats(nodes) < 3) {
       Say(console, kDegenerate, e + 1, ListOf(nodes));
       continue;
@@ -312,8 +250,8 @@ void TurnByConnectivity(const Console& console, bool half, HullMesh& mesh) {
 
 void FECULL(const Console& console, double L, HullMesh& mesh) {
   SayLine(console, kCulling);
-  std::vector<int> first;
-  const int same = FindSameNodes(L, mesh.nodes, first);
+  std::vector<std::uint32_t> first;
+  const std::size_t same = FindSamePoints(kSamePlace * L, mesh.nodes, first);
   if (same > 0) Say(console, kSameNodes, same);
   std::vector<std::size_t> number;
   RemoveDegenerate(console, first, mesh.elements, number);
