@@ -176,6 +176,9 @@ void gksSetReverse(GksState& gks, bool on) {
 void GSLN(GksState& gks, int type) {
   gks.attribute.line_style = type >= 2 && type <= 5 ? type - 1 : 0;
 }
+void gksLineStyle(GksState& gks, int style) {
+  gks.attribute.line_style = style;
+}
 void GSLWSC(GksState& gks, float scale) {
   gks.attribute.line_width = scale > 1.0F ? scale : 1.0F;
 }

@@ -38,7 +38,8 @@ void GSCR(const Console& console, GksState& gks, int index, GksColour colour);
 [[nodiscard]] GksColour GQCR(const Console& console, const GksState& gks, int index);
 void gksSetReverse(GksState& gks, bool on);  // background, foreground and all colours become the defaults of the mode
 
-void GSLN(GksState& gks, int type);  // 2 to 5 stippled, any other solid
+void GSLN(GksState& gks, int type);           // 2 to 5 stippled, any other solid
+void gksLineStyle(GksState& gks, int style);  // of the polyline: 0 to 4 by GSLN, 5 long dashes, 6 short ones
 void GSLWSC(GksState& gks, float scale);
 void GSMK(GksState& gks, int type);  // modulo 22
 void GSMKSC(GksState& gks, float scale);

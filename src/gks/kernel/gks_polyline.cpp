@@ -13,7 +13,8 @@ namespace zaview {
 
 namespace {
 
-constexpr std::array<std::uint16_t, 5> kPatterns{kSolid, 255, 257, 7239, 2056};  // by line style
+// By line style: those of GSLN, long dashes, and short ones as long as their gaps.
+constexpr std::array<std::uint16_t, 7> kPatterns{kSolid, 255, 257, 7239, 2056, 0x0FFF, 0x3333};
 
 class Strip {
  public:

@@ -9,6 +9,7 @@ namespace zaview {
 namespace {
 
 constexpr float kLowest = 0.25F;    // of the page's height the area keeps, however much stands around it
+constexpr float kMostLeft = 0.3F;   // of the area's width, for labels and name of its vertical axis
 constexpr float kHeading = 1.0F;    // of the character height
 constexpr float kFirstLine = 0.9F;  // of its height, the heading is above the area
 constexpr float kAxisTexts = 3.0F;  // lines that stay free below the area
@@ -16,15 +17,6 @@ constexpr float kPageMargin = 0.15F;
 constexpr float kSmallest = 0.5F;  // of its height a heading may become before it is cut
 constexpr int kCross = 3;          // marker
 constexpr float kCrossSize = 2.0F;
-
-// A name of the vertical axis that has no room beside it stands over it: in the way of the heading's last line?
-bool NameTouches(PlotDraw draw, const std::string& name, const std::string& last_line, float middle) {
-  const float h = draw.page.char_height, width = TextWidth(draw, name, h);
-  const float labels = TextWidth(draw, "-2.50", h);
-  if (name.empty() || width + labels < draw.page.area_x) return false;
-  const float left_end = middle - 0.5F * TextWidth(draw, last_line, h);
-  return draw.page.area_x - labels + width + h > left_end;
-}
 
 // Of the character height: all lines are as high, so that the longest has room, unless it has to be cut.
 float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float room) {
@@ -38,9 +30,18 @@ float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float 
 
 }  // namespace
 
-std::vector<std::string> ClearOfName(PlotDraw draw, std::vector<std::string> lines) {
-  const float middle = draw.page.area_x + 0.5F * draw.page.area_width;
-  if (!lines.empty() && NameTouches(draw, draw.page.y_name, lines.back(), middle)) lines.emplace_back();
+void MakeRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end) {
+  PlotPage& page = draw.page;
+  const float wanted = dgRoomLeft(draw, y_origin, y_step, y_end) - page.area_x;
+  const float more = std::min(wanted, kMostLeft * page.area_width);
+  if (!(more > 0.0F)) return;
+  page.area_x += more;
+  page.area_width -= more;
+}
+
+std::vector<std::string> ClearOfLabels(PlotDraw draw, std::vector<std::string> lines) {
+  const PlotPage& page = draw.page;
+  if (!lines.empty() && TextWidth(draw, lines.back(), page.char_height) > page.area_width) lines.emplace_back();
   return lines;
 }
 

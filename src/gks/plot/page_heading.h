@@ -9,8 +9,11 @@
 
 namespace zaview {
 
-// The lines, with a blank one where a name of the vertical axis stands in their way.
-[[nodiscard]] std::vector<std::string> ClearOfName(PlotDraw draw, std::vector<std::string> lines);
+// Where labels and name of a vertical axis with these limits are wide for the page, the area begins further right.
+void MakeRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end);
+
+// The lines, with a blank one where the last is so wide that it would stand on the highest label.
+[[nodiscard]] std::vector<std::string> ClearOfLabels(PlotDraw draw, std::vector<std::string> lines);
 
 // Heading and notes get the room they need: the area moves, and where letters are large for the page it becomes lower.
 void MakeRoom(PlotDraw draw, std::size_t heading_lines, float notes_depth);

@@ -43,7 +43,9 @@ class SavedAttributes {
 // The text that is drawn: without blanks at its end and without one "$" or NUL behind that.
 [[nodiscard]] std::string_view PlotText(std::string_view text);
 
-// Sets the character height so that text of the selected transformation has `height` page units.
+// On the page: letters of `height` page units, but drawn ones not so small that their strokes run together.
+void SetLetterHeight(PlotDraw draw, float height);
+// The same for text of the selected transformation.
 void SetTextHeight(PlotDraw draw, float height);
 
 // What a text of the selected transformation covers, by the text attributes; world.

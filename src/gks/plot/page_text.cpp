@@ -11,6 +11,7 @@
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_draw.h"
 #include "gks/plot/dense_curve.h"
+#include "gks/plot/page_inside.h"
 
 namespace zaview {
 
@@ -29,7 +30,7 @@ constexpr float kDescent = 0.4F;      // character heights below the last line
 constexpr float kNotesDepth = 0.12F;  // of the page: so much is given to notes before they go into columns
 constexpr float kSample = 2.5F, kSampleGap = 0.7F;  // the dash in front of a note, character heights
 constexpr float kSampleUp = 0.4F;
-constexpr float kColumnGap = 1.0F;  // character heights between columns of notes
+constexpr float kColumnGap = 1.0F;  // heights of letters, as drawn or not, between columns of notes
 constexpr float kBoxMargin = 0.15F;
 constexpr int kNoteAlign = 4;  // baseline
 
@@ -58,7 +59,7 @@ struct Extent {
 
 Extent ExtentOf(PlotDraw draw, std::string_view text, float height) {
   const OnPage page(draw);
-  GSCHH(draw.gks, height);
+  SetLetterHeight(draw, height);
   const TextExtent extent = GQTXX(draw.gks, {}, text);
   const auto [left, right] = std::minmax_element(std::begin(extent.corner), std::end(extent.corner),
                                                  [](GksPoint a, GksPoint b) { return a.x < b.x; });
@@ -77,6 +78,10 @@ float WidthOf(PlotDraw draw, std::span<const PageNote> notes, float height) {
   float widest = 0.0F;
   for (const PageNote& note : notes) widest = std::max(widest, TextWidth(draw, note.text, height));
   return widest + SampleOf(notes) * height;
+}
+
+float ColumnGap(PlotDraw draw, float height) {
+  return kColumnGap * std::max(height, LetterHeight(draw, height));
 }
 
 // Labels and name of the horizontal axis.
@@ -109,9 +114,8 @@ void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y
 }
 
 void SetDash(PlotDraw draw, int dash) {
-  void (*const kSet[])(PlotDraw) = {dgDash, dgDot, dgChnDot, dgChnDsh};
-  if (dash >= 1 && dash < kDashes) kSet[dash - 1](draw);
-  else dgReset(draw, "dash");
+  constexpr int kStyles[kDashes] = {0, 1, 2, 3, 5, 6};  // of the kernel; 4 looks as 2 does
+  gksLineStyle(draw.gks, kStyles[dash >= 0 && dash < kDashes ? dash : 0]);
 }
 
 std::string ShortNumber(float value) {
@@ -181,8 +185,8 @@ NotesPlace PlaceOfNotes(PlotDraw draw, std::span<const PageNote> notes, float te
   const float room = draw.page.page_width - draw.page.area_x - kPageMargin;
   while (WidthOf(draw, notes, place.height) > room && place.height * kSmaller >= kSmallest * height)
     place.height *= kSmaller;
-  const float column = WidthOf(draw, notes, place.height) + kColumnGap * place.height;
-  const auto most = static_cast<std::size_t>(std::max((room + kColumnGap * place.height) / column, 1.0F));
+  const float gap = ColumnGap(draw, place.height), column = WidthOf(draw, notes, place.height) + gap;
+  const auto most = static_cast<std::size_t>(std::max((room + gap) / column, 1.0F));
   // As few columns as keep the notes within so much of the page.
   const float pitch = LinePitch(draw, place.height);
   const float deep = std::max(kNotesDepth * draw.page.page_height, draw.page.area_y - place.depth - kPageMargin);
@@ -197,7 +201,7 @@ void PageNotes(PlotDraw draw, std::span<const PageNote> notes, const NotesPlace&
   if (place.columns == 0) return;
   const PlotPage& page = draw.page;
   const float pitch = LinePitch(draw, place.height), room = page.page_width - page.area_x - kPageMargin;
-  const float column = WidthOf(draw, notes, place.height) + kColumnGap * place.height;
+  const float column = WidthOf(draw, notes, place.height) + ColumnGap(draw, place.height);
   const float top = page.area_y - place.depth + pitch * static_cast<float>(place.rows) + kDescent * place.height;
   for (std::size_t i = 0; i < notes.size(); ++i) {
     const GksPoint at{page.area_x + column * static_cast<float>(i / place.rows),

@@ -12,8 +12,8 @@ namespace zaview {
 // A solid line in the graph, thinned where points are closer than pixels.
 void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y);
 
-// LineDash: solid, dashes, dots, and chains of both.
-inline constexpr int kDashes = 5;
+// Solid, dashes, dots, chains of both, long dashes, short ones: six that can be told apart.
+inline constexpr int kDashes = 6;
 void SetDash(PlotDraw draw, int dash);
 
 // At most 8 characters, as many digits as fit: "-12.3457", "1.23e12", "NaN".

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/grow.h"
@@ -37,6 +36,7 @@ constexpr float kYNameGap = 0.25F;                     // from the labels
 constexpr float kLevelNameGap = 1.0F;                  // a level one, further
 constexpr float kTurnedNameGap = 0.4F;                 // a turned one, further
 constexpr float kYNameTurned = 2.3F;                   // from the axis
+constexpr float kEdge = 0.1F;                          // page units that stay free left of it
 constexpr float kLabelSpace = 0.5F;                    // character heights that stay free between labels
 constexpr float kXNameSpace = 0.6F;                    // between the labels and the name
 constexpr float kDescender = 0.25F;                    // of the height of a text
@@ -249,23 +249,9 @@ GksRectangle DrawXAxis(PlotDraw draw) {
   return labels.empty() ? kNowhere : labels.front().box;
 }
 
-// Letters of any size, whatever the font is.
-class StrokeLetters {
- public:
-  explicit StrokeLetters(GksState& gks) : gks_(gks), before_(std::exchange(gks.window.bitmap_font, false)) {}
-  ~StrokeLetters() { gks_.window.bitmap_font = before_; }
-  StrokeLetters(const StrokeLetters&) = delete;
-  StrokeLetters& operator=(const StrokeLetters&) = delete;
-
- private:
-  GksState& gks_;
-  bool before_;
-};
-
-// Along the axis, as large as the page is high and the room beside the labels is wide, as far as it can be read then. A
-// bitmap font that has no letters so small gives way to the drawn ones.
+// Along the axis, as large as the page is high and the room beside the labels is wide, as far as it can be read then.
 void DrawTurnedName(PlotDraw draw, float right, float middle) {
-  constexpr float kSmallest = 0.6F, kEdge = 0.05F;  // of the size; page units that stay free
+  constexpr float kSmallest = 0.6F;  // of the size
   const PlotPage& page = draw.page;
   const SavedAttributes saved(draw.gks);
   draw.gks.attribute.turn_bitmap = true;
@@ -273,15 +259,10 @@ void DrawTurnedName(PlotDraw draw, float right, float middle) {
   GSTXAL(draw.gks, kCentre, kBottom);
   GksRectangle box = PlotTextBox(draw.gks, {right, middle}, page.y_name);
   const float room = std::min((right - kEdge) / (box.xmax - box.xmin), page.page_height / (box.ymax - box.ymin));
-  GSCHH(draw.gks, page.char_height * std::clamp(room, kSmallest, 1.0F));
+  SetLetterHeight(draw, page.char_height * std::clamp(room, kSmallest, 1.0F));
   box = PlotTextBox(draw.gks, {right, middle}, page.y_name);
-  const float aside = std::max(kEdge - box.xmin, 0.0F);
-  if (draw.gks.window.bitmap_font && aside > (kYNameGap + kTurnedNameGap) * page.char_height) {
-    const StrokeLetters letters(draw.gks);
-    return DrawTurnedName(draw, right, middle);
-  }
   const float low = std::min(middle, page.page_height - 0.5F * (box.ymax - box.ymin));
-  GTX(draw.gks, {right + aside, low}, page.y_name);
+  GTX(draw.gks, {right + std::max(kEdge - box.xmin, 0.0F), low}, page.y_name);
 }
 
 // Of a bitmap font the name stands level, and turned where it has no room beside the labels.
@@ -294,9 +275,20 @@ void DrawYName(PlotDraw draw, const GksRectangle& labels) {
   GSCHUP(draw.gks, 0, 1);
   GSTXAL(draw.gks, kRight, kHalf);
   const float level = right - kLevelNameGap * page.char_height;  // in the same line as a label
-  if (PlotTextBox(draw.gks, {level, middle}, page.y_name).xmin < 0.0F)
+  if (PlotTextBox(draw.gks, {level, middle}, page.y_name).xmin < kEdge)
     DrawTurnedName(draw, right - kTurnedNameGap * page.char_height, middle);
   else GTX(draw.gks, {level, middle}, page.y_name);
+}
+
+// The labels of the vertical axis, for which the text attributes are set.
+std::vector<Label> YLabels(PlotDraw draw, const Axis& axis, const Ticks& ticks, LabelRow& row) {
+  const PlotPage& page = draw.page;
+  const bool turned = page.y_name_turned, level = !turned || draw.gks.window.bitmap_font;
+  GSCHUP(draw.gks, turned ? -1.0F : 0.0F, turned ? 0.0F : 1.0F);
+  GSTXAL(draw.gks, turned ? kCentre : kRight, turned ? kBase : kHalf);
+  row = {true, level, page.area_x - kYLabelGap * kTick * page.area_width, 0,
+         level ? 0 : kLabelSpace * page.char_height};
+  return LabelsOf(draw, axis, ticks, row);
 }
 
 void DrawYAxis(PlotDraw draw, const GksRectangle& first_of_x) {
@@ -306,15 +298,10 @@ void DrawYAxis(PlotDraw draw, const GksRectangle& first_of_x) {
   const Ticks ticks = TicksOf(draw, axis);
   for (const Tick& tick : ticks)
     Line(draw, page.area_x, tick.page, page.area_x - (tick.major ? 1.0F : kMinorTick) * tick_length, tick.page);
-  const bool turned = page.y_name_turned;
-  GSCHUP(draw.gks, turned ? -1.0F : 0.0F, turned ? 0.0F : 1.0F);
-  GSTXAL(draw.gks, turned ? kCentre : kRight, turned ? kBase : kHalf);
-  const float across = page.area_x - kYLabelGap * tick_length;
-  const bool level = !turned || draw.gks.window.bitmap_font;
-  const LabelRow row = {true, level, across, 0, level ? 0 : kLabelSpace * page.char_height};
-  const std::vector<Label> labels = LabelsOf(draw, axis, ticks, row);
+  LabelRow row;
+  const std::vector<Label> labels = YLabels(draw, axis, ticks, row);
   GksRectangle all = DrawLabels(draw, labels, row, first_of_x);
-  if (labels.empty()) all = {across, across, page.area_y, page.area_y};
+  if (labels.empty()) all = {row.across, row.across, page.area_y, page.area_y};
   if (!page.y_name.empty()) DrawYName(draw, all);
 }
 
@@ -328,7 +315,7 @@ void DrawAxes(PlotDraw draw) {
   GSLN(draw.gks, 1);
   GSLWSC(draw.gks, 1);
   const SelectedTransform on_page(draw.gks, kPageTransform);
-  GSCHH(draw.gks, page.char_height);
+  SetLetterHeight(draw, page.char_height);
   const float top = page.area_y + page.area_height, right = page.area_x + page.area_width;
   const std::array<float, 3> x = {page.area_x, page.area_x, right}, y = {top, page.area_y, page.area_y};
   GPL(draw.gks, x, y);
@@ -372,6 +359,27 @@ void GridLines(PlotDraw draw, bool upright, const Axis& axis) {
 }
 
 }  // namespace
+
+float dgRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end) {
+  SetApart(y_origin, y_step, y_end);
+  const PlotPage& page = draw.page;
+  const SelectedTransform on_page(draw.gks, kPageTransform);
+  const SavedAttributes saved(draw.gks);
+  SetLetterHeight(draw, page.char_height);
+  const Axis axis = {y_origin, y_step, y_end, page.area_y, page.area_height, 1, false};
+  LabelRow row;
+  const std::vector<Label> labels = YLabels(draw, axis, TicksOf(draw, axis), row);
+  float left = row.across;
+  for (const Label& label : labels) left = std::min(left, label.box.xmin);
+  if (!page.y_name.empty()) {
+    GSCHUP(draw.gks, 0, 1);
+    const GksRectangle letters = PlotTextBox(draw.gks, {}, page.y_name);
+    left -= (kYNameGap + kTurnedNameGap) * page.char_height;
+    if (page.y_name_turned) left = std::min(left, page.area_x - kYNameTurned * page.char_height);
+    left -= letters.ymax - letters.ymin;
+  }
+  return page.area_x - left + kEdge;
+}
 
 void dgGraf(PlotDraw draw, float x_origin, float x_step, float x_end, float y_origin, float y_step, float y_end) {
   SetApart(x_origin, x_step, x_end);

@@ -94,7 +94,7 @@ float FittingHeight(PlotDraw draw, float height, std::string_view text) {
   constexpr float kSmaller = 0.9F;
   constexpr int kMostTries = 7;  // down to half
   for (int i = 0; i < kMostTries; ++i, height *= kSmaller) {
-    GSCHH(draw.gks, height);
+    SetLetterHeight(draw, height);
     const GksRectangle box = PlotTextBox(draw.gks, {}, text);
     if (!(box.xmax - box.xmin > draw.page.page_width)) break;
   }
@@ -136,12 +136,20 @@ std::string_view PlotText(std::string_view text) {
   return text;
 }
 
+void SetLetterHeight(PlotDraw draw, float height) {
+  constexpr float kLeast = 8.0F;  // pixels of a capital letter
+  const float pixels = gksPixelsPerUnit(draw.gks).y;
+  const bool too_small = !draw.gks.window.bitmap_font && height * pixels < kLeast;
+  GSCHH(draw.gks, too_small && pixels > 0.0F ? kLeast / pixels : height);
+}
+
 void SetTextHeight(PlotDraw draw, float height) {
   GksState& gks = draw.gks;
   const GksPoint here = gksPixelsPerUnit(gks);
   const float scale = std::hypot(gks.attribute.up_x * here.x, gks.attribute.up_y * here.y);
   const SelectedTransform page(gks, kPageTransform);
-  if (scale > 0.0F) GSCHH(gks, height * gksPixelsPerUnit(gks).y / scale);
+  SetLetterHeight(draw, height);
+  if (scale > 0.0F) GSCHH(gks, gks.attribute.char_height * gksPixelsPerUnit(gks).y / scale);
 }
 
 GksRectangle PlotTextBox(const GksState& gks, GksPoint at, std::string_view text) {
@@ -282,7 +290,7 @@ void dgPageText(PlotDraw draw, std::string_view text, float x, float y, int alig
   if (text.empty()) return;
   const SelectedTransform page(draw.gks, kPageTransform);
   const SavedAttributes saved(draw.gks);
-  GSCHH(draw.gks, draw.page.char_height);
+  SetLetterHeight(draw, draw.page.char_height);
   GSTXAL(draw.gks, align, draw.gks.attribute.align_y);
   GTX(draw.gks, {x, y}, text);
 }

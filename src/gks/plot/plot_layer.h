@@ -64,6 +64,8 @@ void dgNumber(PlotDraw draw, float value, int digits, float x, float y);
 void dgSelectGraf(PlotDraw draw, int index);
 
 // ---- Axes (plot_axes.cpp)
+// What ticks, labels and turned name of the vertical axis with these limits take left of the area.
+[[nodiscard]] float dgRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end);
 void dgGraf(PlotDraw draw, float x_origin, float x_step, float x_end, float y_origin, float y_step, float y_end);
 void dgGrafLog(PlotDraw draw, float x_origin, float x_step, float x_end, float y_min, float y_max);
 void dgZeroLines(PlotDraw draw);

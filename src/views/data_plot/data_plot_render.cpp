@@ -23,7 +23,7 @@ namespace {
 constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
 constexpr std::size_t kTitleColumns = 70;
 constexpr float kPageMargin = 0.15F;
-constexpr int kFrameOption = 2;    // of axis_option, and the one above
+constexpr int kFrameOption = 2;  // of axis_option, and the one above
 
 // Which texts stand around the plot, by plot_text_mode.
 struct TextMode {
@@ -76,6 +76,14 @@ std::vector<std::string> HeadingLines(const PlotFacts& facts, const DataPlotStat
   return lines;
 }
 
+// What one axis has lost the other gives up as well, where a unit is as long on both.
+void KeepShape(const DataPlotState& plot, float width, float height, PlotPage& page) {
+  if (!RowOf(plot.kind).units_as_long || !plot.keep_aspect) return;
+  const float factor = std::min(page.area_width / width, page.area_height / height);
+  page.area_width = factor * width;
+  page.area_height = factor * height;
+}
+
 // ---- Axes
 void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
   const PlotLimits& l = plot.axes.limits;
@@ -111,11 +119,14 @@ void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   const bool labels = ModeOf(plot).axes;
   dgXName(draw, labels ? names.x : "");
   dgYName(draw, labels ? names.y : "");
-  const std::vector<std::string> heading = ClearOfName(draw, HeadingLines(facts, plot, names));
+  dgYName90(draw, plot.axis_option % kFrameOption);
+  const float width = draw.page.area_width, height = draw.page.area_height;
+  MakeRoomLeft(draw, plot.axes.limits.y_min, plot.axes.limits.y_step, plot.axes.limits.y_max);
+  const std::vector<std::string> heading = ClearOfLabels(draw, HeadingLines(facts, plot, names));
   const NotesPlace place = PlaceOfNotes(draw, notes, plot.text_size, plot.annot_size);
   MakeRoom(draw, heading.size(), place.columns > 0 ? place.depth : 0.0F);
+  KeepShape(plot, width, height, draw.page);
   DrawHeading(draw, heading);
-  dgYName90(draw, plot.axis_option % kFrameOption);
   DrawAxes(plot, draw);
   if (type.draw != nullptr) type.draw(facts, plot, draw);
   else DrawCurves(plot, draw);

@@ -128,7 +128,8 @@ int ColourOf(const DataPlotState& plot, int index) {
 }
 
 int DashOf(const DataPlotState& plot, int component) {
-  return plot.colour_on || component < 1 ? 0 : (component - 1) % kDashes;
+  const bool one = plot.plot_component > 0 || plot.plot_component_count == 1;
+  return plot.colour_on || one || component < 1 ? 0 : (component - 1) % kDashes;
 }
 
 void DrawCurves(const DataPlotState& plot, PlotDraw draw) {

@@ -89,7 +89,7 @@ void DrawBars(const DataPlotState& plot, PlotDraw draw) {
     const float x[] = {left, left, right, right, left}, y[] = {0.0F, top, top, 0.0F, 0.0F};
     dgColour(draw, colour);
     if (fill) GFA(draw.gks, std::span(x).first(4), std::span(y).first(4));
-    if (fill && outline) dgColour(draw, 1);
+    if (fill && outline) GSPLCI(draw.platform.console, draw.gks, colour == 1 ? 0 : 1);  // bars of ink are set apart
     if (outline) dgCurve(draw, x, y, 0);
   }
 }
@@ -97,8 +97,18 @@ void DrawBars(const DataPlotState& plot, PlotDraw draw) {
 void DrawFit(const DataPlotState& plot, PlotDraw draw) {
   const Histogram& h = plot.derived.histogram;
   if (h.expected.empty()) return;
+  // On paper of its own, as it runs over bars of any colour.
+  constexpr float kFit = 0.045F, kPaper = 0.1F;  // page units
+  dgThickness(draw, plot.line_thickness + kPaper);
+  GSPLCI(draw.platform.console, draw.gks, 0);
+  DrawSolid(draw, h.mid, h.expected);
+  dgThickness(draw, plot.line_thickness + kFit);
   dgColour(draw, ColourOf(plot, kFitColour));
   DrawSolid(draw, h.mid, h.expected);
+  const float x[] = {draw.page.x_origin, draw.page.x_end}, y[] = {0, 0};  // where nothing is expected the axis shows
+  dgThickness(draw, 0);
+  dgColour(draw, 1);
+  dgCurve(draw, x, y, 0);
 }
 
 void HistogramNotes(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) {

@@ -260,15 +260,21 @@ bool HasLegend(const DataPlotState& plot, std::size_t curves) {
   return plot.legend == LegendUse::on;
 }
 
-// A line a curve: number, name, and if wanted the value at its last point, or where is measured.
-void AddLegend(const DataPlotState& plot, std::vector<PageNote>& notes) {
+// A line a curve: number, name, its unit where the axis has none for all, and if wanted the value at its last point, or
+// where is measured.
+void AddLegend(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) {
   std::vector<DrawnCurve> curves;
   HistoryCurves(plot, curves);
   std::erase_if(curves, [](const DrawnCurve& curve) { return curve.component == 0 || curve.y.empty(); });
   if (!HasLegend(plot, curves.size())) return;
+  const auto unit_of = [&](int component) {
+    return CurveUnit(facts.store, facts.output, plot.quantity.iqnt, component);
+  };
+  const bool one_unit = !unit_of(plot.plot_component).empty();
   for (const DrawnCurve& curve : curves) {
     std::string text = fmt::format("{} {}", curve.component,
                                    plot.derived.history.labels[static_cast<std::size_t>(curve.component - 1)]);
+    if (!one_unit) text = WithUnit(text, unit_of(curve.component));
     std::size_t i = curve.y.size() - 1;
     if (plot.axes.measure.on)
       i = std::min(i, static_cast<std::size_t>(std::lower_bound(curve.x.begin(), curve.x.end(), plot.axes.measure.x) -
@@ -284,8 +290,8 @@ std::vector<PageNote> OverlayNotes(const DataPlotState& plot) {
   return notes;
 }
 
-void HistoryNotes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& notes) {
-  AddLegend(plot, notes);
+void HistoryNotes(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) {
+  AddLegend(facts, plot, notes);
   if (plot.stats_at != StatsPlace::bottom) return;
   const std::vector<PageNote> statistics = OverlayNotes(plot);
   notes.insert(notes.end(), statistics.begin(), statistics.end());

@@ -160,6 +160,10 @@ TEST(PlotPage, HeadingsFit) {
     }
     EXPECT_LT(above, 0.75F / 8.5F * static_cast<float>(width) * 17 / 22);
   }
+  Plot drawn(320, 247);  // strokes of four pixels couldn't be read
+  drawn.gks.window.bitmap_font = false;
+  dgHeading(drawn.draw, "HEAD", 1, 1);
+  EXPECT_GE(drawn.Lit().bottom - drawn.Lit().top, 7);
 }
 
 TEST(PlotPage, Curves) {

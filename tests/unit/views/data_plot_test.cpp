@@ -9,8 +9,8 @@
 
 #include "../case/small_case.h"
 #include "case/quantity_catalogue.h"
-#include "plot_view.h"
 #include "gks/plot/page_text.h"
+#include "plot_view.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/stat_overlay.h"
 
@@ -290,8 +290,13 @@ TEST(DataPlotPicture, TextsStayOnThePage) {
   const auto small = [](PlotView& v) { v.session.output.units.scales.position.fill(-3.0e-9F); };
   const auto large_text = [](PlotView& v) { v.plot().text_size = v.plot().annot_size = 0.25F; };
   const Row rows[] = {
-      {"plain", 500, 400, none},        {"long title", 500, 400, long_title}, {"long title", 1100, 850, long_title},
-      {"huge values", 500, 400, large}, {"tiny values", 1100, 850, small},    {"large text", 500, 400, large_text},
+      {"plain", 500, 400, none},
+      {"long title", 500, 400, long_title},
+      {"long title", 1100, 850, long_title},
+      {"huge values", 500, 400, large},
+      {"huge values", 320, 240, large},
+      {"tiny values", 1100, 850, small},
+      {"large text", 500, 400, large_text},
   };
   for (const Row& row : rows) {
     SmallView view(row.width, row.height);
@@ -348,7 +353,7 @@ TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
   const struct { int component; LegendUse legend; bool values; std::vector<std::string> want; } rows[] = {
       {1, LegendUse::automatic, false, {}}, {1, LegendUse::on, false, {"1 pmgg(1)"}},
       {1, LegendUse::automatic, true, {"1 pmgg(1) = 59"}}, {0, LegendUse::off, false, {}},
-      {0, LegendUse::automatic, false, {"2 pmgg(2)", "3 pmgg(3)"}},
+      {0, LegendUse::automatic, false, {"2 pmgg(2), m", "3 pmgg(3), m"}},
   };
   // clang-format on
   SmallView view;
@@ -364,7 +369,9 @@ TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
     EXPECT_EQ(got, row.want);
   }
   view.plot().colour_on = false;
-  for (int i = 1; i <= 5; ++i) EXPECT_EQ(DashOf(view.plot(), i), i - 1);
+  for (int i = 1; i <= 6; ++i) EXPECT_EQ(DashOf(view.plot(), i), i - 1);
+  view.plot().plot_component = 3;
+  EXPECT_EQ(DashOf(view.plot(), 3), 0);  // nothing to tell it from
 }
 
 TEST(DataPlotPicture, MarksEveryNth) {
@@ -482,6 +489,11 @@ TEST(Trajectory, UnitsAreAsLongOnBothAxes) {
   // The track runs from (20, 25) to (59, 64) and the hull is 40 long.
   EXPECT_LE(l.x_min, 0);
   EXPECT_GE(l.x_max, 79);
+  SmallView small;  // the heading leaves less room
+  small.plot().text_size = 0.6F;
+  small.Show(PlotKind::trajectory, 1, 0);
+  EXPECT_LT(small.session.page.area_height, 5.4F);
+  EXPECT_NEAR(small.session.page.area_width / 8, small.session.page.area_height / 5.5F, 1e-3);
   view.plot().keep_aspect = false;
   ForgetLimits(view.plot().axes);
   zaviewsetaxes(view.session);
