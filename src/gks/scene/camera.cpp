@@ -33,17 +33,31 @@ double FittingRadius(const Camera& camera, double reach, int width, int height) 
   return kAround * reach / (std::sin(HalfWidth(camera)) * narrower);
 }
 
-PicturePoint ToPicture(const Camera& camera, ScenePoint point, int width, int height) {
-  const CameraAxes axes = AxesOf(camera);
-  const ScenePoint q{point.x - camera.view_centre.x, point.y - camera.view_centre.y, point.z - camera.view_centre.z};
-  const double pixels = height / (2.0 * camera.view_radius * std::tan(HalfWidth(camera)));  // a length
+Eye EyeOf(const Camera& camera) {
+  Eye eye;
+  eye.axes = AxesOf(camera);
+  eye.tangent = std::tan(HalfWidth(camera));
+  eye.distance = camera.view_radius;
+  eye.perspective = camera.perspective;
+  const ScenePoint &c = camera.view_centre, &into = eye.axes.into;
+  eye.place = {c.x - eye.distance * into.x, c.y - eye.distance * into.y, c.z - eye.distance * into.z};
+  return eye;
+}
+
+PicturePoint ToPicture(const Eye& eye, ScenePoint point, int width, int height) {
+  const ScenePoint q{point.x - eye.place.x, point.y - eye.place.y, point.z - eye.place.z};
   double scale = 1.0;
-  if (camera.perspective) {
-    const double away = camera.view_radius + Dot(q, axes.into);
+  if (eye.perspective) {
+    const double away = Dot(q, eye.axes.into);
     if (!(away > 0.0)) return {0.0, 0.0, 0.0};
-    scale = camera.view_radius / away;
+    scale = eye.distance / away;
   }
-  return {0.5 * width + pixels * scale * Dot(q, axes.right), 0.5 * height - pixels * scale * Dot(q, axes.up), scale};
+  const double pixels = scale * height / (2.0 * eye.distance * eye.tangent);  // a length
+  return {0.5 * width + pixels * Dot(q, eye.axes.right), 0.5 * height - pixels * Dot(q, eye.axes.up), scale};
+}
+
+PicturePoint ToPicture(const Camera& camera, ScenePoint point, int width, int height) {
+  return ToPicture(EyeOf(camera), point, width, height);
 }
 
 }  // namespace zaview

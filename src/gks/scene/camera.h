@@ -25,11 +25,23 @@ struct CameraAxes {  // unit vectors, whole at elevations of 90 and -90 too
 // The radius from which everything within `reach` of the centre is in a picture of that size.
 [[nodiscard]] double FittingRadius(const Camera& camera, double reach, int width, int height);
 
+// An eye as it stands in the scene: that of a camera that looks at its centre, or one that is carried along.
+struct Eye {
+  ScenePoint place;
+  CameraAxes axes;
+  double tangent = 1;   // of half the vertical angle
+  double distance = 1;  // to what it looks at: there a picture without perspective has the scale of one with it
+  bool perspective = true;
+  double nearest = 0.1, farthest = 1000;  // along axes.into: what is to be drawn lies between
+};
+// camera.view_radius is above 0.
+[[nodiscard]] Eye EyeOf(const Camera& camera);
+
 struct PicturePoint {
   double x = 0, y = 0;  // pixels from the upper left corner
   double scale = 1;     // over that at the centre; not above 0: behind the eye, x and y tell nothing
 };
-// camera.view_radius is above 0.
+[[nodiscard]] PicturePoint ToPicture(const Eye& eye, ScenePoint point, int width, int height);
 [[nodiscard]] PicturePoint ToPicture(const Camera& camera, ScenePoint point, int width, int height);
 
 }  // namespace zaview

@@ -1,10 +1,79 @@
+// Entry and picture of the motion animation.
 #include "views/motion/motion_view.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "base/data_fault.h"
+#include "base/message.h"
+#include "gks/kernel/gks_transform.h"
+#include "views/motion/motion_scene.h"
+#include "views/state/start_plot.h"
 
 namespace zaview {
 
-void KinoPlotInit(Session&) {}
+namespace {
 
-void KinoRender(Session&) {}
+constexpr std::string_view kHints[] = {
+    "Hit the 'q' key to exit the plot and return to the text menu",
+    "Hit the 'h' key for HELP",
+    "Hit 'Alt-o' to invoke the plot options menu,",
+    " which includes time-history overlay plots",
+    "Hit 'Alt-space' to invoke the time stepping menu",
+    "Mouse click with Alt or Ctrl keys will invoke pop-up menu",
+};
+constexpr fmt::string_view kCause = "GLGKS - {}";
+constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
+
+// The page over the whole window: text and graphs have places in parts of it.
+void SetPage(const MotionViewState& view, PlotDraw draw) {
+  dgNoFrame(draw);
+  dgPage(draw, kPageWidth, kPageHeight);
+  GSWKVP(draw.gks, {0, static_cast<float>(draw.gks.window.width), 0, static_cast<float>(draw.gks.window.height)});
+  dgArea(draw, kPageWidth, kPageHeight);
+  dgCharHeight(draw, view.text_size);
+}
+
+void LeaveView(Session& session) {
+  session.run.plot_module = PlotModule::none;
+  session.run.redraw = false;
+}
+
+bool DrawScene(Session& session) {
+  std::string why;
+  const SceneFault fault = DrawMotionScene(session, why);
+  if (fault == SceneFault::no_opengl) Say(session.platform.console, kCause, why);
+  const DataFault data = fault == SceneFault::no_memory ? DataFault::no_memory : DataFault::none;
+  return SayDataFault(session.platform.console, data, Making::plot, "animation") && fault == SceneFault::none;
+}
+
+}  // namespace
+
+void KinoPlotInit(Session& session) {
+  MotionViewState& view = session.motion_view;
+  CaseStore& store = session.case_store;
+  session.plot_session.run_on = session.plot_session.run_dump = false;
+  view.popup.open = false;
+  if (const int wanted = std::exchange(view.initial_step, 0); wanted != 0) store.current_step = wanted;
+  store.current_step = std::max(store.first_step, std::min(store.current_step, store.last_step));
+  session.run.redraw = true;
+  if (session.run.script_active) return;
+  for (const std::string_view line : kHints) SayLine(session.platform.console, line);
+}
+
+void KinoRender(Session& session) {
+  TakeReverse(session.run, session.gks);
+  const PlotDraw draw{session.platform, session.gks, session.page};
+  if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
+  if (!session.case_store.has_steps() || !DrawScene(session)) {
+    LeaveView(session);
+    return;
+  }
+  SetPage(session.motion_view, draw);
+  static_cast<void>(dgFrame(draw, -3));
+  session.run.redraw = false;
+}
 
 void KinoMouse(Session&, int, float, float) {}
 

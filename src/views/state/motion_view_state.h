@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "base/rotation.h"
 #include "case/plot_data.h"
 #include "gks/scene/camera.h"
+#include "gks/scene/scene_mesh.h"
 #include "views/state/axes_state.h"
 #include "views/state/plot_key.h"
 
@@ -61,6 +63,30 @@ struct MotionEvents {  // of the steps in use, in their order; made on first nee
   std::vector<RunEvent> list;
 };
 
+struct HullDrawnKey {  // what its mesh was made of
+  std::uint64_t case_serial = 0;
+  float length = 0;  // of the scale
+  bool transparent = false;
+  bool operator==(const HullDrawnKey&) const = default;
+};
+
+struct HullExtent {  // of its points from the CG, ship axes, output lengths
+  double reach = 0;  // of the farthest
+  Vector3 low{}, high{};
+};
+
+struct MotionSceneState {  // kept from picture to picture; the scene's lengths are output lengths
+  HullDrawnKey hull_of;    // case 0: nothing is made
+  HullExtent extent;
+  SceneMesh hull, strips;  // ship axes, from the CG; strips close it at the top
+  SceneMesh plates, fins;
+  SceneMesh sea, sea_below;            // from above, from below
+  std::vector<double> grid_x, grid_y;  // of its points, from the CG
+  std::vector<double> wave_x, wave_y;  // where they are, non-dimensional
+  std::vector<float> eta;
+  std::vector<ScenePlace> track;
+};
+
 struct MotionViewState {
   Camera view;  // view_centre: from (x, y) of the CG on the still water; global, output lengths
   CameraStand stand = CameraStand::ship;
@@ -94,6 +120,7 @@ struct MotionViewState {
 
   int initial_step = 0;  // the view opens there, once; 0: at the current step
   PopupState popup;
+  MotionSceneState scene;
 };
 
 }  // namespace zaview

@@ -1,0 +1,99 @@
+#include "views/motion/hull_parts.h"
+
+#include <cmath>
+#include <cstddef>
+#include <span>
+
+#include "base/grow.h"
+#include "case/ship_pose.h"
+#include "geometry/appendages.h"
+#include "geometry/hull_cells.h"
+
+namespace zaview {
+
+namespace {
+
+// Puts cells into a mesh whose arrays have room for them.
+class CellMesh {
+ public:
+  CellMesh(const CaseStore& store, double length, SceneColour colour, SceneMesh& mesh)
+      : store_(store), length_(length), colour_(colour), mesh_(mesh) {}
+
+  void Put(const HullCell& cell) {
+    const Vector3 n = CellNormal(cell);
+    const double size = std::hypot(n[0], n[1], n[2]);
+    if (!(size > 0)) return;  // without an area
+    for (std::size_t i = 0; i < 3; ++i) normal_[i] = static_cast<float>(n[i] / size);
+    const auto corners = static_cast<std::uint32_t>(cell.corners), first = PutRing(cell);
+    const bool about_mean = cell.corners == 4;
+    if (about_mean) PutVertex(CellCentre(cell));
+    for (std::uint32_t k = 0; k < corners; ++k) {
+      const std::uint32_t a = first + k, b = first + (k + 1) % corners;
+      mesh_.lines.insert(mesh_.lines.end(), {a, b});
+      if (about_mean) mesh_.triangles.insert(mesh_.triangles.end(), {first + corners, a, b});
+    }
+    if (!about_mean) mesh_.triangles.insert(mesh_.triangles.end(), {first, first + 1, first + 2});
+  }
+
+ private:
+  std::uint32_t PutRing(const HullCell& cell) {  // the first of its vertices
+    const auto first = static_cast<std::uint32_t>(mesh_.vertices.size());
+    for (const Vector3& corner : cell.ring()) PutVertex(corner);
+    return first;
+  }
+  void PutVertex(const Vector3& ship) {
+    const Vector3 r = FromCentre(store_, ship);
+    SceneVertex vertex;
+    for (std::size_t i = 0; i < 3; ++i) vertex.place[i] = static_cast<float>(r[i] * length_);
+    vertex.normal = normal_;
+    vertex.colour = colour_;
+    mesh_.vertices.push_back(vertex);
+  }
+
+  const CaseStore& store_;
+  double length_;
+  SceneColour colour_;
+  SceneMesh& mesh_;
+  ScenePlace normal_{};
+};
+
+constexpr std::size_t kMostVertices = 5, kMostCorners = 12, kMostEnds = 8;  // of a cell
+
+bool Empty(std::size_t cells, SceneMesh& mesh) {
+  mesh.vertices.clear();
+  mesh.triangles.clear();
+  mesh.lines.clear();
+  return Reserve(mesh.vertices, kMostVertices * cells) && Reserve(mesh.triangles, kMostCorners * cells) &&
+         Reserve(mesh.lines, kMostEnds * cells);
+}
+
+}  // namespace
+
+bool MakeHullMesh(const CaseStore& store, double length, SceneColour colour, SceneMesh& mesh) {
+  std::size_t cells = 0;
+  VisitCells(store.hull, [&](const HullCell&) { ++cells; });
+  if (!Empty(cells, mesh)) return false;
+  CellMesh put(store, length, colour, mesh);
+  VisitCells(store.hull, [&](const HullCell& cell) { put.Put(cell); });
+  return true;
+}
+
+bool MakeFins(const CaseStore& store, double length, int step, SceneMesh& mesh) {
+  const ControlRecords& control = store.control;
+  if (!Empty(control.fins.size(), mesh)) return false;
+  CellMesh put(store, length, kFinInk, mesh);
+  const double angle = store.rudder_ang.components() > 0 ? static_cast<double>(store.rudder_ang.at(1, step)) : 0.0;
+  for (const AppendageInput& fin : control.fins)
+    put.Put({ShipAppendage(control, fin, IsRudder(control, fin, ShipCentre(store)) ? angle : 0.0)});
+  return true;
+}
+
+bool MakePlates(const CaseStore& store, double length, SceneMesh& mesh) {
+  const ControlRecords& control = store.control;
+  if (!Empty(control.bilge_keels.size(), mesh)) return false;
+  CellMesh put(store, length, kFinInk, mesh);
+  for (const AppendageInput& plate : control.bilge_keels) put.Put({ShipAppendage(control, plate, 0.0)});
+  return true;
+}
+
+}  // namespace zaview

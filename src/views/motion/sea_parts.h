@@ -1,0 +1,16 @@
+// The surface of the sea as meshes of the scene.
+#pragma once
+
+#include "case/case_store.h"
+#include "views/motion/motion_stage.h"
+#include "views/state/motion_view_state.h"
+
+namespace zaview {
+
+// 61 by 41 points about the CG, in steps of 1/30 of the grid size both ways; with a horizon coarser ones around, where
+// the waves die away and the water fades. Elevations: of the seaway at the time of the step; without one the sea is
+// flat. Colours from trough to crest by a scale that stays the same over the run; from below darker. False: memory is
+// out.
+[[nodiscard]] bool MakeSea(const CaseStore& store, const MotionStage& stage, float opacity, MotionSceneState& scene);
+
+}  // namespace zaview
