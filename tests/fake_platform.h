@@ -186,7 +186,9 @@ inline Platform FakePlatform::Get() {
     fake.files.erase(from);
     return true;
   };
-  p.files.remove = [](void* self, const std::string& name) { return Of(self).files.erase(name) != 0; };
+  p.files.remove = [](void* self, const std::string& name) {
+    return Of(self).links.erase(name) + Of(self).files.erase(name) != 0;
+  };
   p.files.list = [](void* self, const std::string& directory, std::vector<std::string>& names) {
     const FakePlatform& fake = Of(self);
     if (fake.directories.count(directory) == 0) return false;

@@ -10,6 +10,7 @@
 #include "base/message.h"
 #include "base/text.h"
 #include "control/module_table.h"
+#include "control/options_lookup.h"
 #include "control/read_control_records.h"
 #include "control/record_rows.h"
 #include "control/spectrum_check.h"
@@ -39,6 +40,8 @@ inline constexpr std::string_view kWaterDepth =
     "ERR190 - Water depth, WDEPTH, must be zero (for deep water) or positive";
 inline constexpr std::string_view kStokesDepth =
     "ERR191 - Stokes waves (ISEA=3) can only be used in deep water (WDEPTH=0.0)";
+inline constexpr std::string_view kStokesSurface =
+    "ERR192 - Stokes waves cannot currently be used with the 2nd order free surface (NLFS>0)";
 inline constexpr std::string_view kNotWithIrf =
     "ERR198 - {} (ISEA={}) cannot be used with IRF-based hydrodynamics (MIXED=-2,2)";
 inline constexpr std::string_view kBadFrequencies[] = {"ERR199 - Seaway specified with illegal freqency(s):",
@@ -79,6 +82,7 @@ int CheckStokesWave(const Console& console, const ControlRecords& records) {
     ++errors;
   }
   if (records.WDEPTH > 0) errors += Tell(console, kStokesDepth);
+  if (IntegerOption(records, {"NLFS"}) > 0) errors += Tell(console, kStokesSurface);
   return errors;
 }
 

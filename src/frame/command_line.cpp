@@ -102,10 +102,13 @@ void TakeScript(Walk& walk) {
 }
 
 // The file is for the user alone: programs side by side in one folder write it over each other's, and the folder may
-// take none.
+// take none. A link of this name goes, and not what it leads to, which may be the run that is read next.
 void WriteCommandFile(const Platform& platform, std::string_view text) {
+  const Files& files = platform.files;
+  const std::string name(kCommandFile);
   OutputFile out;
-  const bool opened = OpenOutput(platform, kCommandFile, OpenHow::replace, out);
+  const bool free = files.facts(files.self, name).target == name || files.remove(files.self, name);
+  const bool opened = free && OpenOutput(platform, name, OpenHow::replace, out);
   if (opened) WriteOutput(out, text);
   if (!opened || !CloseOutput(out)) Say(platform.console, kNoCommandFile, kCommandFile, Because(out.why));
 }

@@ -127,18 +127,20 @@ std::vector<std::span<const float>> TimesOf(const EnsembleData& data) {
 DataFault UpdateDependence(const StatWork& work, const QuantityRequest& request) {
   const auto& [platform, settings, cases, state] = work;
   const Console& console = platform.console;
+  const float cutoff = settings.statistics.autocorrelation_cutoff;
   const DataFault fault = LoadEnsemble(work, request, kTooManySkipped);
   if (fault != DataFault::none) return fault;
   DependenceResult& dependence = state.dependence;
-  if (dependence.known && dependence.cutoff == settings.statistics.autocorrelation_cutoff) return DataFault::none;
+  if (dependence.known && dependence.cutoff == cutoff) return DataFault::none;
   SayLine(console, "Computing autocorrelation...");
-  EnsembleAutoCov autocov;
-  CalcEnsembleAutoCov(SamplesOf(state.ensemble), settings.statistics.autocorrelation_cutoff, false, autocov);
-  dependence = {settings.statistics.autocorrelation_cutoff, true, autocov.reached, autocov.ndti,
-                state.ensemble.dt * autocov.lag};
-  SayLine(console, "Done");
-  if (!dependence.reached) Say(console, kNotReached, Shown{dependence.cutoff});
-  return DataFault::none;
+  return MakeOrSay(console, kNoMemory, [&] {
+    EnsembleAutoCov autocov;
+    CalcEnsembleAutoCov(SamplesOf(state.ensemble), cutoff, false, autocov);
+    dependence = {cutoff, true, autocov.reached, autocov.ndti, state.ensemble.dt * autocov.lag};
+    SayLine(console, "Done");
+    if (!dependence.reached) Say(console, kNotReached, Shown{dependence.cutoff});
+    return DataFault::none;
+  });
 }
 
 std::string DependenceLine(const DependenceResult& dependence) {

@@ -264,7 +264,9 @@ TEST(KinoFiles, Motions) {
 TEST(KinoFiles, ViewerCommands) {
   const struct {
     std::string geometry, option;
+    double ANGIN = 57.29578;
   } cases[] = {{"hull.geo", "-zavo hull.geo\n"},
+               {"hull.geo", "-zavo hull.geo\n", 1},
                {"SHAPE:hull.geo", "-zavo hull.geo\n"},
                {"nastran:hull.nas", "-nastran hull.nas\n"},
                {"HARLEND:a b.hrl", "-hrl a b.hrl\n"},
@@ -276,7 +278,8 @@ TEST(KinoFiles, ViewerCommands) {
     CaseStore c = SmallCase(1, 2);
     c.control.FGEOM = row.geometry;
     c.control.SYMINP = 1;
-    c.control.GROT = {0.0, 0.0, 57.29578};  // ANGIN: one radian
+    c.control.ANGIN = row.ANGIN;
+    c.control.GROT = {0.0, 0.0, row.ANGIN};  // one radian
     c.control.GRAVOUT = 32.174;
     c.seaway_tried = Tried::there;
     c.seaway.WDEPTH = 0.5;

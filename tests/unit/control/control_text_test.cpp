@@ -136,6 +136,9 @@ TEST(CheckControlRecords, FaultsAndTheirWords) {
                r.WDEPTH = 30; r.MIXED = -2; }), 3,
        "ERR198 - Stokes waves (ISEA=3)" + irf + "ERR107 - Stokes wave order WSPEC= 6 invalid : 0<=WSPEC<=5\n"
        "ERR191 - Stokes waves (ISEA=3) can only be used in deep water (WDEPTH=0.0)\n"},
+      {Bent([](R r) { r.seaway.ISEA = 3; r.seaway.waves = {{0.5, 0, 1, 0}};
+               r.modules.resize(1); r.modules[0].name = "OPTIONS"; r.modules[0].lines = {"nlfs = 1"}; }), 1,
+       "ERR192 - Stokes waves cannot currently be used with the 2nd order free surface (NLFS>0)\n"},
       {Bent([](R r) { r.seaway.ISEA = 5; r.seaway.modes.resize(1); r.WDEPTH = 30; r.MIXED = 2; }), 1,
        "ERR198 - 2nd order Stokes waves (ISEA=5)" + irf},
       {Bent([](R r) { r.seaway.NWSC = -1; }), 1, "ERR154 - Number of incident wave scale factor times NWSC = -1\n"},

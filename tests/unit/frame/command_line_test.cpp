@@ -96,6 +96,11 @@ TEST(CommandLine, CommandIsLeftBehindAsAScript) {
   FakePlatform fake, full;
   EXPECT_EQ(zaview_main(fake.Get(), Words("-command|NONSENSE \"a b\"")), 1);
   EXPECT_EQ(fake.Bytes(".zaview.tmp"), "NONSENSE \"a b\"\n");
+  fake.links[".zaview.tmp"] = "run.out";
+  fake.Put("run.out", "a run");
+  EXPECT_EQ(zaview_main(fake.Get(), Words("-command|STOP")), 0);
+  EXPECT_EQ(fake.Bytes("run.out"), "a run");
+  EXPECT_EQ(fake.Bytes(".zaview.tmp"), "STOP\n");
   full.no_new_files_in = {""};
   EXPECT_EQ(zaview_main(full.Get(), Words("-command|STOP")), 0);  // it runs all the same
   EXPECT_TRUE(Body(full).starts_with("ERROR opening temporary file .zaview.tmp\nReading"));
