@@ -204,6 +204,12 @@ void dgArea(PlotDraw draw, float width, float height) {
   GSVP(draw.gks, kPageTransform, {0, page.page_width / longer, 0, page.page_height / longer});
 }
 
+void dgAreaAt(PlotDraw draw, float x, float y, float width, float height) {
+  dgArea(draw, width, height);
+  draw.page.area_x = x;
+  draw.page.area_y = y;
+}
+
 void dgXName(PlotDraw draw, std::string_view text) {
   TakeName(text, draw.page.x_name, draw.page.x_named);
 }

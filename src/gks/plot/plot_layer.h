@@ -42,6 +42,7 @@ struct PlotDraw {  // what every call works on
 void dgNoFrame(PlotDraw draw);
 void dgPage(PlotDraw draw, float width, float height);
 void dgArea(PlotDraw draw, float width, float height);
+void dgAreaAt(PlotDraw draw, float x, float y, float width, float height);  // its lower left corner at x, y of the page
 void dgXName(PlotDraw draw, std::string_view text);
 void dgYName(PlotDraw draw, std::string_view text);
 void dgYName90(PlotDraw draw, int flag);

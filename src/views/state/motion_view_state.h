@@ -26,8 +26,9 @@ struct MotionGraph {
   bool blank = true, scroll = false, time_bar = true, mark = false, value = false;
   float scroll_time = 60;  // output time units, above 0
 
-  PlotDataKey made_of;  // of the data; `none`: there are none
-  PlotData data;        // its curve over all steps in use
+  PlotDataKey made_of;          // of the data; `none`: there are none
+  PlotData data;                // its curve over all steps in use
+  float y_low = 0, y_high = 1;  // of its axis: the same at every step
 };
 
 // Where the camera stands. All but the bridge look at `view_centre` from the CG on the still water.
