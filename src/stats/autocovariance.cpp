@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <cstring>
-#include <exception>
 #include <numeric>
-#include <thread>
+
+#include "base/side_by_side.h"
 
 // Vector code is chosen when the program starts; sanitizers and other compilers take the plain form.
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && !defined(ZAVIEW_NO_TARGET_CLONES)
@@ -55,22 +54,8 @@ void LagBlock(std::span<const float> c, std::size_t k, std::span<float> sums) {
   }
 }
 
-// work(0) .. work(count - 1), in any order, on both cores where `products` make it worth while.
-template <typename Work>
-void SideBySide(std::size_t count, std::size_t products, const Work& work) {
-  std::atomic<std::size_t> next{0};
-  const auto take = [&] {
-    for (std::size_t i = next++; i < count; i = next++) work(i);
-  };
-  std::thread other;
-  if (count > 1 && products > kParallelProducts && std::thread::hardware_concurrency() > 1) {
-    try {
-      other = std::thread(take);
-    } catch (const std::exception&) {  // no thread, or no memory for one: this one does it all
-    }
-  }
-  take();
-  if (other.joinable()) other.join();
+int ThreadsFor(std::size_t products) {
+  return products > kParallelProducts ? 0 : 1;
 }
 
 }  // namespace
@@ -83,7 +68,7 @@ std::vector<float> Centred(std::span<const float> x, float xm) {
 
 void LagSums(std::span<const float> c, int first, std::span<float> sums) {
   const std::size_t blocks = (sums.size() + kLanes - 1) / kLanes;
-  SideBySide(blocks, c.size() * sums.size(), [&](std::size_t b) {
+  SideBySide(blocks, ThreadsFor(c.size() * sums.size()), [&](std::size_t b) {
     const std::size_t from = b * kLanes;
     LagBlock(c, static_cast<std::size_t>(first) + from,
              sums.subspan(from, std::min<std::size_t>(kLanes, sums.size() - from)));
@@ -95,7 +80,7 @@ void EnsembleLagSums(std::span<const std::span<const float>> c, int first, std::
   std::size_t samples = 0;
   for (const std::span<const float> record : c) samples += record.size();
   const std::size_t blocks = (n_lags + kLanes - 1) / kLanes;
-  SideBySide(c.size() * blocks, samples * n_lags, [&](std::size_t task) {
+  SideBySide(c.size() * blocks, ThreadsFor(samples * n_lags), [&](std::size_t task) {
     const std::size_t i = task / blocks;
     const std::size_t from = (task % blocks) * kLanes;
     const std::size_t k = static_cast<std::size_t>(first) + from;

@@ -1,12 +1,10 @@
 #include "waves/wave_elevation.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <cstddef>
-#include <exception>
-#include <thread>
 
+#include "base/side_by_side.h"
 #include "waves/wave_sums.h"
 
 namespace zaview {
@@ -137,21 +135,11 @@ WaveFault ElevationHistory(const IncidentWave& wave, std::span<const float> time
   if (kind == WaveKind::calm || wave.size() == 0 || steps == 0) return WaveFault::none;
 
   const History history{time, x, y, scale, eta};
-  std::atomic<std::size_t> next{0};
-  const auto work = [&] {
-    for (std::size_t from = next.fetch_add(kStretchOfSteps); from < steps; from = next.fetch_add(kStretchOfSteps))
-      Elevate(wave, kind, history, from, std::min(from + kStretchOfSteps, steps));
-  };
-  const bool two = threads > 1 || (threads <= 0 && std::thread::hardware_concurrency() > 1);
-  std::thread other;
-  if (two && steps > kStretchOfSteps && wave.size() > kParallelTerms / steps) {
-    try {
-      other = std::thread(work);
-    } catch (const std::exception&) {  // no thread, or no memory for one: this one does it all
-    }
-  }
-  work();
-  if (other.joinable()) other.join();
+  const std::size_t stretches = (steps + kStretchOfSteps - 1) / kStretchOfSteps;
+  SideBySide(stretches, wave.size() > kParallelTerms / steps ? threads : 1, [&](std::size_t i) {
+    const std::size_t from = i * kStretchOfSteps;
+    Elevate(wave, kind, history, from, std::min(from + kStretchOfSteps, steps));
+  });
   return WaveFault::none;
 }
 
