@@ -34,20 +34,19 @@ struct Harmonic {  // cos wt and sin wt of each time
   std::vector<double> cosine, sine;
 };
 
-// The first harmonic of a wave record and its phase. Kept from table to table: cosines and sines are most of the work.
+// The first harmonic of a wave record and its phase; cosines and sines are most of the work.
 struct WavePhase {
-  std::vector<float> t, wave;  // what it was made of
   double dt = 0;
   Harmonic first;   // w = 2 pi/((n-1) dt)
   float phase = 0;  // radians
   bool found = false;
 };
 
-// Made again only for other times or another wave. False: no harmonic can be formed of it.
+// False: no harmonic can be formed of it.
 [[nodiscard]] bool FindWavePhase(std::span<const float> t, std::span<const float> wave, WavePhase& out);
 
 // How far the first harmonic of x lags that of the wave over the same times, degrees, 0 to 360 (a lag of 0 is 360).
-// Both less their means. A record without a harmonic has the phase 0.
-[[nodiscard]] float PhaseLag(const WavePhase& wave, std::span<const float> x);
+// Both less their means; that of x is xm. A record without a harmonic has the phase 0.
+[[nodiscard]] float PhaseLag(const WavePhase& wave, std::span<const float> x, float xm);
 
 }  // namespace zaview

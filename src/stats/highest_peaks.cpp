@@ -1,8 +1,10 @@
 #include "stats/highest_peaks.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 namespace zaview {
@@ -15,38 +17,36 @@ struct SegmentLists {
   std::vector<float> tops, bottoms, amplitudes;
 };
 
-// One extreme of |x - xm| between successive sign changes, the first of equals. The sign of 0 is plus.
+// One extreme of |x - xm| between successive sign changes, the first of equals. The sign of 0 is plus. What lies ahead
+// of the first change, and behind the last, belongs to none.
 void SegmentExtremes(std::span<const float> x, float xm, SegmentLists& lists) {
-  bool in_segment = false;  // what lies ahead of the first change, and behind the last, belongs to none
-  float extreme = 0.0F;
-  float a = 0.0F;
-  for (std::size_t i = 1; i < x.size(); ++i) {
-    const bool crossing = (x[i] - xm >= 0.0F) != (x[i - 1] - xm >= 0.0F);
-    const float here = std::abs(x[i] - xm);
-    if (!crossing) {
+  const std::size_t n = x.size();
+  const auto above = [=](std::size_t i) { return x[i] - xm >= 0.0F; };
+  std::size_t i = 1;
+  while (i < n && above(i) == above(0)) ++i;
+  while (i < n) {
+    const bool side = above(i);
+    float extreme = x[i];
+    float a = std::abs(x[i] - xm);
+    for (++i; i < n && above(i) == side; ++i) {
+      const float here = std::abs(x[i] - xm);
       if (here > a) {
         a = here;
         extreme = x[i];
       }
-      continue;
     }
-    if (in_segment) {
-      (extreme > xm ? lists.tops : lists.bottoms).push_back(extreme);
-      lists.amplitudes.push_back(a);
-    }
-    in_segment = true;
-    a = here;
-    extreme = x[i];
+    if (i == n) break;
+    (extreme > xm ? lists.tops : lists.bottoms).push_back(extreme);
+    lists.amplitudes.push_back(a);
   }
 }
 
-// Largest first (NaN last); sign -1: smallest first.
-void SortFirst(std::vector<float>& values, std::size_t count, float sign) {
-  const auto ahead = [sign](float a, float b) {
-    return sign > 0.0F ? a > b || (b != b && a == a) : a < b || (b != b && a == a);
-  };
-  const auto end = values.begin() + static_cast<std::ptrdiff_t>(count);
-  if (count < values.size()) std::nth_element(values.begin(), end, values.end(), ahead);
+// Puts the first `count` in their order in front, NaN last.
+template <typename Ahead>
+void SortFirst(std::vector<float>& values, std::size_t count, Ahead ahead) {
+  const auto numbers = std::partition(values.begin(), values.end(), [](float v) { return v == v; });
+  const auto end = std::min(values.begin() + static_cast<std::ptrdiff_t>(count), numbers);
+  std::nth_element(values.begin(), end, numbers, ahead);
   std::sort(values.begin(), end, ahead);
 }
 
@@ -55,11 +55,12 @@ std::size_t HighestCount(std::size_t peaks, int N) {
 }
 
 // Averages of the first HighestCount(N) values for each N, from one running sum over the sorted list.
-void Averages(std::vector<float>& values, float sign, std::span<const int> N, float none,
+template <typename Ahead>
+void Averages(std::vector<float>& values, Ahead ahead, std::span<const int> N, float none,
               std::vector<float>& averages) {
   std::size_t most = 0;
   for (const int n : N) most = std::max(most, HighestCount(values.size(), n));
-  SortFirst(values, most, sign);
+  SortFirst(values, most, ahead);
   std::vector<float> prefix(most + 1, 0.0F);
   for (std::size_t i = 0; i < most; ++i) prefix[i + 1] = prefix[i] + values[i];
   averages.clear();
@@ -69,15 +70,25 @@ void Averages(std::vector<float>& values, float sign, std::span<const int> N, fl
   }
 }
 
-// The trapezoid average of x from sample `from` to sample `to`; xm for an empty interval.
-float TimeAverage(std::span<const float> t, std::span<const float> x, float xm, std::size_t from, std::size_t to) {
-  float sum = 0.0F;
-  float length = 0.0F;
-  for (std::size_t i = from + 1; i <= to; ++i) {
-    sum += (x[i] + x[i - 1]) / 2.0F * (t[i] - t[i - 1]);
-    length += t[i] - t[i - 1];
+struct Stretch {  // of samples, both ends included
+  std::size_t from = 0, to = 0;
+};
+
+// The trapezoid averages of x over two stretches, which share most of a record: their sums run side by side. xm for an
+// empty stretch.
+std::array<float, 2> TimeAverages(std::span<const float> t, std::span<const float> x, float xm, const Stretch (&s)[2]) {
+  std::array<float, 2> sum{}, length{};
+  for (std::size_t i = std::min(s[0].from, s[1].from) + 1; i <= std::max(s[0].to, s[1].to); ++i) {
+    const float dt = t[i] - t[i - 1];
+    const float area = (x[i] + x[i - 1]) / 2.0F * dt;
+    for (std::size_t k = 0; k < 2; ++k) {
+      const bool inside = s[k].from < i && i <= s[k].to;
+      sum[k] += inside ? area : 0.0F;  // 0 changes no sum that began at 0
+      length[k] += inside ? dt : 0.0F;
+    }
   }
-  return length > 0.0F ? sum / length : xm;
+  for (std::size_t k = 0; k < 2; ++k) sum[k] = length[k] > 0.0F ? sum[k] / length[k] : xm;
+  return sum;
 }
 
 }  // namespace
@@ -92,35 +103,28 @@ void CalcAvgHighestPeaks(std::span<const int> N, std::span<const float> x, float
   std::vector<float> tops;
   std::vector<float> bottoms;
   std::vector<float> amplitudes;
-  Averages(lists.tops, 1.0F, N, xm, tops);
-  Averages(lists.bottoms, -1.0F, N, xm, bottoms);
-  Averages(lists.amplitudes, 1.0F, N, 0.0F, amplitudes);
+  Averages(lists.tops, std::greater<>(), N, xm, tops);
+  Averages(lists.bottoms, std::less<>(), N, xm, bottoms);
+  Averages(lists.amplitudes, std::greater<>(), N, 0.0F, amplitudes);
   for (std::size_t j = 0; j < N.size(); ++j) out[j] = {tops[j], bottoms[j], amplitudes[j], iflag};
 }
 
 void CalcAvgBetween(std::span<const float> t, std::span<const float> x, float xm, BetweenAverages& out) {
-  out = {xm, xm};
   const std::size_t n = x.size();
-  bool any_upcrossing = false;
-  bool any_top = false;
-  bool running = false;  // a positive half cycle, which counts only with its downcrossing
-  std::size_t first_up = 0, last_up = 0, first_top = 0, last_top = 0, top = 0;
+  Stretch up, tops;
   for (std::size_t i = 1; i < n; ++i) {
-    if (x[i - 1] <= xm && xm < x[i]) {
-      if (!any_upcrossing) first_up = i;
-      any_upcrossing = running = true;
-      last_up = top = i;
-    } else if (x[i - 1] > xm && xm >= x[i]) {
-      if (running && !any_top) first_top = top;
-      any_top = any_top || running;
-      if (running) last_top = top;
-      running = false;
-    } else if (running && x[i] > x[top]) {
-      top = i;
-    }
+    if (!(x[i - 1] <= xm && xm < x[i])) continue;
+    if (up.to == 0) up.from = i;
+    up.to = i;
+    std::size_t top = i;
+    for (++i; i < n && x[i] > xm; ++i)
+      if (x[i] > x[top]) top = i;
+    if (i == n) break;  // a top counts only with the downcrossing behind it
+    if (tops.to == 0) tops.from = top;
+    tops.to = top;
   }
-  if (any_upcrossing) out.avgc = TimeAverage(t, x, xm, first_up, last_up);
-  if (any_top) out.avgp = TimeAverage(t, x, xm, first_top, last_top);
+  const auto [avgc, avgp] = TimeAverages(t, x, xm, {up, tops});
+  out = {avgc, avgp};
 }
 
 }  // namespace zaview

@@ -25,6 +25,25 @@ std::vector<float> CentredSquares(std::span<const float> c, float xv) {
   return y;
 }
 
+// Mean and extremes in one pass; what is not a number is no extreme.
+void FindExtent(std::span<const float> x, RecordStats& out) {
+  float sum = 0.0F, xmin = kNoMinimum, xmax = kNoMaximum;
+  for (const float v : x) {
+    sum += v;
+    xmin = v < xmin ? v : xmin;
+    xmax = v > xmax ? v : xmax;
+  }
+  out.xm = sum / static_cast<float>(x.size());
+  out.xmin = xmin;
+  out.xmax = xmax;
+}
+
+float SquaresAbout(float xm, std::span<const float> x) {
+  float squares = 0.0F;
+  for (const float v : x) squares += (v - xm) * (v - xm);
+  return squares;
+}
+
 float VarianceOfMean(std::span<const float> c, int m, RecordStatsTrace* trace) {
   const int np = static_cast<int>(c.size());
   const int last = trace != nullptr ? std::max(m, np / 2) : m - 1;
@@ -94,22 +113,14 @@ StatFault CalcRecordStats(int iopt, std::span<const float> x, float prob, Record
   float probCoef = 0.0F;
   if (iopt != 3) (void)getGaussPDFka(prob, probCoef);
 
-  out.xm = MeanOf(x);
-  out.xmin = kNoMinimum;
-  out.xmax = kNoMaximum;
-  for (const float v : x) {
-    out.xmin = v < out.xmin ? v : out.xmin;
-    out.xmax = v > out.xmax ? v : out.xmax;
-  }
-  const std::vector<float> c = Centred(x, out.xm);
+  FindExtent(x, out);
   if (iopt != 2) {
-    float squares = 0.0F;
-    for (const float d : c) squares += d * d;
-    out.xv = squares / static_cast<float>(np - 1);
+    out.xv = SquaresAbout(out.xm, x) / static_cast<float>(np - 1);
     if (out.xv > 0.0F) out.xs = std::sqrt(out.xv);
   }
   if (iopt == 3) return faults;
 
+  const std::vector<float> c = Centred(x, out.xm);
   const int m = static_cast<int>(std::sqrt(static_cast<float>(np)));
   out.xmci = std::sqrt(VarianceOfMean(c, m, trace)) * probCoef;
   float VarS = 0.0F;

@@ -12,7 +12,7 @@
 
 namespace zaview {
 
-struct EnsembleKey {  // for what the loaded records and the dependence length are valid
+struct EnsembleKey {  // for what records of one curve, and what was made of them, are valid
   struct Record {
     std::uint64_t serial = 0;
     int first_step = 1, last_step = 0;
@@ -44,12 +44,24 @@ struct DependenceResult {  // of the loaded ensemble; loading another one makes 
   float dti = 0;
 };
 
+struct WaveData {  // the wave at the CG of one record
+  EnsembleKey key;
+  bool known = false;
+  WavePhase phase;
+};
+
+struct SampleMemory {  // of the last table's record, for that of the next: its pages are there already
+  std::vector<float> x;
+  std::vector<std::vector<float>> y;
+};
+
 struct StatisticsState {
   int nmany = 0;  // which scheme (ensemble_stats.h)
   HistogramRequest histogram;
   EnsembleData ensemble;
   DependenceResult dependence;
-  WavePhase wave_phase;  // of the last table that showed phases
+  WaveData wave;  // of the last table that showed phases
+  SampleMemory memory;
 };
 
 }  // namespace zaview

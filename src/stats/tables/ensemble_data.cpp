@@ -26,13 +26,10 @@ std::string_view PurposeOf(int iqnt) {
   return IsPointQuantity(iqnt) ? "Calculating ensemble motion for ship fixed point..." : "";
 }
 
-EnsembleKey KeyOf(const OutputSettings& settings, const QuantityRequest& request, const EnsembleCases& cases) {
-  EnsembleKey key{request.iqnt, request.curve, request.point, request.missile, 0, settings, {}};
-  key.skip_initial = std::max(0, cases.current.skip_effective);
-  for (int irec = 1; irec <= cases.count(); ++irec) {
-    const CaseStore& record = cases.record(irec);
-    key.records.push_back({record.serial, record.first_step, record.last_step});
-  }
+EnsembleKey KeyOfAll(const OutputSettings& settings, const QuantityRequest& request, const EnsembleCases& cases) {
+  EnsembleKey key = KeyOf(settings, request, cases.current);
+  key.records.clear();
+  for (int irec = 1; irec <= cases.count(); ++irec) key.records.push_back(RecordOf(cases.record(irec)));
   return key;
 }
 
@@ -72,7 +69,7 @@ DataFault LoadRecords(const Console& console, const OutputSettings& settings, co
 // Unless the records in store are those asked for.
 DataFault LoadAnew(const StatWork& work, const QuantityRequest& one) {
   const auto& [platform, settings, cases, state] = work;
-  EnsembleKey key = KeyOf(settings, one, cases);
+  EnsembleKey key = KeyOfAll(settings, one, cases);
   if (state.ensemble.loaded && state.ensemble.key == key) return DataFault::none;
   state.dependence = {};
   state.ensemble = {};
@@ -97,6 +94,15 @@ int EnsembleCases::count() const {
 CaseStore& EnsembleCases::record(int irec) const {
   const bool held = irec != ensemble.irec && irec >= 1 && static_cast<std::size_t>(irec) <= ensemble.record.size();
   return held ? ensemble.record[static_cast<std::size_t>(irec - 1)] : current;
+}
+
+EnsembleKey KeyOf(const OutputSettings& settings, const QuantityRequest& request, const CaseStore& current) {
+  const int skip = std::max(0, current.skip_effective);
+  return {request.iqnt, request.curve, request.point, request.missile, skip, settings, {RecordOf(current)}};
+}
+
+EnsembleKey::Record RecordOf(const CaseStore& record) {
+  return {record.serial, record.first_step, record.last_step};
 }
 
 DataFault LoadEnsemble(const StatWork& work, const QuantityRequest& request, std::string_view too_many_skipped) {

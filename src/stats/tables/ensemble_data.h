@@ -31,6 +31,11 @@ struct StatWork {  // what all tables of statistics are made from
   [[nodiscard]] CaseStore& current() const { return cases.current; }
 };
 
+// The key of one curve of the current case.
+[[nodiscard]] EnsembleKey KeyOf(const OutputSettings& settings, const QuantityRequest& request,
+                                const CaseStore& current);
+[[nodiscard]] EnsembleKey::Record RecordOf(const CaseStore& record);
+
 // What a table of statistics says when memory is out.
 inline constexpr std::string_view kNoWorkingArrays = "ERR493 - Error allocating working arrays for statistics";
 

@@ -28,7 +28,8 @@ inline constexpr std::string_view kNoNormaliser = "ERROR - NDTF/RAO is not defin
 constexpr int kTableRows[] = {
     1,  2,  3,  4,  5,  6,  7, 8, 9, 10, 11, 12, 13, 14, kStatNdtf, kStatPhase, kStatPhaseLead, kStatTransfer,
     18, 19, 24, 20, 21, 22, 23};
-constexpr int kWaveAtCg = 25;  // the quantity that phases refer to
+constexpr int kWaveAtCg = 25;                     // the quantity that phases refer to
+constexpr std::size_t kParallelSamples = 20'000;  // below this a second thread costs more than it saves
 
 bool IsPhase(int number) {
   return number == kStatPhase || number == kStatPhaseLead;
@@ -95,18 +96,23 @@ bool Available(const Console& console, const StatColumns& columns, const StatRec
   return true;
 }
 
-// The phases of all curves. False (told): the wave at the CG can't be had.
-bool FindPhases(const StatWork& work, const StatRecord& record, StatColumns& columns) {
+// The phase of the wave at the CG, made again only for another record. Null (told): the wave can't be had.
+const WavePhase* UpdateWavePhase(const StatWork& work) {
   QuantityRequest at_cg;
   at_cg.iqnt = kWaveAtCg;
   at_cg.curve = 1;
-  StatRecord wave;
-  if (TakeRecord(work, at_cg, kTooManySkipped, kNoWorkingArrays, wave) != DataFault::none) return false;
-  WavePhase& wave_phase = work.state.wave_phase;
-  if (!FindWavePhase(record.t(), wave.curve(0), wave_phase)) SayLine(work.console(), kNoWavePhase);
-  for (std::size_t i = 0; i < columns.curves.size(); ++i)
-    columns.phases.push_back(PhaseLag(wave_phase, record.curve(i)));
-  return true;
+  WaveData& wave = work.state.wave;
+  EnsembleKey key = KeyOf(work.settings, at_cg, work.current());
+  if (!wave.known || wave.key != key) {
+    wave.known = false;
+    StatRecord record;
+    if (TakeRecord(work, at_cg, kTooManySkipped, kNoWorkingArrays, record) != DataFault::none) return nullptr;
+    (void)FindWavePhase(record.t(), record.curve(0), wave.phase);
+    wave.key = std::move(key);
+    wave.known = true;
+  }
+  if (!wave.phase.found) SayLine(work.console(), kNoWavePhase);
+  return &wave.phase;
 }
 
 void AppendTable(const StatColumns& columns, const StatRequest& request, const OutputSettings& settings,
@@ -153,7 +159,10 @@ DataFault WriteStatistics(const StatWork& work, const StatRequest& request, Outp
   const Console& console = work.console();
   const OutputSettings& settings = work.settings;
   CaseStore& case_store = work.current();
+  SampleMemory& memory = work.state.memory;
   StatRecord record;
+  record.data.x.swap(memory.x);
+  record.data.y.swap(memory.y);
   const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoWorkingArrays, record);
   if (fault != DataFault::none) return fault;
   StatColumns columns;
@@ -168,15 +177,17 @@ DataFault WriteStatistics(const StatWork& work, const StatRequest& request, Outp
   }
   if (!Available(console, columns, record, number)) return DataFault::said;
 
-  columns.curves.resize(record.data.y.size());
-  for (std::size_t i = 0; i < columns.curves.size(); ++i)
-    FindRecordValues(request.statistic, record.t(), record.curve(i), columns.curves[i]);
-  const bool phases = columns.regular && (number == kStatTable || IsPhase(number));
-  if (phases && !FindPhases(work, record, columns) && IsPhase(number)) return DataFault::said;
+  const WavePhase* wave = nullptr;
+  if (columns.regular && (number == kStatTable || IsPhase(number))) wave = UpdateWavePhase(work);
+  if (wave == nullptr && IsPhase(number)) return DataFault::said;
+  const std::size_t samples = record.data.y.size() * static_cast<std::size_t>(record.range.n);
+  FindRecordValues(request.statistic, record, wave, samples > kParallelSamples ? 0 : 1, columns.curves, columns.phases);
   std::string text;
   if (number == kStatTable) AppendTable(columns, request, settings, record, case_store, out, text);
   else AppendLine(columns, request, settings, text);
   WriteOutput(out, text);
+  record.data.x.swap(memory.x);
+  record.data.y.swap(memory.y);
   return DataFault::none;
 }
 

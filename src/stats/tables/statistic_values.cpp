@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/message.h"
+#include "base/side_by_side.h"
 #include "base/text.h"
 #include "control/input_scales.h"
 #include "stats/record_stats.h"
@@ -28,7 +29,37 @@ constexpr bool IsSideOf(int first, int number) {
 
 bool NeedsPeaks(int number) {
   return number == kStatTable || IsSideOf(kStatThird, number) || IsSideOf(kStatNth, number) ||
-         IsSideOf(kStatHundredth, number) || Between(kStatNdtf, number, kStatPhaseLead) || number == kStatTransfer;
+         IsSideOf(kStatHundredth, number) || number == kStatNdtf || number == kStatTransfer;
+}
+
+void FindMoments(std::span<const float> x, RecordValues& values) {
+  RecordStats stats;
+  (void)CalcRecordStats(kNoIntervals, x, kAnyProbability, stats);
+  values.xm = stats.xm;
+  values.xv = stats.xv;
+  values.xmin = stats.xmin;
+  values.xmax = stats.xmax;
+}
+
+void FindPeaks(int N, std::span<const float> x, RecordValues& values) {
+  const int all[] = {kThird, std::max(1, N), kHundredth};
+  HighestPeaks peaks[std::size(all)];
+  CalcAvgHighestPeaks(all, x, values.xm, peaks);
+  values.third = peaks[0];
+  values.nth = peaks[1];
+  values.hundredth = peaks[2];
+}
+
+// What of a curve needs its mean and nothing else.
+enum class Part : std::uint8_t { peaks, between, phase };
+
+std::vector<Part> PartsOf(int number, bool phases) {
+  std::vector<Part> parts;
+  if (NeedsPeaks(number)) parts.push_back(Part::peaks);
+  if (number == kStatTable || Between(kStatBetweenUpcrossings, number, kStatBetweenPeaks))
+    parts.push_back(Part::between);
+  if (phases) parts.push_back(Part::phase);
+  return parts;
 }
 
 // The first row that holds quantity and component. No quantities: 30 and above that no other row names.
@@ -99,26 +130,21 @@ DataFault TakeRecord(const StatWork& work, const QuantityRequest& request, std::
   return DataFault::said;
 }
 
-void FindRecordValues(const StatisticName& statistic, std::span<const float> t, std::span<const float> x,
-                      RecordValues& values) {
-  values = RecordValues{};
-  RecordStats stats;
-  (void)CalcRecordStats(kNoIntervals, x, kAnyProbability, stats);
-  values.xm = stats.xm;
-  values.xv = stats.xv;
-  values.xmin = stats.xmin;
-  values.xmax = stats.xmax;
-  const int number = statistic.number;
-  if (NeedsPeaks(number)) {
-    const int N[] = {kThird, std::max(1, statistic.N), kHundredth};
-    HighestPeaks peaks[std::size(N)];
-    CalcAvgHighestPeaks(N, x, values.xm, peaks);
-    values.third = peaks[0];
-    values.nth = peaks[1];
-    values.hundredth = peaks[2];
-  }
-  if (number == kStatTable || Between(kStatBetweenUpcrossings, number, kStatBetweenPeaks))
-    CalcAvgBetween(t, x, values.xm, values.between);
+void FindRecordValues(const StatisticName& statistic, const StatRecord& record, const WavePhase* wave, int threads,
+                      std::vector<RecordValues>& values, std::vector<float>& phases) {
+  const std::size_t curves = record.data.y.size();
+  values.assign(curves, {});
+  phases.assign(wave != nullptr ? curves : 0, 0.0F);
+  SideBySide(curves, threads, [&](std::size_t i) { FindMoments(record.curve(i), values[i]); });
+  const std::vector<Part> parts = PartsOf(statistic.number, wave != nullptr);
+  SideBySide(curves * parts.size(), threads, [&](std::size_t task) {
+    const std::size_t i = task / parts.size();
+    const std::span<const float> x = record.curve(i);
+    const Part part = parts[task % parts.size()];
+    if (part == Part::peaks) FindPeaks(statistic.N, x, values[i]);
+    else if (part == Part::between) CalcAvgBetween(record.t(), x, values[i].xm, values[i].between);
+    else phases[i] = PhaseLag(*wave, x, values[i].xm);
+  });
 }
 
 bool FindNormalisers(const ControlRecords& records, const OutputSettings& settings, const Hull* hull,

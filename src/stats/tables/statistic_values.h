@@ -5,9 +5,11 @@
 #include <array>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "case/plot_data.h"
 #include "geometry/hull.h"
+#include "stats/fourier.h"
 #include "stats/tables/stat_table.h"
 
 namespace zaview {
@@ -29,9 +31,11 @@ struct StatRecord {
 [[nodiscard]] DataFault TakeRecord(const StatWork& work, const QuantityRequest& request,
                                    std::string_view too_many_skipped, std::string_view no_memory, StatRecord& record);
 
-// Statistic 0 fills everything; any other number only what that statistic needs. N: of statistics 8 to 11.
-void FindRecordValues(const StatisticName& statistic, std::span<const float> t, std::span<const float> x,
-                      RecordValues& values);
+// Values of all curves, and where wave isn't null their phases, degrees behind it. Statistic 0 fills everything; any
+// other number only what that statistic needs. N: of statistics 8 to 11. Sums of their own run side by side: the same
+// bits for any threads (as in SideBySide).
+void FindRecordValues(const StatisticName& statistic, const StatRecord& record, const WavePhase* wave, int threads,
+                      std::vector<RecordValues>& values, std::vector<float>& phases);
 
 // Kinds of divisor: wave amplitude a or slope ka with powers of the encounter frequency, force, moment.
 enum class Normal : std::uint8_t { a, a_we, a_we2, ka, ka_we, ka_we2, force, moment };

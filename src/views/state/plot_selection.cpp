@@ -6,15 +6,12 @@
 #include "case/quantity_catalogue.h"
 #include "case/settings/point_settings.h"
 #include "case/wave_at_cg.h"
+#include "stats/tables/ensemble_data.h"
 #include "views/state/plot_kinds.h"
 
 namespace zaview {
 
 namespace {
-
-EnsembleKey::Record RecordOf(const CaseStore& store) {
-  return {store.serial, store.first_step, store.last_step};
-}
 
 bool AnyShown(const DataPlotState& plot) {
   for (int i = 1; i <= plot.plot_component_count; ++i)

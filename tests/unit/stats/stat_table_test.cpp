@@ -1,6 +1,7 @@
 #include "stats/tables/stat_table.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <sstream>
 #include <tuple>
@@ -148,6 +149,49 @@ TEST(StatTable, NotDefinedIsZeroBesideOthers) {
   EXPECT_EQ(all.substr(row + 56, 42), "      0.000000      0.000000      0.000000");
   EXPECT_EQ(Write({.iqnt = 39, .curve = 4, .settings = WaveSettings(), .c = OneWave()}).text.find("NDTF"),
             std::string::npos);
+}
+
+// All parts of three curves, noise about a wave, by one thread and by two.
+TEST(RecordValues, SameBitsForAnyThreads) {
+  constexpr int n = 3000;
+  StatRecord record;
+  record.range = {7, n - 11};
+  record.data.y.resize(3);
+  for (int i = 0; i < n; ++i) {
+    record.data.x.push_back(0.1F * static_cast<float>(i));
+    for (std::size_t j = 0; j < 3; ++j)
+      record.data.y[j].push_back(std::sin(0.02F * static_cast<float>(i)) + 0.1F * static_cast<float>((i * 7919) % 31));
+  }
+  WavePhase wave;
+  ASSERT_TRUE(FindWavePhase(record.t(), record.curve(1), wave));
+  const auto all = [&](int threads) {
+    std::vector<RecordValues> values;
+    std::vector<float> cells;
+    FindRecordValues(FindStatistic("TABLE"), record, &wave, threads, values, cells);
+    for (const RecordValues& v : values)
+      for (int number = 1; number <= kStatSsa; ++number) cells.push_back(StatisticValue(number, v));
+    return cells;
+  };
+  const std::vector<float> alone = all(1);
+  for (int again = 0; again < 20; ++again) ASSERT_EQ(all(2), alone);
+}
+
+// The phase of the wave is kept from table to table, for as long as the record is the same.
+TEST(StatTable, PhasesAfterOtherStepsAreNew) {
+  CaseStore c = OneWave();
+  StatRequest request;
+  request.statistic = FindStatistic("PHASE");
+  request.quantity.curve = 1;
+  const auto write = [&](const StatWork& work, OutputFile& out) { return WRSTAT(work, request, out); };
+  const auto twice = [&](const StatWork& work, OutputFile& out) {
+    const DataFault fault = write(work, out);
+    work.current().skip_effective = 9;
+    return fault == DataFault::none ? write(work, out) : fault;
+  };
+  const std::string both = WriteWorked(twice, c, WaveSettings()).text,
+                    first = WriteWorked(write, c, WaveSettings()).text;
+  c.skip_effective = 9;
+  EXPECT_EQ(both, first + WriteWorked(write, c, WaveSettings()).text);
 }
 
 TEST(StatTable, Refusals) {
