@@ -12,7 +12,6 @@
 #include "base/axis_rounding.h"
 #include "base/grow.h"
 #include "base/message.h"
-#include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "case/quantity_label.h"
 #include "case/tables/history_table.h"
@@ -128,13 +127,17 @@ void DrawRightAxis(const DataPlotState& plot, PlotDraw draw, const RoundAxis& ax
   dgClip(draw, 0);
   line(x, page.area_y, x, page.area_y + page.area_height);
   const int ticks = static_cast<int>(std::lround((axis.high - axis.low) / axis.step));
-  for (int i = 0; i <= ticks; ++i) {
-    const float value = axis.low + static_cast<float>(i) * axis.step, y = to_page(value);
+  std::vector<float> values;
+  for (int i = 0; i <= ticks; ++i) values.push_back(axis.low + static_cast<float>(i) * axis.step);
+  const AxisFormat format = dgAxisFormat(values, axis.step);
+  for (const float value : values) {
+    const float y = to_page(value);
     line(x, y, x + kTick, y);
-    const std::string text = dgFormatNumber(value, std::abs(axis.step) / 100.0F);
-    PageText(draw, Trim(text), x + kGap, y - kTextDrop * h, h, TextSide::left);
+    PageText(draw, dgAxisLabel(value, format), x + kGap, y - kTextDrop * h, h, TextSide::left);
   }
-  PageText(draw, kWave, x + kGap, page.area_y + page.area_height + h, h, TextSide::left);
+  // Below the highest label: above it there may be a heading.
+  const float name = page.area_y + page.area_height - kTextDrop * h - LinePitch(draw, h);
+  PageText(draw, kWave, x + kGap, name, h, TextSide::left);
   dgClip(draw, 1);
   dgSelectGraf(draw, 1);
 }
