@@ -6,6 +6,7 @@
 #include "base/message.h"
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "case/case_hull.h"
 #include "case/read/read_output_file.h"
 #include "case/settings/output_form.h"
 #include "frame/ground/output_file.h"
@@ -376,14 +377,16 @@ void StartInitialPlot(Session& session) {
   RunState& run = session.run;
   const Console& console = session.platform.console;
   if (run.plot_module != PlotModule::none) return SayLine(console, kPlotFromScript);
-  if (!session.case_store.has_steps()) return SayLine(console, kPlotWithoutData);
+  const bool of_hull = run.initial_plot == InitialPlot::geometry && EnsureHull(session.platform, session.case_store);
+  if (!of_hull && !session.case_store.has_steps()) return SayLine(console, kPlotWithoutData);
   if (session.platform.choose_window == nullptr) return SayLine(console, kPlotWithoutGraphics);
   const PlotKind kind = run.initial_plot == InitialPlot::trajectory ? PlotKind::trajectory : PlotKind::history;
   if (run.initial_plot == InitialPlot::history || run.initial_plot == InitialPlot::trajectory) {
     run.view_is_new = StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0);
     return;
   }
-  SayLine(console, kViewNotYet);
+  if (run.initial_plot != InitialPlot::geometry) return SayLine(console, kViewNotYet);
+  run.view_is_new = StartView(session, PlotModule::geometry, 0);
 }
 
 // Without a case there is nothing to do: one is asked for until there is. A case of geometry only is a case.

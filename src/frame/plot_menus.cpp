@@ -148,4 +148,8 @@ void MenuAutocorrelation(Session& session, int option) {
   if (AskAutocorrelationFile(dialogue, wanted.quantity)) Start(session, wanted, option);
 }
 
+void MenuGeometry(Session& session, int option) {
+  static_cast<void>(StartView(session, PlotModule::geometry, option));
+}
+
 }  // namespace zaview

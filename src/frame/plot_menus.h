@@ -13,5 +13,6 @@ void MenuTrajectory(Session& session, int option);
 void MenuLoads(Session& session, int option);
 void MenuIntervals(Session& session, int option);
 void MenuAutocorrelation(Session& session, int option);
+void MenuGeometry(Session& session, int option);  // asks nothing
 
 }  // namespace zaview

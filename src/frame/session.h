@@ -11,6 +11,7 @@
 #include "frame/ground/run_state.h"
 #include "gks/kernel/gks_state.h"
 #include "gks/plot/plot_layer.h"
+#include "gks/zb3d/zb3d_state.h"
 #include "script/script_state.h"
 #include "stats/statistics_state.h"
 #include "views/state/data_plot_state.h"
@@ -35,6 +36,7 @@ struct Session {
   DataPlotState data_plot;
   MotionViewState motion_view;
   GeometryViewState geometry_view;
+  Zb3dState zb3d;  // of the geometry view
   MenuState menus;
   SensorSettings sensor;
   ScriptState script;

@@ -202,7 +202,7 @@ constexpr Option kOptions[] = {
     {" 9 - Read new output file",                               Always,         ReadNewFile       },
     {"10 - Change output dimensionalization (scale) factors",   Always,         ChangeScales      },
     {"11 - Trim time record for statistics or output files",    Always,         Trim              },
-    {"12 - Plot geometry",                                      HasHull,        nullptr           },
+    {"12 - Plot geometry",                                      HasHull,        nullptr, MenuGeometry},
     {"13 - Run script file",                                    Always,         RunScriptFile     },
     {"14 - GZ curve analysis",                                  HullAndHistory, nullptr           },
     {"15 - Compute roll decay coefficients",                    RollDecay,      nullptr           },

@@ -27,6 +27,7 @@ struct HullSurface {  // KSTA stations of KWL points, station by station
 
 struct HullElement {
   std::array<int, 4> node{};  // indices from 1; the last is 0 for a triangle
+  bool reflected = false;     // the mirror image of an input element
   [[nodiscard]] int corners() const { return node[3] == 0 ? 3 : 4; }
 };
 

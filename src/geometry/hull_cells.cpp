@@ -1,5 +1,7 @@
 #include "geometry/hull_cells.h"
 
+#include <algorithm>
+
 #include "geometry/element_shape.h"
 
 namespace zaview {
@@ -36,6 +38,13 @@ double CellFlux(const HullCell& cell, const Vector3& r0) {
   for (std::size_t i = 0; i < 4; ++i)
     flux += Dot(from_r0, Cross(Minus(cell.corner[i], centre), Minus(cell.corner[(i + 1) % 4], centre))) / 2;
   return flux;
+}
+
+HullCell MirroredCell(const HullCell& cell) {
+  HullCell image = cell;
+  std::reverse(image.corner.begin() + 1, image.corner.begin() + image.corners);
+  for (Vector3& corner : image.corner) corner[1] = -corner[1];
+  return image;
 }
 
 HullCell SurfaceCell(const HullSurface& surface, int component, int i, int j) {

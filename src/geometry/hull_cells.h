@@ -29,6 +29,7 @@ struct HullCell {  // axes and lengths of the hull
 // Integral of (r - r0) . n dA, a cell of four corners taken as four triangles about its centre. Over a closed surface
 // three times its volume, positive if the normals face out.
 [[nodiscard]] double CellFlux(const HullCell& cell, const Vector3& r0);
+[[nodiscard]] HullCell MirroredCell(const HullCell& cell);  // in y = 0, its normal the mirrored one
 
 // Between stations i, i + 1 and waterlines j, j + 1, from 1: corners (i, j), (i, j+1), (i+1, j+1), (i+1, j).
 [[nodiscard]] HullCell SurfaceCell(const HullSurface& surface, int component, int i, int j);

@@ -61,6 +61,7 @@ void ReflectMesh(HullMesh& mesh) {
   mesh.elements.reserve(2 * elements);
   for (std::size_t e = 0; e < elements; ++e) {
     HullElement image = mesh.elements[e];
+    image.reflected = true;
     for (int i = 0; i < mesh.elements[e].corners(); ++i)
       image.node[static_cast<std::size_t>(i)] += static_cast<int>(nodes);
     TurnElement(image);

@@ -13,7 +13,6 @@ int RunNotYet(ScriptCall& call) {
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, M = kNeedsGeometry;
 
 constexpr Command kLater[] = {
-    {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"}, G | M, RunNotYet, "picture", "The hull"},
     {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},
      D | R | G,
      RunNotYet,

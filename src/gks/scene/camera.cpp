@@ -28,11 +28,16 @@ CameraAxes AxesOf(const Camera& camera) {
   return {{-sa, ca, 0.0}, {-se * ca, -se * sa, ce}, {-ce * ca, -ce * sa, -se}};
 }
 
+double HalfHeight(const Camera& camera) {
+  return camera.view_radius * std::tan(HalfWidth(camera));
+}
+
 double FittingRadius(const Camera& camera, double reach, int width, int height) {
   const double narrower = std::min(1.0, static_cast<double>(width) / height);
   return kAround * reach / (std::sin(HalfWidth(camera)) * narrower);
 }
 
+<<<<<<< HEAD
 Eye EyeOf(const Camera& camera) {
   Eye eye;
   eye.axes = AxesOf(camera);
@@ -46,6 +51,12 @@ Eye EyeOf(const Camera& camera) {
 
 PicturePoint ToPicture(const Eye& eye, ScenePoint point, int width, int height) {
   const ScenePoint q{point.x - eye.place.x, point.y - eye.place.y, point.z - eye.place.z};
+=======
+PicturePoint ToPicture(const Camera& camera, ScenePoint point, int width, int height) {
+  const CameraAxes axes = AxesOf(camera);
+  const ScenePoint q{point.x - camera.view_centre.x, point.y - camera.view_centre.y, point.z - camera.view_centre.z};
+  const double pixels = height / (2.0 * HalfHeight(camera));  // a length
+>>>>>>> a8cf9fb (Show the hull as it was input, in plane views and in space)
   double scale = 1.0;
   if (eye.perspective) {
     const double away = Dot(q, eye.axes.into);

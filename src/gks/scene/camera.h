@@ -22,6 +22,9 @@ struct CameraAxes {  // unit vectors, whole at elevations of 90 and -90 too
 };
 [[nodiscard]] CameraAxes AxesOf(const Camera& camera);
 
+// Half the height of the picture, in lengths of the scene at the centre; view_radius is above 0.
+[[nodiscard]] double HalfHeight(const Camera& camera);
+
 // The radius from which everything within `reach` of the centre is in a picture of that size.
 [[nodiscard]] double FittingRadius(const Camera& camera, double reach, int width, int height);
 

@@ -1,4 +1,5 @@
-// What the user has set for the geometry views, plane and in space. Data only.
+// What the user has set for the geometry views, plane and in space, and which of their limits are fitted to what. Data
+// only. Lengths are those of the input.
 #pragma once
 
 #include <cstdint>
@@ -11,35 +12,50 @@ namespace zaview {
 enum class GeometryPlane : std::uint8_t { x_y, x_z, y_z };
 enum class GeometryLines : std::uint8_t { both, stations, waterlines };
 enum class GeometryColour : std::uint8_t { same, by_component, by_type };
+enum class PointMarks : std::uint8_t { none, with_lines, alone };
 enum class SpaceAxes : std::uint8_t { none, lines, numbered_lines, box, box_with_grid };
+
+// What limits and views that the user hasn't chosen were fitted to: another one, and they are fitted anew.
+struct GeometryFit {
+  double low[3]{}, high[3]{};  // box about all that is shown
+  GeometryPlane plane{};       // of the plane view
+  SpaceAxes axes{};            // of the view in space
+  int width = 0, height = 0;   // of the window, for the view in space
+  bool operator==(const GeometryFit&) const = default;
+};
 
 struct GeometryViewState {
   bool geo_3d = false;
   int geo_component = 0;  // 0: all
   GeometryLines geo_draw = GeometryLines::both;
-  bool geo_mirror = false;  // each surface also at -y
+  bool geo_mirror = false, mirror_chosen = false;  // each surface also at -y; until it is chosen as the input wants it
   GeometryColour geo_colour_by = GeometryColour::same, last_colouring = GeometryColour::by_component;
-  bool colour_on = true;
-  bool normals_on = false, cg_on = false;
-  bool points_on = false, loads_on = false, load_numbers_on = false;  // weights and load calculation points
-  bool appendages_on = true, appendage_numbers_on = false;
+  bool geo_normals = false, geo_mark_cg = false;
+  PointMarks geo_mark_points = PointMarks::none;
+  bool geo_weight_points = false, geo_x_cuts = false, geo_y_cuts = false, geo_load_numbers = false;
+  bool geo_appendages = true, geo_appendage_labels = false;
   bool show_title = true;
-  int mark_every = 0;  // as in the data plot
   float mark_size = 1, line_thickness = 0;
   float annot_size = 0.14F;  // page units
 
-  // In two dimensions; limits in input lengths.
-  GeometryPlane plane = GeometryPlane::x_z;
-  AxesState axes;
+  // In two dimensions.
+  GeometryPlane geo_plane = GeometryPlane::x_z;
+  AxesState axes;  // its popup is that of both views
   bool aspect_adjust = true;
-  int axis_option = 0;
-  bool grid_on = false;
+  int axis_option = 0;  // as in the data plot
+  bool horizontal_zero = true, vertical_zero = true, grid_on = false;
+  GeometryFit plane_fit;
 
   // In space.
-  bool solid = true, outlined = true, shaded = true, grey_backs = false, z_buffered = true;
+  bool geo_solid = true, geo_outline = true, geo_shading = true, geo_backface = false, zbuffer_wire = true;
   SpaceAxes space_axes = SpaceAxes::none;
-  Camera view{{}, 45, 30, 30, 0, false};  // to be measured: not in perspective; input axes and lengths
-  bool backs_told = false, normals_told = false, fitted = false;  // notes said; the first view fitted
+  Camera view{{}, 45, 30, 30, 0, false};        // to be measured: not in perspective
+  bool own_radius = false, own_centre = false;  // chosen by the user, else fitted
+  GeometryFit space_fit;
+  bool point_measured = false;
+  ScenePoint measured;
+
+  bool backs_told = false, normals_told = false;  // notes said
 };
 
 }  // namespace zaview

@@ -1,0 +1,96 @@
+#include "views/state/geometry_settings.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "views/state/axes_limits.h"
+
+namespace zaview {
+
+bool TakeComponent(GeometryViewState& view, int count, int component) {
+  if (component < 0 || component > count) return false;
+  view.geo_component = component;
+  return true;
+}
+
+bool NextComponent(GeometryViewState& view, int count, int direction) {
+  const int all = count + 1;
+  view.geo_component = ((view.geo_component + direction) % all + all) % all;
+  return true;
+}
+
+bool TakePlane(GeometryViewState& view, GeometryPlane plane) {
+  view.geo_plane = plane;
+  return true;
+}
+
+bool TakeMirror(GeometryViewState& view, bool on) {
+  view.geo_mirror = on;
+  view.mirror_chosen = true;
+  return true;
+}
+
+bool TakeColouring(GeometryViewState& view, GeometryColour colour) {
+  view.geo_colour_by = colour;
+  if (colour != GeometryColour::same) view.last_colouring = colour;
+  return true;
+}
+
+bool SwitchColours(GeometryViewState& view) {
+  const bool same = view.geo_colour_by == GeometryColour::same;
+  return TakeColouring(view, same ? view.last_colouring : GeometryColour::same);
+}
+
+bool SwitchColouring(GeometryViewState& view) {
+  const bool by_component = view.geo_colour_by == GeometryColour::by_component;
+  return TakeColouring(view, by_component ? GeometryColour::by_type : GeometryColour::by_component);
+}
+
+bool SwitchPoints(GeometryViewState& view, const ControlRecords& control) {
+  const bool any = view.geo_weight_points || view.geo_x_cuts || view.geo_y_cuts;
+  view.geo_weight_points = !any && !control.mass_points.empty();
+  view.geo_x_cuts = !any && !control.XMC.empty();
+  view.geo_y_cuts = !any && !control.ycut.XMCY.empty();
+  return true;
+}
+
+bool FitPlotted(GeometryViewState& view) {
+  if (!view.geo_3d) return ForgetLimits(view.axes);
+  view.own_radius = view.own_centre = false;
+  view.space_fit = {};
+  return true;
+}
+
+bool KeepSpaceView(GeometryViewState& view) {
+  view.own_radius = view.own_centre = true;
+  return true;
+}
+
+bool ZoomSpace(GeometryViewState& view, double factor) {
+  constexpr double kFarthest = 1.0e9, kNearest = 1.0e-6;
+  view.view.view_radius = std::clamp(view.view.view_radius * factor, kNearest, kFarthest);
+  return KeepSpaceView(view);
+}
+
+bool MoveCentre(GeometryViewState& view, ScenePoint parts) {
+  ScenePoint& c = view.view.view_centre;
+  const double R = view.view.view_radius;
+  c = {c.x + R * parts.x, c.y + R * parts.y, c.z + R * parts.z};
+  return KeepSpaceView(view);
+}
+
+bool TurnEye(GeometryViewState& view, double azimuth, double elevation) {
+  constexpr double kCircle = 360.0, kUpright = 90.0;
+  Camera& eye = view.view;
+  eye.view_azimuth = std::fmod(eye.view_azimuth + azimuth + kCircle, kCircle);
+  eye.view_elevation = std::clamp(eye.view_elevation + elevation, -kUpright, kUpright);
+  return true;
+}
+
+bool WidenView(GeometryViewState& view, double degrees) {
+  constexpr double kNarrowest = 5.0, kWidest = 90.0;
+  view.view.view_width = std::clamp(view.view.view_width + degrees, kNarrowest, kWidest);
+  return true;
+}
+
+}  // namespace zaview
