@@ -22,8 +22,8 @@ std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
       ReadingCommands(), OutputTextCommands(), StepCommands(),      StatisticSettings(), SmoothingCommands(),
       HistoryCommands(), StatisticCommands(),  EnsembleCommands(),  HistogramCommands(), ControlCommands(),
-      KinoCommands(),    ViewSettings(),       AnimationSettings(), PlotCommands(),      LaterCommands(),
-      RateCommands(),    LaterBeginnings()};
+      KinoCommands(),    ViewSettings(),       AnimationSettings(), PlotCommands(),      AnimateCommands(),
+      LaterCommands(),   RateCommands(),       LaterBeginnings()};
   return families;
 }
 
@@ -42,6 +42,7 @@ std::span<const std::string_view> FamilyTitles() {
                                                  "Settings of plots and views",
                                                  "Settings of the animation",
                                                  "Plots",
+                                                 "Animation",
                                                  "Views and analyses to come",
                                                  "Rates",
                                                  "Sensor view"};

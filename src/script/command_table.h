@@ -43,6 +43,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily ViewSettings();
 [[nodiscard]] CommandFamily AnimationSettings();
 [[nodiscard]] CommandFamily PlotCommands();
+[[nodiscard]] CommandFamily AnimateCommands();
 [[nodiscard]] CommandFamily LaterCommands();
 [[nodiscard]] CommandFamily RateCommands();     // some are known by the beginning of their word
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word

@@ -14,11 +14,6 @@ constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, M = kNeeds
 
 constexpr Command kLater[] = {
     {{"PLOT_GEOMETRY", "PLOT_GEOM", "PLOT_CONFIGURATION", "PLOT_CONFIG"}, G | M, RunNotYet, "picture", "The hull"},
-    {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},
-     D | R | G,
-     RunNotYet,
-     "",
-     "The ship moving in its waves"},
     {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"},
      D | M,
      RunNotYet,
