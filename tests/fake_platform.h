@@ -40,6 +40,13 @@ struct FakePlatform {
   std::map<std::string, std::string> links;    // name to target
   std::set<std::string> read;                  // files that were opened to be read
 
+  // A program of the machine: what it reads is in the file of its last word ("file:name") when it ends.
+  std::string program;             // its name; blank: there is none
+  std::vector<std::string> words;  // with which it was started last
+  std::string fed;
+  std::size_t feeds = ~std::size_t{0};  // bytes that it takes before it fails
+  std::string last_words;               // of its error output; it fails if there are any
+
   // Faults on demand.
   std::set<std::string> no_new_files_in;  // directories
   std::set<std::string> refused;          // names that can't be opened for writing
@@ -121,6 +128,25 @@ inline Platform FakePlatform::Get() {
     return found == set.end() ? nullptr : found->second.c_str();
   };
   p.clock = {this, [](void* self) { return Of(self).seconds; }};
+
+  p.programs.self = this;
+  p.programs.there = [](void* self, const std::string& name) { return Of(self).program == name; };
+  p.programs.start = [](void* self, const std::vector<std::string>& words) {
+    Of(self).words = words;
+    Of(self).fed.clear();
+    return ChildHandle{7};
+  };
+  p.programs.write = [](void* self, ChildHandle, std::string_view bytes) {
+    Of(self).fed += bytes;
+    return Of(self).fed.size() <= Of(self).feeds;
+  };
+  p.programs.finish = [](void* self, ChildHandle, std::string& said) {
+    FakePlatform& fake = Of(self);
+    fake.files[fake.words.back().substr(std::string_view("file:").size())].bytes = fake.fed;
+    said = fake.last_words;
+    return said.empty();
+  };
+  p.programs.stop = [](void*, ChildHandle) {};
 
   p.console.self = this;
   p.console.input_is_terminal = input_is_terminal;

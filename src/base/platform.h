@@ -74,9 +74,26 @@ struct Clock {
   double (*seconds)(void* self) = nullptr;  // since any fixed moment, steady
 };
 
+using ChildHandle = int;
+inline constexpr ChildHandle kNoChild = -1;
+
+// Programs of the machine, started without a shell, that read what this one makes. A child is one thread's at a time.
+struct Programs {
+  void* self = nullptr;
+  bool (*there)(void* self, const std::string& name) = nullptr;  // on the PATH
+  // words: the program's name and its arguments. Its input comes from write, its output goes nowhere. kNoChild: it
+  // can't be started.
+  ChildHandle (*start)(void* self, const std::vector<std::string>& words) = nullptr;
+  bool (*write)(void* self, ChildHandle child, std::string_view bytes) = nullptr;  // all, or false: it reads no more
+  // Ends its input and waits for it. False: it failed. said: the last line that it wrote to its error output.
+  bool (*finish)(void* self, ChildHandle child, std::string& said) = nullptr;
+  void (*stop)(void* self, ChildHandle child) = nullptr;  // at once, whatever it is doing
+};
+
 struct Platform {
   Console console;
   Files files;
+  Programs programs;  // null pointers: there are none
   Clock clock;
   WindowSystem window;  // in memory, until choose_window has been asked
   // The window system of this machine: of its display, else platform.window. Asked at the first view; null: no

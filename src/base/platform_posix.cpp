@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/child_process.h"
 #include "base/interrupt.h"
 #include "base/line_editor.h"
 
@@ -42,6 +43,7 @@ struct PosixMachine {
   std::vector<std::pair<FileHandle, std::string>> made_in_place;  // open files that were made under their own names
   std::vector<std::pair<dev_t, ino_t>> read;                      // plain files that were opened to be read
   int open_fault = 0;                                             // of the last open that failed
+  Children children;
 };
 
 PosixMachine& Of(void* self) {
@@ -58,8 +60,9 @@ bool WriteAll(int file, std::string_view bytes) {
   return true;
 }
 
-// Of the files of a run that ends before its time: what is not complete goes.
+// A run that ends before its time: who still writes for it is stopped, and of its files what is not complete goes.
 void RemoveUnfinished(const PosixMachine& machine) {
+  StopChildren(machine.children);
   for (const std::string& name : machine.unfinished) ::unlink(name.c_str());
   struct stat facts {};
   for (const auto& [file, name] : machine.made_in_place)
@@ -313,6 +316,7 @@ void Forget(PosixMachine& machine, const std::string& name) {
 bool Rename(void* self, const std::string& from, const std::string& to) {
   if (std::rename(from.c_str(), to.c_str()) != 0) return false;
   Forget(Of(self), from);
+  Forget(Of(self), to);
   return true;
 }
 
@@ -341,6 +345,7 @@ double Seconds(void*) {
 
 [[noreturn]] void Exit(void* self, int status) {
   FlushAll(Of(self));
+  RemoveUnfinished(Of(self));
   if (status == kEndedBySignal + SIGINT) EndBySignal(Of(self), SIGINT);
   std::exit(status);
 }
@@ -379,6 +384,15 @@ Platform PosixPlatform() {
                       }};
   platform.files = {&machine,  OpenRead, ReadFile, OpenWrite, WriteFile, ResizeFile,
                     CloseFile, Facts,    Rename,   Remove,    List,      Why};
+  platform.programs = {
+      &machine,
+      [](void*, const std::string& name) { return IsOnPath(name); },
+      [](void* self, const std::vector<std::string>& words) { return StartChild(Of(self).children, words); },
+      [](void* self, ChildHandle child, std::string_view bytes) {
+        return WriteAll(InputOfChild(Of(self).children, child), bytes);
+      },
+      [](void* self, ChildHandle child, std::string& said) { return FinishChild(Of(self).children, child, said); },
+      [](void* self, ChildHandle child) { StopChild(Of(self).children, child); }};
   platform.clock = {&machine, Seconds};
   return platform;
 }

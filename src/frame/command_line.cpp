@@ -17,6 +17,7 @@
 #include "frame/title_box.h"
 #include "script/nearest_word.h"
 #include "script/script_variables.h"
+#include "views/state/run_pictures.h"
 #include "views/state/start_plot.h"
 
 namespace zaview {
@@ -58,7 +59,8 @@ constexpr std::string_view kPlotFromScript =
     "Initial plot argument -plot* or -anim* ignored as plot was invoked from script file";
 constexpr std::string_view kPlotWithoutData =
     "Initial plot argument -plot* or -anim* ignored as data file not specified";
-constexpr std::string_view kViewNotYet = "Initial plot argument ignored : this view is not available yet";
+constexpr std::string_view kPlotWithoutMotions =
+    "Initial plot argument -anim* ignored as it is not valid for impulsive motion and IRF calculations";
 constexpr std::string_view kPlotWithoutGraphics =
     "Initial plot argument -plot* or -anim* ignored as graphics are not avialable";
 
@@ -385,7 +387,11 @@ void StartInitialPlot(Session& session) {
     run.view_is_new = StartPlot(session, {.kind = kind, .quantity = {.iqnt = 1, .curve = 1}}, 0);
     return;
   }
-  if (run.initial_plot != InitialPlot::geometry) return SayLine(console, kViewNotYet);
+  if (run.initial_plot == InitialPlot::animation) {
+    if (!session.case_store.time_history()) return SayLine(console, kPlotWithoutMotions);
+    run.view_is_new = StartAnimation(session, {}, 0);
+    return;
+  }
   run.view_is_new = StartView(session, PlotModule::geometry, 0);
 }
 

@@ -8,6 +8,7 @@
 #include "frame/ground/prompts.h"
 #include "frame/quantity_menu.h"
 #include "stats/tables/ensemble_dialogues.h"
+#include "views/state/run_pictures.h"
 #include "views/state/start_plot.h"
 
 namespace zaview {
@@ -125,6 +126,10 @@ void MenuHistogram(Session& session, int option) {
 
 void MenuTrajectory(Session& session, int option) {
   Start(session, {.kind = PlotKind::trajectory}, option);
+}
+
+void MenuAnimation(Session& session, int option) {
+  static_cast<void>(StartAnimation(session, {}, option));
 }
 
 void MenuLoads(Session& session, int option) {

@@ -1,4 +1,4 @@
-// Main menu options that end in a data plot: their questions, then the plot.
+// Main menu options that end in a view: their questions, then the plot.
 #pragma once
 
 #include "frame/session.h"
@@ -10,6 +10,7 @@ namespace zaview {
 void MenuHistory(Session& session, int option);
 void MenuHistogram(Session& session, int option);
 void MenuTrajectory(Session& session, int option);
+void MenuAnimation(Session& session, int option);
 void MenuLoads(Session& session, int option);
 void MenuIntervals(Session& session, int option);
 void MenuAutocorrelation(Session& session, int option);

@@ -195,7 +195,7 @@ constexpr Option kOptions[] = {
     {" 2 - Write time history file(s)",                         Always,         WriteHistory      },
     {" 3 - Histogram of time history data",                     Always,         nullptr, Histogram, true},
     {" 4 - Write statistics of time history data",              TimeHistory,    WriteStatistics   },
-    {" 5 - 3-D motion animation",                               Animation,      nullptr           },
+    {" 5 - 3-D motion animation",                               Animation,      nullptr, MenuAnimation},
     {" 6 - Plot trajectory",                                    Trajectory,     nullptr, MenuTrajectory},
     {" 7 - Plot sectional load distribution",                   HasXCuts,       nullptr, MenuLoads, true},
     {" 8 - Statistics with confidence interval",                TimeHistory,    WriteIntervalTable},

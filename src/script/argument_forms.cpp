@@ -57,6 +57,7 @@ constexpr ArgumentForm kForms[] = {
     {"look",        "MARK",     "A property of a graph, by its first letters"},
     {"setting",     "TITLE",    "A setting of the animation, by its first letters"},
     {"value",       "ON",       "What it is set to"},
+    {"pictures",    "run.mp4",  "Where a picture of each step goes: auto, name.png, a video name.mp4"},
     {"balance",     "0",        "How the ship floats"},
     {"wave",        "0",        "Which wave is taken"},
     {"count",       "1",        "How many"},

@@ -20,10 +20,10 @@ bool Matches(const Command& command, std::string_view word) {
 
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
-      ReadingCommands(), OutputTextCommands(), StepCommands(),      StatisticSettings(), SmoothingCommands(),
-      HistoryCommands(), StatisticCommands(),  EnsembleCommands(),  HistogramCommands(), ControlCommands(),
-      KinoCommands(),    ViewSettings(),       AnimationSettings(), PlotCommands(),      GeometryCommands(),
-      LaterCommands(),   RateCommands(),       LaterBeginnings()};
+      ReadingCommands(),  OutputTextCommands(), StepCommands(),      StatisticSettings(), SmoothingCommands(),
+      HistoryCommands(),  StatisticCommands(),  EnsembleCommands(),  HistogramCommands(), ControlCommands(),
+      KinoCommands(),     ViewSettings(),       AnimationSettings(), PlotCommands(),      AnimateCommands(),
+      GeometryCommands(), LaterCommands(),      RateCommands(),      LaterBeginnings()};
   return families;
 }
 
@@ -42,6 +42,7 @@ std::span<const std::string_view> FamilyTitles() {
                                                  "Settings of plots and views",
                                                  "Settings of the animation",
                                                  "Plots",
+                                                 "Animation",
                                                  "The geometry view",
                                                  "Views and analyses to come",
                                                  "Rates",

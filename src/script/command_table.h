@@ -44,6 +44,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily AnimationSettings();
 [[nodiscard]] CommandFamily PlotCommands();
 [[nodiscard]] CommandFamily GeometryCommands();
+[[nodiscard]] CommandFamily AnimateCommands();
 [[nodiscard]] CommandFamily LaterCommands();
 [[nodiscard]] CommandFamily RateCommands();     // some are known by the beginning of their word
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word

@@ -13,11 +13,6 @@ int RunNotYet(ScriptCall& call) {
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, M = kNeedsGeometry;
 
 constexpr Command kLater[] = {
-    {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},
-     D | R | G,
-     RunNotYet,
-     "",
-     "The ship moving in its waves"},
     {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"},
      D | M,
      RunNotYet,

@@ -75,6 +75,13 @@ struct DumpOrder {
   bool failed = false;  // a picture couldn't be written
 };
 
+// What becomes of a picture that is complete, in dump-only mode or by an order.
+enum class AfterPicture : std::uint8_t {
+  store,    // into the file of the order, and the view is left
+  another,  // a run took it and wants the next one drawn
+  leave     // a run took its last one
+};
+
 // The kernel's calls upward, filled once by whoever starts the graphics. Clicks in the world of the selected
 // transformation.
 struct GksHooks {
@@ -82,7 +89,8 @@ struct GksHooks {
   void (*render)(void* self, bool force) = nullptr;
   void (*mouse)(void* self, int button, float x, float y) = nullptr;
   void (*keyboard)(void* self, int key, float x, float y) = nullptr;
-  bool (*idle)(void* self) = nullptr;  // true: display again
+  bool (*idle)(void* self) = nullptr;                  // true: display again
+  AfterPicture (*take_picture)(void* self) = nullptr;  // null: all are stored
   void (*screen_input)(void* self, std::string_view text) = nullptr;
   void (*close_menus)(void* self) = nullptr;
 };

@@ -85,10 +85,12 @@ bool FindPalette(const Rows& rows, Palette& out) {
 
 // ---- PNG. The library leaves by longjmp, so nothing with a destructor stands between it and its caller.
 
+bool Append(std::string& to, const void* bytes, std::size_t size) {
+  return Guarded([&] { return to.append(static_cast<const char*>(bytes), size), true; }, false);
+}
+
 void PutBytes(png_structp png, png_bytep bytes, std::size_t size) {
-  auto& out = *static_cast<OutputFile*>(png_get_io_ptr(png));
-  WriteOutput(out, {reinterpret_cast<const char*>(bytes), size});
-  if (out.failed) png_error(png, "no room");
+  if (!Append(*static_cast<std::string*>(png_get_io_ptr(png)), bytes, size)) png_error(png, "no room");
 }
 
 void PutNothing(png_structp) {}
@@ -113,7 +115,7 @@ bool PutPngRows(png_structp png, png_infop info, const Rows& rows, const Palette
   return true;
 }
 
-bool PutPng(const Rows& rows, OutputFile& out) {
+bool PutPng(const Rows& rows, std::string& out) {
   png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, LeavePng, IgnoreWarning);
   if (png == nullptr) return false;
   png_infop info = png_create_info_struct(png);
@@ -185,7 +187,7 @@ gdImagePtr MakeFewColours(const GdCalls& gd, const Rows& rows) {
   return image;
 }
 
-bool PutGdImage(PictureFormat format, const Rows& rows, OutputFile& out) {
+bool PutGdImage(PictureFormat format, const Rows& rows, std::string& out) {
   GdCalls gd;
   if (!OpenGd(gd)) return false;
   const gdImagePtr image = format == PictureFormat::gif ? MakeFewColours(gd, rows) : MakeTrueColour(gd, rows);
@@ -194,28 +196,37 @@ bool PutGdImage(PictureFormat format, const Rows& rows, OutputFile& out) {
   void* const bytes = format == PictureFormat::gif ? gd.gif(image, &size) : gd.bmp(image, &size, 0);
   gd.destroy(image);
   if (bytes == nullptr) return false;
-  WriteOutput(out, {static_cast<const char*>(bytes), static_cast<std::size_t>(size)});
+  const bool kept = Append(out, bytes, static_cast<std::size_t>(size));
   gd.free(bytes);
-  return !out.failed;
+  return kept;
 }
 
 }  // namespace
 
-bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width, int height,
-                  std::span<const unsigned char> rgb, std::string* why) {
+bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb,
+                   std::string& bytes) {
+  bytes.clear();
   if (width < 1 || height < 1) return false;
   const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kSamples;
   if (rgb.size() < size) return false;
   const Rows rows{width, height, rgb.first(size)};
+  return format == PictureFormat::png ? PutPng(rows, bytes) : PutGdImage(format, rows, bytes);
+}
+
+bool StorePicture(const Platform& platform, const std::string& name, std::string_view bytes, std::string* why) {
   OutputFile out;
   if (!OpenOutput(platform, name, OpenHow::replace, out) || out.to_console) {
     if (why != nullptr) *why = out.why;
     return false;
   }
-  const bool done = format == PictureFormat::png ? PutPng(rows, out) : PutGdImage(format, rows, out);
-  if (done) return CloseOutput(out);
-  DiscardOutput(out);
-  return false;
+  WriteOutput(out, bytes);
+  return CloseOutput(out);
+}
+
+bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width, int height,
+                  std::span<const unsigned char> rgb, std::string* why) {
+  std::string bytes;
+  return EncodePicture(format, width, height, rgb, bytes) && StorePicture(platform, name, bytes, why);
 }
 
 }  // namespace zaview

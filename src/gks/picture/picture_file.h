@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "base/platform.h"
 
@@ -10,8 +11,14 @@ namespace zaview {
 
 enum class PictureFormat : unsigned char { png, bmp, gif };
 
-// rgb: width x height x 3 bytes, bottom row first. The file appears when it is complete. False: it can't be written;
-// `why` tells it of one that can't be opened.
+// rgb: width x height x 3 bytes, bottom row first. bytes: the whole file. Pure: another thread may do it. False: memory
+// is out, or the format has no library here.
+[[nodiscard]] bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb,
+                                 std::string& bytes);
+// The file appears when it is complete. False: it can't be written; `why` tells it of one that can't be opened.
+[[nodiscard]] bool StorePicture(const Platform& platform, const std::string& name, std::string_view bytes,
+                                std::string* why = nullptr);
+// Both.
 [[nodiscard]] bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width,
                                 int height, std::span<const unsigned char> rgb, std::string* why = nullptr);
 

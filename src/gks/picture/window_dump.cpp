@@ -11,6 +11,7 @@
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
+#include "gks/picture/dump_names.h"
 #include "gks/picture/picture_file.h"
 
 namespace zaview {
@@ -18,7 +19,6 @@ namespace zaview {
 namespace {
 
 constexpr fmt::string_view kIllegalOption = "LOGIC error - Illegal Dump_Option={} in GKSDUMP";
-constexpr fmt::string_view kNoMoreNames = " GKSDUMP failed - no more {} files";
 constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error";
 constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
 constexpr fmt::string_view kWriting = "DumpWindow - Writing PNG file {}";
@@ -26,7 +26,6 @@ constexpr fmt::string_view kConverting = "DumpWindow - ppm2gif {} {}";
 constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}{}";
 
 constexpr std::string_view kStep = "gl.png";  // on the way to the other formats; it stays
-constexpr int kNames = 10000;
 
 struct DumpKind {
   int fixed, numbered;  // options
@@ -53,22 +52,6 @@ const DumpKind* KindOfName(std::string_view name) {
   for (const DumpKind& kind : kKinds)
     if (end == kind.extension || end == kind.capital) return &kind;
   return nullptr;
-}
-
-// The first free one, always from 1. It is taken at once, so that programs side by side never take the same.
-// False: there is none.
-bool TakeFreeName(const Files& files, const DumpKind& kind, std::string& name) {
-  for (int n = 1; n < kNames; ++n) {
-    name = fmt::format("dump{:04}.{}", n, kind.extension);
-    if (files.facts(files.self, name).exists) continue;
-    const FileHandle file = files.open_write(files.self, name, WriteHow::create_new, 0);
-    if (file != kNoFile) {
-      static_cast<void>(files.close(files.self, file));
-      return true;
-    }
-    if (!files.facts(files.self, name).exists) return true;  // can't be made at all: told by the writing
-  }
-  return false;
 }
 
 bool WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& kind, const std::string& name) {
@@ -112,7 +95,7 @@ bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
     return WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);
   }
   if (wanted == kind->fixed) return WriteWindow(platform, gks, *kind, fmt::format("gl.{}", kind->extension));
-  if (!TakeFreeName(platform.files, *kind, name)) {
+  if (!TakeFreeName(platform.files, kind->extension, name)) {
     Say(platform.console, kNoMoreNames, kind->extension);
     return false;
   }

@@ -82,8 +82,11 @@ void LeaveView(GksState& gks) {
 }
 
 void Dump(GksState& gks) {
-  if (!GKSDUMP(*gks.platform, gks, kDumpOption)) gks.dump.failed = true;
+  const GksHooks& hooks = gks.hooks;
+  const AfterPicture after = hooks.take_picture == nullptr ? AfterPicture::store : hooks.take_picture(hooks.self);
   gks.dump.idle_count = 0;
+  if (after == AfterPicture::another) return ForceDisplay(gks);
+  if (after == AfterPicture::store && !GKSDUMP(*gks.platform, gks, kDumpOption)) gks.dump.failed = true;
   gks.dump.waiting = false;
   gks.screen = TextScreen{};
   SetIdle(*gks.platform, gks, false);

@@ -198,12 +198,14 @@ bool PanView(Session& s) {
   return Pan(s.data_plot.axes, kPart * static_cast<float>(x), kPart * static_cast<float>(y));
 }
 
-bool FasterOrColour(Session& s) {
-  return s.plot_session.run_sync ? ScaleSync(s, kRoot2) : Toggle<&DataPlotState::colour_on>(s);
+template <Way way>
+bool OfSync(Session& s) {
+  if (s.plot_session.run_sync) ScaleSync(s, way == Way::larger ? kRoot2 : 1.0F / kRoot2);
+  return s.plot_session.run_sync;
 }
 
-bool Slower(Session& s) {
-  return ScaleSync(s, 1.0F / kRoot2);
+bool FasterOrColour(Session& s) {
+  return OfSync<Way::larger>(s) || Toggle<&DataPlotState::colour_on>(s);
 }
 
 bool Nothing(Session&) {  // a key press alone clears what is measured
@@ -232,7 +234,7 @@ constexpr ViewKey kKeys[] = {
     {Ctrl('c'),       kLoadDist, FasterOrColour,
      {"^c/C    Increase/decrease time sync factor"}},
     {Ctrl('c'),       kAlways & ~kLoadDist, Toggle<&DataPlotState::colour_on>},
-    {'C',             kLoadDist, Slower},
+    {'C',             kLoadDist, OfSync<Way::smaller>},
     {'C',             kHistogram, Cycle<&DataPlotState::hist_rendering, 3>,
      {" C      Change drawing of histogram (outline, fill, fill+outline)"}},
     {'d',             kHistory | kLoadDist, ToggleThis,

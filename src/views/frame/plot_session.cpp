@@ -12,6 +12,8 @@
 #include "views/frame/session_keys.h"
 #include "views/geometry/geometry_view.h"
 #include "views/motion/motion_view.h"
+#include "views/state/run_pictures.h"
+#include "views/state/step_run.h"
 
 namespace zaview {
 
@@ -33,10 +35,15 @@ void RenderDataPlot(Session& s) {
   if (s.run.plot_module != PlotModule::none) zaviewrender(s);
 }
 
+void EnterAnimation(Session& s) {
+  KinoPlotInit(s);
+  TakeInitialStep(s);
+}
+
 // By PlotModule, behind `none`.
 constexpr View kViews[] = {
     {zaviewinit, RenderDataPlot, zaviewmouse, BeforeDataPlotKey, DataPlotKeys},
-    {KinoPlotInit, KinoRender, KinoMouse, BeforeMotionKey, MotionKeys},
+    {EnterAnimation, KinoRender, KinoMouse, BeforeMotionKey, MotionKeys},
     {GeoPlotInit, GeoRender, GeoMouse, BeforeGeometryKey, GeometryKeys},
 };
 
@@ -72,6 +79,9 @@ void LeaveForDialogue(Session& s) {
 // The picture can't be made: no file is written of it, and a script that wanted it fails.
 void GiveUpView(Session& s) {
   s.run.plot_failed = true;
+  StopRun(s);
+  s.plot_session.run_output.reset();
+  s.plot_session.ordered = {};
   s.gks.dump.waiting = false;
   s.gks.dump.name.clear();
   gksWindowHideNow(s.platform, s.gks);
@@ -98,6 +108,7 @@ void SetHooks(Session& session) {
   hooks.mouse = [](void* self, int button, float x, float y) { TopMouse(Of(self), button, x, y); };
   hooks.keyboard = [](void* self, int key, float x, float y) { TopKeyboard(Of(self), key, x, y); };
   hooks.idle = [](void* self) { return TopIdle(Of(self)); };
+  hooks.take_picture = [](void* self) { return TakeRunPicture(Of(self)); };
   hooks.screen_input = [](void* self, std::string_view text) { TopScreenInput(Of(self), text); };
   hooks.close_menus = [](void*) {};
 }
@@ -113,6 +124,8 @@ void startgraphics(Session& session) {
 
 void zaviewexit(Session& session, int status) {
   constexpr int kDeactivate = 4;
+  StopRun(session);
+  session.plot_session.run_output.reset();
   if (session.plot_session.graphics_started)
     static_cast<void>(dgFrame({session.platform, session.gks, session.page}, kDeactivate));
   zaview_exit(session.platform, status);

@@ -1,8 +1,9 @@
 // Run mode: what the idle calls of the event loop do, step after step, in time with the clock if wanted.
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
-#include "gks/picture/window_dump.h"
+#include "frame/ground/zaview_exit.h"
 #include "gks/window/gks_window.h"
 #include "views/frame/plot_session.h"
 #include "views/frame/session_keys.h"
@@ -12,8 +13,7 @@ namespace zaview {
 
 namespace {
 
-constexpr int kDrawnBeforeDump = 3;  // idle calls to a picture file: drawn, shown, then stored
-constexpr int kNumberedPng = -1;
+constexpr int kDrawnBeforeDump = 3;            // idle calls to a picture file: drawn, shown, then stored
 constexpr std::chrono::milliseconds kRest{2};  // where nothing is due yet
 
 bool AtLastStep(const Session& s) {
@@ -26,15 +26,28 @@ bool IsDue(const Session& s, int step) {
   return now >= (ShownTimeOf(s, step) - static_cast<double>(p.run_t0)) * static_cast<double>(p.run_sync_factor);
 }
 
-// One step on, or with the clock to the last step that is due. False: none is.
+// The step behind this one, the last one at the end.
+int NextStep(const Session& s, int step) {
+  return std::min(step + StepStride(s), s.case_store.last_step);
+}
+
+// Pictures stand at equal distances: the last one may come ahead of the last step.
+bool HasNextPicture(const Session& s, int last) {
+  return s.case_store.current_step + StepStride(s) <= last;
+}
+
+// One step on, or with the clock to the last step that is due; that one alone where every step is to be seen. False:
+// none is.
 bool Advance(Session& s) {
+  const PlotSessionState& p = s.plot_session;
   int& step = s.case_store.current_step;
-  if (!s.plot_session.run_sync) {
-    ++step;
+  if (!p.run_sync || p.run_dump) {
+    step = NextStep(s, step);
     return true;
   }
   const int before = step;
-  while (!AtLastStep(s) && IsDue(s, step + 1)) ++step;
+  while (!AtLastStep(s) && IsDue(s, NextStep(s, step)) && (p.sync_real_time || step == before))
+    step = NextStep(s, step);
   if (step == before) std::this_thread::sleep_for(kRest);
   return step != before;
 }
@@ -60,16 +73,32 @@ bool TopIdle(Session& session) {
     session.run.redraw = true;
     return true;
   }
-  if (p.run_dump) static_cast<void>(GKSDUMP(session.platform, session.gks, kNumberedPng));
   p.idle_count = 0;
-  if (AtLastStep(session)) {  // its picture is stored too
+  const bool stored = !p.run_dump || PutRunPicture(session);
+  const bool more = p.run_dump ? HasNextPicture(session, session.case_store.last_step) : !AtLastStep(session);
+  if (!stored || !more) {
     StopRun(session);
     return false;
   }
   if (!Advance(session)) return false;
+  p.step_stale = true;
   session.run.redraw = true;
   if (AtLastStep(session) && !p.run_dump) StopRun(session);
   return true;
+}
+
+AfterPicture TakeRunPicture(Session& session) {
+  OrderedRun& run = session.plot_session.ordered;
+  if (!run.on) return AfterPicture::store;
+  if (TakeInterrupt(session.platform.console)) zaviewexit(session, kRunInterrupted);
+  if (PutRunPicture(session) && HasNextPicture(session, run.last)) {
+    session.case_store.current_step += StepStride(session);
+    session.run.redraw = true;
+    return AfterPicture::another;
+  }
+  static_cast<void>(FinishRunPictures(session));
+  run = {};
+  return AfterPicture::leave;
 }
 
 }  // namespace zaview

@@ -5,9 +5,11 @@
 
 #include "base/message.h"
 #include "case/quantity_catalogue.h"
+#include "gks/kernel/gks_control.h"
 #include "gks/picture/window_dump.h"
 #include "gks/window/gks_window.h"
 #include "gks/window/text_screen.h"
+#include "views/frame/plot_session.h"
 #include "views/frame/screen_dialogue.h"
 #include "views/state/step_run.h"
 
@@ -48,7 +50,13 @@ bool RequestReverse(Session& s) {
   return true;
 }
 
+// Keys may come faster than their pictures: the file holds what the one before asked for.
 bool DumpWindow(Session& s) {
+  if (s.run.redraw) {
+    gksBeginPicture(s.platform.window, s.gks);
+    TopRender(s, false);
+  }
+  if (s.run.plot_module == PlotModule::none) return false;
   static_cast<void>(GKSDUMP(s.platform, s.gks, kNumberedPng));
   return false;
 }
@@ -72,18 +80,20 @@ bool MenuFont(Session& s) {
 }
 
 bool StepBack(Session& s) {
-  return GoToStep(s, s.case_store.current_step - 1);
+  return StepBy(s, -1);
 }
 
 bool StepOn(Session& s) {
-  return GoToStep(s, s.case_store.current_step + 1);
+  return StepBy(s, 1);
 }
 
 bool FirstStep(Session& s) {
+  StopRun(s);
   return GoToStep(s, s.case_store.first_step);
 }
 
 bool LastStep(Session& s) {
+  StopRun(s);
   return GoToStep(s, s.case_store.last_step);
 }
 

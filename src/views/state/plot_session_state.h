@@ -5,10 +5,18 @@
 #include <string>
 #include <vector>
 
+#include "gks/picture/run_output.h"
+
 namespace zaview {
 
 // What a view asks the frame for, which opens it behind the event.
 enum class ViewAsk : std::uint8_t { none, options_menu, curve_menu, time_step_menu, help, help_on_console };
+
+// A run that nobody watches: it begins with its view, makes a picture of each step, and leaves the view.
+struct OrderedRun {
+  bool on = false;
+  int first = 1, last = 0;  // steps
+};
 
 struct PlotSessionState {
   bool graphics_started = false;  // the event loop runs
@@ -17,7 +25,9 @@ struct PlotSessionState {
 
   // Run mode, of all views: steps one after the other (CaseStore::current_step).
   bool run_on = false;
-  bool run_dump = false;    // a picture file of each step
+  bool run_dump = false;    // a picture file of each step; set ahead of a run, it is for the next one
+  RunOutputPtr run_output;  // where the pictures of this run go
+  OrderedRun ordered;
   bool step_stale = false;  // the time-step window shows an older step
   int idle_count = 0;
   bool run_sync = false;       // in step with the wall clock

@@ -1,25 +1,45 @@
 #include "views/state/step_run.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "base/message.h"
 #include "gks/window/gks_window.h"
+#include "views/state/run_pictures.h"
 
 namespace zaview {
 
 namespace {
 
+constexpr std::string_view kNoClock = "WARNING: Wallclock time not available - time synchronization disabled";
 constexpr float kLeastSync = 1.0e-4F, kMostSync = 1.0e4F;
+constexpr double kClockFails = -1.0;
 
+// A run counts from here on.
 void StartClock(Session& session) {
-  session.plot_session.run_t0 = static_cast<float>(ShownTimeOf(session, session.case_store.current_step));
-  session.plot_session.run_clock0 = session.platform.clock.seconds(session.platform.clock.self);
+  PlotSessionState& p = session.plot_session;
+  p.run_t0 = static_cast<float>(ShownTimeOf(session, session.case_store.current_step));
+  p.run_clock0 = session.platform.clock.seconds(session.platform.clock.self);
+  if (!p.run_sync || p.run_clock0 != kClockFails) return;
+  SayLine(session.platform.console, kNoClock);
+  p.run_sync = false;
 }
 
 bool HasCurrentStep(const CaseStore& store) {
   return store.has_steps() && store.current_step >= store.first_step && store.current_step <= store.last_step;
 }
 
+void StartIdle(Session& session) {
+  session.plot_session.run_on = true;
+  session.plot_session.idle_count = 0;
+  gksIdleOn(session.platform, session.gks);
+}
+
 }  // namespace
+
+int StepStride(const Session& session) {
+  return std::max(1, session.output.reading.step_stride);
+}
 
 double ShownTimeOf(const Session& session, int step) {
   return static_cast<double>(session.case_store.time.at(1, step) * session.output.units.scales.T);
@@ -29,6 +49,7 @@ void StopRun(Session& session) {
   PlotSessionState& p = session.plot_session;
   if (!p.run_on) return;
   p.run_on = p.run_dump = false;
+  static_cast<void>(FinishRunPictures(session));
   gksIdleOff(session.platform, session.gks);
 }
 
@@ -38,11 +59,24 @@ bool ToggleRun(Session& session) {
     StopRun(session);
     return true;
   }
-  if (!HasCurrentStep(session.case_store)) return false;
-  p.run_on = true;
-  p.idle_count = 0;
+  if (p.run_dump) return StartPictureRun(session);
+  const CaseStore& store = session.case_store;
+  if (!HasCurrentStep(store) || store.current_step == store.last_step) return false;
   StartClock(session);
-  gksIdleOn(session.platform, session.gks);
+  StartIdle(session);
+  return true;
+}
+
+bool StartPictureRun(Session& session) {
+  StopRun(session);
+  PlotSessionState& p = session.plot_session;
+  const CaseStore& store = session.case_store;
+  p.run_dump = false;
+  if (!HasCurrentStep(store)) return false;
+  p.run_output = BeginRunOutput(session.platform, OrderOfSteps(session, {}, store.current_step, store.last_step));
+  if (p.run_output == nullptr) return false;
+  p.run_dump = true;
+  StartIdle(session);
   return true;
 }
 
@@ -56,12 +90,36 @@ bool GoToStep(Session& session, int step) {
   return true;
 }
 
-bool ScaleSync(Session& session, float factor) {
+bool StepBy(Session& session, int strides) {
+  StopRun(session);
+  return GoToStep(session, session.case_store.current_step + strides * StepStride(session));
+}
+
+void ScaleSync(Session& session, float factor) {
   PlotSessionState& p = session.plot_session;
-  if (!p.run_sync) return false;
   p.run_sync_factor = std::clamp(p.run_sync_factor * factor, kLeastSync, kMostSync);
   if (p.run_on) StartClock(session);
-  return true;
+}
+
+void SetSync(Session& session, bool on) {
+  session.plot_session.run_sync = on;
+  if (session.plot_session.run_on) StartClock(session);
+}
+
+bool PutRunPicture(Session& session) {
+  PlotSessionState& p = session.plot_session;
+  const GksWindow& window = session.gks.window;
+  if (p.run_output != nullptr && PutPicture(*p.run_output, window.width, window.height)) return true;
+  p.run_output.reset();
+  session.gks.dump.failed = true;
+  return false;
+}
+
+bool FinishRunPictures(Session& session) {
+  RunOutputPtr output = std::move(session.plot_session.run_output);
+  if (output == nullptr || FinishRunOutput(std::move(output))) return true;
+  session.gks.dump.failed = true;
+  return false;
 }
 
 }  // namespace zaview

@@ -40,12 +40,16 @@ TEST_F(PlatformPosix, LostConsoleEndsTheRunAndLeavesNoTemporary) {
     ::close(out[0]);
     const Platform p = PosixPlatform();
     if (p.files.open_write(p.files.self, Name("part"), WriteHow::create_new, 0) == kNoFile) return;
+    if (p.files.open_write(p.files.self, Name("whole"), WriteHow::create_new, 0) == kNoFile) return;
+    if (!p.files.rename(p.files.self, Name("part"), Name("whole"))) return;
+    if (p.files.open_write(p.files.self, Name("part"), WriteHow::create_new, 0) == kNoFile) return;
     p.console.write(p.console.self, std::string(10'000'000, 'x'));
     p.console.flush(p.console.self);
     ::_exit(7);
   };
   EXPECT_EXIT(work(), testing::ExitedWithCode(1), "");
   EXPECT_FALSE(std::filesystem::exists(Name("part")));
+  EXPECT_TRUE(std::filesystem::exists(Name("whole")));  // a name that was taken, and its file then
 }
 
 TEST_F(PlatformPosix, ClosedStandardFilesAreNotReused) {
@@ -85,6 +89,37 @@ TEST_F(PlatformPosix, FactsFollowLinks) {
   EXPECT_EQ(files.open_read(files.self, Name(std::string(300, 'n'))), kNoFile);
   EXPECT_EQ(files.why(files.self), "File name too long");
   EXPECT_EQ(files.open_write(files.self, Name("d/t"), WriteHow::create_new, 0), kNoFile);  // never over another
+}
+
+TEST_F(PlatformPosix, ProgramsAreFedThroughAPipe) {
+  const Platform platform = PosixPlatform();
+  const Programs& programs = platform.programs;
+  EXPECT_TRUE(programs.there(programs.self, "sh"));
+  EXPECT_FALSE(programs.there(programs.self, "no-such-program"));
+  EXPECT_FALSE(programs.there(programs.self, ""));
+  EXPECT_EQ(programs.start(programs.self, {"no-such-program"}), kNoChild);
+  const std::string megabytes(3'000'000, 'x');
+  // clang-format off
+  const struct { const char* does; bool takes, ends; const char* said; } cases[] = {
+      {"cat > \"$0\"", true, true, ""},
+      {"cat > /dev/null; echo first >&2; echo ' the last ' >&2; echo >&2; exit 3", true, false, " the last"},
+      {"exec <&-; echo full >&2; exit 1", false, false, "full"},  // reads nothing
+      {"kill -9 $$", false, false, ""},
+  };
+  // clang-format on
+  for (const auto& c : cases) {
+    const ChildHandle child = programs.start(programs.self, {"sh", "-c", c.does, Name("a b'$c")});
+    ASSERT_NE(child, kNoChild);
+    EXPECT_EQ(programs.write(programs.self, child, megabytes), c.takes) << c.does;
+    std::string said;
+    EXPECT_EQ(programs.finish(programs.self, child, said), c.ends) << c.does;
+    EXPECT_EQ(said, c.said);
+  }
+  EXPECT_EQ(FileBytes(Name("a b'$c")), megabytes);
+  const ChildHandle sleeper = programs.start(programs.self, {"sleep", "1000"});
+  programs.stop(programs.self, sleeper);
+  std::string said;
+  EXPECT_FALSE(programs.finish(programs.self, sleeper, said));
 }
 
 }  // namespace

@@ -119,8 +119,8 @@ TEST(RunMode, EndsWithTheLastStepAndItsPicture) {
   for (const bool dumps : {false, true}) {
     LoadRun run;
     const int last = run.store().last_step;
+    run.session.plot_session.run_dump = dumps;  // as a menu sets it
     run.Begin(last - 2);
-    run.session.plot_session.run_dump = dumps;
     const std::vector<int> drawn = run.Idle(100);
     // Each picture is drawn until it is stored, the first one too.
     if (dumps) EXPECT_EQ(drawn, (std::vector<int>{last - 2, last - 2, last - 1, last - 1, last - 1, last, last, last}));
