@@ -37,7 +37,6 @@ double FittingRadius(const Camera& camera, double reach, int width, int height) 
   return kAround * reach / (std::sin(HalfWidth(camera)) * narrower);
 }
 
-<<<<<<< HEAD
 Eye EyeOf(const Camera& camera) {
   Eye eye;
   eye.axes = AxesOf(camera);
@@ -51,12 +50,6 @@ Eye EyeOf(const Camera& camera) {
 
 PicturePoint ToPicture(const Eye& eye, ScenePoint point, int width, int height) {
   const ScenePoint q{point.x - eye.place.x, point.y - eye.place.y, point.z - eye.place.z};
-=======
-PicturePoint ToPicture(const Camera& camera, ScenePoint point, int width, int height) {
-  const CameraAxes axes = AxesOf(camera);
-  const ScenePoint q{point.x - camera.view_centre.x, point.y - camera.view_centre.y, point.z - camera.view_centre.z};
-  const double pixels = height / (2.0 * HalfHeight(camera));  // a length
->>>>>>> a8cf9fb (Show the hull as it was input, in plane views and in space)
   double scale = 1.0;
   if (eye.perspective) {
     const double away = Dot(q, eye.axes.into);
