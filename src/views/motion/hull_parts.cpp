@@ -78,6 +78,19 @@ bool MakeHullMesh(const CaseStore& store, double length, SceneColour colour, Sce
   return true;
 }
 
+bool MakeStrips(const CaseStore& store, double length, const ClosedHull& closed, SceneMesh& mesh) {
+  const std::span<const TriangleCorners> strips = closed.closing_strips();
+  if (!Empty(strips.size(), mesh)) return false;
+  CellMesh put(store, length, kHullInk, mesh);
+  for (const TriangleCorners& strip : strips) {
+    HullCell cell;
+    cell.corners = 3;
+    for (std::size_t i = 0; i < strip.size(); ++i) cell.corner[i] = closed.vertices[strip[i]];
+    put.Put(cell);
+  }
+  return true;
+}
+
 bool MakeFins(const CaseStore& store, double length, int step, SceneMesh& mesh) {
   const ControlRecords& control = store.control;
   if (!Empty(control.fins.size(), mesh)) return false;

@@ -11,18 +11,23 @@
 #include "views/motion/motion_stage.h"
 #include "views/motion/sea_parts.h"
 #include "views/motion/track_part.h"
+#include "views/motion/wet_parts.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr unsigned char kHalf = 128;  // cover of a transparent hull
-constexpr float kUnseen = 0.05F;      // a sea of less opacity isn't drawn
-constexpr SceneColour kSeaWire{20, 60, 95, 255}, kTrackInk{240, 200, 40, 255};
+constexpr double kReferenceLength = 1.0;  // as hulls are stored
+constexpr double kPartsOfHull = 50;       // of its length: edges that a waterline is straight in
+constexpr unsigned char kHalf = 128;      // cover of a transparent hull
+constexpr float kUnseen = 0.05F;          // a sea of less opacity isn't drawn
+constexpr SceneColour kSeaWire{20, 60, 95, 255}, kTrackInk{240, 200, 40, 255}, kWaterlineInk{250, 240, 120, 255};
+constexpr float kWaterlineWidth = 2;
 constexpr std::uint16_t kHiddenPattern = 0x3333;
 
 StageInput InputOf(const Session& s) {
-  return {s.case_store, static_cast<double>(s.output.units.scales.position[0]), s.gks.window.width, s.gks.window.height};
+  return {s.case_store, static_cast<double>(s.output.units.scales.position[0]), s.gks.window.width,
+          s.gks.window.height};
 }
 
 // ---- What is made ahead of drawing
@@ -36,19 +41,39 @@ bool MakeHull(const StageInput& input, const MotionViewState& view, unsigned gen
   scene.hull_of = {};
   scene.extent = ExtentOf(input);
   if (!MakeHullMesh(input.store, input.length, colour, scene.hull)) return false;
+  if (!CloseHull(input.store.hull, kReferenceLength, scene.closed)) return false;
+  if (!MakeStrips(input.store, input.length, scene.closed, scene.strips)) return false;
+  const double size = std::max(scene.extent.high[0] - scene.extent.low[0], scene.extent.reach) / input.length;
+  if (!RefineHull(size / kPartsOfHull, scene.closed)) return false;
   if (!MakePlates(input.store, input.length, scene.plates)) return false;
   scene.hull_of = key;
   return true;
+}
+
+// The place at which such a camera looks, from where the ship is when it is needed first.
+void ChooseEarthStand(MotionViewState& view, const StageInput& input) {
+  EarthStand& earth = view.earth;
+  if (view.stand != CameraStand::earth) earth.chosen = false;
+  else if (!earth.chosen || earth.case_serial != input.store.serial) {
+    const Vector3 cg = PoseAtStep(input.store, input.store.current_step).cg;
+    earth = {true, cg[0] * input.length, cg[1] * input.length, input.store.serial};
+  }
 }
 
 bool SeaIsDrawn(const MotionViewState& view) {
   return (view.fs_solid && view.fs_opacity >= kUnseen) || view.fs_wire;
 }
 
+SeaLooks LooksOf(const MotionViewState& view) {
+  return {view.fs_opacity, view.shading_on, view.ambient};
+}
+
 bool MakeParts(const Session& s, const MotionStage& stage, MotionViewState& view) {
   const StageInput input = InputOf(s);
   if (!MakeFins(s.case_store, stage.length, stage.step, view.scene.fins)) return false;
-  if (SeaIsDrawn(view) && !MakeSea(s.case_store, stage, view.fs_opacity, view.scene)) return false;
+  const bool wet = !s.case_store.hull.empty() && (view.show_waterline || view.show_centres);
+  if ((SeaIsDrawn(view) || wet) && !MakeSea(s.case_store, stage, LooksOf(view), view.scene)) return false;
+  if (wet && !MakeWettedHull(stage, ShipCentre(s.case_store), view.scene)) return false;
   return !view.show_track || MakeTrack(stage, input, s.output.reading.step_stride, view.scene.track);
 }
 
@@ -122,13 +147,21 @@ void DrawSea(const MotionViewState& view, const MotionStage& stage) {
   const MotionSceneState& scene = view.scene;
   if (view.fs_solid && view.fs_opacity >= kUnseen) {
     SceneStyle style;
-    style.lit = view.shading_on;
     style.write_depth = view.fs_opacity >= 1;
     style.blend = !style.write_depth || stage.horizon > 0;
     style.behind_lines = view.fs_wire;
     DrawThrough(scene.sea_below, scene.sea, style);
   }
   if (view.fs_wire) DrawWires(scene.sea, WireOf(view, view.fs_solid, kSeaWire, {90, 150, 195, 255}));
+}
+
+// A little nearer than the faces that meet there.
+void DrawWaterline(const MotionViewState& view) {
+  SceneLine line;
+  line.colour = kWaterlineInk;
+  line.width = std::max(kWaterlineWidth, LineWidth(view));
+  line.closer = true;
+  DrawSegments(view.scene.waterline, line);
 }
 
 void DrawAll(const Session& s, const MotionStage& stage) {
@@ -140,6 +173,7 @@ void DrawAll(const Session& s, const MotionStage& stage) {
   if (view.show_track) DrawStrip(view.scene.track, TrackLine(view, SceneDepth::nearer));
   DrawInside(view, stage);
   DrawSea(view, stage);
+  if (view.show_waterline) DrawWaterline(view);
   if (view.show_track) DrawStrip(view.scene.track, TrackLine(view, SceneDepth::hidden));
   EndScene();
 }
@@ -151,7 +185,7 @@ bool IsSmooth(const Session& s) {
 
 }  // namespace
 
-SceneFault DrawMotionScene(Session& session, std::string& why) {
+SceneFault DrawMotionScene(Session& session, MotionStage& stage, std::string& why) {
   Session& s = session;
   const WindowSystem& windows = s.platform.window;
   static_cast<void>(EnsureHull(s.platform, s.case_store));  // without one the sea is shown
@@ -161,7 +195,8 @@ SceneFault DrawMotionScene(Session& session, std::string& why) {
   const unsigned generation = windows.context_generation(windows.self);
   const StageInput input = InputOf(s);
   const bool has_hull = MakeHull(input, view, generation, view.scene);
-  const MotionStage stage = StageOf(view, input);
+  ChooseEarthStand(view, input);
+  stage = StageOf(view, input);
   const bool made = has_hull && MakeParts(s, stage, view);
   if (made) KeepMesh(view.scene.hull, generation);
   if (made) DrawAll(s, stage);

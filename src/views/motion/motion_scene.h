@@ -4,12 +4,14 @@
 #include <string>
 
 #include "frame/session.h"
+#include "views/motion/motion_stage.h"
 
 namespace zaview {
 
 enum class SceneFault : unsigned char { none, no_memory, no_opengl };
 
-// What is drawn in between steps without rest is not smooth. On a fault by OpenGL `why` tells the cause.
-[[nodiscard]] SceneFault DrawMotionScene(Session& session, std::string& why);
+// What a run shows without storing it is not smooth: it would be slower. stage: what stands where in it. On a fault by
+// OpenGL `why` tells the cause.
+[[nodiscard]] SceneFault DrawMotionScene(Session& session, MotionStage& stage, std::string& why);
 
 }  // namespace zaview

@@ -7,8 +7,10 @@
 
 #include "base/data_fault.h"
 #include "base/message.h"
-#include "gks/kernel/gks_transform.h"
+#include "views/motion/motion_graphs.h"
+#include "views/motion/motion_overlay.h"
 #include "views/motion/motion_scene.h"
+#include "views/motion/scene_marks.h"
 #include "views/state/start_plot.h"
 
 namespace zaview {
@@ -24,28 +26,22 @@ constexpr std::string_view kHints[] = {
     "Mouse click with Alt or Ctrl keys will invoke pop-up menu",
 };
 constexpr fmt::string_view kCause = "GLGKS - {}";
-constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
-
-// The page over the whole window: text and graphs have places in parts of it.
-void SetPage(const MotionViewState& view, PlotDraw draw) {
-  dgNoFrame(draw);
-  dgPage(draw, kPageWidth, kPageHeight);
-  GSWKVP(draw.gks, {0, static_cast<float>(draw.gks.window.width), 0, static_cast<float>(draw.gks.window.height)});
-  dgArea(draw, kPageWidth, kPageHeight);
-  dgCharHeight(draw, view.text_size);
-}
-
 void LeaveView(Session& session) {
   session.run.plot_module = PlotModule::none;
   session.run.redraw = false;
 }
 
-bool DrawScene(Session& session) {
+// Hull and sea, and the marks over them.
+bool DrawScene(Session& session, PlotDraw draw) {
   std::string why;
-  const SceneFault fault = DrawMotionScene(session, why);
+  MotionStage stage;
+  const SceneFault fault = DrawMotionScene(session, stage, why);
   if (fault == SceneFault::no_opengl) Say(session.platform.console, kCause, why);
   const DataFault data = fault == SceneFault::no_memory ? DataFault::no_memory : DataFault::none;
-  return SayDataFault(session.platform.console, data, Making::plot, "animation") && fault == SceneFault::none;
+  if (!SayDataFault(session.platform.console, data, Making::plot, "") || fault != SceneFault::none) return false;
+  SetMotionPage(draw);
+  DrawSceneMarks(session.motion_view, session.case_store, stage, draw);
+  return true;
 }
 
 }  // namespace
@@ -66,11 +62,12 @@ void KinoRender(Session& session) {
   TakeReverse(session.run, session.gks);
   const PlotDraw draw{session.platform, session.gks, session.page};
   if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
-  if (!session.case_store.has_steps() || !DrawScene(session)) {
+  if (!session.case_store.has_steps() || !DrawScene(session, draw)) {
     LeaveView(session);
     return;
   }
-  SetPage(session.motion_view, draw);
+  UpdateMotionGraphs(SourceOf(session), session.motion_view);
+  DrawMotionOverlay(session.motion_view, FactsOf(session), draw);
   static_cast<void>(dgFrame(draw, -3));
   session.run.redraw = false;
 }

@@ -19,7 +19,7 @@ constexpr int kOuter = 16;               // cells from there to the horizon, gro
 constexpr double kWavesTo = 2.0;         // grid sizes; farther out the cells are too coarse for waves
 
 using Ink = std::array<float, 3>;
-constexpr Ink kTrough{16, 62, 108}, kLevel{38, 102, 153}, kCrest{132, 188, 212};
+constexpr Ink kTrough{18, 70, 122}, kLevel{42, 114, 168}, kCrest{150, 200, 222}, kSky{150, 188, 215};
 constexpr float kBelow = 0.5F;  // of the brightness, seen from below
 constexpr float kWhole = 2.0F;  // r.m.s. elevations up to the whole colour of a crest
 
@@ -78,18 +78,41 @@ unsigned char Byte(float value) {
   return static_cast<unsigned char>(std::clamp(value + 0.5F, 0.0F, 255.0F));
 }
 
-struct SeaInk {
-  float whole = 0;  // elevation of the whole colour of a crest; 0: a calm sea
-  float opacity = 1;
-};
+float WholeCrest(const CaseStore& store, const MotionStage& stage) {
+  return kWhole * static_cast<float>(RootMeanSquare(store) * stage.length);
+}
 
-SceneColour ColourAt(const SeaInk& ink, float eta, double cover) {
-  const float t = ink.whole > 0 ? std::clamp(eta / ink.whole, -1.0F, 1.0F) : 0.0F;
+Ink InkAt(float eta, float whole) {
+  const float t = whole > 0 ? std::clamp(eta / whole, -1.0F, 1.0F) : 0.0F;
   const Ink& end = t < 0 ? kTrough : kCrest;
-  SceneColour colour{};
-  for (std::size_t k = 0; k < 3; ++k) colour[k] = Byte(kLevel[k] + std::abs(t) * (end[k] - kLevel[k]));
-  colour[3] = Byte(255.0F * ink.opacity * static_cast<float>(cover));
-  return colour;
+  Ink ink{};
+  for (std::size_t k = 0; k < 3; ++k) ink[k] = kLevel[k] + std::abs(t) * (end[k] - kLevel[k]);
+  return ink;
+}
+
+// |n.v|: 1 where the eye looks straight down on the water.
+float Steepness(const Eye& eye, const SceneVertex& vertex) {
+  const ScenePoint& at = eye.place;
+  const float v[] = {static_cast<float>(at.x) - vertex.place[0], static_cast<float>(at.y) - vertex.place[1],
+                     static_cast<float>(at.z) - vertex.place[2]};
+  const float length = std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+  const float dot = vertex.normal[0] * v[0] + vertex.normal[1] * v[1] + vertex.normal[2] * v[2];
+  return length > 0 ? std::min(std::abs(dot) / length, 1.0F) : 1.0F;
+}
+
+// Brightness ambient + (1 - ambient) |n.v|, as for all that is lit. The share of sky goes with a power of 1 - |n.v|
+// as for light that water reflects (C. Schlick, 1994).
+void SetColours(const SeaLooks& looks, const Ink& ink, float cover, const Eye& eye, SceneVertex& above,
+                SceneVertex& below) {
+  constexpr float kMostSky = 0.8F;
+  const float steep = looks.lit ? Steepness(eye, above) : 1.0F, flat = 1 - steep;
+  const float light = looks.ambient + (1 - looks.ambient) * steep;
+  const float sky = (1 - looks.ambient) * kMostSky * flat * flat * flat * flat;
+  for (std::size_t k = 0; k < 3; ++k) {
+    above.colour[k] = Byte(light * ink[k] * (1 - sky) + sky * kSky[k]);
+    below.colour[k] = Byte(kBelow * light * ink[k]);
+  }
+  above.colour[3] = below.colour[3] = Byte(255.0F * looks.opacity * cover);
 }
 
 // Slope between the neighbours, at an edge to the one neighbour.
@@ -98,19 +121,21 @@ float Slope(const std::vector<double>& axis, std::size_t i, const float* eta, st
   return (eta[b * stride] - eta[a * stride]) / static_cast<float>(axis[b] - axis[a]);
 }
 
-void PutVertices(const MotionStage& stage, const SeaInk& ink, MotionSceneState& scene) {
+void PutVertices(const CaseStore& store, const MotionStage& stage, const SeaLooks& looks, MotionSceneState& scene) {
   const std::size_t nx = scene.grid_x.size(), ny = scene.grid_y.size();
+  const float whole = WholeCrest(store, stage);
   for (std::size_t j = 0; j < ny; ++j) {
     for (std::size_t i = 0; i < nx; ++i) {
       const float *const row = &scene.eta[j * nx], *const column = &scene.eta[i];
       const float sx = Slope(scene.grid_x, i, row, 1), sy = Slope(scene.grid_y, j, column, nx);
       const float n = 1.0F / std::sqrt(1.0F + sx * sx + sy * sy);
-      SceneVertex& vertex = scene.sea.vertices[j * nx + i];
-      vertex.place = {static_cast<float>(scene.grid_x[i]), static_cast<float>(scene.grid_y[j]), row[i]};
-      vertex.normal = {-sx * n, -sy * n, n};
-      vertex.colour = ColourAt(ink, row[i], CoverAt(stage, scene.grid_x[i], scene.grid_y[j]));
-      SceneVertex& below = scene.sea_below.vertices[j * nx + i] = vertex;
-      for (std::size_t k = 0; k < 3; ++k) below.colour[k] = Byte(kBelow * static_cast<float>(vertex.colour[k]));
+      SceneVertex& above = scene.sea.vertices[j * nx + i];
+      SceneVertex& below = scene.sea_below.vertices[j * nx + i];
+      above.place = {static_cast<float>(scene.grid_x[i]), static_cast<float>(scene.grid_y[j]), row[i]};
+      above.normal = {-sx * n, -sy * n, n};
+      below.place = above.place;
+      const auto cover = static_cast<float>(CoverAt(stage, scene.grid_x[i], scene.grid_y[j]));
+      SetColours(looks, InkAt(row[i], whole), cover, stage.eye, above, below);
     }
   }
 }
@@ -137,14 +162,14 @@ bool PutCells(std::size_t nx, std::size_t ny, SceneMesh& mesh) {
 
 }  // namespace
 
-bool MakeSea(const CaseStore& store, const MotionStage& stage, float opacity, MotionSceneState& scene) {
+bool MakeSea(const CaseStore& store, const MotionStage& stage, const SeaLooks& looks, MotionSceneState& scene) {
   const double step = stage.grid / kCells;
   if (!MakeAxis(kAhead, step, stage.horizon, scene.grid_x) || !MakeAxis(kAside, step, stage.horizon, scene.grid_y))
     return false;
   const std::size_t nx = scene.grid_x.size(), ny = scene.grid_y.size();
   if (!PutCells(nx, ny, scene.sea) || !PutCells(nx, ny, scene.sea_below)) return false;
   if (!Elevations(store, stage, scene)) return false;
-  PutVertices(stage, {kWhole * static_cast<float>(RootMeanSquare(store) * stage.length), opacity}, scene);
+  PutVertices(store, stage, looks, scene);
   return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "base/rotation.h"
 #include "case/plot_data.h"
+#include "geometry/wetted_hull.h"
 #include "gks/scene/camera.h"
 #include "gks/scene/scene_mesh.h"
 #include "views/state/axes_state.h"
@@ -79,12 +80,20 @@ struct HullExtent {  // of its points from the CG, ship axes, output lengths
 struct MotionSceneState {  // kept from picture to picture; the scene's lengths are output lengths
   HullDrawnKey hull_of;    // case 0: nothing is made
   HullExtent extent;
-  SceneMesh hull, strips;  // ship axes, from the CG; strips close it at the top
-  SceneMesh plates, fins;
-  SceneMesh sea, sea_below;            // from above, from below
-  std::vector<double> grid_x, grid_y;  // of its points, from the CG
-  std::vector<double> wave_x, wave_y;  // where they are, non-dimensional
-  std::vector<float> eta;
+  ClosedHull closed;               // axes and lengths of the hull
+  SceneMesh hull, strips, plates;  // ship axes, from the CG; strips close it at the top
+  SceneMesh fins;                  // at the rudder angle of the step
+
+  std::vector<double> grid_x, grid_y;  // of the sea's points, from the CG
+  std::vector<double> wave_x, wave_y;  // where they are, global, non-dimensional
+  std::vector<float> eta;              // at [j * grid_x.size() + i]
+  SceneMesh sea, sea_below;            // as they look from above, from below
+
+  std::vector<Vector3> wet_places;  // of the closed hull's vertices, in the scene
+  std::vector<double> wet_depths;
+  WettedHull wetted;  // under the sea as drawn
+  WetSums wet_sums;
+  std::vector<ScenePlace> waterline;  // two ends each
   std::vector<ScenePlace> track;
 };
 

@@ -3,11 +3,16 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <utility>
 #include <vector>
 
+#define GL_GLEXT_PROTOTYPES
+#include <GL/gl.h>
+#include <GL/glext.h>
 #include <gtest/gtest.h>
 
 #include "unit/views/motion_view.h"
+#include "views/motion/hull_parts.h"
 
 namespace zaview {
 namespace {
@@ -203,6 +208,197 @@ TEST(MotionScene, SeaStandsWhereItsWavesTell) {
       EXPECT_LT(sum / count, 1);
     }
   }
+}
+
+// Long crests from ahead, an open box with a deep floor: the sea covers its side up to the elevation there, where the
+// waterline is, and nothing of its inside.
+TEST(MotionScene, HullStandsInTheWater) {
+  const std::vector<WaveOfTest> waves = {{0.8, 180, 2, 75}};
+  MotionView v;
+  v.MakeCase();
+  v.AddBox({-30, -10, -8}, {30, 10, 6}, false);
+  v.AddSea(waves);
+  v.SetTime(1, 3);
+  v.SetPose(1, {500, 0, -0.5}, {0, 0, 0});
+  const auto show = [&](float opacity, bool waterline) {
+    v.view().fs_opacity = opacity;
+    v.view().show_waterline = waterline;
+    v.Show();
+    return static_cast<const Picture&>(v);
+  };
+  const HandCamera beam{90, 6, 150, 30, false};
+  beam.Set(v.view().view);
+  const Picture dry = show(0, false), wet = show(1, false), line = show(1, true);
+  double sum = 0;
+  int columns = 0;
+  for (double x = -29; x < 30; x += 1, ++columns) {
+    const Pixel want = beam.At({x, 10, MotionView::Elevation(waves, 500 + x, 10, 3)}, v.width, v.height);
+    const int column = static_cast<int>(want.x);
+    int top = static_cast<int>(beam.At({x, 10, -3.5}, v.width, v.height).y);  // under water
+    ASSERT_NE(dry.At(column, top), wet.At(column, top)) << x;
+    while (dry.At(column, top) != wet.At(column, top)) --top;
+    EXPECT_NEAR(top + 1, want.y, 3) << x;
+    sum += std::abs(top + 1 - want.y);
+    int yellow = 0;
+    for (int y = top - 3; y <= top + 3; ++y)
+      if (line.At(column, y) != wet.At(column, y)) ++yellow;
+    EXPECT_GE(yellow, 1) << x;
+  }
+  EXPECT_LT(sum / columns, 1);
+
+  const HandCamera above{40, 45, 150, 30, true};
+  above.Set(v.view().view);
+  const Picture empty = show(0, false), full = show(1, false);
+  std::vector<Pixel> rim;
+  for (const double x : {-29.5, 29.5})
+    for (const double y : {-9.5, 9.5}) rim.push_back(above.At({x, y, 5.5}, v.width, v.height));
+  rim = ConvexOutline(rim);
+  int inside = 0, different = 0;
+  for (int y = 0; y < v.height; ++y)
+    for (int x = 0; x < v.width; ++x)
+      if (IsInside(rim, {x + 0.5, y + 0.5})) ++inside, different += empty.At(x, y) != full.At(x, y) ? 1 : 0;
+  EXPECT_GT(inside, 10000);
+  EXPECT_EQ(different, 0);
+}
+
+int Different(const Picture& a, const Picture& b) {
+  int count = 0;
+  for (int y = 0; y < a.height; ++y)
+    for (int x = 0; x < a.width; ++x) count += a.At(x, y) != b.At(x, y) ? 1 : 0;
+  return count;
+}
+
+// What is drawn beside, beneath and through other things, told by pictures that are the same or not.
+TEST(MotionScene, LooksActAsTheyAreCalled) {
+  const std::vector<WaveOfTest> waves = {{0.7, 120, 2, 0}};
+  MotionView v(500, 400);
+  v.MakeCase(3);
+  v.AddBox({-30, -10, -6}, {30, 10, 6});
+  v.AddSea(waves);
+  for (int step = 1; step <= 3; ++step) v.SetPose(step, {20.0 * step, 0, -1}, {0, 0, 0});
+  v.store().current_step = 3;
+  const auto show = [&](auto change) {
+    static const MotionViewState fresh;
+    v.view() = fresh;
+    v.view().show_title = v.view().show_time = false;
+    change(v.view());
+    v.Show();
+    return static_cast<const Picture&>(v);
+  };
+  const auto hull_alone = [](MotionViewState& m) { m.fs_opacity = 0; };
+  const Picture plain = show([](auto&) {}), hull = show(hull_alone);
+  EXPECT_EQ(Different(plain, show([](auto&) {})), 0);  // the same once more
+  EXPECT_EQ(Different(hull, show([](auto& m) { m.fs_opacity = 0.04F; })), 0);
+  EXPECT_EQ(Different(hull, show([](auto& m) { m.fs_solid = false; })), 0);
+  // At full opacity nothing that is under water shows: a keel makes no difference.
+  const auto solid = [](MotionViewState& m) { m.fs_opacity = 1, m.view.view_radius = 250, m.shading_on = false; };
+  const Picture shallow = show(solid);
+  v.AddBox({-30, -10, -20}, {30, 10, 6});
+  EXPECT_LT(Different(shallow, show(solid)), 10);
+  v.AddBox({-30, -10, -6}, {30, 10, 6});
+  const struct {
+    const char* name;
+    void (*change)(MotionViewState& m);
+    int least;  // pixels that differ from the plain picture
+  } looks[] = {
+      {"wire", [](auto& m) { m.hull_wire = true; }, 300},
+      {"wire sea", [](auto& m) { m.fs_wire = true; }, 5000},
+      {"through the hull", [](auto& m) { m.body_transparent = true; }, 5000},
+      {"no light", [](auto& m) { m.shading_on = false; }, 50000},
+      {"more light", [](auto& m) { m.ambient = 0.8F; }, 50000},
+      {"track", [](auto& m) { m.show_track = true; }, 50},
+      {"centres", [](auto& m) { m.show_centres = true; }, 60},
+      {"marked point", [](auto& m) { m.mark_point = true; }, 17},
+      {"horizon", [](auto& m) { m.horizon = true; }, 10000},
+      {"orthographic", [](auto& m) { m.view.perspective = false; }, 5000},
+  };
+  for (const auto& look : looks) EXPECT_GT(Different(plain, show(look.change)), look.least) << look.name;
+}
+
+// What the driver keeps is gone with the context; a window that replaces another one shows the same.
+TEST(MotionScene, IsMadeAnewInAnotherContext) {
+  MotionView v(300, 200);
+  v.MakeCase();
+  v.AddBox({-30, -10, -6}, {30, 10, 6});
+  v.Show();
+  const Picture before = v;
+  glDeleteBuffers(3, v.view().scene.hull.kept.data());
+  FeedEvent(*v.windows, {FedEvent::Kind::close, 1});
+  const WindowSystem& window = v.session.platform.window;
+  window.main_loop(window.self);
+  EXPECT_EQ(window.create_window(window.self, "again", 0, 0, 300, 200), 1);
+  v.Show();
+  EXPECT_EQ(Different(before, v), 0);
+}
+
+// Brightness of the lid: ambient + (1 - ambient) |n.v|, whichever way its corners go round.
+TEST(MotionScene, LightIsAtTheEyeAndOnBothSides) {
+  MotionView v(200, 200);
+  v.MakeCase();
+  v.view().fs_opacity = 0;
+  v.view().view = {{}, 20, 90, 3, 3000, true};
+  for (const bool turned : {false, true}) {
+    v.AddBox({-30, -30, -6}, {30, 30, 6});
+    if (turned)
+      for (HullElement& element : v.store().hull.mesh.elements) std::swap(element.node[0], element.node[2]);
+    for (const double elevation : {90.0, 30.0, -30.0, -90.0}) {
+      v.view().view.view_elevation = elevation;
+      v.Show();
+      const double light = 0.3 + 0.7 * std::abs(std::sin(elevation * kDegree));
+      const unsigned middle = v.At(100, elevation > 0 ? 99 : 101);
+      EXPECT_NEAR(middle >> 16U, kHullInk[0] * light, 2.5) << elevation << turned;
+      EXPECT_NEAR(middle & 0xFFU, kHullInk[2] * light, 2.5) << elevation << turned;
+    }
+  }
+}
+
+// The hull alone, by where the camera stands.
+TEST(MotionScene, CameraGoesAlong) {
+  MotionView v(400, 300);
+  v.MakeCase(2);
+  v.AddBox({-30, -10, -6}, {30, 10, 6});
+  v.view().fs_opacity = 0;
+  const auto show = [&](CameraStand stand, const Vector3& cg, const Vector3& turn) {
+    v.view().stand = stand;
+    v.SetPose(1, cg, turn);
+    v.Show();
+    return static_cast<const Picture&>(v);
+  };
+  using enum CameraStand;
+  v.view().view.view_centre = {5, 3, 1};
+  const Picture upright = show(heading, {0, 0, 0}, {0, 0, 0});
+  EXPECT_LT(Different(upright, show(heading, {80, 5, 0}, {0, 0, 70})), 60);  // pixels at edges
+  EXPECT_GT(Different(upright, show(ship, {80, 5, 0}, {0, 0, 70})), 2000);
+  EXPECT_EQ(Different(upright, show(ship, {9000, 5, 0}, {0, 0, 0})), 0);
+  v.view().view = {{}, 90, 0, 30, 300, false};
+  const Picture first = show(earth, {100, 0, 0}, {0, 0, 0}), moved = show(earth, {110, 0, 0}, {0, 0, 0});
+  const auto lit = [](unsigned of) { return of != 0 ? 1.0 : 0.0; };
+  EXPECT_NEAR(first.BoxOf(lit).x - moved.BoxOf(lit).x, 10 * 300 / (600 * std::tan(15 * kDegree)), 1);
+  EXPECT_EQ(Different(first, show(ship, {500, 0, 0}, {0, 0, 0})), 0);
+  const Picture watch = show(bridge, {0, 0, 0}, {0, 0, 0});
+  EXPECT_NEAR(watch.BoxOf(lit).x, 199.5, 0.6);  // the deck ahead
+  EXPECT_LT(Different(watch, show(bridge, {3000, 70, 2}, {25, -8, 130})), 60);
+}
+
+TEST(MotionScene, DoesWithoutWhatIsMissing) {
+  MotionView v(200, 150);
+  v.MakeCase();
+  v.store().seaway_tried = Tried::not_yet;
+  v.store().control.seaway.ISEA = 99;
+  v.Show();
+  v.Show();
+  const Box sea = v.BoxOf([](unsigned of) { return of != 0 ? 1.0 : 0.0; });
+  EXPECT_GT(sea.count, 5000);
+  EXPECT_EQ(v.fake.output.find("Incident wave data will not be available"),
+            v.fake.output.rfind("Incident wave data will not be available"));
+  v.session.platform.window.begin_scene = [](void*, int, bool, std::string& why) {
+    why = "no OpenGL configuration";
+    return false;
+  };
+  v.fake.output.clear();
+  v.Show();
+  EXPECT_EQ(v.session.run.plot_module, PlotModule::none);
+  EXPECT_EQ(v.fake.output, "GLGKS - no OpenGL configuration\n");
 }
 
 }  // namespace
