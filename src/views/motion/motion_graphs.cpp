@@ -212,9 +212,9 @@ void DrawMotionGraph(const MotionViewState& view, const MotionGraph& graph, cons
   dgGraf(draw, axes.x0, 0, axes.x1, graph.y_low, 0, graph.y_high);
   UsePen(draw, kInkColour);
   DrawZero(draw);
-  if (graph.time_bar) DrawUpright(draw, OutputTime(facts, facts.store.current_step), page.y_origin, page.y_end);
   DrawGraphCurves(graph, facts, axes, view.graph_thickness, draw);
   UsePen(draw, kInkColour);
+  if (graph.time_bar) DrawUpright(draw, OutputTime(facts, facts.store.current_step), page.y_origin, page.y_end);
   dgThickness(draw, view.frame_too ? view.graph_thickness : 0);
   FrameBox(draw, axes.area);
   dgThickness(draw, 0);

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
+#include "views/motion/motion_events.h"
 #include "views/motion/motion_graphs.h"
 #include "views/state/popup.h"
 
@@ -82,7 +83,8 @@ void DrawMotionOverlay(const MotionViewState& view, const PlotFacts& facts, Plot
   SetMotionPage(draw);
   SetOverlayColours(draw);
   dgSelectGraf(draw, 0);
-  DrawMotionGraphs(view, facts, 0, draw);
+  DrawMotionGraphs(view, facts, EventBarDepth(view, draw), draw);
+  DrawEventBar(view, facts, draw);
   DrawHeadings(view, facts, draw);
   DrawPopup(view.popup, kMotionPopup, draw);
 }

@@ -15,7 +15,7 @@ inline constexpr std::string_view kMotionPopup[] = {"Run Menu", "Options Menu", 
 // plot. Behind dgFrame(2).
 void SetMotionPage(PlotDraw draw);
 
-// Ahead of it: UpdateMotionGraphs. Sets the page.
+// Ahead of it: UpdateMotionGraphs, and UpdateMotionEvents if events are shown. Sets the page.
 void DrawMotionOverlay(const MotionViewState& view, const PlotFacts& facts, PlotDraw draw);
 
 }  // namespace zaview

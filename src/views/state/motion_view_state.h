@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/run_event.h"
 #include "base/rotation.h"
 #include "case/plot_data.h"
 #include "geometry/wetted_hull.h"
@@ -51,17 +52,8 @@ struct EarthStand {  // where CameraStand::earth looks at
   std::uint64_t case_serial = 0;
 };
 
-enum class RunEventKind : std::uint8_t { slam, deck_wet, roll_max, roll_min, pitch_max, pitch_min };
-
-struct RunEvent {
-  RunEventKind kind = RunEventKind::slam;
-  int step = 0;
-};
-
-struct MotionEvents {  // of the steps in use, in their order; made on first need
-  bool made = false;
-  PlotDataKey made_of;
-  std::array<double, 3> point{};  // that slams
+struct MotionEvents {   // of the steps in use, in their order; made on first need
+  PlotDataKey made_of;  // `none`: there are none
   std::vector<RunEvent> list;
 };
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "geometry/deck_edge.h"
 #include "geometry/read_geometry.h"
 #include "geometry/wetted_hull.h"
 #include "meshes.h"
@@ -181,6 +182,31 @@ TEST(WettedHull, Waterline) {
   wet = Wetted(closed, [](const Vector3& p) { return 10 + p[0] - p[2]; });
   EXPECT_NEAR(LengthOf(wet, wet.shown_segments, wet.waterline.size()), 20, 1e-9) << "water across the deck";
   EXPECT_FALSE(WetHull(closed, closed.vertices, std::vector<double>(3), wet));
+}
+
+TEST(DeckEdge, HighestOutboardPoints) {
+  const struct {
+    const char* what;
+    Hull hull;
+    std::size_t points;
+    double (*half)(double x);
+  } cases[] = {{"open", Barge(true), 42, [](double) { return 10.0; }},
+               {"with a deck", BoxMesh(), 42, [](double) { return 10.0; }},
+               {"pointed", Wigley(), 42, [](double x) { return 5 * (1 - x * x / 2500); }}};
+  for (const auto& c : cases) {
+    ClosedHull closed;
+    std::vector<Vector3> edge;
+    ASSERT_TRUE(CloseHull(c.hull, 100, closed));
+    ASSERT_TRUE(FindDeckEdge(closed, 100, edge));
+    EXPECT_EQ(edge.size(), c.points) << c.what;
+    double port = 0;
+    for (const Vector3& p : edge) {
+      EXPECT_NEAR(p[2], 10, 1e-3) << c.what << p[0];
+      EXPECT_NEAR(std::abs(p[1]), c.half(p[0]), 1e-3) << c.what << p[0];
+      port += p[1];
+    }
+    EXPECT_NEAR(port, 0, 1e-9) << c.what << ": as many on either side";
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "plot_view.h"
+#include "views/motion/motion_events.h"
 #include "views/motion/motion_graphs.h"
 
 namespace zaview {
@@ -203,6 +204,37 @@ TEST(MotionOverlay, DecimalsOfTheTime) {
     for (std::size_t i = 0; i < time.size(); ++i) time[i] = static_cast<float>(c.step * static_cast<double>(i));
     EXPECT_EQ(TimeDecimals(FactsOf(v.session)), c.decimals) << c.step;
   }
+}
+
+TEST(MotionOverlay, BarOfEvents) {
+  OverlayView v("roll_decay.out");
+  const CaseStore& store = v.session.case_store;
+  UpdateMotionEvents(SourceOf(v.session), v.view);
+  ASSERT_EQ(v.view.events.list.size(), 2U) << v.fake.output;
+  v.Draw();
+  EXPECT_EQ(v.White().count, 0) << "off at first";
+  v.view.show_events = true;
+  const PlotDraw draw{v.session.platform, v.session.gks, v.session.page};
+  for (const int step : {store.first_step, store.first_step + 70, store.last_step}) {
+    v.session.case_store.current_step = step;
+    v.Draw();
+    const Box tick = v.BoxOf([](unsigned c) { return (c >> 16U) > 0xC0 && (c & 0xFFU) < 0x20 ? 1.0 : 0.0; });
+    EXPECT_GT(tick.count, 20);
+    Box mark;  // of the current step, below the line
+    for (int x = 0; x < v.width; ++x)
+      if (v.At(x, v.height - 4) == 0xFFFFFF && x > 30 && x < v.width - 45) mark.x += x, ++mark.count;
+    const float x = static_cast<float>(mark.x / mark.count / 100);
+    EXPECT_NEAR(StepOnEventBar(v.view, FactsOf(v.session), x, 0.05F, draw), step, 1) << step;
+  }
+  EXPECT_EQ(StepOnEventBar(v.view, FactsOf(v.session), 5, 4, draw), 0);
+  EXPECT_EQ(StepOnEventBar(v.view, FactsOf(v.session), 0.01F, 0.05F, draw), 0);
+
+  v.view.events.list.clear();
+  UpdateMotionEvents(SourceOf(v.session), v.view);
+  EXPECT_TRUE(v.view.events.list.empty()) << "made once";
+  v.view.mark_point = true;
+  UpdateMotionEvents(SourceOf(v.session), v.view);
+  EXPECT_EQ(v.view.events.list.size(), 2U);
 }
 
 }  // namespace
