@@ -113,4 +113,22 @@ bool ThinCurve(const GksState& gks, std::span<const float> x, std::span<const fl
   return true;
 }
 
+bool CoarseCurve(std::span<const float> x, std::span<const float> y, std::size_t columns, CurvePoints& out) {
+  const std::size_t n = std::min(x.size(), y.size()),
+                    run = std::max<std::size_t>(n / std::max<std::size_t>(columns, 1), 1);
+  out.x.clear();
+  out.y.clear();
+  if (!Reserve(out.x, n) || !Reserve(out.y, n)) return false;
+  for (std::size_t from = 0; from < n; from += run) {
+    const std::size_t to = std::min(from + run, n);
+    std::size_t low = from, high = from;
+    for (std::size_t i = from; i < to; ++i) {
+      if (y[i] < y[low] || std::isnan(y[low])) low = i;
+      if (y[i] > y[high] || std::isnan(y[high])) high = i;
+    }
+    Put(x, y, {from, std::min(low, high), std::max(low, high), to - 1, to - 1}, out);
+  }
+  return true;
+}
+
 }  // namespace zaview

@@ -1,6 +1,7 @@
 // Long histories on a narrow screen: of the many points in one column of pixels only a few can be seen. Pure.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -19,5 +20,10 @@ struct CurvePoints {
 // memory is out.
 [[nodiscard]] bool ThinCurve(const GksState& gks, std::span<const float> x, std::span<const float> y, bool log_y,
                              CurvePoints& out);
+
+// The same for any picture that is narrower than `columns` pixels: of so many runs of equally many points the first,
+// the lowest, the highest and the last. Made once, for curves that are drawn again and again. False: memory is out.
+[[nodiscard]] bool CoarseCurve(std::span<const float> x, std::span<const float> y, std::size_t columns,
+                               CurvePoints& out);
 
 }  // namespace zaview

@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "base/axis_rounding.h"
+#include "base/grow.h"
 #include "base/message.h"
 #include "case/quantity_catalogue.h"
 #include "case/quantity_label.h"
@@ -28,10 +29,11 @@ constexpr PageBox kPlaces[kGraphs] = {
     {0.01F, 0.76F, 0.31F, 0.23F}, {0.68F, 0.76F, 0.31F, 0.23F},  {0.01F, 0.01F, 0.31F, 0.23F},
     {0.68F, 0.01F, 0.31F, 0.23F}, {0.345F, 0.01F, 0.31F, 0.23F}, {0.345F, 0.76F, 0.31F, 0.23F},
 };
-constexpr float kIntervals = 4;     // of the vertical axis, about
-constexpr float kGap = 0.25F;       // between texts and lines, in letter heights
-constexpr float kDescent = 0.25F;   // of a letter's height, below the baseline
-constexpr float kLeastArea = 0.3F;  // of the graph, that the curve keeps however large texts are
+constexpr std::size_t kColumns = 4096;  // more than a graph has pixels
+constexpr float kIntervals = 4;         // of the vertical axis, about
+constexpr float kGap = 0.25F;           // between texts and lines, in letter heights
+constexpr float kDescent = 0.25F;       // of a letter's height, below the baseline
+constexpr float kLeastArea = 0.3F;      // of the graph, that the curve keeps however large texts are
 constexpr float kDotSize = 2;
 constexpr int kDot = 15;    // marker
 constexpr float kHalo = 2;  // line widths, of curves on nothing but the scene
@@ -63,6 +65,16 @@ void FitGraph(MotionGraph& graph) {
   graph.y_high = axis.high;
 }
 
+// Points of a long run that no graph is wide enough to tell apart aren't looked at again at every step.
+bool CoarsenGraph(MotionGraph& graph) {
+  graph.coarse.clear();
+  if (graph.data.x.size() < 4 * kColumns) return true;
+  if (!Grow(graph.coarse, graph.data.y.size())) return false;
+  for (std::size_t i = 0; i < graph.coarse.size(); ++i)
+    if (!CoarseCurve(graph.data.x, graph.data.y[i], kColumns, graph.coarse[i])) return false;
+  return true;
+}
+
 bool MakeGraph(const PlotSource& source, MotionGraph& graph, std::string_view& why) {
   const QuantityRequest& request = graph.request;
   why = kNoSuchData;
@@ -73,7 +85,7 @@ bool MakeGraph(const PlotSource& source, MotionGraph& graph, std::string_view& w
   if (fault != DataFault::not_valid) why = kNotMade;
   if (fault != DataFault::none || graph.data.n < 1) return false;
   FitGraph(graph);
-  return true;
+  return CoarsenGraph(graph);
 }
 
 // ---- Drawing
@@ -171,17 +183,19 @@ void DrawGraphCurves(const MotionGraph& graph, const PlotFacts& facts, const Gra
                      PlotDraw draw) {
   const PlotData& data = graph.data;
   const auto now = static_cast<std::size_t>(ShownPoint(facts, data));
+  const bool whole = !graph.scroll, coarse = whole && !graph.coarse.empty();
   std::size_t from = 0, to = data.x.size();
-  if (graph.scroll) {
+  if (!whole) {
     to = now + 1;
     from = static_cast<std::size_t>(
         std::lower_bound(data.x.begin(), data.x.begin() + static_cast<std::ptrdiff_t>(to), axes.x0) - data.x.begin());
     if (from > 0) --from;  // the line comes from outside
   }
-  const std::span<const float> x = std::span(data.x).subspan(from, to - from);
   int colour = graph.colour;
-  for (const std::vector<float>& values : data.y) {
-    const std::span<const float> y = std::span(values).subspan(from, to - from);
+  for (std::size_t k = 0; k < data.y.size(); ++k) {
+    const std::vector<float>& values = data.y[k];
+    const std::span<const float> x = coarse ? graph.coarse[k].x : std::span(data.x).subspan(from, to - from);
+    const std::span<const float> y = coarse ? graph.coarse[k].y : std::span(values).subspan(from, to - from);
     dgThickness(draw, thickness);
     if (!graph.blank) {
       const float width = draw.gks.attribute.line_width;

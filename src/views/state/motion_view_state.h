@@ -10,6 +10,7 @@
 #include "base/rotation.h"
 #include "case/plot_data.h"
 #include "geometry/wetted_hull.h"
+#include "gks/plot/dense_curve.h"
 #include "gks/scene/camera.h"
 #include "gks/scene/scene_mesh.h"
 #include "views/state/axes_state.h"
@@ -28,9 +29,10 @@ struct MotionGraph {
   bool blank = true, scroll = false, time_bar = true, mark = false, value = false;
   float scroll_time = 60;  // output time units, above 0
 
-  PlotDataKey made_of;          // of the data; `none`: there are none
-  PlotData data;                // its curve over all steps in use
-  float y_low = 0, y_high = 1;  // of its axis: the same at every step
+  PlotDataKey made_of;              // of the data; `none`: there are none
+  PlotData data;                    // its curve over all steps in use
+  std::vector<CurvePoints> coarse;  // of a long run, the curves as they are drawn whole
+  float y_low = 0, y_high = 1;      // of its axis: the same at every step
 };
 
 // Where the camera stands. All but the bridge look at `view_centre` from the CG on the still water.

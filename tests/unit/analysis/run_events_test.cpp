@@ -1,14 +1,17 @@
 #include "analysis/run_events.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <gtest/gtest.h>
 
+#include "analysis/hull_wetness.h"
 #include "case/read/read_output_file.h"
 #include "case/ship_pose.h"
 #include "fake_platform.h"
 #include "frame/session.h"
 #include "project_places.h"
+#include "waves/incident_wave.h"
 
 namespace zaview {
 namespace {
@@ -121,6 +124,61 @@ TEST(RunEvents, ImmersionOfTheDeckInARegularWave) {
   const auto [low, high] = std::minmax_element(deepest.begin(), deepest.end());
   EXPECT_NEAR((*high - *low) * 100 / 2, relative, 0.01);
   EXPECT_NEAR((*high + *low) * 100 / 2, -store.control.PMGIN[2], 0.01);
+}
+
+// ---- Wetness
+
+// A box of 60 by 20 by 12 m about the CG, 2.2 m of freeboard.
+std::vector<Vector3> BoxPoints() {
+  std::vector<Vector3> points;
+  for (const double x : {-0.3, -0.1, 0.2, 0.3})
+    for (const double y : {-0.1, 0.1})
+      for (const double z : {-0.09, -0.01, 0.01, 0.014, 0.0345}) points.push_back({x, y, z});
+  return points;
+}
+
+TEST(HullWetness, FollowsTheRunBothWays) {
+  SampleRun run("regular_head.out");
+  CaseStore& store = run.store;
+  ASSERT_EQ(EnsureSeaway(run.session.platform.console, store), WaveAnswer::ok);
+  const std::vector<Vector3> points = BoxPoints();
+  const int last = store.first_step + 120;
+  std::vector<int> first_wet(points.size(), kNeverWet);  // by the sum of the waves at each point
+  std::vector<Floats> immersion;
+  for (int step = store.first_step; step <= last; ++step) {
+    const ShipPose pose = PoseAtStep(store, step);
+    immersion.emplace_back();
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      const Vector3 p = ShipToEarth(pose, points[i]);
+      float eta = 0;
+      WaveOutputs out;
+      out.eta = {&eta, 1};
+      const WaveMoment moment{store.time.at(1, step), 1.0};
+      ASSERT_EQ(EvalIncidentWave(store.wave, moment, {}, {&p, 1}, out), WaveFault::none);
+      immersion.back().push_back(eta - static_cast<float>(p[2]));
+      if (immersion.back()[i] > 0) first_wet[i] = std::min(first_wet[i], step);
+    }
+  }
+  const float within = 0.01F * store.wave.a[0];
+  HullWetness wetness;
+  const auto expect = [&](int step) {
+    ASSERT_TRUE(FollowWetness(store, points, step, wetness));
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      EXPECT_NEAR(wetness.immersion[i], immersion[static_cast<std::size_t>(step - store.first_step)][i], within);
+      const bool so_far = first_wet[i] <= step || wetness.first_wet[i] <= step;
+      EXPECT_TRUE(!so_far || std::abs(wetness.first_wet[i] - first_wet[i]) <= 1) << i << " up to " << step;
+    }
+  };
+  for (const int step : {store.first_step, store.first_step + 1, store.first_step + 17, last, store.first_step + 3})
+    expect(step);
+  EXPECT_EQ(wetness.known_to, last) << "going back forgets nothing";
+  EXPECT_EQ(*std::max_element(first_wet.begin(), first_wet.end()), kNeverWet);
+  EXPECT_GT(std::count_if(first_wet.begin(), first_wet.end(),
+                          [&](int step) { return step > store.first_step && step <= last; }),
+            3);
+  ++store.serial;
+  ASSERT_TRUE(FollowWetness(store, points, store.first_step, wetness));
+  EXPECT_EQ(wetness.known_to, store.first_step) << "another case";
 }
 
 }  // namespace

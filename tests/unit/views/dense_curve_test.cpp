@@ -120,5 +120,22 @@ TEST(DenseCurve, EdgeOfTheWindow) {
   EXPECT_EQ(thin.x, (std::vector<float>{-2, -1, -0.5F, 0.5F, 1, 1.5F}));
 }
 
+TEST(DenseCurve, CoarseOnesKeepEachPeak) {
+  std::mt19937 random(3);
+  std::vector<float> x, y;
+  for (int i = 0; i < 10'007; ++i) x.push_back(static_cast<float>(i)), y.push_back(static_cast<float>(random() % 1000));
+  y[0] = std::numeric_limits<float>::quiet_NaN();
+  CurvePoints coarse;
+  ASSERT_TRUE(CoarseCurve(x, y, 100, coarse));
+  EXPECT_LE(coarse.x.size(), 4U * 101);
+  EXPECT_TRUE(std::is_sorted(coarse.x.begin(), coarse.x.end()));
+  EXPECT_EQ(coarse.x.back(), x.back());
+  for (std::size_t from = 1; from + 100 <= y.size(); from += 100) {
+    const auto [low, high] = std::minmax_element(y.begin() + from, y.begin() + from + 99);
+    for (const auto peak : {low, high})
+      EXPECT_TRUE(std::any_of(coarse.y.begin(), coarse.y.end(), [peak](float kept) { return kept == *peak; }));
+  }
+}
+
 }  // namespace
 }  // namespace zaview
