@@ -1,12 +1,12 @@
 // How many steps a second does the animation show at 800 x 600, a hull of 5000 cells in 500 waves at 61 x 41 points:
 // without pictures, with a PNG file of each, and as a plain program draws the same scene, in immediate mode with the
 // waves summed in double? Of a step, how long do the waves take? The pictures agree before they are timed.
-#include <GL/gl.h>
 #include <cmath>
 #include <cstdlib>
 #include <random>
 #include <vector>
 
+#include <GL/gl.h>
 #include <benchmark/benchmark.h>
 
 #include "base/platform_posix.h"
@@ -202,6 +202,7 @@ struct PlainProgram {
     PutHull();
     glEnable(GL_CULL_FACE);
     glDepthMask(0);
+    glDisable(GL_LIGHTING);  // in its colours already
     glCullFace(GL_FRONT);
     Put(scene.sea_below, sea);
     glCullFace(GL_BACK);
@@ -239,6 +240,17 @@ void Steps(benchmark::State& state) {
   }
 }
 BENCHMARK(Steps)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// As pictures are stored and a view at rest is shown: with smooth edges.
+void SmoothSteps(benchmark::State& state) {
+  Animation& animation = Shared();
+  animation.session.plot_session.run_dump = true;
+  for (auto _ : state) {
+    animation.Step();
+    benchmark::DoNotOptimize(animation.Pixels().data());
+  }
+}
+BENCHMARK(SmoothSteps)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void StepsWithPng(benchmark::State& state) {
   Animation& animation = Shared();

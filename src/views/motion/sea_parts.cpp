@@ -19,7 +19,7 @@ constexpr int kOuter = 16;               // cells from there to the horizon, gro
 constexpr double kWavesTo = 2.0;         // grid sizes; farther out the cells are too coarse for waves
 
 using Ink = std::array<float, 3>;
-constexpr Ink kTrough{18, 70, 122}, kLevel{42, 114, 168}, kCrest{150, 200, 222}, kSky{150, 188, 215};
+constexpr Ink kTrough{20, 84, 140}, kLevel{48, 128, 186}, kCrest{140, 214, 240}, kSky{150, 188, 215};
 constexpr float kBelow = 0.5F;  // of the brightness, seen from below
 constexpr float kWhole = 2.0F;  // r.m.s. elevations up to the whole colour of a crest
 

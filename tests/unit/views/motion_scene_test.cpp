@@ -380,6 +380,80 @@ TEST(MotionScene, CameraGoesAlong) {
   EXPECT_LT(Different(watch, show(bridge, {3000, 70, 2}, {25, -8, 130})), 60);
 }
 
+// Corners c +- span/2 +- chord/2; the chord of a rudder turned by its deflection and the angle of the step, that of
+// another fin by its deflection alone.
+TEST(MotionScene, RudderTurnsAndOtherFinsStandStill) {
+  const struct {
+    Vector3 centre;
+    double turned;  // degrees
+  } fins[] = {{{-48, 0, 3}, 35}, {{20, 4, 1}, 10}};
+  MotionView v;
+  v.MakeCase();
+  ControlRecords& control = v.store().control;
+  control.LENIN = MotionView::kLength;
+  control.ANGIN = 1 / kDegree;
+  v.store().rudder_ang.component[0][0] = static_cast<float>(25 * kDegree);
+  v.view().fs_opacity = 0;
+  v.view().shading_on = false;
+  for (const auto& fin : fins) {
+    control.fins = {{{fin.centre[0], fin.centre[1], fin.centre[2]}, {0, 0, 1}, {1, 0, 0}, 6, 4, 10}};
+    v.view().view.view_centre = {fin.centre[0], fin.centre[1], fin.centre[2]};
+    const HandCamera camera{270, 45, 20, 30, false};
+    camera.Set(v.view().view);
+    std::vector<Pixel> corners;
+    for (const double z : {-3.0, 3.0})
+      for (const double x : {-2.0, 2.0}) corners.push_back(camera.At(Turned({x, 0, z}, {0, 0, fin.turned}), 800, 600));
+    v.Show();
+    ExpectOutline(v, ConvexOutline(corners));
+    v.view().show_rudders = false;
+    v.Show();
+    EXPECT_EQ(v.BoxOf([](unsigned of) { return of != 0 ? 1.0 : 0.0; }).count, 0);
+    v.view().show_rudders = true;
+  }
+}
+
+// By the CG of every step up to now, seen through whatever hides it.
+TEST(MotionScene, TrackGoesThroughHullAndSea) {
+  MotionView v(500, 400);
+  v.MakeCase(4);
+  const Vector3 way[] = {{-60, 40, 0}, {-40, 20, 0}, {0, 0, 0}, {60, 0, 0}};
+  for (int step = 1; step <= 4; ++step) v.SetPose(step, way[step - 1], {0, 0, 0});
+  v.AddBox({-10, -10, -6}, {10, 10, 6});
+  v.store().current_step = 3;
+  v.view().show_track = true;
+  const HandCamera map{270, 90, 400, 30, false};
+  map.Set(v.view().view);
+  for (const float opacity : {0.0F, 1.0F}) {
+    v.view().fs_opacity = opacity;
+    v.Show();
+    const Box box = v.BoxOf([](unsigned of) { return (of >> 16U) > 110 && (of >> 8U & 0xFFU) > 105 ? 1.0 : 0.0; });
+    const Pixel first = map.At(way[0], 500, 400), last = map.At(way[2], 500, 400);
+    EXPECT_NEAR(box.left, first.x, 4) << opacity;
+    EXPECT_NEAR(box.top, first.y, 4) << opacity;
+    EXPECT_NEAR(box.right, last.x, 4) << opacity;
+    EXPECT_NEAR(box.bottom, last.y, 4) << opacity;
+  }
+}
+
+TEST(MotionScene, EntryTellsKeysAndTakesTheFirstStepOnce) {
+  MotionView v(200, 150);
+  v.MakeCase(9);
+  v.store().last_step = 7;
+  v.view().initial_step = 8;
+  v.session.run.script_active = false;
+  KinoPlotInit(v.session);
+  EXPECT_EQ(v.store().current_step, 7);
+  EXPECT_EQ(v.fake.output,
+            "Hit the 'q' key to exit the plot and return to the text menu\nHit the 'h' key for HELP\n"
+            "Hit 'Alt-o' to invoke the plot options menu,\n which includes time-history overlay plots\n"
+            "Hit 'Alt-space' to invoke the time stepping menu\n"
+            "Mouse click with Alt or Ctrl keys will invoke pop-up menu\n");
+  v.store().current_step = 3;
+  v.session.run.script_active = true;
+  KinoPlotInit(v.session);
+  EXPECT_EQ(v.store().current_step, 3);
+}
+
 TEST(MotionScene, DoesWithoutWhatIsMissing) {
   MotionView v(200, 150);
   v.MakeCase();
