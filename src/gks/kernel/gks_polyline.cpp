@@ -21,7 +21,12 @@ class Strip {
   Strip(const GksState& gks, const GksPen& pen) : gks_(gks), pen_(pen) {}
   [[nodiscard]] bool MakeRoom(std::size_t n) { return Reserve(points_, n); }
   [[nodiscard]] bool IsOpen() const { return !points_.empty(); }
-  void Put(GksPoint world) { points_.push_back(gksPixelPoint(gks_, world)); }
+  void Put(GksPoint world) {
+    constexpr float kMiddle = 0.5F;  // of the pixel that a whole place lights
+    GksPoint at = gksPixelPoint(gks_, world);
+    if (gks_.attribute.between_pixels) at = {at.x - kMiddle, at.y - kMiddle};
+    points_.push_back(at);
+  }
   void End() {
     if (IsOpen()) gks_.paint.line(gks_.paint.self, pen_, points_);
     points_.clear();
@@ -36,6 +41,7 @@ class Strip {
 }  // namespace
 
 GksPoint gksPixelPoint(const GksState& gks, GksPoint world) {
+  if (gks.attribute.between_pixels) return gksToPixelExact(gks, world);
   const GksPixel pixel = gksToPixel(gks, world);
   return {static_cast<float>(pixel.x), static_cast<float>(pixel.y)};
 }

@@ -41,6 +41,7 @@ struct GksAttributes {
   bool turn_bitmap = false;  // letters of a bitmap font that read upward turn with them; else they stay level
   int fill_style = 0;
   bool clip = true;
+  bool between_pixels = false;  // lines and areas aren't moved to whole pixels: faces that meet, and their edges
 };
 
 struct GksWindow {

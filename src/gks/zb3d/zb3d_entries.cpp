@@ -79,6 +79,7 @@ void DrawAtOnce(ZbDraw draw) {
   Zb3dState& zb = draw.zb;
   const SavedAttributes saved(draw.gks);
   const SelectedTransform space(draw.gks, kSpaceTransform);
+  draw.gks.attribute.between_pixels = true;
   DrawEntity(draw, zb.zbufen.back(), zb.zbufen.back().pen);
   zb.zbufen.pop_back();
   zb.depth.pop_back();

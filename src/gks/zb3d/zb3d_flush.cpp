@@ -136,6 +136,8 @@ void DrawFace(ZbDraw draw, const ZbEntity& entity, int face) {
 
 void DrawMarker(ZbDraw draw, const ZbEntity& entity) {
   if (!TakePoints(draw.zb, entity, false)) return;
+  const SavedAttributes saved(draw.gks);
+  draw.gks.attribute.between_pixels = false;  // they are the same everywhere
   GSPMCI(draw.console, draw.gks, entity.pen);
   GSMK(draw.gks, entity.option);
   GSMKSC(draw.gks, entity.size);
@@ -146,6 +148,8 @@ void DrawMarker(ZbDraw draw, const ZbEntity& entity) {
 void DrawText(ZbDraw draw, const ZbEntity& entity) {
   const ZbPoint& at = draw.zb.zbufpt[static_cast<std::size_t>(entity.first)];
   const ZbText& text = draw.zb.zbuftx[static_cast<std::size_t>(entity.text)];
+  const SavedAttributes saved(draw.gks);
+  draw.gks.attribute.between_pixels = false;
   GSTXCI(draw.console, draw.gks, entity.pen);
   GSCHH(draw.gks, text.height);
   GSTXAL(draw.gks, text.align_x, text.align_y);
@@ -187,7 +191,7 @@ float zb3dShade(const Zb3dState& zb, std::span<const ScenePoint> points) {
     ScenePoint middle{};
     for (const ScenePoint& p : points) middle = {middle.x + p.x, middle.y + p.y, middle.z + p.z};
     const auto count = static_cast<double>(n);
-    to_eye = minus(EyeOf(zb), {middle.x / count, middle.y / count, middle.z / count});
+    to_eye = minus(EyePlace(zb), {middle.x / count, middle.y / count, middle.z / count});
   }
   const double lengths = std::sqrt(dot(normal, normal) * dot(to_eye, to_eye));
   return lengths > 0.0 ? static_cast<float>(dot(normal, to_eye) / lengths) : 0.0F;
@@ -202,6 +206,7 @@ void zb3dFlush(ZbDraw draw) {
                    [&zb](std::uint32_t a, std::uint32_t b) { return zb.depth[a] < zb.depth[b]; });
   const SavedAttributes saved(draw.gks);
   const SelectedTransform space(draw.gks, kSpaceTransform);
+  draw.gks.attribute.between_pixels = true;
   Shades shades = ShadesOf(zb);
   for (const std::uint32_t i : zb.order) {
     const ZbEntity& entity = zb.zbufen[i];

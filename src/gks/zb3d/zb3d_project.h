@@ -11,7 +11,7 @@ inline constexpr float kMostRatio = 1000.0F;  // of what is at the eye, behind i
 
 [[nodiscard]] ZbPoint Projected(const Zb3dState& zb, ScenePoint point);
 [[nodiscard]] bool InFront(const Zb3dState& zb, const ZbPoint& point);  // of the eye
-[[nodiscard]] ScenePoint EyeOf(const Zb3dState& zb);
+[[nodiscard]] ScenePoint EyePlace(const Zb3dState& zb);
 
 void NoMemory(ZbDraw draw, std::string_view routine);  // says it; the picture is left out
 

@@ -17,7 +17,7 @@ double Dot(ScenePoint a, ScenePoint b) {
 
 }  // namespace
 
-ScenePoint EyeOf(const Zb3dState& zb) {
+ScenePoint EyePlace(const Zb3dState& zb) {
   const ScenePoint &c = zb.view.view_centre, &d = zb.axes.into;
   const double R = zb.view.view_radius;
   return {c.x - R * d.x, c.y - R * d.y, c.z - R * d.z};

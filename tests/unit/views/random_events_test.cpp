@@ -1,12 +1,12 @@
-// Thousands of keys, clicks and new sizes in no sense of order, over all kinds of plot. Nothing may break, and "q"
+// Thousands of keys, clicks and new sizes in no sense of order, over all kinds of plot and the hull. Nothing may break, and "q"
 // still leaves the view. ZAVIEW_EVENTS: how many (a long run by hand: 100000, built with sanitizers).
 #include <cstdlib>
 #include <random>
 #include <string>
 
 #include "frame/ground/zaview_exit.h"
+#include "geometry_picture.h"
 #include "gks/window/gks_window.h"
-#include "plot_view.h"
 #include "views/frame/plot_session.h"
 #include "views/state/start_plot.h"
 
@@ -24,6 +24,7 @@ struct Storm : Views {
 
   Storm(std::initializer_list<const char*> samples) : Views(samples) {
     session.plot_session.run_sync = false;
+    PutBox(session.case_store);
     session.dialogue = [](Session& s) { Of(s).Continue(); };
   }
 
@@ -47,7 +48,11 @@ struct Storm : Views {
     Start();
   }
   void Start() {
-    constexpr int kQuantityOfLoads = 13;
+    constexpr int kQuantityOfLoads = 13, kOneIn = 4;
+    if (Below(kOneIn) == 0) {
+      EXPECT_TRUE(StartView(session, PlotModule::geometry, 0)) << fake.output;
+      return;
+    }
     PlotRequest wanted;
     wanted.kind = static_cast<PlotKind>(1 + Below(kPlotKinds - 1));
     wanted.quantity.iqnt = wanted.kind == PlotKind::load_dist ? kQuantityOfLoads + Below(4) : 1 + Below(10);
