@@ -57,6 +57,8 @@ constexpr ArgumentForm kForms[] = {
     {"look",        "MARK",     "A property of a graph, by its first letters"},
     {"setting",     "TITLE",    "A setting of the animation, by its first letters"},
     {"value",       "ON",       "What it is set to"},
+    {"event",       "ROLL_MAX", "What to look at: ROLL_MAX, ROLL_MIN, PITCH_MAX, PITCH_MIN, SLAM, DECK_WET"},
+    {"seconds",     "30",       "How long, half of it ahead of the event"},
     {"pictures",    "run.mp4",  "Where a picture of each step goes: auto, name.png, a video name.mp4"},
     {"balance",     "0",        "How the ship floats"},
     {"wave",        "0",        "Which wave is taken"},

@@ -1,6 +1,8 @@
 // The command that shows the ship moving in its waves, to somebody at the window or, with a word behind it, into files.
 #include <string>
+#include <vector>
 
+#include "analysis/run_events.h"
 #include "base/text.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/window/gks_window.h"
@@ -14,6 +16,7 @@ namespace {
 
 inline constexpr std::string_view kBadWord =
     "ERROR - Invalid argument for {} command : {} (auto, or a name that ends in .png .bmp .gif .mp4 .mkv .webm .avi)";
+inline constexpr std::string_view kNoSeconds = "ERROR - {} {} needs the seconds about it, above 0";
 constexpr int kFromScript = 1;  // plot_suboption
 
 // The next word of this line alone: what stands on the next one is a command. Blank: there is none.
@@ -22,8 +25,24 @@ std::string WordOnLine(ScriptCall& call) {
   return any ? NextScriptWord(call.words, kFreeText) : std::string();
 }
 
+// An event and the seconds about it, if the line begins with one.
+int ReadEvent(ScriptCall& call, AnimationOrder& order) {
+  WordScanner ahead = call.words;
+  ScriptCall look{call.session, call.command, ahead};
+  const RunEventRow* const event = FindRunEvent(Capitals(WordOnLine(look)));
+  if (event == nullptr) return kScriptOk;
+  (void)WordOnLine(call);
+  std::vector<float> seconds;
+  if (!ParseRealList(call.words, -1, seconds) || seconds.empty() || !(seconds[0] > 0))
+    return Fail(call, kScriptBadArgument, kNoSeconds, call.command, event->word);
+  order.about_event = true;
+  order.event = event->kind;
+  order.seconds = static_cast<double>(seconds[0]);
+  return kScriptOk;
+}
+
 // Where the pictures of the run go, if anywhere. "on" and "off" begin and end dump-only mode, as behind plots.
-int ReadPictures(ScriptCall& call, AnimationRequest& wanted, bool& ends_dumping) {
+int ReadPictures(ScriptCall& call, AnimationOrder& wanted, bool& ends_dumping) {
   const std::string word = WordOnLine(call);
   const std::string capitals = Capitals(word);
   ends_dumping = capitals == "OFF";
@@ -35,8 +54,9 @@ int ReadPictures(ScriptCall& call, AnimationRequest& wanted, bool& ends_dumping)
 }
 
 int RunAnimate(ScriptCall& call) {
-  AnimationRequest wanted;
+  AnimationOrder wanted;
   bool ends_dumping = false;
+  if (const int status = ReadEvent(call, wanted); status != kScriptOk) return status;
   if (const int status = ReadPictures(call, wanted, ends_dumping); status != kScriptOk) return status;
   return StartAnimation(call.session, wanted, kFromScript) || ends_dumping ? kScriptOk : kScriptFailed;
 }
@@ -45,9 +65,10 @@ constexpr Command kAnimate[] = {
     {{"ANIMATE_MOTIONS", "MOTION_ANIMATION", "ANIMATION", "KINO"},
      kNeedsCase | kNeedsMotion | kNeedsGraphics,
      RunAnimate,
-     "[pictures]",
+     "[event] [seconds] [pictures]",
      "The ship moving in its waves. With a word on the same line nobody needs to watch: auto makes a numbered picture "
-     "of each step, name.png (.bmp, .gif) pictures name0001.png and so on, name.mp4 (.mkv, .webm, .avi) a video"},
+     "of each step, name.png (.bmp, .gif) pictures name0001.png and so on, name.mp4 (.mkv, .webm, .avi) a video. An "
+     "event ahead of it takes the seconds about it alone"},
 };
 
 }  // namespace

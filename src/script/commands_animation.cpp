@@ -9,11 +9,13 @@
 #include "script/open_script_file.h"
 #include "script/selectors.h"
 #include "script/setting_words.h"
+#include "views/state/motion_settings.h"
 
 namespace zaview {
 
 namespace {
 
+inline constexpr std::string_view kBadWordOf = "Illegal value for KINO_OPT {} : {}";
 inline constexpr std::string_view kBadKey = "ERROR - Invalid quantity for {} command: {}";
 
 // Anything that isn't a yes is a no.
@@ -47,6 +49,7 @@ constexpr NumberRule kAzimuth{"KINO_OPT AZIMUTH", 0, 360, true, "between 0.0 and
 constexpr NumberRule kElevation{"KINO_OPT ELEVATION", -90, 90, true, "between -90.0 and 90.0"};
 constexpr NumberRule kGridSize{"KINO_OPT GRIDSIZE", 0, kNoLimit, false, "> 0.0"};
 constexpr NumberRule kThick{"KINO_OPT THICK", 0, kNoLimit, true, "=> 0.0"};
+constexpr NumberRule kGraphThick{"KINO_OPT GRAPH_THICK", 0, kNoLimit, true, "=> 0.0"};
 constexpr NumberRule kSyncFactor{"KINO_OPT SYNC_FACTOR", -kNoLimit, kNoLimit, true, "a number"};
 constexpr NumberRule kStep{"KINO_OPT STEP", -kNoLimit, kNoLimit, true, "a number"};
 
@@ -93,6 +96,47 @@ int SetSea(OptionCall& option) {
   if (opacity[0] >= 0 && opacity[0] <= 1) return kScriptOk;
   SayLine(option.call.console(), "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0");
   view.fs_opacity = 1;
+  return kScriptOk;
+}
+
+constexpr NumberRule kCenter{"KINO_OPT CENTER", -kNoLimit, kNoLimit, true, "a number"};
+
+int SetCentre(OptionCall& option) {
+  ScenePoint centre;
+  for (double ScenePoint::*axis : {&ScenePoint::x, &ScenePoint::y, &ScenePoint::z}) {
+    if (axis != &ScenePoint::x) option.word = NextScriptWord(option.call.words, kKeyword);
+    float value = 0;
+    if (const int status = ReadNumber(option, kCenter, value); status != kScriptOk) return status;
+    centre.*axis = static_cast<double>(value);
+  }
+  option.view.view.view_centre = centre;
+  return kScriptOk;
+}
+
+// From where, or what it goes along with.
+int SetCamera(OptionCall& option) {
+  for (const CameraPreset& preset : CameraPresets()) {
+    if (option.word != preset.word) continue;
+    LookFrom(option.view.view, preset);
+    return kScriptOk;
+  }
+  const std::span<const std::string_view> stands = StandWords();
+  const auto found = std::find(stands.begin(), stands.end(), option.word);
+  if (found == stands.end()) return Fail(option.call, kScriptBadArgument, kBadWordOf, "CAMERA", option.word);
+  ChooseStand(option.view, static_cast<CameraStand>(found - stands.begin()));
+  return kScriptOk;
+}
+
+int SetColours(OptionCall& option) {
+  constexpr std::string_view kColours[] = {"PLAIN", "WETNESS"};  // by HullColour
+  const auto found = std::find(std::begin(kColours), std::end(kColours), option.word);
+  if (found == std::end(kColours)) return Fail(option.call, kScriptBadArgument, kBadWordOf, "COLOR", option.word);
+  option.view.hull_colour = static_cast<HullColour>(found - std::begin(kColours));
+  return kScriptOk;
+}
+
+int SetWetness(OptionCall& option) {
+  option.view.hull_colour = IsYes(option.word) ? HullColour::wetness : HullColour::plain;
   return kScriptOk;
 }
 
@@ -149,6 +193,21 @@ constexpr OptionRow kOptionRows[] = {
     {"THICK", whole, SetNumber<kThick, &MotionViewState::line_thickness>},
     {"INIT_STEP", whole, SetStep},
     {"STEP", beginning, SetStep},
+    {"CGTRACK", whole, SetFlag<&MotionViewState::show_track>},
+    {"WIRE", whole, SetFlag<&MotionViewState::hull_wire>},
+    {"SURFACE", whole, SetFlag<&MotionViewState::fs_solid>},
+    {"SURFACE_WIRE", whole, SetFlag<&MotionViewState::fs_wire>},
+    {"CENTER", whole, SetCentre},
+    {"POINT_MARK", whole, SetFlag<&MotionViewState::mark_point>},
+    {"CAMERA", whole, SetCamera},
+    {"COLOR", whole, SetColours},
+    {"WETNESS", whole, SetWetness},
+    {"WATERLINE", whole, SetFlag<&MotionViewState::show_waterline>},
+    {"CENTRES", whole, SetFlag<&MotionViewState::show_centres>},
+    {"HORIZON", whole, SetFlag<&MotionViewState::horizon>},
+    {"EVENTS", whole, SetFlag<&MotionViewState::show_events>},
+    {"GRAPH_THICK", whole, SetNumber<kGraphThick, &MotionViewState::graph_thickness>},
+    {"FRAME_TOO", whole, SetFlag<&MotionViewState::frame_too>},
 };
 
 bool Fits(NameMatch match, std::string_view name, std::string_view word) {
@@ -160,6 +219,7 @@ int RunAnimateOption(ScriptCall& call) {
   const std::string key = Capitals(typed);
   for (const OptionRow& row : kOptionRows) {
     if (!Fits(row.match, row.key, key)) continue;
+    TakeCase(call.session.platform, call.session.motion_view, call.session.case_store);
     OptionCall option{call, call.session.motion_view, Capitals(NextScriptWord(call.words, kKeyword))};
     return row.set(option);
   }
@@ -184,6 +244,7 @@ int ReadGraph(ScriptCall& call, int least, int& graph) {
 
 int RunAnimateGraph(ScriptCall& call) {
   int index = 0;
+  TakeCase(call.session.platform, call.session.motion_view, call.session.case_store);
   if (const int status = ReadGraph(call, 1, index); status != kScriptOk) return status;
   MotionGraph& graph = call.session.motion_view.graphs[static_cast<std::size_t>(index - 1)];
   WordScanner ahead = call.words;
@@ -263,8 +324,10 @@ constexpr Command kAnimation[] = {
      kNone,
      RunAnimateOption,
      "setting value",
-     "Settings of the animation: RUDDER, TIME, TITLE, PERSPECTIVE, SHADING, TRANSPARENT yes or no; BODY, SEA solid or "
-     "not; numbers"},
+     "Settings of the animation: RUDDER, TIME, TITLE, PERSPECTIVE, SHADING, TRANSPARENT, WIRE, SURFACE, "
+     "SURFACE_WIRE, CGTRACK, WATERLINE, CENTRES, POINT_MARK, HORIZON, EVENTS, FRAME_TOO yes or no; BODY, SEA solid or "
+     "not; COLOR PLAIN or WETNESS; CAMERA BOW, STERN, PORT, STARBOARD, TOP, QUARTER, and SHIP, HEADING, EARTH, BRIDGE; "
+     "CENTER x y z; numbers RADIUS, AZIMUTH, ELEVATION, APERTURE, GRID, AMBIENT, SYNC, STEP, THICK, GRAPH_THICK"},
 };
 
 }  // namespace

@@ -127,11 +127,8 @@ bool NextMarkBase(Session& s) {
   return true;
 }
 
-bool NextThickness(Session& s) {
-  constexpr float kStep = 0.04F, kMost = 0.08F, kTolerance = 0.001F;
-  float& thickness = s.data_plot.line_thickness;
-  if (std::abs(thickness) < kTolerance) thickness = kStep;
-  else thickness = std::abs(thickness - kStep) < kTolerance ? kMost : 0.0F;
+bool OtherThickness(Session& s) {
+  NextThickness(s.data_plot.line_thickness);
   return true;
 }
 
@@ -301,7 +298,7 @@ constexpr ViewKey kKeys[] = {
      {" s      Select component to plot (cycles through 1,2, ..., and all)"}},
     {'S',             kOfComponents, OtherQuantity<1, false>,
      {" S      Select next quantity to plot"}},
-    {'t',             kAlways,  NextThickness,
+    {'t',             kAlways,  OtherThickness,
      {" t      Change line thickness"}},
     {'T',             kAlways,  Cycle<&DataPlotState::plot_text_mode, 5>,
      {" T      Change which titles and labels are plotted"}},

@@ -8,6 +8,7 @@
 #include "gks/kernel/gks_control.h"
 #include "gks/window/gks_window.h"
 #include "views/data_plot/data_plot.h"
+#include "views/frame/ordered_run.h"
 #include "views/frame/screen_dialogue.h"
 #include "views/frame/session_keys.h"
 #include "views/geometry/geometry_view.h"
@@ -33,11 +34,6 @@ struct View {
 void RenderDataPlot(Session& s) {
   zaviewsetaxes(s);
   if (s.run.plot_module != PlotModule::none) zaviewrender(s);
-}
-
-void EnterAnimation(Session& s) {
-  KinoPlotInit(s);
-  TakeInitialStep(s);
 }
 
 // By PlotModule, behind `none`.
@@ -80,8 +76,7 @@ void LeaveForDialogue(Session& s) {
 void GiveUpView(Session& s) {
   s.run.plot_failed = true;
   StopRun(s);
-  s.plot_session.run_output.reset();
-  s.plot_session.ordered = {};
+  DropOrder(s.plot_session);
   s.gks.dump.waiting = false;
   s.gks.dump.name.clear();
   gksWindowHideNow(s.platform, s.gks);
@@ -125,7 +120,7 @@ void startgraphics(Session& session) {
 void zaviewexit(Session& session, int status) {
   constexpr int kDeactivate = 4;
   StopRun(session);
-  session.plot_session.run_output.reset();
+  DropOrder(session.plot_session);
   if (session.plot_session.graphics_started)
     static_cast<void>(dgFrame({session.platform, session.gks, session.page}, kDeactivate));
   zaview_exit(session.platform, status);

@@ -18,9 +18,6 @@ void TopKeyboard(Session& session, int key, float x, float y);
 void PressKey(Session& session, int key);      // what the key does, without what follows an event
 [[nodiscard]] bool TopIdle(Session& session);  // true: display again
 
-// Of a picture that is complete and that nobody watches: it goes to the run that ordered it, if one did.
-[[nodiscard]] AfterPicture TakeRunPicture(Session& session);
-
 // The hooks of the kernel; set ahead of gksReady.
 void SetHooks(Session& session);
 

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <thread>
 
-#include "frame/ground/zaview_exit.h"
 #include "gks/window/gks_window.h"
 #include "views/frame/plot_session.h"
 #include "views/frame/session_keys.h"
@@ -32,8 +31,8 @@ int NextStep(const Session& s, int step) {
 }
 
 // Pictures stand at equal distances: the last one may come ahead of the last step.
-bool HasNextPicture(const Session& s, int last) {
-  return s.case_store.current_step + StepStride(s) <= last;
+bool HasNextPicture(const Session& s) {
+  return s.case_store.current_step + StepStride(s) <= s.case_store.last_step;
 }
 
 // One step on, or with the clock to the last step that is due; that one alone where every step is to be seen. False:
@@ -75,7 +74,7 @@ bool TopIdle(Session& session) {
   }
   p.idle_count = 0;
   const bool stored = !p.run_dump || PutRunPicture(session);
-  const bool more = p.run_dump ? HasNextPicture(session, session.case_store.last_step) : !AtLastStep(session);
+  const bool more = p.run_dump ? HasNextPicture(session) : !AtLastStep(session);
   if (!stored || !more) {
     StopRun(session);
     return false;
@@ -85,20 +84,6 @@ bool TopIdle(Session& session) {
   session.run.redraw = true;
   if (AtLastStep(session) && !p.run_dump) StopRun(session);
   return true;
-}
-
-AfterPicture TakeRunPicture(Session& session) {
-  OrderedRun& run = session.plot_session.ordered;
-  if (!run.on) return AfterPicture::store;
-  if (TakeInterrupt(session.platform.console)) zaviewexit(session, kRunInterrupted);
-  if (PutRunPicture(session) && HasNextPicture(session, run.last)) {
-    session.case_store.current_step += StepStride(session);
-    session.run.redraw = true;
-    return AfterPicture::another;
-  }
-  static_cast<void>(FinishRunPictures(session));
-  run = {};
-  return AfterPicture::leave;
 }
 
 }  // namespace zaview

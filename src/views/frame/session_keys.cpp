@@ -223,7 +223,7 @@ std::vector<std::string> HelpLines(const ViewKeys& view) {
 bool ActOnKey(Session& session, const ViewKeys& view, int key) {
   const int code = CodeOf(session, view, key);
   const ViewKey* row = Find(view.rows, view.scope, code);
-  if (row == nullptr) row = Find(kKeys, SessionScope(view), code);
+  if (row == nullptr || row->act == nullptr) row = Find(kKeys, SessionScope(view), code);
   return row != nullptr && row->act(session);
 }
 

@@ -25,11 +25,6 @@ constexpr SceneColour kSeaWire{20, 60, 95, 255}, kTrackInk{240, 200, 40, 255}, k
 constexpr float kWaterlineWidth = 2;
 constexpr std::uint16_t kHiddenPattern = 0x3333;
 
-StageInput InputOf(const Session& s) {
-  return {s.case_store, static_cast<double>(s.output.units.scales.position[0]), s.gks.window.width,
-          s.gks.window.height};
-}
-
 // ---- What is made ahead of drawing
 
 bool MakeHull(const StageInput& input, const MotionViewState& view, unsigned generation, MotionSceneState& scene) {
@@ -184,6 +179,11 @@ bool IsSmooth(const Session& s) {
 }
 
 }  // namespace
+
+StageInput InputOf(const Session& s) {
+  return {s.case_store, static_cast<double>(s.output.units.scales.position[0]), s.gks.window.width,
+          s.gks.window.height};
+}
 
 SceneFault DrawMotionScene(Session& session, MotionStage& stage, std::string& why) {
   Session& s = session;

@@ -8,6 +8,8 @@
 
 namespace zaview {
 
+[[nodiscard]] StageInput InputOf(const Session& session);
+
 enum class SceneFault : unsigned char { none, no_memory, no_opengl };
 
 // What a run shows without storing it is not smooth: it would be slower. stage: what stands where in it. On a fault by

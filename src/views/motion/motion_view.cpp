@@ -74,12 +74,4 @@ void KinoRender(Session& session) {
   session.run.redraw = false;
 }
 
-void KinoMouse(Session&, int, float, float) {}
-
-void BeforeMotionKey(Session&) {}
-
-ViewKeys MotionKeys(const Session&) {
-  return {};
-}
-
 }  // namespace zaview

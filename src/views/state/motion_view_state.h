@@ -122,6 +122,7 @@ struct MotionViewState {
   MotionEvents events;
   std::array<MotionGraph, kGraphs> graphs;
 
+  std::string of_case;   // the file for which these settings were; blank: of none yet
   int initial_step = 0;  // the view opens there, once; 0: at the current step
   PopupState popup;
   MotionSceneState scene;

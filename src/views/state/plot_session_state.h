@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/run_event.h"
 #include "gks/picture/run_output.h"
 
 namespace zaview {
@@ -12,10 +13,18 @@ namespace zaview {
 // What a view asks the frame for, which opens it behind the event.
 enum class ViewAsk : std::uint8_t { none, options_menu, curve_menu, time_step_menu, help, help_on_console };
 
-// A run that nobody watches: it begins with its view, makes a picture of each step, and leaves the view.
-struct OrderedRun {
+// What the animation does when it is entered.
+struct AnimationOrder {
+  bool pictures = false;    // of the whole run, with nobody watching, and then the view is left
+  RunOutputOrder output{};  // where they go; count and rate come with the steps
+  bool about_event = false;
+  RunEventKind event = RunEventKind::slam;  // the steps about it, `seconds` of them in all, output units
+  double seconds = 0;
+};
+
+struct OrderedRun {  // a run that nobody watches
   bool on = false;
-  int first = 1, last = 0;  // steps
+  int last = 0;  // no step behind that
 };
 
 struct PlotSessionState {
@@ -27,6 +36,7 @@ struct PlotSessionState {
   bool run_on = false;
   bool run_dump = false;    // a picture file of each step; set ahead of a run, it is for the next one
   RunOutputPtr run_output;  // where the pictures of this run go
+  AnimationOrder order;     // until it is carried out
   OrderedRun ordered;
   bool step_stale = false;  // the time-step window shows an older step
   int idle_count = 0;

@@ -9,16 +9,11 @@ namespace zaview {
 // synchronization, between 1 and 60 a second.
 [[nodiscard]] RunOutputOrder OrderOfSteps(const Session& session, RunOutputOrder order, int first, int last);
 
-struct AnimationRequest {
-  bool pictures = false;    // of the whole run, then the view is left; always so in dump-only mode
-  RunOutputOrder output;    // its count and rate don't matter
-  int first = 0, last = 0;  // steps; 0: the initial step that was set, else the first in use; the last in use
-};
+// The animation is the next view, and carries out the order; in dump-only mode it always makes pictures. suboption: as
+// of StartPlot. False: it can't be shown, which has been said.
+[[nodiscard]] bool StartAnimation(Session& session, const AnimationOrder& order, int suboption);
 
-// suboption: as of StartPlot. False: it can't be shown, or its pictures can't be stored; that has been said.
-[[nodiscard]] bool StartAnimation(Session& session, const AnimationRequest& wanted, int suboption);
-
-// At the entry of the animation: the step that was set for it, once, or the first one of an ordered run.
-void TakeInitialStep(Session& session);
+// Forgets what was ordered; a video that isn't finished goes.
+void DropOrder(PlotSessionState& state);
 
 }  // namespace zaview

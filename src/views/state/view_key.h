@@ -31,7 +31,8 @@ inline constexpr KeyScope kAlways = ~0U;
 struct ViewKey {
   int code = 0;
   KeyScope scope = kAlways;                 // elsewhere it does nothing
-  bool (*act)(Session& session) = nullptr;  // true: the picture is to be drawn again
+  bool (*act)(Session& session) = nullptr;  // true: the picture is to be drawn again. null: a key of all views, in the
+                                            // words of this one
   std::array<std::string_view, 2> help{};
 };
 
@@ -48,5 +49,8 @@ template <typename Enum>
 void NextOf(Enum& value, int count) {
   value = static_cast<Enum>((static_cast<int>(value) + 1) % count);
 }
+
+// Of lines, in page units: thin, 0.04, 0.08, and thin again.
+void NextThickness(float& thickness);
 
 }  // namespace zaview

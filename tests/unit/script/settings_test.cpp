@@ -74,6 +74,12 @@ Values ViewFlags(const Session& s) {
   return Of(v.show_rudders, v.show_time, v.show_title, v.view.perspective, v.shading_on, v.body_transparent, v.hull_solid,
             v.hull_wire);
 }
+// Track, waterline, centres, mark, solid sea, its wires, horizon, events, frames, colour, stand.
+Values MoreViewFlags(const Session& s) {
+  const MotionViewState& v = s.motion_view;
+  return Of(v.show_track, v.show_waterline, v.show_centres, v.mark_point, v.fs_solid, v.fs_wire, v.horizon, v.show_events,
+            v.frame_too, v.hull_colour, v.stand);
+}
 Values ViewNumbers(const Session& s) {
   const MotionViewState& v = s.motion_view;
   return Of(v.fs_opacity, v.ambient, v.view.view_width, v.view.view_radius, v.view.view_azimuth, v.view.view_elevation, v.fs_grid_size,
@@ -374,6 +380,18 @@ TEST(Settings, AnimationOptions) {
         {"BODY wire", {1, 1, 1, 1, 1, 0, 0, 1}}},
        {{"", 4, "ERROR - Invalid quantity for ? command:"}, {"TITLES on", 4, "ERROR - Invalid quantity for ? command: TITLES"},
         {"BODY x", 4, sea}, {"SEA", 4, sea}, {"SEA T", 4, none("SEA TRANSPARENT")}}},
+      {words, ViewFlags, {{"WIRE on", {1, 1, 1, 1, 1, 0, 1, 1}}}, {}},
+      {words, MoreViewFlags,
+       {{"CGTRACK on", {1, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0}}, {"WATERLINE on", {0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0}},
+        {"CENTRES on", {0, 0, 1, 0, 1, 0, 0, 0, 0, 0, 0}}, {"POINT_MARK on", {0, 0, 0, 1, 1, 0, 0, 0, 0, 0, 0}},
+        {"SURFACE off", {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}}, {"SURFACE_WIRE on", {0, 0, 0, 0, 1, 1, 0, 0, 0, 0, 0}},
+        {"HORIZON on", {0, 0, 0, 0, 1, 0, 1, 0, 0, 0, 0}}, {"EVENTS on", {0, 0, 0, 0, 1, 0, 0, 1, 0, 0, 0}},
+        {"FRAME_TOO on", {0, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0}},
+        {"COLOR wetness|WETNESS on", {0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0}}, {"CAMERA bridge", {0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 3}}},
+       {{"CAMERA x", 4, "Illegal value for KINO_OPT CAMERA : X"}, {"COLOR red", 4, "Illegal value for KINO_OPT COLOR : RED"}}},
+      {words, ViewNumbers, {{"CAMERA STERN", {0.6F, 0.3F, 30, 0, 180, 8, 0, 0, 0}}}, {}, {"KINO_OPT RADIUS 9\n"}},
+      {words, [](const Session& s) { const ScenePoint& c = s.motion_view.view.view_centre; return Of(c.x, c.y, c.z); },
+       {{"CENTER 1 -2 3.5", {1, -2, 3.5F}}}, {{"CENTER 1 2 x", 4, none("CENTER")}}},
       {words, ViewFlags, {{"BODY solid", {1, 1, 1, 1, 1, 0, 1, 0}}}, {}, {"KINO_OPT BODY W\n"}},
       {words, ViewNumbers, {{"SEA Solid", {1, 0.3F, 30, 0, 45, 30, 0, 0, 0}}}, {}, {"KINO_OPT SEA T 0.5\n"}},
       {words, ViewNumbers, {{"SEA T 0.25", {0.25F, 0.3F, 30, 0, 45, 30, 0, 0, 0}}, {"SEA T 1.5", {1, 0.3F, 30, 0, 45,

@@ -1,5 +1,6 @@
-// Thousands of keys, clicks and new sizes in no sense of order, over all kinds of plot and the hull. Nothing may break, and "q"
-// still leaves the view. ZAVIEW_EVENTS: how many (a long run by hand: 100000, built with sanitizers).
+// Thousands of keys, clicks and new sizes in no sense of order, over all kinds of plot, the hull and the animation.
+// Nothing may break, and "q" still leaves the view. ZAVIEW_EVENTS: how many (a long run by hand: 100000, built with
+// sanitizers).
 #include <cstdlib>
 #include <random>
 #include <string>
@@ -8,6 +9,7 @@
 #include "geometry_picture.h"
 #include "gks/window/gks_window.h"
 #include "views/frame/plot_session.h"
+#include "views/state/run_pictures.h"
 #include "views/state/start_plot.h"
 
 namespace zaview {
@@ -19,6 +21,7 @@ struct Storm : Views {
   std::mt19937 random{20240417};
   int views_left = 0;
   bool over = false;
+  bool animation = false;
 
   int Below(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
 
@@ -49,6 +52,10 @@ struct Storm : Views {
   }
   void Start() {
     constexpr int kQuantityOfLoads = 13, kOneIn = 4;
+    if (animation) {
+      EXPECT_TRUE(StartAnimation(session, {}, 0)) << fake.output;
+      return;
+    }
     if (Below(kOneIn) == 0) {
       EXPECT_TRUE(StartView(session, PlotModule::geometry, 0)) << fake.output;
       return;
@@ -101,10 +108,10 @@ int Wanted() {
   return set == nullptr ? kEvents : std::atoi(set);
 }
 
-void WeatherStorm(Storm& storm) {
+void WeatherStorm(Storm& storm, int share = 1) {
   // The loop ends with its events, as nobody is left to make more; then the view is left as ever.
-  EXPECT_EQ(storm.Run(Wanted()), kRunFailed) << storm.fake.output;
-  EXPECT_GT(storm.views_left, 3);
+  EXPECT_EQ(storm.Run(Wanted() / share), kRunFailed) << storm.fake.output;
+  EXPECT_GT(storm.views_left, 3 / share);
   storm.over = true;
   for (const int key : {27, static_cast<int>('q')}) {  // out of a question, out of the view
     FedEvent event;
@@ -123,6 +130,13 @@ TEST(RandomEvents, Ensemble) {
 TEST(RandomEvents, Loads) {
   Storm storm({"irregular_head.out"});
   WeatherStorm(storm);
+}
+
+TEST(RandomEvents, Animation) {
+  constexpr int kSlower = 2;
+  Storm storm({"irregular_head.out"});
+  storm.animation = true;
+  WeatherStorm(storm, kSlower);
 }
 
 }  // namespace
