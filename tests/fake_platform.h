@@ -38,7 +38,8 @@ struct FakePlatform {
   std::map<std::string, File> files;
   std::set<std::string> directories{"", "/"};  // made on the fly for files put in with Put
   std::map<std::string, std::string> links;    // name to target
-  std::set<std::string> read;                  // files that were opened to be read
+  std::string working_directory = "/";
+  std::set<std::string> read;  // files that were opened to be read
 
   // A program of the machine: what it reads is in the file of its last word ("file:name") when it ends.
   std::string program;             // its name; blank: there is none
@@ -49,7 +50,7 @@ struct FakePlatform {
 
   // Faults on demand.
   std::set<std::string> no_new_files_in;  // directories
-  std::set<std::string> refused;          // names that can't be opened for writing
+  std::set<std::string> refused;          // names that can't be opened for writing, directories that can't be listed
   bool no_handles = false;                // no new file can be made, although its directory would take it
   std::int64_t room = -1;                 // bytes that may still be written to files; -1: no end
   bool close_fails = false;
@@ -215,18 +216,20 @@ inline Platform FakePlatform::Get() {
   p.files.remove = [](void* self, const std::string& name) {
     return Of(self).links.erase(name) + Of(self).files.erase(name) != 0;
   };
-  p.files.list = [](void* self, const std::string& directory, std::vector<std::string>& names) {
+  p.files.list = [](void* self, const std::string& directory, std::vector<DirectoryEntry>& entries) {
     const FakePlatform& fake = Of(self);
-    if (fake.directories.count(directory) == 0) return false;
-    const auto add = [&](const std::string& name) {
+    if (fake.directories.count(directory) == 0 || fake.refused.count(directory) != 0) return false;
+    const auto add = [&](const std::string& name, bool is_directory) {
       if (name.empty() || name == directory || DirectoryOf(name) != directory) return;
       const std::size_t slash = name.rfind('/');
-      names.push_back(slash == std::string::npos ? name : name.substr(slash + 1));
+      entries.push_back({slash == std::string::npos ? name : name.substr(slash + 1), is_directory});
     };
-    for (const auto& entry : fake.files) add(entry.first);
-    for (const std::string& name : fake.directories) add(name);
+    for (const auto& entry : fake.files) add(entry.first, false);
+    for (const auto& link : fake.links) add(link.first, fake.directories.count(link.second) != 0);
+    for (const std::string& name : fake.directories) add(name, true);
     return true;
   };
+  p.files.working_directory = [](void* self) { return Of(self).working_directory; };
   p.files.why = [](void*) { return std::string(); };  // nobody knows
   return p;
 }

@@ -52,6 +52,11 @@ struct FileFacts {
   bool was_read = false;     // this run has opened this file to read it, under this name or another
 };
 
+struct DirectoryEntry {
+  std::string name;
+  bool directory = false;  // links are followed
+};
+
 struct Files {
   void* self = nullptr;
   FileHandle (*open_read)(void* self, const std::string& name) = nullptr;  // kNoFile for directories as well
@@ -64,8 +69,9 @@ struct Files {
   FileFacts (*facts)(void* self, const std::string& name) = nullptr;
   bool (*rename)(void* self, const std::string& from, const std::string& to) = nullptr;
   bool (*remove)(void* self, const std::string& name) = nullptr;
-  // Names in a directory ("" is the working directory), in no order; false if it can't be listed.
-  bool (*list)(void* self, const std::string& directory, std::vector<std::string>& names) = nullptr;
+  // What is in a directory ("" is the working directory), in no order; false if it can't be listed.
+  bool (*list)(void* self, const std::string& directory, std::vector<DirectoryEntry>& entries) = nullptr;
+  std::string (*working_directory)(void* self) = nullptr;  // blank: it is gone
   std::string (*why)(void* self) = nullptr;  // the last open that gave kNoFile did so: "Permission denied"
 };
 

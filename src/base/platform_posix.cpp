@@ -10,7 +10,9 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -325,12 +327,25 @@ bool Remove(void* self, const std::string& name) {
   return ::unlink(name.c_str()) == 0;
 }
 
-bool List(void*, const std::string& directory, std::vector<std::string>& names) {
+// The kind stands in the entry itself, but for links, and on file systems that don't tell.
+bool IsDirectoryEntry(int directory, const dirent& entry) {
+  if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
+  struct stat found {};
+  return ::fstatat(directory, entry.d_name, &found, 0) == 0 && S_ISDIR(found.st_mode);
+}
+
+bool List(void*, const std::string& directory, std::vector<DirectoryEntry>& entries) {
   DIR* const open = ::opendir(directory.empty() ? "." : directory.c_str());
   if (open == nullptr) return false;
-  while (const dirent* entry = ::readdir(open)) names.emplace_back(entry->d_name);
+  while (const dirent* entry = ::readdir(open))
+    entries.push_back({entry->d_name, IsDirectoryEntry(::dirfd(open), *entry)});
   ::closedir(open);
   return true;
+}
+
+std::string WorkingDirectory(void*) {
+  std::error_code fault;
+  return std::filesystem::current_path(fault).string();
 }
 
 std::string Why(void* self) {
@@ -382,8 +397,8 @@ Platform PosixPlatform() {
                         FlushAll(Of(self));
                         static_cast<void>(WriteAll(STDERR_FILENO, text));
                       }};
-  platform.files = {&machine,  OpenRead, ReadFile, OpenWrite, WriteFile, ResizeFile,
-                    CloseFile, Facts,    Rename,   Remove,    List,      Why};
+  platform.files = {&machine, OpenRead, ReadFile, OpenWrite, WriteFile,        ResizeFile, CloseFile,
+                    Facts,    Rename,   Remove,   List,      WorkingDirectory, Why};
   platform.programs = {
       &machine,
       [](void*, const std::string& name) { return IsOnPath(name); },

@@ -15,7 +15,10 @@ inline constexpr unsigned kShiftKey = 1, kControlKey = 2, kAltKey = 4;
 
 // Keys: letters as ASCII (Control and a letter: 1 to 26), and these.
 inline constexpr int kKeyLeft = 65361, kKeyUp = 65362, kKeyRight = 65363, kKeyDown = 65364, kKeyPageUp = 1104,
-                     kKeyPageDown = 1105, kKeyEnd = 1107, kKeyF1 = 1001;
+                     kKeyPageDown = 1105, kKeyHome = 1106, kKeyEnd = 1107, kKeyInsert = 1108, kKeyF1 = 1001;
+
+// Buttons: left, middle, right, and the two ways of the wheel.
+inline constexpr int kWheelUp = 4, kWheelDown = 5;
 
 struct WindowEvents {  // filled by whoever opens the window
   void* self = nullptr;
@@ -23,9 +26,16 @@ struct WindowEvents {  // filled by whoever opens the window
   void (*reshape)(void* self, int id, int width, int height) = nullptr;
   void (*visible)(void* self, int id, bool on) = nullptr;
   void (*key)(void* self, int id, int code, unsigned modifiers, int x, int y) = nullptr;
-  void (*mouse)(void* self, int id, int button, unsigned modifiers, int x, int y) = nullptr;  // presses of 1, 2, 3
+  // Presses of 1, 2, 3; in menu windows of the wheel too. Null pointers below: nobody wants them.
+  void (*mouse)(void* self, int id, int button, unsigned modifiers, int x, int y) = nullptr;
+  void (*release)(void* self, int id, int button, unsigned modifiers, int x, int y) = nullptr;  // menu windows only
+  void (*drag)(void* self, int id, int x, int y) = nullptr;  // moved with a button down; menu windows only
   void (*closed)(void* self, int id) = nullptr;
   void (*idle)(void* self) = nullptr;
+};
+
+struct WindowPlace {
+  int x = 0, y = 0, width = 0, height = 0;  // pixels of the screen, y down
 };
 
 enum class Font : std::uint8_t { helvetica_10, helvetica_12, fixed_8_13, fixed_9_15, helvetica_18, times_24, stroke };
@@ -45,7 +55,10 @@ struct WindowSystem {
   void (*post_redisplay)(void* self, int id) = nullptr;
   void (*show)(void* self, int id) = nullptr;
   void (*hide)(void* self, int id) = nullptr;
+  void (*raise)(void* self, int id) = nullptr;  // above all others
   void (*reshape_window)(void* self, int id, int width, int height) = nullptr;
+  WindowPlace (*place)(void* self, int id) = nullptr;
+  WindowPlace (*screen)(void* self) = nullptr;
   int (*set_current)(void* self, int id) = nullptr;  // the one before
   // A picture of the window's size begins: an image in memory that the caller draws into, until the next one begins or
   // the window goes. Null: memory is out.

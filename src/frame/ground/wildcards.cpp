@@ -16,13 +16,14 @@ bool IsDirectory(const Files& files, const std::string& name) {
 // The entries of `directory` ("" or with its slash) that match one part of a pattern, as whole names.
 void MatchPart(const Files& files, const std::string& directory, const std::string& part,
                std::vector<std::string>& names) {
-  std::vector<std::string> entries;
+  std::vector<DirectoryEntry> entries;
   const std::string listed = directory.size() > 1 ? directory.substr(0, directory.size() - 1) : directory;
   if (!files.list(files.self, listed, entries)) return;
-  for (const std::string& entry : entries) {
+  for (const DirectoryEntry& entry : entries) {
+    const std::string& name = entry.name;
     if (names.size() >= kMostNames) return;
-    if (entry == "." || entry == "..") continue;
-    if (::fnmatch(part.c_str(), entry.c_str(), FNM_PERIOD | FNM_NOESCAPE) == 0) names.push_back(directory + entry);
+    if (name == "." || name == "..") continue;
+    if (::fnmatch(part.c_str(), name.c_str(), FNM_PERIOD | FNM_NOESCAPE) == 0) names.push_back(directory + name);
   }
 }
 

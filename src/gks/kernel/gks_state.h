@@ -103,8 +103,12 @@ struct GksSideWindow {
   int id = 0, width = 0, height = 0;  // pixels, as the window system has them
   void (*display)(void* self, const GksPaint& paint, int width, int height) = nullptr;
   bool (*key)(void* self, int key) = nullptr;                     // false: it is one for the view in the main window
-  void (*mouse)(void* self, int button, int x, int y) = nullptr;  // pixels
+  void (*mouse)(void* self, int button, int x, int y) = nullptr;  // presses, of the wheel too; pixels
   void (*closed)(void* self) = nullptr;                           // by the user: it is gone
+  // Null: nobody wants them.
+  void (*release)(void* self, int button, int x, int y) = nullptr;
+  void (*drag)(void* self, int x, int y) = nullptr;  // moved with a button down
+  void (*resized)(void* self, int width, int height) = nullptr;
 };
 
 struct GksState {

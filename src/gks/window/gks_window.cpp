@@ -153,6 +153,33 @@ void MouseOfSide(GksState& gks, int id, int button, unsigned modifiers, int x, i
   PostSide(gks, id);
 }
 
+void ReleaseOfSide(void* self, int id, int button, unsigned modifiers, int x, int y) {
+  GksState& gks = Of(self);
+  const GksSideWindow* const row = FindSide(gks, id);
+  if (row == nullptr || row->release == nullptr || IsDumping(gks)) return;
+  gks.modifiers = modifiers;
+  row->release(row->self, button, x, y);
+  gks.modifiers = 0;
+  PostSide(gks, id);
+}
+
+void DragOfSide(void* self, int id, int x, int y) {
+  GksState& gks = Of(self);
+  const GksSideWindow* const row = FindSide(gks, id);
+  if (row == nullptr || row->drag == nullptr || IsDumping(gks)) return;
+  row->drag(row->self, x, y);
+  PostSide(gks, id);
+}
+
+void ReshapeSide(GksState& gks, int id, int width, int height) {
+  GksSideWindow* const row = FindSide(gks, id);
+  if (row == nullptr) return;
+  row->width = width;
+  row->height = height;
+  if (row->resized != nullptr) row->resized(row->self, width, height);
+  PostSide(gks, id);
+}
+
 // The row is gone ahead of its handler, which may open the window anew.
 void CloseSide(GksState& gks, int id) {
   const GksSideWindow* const found = FindSide(gks, id);
@@ -184,12 +211,7 @@ void OnDisplay(void* self, int id, bool damaged) {
 void OnReshape(void* self, int id, int width, int height) {
   GksState& gks = Of(self);
   if (width < 1 || height < 1) return;
-  if (GksSideWindow* const row = FindSide(gks, id)) {
-    row->width = width;
-    row->height = height;
-    PostSide(gks, id);
-  }
-  if (id != gks.window.id) return;
+  if (id != gks.window.id) return ReshapeSide(gks, id, width, height);
   gks.window.width = width;
   gks.window.height = height;
   gks.window.resize_until = 0;
@@ -216,6 +238,7 @@ void OnKey(void* self, int id, int code, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
   if (IsDumping(gks)) return;  // nobody is to come between a view and its picture
   if (id != gks.window.id && KeyOfSide(gks, id, code, modifiers)) return;
+  if (code == kKeyHome || code == kKeyInsert) return;  // of type-ins alone
   DrawIfStale(gks);
   gks.modifiers = modifiers;
   gksKey(gks, code, x, y);
@@ -285,6 +308,8 @@ WindowEvents EventsOf(GksState& gks) {
   events.visible = OnVisible;
   events.key = OnKey;
   events.mouse = OnMouse;
+  events.release = ReleaseOfSide;
+  events.drag = DragOfSide;
   events.closed = OnClosed;
   events.idle = OnIdle;
   return events;

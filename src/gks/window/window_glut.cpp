@@ -220,10 +220,12 @@ void OnKey(unsigned char key, int x, int y) {
 
 // Others are nobody's: the modifier keys among them, which come alone ahead of their letter.
 void OnSpecialKey(int key, int x, int y) {
+  constexpr int kDelete = 127;
   constexpr std::pair<int, int> kKeys[] = {{GLUT_KEY_LEFT, kKeyLeft},      {GLUT_KEY_UP, kKeyUp},
                                            {GLUT_KEY_RIGHT, kKeyRight},    {GLUT_KEY_DOWN, kKeyDown},
                                            {GLUT_KEY_PAGE_UP, kKeyPageUp}, {GLUT_KEY_PAGE_DOWN, kKeyPageDown},
-                                           {GLUT_KEY_END, kKeyEnd}};
+                                           {GLUT_KEY_HOME, kKeyHome},      {GLUT_KEY_END, kKeyEnd},
+                                           {GLUT_KEY_INSERT, kKeyInsert},  {GLUT_KEY_DELETE, kDelete}};
   if (key >= GLUT_KEY_F1 && key <= GLUT_KEY_F12) {
     SendKey(key - GLUT_KEY_F1 + kKeyF1, x, y);
     return;
@@ -234,8 +236,15 @@ void OnSpecialKey(int key, int x, int y) {
 
 void OnMouse(int button, int state, int x, int y) {
   const WindowEvents& events = glut_windows->events;
-  if (state != GLUT_DOWN || button < GLUT_LEFT_BUTTON || button > GLUT_RIGHT_BUTTON) return;  // 3, 4: the wheel
-  if (events.mouse != nullptr) events.mouse(events.self, CurrentId(), button + 1, Modifiers(), x, y);
+  const int id = CurrentId(), number = button + 1;  // the library's buttons 3 and 4 are the wheel
+  if (number < 1 || number > (id == kMainWindow ? GLUT_RIGHT_BUTTON + 1 : kWheelDown)) return;
+  const auto tell = state == GLUT_DOWN ? events.mouse : id == kMainWindow ? nullptr : events.release;
+  if (tell != nullptr) tell(events.self, id, number, Modifiers(), x, y);
+}
+
+void OnMotion(int x, int y) {
+  const WindowEvents& events = glut_windows->events;
+  if (events.drag != nullptr) events.drag(events.self, CurrentId(), x, y);
 }
 
 // By the user: windows that we destroy have no row any more. Picture and lists went with the window's context.
@@ -341,6 +350,7 @@ int CreateWindow(void* self, const std::string& title, int x, int y, int width, 
   glutCloseFunc(OnClose);
   glDrawBuffer(windows.double_buffered ? GL_BACK : GL_FRONT);
   if (id == kMainWindow) glutSetCursor(GLUT_CURSOR_CROSSHAIR);
+  else glutMotionFunc(OnMotion);
   return id;
 }
 
@@ -394,6 +404,26 @@ void ReshapeWindow(void* self, int id, int width, int height) {
   if (row == nullptr || width < 1 || height < 1) return;
   const InWindow in(windows, *row);
   glutReshapeWindow(width, height);
+}
+
+void Raise(void* self, int id) {
+  GlutWindows& windows = Of(self);
+  const Row* const row = Find(windows, id);
+  if (row == nullptr) return;
+  const InWindow in(windows, *row);
+  glutPopWindow();
+}
+
+WindowPlace Place(void* self, int id) {
+  GlutWindows& windows = Of(self);
+  const Row* const row = Find(windows, id);
+  if (row == nullptr) return {};
+  const InWindow in(windows, *row);
+  return {glutGet(GLUT_WINDOW_X), glutGet(GLUT_WINDOW_Y), row->width, row->height};
+}
+
+WindowPlace Screen(void*) {
+  return {0, 0, glutGet(GLUT_SCREEN_WIDTH), glutGet(GLUT_SCREEN_HEIGHT)};
 }
 
 int SetCurrent(void* self, int id) {
@@ -476,7 +506,10 @@ WindowSystem GlutWindowSystem(const Platform& platform) {
   system.post_redisplay = PostRedisplay;
   system.show = Show;
   system.hide = Hide;
+  system.raise = Raise;
   system.reshape_window = ReshapeWindow;
+  system.place = Place;
+  system.screen = Screen;
   system.set_current = SetCurrent;
   system.begin_image = BeginImage;
   system.begin_scene = BeginScene;

@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::string_view kNoLibrary = "libEGL.so.1 not found";
 constexpr std::string_view kNoOpenGl = "no OpenGL configuration";
+constexpr int kMainWindow = 1;
 constexpr const char* kLibrary = "libEGL.so.1";
 
 struct EglCalls {
@@ -31,6 +32,7 @@ struct EglCalls {
 };
 
 struct Row {
+  int x = 0, y = 0;           // of the window on a screen that isn't there
   int width = 0, height = 0;  // of the window; the picture follows when one is begun
   bool shown = true;
   bool sized = true, uncovered = true;  // to be told by reshape and visible
@@ -132,12 +134,14 @@ void FreeScene(const OffscreenWindows& windows, Row& row) {
   FreeSceneBuffer(row.scene);
 }
 
-int CreateWindow(void* self, const std::string&, int, int, int width, int height) {
+int CreateWindow(void* self, const std::string&, int x, int y, int width, int height) {
   OffscreenWindows& windows = Of(self);
   if (!windows.started || width < 1 || height < 1) return 0;
   int id = 1;
   while (Find(windows, id) != nullptr) ++id;
   Row row;
+  row.x = x;
+  row.y = y;
   row.width = width;
   row.height = height;
   windows.rows.emplace(id, std::move(row));
@@ -184,6 +188,15 @@ void ReshapeWindow(void* self, int id, int width, int height) {
   row->sized = true;
   row->pending = true;
   row->damaged = true;
+}
+
+WindowPlace Place(void* self, int id) {
+  const Row* const row = Find(Of(self), id);
+  return row == nullptr ? WindowPlace{} : WindowPlace{row->x, row->y, row->width, row->height};
+}
+
+WindowPlace Screen(void*) {
+  return {0, 0, kOffscreenWidth, kOffscreenHeight};
 }
 
 int SetCurrent(void* self, int id) {
@@ -273,6 +286,13 @@ void TellFed(OffscreenWindows& windows, const FedEvent& event) {
     case FedEvent::Kind::mouse:
       if (events.mouse != nullptr) events.mouse(events.self, event.id, event.code, event.modifiers, event.x, event.y);
       return;
+    case FedEvent::Kind::release:
+      if (events.release != nullptr && event.id != kMainWindow)
+        events.release(events.self, event.id, event.code, event.modifiers, event.x, event.y);
+      return;
+    case FedEvent::Kind::drag:
+      if (events.drag != nullptr && event.id != kMainWindow) events.drag(events.self, event.id, event.x, event.y);
+      return;
     case FedEvent::Kind::reshape:
       ReshapeWindow(&windows, event.id, event.x, event.y);
       return;
@@ -324,7 +344,10 @@ WindowSystem OffscreenWindowSystem(OffscreenWindows* windows) {
   system.post_redisplay = PostRedisplay;
   system.show = Show;
   system.hide = Hide;
+  system.raise = [](void*, int) {};
   system.reshape_window = ReshapeWindow;
+  system.place = Place;
+  system.screen = Screen;
   system.set_current = SetCurrent;
   system.begin_image = BeginImage;
   system.begin_scene = BeginScene;

@@ -16,12 +16,14 @@ void FreeOffscreenWindows(OffscreenWindows* windows);
 
 // For tests: an event that main_loop delivers in its turn, behind all drawing that is pending and ahead of idle calls.
 struct FedEvent {
-  enum class Kind : unsigned char { key, mouse, reshape, close } kind = Kind::key;
+  enum class Kind : unsigned char { key, mouse, reshape, close, release, drag } kind = Kind::key;
   int id = 1, code = 0;  // key code or button
   unsigned modifiers = 0;
   int x = 0, y = 0;  // pixels; reshape: width, height
 };
 void FeedEvent(OffscreenWindows& windows, const FedEvent& event);
+
+inline constexpr int kOffscreenWidth = 1280, kOffscreenHeight = 1024;  // of the screen
 
 // For tests: the picture of any window, as read_picture gives that of the main window.
 [[nodiscard]] bool ReadOffscreenPicture(OffscreenWindows& windows, int id, int width, int height, unsigned char* rgb);
