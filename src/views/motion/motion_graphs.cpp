@@ -155,16 +155,17 @@ void DrawLabels(const MotionGraph& graph, const PlotFacts& facts, const PageBox&
                 float height, PlotDraw draw) {
   const float letter = LetterHeight(draw, height), gap = kGap * letter, up = kDescent * letter;
   const PageBox& area = axes.area;
+  const auto text = graph.blank ? PageText : ClearText;  // on its own paper as it is
   const float right = area.x + area.width, top = area.y + area.height;
-  ClearText(draw, LabelOf(graph, facts, height, box.width - 2 * gap, draw), box.x + gap, top + gap + up, height,
-            TextSide::left);
-  ClearText(draw, axes.high, area.x - gap, top - letter + up, height, TextSide::right);
-  ClearText(draw, axes.low, area.x - gap, area.y, height, TextSide::right);
+  text(draw, LabelOf(graph, facts, height, box.width - 2 * gap, draw), box.x + gap, top + gap + up, height,
+       TextSide::left);
+  text(draw, axes.high, area.x - gap, top - letter + up, height, TextSide::right);
+  text(draw, axes.low, area.x - gap, area.y, height, TextSide::right);
   const float base = area.y - gap - letter + up;
   const float free = area.width - TextWidth(draw, axes.right, height) - 2 * gap;
   const bool beside = TextWidth(draw, axes.left, height) <= free;
-  ClearText(draw, axes.left, beside ? area.x : box.x + gap, base, height, TextSide::left);
-  ClearText(draw, axes.right, right, base, height, TextSide::right);
+  text(draw, axes.left, beside ? area.x : box.x + gap, base, height, TextSide::left);
+  text(draw, axes.right, right, base, height, TextSide::right);
 }
 
 void DrawUpright(PlotDraw draw, float x, float y0, float y1) {

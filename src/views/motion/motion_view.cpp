@@ -7,6 +7,7 @@
 
 #include "base/data_fault.h"
 #include "base/message.h"
+#include "views/motion/motion_events.h"
 #include "views/motion/motion_graphs.h"
 #include "views/motion/motion_overlay.h"
 #include "views/motion/motion_scene.h"
@@ -67,6 +68,7 @@ void KinoRender(Session& session) {
     return;
   }
   UpdateMotionGraphs(SourceOf(session), session.motion_view);
+  if (session.motion_view.show_events) UpdateMotionEvents(SourceOf(session), session.motion_view);
   DrawMotionOverlay(session.motion_view, FactsOf(session), draw);
   static_cast<void>(dgFrame(draw, -3));
   session.run.redraw = false;
