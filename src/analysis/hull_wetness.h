@@ -1,29 +1,13 @@
 // How deep the hull is in the waves of the moment, and what of it has been wet: vertex by vertex, step by step.
 #pragma once
 
-#include <cstdint>
-#include <limits>
 #include <span>
-#include <vector>
 
+#include "analysis/wetness_state.h"
 #include "base/rotation.h"
 #include "case/case_store.h"
 
 namespace zaview {
-
-inline constexpr int kNeverWet = std::numeric_limits<int>::max();
-
-struct HullWetness {              // kept from step to step; data only
-  std::uint64_t case_serial = 0;  // of what is kept; 0: nothing
-  int first_step = 1;             // steps first_step .. known_to are counted
-  int known_to = 0;
-  std::vector<float> immersion;  // of a vertex at the step that was asked for, wave less height: above 0 it is wet
-  std::vector<int> first_wet;    // of the steps that are counted, the first at which the vertex is wet; kNeverWet
-
-  std::vector<Vector3> place;  // room for the work: earth axes
-  std::vector<double> x, y;
-  std::vector<float> eta;
-};
 
 // points: of the hull, ship axes from the CG, non-dimensional, the same ones for a case. step: in use. A step further
 // on adds those in between, one before them costs no more than itself: a vertex has been wet up to a step if

@@ -1,13 +1,20 @@
 #include "views/motion/hull_parts.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <span>
+#include <utility>
+#include <vector>
 
+#include "analysis/hull_wetness.h"
 #include "base/grow.h"
 #include "case/ship_pose.h"
 #include "geometry/appendages.h"
 #include "geometry/hull_cells.h"
+#include "views/motion/refine.h"
 
 namespace zaview {
 
@@ -67,14 +74,50 @@ bool Empty(std::size_t cells, SceneMesh& mesh) {
          Reserve(mesh.lines, kMostEnds * cells);
 }
 
+bool RefineMesh(double longest, SceneMesh& mesh) {
+  const auto apart = [](const SceneVertex& a, const SceneVertex& b) {
+    return static_cast<double>(std::hypot(a.place[0] - b.place[0], a.place[1] - b.place[1], a.place[2] - b.place[2]));
+  };
+  const auto middle = [](const SceneVertex& a, const SceneVertex& b) {
+    SceneVertex between = a;
+    for (std::size_t k = 0; k < 3; ++k) between.place[k] = 0.5F * (a.place[k] + b.place[k]);
+    return between;
+  };
+  std::vector<std::uint32_t> triangles;
+  const auto put = [&](const std::array<std::uint32_t, 3>& part) {
+    triangles.insert(triangles.end(), part.begin(), part.end());
+  };
+  for (std::size_t i = 0; i + 2 < mesh.triangles.size(); i += 3)
+    RefineTriangle({mesh.triangles[i], mesh.triangles[i + 1], mesh.triangles[i + 2]}, longest, mesh.vertices, apart,
+                   middle, put);
+  mesh.triangles = std::move(triangles);
+  return true;
+}
+
 }  // namespace
 
-bool MakeHullMesh(const CaseStore& store, double length, SceneColour colour, SceneMesh& mesh) {
+bool MakeHullMesh(const CaseStore& store, double length, SceneColour colour, double longest, SceneMesh& mesh) {
   std::size_t cells = 0;
   VisitCells(store.hull, [&](const HullCell&) { ++cells; });
   if (!Empty(cells, mesh)) return false;
   CellMesh put(store, length, colour, mesh);
   VisitCells(store.hull, [&](const HullCell& cell) { put.Put(cell); });
+  return longest == 0 || Guarded([&] { return RefineMesh(longest, mesh); }, false);
+}
+
+bool ColourByWetness(const CaseStore& store, double length, int step, MotionSceneState& scene) {
+  std::vector<SceneVertex>& vertices = scene.hull.vertices;
+  if (scene.hull_points.size() != vertices.size()) {
+    if (!Grow(scene.hull_points, vertices.size())) return false;
+    for (std::size_t i = 0; i < vertices.size(); ++i)
+      for (std::size_t k = 0; k < 3; ++k) scene.hull_points[i][k] = static_cast<double>(vertices[i].place[k]) / length;
+  }
+  if (!FollowWetness(store, scene.hull_points, step, scene.wetness)) return false;
+  for (std::size_t i = 0; i < vertices.size(); ++i) {
+    const bool was_wet = scene.wetness.first_wet[i] <= step;
+    const SceneColour& ink = scene.wetness.immersion[i] > 0 ? kWetInk : was_wet ? kWasWetInk : kHullInk;
+    std::copy_n(ink.begin(), 3, vertices[i].colour.begin());
+  }
   return true;
 }
 

@@ -18,7 +18,7 @@ namespace zaview {
 namespace {
 
 constexpr double kReferenceLength = 1.0;  // as hulls are stored
-constexpr double kPartsOfHull = 50;       // of its length: edges that a waterline is straight in
+constexpr double kPartsOfHull = 50;       // of its length: the longest edges where it tells of the water
 constexpr unsigned char kHalf = 128;      // cover of a transparent hull
 constexpr float kUnseen = 0.05F;          // a sea of less opacity isn't drawn
 constexpr SceneColour kSeaWire{20, 60, 95, 255}, kTrackInk{240, 200, 40, 255}, kWaterlineInk{250, 240, 120, 255};
@@ -28,18 +28,20 @@ constexpr std::uint16_t kHiddenPattern = 0x3333;
 // ---- What is made ahead of drawing
 
 bool MakeHull(const StageInput& input, const MotionViewState& view, unsigned generation, MotionSceneState& scene) {
-  const HullDrawnKey key{input.store.serial, static_cast<float>(input.length), view.body_transparent};
+  const HullDrawnKey key{input.store.serial, static_cast<float>(input.length), view.body_transparent, view.hull_colour};
   if (scene.hull_of == key) return true;
   DropMesh(scene.hull, generation);
   SceneColour colour = kHullInk;
   if (view.body_transparent) colour[3] = kHalf;
   scene.hull_of = {};
+  scene.hull_points.clear();
   scene.extent = ExtentOf(input);
-  if (!MakeHullMesh(input.store, input.length, colour, scene.hull)) return false;
+  const double longest = std::max(scene.extent.high[0] - scene.extent.low[0], scene.extent.reach) / kPartsOfHull;
+  const bool coloured = view.hull_colour == HullColour::wetness;
+  if (!MakeHullMesh(input.store, input.length, colour, coloured ? longest : 0, scene.hull)) return false;
   if (!CloseHull(input.store.hull, kReferenceLength, scene.closed)) return false;
   if (!MakeStrips(input.store, input.length, scene.closed, scene.strips)) return false;
-  const double size = std::max(scene.extent.high[0] - scene.extent.low[0], scene.extent.reach) / input.length;
-  if (!RefineHull(size / kPartsOfHull, scene.closed)) return false;
+  if (!RefineHull(longest / input.length, scene.closed)) return false;
   if (!MakePlates(input.store, input.length, scene.plates)) return false;
   scene.hull_of = key;
   return true;
@@ -66,6 +68,8 @@ SeaLooks LooksOf(const MotionViewState& view) {
 bool MakeParts(const Session& s, const MotionStage& stage, MotionViewState& view) {
   const StageInput input = InputOf(s);
   if (!MakeFins(s.case_store, stage.length, stage.step, view.scene.fins)) return false;
+  const bool coloured = view.hull_colour == HullColour::wetness && !s.case_store.hull.empty();
+  if (coloured && !ColourByWetness(s.case_store, stage.length, stage.step, view.scene)) return false;
   const bool wet = !s.case_store.hull.empty() && (view.show_waterline || view.show_centres);
   if ((SeaIsDrawn(view) || wet) && !MakeSea(s.case_store, stage, LooksOf(view), view.scene)) return false;
   if (wet && !MakeWettedHull(stage, ShipCentre(s.case_store), view.scene)) return false;
@@ -198,7 +202,7 @@ SceneFault DrawMotionScene(Session& session, MotionStage& stage, std::string& wh
   ChooseEarthStand(view, input);
   stage = StageOf(view, input);
   const bool made = has_hull && MakeParts(s, stage, view);
-  if (made) KeepMesh(view.scene.hull, generation);
+  if (made && view.hull_colour == HullColour::plain) KeepMesh(view.scene.hull, generation);  // else it changes
   if (made) DrawAll(s, stage);
   if (!gksEndScene(windows, s.gks, why)) return SceneFault::no_opengl;
   return made ? SceneFault::none : SceneFault::no_memory;

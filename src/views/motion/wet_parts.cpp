@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <utility>
 #include <vector>
 
 #include "base/grow.h"
+#include "views/motion/refine.h"
 
 namespace zaview {
 
@@ -28,22 +28,8 @@ double Apart(const Vector3& a, const Vector3& b) {
   return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
 
-// Halves a triangle across its longest edge again and again.
-void PutRefined(TriangleCorners t, double longest, std::vector<Vector3>& vertices, std::vector<TriangleCorners>& out) {
-  const auto edge = [&](std::size_t i) { return Apart(vertices[t[i]], vertices[t[(i + 1) % 3]]); };
-  std::size_t i = edge(1) > edge(0) ? 1 : 0;
-  if (edge(2) > edge(i)) i = 2;
-  if (!(edge(i) > longest)) {
-    out.push_back(t);
-    return;
-  }
-  const Vector3 a = vertices[t[i]], b = vertices[t[(i + 1) % 3]];
-  const auto middle = static_cast<std::uint32_t>(vertices.size());
-  vertices.push_back({0.5 * (a[0] + b[0]), 0.5 * (a[1] + b[1]), 0.5 * (a[2] + b[2])});
-  TriangleCorners first = t, second = t;
-  first[(i + 1) % 3] = second[i] = middle;
-  PutRefined(first, longest, vertices, out);
-  PutRefined(second, longest, vertices, out);
+Vector3 Middle(const Vector3& a, const Vector3& b) {
+  return {0.5 * (a[0] + b[0]), 0.5 * (a[1] + b[1]), 0.5 * (a[2] + b[2])};
 }
 
 }  // namespace
@@ -54,7 +40,8 @@ bool RefineHull(double longest, ClosedHull& hull) {
     std::size_t strips = 0;
     for (std::size_t i = 0; i < hull.triangles.size(); ++i) {
       if (i == hull.strips) strips = triangles.size();
-      PutRefined(hull.triangles[i], longest, hull.vertices, triangles);
+      RefineTriangle(hull.triangles[i], longest, hull.vertices, Apart, Middle,
+                     [&](const TriangleCorners& part) { triangles.push_back(part); });
     }
     hull.strips = hull.strips < hull.triangles.size() ? strips : triangles.size();
     hull.triangles = std::move(triangles);

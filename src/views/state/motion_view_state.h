@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/run_event.h"
+#include "analysis/wetness_state.h"
 #include "base/rotation.h"
 #include "case/plot_data.h"
 #include "geometry/wetted_hull.h"
@@ -63,6 +64,7 @@ struct HullDrawnKey {  // what its mesh was made of
   std::uint64_t case_serial = 0;
   float length = 0;  // of the scale
   bool transparent = false;
+  HullColour colour = HullColour::plain;
   bool operator==(const HullDrawnKey&) const = default;
 };
 
@@ -74,9 +76,11 @@ struct HullExtent {  // of its points from the CG, ship axes, output lengths
 struct MotionSceneState {  // kept from picture to picture; the scene's lengths are output lengths
   HullDrawnKey hull_of;    // case 0: nothing is made
   HullExtent extent;
-  ClosedHull closed;               // axes and lengths of the hull
-  SceneMesh hull, strips, plates;  // ship axes, from the CG; strips close it at the top
-  SceneMesh fins;                  // at the rudder angle of the step
+  ClosedHull closed;                 // axes and lengths of the hull
+  SceneMesh hull, strips, plates;    // ship axes, from the CG; strips close it at the top
+  std::vector<Vector3> hull_points;  // its vertices, non-dimensional; where its colours tell where it is wet
+  HullWetness wetness;
+  SceneMesh fins;  // at the rudder angle of the step
 
   std::vector<double> grid_x, grid_y;  // of the sea's points, from the CG
   std::vector<double> wave_x, wave_y;  // where they are, global, non-dimensional

@@ -380,6 +380,33 @@ TEST(MotionScene, CameraGoesAlong) {
   EXPECT_LT(Different(watch, show(bridge, {3000, 70, 2}, {25, -8, 130})), 60);
 }
 
+// Colours of the side by height: wet up to the sea of the step, been wet up to that of the step before, then dry.
+TEST(MotionScene, HullTellsWhereItIsWet) {
+  MotionView v;
+  v.MakeCase(3);
+  v.AddBox({-30, -10, -6}, {30, 10, 6});
+  const double height[] = {2, -4, -1};  // of the box's middle above the still water
+  for (int step = 1; step <= 3; ++step) v.SetPose(step, {0, 0, height[step - 1]}, {0, 0, 0});
+  v.store().last_step = 3;
+  v.store().current_step = 3;
+  v.view().hull_colour = HullColour::wetness;
+  v.view().fs_opacity = 0;
+  v.view().shading_on = false;
+  const HandCamera beam{90, 0, 100, 30, false};
+  beam.Set(v.view().view);
+  v.Show();
+  const auto at = [&](double above_middle) {
+    const Pixel p = beam.At({5, 10, above_middle + height[2]}, v.width, v.height);
+    return v.At(static_cast<int>(p.x), static_cast<int>(p.y));
+  };
+  const auto ink = [](const SceneColour& c) {
+    return static_cast<unsigned>(c[0]) << 16U | static_cast<unsigned>(c[1]) << 8U | c[2];
+  };
+  EXPECT_EQ(at(-5), ink(kWetInk));
+  EXPECT_EQ(at(2.5), ink(kWasWetInk));  // up to 4 at step 2
+  EXPECT_EQ(at(5.5), ink(kHullInk));
+}
+
 // Corners c +- span/2 +- chord/2; the chord of a rudder turned by its deflection and the angle of the step, that of
 // another fin by its deflection alone.
 TEST(MotionScene, RudderTurnsAndOtherFinsStandStill) {
