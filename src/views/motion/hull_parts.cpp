@@ -96,6 +96,11 @@ bool RefineMesh(double longest, SceneMesh& mesh) {
 
 }  // namespace
 
+double SmallEdge(const HullExtent& extent) {
+  constexpr double kParts = 50;  // of the hull's length
+  return std::max(extent.high[0] - extent.low[0], extent.reach) / kParts;
+}
+
 bool MakeHullMesh(const CaseStore& store, double length, SceneColour colour, double longest, SceneMesh& mesh) {
   std::size_t cells = 0;
   VisitCells(store.hull, [&](const HullCell&) { ++cells; });
@@ -112,11 +117,14 @@ bool ColourByWetness(const CaseStore& store, double length, int step, MotionScen
     for (std::size_t i = 0; i < vertices.size(); ++i)
       for (std::size_t k = 0; k < 3; ++k) scene.hull_points[i][k] = static_cast<double>(vertices[i].place[k]) / length;
   }
+  const double small = SmallEdge(scene.extent) / length;
   if (!FollowWetness(store, scene.hull_points, step, scene.wetness)) return false;
   for (std::size_t i = 0; i < vertices.size(); ++i) {
-    const bool was_wet = scene.wetness.first_wet[i] <= step;
-    const SceneColour& ink = scene.wetness.immersion[i] > 0 ? kWetInk : was_wet ? kWasWetInk : kHullInk;
-    std::copy_n(ink.begin(), 3, vertices[i].colour.begin());
+    const SceneColour& above = scene.wetness.first_wet[i] <= step ? kWasWetInk : kHullInk;
+    // From one colour to the other over a small edge about the surface: its line isn't broken at the faces.
+    const double wet = std::clamp(0.5 + static_cast<double>(scene.wetness.immersion[i]) / small, 0.0, 1.0);
+    for (std::size_t k = 0; k < 3; ++k)
+      vertices[i].colour[k] = static_cast<unsigned char>(above[k] + wet * (kWetInk[k] - above[k]) + 0.5);
   }
   return true;
 }

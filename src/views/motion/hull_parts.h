@@ -11,6 +11,9 @@ namespace zaview {
 inline constexpr SceneColour kHullInk{191, 56, 43, 255}, kHullWire{66, 18, 14, 255}, kFinInk{222, 165, 50, 255},
     kWetInk{70, 64, 160, 255}, kWasWetInk{160, 84, 150, 255};
 
+// The longest edge of faces where they tell of the water.
+[[nodiscard]] double SmallEdge(const HullExtent& extent);
+
 // The cells of the hull, four triangles about the mean of the corners with one normal a cell, and their edges as
 // wires. longest: faces are parted until no edge is longer; 0: they are not. False: memory is out.
 [[nodiscard]] bool MakeHullMesh(const CaseStore& store, double length, SceneColour colour, double longest,

@@ -18,11 +18,10 @@ namespace zaview {
 namespace {
 
 constexpr double kReferenceLength = 1.0;  // as hulls are stored
-constexpr double kPartsOfHull = 50;       // of its length: the longest edges where it tells of the water
 constexpr unsigned char kHalf = 128;      // cover of a transparent hull
 constexpr float kUnseen = 0.05F;          // a sea of less opacity isn't drawn
 constexpr SceneColour kSeaWire{20, 60, 95, 255}, kTrackInk{240, 200, 40, 255}, kWaterlineInk{250, 240, 120, 255};
-constexpr float kWaterlineWidth = 2;
+constexpr float kClearWidth = 2;  // pixels, of lines that are no wires
 constexpr std::uint16_t kHiddenPattern = 0x3333;
 
 // ---- What is made ahead of drawing
@@ -36,7 +35,7 @@ bool MakeHull(const StageInput& input, const MotionViewState& view, unsigned gen
   scene.hull_of = {};
   scene.hull_points.clear();
   scene.extent = ExtentOf(input);
-  const double longest = std::max(scene.extent.high[0] - scene.extent.low[0], scene.extent.reach) / kPartsOfHull;
+  const double longest = SmallEdge(scene.extent);
   const bool coloured = view.hull_colour == HullColour::wetness;
   if (!MakeHullMesh(input.store, input.length, colour, coloured ? longest : 0, scene.hull)) return false;
   if (!CloseHull(input.store.hull, kReferenceLength, scene.closed)) return false;
@@ -119,7 +118,7 @@ void DrawShip(const MotionViewState& view, const MotionStage& stage) {
 SceneLine TrackLine(const MotionViewState& view, SceneDepth depth) {
   SceneLine line;
   line.colour = kTrackInk;
-  line.width = LineWidth(view);
+  line.width = std::max(kClearWidth, LineWidth(view));
   line.depth = depth;
   if (depth == SceneDepth::hidden) line.pattern = kHiddenPattern;
   return line;
@@ -158,7 +157,7 @@ void DrawSea(const MotionViewState& view, const MotionStage& stage) {
 void DrawWaterline(const MotionViewState& view) {
   SceneLine line;
   line.colour = kWaterlineInk;
-  line.width = std::max(kWaterlineWidth, LineWidth(view));
+  line.width = std::max(kClearWidth, LineWidth(view));
   line.closer = true;
   DrawSegments(view.scene.waterline, line);
 }

@@ -32,6 +32,10 @@ void LeaveView(Session& session) {
   session.run.redraw = false;
 }
 
+bool HasCurrentStep(const CaseStore& store) {
+  return store.has_steps() && store.current_step >= store.first_read && store.current_step <= store.last_read;
+}
+
 // Hull and sea, and the marks over them.
 bool DrawScene(Session& session, PlotDraw draw) {
   std::string why;
@@ -63,7 +67,7 @@ void KinoRender(Session& session) {
   TakeReverse(session.run, session.gks);
   const PlotDraw draw{session.platform, session.gks, session.page};
   if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
-  if (!session.case_store.has_steps() || !DrawScene(session, draw)) {
+  if (!HasCurrentStep(session.case_store) || !DrawScene(session, draw)) {
     LeaveView(session);
     return;
   }
