@@ -6,7 +6,7 @@ packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-
           libedit-dev libgl-dev libegl-dev libegl1 freeglut3-dev libx11-dev libpng-dev libgd-dev)
 case ${1-} in
   "") ;;
-  --tests) packages+=(libgtest-dev xvfb) ;;
+  --tests) packages+=(libgtest-dev xvfb ffmpeg) ;;
   *) echo "usage: install_packages.sh [ --tests ]" >&2; exit 2 ;;
 esac
 

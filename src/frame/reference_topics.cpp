@@ -15,6 +15,7 @@
 #include "stats/statistic_table.h"
 #include "views/data_plot/data_plot.h"
 #include "views/frame/session_keys.h"
+#include "views/motion/motion_view.h"
 
 namespace zaview {
 
@@ -202,14 +203,15 @@ ReferenceTopic MenuTopic() {
   return {"menu", "the options of the main menu", {part}};
 }
 
-ReferenceTopic KeyTopic() {
-  ReferencePart part{
-      "",
-      {"In the window of a data plot; h shows those that act on the plot at hand. ^ is the Ctrl key. Two left "
-       "clicks zoom into their rectangle, one outside the axes goes back, a right click measures."},
-      {}};
-  for (const KeyInHelp& in_help : KeysInOrder(DataPlotKeys(Session{}))) {
+namespace {
+
+// As the help of a view has them, and the rows of all views among them.
+std::vector<ReferenceRow> RowsOfKeys(const ViewKeys& view) {
+  std::vector<ReferenceRow> rows;
+  for (const KeyInHelp& in_help : KeysInOrder(view)) {
     const ViewKey& key = *in_help.row;
+    const bool of_other_views = &view.rows.front() > &key || &key > &view.rows.back();
+    if (of_other_views && !in_help.acts && view.by_step) continue;
     for (std::string_view line : key.help) {
       constexpr std::size_t kText = 8;  // column of a help line; a long name has a dash behind it
       if (line.size() <= kText) continue;
@@ -217,11 +219,27 @@ ReferenceTopic KeyTopic() {
       const bool named = dash != std::string_view::npos && line[0] >= 'A' && line[0] <= 'Z';
       const std::string name(Trim(line.substr(0, named ? dash : kText)));
       const std::string text(Trim(line.substr(named ? dash + 3 : kText)));
-      if (name.empty() && !part.rows.empty()) part.rows.back().text[0].append(" ").append(text);
-      else part.rows.push_back({name, {text}});
+      if (name.empty() && !rows.empty()) rows.back().text[0].append(" ").append(text);
+      else rows.push_back({name, {text}});
     }
   }
-  return {"keys", "keys and mouse of the plots", {part}};
+  return rows;
+}
+
+}  // namespace
+
+ReferenceTopic KeyTopic() {
+  const ReferencePart plots{
+      "",
+      {"In the window of a data plot; h shows those that act on the plot at hand. ^ is the Ctrl key. Two left "
+       "clicks zoom into their rectangle, one outside the axes goes back, a right click measures."},
+      RowsOfKeys(DataPlotKeys(Session{}))};
+  const ReferencePart animation{
+      "The animation",
+      {"A left click runs and stops it, or goes to its step on the bar of events; a click with Alt or Ctrl opens the "
+       "menu of menus."},
+      RowsOfKeys(MotionKeys(Session{}))};
+  return {"keys", "keys and mouse of the views", {plots, animation}};
 }
 
 namespace {

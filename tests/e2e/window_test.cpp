@@ -156,6 +156,62 @@ TEST_F(WindowSession, DrawsAndDumpsAtTheSizeOfTheWindow) {
               std::to_string(sizes[i][0]) + "x" + std::to_string(sizes[i][1]));
 }
 
+// A run of the animation that nobody watches, with the window closed now and then, and without a display.
+TEST_F(WindowSession, RunsOfTheAnimationLoseNoStep) {
+  for (const std::string name : {"shown", "memory"}) {
+    Script(name, "SET_STEPS 1 9\nANIMATE_MOTIONS " + name + ".png\n");
+    PseudoTerminal t(path, [&] { return Program(name == "shown" ? server.Name() : "", {"run.out", "-script", name}); });
+    for (int i = 2; i < 9 && name == "shown"; i += 3) {
+      t.Expect("Writing PNG file shown000" + std::to_string(i) + ".png");
+      server.PressCloseButton();
+    }
+    EXPECT_EQ(t.End(), 0) << t.Screen();
+  }
+  for (int i = 1; i <= 9; ++i) {
+    const std::string number = "000" + std::to_string(i) + ".png";
+    EXPECT_EQ(Size("memory" + number), "500x400");
+    EXPECT_EQ(FileBytes(Name("shown" + number)), FileBytes(Name("memory" + number))) << i;
+    EXPECT_NE(FileBytes(Name("memory" + number)), FileBytes(Name("memory0009.png")).substr(i == 9 ? 1 : 0)) << i;
+  }
+  EXPECT_FALSE(fs::exists(Name("shown0010.png")));
+}
+
+TEST_F(WindowSession, PicturesOfARunAreWholeWhenTheDisplayIsLost) {
+  XServer own;
+  PseudoTerminal t(path, [&] { return Program(own.Name(), {"run.out", "-command", "ANIMATE_MOTIONS auto"}); });
+  t.Expect("Writing PNG file dump0007.png");
+  own.End();
+  EXPECT_EQ(t.End(), 1) << t.Screen();
+  int whole = 0;
+  for (const fs::directory_entry& file : fs::directory_iterator(path)) {
+    const std::string name = file.path().filename();
+    const bool picture = name.rfind("dump", 0) == 0;
+    EXPECT_TRUE(!picture || Size(name) == "500x400") << name;
+    whole += picture ? 1 : 0;
+    EXPECT_EQ(name.find(".part"), std::string::npos) << name;
+  }
+  EXPECT_GE(whole, 6);
+}
+
+// As the program that reads videos finds them.
+TEST_F(WindowSession, AVideoHasAFrameAStep) {
+  if (std::system("ffmpeg -version > /dev/null 2>&1 && ffprobe -version > /dev/null 2>&1") != 0)
+    GTEST_SKIP() << "there is no ffmpeg";
+  Script("s",
+         "SET_STEPS 1 12\nWINDOW_SIZE 301 201\nANIMATE_MOTIONS a.mp4\nANIMATE_MOTIONS b.webm\n"
+         "ANIMATE_MOTIONS c.avi\nANIMATE_OPTION SYNC 0.5\nANIMATE_MOTIONS d.mkv\n");
+  PseudoTerminal t(path, [&] { return Program("", {"run.out", "-script", "s"}); });
+  EXPECT_EQ(t.End(), 0) << t.Screen();
+  for (const auto& [name, rate] : {std::pair{"a.mp4", "4/1"}, {"b.webm", "4/1"}, {"c.avi", "4/1"}, {"d.mkv", "8/1"}}) {
+    const std::string probe =
+        "ffprobe -v error -count_frames -select_streams v -show_entries "
+        "stream=width,height,r_frame_rate,nb_read_frames -of csv=p=0 " +
+        Name(name) + " > " + Name("probe");
+    ASSERT_EQ(std::system(probe.c_str()), 0);
+    EXPECT_EQ(FileBytes(Name("probe")), std::string("302,202,") + rate + ",12\n") << name;
+  }
+}
+
 // While a view is up, and while a question waits.
 TEST_F(WindowSession, EndsWhenTheDisplayIsLost) {
   for (const bool in_view : {true, false}) {

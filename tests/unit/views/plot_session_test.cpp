@@ -152,6 +152,36 @@ TEST(RunMode, KeepsTimeWithTheClock) {
   EXPECT_FALSE(run.session.plot_session.run_on || run.session.gks.window.idle_on);
 }
 
+// Calls of the loop at some distance, as drawing takes its time, for 12 s of the clock: as many steps as fit into them,
+// to 5 %; or every one, where none may be left out.
+TEST(RunMode, LeavesStepsOutOrShowsThemAllInTime) {
+  const struct {
+    float factor;
+    double call;  // seconds from one to the next
+    bool real_time;
+    double shown, last;  // pictures, steps gone on
+  } cases[] = {
+      {1, 0.08, true, 48, 48},    {2, 0.12, true, 24, 24}, {0.5F, 0.5, true, 24, 96},
+      {0.5F, 0.5, false, 24, 24}, {4, 0.3, false, 12, 12},
+  };
+  for (const auto& c : cases) {
+    LoadRun run;
+    PlotSessionState& p = run.session.plot_session;
+    p.run_sync = true;
+    p.sync_real_time = c.real_time;
+    p.run_sync_factor = c.factor;
+    run.fake.seconds = 50;
+    run.Begin(101);
+    int shown = 0;
+    for (int call = 1; call * c.call <= 12.0001; ++call) {
+      run.fake.seconds = 50 + call * c.call;
+      shown += TopIdle(run.session) ? 1 : 0;
+    }
+    EXPECT_NEAR(shown, c.shown, 0.05 * c.shown) << c.factor;
+    EXPECT_NEAR(run.store().current_step - 101, c.last, 0.05 * c.last) << c.factor;
+  }
+}
+
 // From one view to another without the text menu: there is no dialogue here that could be called.
 TEST(PlotSession, AChangeOfViewPassesTheMenuBy) {
   LoadRun run;
