@@ -34,9 +34,10 @@ constexpr float kIntervals = 4;         // of the vertical axis, about
 constexpr float kGap = 0.25F;           // between texts and lines, in letter heights
 constexpr float kDescent = 0.25F;       // of a letter's height, below the baseline
 constexpr float kLeastArea = 0.3F;      // of the graph, that the curve keeps however large texts are
-constexpr float kDotSize = 2;
-constexpr int kDot = 15;    // marker
-constexpr float kHalo = 2;  // line widths, of curves on nothing but the scene
+constexpr float kDotSize = 0.4F;        // its radius, character heights
+constexpr int kDot = 15;                // marker
+constexpr float kWindowParts = 200;     // of its window is a marker of scale 1 high
+constexpr float kHalo = 2;              // line widths, of curves on nothing but the scene
 
 // ---- Data
 PlotDataKey KeyOf(const QuantityRequest& request, const PlotSource& source) {
@@ -180,8 +181,8 @@ void DrawZero(PlotDraw draw) {
   dgReset(draw, "dot");
 }
 
-void DrawGraphCurves(const MotionGraph& graph, const PlotFacts& facts, const GraphAxes& axes, float thickness,
-                     PlotDraw draw) {
+void DrawGraphCurves(const MotionViewState& view, const MotionGraph& graph, const PlotFacts& facts,
+                     const GraphAxes& axes, PlotDraw draw) {
   const PlotData& data = graph.data;
   const auto now = static_cast<std::size_t>(ShownPoint(facts, data));
   const bool whole = !graph.scroll, coarse = whole && !graph.coarse.empty();
@@ -197,7 +198,7 @@ void DrawGraphCurves(const MotionGraph& graph, const PlotFacts& facts, const Gra
     const std::vector<float>& values = data.y[k];
     const std::span<const float> x = coarse ? graph.coarse[k].x : std::span(data.x).subspan(from, to - from);
     const std::span<const float> y = coarse ? graph.coarse[k].y : std::span(values).subspan(from, to - from);
-    dgThickness(draw, thickness);
+    dgThickness(draw, view.graph_thickness);
     if (!graph.blank) {
       const float width = draw.gks.attribute.line_width;
       UsePen(draw, kPaperColour);
@@ -211,7 +212,7 @@ void DrawGraphCurves(const MotionGraph& graph, const PlotFacts& facts, const Gra
     if (graph.mark) {
       UsePen(draw, kInkColour);
       dgMarkerType(draw, kDot);
-      dgMarkerScale(draw, kDotSize);
+      dgMarkerScale(draw, kWindowParts * kDotSize * view.text_size / axes.area.height);
       GPM(draw.gks, std::span(data.x).subspan(now, 1), std::span(values).subspan(now, 1));
     }
     colour = (colour + 1) % kColours;
@@ -227,7 +228,7 @@ void DrawMotionGraph(const MotionViewState& view, const MotionGraph& graph, cons
   dgGraf(draw, axes.x0, 0, axes.x1, graph.y_low, 0, graph.y_high);
   UsePen(draw, kInkColour);
   DrawZero(draw);
-  DrawGraphCurves(graph, facts, axes, view.graph_thickness, draw);
+  DrawGraphCurves(view, graph, facts, axes, draw);
   UsePen(draw, kInkColour);
   if (graph.time_bar) DrawUpright(draw, OutputTime(facts, facts.store.current_step), page.y_origin, page.y_end);
   dgThickness(draw, view.frame_too ? view.graph_thickness : 0);
