@@ -218,6 +218,31 @@ void Sea(int realization, RunSpec& spec) {
   TwelveWaves(realization, spec);
 }
 
+// Eight waves from 45 degrees off the stern, 0.15 to 0.9 m; the ship of ship.geo with a rudder. Heave 0.8 and roll 14
+// degrees a metre near resonance, pitch 0.9 degrees; roll a quarter behind, pitch a quarter ahead of the wave.
+void Quartering(RunSpec& spec) {
+  spec.title = "Eight waves from the quarter, roll near resonance, hull with a rudder";
+  spec.nstep = spec.steps = 240;
+  spec.uship = 5;
+  spec.geometry = "ship.geo";
+  spec.fins = {{-47, 0, 2.5, 0, 0, 1, 1, 0, 0, 4, 3, 0}};
+  spec.seaway = {"1", "8 0"};
+  Motions motions = AtRest(spec);
+  constexpr double kOffStern = kPi / 4, kRoll = 0.55, kWidth = 0.12;  // rad/s
+  for (int i = 0; i < 8; ++i) {
+    const double w = 0.45 + 0.06 * i, phase = (i * 131) % 360, amplitude = 0.9 - 0.75 * std::abs(i - 3) / 4;
+    spec.seaway.push_back(fmt::format("{:.10g} {:.10g} {:.10g} 45.0", w, phase, amplitude));
+    const double met = w - spec.uship * w * w / spec.grav * std::cos(kOffStern);
+    const double we = met * std::sqrt(spec.len / spec.grav);
+    const double angle = -phase * kPi / 180, near = (met - kRoll) / kWidth;
+    motions.harmonics.push_back({3, 0.8 * amplitude / spec.len, we, angle, 0});
+    motions.harmonics.push_back({4, 14 * amplitude / (1 + near * near) * kPi / 180, we, angle - kPi / 2, 0});
+    motions.harmonics.push_back({5, 0.9 * amplitude * kPi / 180, we, angle + kPi / 2, 0});
+    motions.harmonics.push_back({6, 0.5 * amplitude * kPi / 180, we, angle, 0});
+  }
+  SetFill(motions, spec);
+}
+
 // Free roll in calm water from 10 degrees: exp(-0.05 wn t) cos(wd t), damped period 12 s.
 void RollDecay(RunSpec& spec) {
   spec.title = "Free roll decay from 10 deg, 5 % of critical damping, period 12 s";
@@ -329,12 +354,13 @@ struct Sample {
   void (*make)(RunSpec& spec);
 };
 
-constexpr std::array<Sample, 13> kSamples = {{
+constexpr std::array<Sample, 14> kSamples = {{
     {"regular_head", RegularHead},
     {"irregular_head", IrregularHead},
     {"sea_1", [](RunSpec& spec) { Sea(1, spec); }},
     {"sea_2", [](RunSpec& spec) { Sea(2, spec); }},
     {"sea_3", [](RunSpec& spec) { Sea(3, spec); }},
+    {"quartering", Quartering},
     {"roll_decay", RollDecay},
     {"forced_heave", ForcedHeave},
     {"short_cut", ShortCut},

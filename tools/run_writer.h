@@ -22,8 +22,10 @@ struct RunSpec {
   int nstep = 100;               // planned (NSTEP of the control text)
   int steps = 100;               // written
   int irst = 0, first_step = 1;  // a restarted part begins at first_step
-  double tinit = 0, dth = 0.25;  // input time units
-  double uship = 0, depth = 0;   // input units
+  std::string geometry;          // file of the whole hull, two surfaces; blank: none
+  std::vector<std::array<double, 12>> fins;  // centre, span and chord vectors, span, chord, deflection; input units
+  double tinit = 0, dth = 0.25;              // input time units
+  double uship = 0, depth = 0;               // input units
   std::array<double, 6> pmgin{}, ampm{}, omegm{};
   double grav = 9.81, rho = 1025, len = 100, ang = 57.29578;  // records 22 and 23
   double lenout = 0;                                          // 0: as len
