@@ -24,6 +24,7 @@ constexpr std::string_view kFatal = "Fatal memory allocation ERROR in ZB3D";
 
 constexpr std::size_t kFirstRoom = 100;  // rows of each table
 constexpr int kPens = 14;                // 2 to 15
+constexpr float kInFront = 1.0e9F;       // of all depths
 constexpr double kOnTop = 0.001;         // of the radius: what lies on a face comes behind it
 
 // Room for so many more rows. False: memory is out, which is said once a picture.
@@ -60,7 +61,8 @@ bool zb3dAddZbufen(ZbDraw draw, const ZbEntity& row) {
     sum += static_cast<double>(zb.zbufpt[static_cast<std::size_t>(row.first + i)].depth);
   const bool is_face = row.kind == ZbKind::polygon || row.kind == ZbKind::shaded;
   zb.zbufen.push_back(row);
-  zb.depth.push_back(static_cast<float>(sum / row.points + (is_face ? 0.0 : kOnTop * zb.view.view_radius)));
+  const auto depth = static_cast<float>(sum / row.points + (is_face ? 0.0 : kOnTop * zb.view.view_radius));
+  zb.depth.push_back(zb.on_top ? kInFront : depth);  // in the order of entry
   return true;
 }
 
@@ -106,6 +108,7 @@ void zb3dInit(ZbDraw draw) {
   zb.first_shade = kFirstShade;
   zb.pen = zb.style = 1;
   zb.marker = 0;
+  zb.on_top = false;
   zb.marker_size = 1;
   zb.align_x = 1;
   zb.align_y = 4;
@@ -142,6 +145,10 @@ void zb3dLineStyle(ZbDraw draw, int style) {
 void zb3dMarkerStyle(ZbDraw draw, int type, float size) {
   draw.zb.marker = type;
   draw.zb.marker_size = size;
+}
+
+void zb3dOnTop(ZbDraw draw, bool on) {
+  draw.zb.on_top = on;
 }
 
 void zb3dAlign(ZbDraw draw, float fx, float fy) {

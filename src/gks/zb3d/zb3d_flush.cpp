@@ -130,8 +130,9 @@ void DrawFace(ZbDraw draw, const ZbEntity& entity, int face) {
   Enlarge(draw.zb.x, draw.zb.y, kHalfPixel / gksPixelsPerUnit(draw.gks).x);
   GSFACI(draw.console, draw.gks, face);
   GFA(draw.gks, draw.zb.x, draw.zb.y);
-  // Twice: smooth edges on the rim would be fainter than those that two faces share.
-  for (int time = 0; entity.option != 0 && time < 2; ++time) DrawLine(draw, entity, entity.option, true);
+  // Without a filling twice: smooth edges on the rim would be fainter than those that two faces share.
+  const int times = entity.option == 0 ? 0 : entity.pen == 0 ? 2 : 1;
+  for (int time = 0; time < times; ++time) DrawLine(draw, entity, entity.option, true);
 }
 
 void DrawMarker(ZbDraw draw, const ZbEntity& entity) {

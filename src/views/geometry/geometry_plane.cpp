@@ -195,11 +195,15 @@ void DrawComponents(const Drawing& d) {
 }
 
 // ---- What stands beside it
+// On paper of its own, as the lines of the hull run through it.
 void DrawLabel(const Drawing& d, const std::string& text, PlotPoint at) {
+  constexpr float kMargin = 0.15F;  // character heights
   if (!InPlot(d.draw.page, at)) return;
   const PlotPoint page = ToPage(d.draw.page, at);
-  const float h = d.view.annot_size;
-  PageText(d.draw, text, page.x + kLabelGap * h, page.y + kLabelGap * h, h, TextSide::left);
+  const float h = d.view.annot_size, x = page.x + kLabelGap * h, y = page.y + kLabelGap * h;
+  PlainPaper(d.draw, x - kMargin * h, y - kMargin * h, TextWidth(d.draw, text, h) + 2.0F * kMargin * h,
+             LetterHeight(d.draw, h) + kMargin * h);
+  PageText(d.draw, text, x, y, h, TextSide::left);
 }
 
 void DrawAppendages(const Drawing& d, const ControlRecords& control) {
@@ -210,7 +214,6 @@ void DrawAppendages(const Drawing& d, const ControlRecords& control) {
     dgColour(d.draw, kAppendageColour);
     dgCurve(d.draw, points.x, points.y, 0);
     if (!d.view.geo_appendage_labels) continue;
-    dgColour(d.draw, 1);
     DrawLabel(d, appendage.label, {points.x[2], points.y[2]});
   }
 }

@@ -26,10 +26,11 @@ constexpr double kNormalLength = 0.02;                   // of the largest exten
 constexpr int kDot = 15;                                 // marker of points
 constexpr float kDotSize = 0.4F;
 
-// Pens of this view, by their colours.
-constexpr int kBackPen = 16, kHullPen = 17, kEdgePen = 18, kGridPen = 19;
-constexpr GksColour kBack{0.5F, 0.5F, 0.5F}, kHull{0.45F, 0.62F, 0.78F}, kEdge{0.12F, 0.14F, 0.18F},
-    kGrid{0.5F, 0.5F, 0.5F};
+// Pens of this view, behind those of the palette. Faces: the palette as it is before lines are made legible, and two of
+// their own; then the edges of each, darker.
+constexpr int kPalette = 15, kFirstFace = 20, kBackPen = 36, kHullPen = 37, kEdges = 20, kGridPen = 58;
+constexpr GksColour kBack{0.5F, 0.5F, 0.5F}, kHull{0.45F, 0.62F, 0.78F}, kGrid{0.5F, 0.5F, 0.5F};
+constexpr float kEdgePart = 0.35F;  // of the colour of the face
 
 struct Scene {
   ZbDraw draw;
@@ -58,10 +59,14 @@ bool ShowsInside(const Scene& scene, const HullCell& cell, std::span<const Scene
   return cell.component > 0 ? towards > 0.0F : towards < 0.0F;
 }
 
+int Wrapped(int colour) {  // into the palette, as pens are
+  return (colour - 2) % (kPalette - 1) + 2;
+}
+
 int FacePen(const Scene& scene, const HullCell& cell, int component, std::span<const ScenePoint> ring) {
   if (scene.view.geo_backface && ShowsInside(scene, cell, ring)) return -kBackPen;
   const int colour = ColourOf(scene.view, scene.input, component);
-  return colour < 2 ? -kHullPen : colour;
+  return colour < 2 ? -kHullPen : -(kFirstFace + Wrapped(colour));
 }
 
 // The sides of a cell that lie on stations, or on waterlines; corners of a mirrored cell go round the other way.
@@ -80,13 +85,8 @@ void AddCell(const Scene& scene, const HullCell& cell, int component, bool mirro
   const auto ring = std::span(corner).first(static_cast<std::size_t>(cell.corners));
   const bool by_lines = cell.component > 0 && view.geo_draw != GeometryLines::both;
   const bool outlined = !view.geo_solid || view.geo_outline;
-  int edge = kEdgePen;
-  if (!view.geo_solid) {
-    zb3dPen(scene.draw, ColourOf(view, scene.input, component));
-    edge = scene.draw.zb.pen;
-  } else {
-    zb3dPen(scene.draw, FacePen(scene, cell, component, ring));
-  }
+  zb3dPen(scene.draw, view.geo_solid ? FacePen(scene, cell, component, ring) : ColourOf(view, scene.input, component));
+  const int edge = scene.draw.zb.pen + (view.geo_solid ? kEdges : 0);
   if (view.geo_solid || view.zbuffer_wire) {
     const ZbFill fill = view.geo_solid ? ZbFill::shaded : ZbFill::paper;
     zb3dPolygon(scene.draw, ring, fill, outlined && !by_lines ? edge : 0);
@@ -136,7 +136,7 @@ void AddDots(const Scene& scene) {
   std::sort(points.begin(), points.end(), less);
   const auto same = [&less](const ScenePoint& a, const ScenePoint& b) { return !less(a, b); };  // in order
   points.erase(std::unique(points.begin(), points.end(), same), points.end());
-  zb3dPen(scene.draw, scene.view.geo_solid ? -kEdgePen : 1);
+  zb3dPen(scene.draw, scene.view.geo_solid ? -(kEdges + kHullPen) : 1);
   zb3dMarker(scene.draw, points);
 }
 
@@ -145,16 +145,21 @@ void AddAppendages(const Scene& scene, const ControlRecords& control) {
   for (const ShownAppendage& appendage : AppendagesOf(scene.view, control)) {
     std::array<ScenePoint, 4> ring;
     for (std::size_t i = 0; i < ring.size(); ++i) ring[i] = At(appendage.corner[i]);
-    zb3dPen(scene.draw, kAppendageColour);
-    if (scene.view.geo_solid) zb3dPolygon(scene.draw, ring, ZbFill::shaded, kEdgePen);
+    zb3dPen(scene.draw, scene.view.geo_solid ? -(kFirstFace + kAppendageColour) : kAppendageColour);
+    if (scene.view.geo_solid) zb3dPolygon(scene.draw, ring, ZbFill::shaded, kEdges + scene.draw.zb.pen);
     else if (scene.view.zbuffer_wire) zb3dPolygon(scene.draw, ring, ZbFill::paper, scene.draw.zb.pen);
     else zb3dLine(scene.draw, ring, true);
+    if (!scene.view.geo_appendage_labels) continue;
     zb3dPen(scene.draw, 1);
-    if (scene.view.geo_appendage_labels) zb3dText(scene.draw, appendage.label, ring[2]);
+    zb3dOnTop(scene.draw, true);
+    zb3dText(scene.draw, appendage.label, ring[2]);
+    zb3dOnTop(scene.draw, false);
   }
 }
 
+// They can be inside of the hull.
 void AddPoints(const Scene& scene, const std::vector<PointGroup>& groups) {
+  zb3dOnTop(scene.draw, true);
   for (const PointGroup& group : groups) {
     std::vector<ScenePoint> points;
     for (const Vector3& p : group.at) points.push_back(At(p));
@@ -165,6 +170,7 @@ void AddPoints(const Scene& scene, const std::vector<PointGroup>& groups) {
     for (std::size_t i = 0; group.numbered && i < points.size(); ++i)
       zb3dText(scene.draw, fmt::format(" {}", i + 1), points[i]);
   }
+  zb3dOnTop(scene.draw, false);
 }
 
 // ---- The view
@@ -239,9 +245,14 @@ void DrawTexts(const GeometryViewState& view, const Hull& input, const std::vect
 }
 
 void SetPens(ZbDraw draw) {
+  const auto colour_of = [&draw](int pen) { return GQCR(draw.console, draw.gks, pen); };
+  for (int colour = 2; colour <= kPalette; ++colour) ZB3DPENSET(draw, kFirstFace + colour, colour_of(colour));
   ZB3DPENSET(draw, kBackPen, kBack);
   ZB3DPENSET(draw, kHullPen, kHull);
-  ZB3DPENSET(draw, kEdgePen, kEdge);
+  for (int face = kFirstFace + 2; face <= kHullPen; ++face) {
+    const GksColour c = colour_of(face);
+    ZB3DPENSET(draw, kEdges + face, {kEdgePart * c.red, kEdgePart * c.green, kEdgePart * c.blue});
+  }
   ZB3DPENSET(draw, kGridPen, kGrid);
 }
 
@@ -266,16 +277,16 @@ void GeoRender3D(Session& session) {
   TakeReverse(session.run, session.gks);
   const PlotDraw page = GeometryDraw(session);
   if (!dgFrame(page, 2) || !dgFrame(page, 1)) return;
+  const ZbDraw draw{session.platform.console, session.gks, session.zb3d};
+  zb3dInit(draw);
+  SetPens(draw);
   SetLegibleColours(page);
   SetSpacePage(page);
   dgThickness(page, view.line_thickness);
   const Hull input = ShownHull(session.case_store);
   const ControlRecords& control = session.case_store.control;
   const std::vector<PointGroup> groups = PointGroupsOf(view, control);
-  const ZbDraw draw{session.platform.console, session.gks, session.zb3d};
   UpdateSpaceView(session);
-  zb3dInit(draw);
-  SetPens(draw);
   zb3dView(draw, view.view);
   draw.zb.shading = view.geo_shading;
   draw.zb.zbuffer_on = view.geo_solid || view.zbuffer_wire;

@@ -85,6 +85,20 @@ Values ViewNumbers(const Session& s) {
   return Of(v.fs_opacity, v.ambient, v.view.view_width, v.view.view_radius, v.view.view_azimuth, v.view.view_elevation, v.fs_grid_size,
             v.line_thickness, v.initial_step);
 }
+Values HullLooks(const Session& s) {
+  const GeometryViewState& v = s.geometry_view;
+  return Of(v.geo_3d, v.geo_plane, v.geo_component, v.geo_draw, v.geo_mirror, v.geo_colour_by, v.geo_solid, v.space_axes,
+            v.geo_mark_points, v.geo_x_cuts);
+}
+Values HullFlags(const Session& s) {
+  const GeometryViewState& v = s.geometry_view;
+  return Of(v.geo_normals, v.geo_mark_cg, v.geo_load_numbers, v.geo_appendages, v.geo_appendage_labels, v.zbuffer_wire,
+            v.geo_shading, v.geo_outline, v.geo_backface, v.view.perspective, v.show_title, v.grid_on, v.aspect_adjust);
+}
+Values HullEye(const Session& s) {
+  const GeometryViewState& v = s.geometry_view;
+  return Of(v.view.view_radius, v.view.view_azimuth, v.view.view_elevation, v.view.view_width, v.line_thickness, v.own_radius);
+}
 Values Sync(const Session& s) {
   const PlotSessionState& v = s.plot_session;
   return Of(v.run_sync, v.sync_real_time, v.run_sync_factor);
@@ -413,6 +427,37 @@ TEST(Settings, AnimationOptions) {
        none("AMBIENT")}}},
       {words, Sync, {{"SYNC_FACTOR 2", {1, 1, 2}}, {"SYNC -4", {1, 0, 4}}, {"SYNC 0", {0, 0, 3}}}, {{"SYNC x", 4,
        none("SYNC_FACTOR")}}, {"KINO_OPT SYNC -3\n"}},
+  });
+}
+
+TEST(Settings, GeometryOptions) {
+  const std::string words = "GEOMETRY_OPTION GEOM_OPTION GEOM_OPT";
+  const std::string illegal = "Illegal value for GEOM_OPT ", outside = "ERROR - illegal value for GEOM_OPT ";
+  ExpectSettings({
+      {words, HullLooks,
+       {{"VIEW xy", {0, 0, 0, 0, 0, 0, 1, 0, 0, 0}}, {"VIEW YZ", {0, 2, 0, 0, 0, 0, 1, 0, 0, 0}},
+        {"view 3D", {1, 1, 0, 0, 0, 0, 1, 0, 0, 0}}, {"COMPONENT 3", {0, 1, 3, 0, 0, 0, 1, 0, 0, 0}},
+        {"DRAW STATIONS", {0, 1, 0, 1, 0, 0, 1, 0, 0, 0}}, {"DRAW WATERLINES", {0, 1, 0, 2, 0, 0, 1, 0, 0, 0}},
+        {"MIRROR yes", {0, 1, 0, 0, 1, 0, 1, 0, 0, 0}}, {"COLOR COMPONENT", {0, 1, 0, 0, 0, 1, 1, 0, 0, 0}},
+        {"COLOUR TYPE", {0, 1, 0, 0, 0, 2, 1, 0, 0, 0}}, {"SOLID OFF|WIRE ON", {0, 1, 0, 0, 0, 0, 0, 0, 0, 0}},
+        {"AXES GRID", {0, 1, 0, 0, 0, 0, 1, 4, 0, 0}}, {"POINTS on", {0, 1, 0, 0, 0, 0, 1, 0, 1, 0}},
+        {"LOADS on", {0, 1, 0, 0, 0, 0, 1, 0, 0, 1}}},
+       {{"", 4, "ERROR - Invalid quantity for ? command:"}, {"VIEW ZX", 4, illegal + "VIEW"},
+        {"MIRROR x", 4, illegal + "MIRROR"}, {"COMP 101", 4, outside + "COMPONENT; should be between 0 and 100"}}},
+      {words, HullFlags,
+       {{"NORMALS on", {1, 0, 0, 1, 0, 1, 1, 1, 0, 0, 1, 0, 1}}, {"CG on", {0, 1, 0, 1, 0, 1, 1, 1, 0, 0, 1, 0, 1}},
+        {"NUMBERS on", {0, 0, 1, 1, 0, 1, 1, 1, 0, 0, 1, 0, 1}}, {"APPENDAGES off", {0, 0, 0, 0, 0, 1, 1, 1, 0, 0, 1, 0, 1}},
+        {"APPENDAGE_LABELS on", {0, 0, 0, 1, 1, 1, 1, 1, 0, 0, 1, 0, 1}}, {"ZBUFFER off", {0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 1}},
+        {"SHADING off", {0, 0, 0, 1, 0, 1, 0, 1, 0, 0, 1, 0, 1}}, {"OUTLINE off", {0, 0, 0, 1, 0, 1, 1, 0, 0, 0, 1, 0, 1}},
+        {"BACKFACE on", {0, 0, 0, 1, 0, 1, 1, 1, 1, 0, 1, 0, 1}}, {"PERSPECTIVE on", {0, 0, 0, 1, 0, 1, 1, 1, 0, 1, 1, 0, 1}},
+        {"TITLE off", {0, 0, 0, 1, 0, 1, 1, 1, 0, 0, 0, 0, 1}}, {"GRID on", {0, 0, 0, 1, 0, 1, 1, 1, 0, 0, 1, 1, 1}},
+        {"ASPECT off", {0, 0, 0, 1, 0, 1, 1, 1, 0, 0, 1, 0, 0}}},
+       {}},
+      {words, HullEye,
+       {{"RADIUS 7", {7, 45, 30, 30, 0, 1}}, {"AZIMUTH 350", {0, 350, 30, 30, 0, 0}}, {"ELEVATION -90", {0, 45, -90, 30, 0, 0}},
+        {"APERTURE 5", {0, 45, 30, 5, 0, 0}}, {"THICKNESS 0.08", {0, 45, 30, 30, 0.08F, 0}}},
+       {{"RAD 0", 4, outside + "RADIUS; should be > 0.0"}, {"RAD x", 4, "ERROR parsing value for GEOM_OPT RADIUS"},
+        {"AZIM 361", 4, outside + "AZIMUTH; should be between 0.0 and 360.0"}}},
   });
 }
 

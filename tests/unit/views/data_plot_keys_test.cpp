@@ -10,7 +10,6 @@
 
 #include "unit/views/plot_view.h"
 #include "views/data_plot/data_plot.h"
-#include "views/frame/plot_session.h"
 #include "views/frame/screen_dialogue.h"
 #include "views/frame/session_keys.h"
 #include "views/state/axes_limits.h"
