@@ -318,6 +318,16 @@ void DrawElement(const Brush& b, const MenuElement& element, const MenuPlaced& p
   }
 }
 
+// At the right edge, of a menu that is higher than its window: which part of it is seen.
+void DrawScrolled(const Brush& b, const MenuLayout& layout, int width, int height) {
+  constexpr int kWidth = 5;
+  if (layout.height <= height) return;
+  const int below = layout.height - height, length = height * height / layout.height;
+  const int top = (height - length) * std::clamp(b.slot.scroll, 0, below) / below;
+  Fill(b, b.inks.groove, {width - kWidth, 0, kWidth, height});
+  Fill(b, b.inks.frame, {width - kWidth, top, kWidth, length});
+}
+
 }  // namespace
 
 void DrawMenu(const MenuToolkit& kit, int im, const GksPaint& paint, int width, int height) {
@@ -327,6 +337,7 @@ void DrawMenu(const MenuToolkit& kit, int im, const GksPaint& paint, int width, 
   const MenuLayout layout = LayOutMenu(slot, b.font, width, height);
   for (std::size_t i = 0; i < layout.elements.size(); ++i)
     DrawElement(b, slot.elements[i], layout.elements[i], static_cast<int>(i) + 1, width);
+  DrawScrolled(b, layout, width, height);
 }
 
 }  // namespace zaview

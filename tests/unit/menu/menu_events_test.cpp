@@ -210,6 +210,22 @@ TEST(MenuKeys, ReachEverything) {
   for (const auto& c : kSteps) EXPECT_EQ(w.Do(w.Keys(im, c.keys)), c.told);
 }
 
+// A menu higher than the screen: the wheel, and keys that leave what is seen, scroll it.
+TEST(MenuKeys, HighMenusScroll) {
+  MenuWindow w;
+  w.platform.window.screen = [](void*) { return WindowPlace{0, 0, 800, 240}; };
+  const int im = BuildAll(w.kit, "menu");
+  EXPECT_EQ(SlotOf(w.kit, im).height, 240);
+  EXPECT_GT(w.BoxOf(im, 13, 0).y, 240);
+  w.Do(w.Keys(im, {kTab, kKeyLeft}));  // the last button
+  const int seen = w.BoxOf(im, 13, 0).y;
+  EXPECT_TRUE(seen > 0 && seen < 240);
+  w.Do(w.Press(im, 100, seen, 0, kWheelUp));
+  EXPECT_EQ(w.BoxOf(im, 13, 0).y, seen + 3 * 18);
+  for (int i = 0; i < 9; ++i) w.Do(w.Press(im, 2, 2, 0, kWheelUp));
+  EXPECT_EQ(w.BoxOf(im, 1, 0).y, 14);
+}
+
 TEST(MenuKeys, OthersAreTheViews) {
   MenuWindow w;
   const int im = BuildAll(w.kit, "menu");
