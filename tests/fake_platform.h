@@ -216,8 +216,9 @@ inline Platform FakePlatform::Get() {
   p.files.remove = [](void* self, const std::string& name) {
     return Of(self).links.erase(name) + Of(self).files.erase(name) != 0;
   };
-  p.files.list = [](void* self, const std::string& directory, std::vector<DirectoryEntry>& entries) {
+  p.files.list = [](void* self, const std::string& given, std::vector<DirectoryEntry>& entries) {
     const FakePlatform& fake = Of(self);
+    const std::string directory = fake.Target(given);
     if (fake.directories.count(directory) == 0 || fake.refused.count(directory) != 0) return false;
     const auto add = [&](const std::string& name, bool is_directory) {
       if (name.empty() || name == directory || DirectoryOf(name) != directory) return;

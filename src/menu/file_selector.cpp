@@ -85,7 +85,7 @@ void AddList(MenuToolkit& kit, const std::vector<std::string>& names, int select
 }
 
 void AddField(MenuToolkit& kit, std::string_view label, const std::string& value, int length) {
-  constexpr int kLabelColumns = 6;
+  constexpr int kLabelColumns = 7;
   gksMenuButtonRow(kit, 0, 3);
   gksMenuAddItem(kit, MenuItemType::label, label, kLabelColumns);
   gksMenuAddItem(kit, MenuItemType::text, value, length);

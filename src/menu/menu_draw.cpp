@@ -77,11 +77,11 @@ void Button(const Brush& b, const MenuBox& box, bool down) {
   Edges(b, down ? b.inks.dark : b.inks.light, down ? b.inks.light : b.inks.dark, Inset(box, 1));
 }
 
-void FocusRing(const Brush& b, const MenuBox& box) {
+void FocusRing(const Brush& b, GksColour colour, const MenuBox& box) {
   constexpr std::uint16_t kDots = 0x5555;
   const auto x0 = static_cast<float>(box.x), y0 = static_cast<float>(box.y),
              x1 = static_cast<float>(box.x + box.width - 1), y1 = static_cast<float>(box.y + box.height - 1);
-  b.paint.line(b.paint.self, {b.inks.ink, 1, kDots},
+  b.paint.line(b.paint.self, {colour, 1, kDots},
                std::array<GksPoint, 5>{{{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}, {x0, y0}}});
 }
 
@@ -234,7 +234,7 @@ void DrawItem(const Brush& b, const MenuRowItem& item, const MenuBox& box, const
     default:
       return;
   }
-  if (IsFocused(b, at.element, at.item) && item.type != Kind::label) FocusRing(b, Inset(box, -2));
+  if (IsFocused(b, at.element, at.item) && item.type != Kind::label) FocusRing(b, b.inks.ink, Inset(box, -2));
 }
 
 // ---- Elements
@@ -268,7 +268,7 @@ void DrawList(const Brush& b, const MenuElement& element, const MenuPlaced& plac
     }
     const MenuBox inside = {box.x + 2, box.y, box.width - 4, box.height};
     Text(b, colour, inside.x, inside, item.text);
-    if (IsFocused(b, number, placed.top + line + 1)) FocusRing(b, {box.x - 1, box.y, box.width + 2, box.height});
+    if (IsFocused(b, number, placed.top + line + 1)) FocusRing(b, item.chosen ? b.inks.paper : b.inks.ink, box);
   }
   if (placed.bar.width > 0) DrawScrollBar(b, placed, IsPressed(b, number, 0));
 }
@@ -290,7 +290,7 @@ void DrawRunBar(const Brush& b, const MenuElement& element, const MenuPlaced& pl
   const std::string times = RunBarTimes(element.run_bar);
   const MenuBox row = {placed.box.x, placed.items[0].y, placed.box.width, placed.items[0].height};
   Text(b, b.inks.ink, row.x + row.width - MenuTextWidth(b.font, times), row, times);
-  if (IsFocused(b, number, 0)) FocusRing(b, Inset(track, -2));
+  if (IsFocused(b, number, 0)) FocusRing(b, b.inks.ink, Inset(track, -2));
 }
 
 void DrawElement(const Brush& b, const MenuElement& element, const MenuPlaced& placed, int number, int width) {
@@ -307,7 +307,7 @@ void DrawElement(const Brush& b, const MenuElement& element, const MenuPlaced& p
       CheckMark(b, placed.inner, element.value != 0, false, element.disabled);
       const int x = placed.inner.x + placed.inner.width + 6;
       Text(b, ColourOf(b, element.colour, element.disabled), x, placed.box, element.text);
-      if (IsFocused(b, number, 0)) FocusRing(b, Inset(placed.inner, -2));
+      if (IsFocused(b, number, 0)) FocusRing(b, b.inks.ink, Inset(placed.inner, -2));
       return;
     }
     case Type::button_row:
@@ -316,6 +316,16 @@ void DrawElement(const Brush& b, const MenuElement& element, const MenuPlaced& p
                  element.disabled);
       return;
   }
+}
+
+// At the right edge, of a menu that is higher than its window: which part of it is seen.
+void DrawScrolled(const Brush& b, const MenuLayout& layout, int width, int height) {
+  constexpr int kWidth = 5;
+  if (layout.height <= height) return;
+  const int below = layout.height - height, length = height * height / layout.height;
+  const int top = (height - length) * std::clamp(b.slot.scroll, 0, below) / below;
+  Fill(b, b.inks.groove, {width - kWidth, 0, kWidth, height});
+  Fill(b, b.inks.frame, {width - kWidth, top, kWidth, length});
 }
 
 }  // namespace
@@ -327,6 +337,7 @@ void DrawMenu(const MenuToolkit& kit, int im, const GksPaint& paint, int width, 
   const MenuLayout layout = LayOutMenu(slot, b.font, width, height);
   for (std::size_t i = 0; i < layout.elements.size(); ++i)
     DrawElement(b, slot.elements[i], layout.elements[i], static_cast<int>(i) + 1, width);
+  DrawScrolled(b, layout, width, height);
 }
 
 }  // namespace zaview

@@ -319,6 +319,7 @@ MenuPoint Beside(const MenuToolkit& kit, int im, MenuPoint from, int way, Wanted
 void MoveFocus(MenuToolkit& kit, int im, int way) {
   kit.focus = Beside(kit, im, kit.focus, way, [](const MenuPoint&) { return true; });
   if (kit.focus.menu == 0) return;
+  ShowElement(kit, im, kit.focus.element);
   MenuElement& element = ElementOf(kit, kit.focus);
   if (element.type != Type::list) return;
   kit.focus.item = KeyItem(element);
@@ -403,7 +404,10 @@ void GoToTypeIn(MenuToolkit& kit, int im, int way) {
     const MenuRowItem* const item = gksMenuItemAt(kit, point);
     return item != nullptr && IsTypeIn(item->type);
   });
-  if (next.menu != 0) StartTypeIn(kit, next);
+  if (next.menu != 0) {
+    ShowElement(kit, im, next.element);
+    StartTypeIn(kit, next);
+  }
   if (kit.focus.menu == im) kit.focus = next;
 }
 

@@ -318,8 +318,7 @@ int LeastHeight(const MenuSlot& slot, const MenuFont& font) {
 
 MenuSize WindowSizeOf(const MenuSlot& slot, const MenuFont& font, const WindowPlace& screen) {
   const int wanted = HeightOf(slot, font, LinesOf(slot));
-  const int height =
-      screen.height > 0 && wanted > screen.height ? std::max(screen.height, LeastHeight(slot, font)) : wanted;
+  const int height = screen.height > 0 ? std::min(wanted, screen.height) : wanted;
   return {Within(WidthOf(slot, font), slot.least_width, slot.largest_width),
           Within(height, slot.least_height, slot.largest_height)};
 }

@@ -39,7 +39,8 @@ struct MenuLayout {
 struct MenuSize {
   int width = 0, height = 0;
 };
-// Of the window: what the content needs within the menu's limits; of the screen only as far as lists can give way.
+// Of the window: what the content needs within the menu's limits and the height of the screen. What is higher still,
+// with its lists at four lines, is scrolled.
 [[nodiscard]] MenuSize WindowSizeOf(const MenuSlot& slot, const MenuFont& font, const WindowPlace& screen);
 [[nodiscard]] int LeastHeight(const MenuSlot& slot, const MenuFont& font);  // with all boxes at four lines
 

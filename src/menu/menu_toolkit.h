@@ -189,7 +189,7 @@ struct FileSelector {  // the one of the program
   bool bad_directory = false, overwrite_pending = false, notexist_pending = false;
 };
 
-struct MenuToolkit {
+struct MenuToolkit {             // stays where it is while a menu is open
   Platform* platform = nullptr;  // these three by gksMenuAttach
   GksState* gks = nullptr;
   MenuHandler application;

@@ -179,6 +179,17 @@ void TellApplication(const MenuToolkit& kit, const MenuEvent& event) {
   if (handler.input != nullptr) handler.input(handler.self, event);
 }
 
+void ShowElement(MenuToolkit& kit, int im, int element) {
+  MenuSlot& slot = SlotOf(kit, im);
+  const MenuLayout layout = LayoutOf(kit, im);
+  const int below = std::max(layout.height - slot.height, 0), pitch = FontOf(kit, im).pitch;
+  const MenuBox box = layout.elements[static_cast<std::size_t>(element) - 1].box;
+  slot.scroll = std::clamp(slot.scroll, 0, below);
+  if (box.y < 0) slot.scroll += box.y - pitch;
+  else if (box.y + box.height > slot.height) slot.scroll += box.y + box.height - slot.height + pitch;
+  slot.scroll = std::clamp(slot.scroll, 0, below);
+}
+
 void ShowListItem(MenuToolkit& kit, int im, int element, int item) {
   MenuSlot& slot = SlotOf(kit, im);
   const auto e = static_cast<std::size_t>(element) - 1;

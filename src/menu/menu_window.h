@@ -26,7 +26,8 @@ void gksMenuFontDown(MenuToolkit& kit);
 [[nodiscard]] MenuLayout LayoutOf(const MenuToolkit& kit, int im);  // in its window
 void PostMenu(const MenuToolkit& kit, int im);                      // is drawn soon
 void TellApplication(const MenuToolkit& kit, const MenuEvent& event);
-// Brings an item of a list into view.
+// Brings an element into view in a menu that is higher than its window; an item in its list.
+void ShowElement(MenuToolkit& kit, int im, int element);
 void ShowListItem(MenuToolkit& kit, int im, int element, int item);
 
 [[nodiscard]] bool gksMenuIsOpen(const MenuToolkit& kit, int im);  // disabled ones too

@@ -35,6 +35,7 @@ struct MenuWindow : ViewWindow {
                                          static_cast<MenuWindow*>(self)->events += TextOf(event);
                                        }});
     Run({});
+    fake.output.clear();
   }
   // What the application is told, and what stands on the console.
   std::string Do(const std::vector<FedEvent>& fed) {
