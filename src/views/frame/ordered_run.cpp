@@ -59,6 +59,7 @@ void EnterAnimation(Session& session) {
   if (!CarryOut(session, order, {first, store.last_step})) {
     session.run.plot_failed = true;
     session.run.plot_module = PlotModule::none;
+    session.gks.dump.waiting = false;
     DropOrder(session.plot_session);
   }
   ChooseEarth(session.motion_view, store, session.output.units.scales);

@@ -172,7 +172,7 @@ TEST(MotionRun, AnEventBringsTheStepsAboutIt) {
   EXPECT_TRUE(StartAnimation(none.session,
                              {.pictures = true, .about_event = true, .event = RunEventKind::slam, .seconds = 2}, 1));
   EXPECT_EQ(none.Views::Run(), kRunOk);
-  EXPECT_TRUE(none.session.run.plot_failed && none.fake.files.empty());
+  EXPECT_TRUE(none.session.run.plot_failed && none.fake.files.empty() && !none.session.gks.dump.waiting);
   EXPECT_NE(none.fake.output.find("ERROR - there is no SLAM in the steps in use"), std::string::npos);
 }
 
