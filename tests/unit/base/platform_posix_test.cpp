@@ -85,8 +85,9 @@ TEST_F(PlatformPosix, FactsFollowLinks) {
   std::vector<DirectoryEntry> entries;
   EXPECT_TRUE(files.list(files.self, Name(""), entries) && !files.list(files.self, Name("nowhere"), entries));
   for (const DirectoryEntry& entry : entries)
-    if (entry.name == "far" || entry.name == "d" || entry.name == "loop")
+    if (entry.name == "far" || entry.name == "d" || entry.name == "loop") {
       EXPECT_EQ(entry.directory, entry.name == "d") << entry.name;
+    }
   const FileFacts device = files.facts(files.self, "/dev/null");
   EXPECT_TRUE(device.exists && !device.plain && device.size == -1);
   EXPECT_EQ(files.open_read(files.self, path), kNoFile);
