@@ -291,6 +291,7 @@ std::vector<MenuPoint> Reachable(const MenuToolkit& kit, int im) {
 }
 
 MenuPoint EntryOf(const MenuToolkit& kit, MenuPoint at) {
+  if (at.menu == 0) return at;
   const std::vector<MenuElement>& elements = SlotOf(kit, at.menu).elements;
   const auto e = static_cast<std::size_t>(at.element) - 1;
   if (e < elements.size() && elements[e].type == Type::list) at.item = 0;

@@ -299,10 +299,6 @@ MenuBox FieldOf(const MenuBox& item) {
   return {item.x + kField, item.y, std::max(item.width - 2 * kField, 0), item.height};
 }
 
-MenuLayout NaturalLayout(const MenuSlot& slot, const MenuFont& font) {
-  return Place(slot, font, LinesOf(slot), WidthOf(slot, font), kMargin);
-}
-
 MenuLayout LayOutMenu(const MenuSlot& slot, const MenuFont& font, int width, int height) {
   std::vector<int> lines = LinesOf(slot);
   FitHeight(slot, font, height, lines);

@@ -30,8 +30,6 @@ struct MenuLayout {
   std::vector<MenuPlaced> elements;
 };
 
-// As large as it needs to be; least and largest size and the screen are not looked at.
-[[nodiscard]] MenuLayout NaturalLayout(const MenuSlot& slot, const MenuFont& font);
 // In a window of this size: surplus goes to lists, and what is missing is taken from
 // them, down to four lines.
 [[nodiscard]] MenuLayout LayOutMenu(const MenuSlot& slot, const MenuFont& font, int width, int height);
