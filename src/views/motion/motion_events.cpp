@@ -21,12 +21,13 @@ namespace {
 
 constexpr double kReferenceLength = 1;  // of what is non-dimensional
 
-PlotDataKey KeyOf(const MotionViewState& view, const CaseStore& store) {
+PlotDataKey KeyOf(const MotionViewState& view, const PlotSource& source) {
+  const CaseStore& store = source.store;
   PlotDataKey key;
   key.subject.kind = PlotKind::history;
   key.subject.case_serial = store.serial;
   key.subject.component = view.mark_point ? 1 : 0;
-  if (view.mark_point) key.subject.point = view.point;
+  if (view.mark_point) key.subject.point = source.output.point.point;
   key.records.push_back({store.serial, store.first_step, store.last_step});
   return key;
 }
@@ -57,7 +58,7 @@ void MakeEvents(const PlotSource& source, const MotionViewState& view, std::vect
   const bool has_hull = ClosedHullOf(source, hull);
   if (has_hull) run.slam_velocity *= std::sqrt(LengthOf(hull));
   const bool waves = (has_hull || view.mark_point) && EnsureSeaway(source.console(), store) == WaveAnswer::ok;
-  if (waves && view.mark_point && NodePointMot(source.console(), source.output, view.point, store) &&
+  if (waves && view.mark_point && NodePointMot(source.console(), source.output, source.output.point.point, store) &&
       RelativePointMot(source.console(), store) == WaveAnswer::ok)
     run.point_immersion = used(store.point_motion, 13);
   std::vector<Vector3> edge;
@@ -127,7 +128,7 @@ void DrawTicks(const MotionViewState& view, const PlotFacts& facts, const BarPla
 }  // namespace
 
 void UpdateMotionEvents(const PlotSource& source, MotionViewState& view) {
-  PlotDataKey key = KeyOf(view, source.store);
+  PlotDataKey key = KeyOf(view, source);
   if (view.events.made_of == key) return;
   MakeEvents(source, view, view.events.list);
   view.events.made_of = std::move(key);

@@ -45,7 +45,7 @@ bool DrawScene(Session& session, PlotDraw draw) {
   const DataFault data = fault == SceneFault::no_memory ? DataFault::no_memory : DataFault::none;
   if (!SayDataFault(session.platform.console, data, Making::plot, "") || fault != SceneFault::none) return false;
   SetMotionPage(draw);
-  DrawSceneMarks(session.motion_view, session.case_store, stage, draw);
+  DrawSceneMarks(session.motion_view, session.case_store, session.output.point.point, stage, draw);
   return true;
 }
 

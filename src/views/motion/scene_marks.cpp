@@ -1,6 +1,5 @@
 #include "views/motion/scene_marks.h"
 
-#include <array>
 #include <cmath>
 #include <string_view>
 
@@ -51,7 +50,8 @@ void DrawMark(const MotionViewState& view, const MotionStage& stage, ScenePoint 
 
 }  // namespace
 
-void DrawSceneMarks(const MotionViewState& view, const CaseStore& store, const MotionStage& stage, PlotDraw draw) {
+void DrawSceneMarks(const MotionViewState& view, const CaseStore& store, const std::array<double, 3>& point,
+                    const MotionStage& stage, PlotDraw draw) {
   if (view.show_centres) {
     const MotionSceneState& scene = view.scene;
     if (scene.wet_sums.V > 0)
@@ -60,7 +60,7 @@ void DrawSceneMarks(const MotionViewState& view, const CaseStore& store, const M
     DrawMark(view, stage, {0, 0, stage.cg[2]}, "G", TextSide::left, draw);
   }
   if (!view.mark_point) return;
-  const Vector3 ship = FromCentre(store, InputToShip(store.control, view.point));
+  const Vector3 ship = FromCentre(store, InputToShip(store.control, point));
   Vector3 global = ShipToEarth(stage.pose, ship);
   for (double& length : global) length *= stage.length;
   DrawMark(view, stage, InScene(stage, global), "", TextSide::left, draw);

@@ -104,11 +104,10 @@ struct MotionViewState {
   bool body_transparent = false;
   HullColour hull_colour = HullColour::plain;
   bool show_rudders = true;
-  bool show_track = false;        // of the CG
-  bool show_waterline = false;    // of the moment
-  bool show_centres = false;      // CG and centre of buoyancy
-  bool mark_point = false;        // on the ship: `point`
-  std::array<double, 3> point{};  // INPUT axes and units
+  bool show_track = false;      // of the CG
+  bool show_waterline = false;  // of the moment
+  bool show_centres = false;    // CG and centre of buoyancy
+  bool mark_point = false;      // on the ship: that of the ship-fixed quantities
 
   bool fs_solid = true, fs_wire = false;  // free surface
   bool horizon = false;                   // and a coarse sea around it

@@ -315,6 +315,22 @@ TEST(MotionScene, LooksActAsTheyAreCalled) {
   for (const auto& look : looks) EXPECT_GT(Different(plain, show(look.change)), look.least) << look.name;
 }
 
+// Roll 10, pitch 5, yaw 30: the global X and Y of a ship point, seen on a map.
+TEST(MotionScene, MarksThePointOfShipFixedQuantities) {
+  MotionView v;
+  v.MakeCase();
+  v.SetPose(1, {0, 0, 0}, {10, 5, 30});
+  v.view().fs_opacity = 0;
+  v.view().mark_point = true;
+  v.view().view = {{}, 270, 90, 30, 200, false};
+  v.session.output.point.point = {40 / MotionView::kLength, -8 / MotionView::kLength, 3 / MotionView::kLength};
+  v.Show();
+  const Box cross = v.BoxOf([&v](unsigned of) { return of == v.Ink(1) ? 1.0 : 0.0; });
+  constexpr double kX = 0.862730 * 40 + 0.479297 * 8 + 0.161156 * 3, kY = 0.498097 * 40 - 0.860436 * 8 - 0.107468 * 3;
+  EXPECT_NEAR(cross.x, 400 + 5.598076 * kX, 1);
+  EXPECT_NEAR(cross.y, 300 - 5.598076 * kY, 1);
+}
+
 // What the driver keeps is gone with the context; a window that replaces another one shows the same.
 TEST(MotionScene, IsMadeAnewInAnotherContext) {
   MotionView v(300, 200);
