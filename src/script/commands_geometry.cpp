@@ -6,6 +6,7 @@
 #include "script/open_script_file.h"
 #include "script/plot_commands.h"
 #include "script/setting_words.h"
+#include "views/state/axes_limits.h"
 #include "views/state/geometry_settings.h"
 
 namespace zaview {
@@ -131,12 +132,14 @@ int SetThickness(OptionCall& option) {
   return ReadLimited(option.call, option.word, kThickness, option.view.line_thickness);
 }
 
-// One that the case hasn't got shows all.
+// One that the case hasn't got shows all. A script has no key to fit the view by: what isn't chosen is fitted anew.
 int SetComponent(OptionCall& option) {
   float value = 0;
-  const int status = ReadLimited(option.call, option.word, kComponent, value);
-  if (status == kScriptOk) option.view.geo_component = static_cast<int>(value);
-  return status;
+  if (const int status = ReadLimited(option.call, option.word, kComponent, value); status != kScriptOk) return status;
+  option.view.geo_component = static_cast<int>(value);
+  option.view.space_fit = {};
+  FitUnlessChanged(option.view.axes);
+  return kScriptOk;
 }
 
 struct OptionRow {

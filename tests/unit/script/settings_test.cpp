@@ -461,6 +461,19 @@ TEST(Settings, GeometryOptions) {
   });
 }
 
+// A script has no key for it. What the user chose stays.
+TEST(Settings, ChosenComponentIsFittedAnew) {
+  ScriptRun run("GEOMETRY_OPTION COMPONENT 2\n");
+  GeometryViewState& view = run.session.geometry_view;
+  for (const LimitsUse before : {LimitsUse::fitted, LimitsUse::changed}) {
+    view.space_fit.width = 800;
+    view.axes.use = before;
+    run.Run();
+    EXPECT_EQ(view.space_fit, GeometryFit{});
+    EXPECT_EQ(view.axes.use, before == LimitsUse::fitted ? LimitsUse::to_fit : before);
+  }
+}
+
 // A graph: on, quantity, curve, first of the point, last of the missile data; and its looks.
 TEST(Settings, AnimationGraphs) {
   const char* const index = "ERROR - Invalid graph index for ? value must be ";
