@@ -1,6 +1,7 @@
 #include "analysis/run_events.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <limits>
 
@@ -28,7 +29,7 @@ class Finder {
   void Extremes(std::span<const float> x, RunEventKind largest, RunEventKind smallest) {
     std::size_t high = x.size(), low = x.size();
     for (std::size_t i = 0; i < x.size(); ++i) {
-      if (!Known(i)) continue;
+      if (!Known(i) || !std::isfinite(x[i])) continue;
       if (high == x.size() || x[i] > x[high]) high = i;
       if (low == x.size() || x[i] < x[low]) low = i;
     }

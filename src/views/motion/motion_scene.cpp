@@ -12,6 +12,7 @@
 #include "views/motion/sea_parts.h"
 #include "views/motion/track_part.h"
 #include "views/motion/wet_parts.h"
+#include "views/state/motion_settings.h"
 
 namespace zaview {
 
@@ -44,16 +45,6 @@ bool MakeHull(const StageInput& input, const MotionViewState& view, unsigned gen
   if (!MakePlates(input.store, input.length, scene.plates)) return false;
   scene.hull_of = key;
   return true;
-}
-
-// The place at which such a camera looks, from where the ship is when it is needed first.
-void ChooseEarthStand(MotionViewState& view, const StageInput& input) {
-  EarthStand& earth = view.earth;
-  if (view.stand != CameraStand::earth) earth.chosen = false;
-  else if (!earth.chosen || earth.case_serial != input.store.serial) {
-    const Vector3 cg = PoseAtStep(input.store, input.store.current_step).cg;
-    earth = {true, cg[0] * input.length, cg[1] * input.length, input.store.serial};
-  }
 }
 
 bool SeaIsDrawn(const MotionViewState& view) {
@@ -198,7 +189,7 @@ SceneFault DrawMotionScene(Session& session, MotionStage& stage, std::string& wh
   const unsigned generation = windows.context_generation(windows.self);
   const StageInput input = InputOf(s);
   const bool has_hull = MakeHull(input, view, generation, view.scene);
-  ChooseEarthStand(view, input);
+  ChooseEarth(view, s.case_store, s.output.units.scales);
   stage = StageOf(view, input);
   const bool made = has_hull && MakeParts(s, stage, view);
   if (made && view.hull_colour == HullColour::plain) KeepMesh(view.scene.hull, generation);  // else it changes

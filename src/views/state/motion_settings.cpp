@@ -80,6 +80,7 @@ void ChooseStand(MotionViewState& view, CameraStand stand) {
 
 void ChooseEarth(MotionViewState& view, const CaseStore& store, const OutputScales& scales) {
   EarthStand& earth = view.earth;
+  if (view.stand != CameraStand::earth) earth.chosen = false;
   if (view.stand != CameraStand::earth || (earth.chosen && earth.case_serial == store.serial)) return;
   if (!store.has_steps()) return;
   const auto shown = [&](int axis) {

@@ -36,7 +36,7 @@ struct SampleRun {
 
 TEST(RunEvents, OfEachKind) {
   const Floats time = {0, 1, 2, 3, 4, 5, 6}, still(7, 0.1F);
-  const Floats roll = {0, 1, 3, 3, -2, -2, 0};
+  const Floats roll = {0, 1, 3, 3, -2, -2, 0}, no_numbers = {NAN, 1, 3, 3, -2, -2, INFINITY};
   const Floats dips = {0.5F, -0.1F, 0.9F, 1, 0, 0.05F, -1};  // out at 11 and 14; in at 12 with 1.0, at 15 with 0.05
   const Floats deck = {0.1F, -1, 0.2F, 0.3F, 0, 0.1F, -1};
   const StepGap gap{11, 11};
@@ -46,6 +46,7 @@ TEST(RunEvents, OfEachKind) {
     std::vector<RunEvent> events;
   } cases[] = {
       {"the first of equal ones", {10, time, roll, still, {}, {}, 0.1, {}}, {{roll_max, 12}, {roll_min, 14}}},
+      {"what is no number", {10, time, no_numbers, {}, {}, {}, 0.1, {}}, {{roll_max, 12}, {roll_min, 14}}},
       {"pitch", {10, time, {}, roll, {}, {}, 0.1, {}}, {{pitch_max, 12}, {pitch_min, 14}}},
       {"fast enough", {10, time, {}, {}, dips, {}, 0.5, {}}, {{slam, 12}}},
       {"all of them", {10, time, {}, {}, dips, {}, 0, {}}, {{slam, 12}, {slam, 15}}},
