@@ -34,7 +34,8 @@ void zb3dMarkerStyle(ZbDraw draw, int type, float size);    // as GSMK, GSMKSC
 void zb3dAlign(ZbDraw draw, float fx, float fy);            // as dgAlign
 void zb3dCharHeight(ZbDraw draw, float height);             // screen; of texts without one of their own
 
-void zb3dOnTop(ZbDraw draw, bool on);  // entries that nothing hides
+void zb3dOnTop(ZbDraw draw, bool on);     // entries that nothing hides
+void zb3dWithLast(ZbDraw draw, bool on);  // entries that belong to the one ahead of them: drawn right behind it
 
 void zb3dLine(ZbDraw draw, std::span<const ScenePoint> points, bool closed);
 void zb3dMarker(ZbDraw draw, std::span<const ScenePoint> points);

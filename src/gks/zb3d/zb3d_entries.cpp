@@ -62,7 +62,8 @@ bool zb3dAddZbufen(ZbDraw draw, const ZbEntity& row) {
   const bool is_face = row.kind == ZbKind::polygon || row.kind == ZbKind::shaded;
   zb.zbufen.push_back(row);
   const auto depth = static_cast<float>(sum / row.points + (is_face ? 0.0 : kOnTop * zb.view.view_radius));
-  zb.depth.push_back(zb.on_top ? kInFront : depth);  // in the order of entry
+  const bool with_last = zb.with_last && !zb.depth.empty();
+  zb.depth.push_back(zb.on_top ? kInFront : with_last ? zb.depth.back() : depth);  // equal ones: in the order of entry
   return true;
 }
 
@@ -108,7 +109,7 @@ void zb3dInit(ZbDraw draw) {
   zb.first_shade = kFirstShade;
   zb.pen = zb.style = 1;
   zb.marker = 0;
-  zb.on_top = false;
+  zb.on_top = zb.with_last = false;
   zb.marker_size = 1;
   zb.align_x = 1;
   zb.align_y = 4;
@@ -149,6 +150,10 @@ void zb3dMarkerStyle(ZbDraw draw, int type, float size) {
 
 void zb3dOnTop(ZbDraw draw, bool on) {
   draw.zb.on_top = on;
+}
+
+void zb3dWithLast(ZbDraw draw, bool on) {
+  draw.zb.with_last = on;
 }
 
 void zb3dAlign(ZbDraw draw, float fx, float fy) {

@@ -59,7 +59,8 @@ struct Zb3dState {
   // What the next entries get.
   int pen = 1, style = 1, marker = 0;
   float marker_size = 1, char_height = 0;
-  bool on_top = false;  // whatever hides it
+  bool on_top = false;     // whatever hides it
+  bool with_last = false;  // at the depth of the entity before it
   int align_x = 1, align_y = 4;
 
   int first_shade = kFirstShade;

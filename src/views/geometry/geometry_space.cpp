@@ -69,13 +69,16 @@ int FacePen(const Scene& scene, const HullCell& cell, int component, std::span<c
   return colour < 2 ? -kHullPen : -(kFirstFace + Wrapped(colour));
 }
 
-// The sides of a cell that lie on stations, or on waterlines; corners of a mirrored cell go round the other way.
+// The sides of a cell that lie on stations, or on waterlines; corners of a mirrored cell go round the other way. A
+// neighbour that is drawn later paints over half of a side and draws it once more.
 void AddSides(const Scene& scene, std::span<const ScenePoint> ring, bool mirrored) {
   const bool stations = scene.view.geo_draw == GeometryLines::stations;
+  zb3dWithLast(scene.draw, true);
   for (std::size_t first = stations != mirrored ? 0 : 1; first < 4; first += 2) {
     const ScenePoint side[] = {ring[first], ring[(first + 1) % 4]};
     zb3dLine(scene.draw, side, false);
   }
+  zb3dWithLast(scene.draw, false);
 }
 
 void AddCell(const Scene& scene, const HullCell& cell, int component, bool mirrored) {

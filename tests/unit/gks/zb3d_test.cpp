@@ -199,6 +199,29 @@ TEST(Zb3d, NearerFacesHideFartherOnesWithoutSeams) {
   }
 }
 
+// Two faces that share an upright side, the nearer one drawn later: as much ink of the side on every row.
+TEST(Zb3d, SidesGoWithTheirFaces) {
+  Layer layer(200, 200);
+  layer.Look({{}, 0, 0, 30, 100, false});  // along -x
+  for (const double far : {-10.0, 10.0}) {
+    const ScenePoint ring[] = {{0, 0, -20}, {-far, far, -20}, {-far, far, 20}, {0, 0, 20}};
+    const ScenePoint side[] = {{0, 0, -20}, {0, 0, 20}};
+    zb3dPen(layer.draw(), 2);  // red
+    zb3dPolygon(layer.draw(), ring, ZbFill::plain, 0);
+    zb3dWithLast(layer.draw(), true);
+    zb3dPen(layer.draw(), 1);
+    zb3dLine(layer.draw(), side, false);
+    zb3dWithLast(layer.draw(), false);
+  }
+  zb3dFlush(layer.draw());
+  layer.Read();
+  for (int y = 30; y < 170; ++y) {
+    unsigned ink = 0;
+    for (int x = 97; x <= 103; ++x) ink += layer.At(x, y) & 0xFFU;
+    EXPECT_GE(ink, 230U) << y;
+  }
+}
+
 // A square in the plane across the view: its outline stands where its corners do, and its shade is that of its slope.
 TEST(Zb3d, FacesAreShadedByTheirSlopeToTheEye) {
   for (const double slope : {0.0, 30.0, 60.0, 89.0}) {
