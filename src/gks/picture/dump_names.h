@@ -1,4 +1,5 @@
-// The numbered names of pictures that were given none: dump0001.png to dump9999.png.
+// The numbered names of pictures that were given none: dump0001.png to dump9999.png; and what is said of pictures that
+// can't be stored.
 #pragma once
 
 #include <string>
@@ -12,6 +13,9 @@ namespace zaview {
 
 inline constexpr int kLastDump = 9999;
 inline constexpr fmt::string_view kNoMoreNames = " GKSDUMP failed - no more {} files";
+inline constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}{}";
+inline constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error";
+inline constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
 
 [[nodiscard]] std::string DumpName(int number, std::string_view extension);
 // The lowest number from `from` on at which so many in a row are free; 0: there is none.

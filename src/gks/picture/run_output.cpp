@@ -21,13 +21,10 @@ namespace zaview {
 namespace {
 
 constexpr fmt::string_view kWriting = "DumpWindow - Writing {} file {}";
-constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}{}";
 constexpr fmt::string_view kNoVideo = "ERROR - Video can't be written : {}{}";
 constexpr fmt::string_view kTooMany =
     "ERROR - {} pictures, and not so many numbers in a row are free : STEP_INCREMENT makes fewer of them";
 constexpr fmt::string_view kNoProgram = "ERROR - {} not found";
-constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error";
-constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
 constexpr std::string_view kOtherSize = "the window has another size by now";
 
 constexpr std::string_view kVideoProgram = "ffmpeg";

@@ -19,11 +19,8 @@ namespace zaview {
 namespace {
 
 constexpr fmt::string_view kIllegalOption = "LOGIC error - Illegal Dump_Option={} in GKSDUMP";
-constexpr std::string_view kNoMemory = "GKSDUMP failed - memory allocation error";
-constexpr std::string_view kNoPicture = "GKSDUMP failed - there is no picture";
 constexpr fmt::string_view kWriting = "DumpWindow - Writing PNG file {}";
 constexpr fmt::string_view kConverting = "DumpWindow - ppm2gif {} {}";
-constexpr fmt::string_view kNotWritten = "ERROR - Picture can't be written : {}{}";
 
 constexpr std::string_view kStep = "gl.png";  // on the way to the other formats; it stays
 

@@ -202,7 +202,8 @@ std::vector<KeyInHelp> KeysInOrder(const ViewKeys& view) {
     keys.push_back({own, (own->scope & SessionScope(view)) != 0 && !replaced});
   };
   for (const ViewKey& row : view.rows) {
-    for (; own != std::end(kKeys) && PlaceOf(own->code) < PlaceOf(row.code); ++own) add_own();
+    const bool has_place = row.act != nullptr;  // a key of all views stands where this one tells it
+    for (; has_place && own != std::end(kKeys) && PlaceOf(own->code) < PlaceOf(row.code); ++own) add_own();
     keys.push_back({&row, (row.scope & view.scope) != 0});
   }
   for (; own != std::end(kKeys); ++own) add_own();

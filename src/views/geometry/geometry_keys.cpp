@@ -183,6 +183,9 @@ bool Arrow(Session& s) {
   return Pan(view.axes, kPart * static_cast<float>(x), kPart * static_cast<float>(y));
 }
 
+// What acts in every view has its place in the help here.
+constexpr auto kOfSession = nullptr;
+
 // In the order of the help.
 // clang-format off
 constexpr ViewKey kKeys[] = {
@@ -217,6 +220,8 @@ constexpr ViewKey kKeys[] = {
      {" n      Toggle plot of surface normal vectors"}},
     {Ctrl('o'),       kBoth,  Toggle<&GeometryViewState::geo_outline>,
      {"^o      Toggle polygon outlines on solid plots (3-D view)"}},
+    {Alt('o'),        kBoth,  kOfSession,
+     {"Alt+o bar - Invoke plot options menu"}},
     {'p',             kBoth,  ScaleMarks<Way::smaller>,
      {" p/P    Decrease/increase size of symbols used to mark CG, etc."}},
     {'P',             kBoth,  ScaleMarks<Way::larger>},

@@ -44,12 +44,12 @@ ScenePoint At(const Vector3& p) {
 
 // ---- The hull
 template <typename Visit>
-void VisitShownCells(const Scene& scene, Visit visit) {
+void VisitShownCells(const Scene& scene, Visit visit) {  // visit(cell, component, mirrored)
   VisitCells(scene.input, [&](const HullCell& cell) {
     const int component = cell.component > 0 ? cell.component : ComponentCount(scene.input);
     if (!IsShown(scene.view, component)) return;
-    visit(cell, component);
-    if (scene.view.geo_mirror) visit(MirroredCell(cell), component);
+    visit(cell, component, false);
+    if (scene.view.geo_mirror) visit(MirroredCell(cell), component, true);
   });
 }
 
@@ -102,21 +102,16 @@ void AddCell(const Scene& scene, const HullCell& cell, int component, bool mirro
 }
 
 void AddHull(const Scene& scene) {
-  const ZbDraw draw = scene.draw;
-  VisitCells(scene.input, [&](const HullCell& cell) {
-    const int component = cell.component > 0 ? cell.component : ComponentCount(scene.input);
-    if (!IsShown(scene.view, component)) return;
-    AddCell(scene, cell, component, false);
-    if (scene.view.geo_mirror) AddCell(scene, MirroredCell(cell), component, true);
-  });
-  zb3dPen(draw, 1);
+  VisitShownCells(
+      scene, [&](const HullCell& cell, int component, bool mirrored) { AddCell(scene, cell, component, mirrored); });
+  zb3dPen(scene.draw, 1);
 }
 
 void AddNormals(const Scene& scene) {
   if (!scene.view.geo_normals) return;
   const double length = kNormalLength * LargestExtent(BoxOf(scene.input, 0, false));
   zb3dPen(scene.draw, kNormalColour);
-  VisitShownCells(scene, [&](const HullCell& cell, int) {
+  VisitShownCells(scene, [&](const HullCell& cell, int, bool) {
     const Vector3 from = CellCentre(cell), n = CellNormal(cell);
     const double size = std::hypot(n[0], n[1], n[2]);
     if (cell.component == 0 || !(size > 0)) return;
@@ -130,7 +125,7 @@ void AddDots(const Scene& scene) {
   if (scene.view.geo_mark_points == PointMarks::none) return;
   zb3dMarkerStyle(scene.draw, kDot, kDotSize * scene.view.mark_size);
   std::vector<ScenePoint> points;
-  VisitShownCells(scene, [&](const HullCell& cell, int) {
+  VisitShownCells(scene, [&](const HullCell& cell, int, bool) {
     for (const Vector3& p : cell.ring()) points.push_back(At(p));
   });
   const auto less = [](const ScenePoint& a, const ScenePoint& b) {
@@ -212,7 +207,7 @@ void FitBox(const Scene& scene, bool keep_radius, bool keep_centre, Camera& came
   for (int round = 0; round < rounds; ++round) {
     zb3dView(draw, camera);
     zb3dStart(draw);
-    VisitShownCells(scene, [&](const HullCell& cell, int) {
+    VisitShownCells(scene, [&](const HullCell& cell, int, bool) {
       for (const Vector3& p : cell.ring()) {
         const ScenePoint point = At(p);
         zb3dMarker(draw, {&point, 1});

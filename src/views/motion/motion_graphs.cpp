@@ -164,8 +164,8 @@ void DrawLabels(const MotionGraph& graph, const PlotFacts& facts, const PageBox&
   text(draw, axes.low, area.x - gap, area.y, height, TextSide::right);
   const float base = area.y - gap - letter + up;
   const float free = area.width - TextWidth(draw, axes.right, height) - 2 * gap;
-  const bool beside = TextWidth(draw, axes.left, height) <= free;
-  text(draw, axes.left, beside ? area.x : box.x + gap, base, height, TextSide::left);
+  const float width = TextWidth(draw, axes.left, height), moved = area.x - box.x - gap;
+  if (width <= free + moved) text(draw, axes.left, width <= free ? area.x : box.x + gap, base, height, TextSide::left);
   text(draw, axes.right, right, base, height, TextSide::right);
 }
 
