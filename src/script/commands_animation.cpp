@@ -327,7 +327,8 @@ constexpr Command kAnimation[] = {
      "Settings of the animation: RUDDER, TIME, TITLE, PERSPECTIVE, SHADING, TRANSPARENT, WIRE, SURFACE, "
      "SURFACE_WIRE, CGTRACK, WATERLINE, CENTRES, POINT_MARK, HORIZON, EVENTS, FRAME_TOO yes or no; BODY, SEA solid or "
      "not; COLOR PLAIN or WETNESS; CAMERA BOW, STERN, PORT, STARBOARD, TOP, QUARTER, and SHIP, HEADING, EARTH, BRIDGE; "
-     "CENTER x y z; numbers RADIUS, AZIMUTH, ELEVATION, APERTURE, GRID, AMBIENT, SYNC, STEP, THICK, GRAPH_THICK"},
+     "CENTER x y z; numbers RADIUS, AZIMUTH, ELEVATION, APERTURE, GRID, AMBIENT, SYNC, STEP, THICK, GRAPH_THICK. "
+     "POINT_MARK marks the last point that a point quantity was given"},
 };
 
 }  // namespace

@@ -20,7 +20,7 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kSwitchedOff = "Graph {} is switched off: {}";
+constexpr std::string_view kSwitchedOff = "Graph {} is switched off : {}";
 constexpr std::string_view kNoSuchData = "no such data in this case";
 constexpr std::string_view kNotMade = "its data can't be made";
 

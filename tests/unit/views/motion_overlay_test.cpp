@@ -160,8 +160,9 @@ TEST(MotionGraphs, WhatTheCaseLacksIsSwitchedOff) {
   v.Graph(2, 1, 7);   // there are six
   v.Graph(3, 1, 3);
   v.Update();
-  EXPECT_EQ(v.fake.output,
-            "Graph 1 is switched off: no such data in this case\nGraph 3 is switched off: no such data in this case\n");
+  EXPECT_EQ(
+      v.fake.output,
+      "Graph 1 is switched off : no such data in this case\nGraph 3 is switched off : no such data in this case\n");
   EXPECT_FALSE(v.view.graphs[0].on || v.view.graphs[2].on);
   EXPECT_TRUE(v.view.graphs[3].on);
 }
