@@ -47,6 +47,7 @@ struct FakePlatform {
   std::string fed;
   std::size_t feeds = ~std::size_t{0};  // bytes that it takes before it fails
   std::string last_words;               // of its error output; it fails if there are any
+  bool writes = true;                   // else its file stays empty
 
   // Faults on demand.
   std::set<std::string> no_new_files_in;  // directories
@@ -143,7 +144,7 @@ inline Platform FakePlatform::Get() {
   };
   p.programs.finish = [](void* self, ChildHandle, std::string& said) {
     FakePlatform& fake = Of(self);
-    fake.files[fake.words.back().substr(std::string_view("file:").size())].bytes = fake.fed;
+    fake.files[fake.words.back().substr(std::string_view("file:").size())].bytes = fake.writes ? fake.fed : "";
     said = fake.last_words;
     return said.empty();
   };

@@ -23,7 +23,7 @@ namespace {
 constexpr fmt::string_view kWriting = "DumpWindow - Writing {} file {}";
 constexpr fmt::string_view kNoVideo = "ERROR - Video can't be written : {}{}";
 constexpr fmt::string_view kTooMany =
-    "ERROR - {} pictures, and not so many numbers in a row are free : STEP_INCREMENT makes fewer of them";
+    "ERROR - {} picture{}, and not so many numbers in a row are free : STEP_INCREMENT makes fewer of them";
 constexpr fmt::string_view kNoProgram = "ERROR - {} not found";
 constexpr std::string_view kOtherSize = "the window has another size by now";
 
@@ -108,7 +108,7 @@ bool FindNumbers(RunOutput& output) {
   if (output.number > 0) return true;
   const Console& console = output.platform->console;
   Say(console, kNoMoreNames, extension);
-  Say(console, kTooMany, output.order.count);
+  Say(console, kTooMany, output.order.count, output.order.count == 1 ? "" : "s");
   return false;
 }
 
@@ -231,7 +231,9 @@ bool EndVideo(RunOutput& output) {
   const Programs& programs = output.platform->programs;
   std::string said;
   const bool ended = programs.finish(programs.self, std::exchange(output.child, kNoChild), said);
-  if (ended && CloseOutput(output.file)) return true;
+  const Files& files = output.platform->files;
+  const bool written = ended && files.facts(files.self, output.file.beside).size > 0;
+  if (written && CloseOutput(output.file)) return true;
   DiscardOutput(output.file);
   return SayFault(output, kNoVideo, said);
 }

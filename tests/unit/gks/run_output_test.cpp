@@ -139,10 +139,11 @@ TEST(RunOutput, AVideoAppearsWhenItIsWhole) {
 TEST(RunOutput, AVideoThatFailsLeavesTheOldOne) {
   constexpr std::size_t kFrame = 40 * 30 * 3;
   // clang-format off
-  const struct { std::size_t feeds; const char *program, *last_words, *ends, *said; } cases[] = {
+  const struct { std::size_t feeds; const char *program, *last_words, *ends, *said; bool writes = true; } cases[] = {
       {100 * kFrame, "ffmpeg", "No space left", "all", "ERROR - Video can't be written : run.mkv (No space left)\n"},
       {2 * kFrame, "ffmpeg", "Broken", "3", "ERROR - Video can't be written : run.mkv (Broken)\n"},
       {100 * kFrame, "", "", "none", "ERROR - ffmpeg not found\n"},
+      {100 * kFrame, "ffmpeg", "", "all", "ERROR - Video can't be written : run.mkv\n", false},
   };
   // clang-format on
   for (const auto& c : cases) {
@@ -152,6 +153,7 @@ TEST(RunOutput, AVideoThatFailsLeavesTheOldOne) {
       run.fake.feeds = c.feeds;
       run.fake.program = c.program;
       run.fake.last_words = c.last_words;
+      run.fake.writes = c.writes;
       EXPECT_EQ(run.Run(), c.ends);
       EXPECT_NE(run.fake.output.find(c.said), std::string::npos) << run.fake.output;
       EXPECT_EQ(run.fake.Bytes("run.mkv"), "old");
