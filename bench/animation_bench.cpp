@@ -3,7 +3,6 @@
 // waves summed in double? Of a step, how long do the waves take? The pictures agree before they are timed.
 #include <cmath>
 #include <cstdlib>
-#include <random>
 #include <vector>
 
 #include <GL/gl.h>
@@ -14,6 +13,7 @@
 #include "gks/kernel/gks_control.h"
 #include "gks/picture/picture_file.h"
 #include "gks/window/window_offscreen.h"
+#include "random_sea.h"
 #include "views/motion/motion_view.h"
 #include "waves/elevation_grid.h"
 
@@ -27,19 +27,7 @@ constexpr std::size_t kComponents = 500;
 constexpr float kLength = 100;
 
 IncidentWave Sea() {
-  std::mt19937 random(11);
-  std::uniform_real_distribution<float> unit(0.0F, 1.0F);
-  Seaway seaway;
-  seaway.ISEA = 1;
-  for (std::size_t i = 0; i < kComponents; ++i) {
-    seaway.waves.FREQW.push_back(1.0F + 3.0F * unit(random));
-    seaway.waves.PHASEW.push_back(360.0F * unit(random));
-    seaway.waves.AMPW0.push_back(0.001F * unit(random));
-    seaway.waves.HEADW.push_back(140.0F + 80.0F * unit(random));
-  }
-  IncidentWave wave;
-  if (!PrepareIncidentWave(seaway, wave)) std::abort();
-  return wave;
+  return MakeSea({kComponents, 1.0F, 3.0F, 0.001F});
 }
 
 Hull ParabolicHull() {

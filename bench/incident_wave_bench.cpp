@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <random>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
+#include "random_sea.h"
 #include "waves/elevation_grid.h"
 #include "waves/incident_wave.h"
 #include "waves/wave_elevation.h"
@@ -22,19 +22,7 @@ constexpr int kPointsX = 61;
 constexpr int kPointsY = 41;
 
 IncidentWave Sea() {
-  std::mt19937 random(11);
-  std::uniform_real_distribution<float> unit(0.0F, 1.0F);
-  Seaway seaway;
-  seaway.ISEA = 1;
-  for (std::size_t i = 0; i < kComponents; ++i) {
-    seaway.waves.FREQW.push_back(0.5F + 2.5F * unit(random));
-    seaway.waves.PHASEW.push_back(360.0F * unit(random));
-    seaway.waves.AMPW0.push_back(0.002F * unit(random));
-    seaway.waves.HEADW.push_back(140.0F + 80.0F * unit(random));
-  }
-  IncidentWave wave;
-  if (!PrepareIncidentWave(seaway, wave)) std::abort();
-  return wave;
+  return MakeSea({.components = kComponents});
 }
 
 void CheckElevation(const IncidentWave& wave, double x, double y, double t, float eta) {

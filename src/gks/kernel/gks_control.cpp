@@ -148,6 +148,12 @@ void GSTXCI(const Console& console, GksState& gks, int index) {
 void GSFACI(const Console& console, GksState& gks, int index) {
   gks.attribute.fill_colour = TakeIndex(console, gks, "GSFACI", index);
 }
+void gksSetColours(const Console& console, GksState& gks, int index) {
+  GSFACI(console, gks, index);
+  GSPLCI(console, gks, index);
+  GSPMCI(console, gks, index);
+  GSTXCI(console, gks, index);
+}
 
 void GSCR(const Console& console, GksState& gks, int index, GksColour colour) {
   if (!IsColour(index)) {

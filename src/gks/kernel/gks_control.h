@@ -33,6 +33,7 @@ void GSPLCI(const Console& console, GksState& gks, int index);
 void GSPMCI(const Console& console, GksState& gks, int index);
 void GSTXCI(const Console& console, GksState& gks, int index);
 void GSFACI(const Console& console, GksState& gks, int index);
+void gksSetColours(const Console& console, GksState& gks, int index);  // all four
 // 0 and 1 can't be set. On white paper colours are mapped so that they stay visible.
 void GSCR(const Console& console, GksState& gks, int index, GksColour colour);
 [[nodiscard]] GksColour GQCR(const Console& console, const GksState& gks, int index);

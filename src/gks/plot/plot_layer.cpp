@@ -48,14 +48,6 @@ bool IsSize(float value) {
   return value > 0.0F && std::isfinite(value);
 }
 
-void SetColours(PlotDraw draw, int index) {
-  const Console& console = draw.platform.console;
-  GSFACI(console, draw.gks, index);
-  GSPLCI(console, draw.gks, index);
-  GSPMCI(console, draw.gks, index);
-  GSTXCI(console, draw.gks, index);
-}
-
 void OpenPicture(PlotDraw draw) {
   GksState& gks = draw.gks;
   gksOpenTo(gks, GksLevel::active);
@@ -63,7 +55,7 @@ void OpenPicture(PlotDraw draw) {
   GSWKVP(gks, {0, static_cast<float>(gks.window.width), 0, static_cast<float>(gks.window.height)});
   for (std::size_t i = 0; i < std::size(kColours); ++i)
     GSCR(draw.platform.console, gks, static_cast<int>(i) + kFirstOwnColour, kColours[i]);
-  SetColours(draw, 1);
+  gksSetColours(draw.platform.console, draw.gks, 1);
   GSCHUP(gks, 0, 1);
   GSLN(gks, 1);
   GSLWSC(gks, 1);
@@ -249,7 +241,8 @@ void dgThickness(PlotDraw draw, float thickness) {
 
 void dgColour(PlotDraw draw, int index) {
   const int own = std::max(draw.page.colour_count - 1, 1);
-  SetColours(draw, index < kFirstOwnColour ? 1 : (index - kFirstOwnColour) % own + kFirstOwnColour);
+  gksSetColours(draw.platform.console, draw.gks,
+                index < kFirstOwnColour ? 1 : (index - kFirstOwnColour) % own + kFirstOwnColour);
 }
 
 void dgClip(PlotDraw draw, float flag) {

@@ -12,6 +12,7 @@
 #include "gks/plot/page_text.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_type.h"
+#include "views/state/axes_marks.h"
 #include "views/state/plot_kinds.h"
 #include "views/state/popup.h"
 #include "views/state/start_plot.h"
@@ -22,7 +23,6 @@ namespace {
 
 constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
 constexpr std::size_t kTitleColumns = 70;
-constexpr float kPageMargin = 0.15F;
 constexpr int kFrameOption = 2;  // of axis_option, and the one above
 
 // Which texts stand around the plot, by plot_text_mode.
@@ -98,18 +98,6 @@ void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
   dgReset(draw, "dot");
 }
 
-// ---- Overlays
-// What is measured, and the first corner of a zoom.
-void DrawMouse(const DataPlotState& plot, PlotDraw draw) {
-  const ZoomState& zoom = plot.axes.zoom;
-  const MeasureState& measure = plot.axes.measure;
-  if (zoom.pending) DrawCross(draw, zoom.x, zoom.y);
-  if (!measure.on) return;
-  DrawCross(draw, measure.x, measure.y);
-  const std::string text = fmt::format("{:>8}  {:>8}", ShortNumber(measure.x), ShortNumber(measure.y));
-  PageText(draw, text, draw.page.page_width - kPageMargin, kPageMargin, plot.annot_size, TextSide::right);
-}
-
 void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) {
   const PlotType& type = PlotTypeOf(plot.kind);
   PlotNames names;
@@ -131,7 +119,7 @@ void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   if (type.draw != nullptr) type.draw(facts, plot, draw);
   else DrawCurves(plot, draw);
   PageNotes(draw, notes, place);
-  DrawMouse(plot, draw);
+  DrawAxesMarks(plot.axes, plot.annot_size, draw);
   DrawPopup(plot.axes.popup, kDataPlotPopup, draw);
 }
 

@@ -14,6 +14,7 @@
 #include "gks/plot/page_heading.h"
 #include "views/geometry/geometry_items.h"
 #include "views/state/axes_limits.h"
+#include "views/state/axes_marks.h"
 #include "views/state/start_plot.h"
 
 namespace zaview {
@@ -254,16 +255,6 @@ void DrawAxes(const GeometryViewState& view, PlotDraw draw) {
   dgReset(draw, "dot");
 }
 
-void DrawMouse(const GeometryViewState& view, PlotDraw draw) {
-  const ZoomState& zoom = view.axes.zoom;
-  const MeasureState& measure = view.axes.measure;
-  if (zoom.pending) DrawCross(draw, zoom.x, zoom.y);
-  if (!measure.on) return;
-  DrawCross(draw, measure.x, measure.y);
-  const std::string text = fmt::format("{:>8}  {:>8}", ShortNumber(measure.x), ShortNumber(measure.y));
-  PageText(draw, text, draw.page.page_width - kGeometryMargin, kGeometryMargin, view.annot_size, TextSide::right);
-}
-
 }  // namespace
 
 void GeoRender2D(Session& session) {
@@ -300,7 +291,7 @@ void GeoRender2D(Session& session) {
   DrawPoints(drawing, groups);
   dgColour(draw, 1);
   PageNotes(draw, notes, place);
-  DrawMouse(view, draw);
+  DrawAxesMarks(view.axes, view.annot_size, draw);
   DrawPopup(view.axes.popup, kGeometryPopup, draw);
   (void)dgFrame(draw, -3);
   session.run.redraw = false;

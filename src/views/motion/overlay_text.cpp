@@ -21,11 +21,7 @@ void SetOverlayColours(PlotDraw draw) {
 }
 
 void UsePen(PlotDraw draw, int colour) {
-  const Console& console = draw.platform.console;
-  GSPLCI(console, draw.gks, colour);
-  GSPMCI(console, draw.gks, colour);
-  GSTXCI(console, draw.gks, colour);
-  GSFACI(console, draw.gks, colour);
+  gksSetColours(draw.platform.console, draw.gks, colour);
 }
 
 float OnePixel(PlotDraw draw) {

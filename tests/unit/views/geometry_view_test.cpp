@@ -74,14 +74,7 @@ void Renew(GeometryPicture& v, bool space) {
 }
 
 void ExpectChanges(const KeyCase& c, std::vector<double> want, const View& view) {
-  std::istringstream in(c.changes);
-  std::string name;
-  for (double value = 0; in >> name >> value;) {
-    std::size_t at = 0;
-    while (at < std::size(kFields) && kFields[at].name != name) ++at;
-    ASSERT_LT(at, std::size(kFields)) << name;
-    want[at] = value;
-  }
+  TakeChanges(kFields, c.changes, want);
   for (std::size_t i = 0; i < want.size(); ++i)
     EXPECT_NEAR(kFields[i].value(view), want[i], 1e-4) << c.space << ": " << c.keys << ": " << kFields[i].name;
 }

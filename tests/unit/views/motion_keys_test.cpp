@@ -101,14 +101,7 @@ struct Animation : PlotView {
     return values;
   }
   void Expect(const KeyCase& c, std::vector<double> want) {
-    std::istringstream in(c.changes);
-    std::string name;
-    for (double value = 0; in >> name >> value;) {
-      std::size_t at = 0;
-      while (at < std::size(kFields) && kFields[at].name != name) ++at;
-      ASSERT_LT(at, std::size(kFields)) << name;
-      want[at] = value;
-    }
+    TakeChanges(kFields, c.changes, want);
     const std::vector<double> got = Values();
     for (std::size_t i = 0; i < want.size(); ++i)
       EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i]))) << c.keys << ": " << kFields[i].name;

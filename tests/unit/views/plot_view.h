@@ -126,6 +126,19 @@ struct PlotView : Picture {
   }
 };
 
+// "field 3 other 1": these become what is wanted of the fields, rows with a name.
+template <typename Fields>
+void TakeChanges(const Fields& fields, const char* changes, std::vector<double>& want) {
+  std::istringstream in(changes);
+  std::string name;
+  for (double value = 0; in >> name >> value;) {
+    std::size_t at = 0;
+    while (at < std::size(fields) && fields[at].name != name) ++at;
+    ASSERT_LT(at, std::size(fields)) << name;
+    want[at] = value;
+  }
+}
+
 // "g ^e ^E A-o Left S-PgUp Space": keys as a user would write them.
 inline void Press(Session& session, const std::string& keys) {
   const std::pair<std::string_view, int> names[] = {{"Left", kKeyLeft}, {"Right", kKeyRight}, {"Up", kKeyUp},
