@@ -2,40 +2,31 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include "base/message.h"
 #include "case/read/unformatted_steps.h"
 #include "case/smoothing.h"
+#include "frame/ground/progress_line.h"
 
 namespace zaview {
 namespace {
 
-// Says how far a long read is: not before kQuietTime, then at most five times a second.
-struct ProgressLine {
-  const Platform* platform;
-  std::string_view name;
+struct ReadProgress {
+  ProgressLine line;
   std::int64_t size;  // bytes; below 1: unknown
-  double next;        // when to show it again
 };
-constexpr double kQuietTime = 2.0;  // seconds
-constexpr double kShowEvery = 0.2;
 
 void ShowTaken(void* self, std::int64_t bytes) {
-  auto& line = *static_cast<ProgressLine*>(self);
-  const Clock& clock = line.platform->clock;
-  const double now = clock.seconds(clock.self);
-  if (now < line.next) return;
-  line.next = now + kShowEvery;
-  const double part = line.size > 0 ? static_cast<double>(bytes) / static_cast<double>(line.size) : 0.0;
-  const int percent = static_cast<int>(std::clamp(part, 0.0, 1.0) * 100.0);
-  const Console& console = line.platform->console;
-  console.show_progress(console.self, fmt::format("Reading {} {:>3} %", line.name, percent));
+  auto& progress = *static_cast<ReadProgress*>(self);
+  ShowProgress(progress.line,
+               progress.size > 0 ? static_cast<double>(bytes) / static_cast<double>(progress.size) : 0.0);
 }
 
-ProgressLine StartProgress(const Platform& platform, std::string_view name) {
-  const std::int64_t size = platform.files.facts(platform.files.self, std::string(name)).size;
-  return {&platform, name, size, platform.clock.seconds(platform.clock.self) + kQuietTime};
+ReadProgress StartReading(const Platform& platform, std::string_view name) {
+  return {StartProgress(platform, fmt::format("Reading {}", name)),
+          platform.files.facts(platform.files.self, std::string(name)).size};
 }
 
 void SayVersions(const Console& console, int formatted, int unformatted) {
@@ -65,9 +56,9 @@ void SmoothLoads(const Console& console, CaseStore& fresh) {
     return true;
   }
   Say(console, kReadingHistory, name);
-  ProgressLine line = StartProgress(platform, name);
-  const CompanionRead read = ReadUnformattedSteps(stream, line.size, fresh, {&line, ShowTaken});
-  console.remove_progress(console.self);
+  ReadProgress progress = StartReading(platform, name);
+  const CompanionRead read = ReadUnformattedSteps(stream, progress.size, fresh, {&progress, ShowTaken});
+  EndProgress(progress.line);
   if (read.bad_indices > 0) SayLine(console, kInvalidIndex);
   constexpr int kWithoutForces = 2;
   if (CompanionMode(fresh) == kWithoutForces && read.steps.kept > 0) SmoothLoads(console, fresh);
@@ -79,10 +70,10 @@ void SmoothLoads(const Console& console, CaseStore& fresh) {
 
 StepsRead ReadFormattedSteps(const Platform& platform, BlockStream& stream, CaseStore& fresh) {
   Say(platform.console, kReadingHistory, fresh.file_name);
-  ProgressLine line = StartProgress(platform, fresh.file_name);
+  ReadProgress progress = StartReading(platform, fresh.file_name);
   const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, 2U);
-  const StepsRead steps = ReadTimeSteps(stream, line.size, fresh, {&line, ShowTaken}, threads);
-  platform.console.remove_progress(platform.console.self);
+  const StepsRead steps = ReadTimeSteps(stream, progress.size, fresh, {&progress, ShowTaken}, threads);
+  EndProgress(progress.line);
   return steps;
 }
 
