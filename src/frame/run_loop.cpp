@@ -1,5 +1,7 @@
 #include "frame/run_loop.h"
 
+#include <utility>
+
 #include "base/message.h"
 #include "frame/ground/zaview_exit.h"
 #include "frame/text_menu.h"
@@ -38,7 +40,9 @@ void RunScript(Session& session, std::string_view name) {
 
 void RunDialogue(Session& session) {
   RunState& run = session.run;
-  if (run.script_active && session.script.open && run.plot_module == PlotModule::none) RunScript(session, "");
+  const bool to_menu = std::exchange(run.menu_wanted, false);
+  if (!to_menu && run.script_active && session.script.open && run.plot_module == PlotModule::none)
+    RunScript(session, "");
   while (run.plot_module == PlotModule::none && !run.exit_requested) text_menu(session);
 }
 

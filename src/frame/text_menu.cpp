@@ -17,6 +17,7 @@
 #include "script/open_script_file.h"
 #include "stats/tables/ensemble_dialogues.h"
 #include "stats/tables/table_dialogues.h"
+#include "views/state/choose_view.h"
 
 namespace zaview {
 namespace {
@@ -37,32 +38,24 @@ bool TimeHistory(const Session& s) {
   return s.case_store.has_steps() && s.case_store.time_history();
 }
 
-bool HasHull(const Session& s) {
-  return s.case_store.hull_tried == Tried::there;
+bool Geometry(const Session& s) {
+  return HasHull(s.case_store);
 }
 
 bool Animation(const Session& s) {
-  return TimeHistory(s) && HasHull(s) && s.case_store.labels.VERSION >= 0;
+  return CanAnimate(s.case_store);
 }
 
 bool Trajectory(const Session& s) {
-  return TimeHistory(s) && s.case_store.labels.VERSION >= 0;
+  return HasTrack(s.case_store);
 }
 
-constexpr int kFirstLoad = 13, kLastLoad = 24;  // quantities
-
-// At cuts along X, with a history of at least one of the loads.
 bool HasXCuts(const Session& s) {
-  const CaseStore& c = s.case_store;
-  const SectionLoads& loads = c.loads;
-  if (loads.NBCA <= 0 || (loads.IVM <= 0 && loads.IHM <= 0 && loads.ITM <= 0) || !TimeHistory(s)) return false;
-  for (int iqnt = kFirstLoad; iqnt <= kLastLoad; ++iqnt)
-    if (QuantityValid(c, iqnt)) return true;
-  return false;
+  return HasLoadCuts(s.case_store);
 }
 
 bool HullAndHistory(const Session& s) {
-  return TimeHistory(s) && HasHull(s);
+  return TimeHistory(s) && HasHull(s.case_store);
 }
 
 // A free run in calm water that starts with a roll angle or a roll rate.
@@ -202,7 +195,7 @@ constexpr Option kOptions[] = {
     {" 9 - Read new output file",                               Always,         ReadNewFile       },
     {"10 - Change output dimensionalization (scale) factors",   Always,         ChangeScales      },
     {"11 - Trim time record for statistics or output files",    Always,         Trim              },
-    {"12 - Plot geometry",                                      HasHull,        nullptr, MenuGeometry},
+    {"12 - Plot geometry",                                      Geometry,       nullptr, MenuGeometry},
     {"13 - Run script file",                                    Always,         RunScriptFile     },
     {"14 - GZ curve analysis",                                  HullAndHistory, nullptr           },
     {"15 - Compute roll decay coefficients",                    RollDecay,      nullptr           },

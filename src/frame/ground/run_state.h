@@ -21,6 +21,7 @@ struct RunState {
   PlotModule change_module = PlotModule::none;  // a view asks for that one next
   int plot_suboption = 0;                       // above 0: a plot is wanted (script) or to be continued (menu)
   bool view_is_new = false;
+  bool menu_wanted = false;  // the main menu is next, also where a script waits
   bool exit_requested = false;
   int exit_status = 0;        // with exit_requested
   bool files_unread = false;  // some that a wild card of a script found: the run ends with status 1

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "frame/session.h"
+#include "views/state/option_row.h"
 #include "views/state/plot_source.h"
 #include "views/state/view_key.h"
 
@@ -16,6 +17,7 @@ void zaviewrender(Session& session);                               // draws from
 void zaviewmouse(Session& session, int button, float x, float y);  // world of the graph
 void BeforeDataPlotKey(Session& session);                          // any key ends what the mouse began
 [[nodiscard]] ViewKeys DataPlotKeys(const Session& session);
+[[nodiscard]] ViewOptions DataPlotOptions(const Session& session);
 
 // The same as zaviewsetaxes; false: the data can't be made, which has been said.
 [[nodiscard]] bool UpdatePlot(const PlotSource& source, DataPlotState& plot);

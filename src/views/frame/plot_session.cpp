@@ -7,11 +7,14 @@
 #include "frame/ground/zaview_exit.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/window/gks_window.h"
+#include "menu/menu_build.h"
+#include "menu/menu_window.h"
 #include "views/data_plot/data_plot.h"
 #include "views/frame/ordered_run.h"
 #include "views/frame/screen_dialogue.h"
 #include "views/frame/session_keys.h"
 #include "views/geometry/geometry_view.h"
+#include "views/menus/menus.h"
 #include "views/motion/motion_view.h"
 #include "views/state/run_pictures.h"
 #include "views/state/step_run.h"
@@ -86,12 +89,18 @@ void GiveUpView(Session& s) {
 void AfterEvent(Session& s) {
   if (const View* view = ViewOf(s)) ServeAsk(s, view->keys(s));
   if (s.run.exit_requested) zaviewexit(s, s.run.exit_status);
+  RefreshMenus(s);
   if (s.run.plot_module == PlotModule::none) gksWindowHideNow(s.platform, s.gks);
   else if (s.run.redraw) gksPostRedisplay(s.platform, s.gks);
 }
 
 Session& Of(void* self) {
   return *static_cast<Session*>(self);
+}
+
+void TopMenu(Session& s, const MenuEvent& event) {
+  topMenuInput(s, event);
+  if (event.change != MenuChange::closed) AfterEvent(s);
 }
 
 }  // namespace
@@ -105,7 +114,9 @@ void SetHooks(Session& session) {
   hooks.idle = [](void* self) { return TopIdle(Of(self)); };
   hooks.take_picture = [](void* self) { return TakeRunPicture(Of(self)); };
   hooks.screen_input = [](void* self, std::string_view text) { TopScreenInput(Of(self), text); };
-  hooks.close_menus = [](void*) {};
+  hooks.close_menus = [](void* self) { gksMenuClose(Of(self).menus.kit, 0); };
+  gksMenuAttach(session.menus.kit, session.platform, session.gks,
+                {&session, [](void* self, const MenuEvent& event) { TopMenu(Of(self), event); }});
 }
 
 void startgraphics(Session& session) {

@@ -5,7 +5,7 @@
 
 #include "gks/window/gks_window.h"
 #include "views/frame/plot_session.h"
-#include "views/frame/session_keys.h"
+#include "views/menus/menus.h"
 #include "views/state/step_run.h"
 
 namespace zaview {
@@ -55,8 +55,7 @@ void OpenPendingMenu(Session& s) {
   gksIdleOff(s.platform, s.gks);
   if (!s.plot_session.menu_pending) return;
   s.plot_session.menu_pending = false;
-  s.plot_session.ask = ViewAsk::options_menu;
-  ServeAsk(s, {});
+  InvokeOptionsMenu(s, MenuMode::open);
 }
 
 }  // namespace
@@ -81,6 +80,7 @@ bool TopIdle(Session& session) {
   }
   if (!Advance(session)) return false;
   p.step_stale = true;
+  FollowRun(session);
   session.run.redraw = true;
   if (AtLastStep(session) && !p.run_dump) StopRun(session);
   return true;

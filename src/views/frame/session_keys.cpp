@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 #include "base/message.h"
 #include "case/quantity_catalogue.h"
@@ -9,15 +10,16 @@
 #include "gks/picture/window_dump.h"
 #include "gks/window/gks_window.h"
 #include "gks/window/text_screen.h"
+#include "menu/menu_window.h"
 #include "views/frame/plot_session.h"
 #include "views/frame/screen_dialogue.h"
+#include "views/menus/menus.h"
 #include "views/state/step_run.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr std::string_view kNoMenu = "{} : this menu is not available yet";
 constexpr int kNumberedPng = -1;
 constexpr int kSpace = ' ';
 constexpr KeyScope kByStep = 1U, kAnyView = 2U, kRecords = 4U;
@@ -51,14 +53,12 @@ bool RequestReverse(Session& s) {
 }
 
 // Keys may come faster than their pictures: the file holds what the one before asked for.
-bool DumpWindow(Session& s) {
+void WriteImageFile(Session& s) {
   if (s.run.redraw) {
     gksBeginPicture(s.platform.window, s.gks);
     TopRender(s, false);
   }
-  if (s.run.plot_module == PlotModule::none) return false;
-  static_cast<void>(GKSDUMP(s.platform, s.gks, kNumberedPng));
-  return false;
+  if (s.run.plot_module != PlotModule::none) static_cast<void>(GKSDUMP(s.platform, s.gks, kNumberedPng));
 }
 
 template <ViewAsk what>
@@ -71,11 +71,9 @@ bool AskCurveMenu(Session& s) {
   return CurveCount(s.case_store, s.data_plot.quantity.iqnt) > 1 && AskFor<ViewAsk::curve_menu>(s);
 }
 
-template <int step>
+template <void (*change)(MenuToolkit&)>
 bool MenuFont(Session& s) {
-  constexpr int kLeast = 1, kMost = 3;
-  int& steps = s.menus.menu_font_step;
-  steps = std::clamp(steps + step, kLeast, kMost);
+  change(s.menus.kit);
   return false;  // of the menu windows alone
 }
 
@@ -120,7 +118,7 @@ constexpr ViewKey kKeys[] = {
      {"^t      Set # of initial time steps to trim (all output)"}},
     {CtrlShift('t'),  kRecords, AskCount<kTrimLast>,
      {"^T      Set # of terminal time steps to trim (all output)"}},
-    {'W',             kAnyView, DumpWindow,
+    {'W',             kAnyView, AskFor<ViewAsk::image_file>,
      {" W      Window dump - save window contents to file"}},
     {kSpace,          kByStep,  ToggleRun,
      {"Space bar - Start/stop run mode (plotting time steps in sequence)"}},
@@ -130,9 +128,13 @@ constexpr ViewKey kKeys[] = {
      {"Alt+o bar - Invoke plot options menu"}},
     {Alt('s'),        kRecords, AskCurveMenu,
      {"Alt+s bar - Invoke curve selection menu"}},
-    {Alt('+'),        kAnyView, MenuFont<1>},
-    {Alt('='),        kAnyView, MenuFont<1>},
-    {Alt('-'),        kAnyView, MenuFont<-1>},
+    {Alt('+'),        kAnyView, MenuFont<gksMenuFontUp>},
+    {Alt('='),        kAnyView, MenuFont<gksMenuFontUp>},
+    {Alt('-'),        kAnyView, MenuFont<gksMenuFontDown>},
+    {kKeyF1 + 1,      kAnyView, AskFor<ViewAsk::options_menu>,
+     {"F2/F3/F4 - Invoke options, selection, time step menu (as Alt+o, Alt+s, Alt+Space)"}},
+    {kKeyF1 + 2,      kRecords, AskCurveMenu},
+    {kKeyF1 + 3,      kByStep,  AskFor<ViewAsk::time_step_menu>},
     {kKeyPageUp,      kByStep,  StepBack,
      {"Pg up/dn  - Plot previous/next time step",
       "Shift+Pg up/dn  - Plot first/last time step"}},
@@ -182,8 +184,10 @@ int PlaceOf(int code) {
   return key == kSpace ? kBlank : kOthers;
 }
 
+// In a window of its own, or where there is none on the text screen.
 void ShowHelp(Session& s, const ViewKeys& view) {
   const std::vector<std::string> lines = HelpLines(view);
+  if (InvokeShowFileMenu(s, lines)) return;
   for (std::size_t i = 0; i < lines.size(); ++i) gksScreenLine(s.gks, lines[i], static_cast<int>(i));
   gksScreenShow(s.platform, s.gks);
 }
@@ -229,23 +233,22 @@ bool ActOnKey(Session& session, const ViewKeys& view, int key) {
 }
 
 void ServeAsk(Session& session, const ViewKeys& view) {
-  const ViewAsk ask = session.plot_session.ask;
-  session.plot_session.ask = ViewAsk::none;
-  const Console& console = session.platform.console;
-  switch (ask) {
+  switch (std::exchange(session.plot_session.ask, ViewAsk::none)) {
     case ViewAsk::none:
       return;
     case ViewAsk::options_menu:
-      return Say(console, kNoMenu, "Plot Options");
+      return ToggleMenu(session, InvokeOptionsMenu, &MenuState::m_omenu);
     case ViewAsk::curve_menu:
-      return Say(console, kNoMenu, "Curve Selection");
+      return ToggleMenu(session, InvokeCurveSelectionMenu, &MenuState::m_csmenu);
     case ViewAsk::time_step_menu:
-      return Say(console, kNoMenu, "Time Step");
+      return ToggleMenu(session, InvokeTimeStepMenu, &MenuState::m_tsmenu);
     case ViewAsk::help:
       return ShowHelp(session, view);
     case ViewAsk::help_on_console:
-      for (const std::string& line : HelpLines(view)) SayLine(console, line);
+      for (const std::string& line : HelpLines(view)) SayLine(session.platform.console, line);
       return;
+    case ViewAsk::image_file:
+      return WriteImageFile(session);
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/session.h"
+#include "views/state/option_row.h"
 #include "views/state/view_key.h"
 
 namespace zaview {
@@ -11,5 +12,6 @@ void GeoRender(Session& session);                               // in two dimens
 void GeoMouse(Session& session, int button, float x, float y);  // page units in space, else those of the graph
 void BeforeGeometryKey(Session& session);                       // any key ends what the mouse began
 [[nodiscard]] ViewKeys GeometryKeys(const Session& session);
+[[nodiscard]] ViewOptions GeometryOptions(const Session& session);
 
 }  // namespace zaview

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/session.h"
+#include "views/state/option_row.h"
 #include "views/state/view_key.h"
 
 namespace zaview {
@@ -11,5 +12,6 @@ void KinoRender(Session& session);    // may leave the view: the picture can't b
 void KinoMouse(Session& session, int button, float x, float y);  // page units
 void BeforeMotionKey(Session& session);                          // any key closes the popup
 [[nodiscard]] ViewKeys MotionKeys(const Session& session);
+[[nodiscard]] ViewOptions MotionOptions(const Session& session);
 
 }  // namespace zaview

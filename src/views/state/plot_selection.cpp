@@ -24,21 +24,6 @@ bool WaveIsThere(const Console& console, CaseStore& store, const QuantityRow& ro
   return row.need != QuantityNeed::wave || EnsureSeaway(console, store) == WaveAnswer::ok;
 }
 
-bool CanShow(const Console& console, CaseStore& store, const PointSettings& point, const DataPlotState& plot,
-             int iqnt) {
-  const PlotKindRow& kind = RowOf(plot.kind);
-  if (!QuantityValid(store, iqnt) || CurveCount(store, iqnt) < 1) return false;
-  if (!store.time_history()) return kind.of_functions;
-  const QuantityRow* row = FindQuantity(iqnt);
-  if (row == nullptr || row->need == QuantityNeed::file_only || !PointGiven(point, iqnt)) return false;
-  return (!kind.of_loads || row->load_kind != 0) && WaveIsThere(console, store, *row);
-}
-
-int QuantityCount(const CaseStore& store) {
-  if (store.time_history()) return kQuantities;
-  return store.irf_case ? static_cast<int>(store.irfs.size()) : kImpulse;
-}
-
 template <typename Enum>
 bool Next(Enum& value, int count) {
   value = static_cast<Enum>((static_cast<int>(value) + 1) % count);
@@ -150,6 +135,37 @@ bool ChangeQuantity(const Console& console, CaseStore& store, const PointSetting
   UsePoint(point, plot.quantity);
   if (carry) plot.axes.use = LimitsUse::carried;
   return true;
+}
+
+bool CanShow(const Console& console, CaseStore& store, const PointSettings& point, const DataPlotState& plot,
+             int iqnt) {
+  const PlotKindRow& kind = RowOf(plot.kind);
+  if (!QuantityValid(store, iqnt) || CurveCount(store, iqnt) < 1) return false;
+  if (!store.time_history()) return kind.of_functions;
+  const QuantityRow* row = FindQuantity(iqnt);
+  if (row == nullptr || row->need == QuantityNeed::file_only || !PointGiven(point, iqnt)) return false;
+  return (!kind.of_loads || row->load_kind != 0) && WaveIsThere(console, store, *row);
+}
+
+int QuantityCount(const CaseStore& store) {
+  if (store.time_history()) return kQuantities;
+  return store.irf_case ? static_cast<int>(store.irfs.size()) : kImpulse;
+}
+
+bool TakeQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot, int iqnt,
+                  bool carry) {
+  if (!RowOf(plot.kind).of_quantity || !CanShow(console, store, point, plot, iqnt)) return false;
+  plot.quantity = {.iqnt = iqnt};
+  UsePoint(point, plot.quantity);
+  if (carry) plot.axes.use = LimitsUse::carried;
+  return true;
+}
+
+bool SettleQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot) {
+  if (!RowOf(plot.kind).of_quantity || CanShow(console, store, point, plot, plot.quantity.iqnt)) return true;
+  for (int iqnt = 1; iqnt <= QuantityCount(store); ++iqnt)
+    if (TakeQuantity(console, store, point, plot, iqnt, false)) return true;
+  return false;
 }
 
 bool ChangeStatistic(DataPlotState& plot, int direction) {

@@ -31,6 +31,16 @@ bool ToggleDrawing(DataPlotState& plot, const CaseStore& store);  // of the chos
 // one was given. direction: 1 or -1. carry: the limits in use are those of the next one too.
 bool ChangeQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot,
                     int direction, bool carry);
+// The quantity in use, or the first one that this kind can show in its place. False: there is none, nothing changes.
+bool SettleQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot);
+// Can this kind of plot show it, with the point that was given last?
+[[nodiscard]] bool CanShow(const Console& console, CaseStore& store, const PointSettings& point,
+                           const DataPlotState& plot, int iqnt);
+// False: it can't be shown, nothing changes. carry: as above.
+bool TakeQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot, int iqnt,
+                  bool carry);
+[[nodiscard]] int QuantityCount(const CaseStore& store);  // quantities count from 1
+
 bool ChangeStatistic(DataPlotState& plot, int direction);
 
 // Between curves and histogram; false: this kind has no such other.

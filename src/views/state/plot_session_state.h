@@ -11,7 +11,7 @@
 namespace zaview {
 
 // What a view asks the frame for, which opens it behind the event.
-enum class ViewAsk : std::uint8_t { none, options_menu, curve_menu, time_step_menu, help, help_on_console };
+enum class ViewAsk : std::uint8_t { none, options_menu, curve_menu, time_step_menu, help, help_on_console, image_file };
 
 // What the animation does when it is entered.
 struct AnimationOrder {

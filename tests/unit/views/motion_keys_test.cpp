@@ -166,7 +166,7 @@ TEST(MotionKeys, LooksAreToggledAndKeptWithinLimits) {
       {"t", "thick 0.04"}, {"t t", "thick 0.08"}, {"t t t t", "thick 0.04"},
       {"^b r ^t l k i u w", "solid 0 rudders 0 track 1 waterline 1 centres 1 events 1 horizon 1 colour 1"},
       {"w w ^l ^s T", "shading 0 sea 0 title 0"}, {"^r", "background 1"},
-      {"S j D F1 Back 7 ^S ^T A-s", ""}, {"A-o A-Space", "", "Plot Options : this menu is not available yet\nTime Step : this menu is not available yet\n"},
+      {"S j D F1 Back 7 ^S ^T A-s", ""},
       {"q", "module 0"}, {"Q", "exit 1"},
   };
   // clang-format on

@@ -1,0 +1,64 @@
+// What all option menus have in common: how they open, close, follow the view, and lead from one to another.
+#include <string>
+
+#include "unit/views/menu_view.h"
+#include "views/menus/option_builder.h"
+
+namespace zaview {
+namespace {
+
+constexpr PlotRequest kHeave{.quantity = {.iqnt = 1, .curve = 3}};
+
+// The keys open them, again they close, from a menu's own window as well; those that don't fit go with their view.
+TEST(OptionMenus, OpenByKeysAndCloseWithTheView) {
+  MenuView v({"irregular_head.out"});
+  v.EnterPlot(kHeave);
+  const MenuState& menus = v.session.menus;
+  v.Key('o', kAltKey);
+  ASSERT_NE(menus.m_omenu, 0) << v.fake.output;
+  v.Key(kKeyF1 + 1, 0, v.WindowOf(menus.m_omenu));
+  EXPECT_EQ(menus.m_omenu, 0);
+  v.Key(kKeyF1 + 1);
+  v.Key('s', kAltKey);
+  v.Key('h');
+  EXPECT_TRUE(menus.m_omenu != 0 && menus.m_csmenu != 0 && menus.m_help != 0);
+  v.Key(' ', kAltKey);  // no steps in a time history
+  EXPECT_EQ(menus.m_tsmenu, 0);
+  v.Press(menus.m_omenu, {.text = "Trajectory"});
+  EXPECT_EQ(v.session.data_plot.kind, PlotKind::trajectory);
+  EXPECT_EQ(menus.m_csmenu, 0);
+  v.Key('q');
+  EXPECT_TRUE(menus.m_omenu == 0 && menus.m_help == 0 && menus.places.empty());
+}
+
+TEST(OptionMenus, LeadFromViewToView) {
+  MenuView v({"irregular_head.out"});
+  v.EnterPlot(kHeave);
+  v.Key('o', kAltKey);
+  const int& menu = v.session.menus.m_omenu;
+  struct {
+    const char* button;
+    PlotKind kind;
+    PlotModule module;
+  } const kCases[] = {{"Histogram", PlotKind::histogram, PlotModule::data_plot},
+                      {"Load Dist", PlotKind::load_dist, PlotModule::data_plot},
+                      {"AutoCorrelation", PlotKind::autocorrelation, PlotModule::data_plot},
+                      {"Time History", PlotKind::history, PlotModule::data_plot},
+                      {"AutoCovariance", PlotKind::autocovariance, PlotModule::data_plot}};
+  for (const auto& c : kCases) {
+    v.Press(menu, {.text = c.button});
+    EXPECT_EQ(v.session.data_plot.kind, c.kind) << c.button;
+    EXPECT_EQ(v.session.run.plot_module, c.module) << c.button;
+    EXPECT_EQ(v.Shown(menu, {.text = c.button})->style, kButtonDown) << c.button;
+  }
+  EXPECT_EQ(v.Find(menu, {.text = "Conf.Intrvl"}), nullptr);
+  v.Press(menu, {.text = "+"});
+  EXPECT_EQ(v.session.menus.kit.font_step, 3);
+  v.Press(menu, {.text = "Write Image File"});
+  EXPECT_TRUE(v.fake.files.contains("dump0001.png")) << v.fake.output;
+  v.Press(menu, {.text = "Text Menu"});
+  EXPECT_TRUE(v.session.run.menu_wanted && menu == 0);
+}
+
+}  // namespace
+}  // namespace zaview
