@@ -416,7 +416,7 @@ void dgGrafLog(PlotDraw draw, float x_origin, float x_step, float x_end, float y
   DrawGraph(draw);
 }
 
-void dgZeroLines(PlotDraw draw) {
+void dgZeroLines(PlotDraw draw, bool vertical, bool horizontal) {
   const PlotPage& page = draw.page;
   const Axis x = XAxis(page, 1), y = YAxis(page, 1);
   const auto inside = [](const Axis& axis) {
@@ -425,8 +425,9 @@ void dgZeroLines(PlotDraw draw) {
   const SelectedTransform on_page(draw.gks, kPageTransform);
   const SavedAttributes saved(draw.gks);
   GSLN(draw.gks, 3);
-  if (inside(x)) Line(draw, ToPage(x, 0), page.area_y, ToPage(x, 0), page.area_y + page.area_height);
-  if (!y.log && inside(y)) Line(draw, page.area_x, ToPage(y, 0), page.area_x + page.area_width, ToPage(y, 0));
+  if (vertical && inside(x)) Line(draw, ToPage(x, 0), page.area_y, ToPage(x, 0), page.area_y + page.area_height);
+  if (horizontal && !y.log && inside(y))
+    Line(draw, page.area_x, ToPage(y, 0), page.area_x + page.area_width, ToPage(y, 0));
 }
 
 void dgGrid(PlotDraw draw, int x_count, int y_count) {

@@ -69,7 +69,7 @@ void dgSelectGraf(PlotDraw draw, int index);
 [[nodiscard]] float dgRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end);
 void dgGraf(PlotDraw draw, float x_origin, float x_step, float x_end, float y_origin, float y_step, float y_end);
 void dgGrafLog(PlotDraw draw, float x_origin, float x_step, float x_end, float y_min, float y_max);
-void dgZeroLines(PlotDraw draw);
+void dgZeroLines(PlotDraw draw, bool vertical = true, bool horizontal = true);
 void dgGrid(PlotDraw draw, int x_count, int y_count);
 void dgBlank(PlotDraw draw, float x, float y, float width, float height, float frame);
 

@@ -1,6 +1,5 @@
 #include "views/frame/screen_dialogue.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -9,8 +8,8 @@
 #include "base/message.h"
 #include "base/number_parse.h"
 #include "base/text.h"
-#include "case/settings/step_settings.h"
 #include "views/data_plot/plot_questions.h"
+#include "views/state/step_counts.h"
 
 namespace zaview {
 
@@ -18,43 +17,18 @@ namespace {
 
 constexpr std::string_view kBadOption = "TopScreenInput Logic error : screen_io_option= {}";
 constexpr std::string_view kKeepPrompt = "(RETURN to keep) => ";
-constexpr std::string_view kTooMany = "ILLEGAL value - too many steps trimmed";
 
 struct StepCountRow {
   int option;
+  StepEnd end;
   std::string_view question;
-  int (*value)(const Session& s);
-  bool (*set)(Session& s, int n);  // false: too many
 };
 
-bool SetSkipFirst(Session& s, int n) {
-  if (SkipsAll(s.case_store, n, s.output.reading.skip_terminal)) return false;
-  return SetSkips(n, s.output.reading.skip_terminal, s.output, s.case_store) == SettingFault::none;
-}
-
-bool SetSkipLast(Session& s, int n) {
-  if (SkipsAll(s.case_store, s.case_store.skip_effective, n)) return false;
-  s.output.reading.skip_terminal = n;
-  return true;
-}
-
-bool SetTrimsOf(Session& s, int initial, int terminal) {
-  TrimOutcome outcome;
-  return SetTrims(s.platform.console, initial, terminal, s.output, s.case_store, s.ensemble, outcome) ==
-         SettingFault::none;
-}
-
 constexpr StepCountRow kStepCounts[] = {
-    {kSkipFirst, "Enter # of INITIAL time steps to skip in statistics",
-     [](const Session& s) { return std::max(0, s.case_store.skip_effective); }, SetSkipFirst},
-    {kSkipLast, "Enter # of TERMINAL time steps to skip in statistics",
-     [](const Session& s) { return s.output.reading.skip_terminal; }, SetSkipLast},
-    {kTrimFirst, "Enter # of INITIAL time steps to trim (all output)",
-     [](const Session& s) { return s.output.reading.trim_initial; },
-     [](Session& s, int n) { return SetTrimsOf(s, n, s.output.reading.trim_terminal); }},
-    {kTrimLast, "Enter # of TERMINAL time steps to trim (all output)",
-     [](const Session& s) { return s.output.reading.trim_terminal; },
-     [](Session& s, int n) { return SetTrimsOf(s, s.output.reading.trim_initial, n); }},
+    {kSkipFirst, StepEnd::skip_first, "Enter # of INITIAL time steps to skip in statistics"},
+    {kSkipLast, StepEnd::skip_last, "Enter # of TERMINAL time steps to skip in statistics"},
+    {kTrimFirst, StepEnd::trim_first, "Enter # of INITIAL time steps to trim (all output)"},
+    {kTrimLast, StepEnd::trim_last, "Enter # of TERMINAL time steps to trim (all output)"},
 };
 
 const StepCountRow* FindStepCount(int option) {
@@ -71,8 +45,8 @@ void AskAgain(Session& s, const StepCountRow& row, std::string_view why) {
 void TakeStepCount(Session& s, const StepCountRow& row, std::string_view text) {
   int n = 0;
   if (text.empty()) return EndQuestion(s);
-  if (!ParseInteger(text, n) || n < 0) return AskAgain(s, row, kIllegalValue);
-  if (!row.set(s, n)) return AskAgain(s, row, kTooMany);
+  if (!ParseInteger(text, n)) return AskAgain(s, row, kIllegalValue);
+  if (const std::string_view refused = SetStepCount(s, row.end, n); !refused.empty()) return AskAgain(s, row, refused);
   EndQuestion(s);
 }
 
@@ -83,7 +57,8 @@ void AskStepCount(Session& session, int option) {
   if (row == nullptr) return;
   if (!session.case_store.has_steps()) return SayLine(session.platform.console, kNoStepsToAsk);
   session.plot_session.screen_io_option = option;
-  AskOnScreen(session, {row->question}, ScreenMode::integer, kKeepPrompt, fmt::format("{}", row->value(session)));
+  AskOnScreen(session, {row->question}, ScreenMode::integer, kKeepPrompt,
+              fmt::format("{}", StepCountAt(session, row->end)));
 }
 
 void TopScreenInput(Session& session, std::string_view text) {

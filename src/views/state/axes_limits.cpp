@@ -12,6 +12,7 @@ namespace {
 
 constexpr float kTicks = 1.0F;             // a page unit
 constexpr float kWidened = 1.001F;         // so that a step on an entry of the table moves on
+constexpr float kMostTyped = 200.0F;       // increments in a range
 constexpr float kLeastAperture = 1.0e-5F;  // of the range of an axis
 
 bool AllFinite(const PlotLimits& l) {
@@ -51,9 +52,7 @@ ZoomAnswer FirstCorner(AxesState& axes, const PlotPage& page, PlotPoint at) {
     axes.zoom = {true, at.x, at.y};
     return ZoomAnswer::draw;  // its mark
   }
-  if (!IsChanged(axes)) return ZoomAnswer::nothing;
-  ForgetLimits(axes);
-  return ZoomAnswer::draw;
+  return UndoZoom(axes) ? ZoomAnswer::draw : ZoomAnswer::nothing;
 }
 
 ZoomAnswer SecondCorner(AxesState& axes, const PlotPage& page, PlotPoint at) {
@@ -89,6 +88,28 @@ bool TakeLimits(AxesState& axes, const PlotLimits& limits) {
   axes.limits = limits;
   axes.use = LimitsUse::changed;
   return true;
+}
+
+bool TakeLimit(AxesState& axes, float PlotLimits::*limit, float value, AxesLength length) {
+  PlotLimits limits = axes.limits;
+  limits.*limit = value;
+  const bool of_x = limit == &PlotLimits::x_min || limit == &PlotLimits::x_step || limit == &PlotLimits::x_max;
+  const float range = of_x ? limits.x_max - limits.x_min : limits.y_max - limits.y_min;
+  float& step = of_x ? limits.x_step : limits.y_step;
+  if (!std::isfinite(step) || step == 0.0F || range == 0.0F) return false;
+  const float steps = std::abs(range / step);
+  if (!(steps >= 1.0F && steps <= kMostTyped)) {
+    PlotLimits rounded = limits;
+    if (of_x) RoundX(rounded, length.x);
+    else RoundY(rounded, length.y);
+    step = of_x ? rounded.x_step : rounded.y_step;
+  }
+  step = std::copysign(step, range);
+  return TakeLimits(axes, limits);
+}
+
+bool UndoZoom(AxesState& axes) {
+  return IsChanged(axes) && ForgetLimits(axes);
 }
 
 bool KeepLimits(AxesState& axes) {
