@@ -8,6 +8,7 @@
 #include "frame/ground/prompts.h"
 #include "frame/quantity_menu.h"
 #include "stats/tables/ensemble_dialogues.h"
+#include "views/state/result_choice.h"
 #include "views/state/run_pictures.h"
 #include "views/state/start_plot.h"
 
@@ -122,6 +123,11 @@ void MenuHistogram(Session& session, int option) {
   PlotRequest wanted{.kind = PlotKind::histogram};
   if (AskQuantity(session, QuantityTask::histogram, wanted.quantity) && AskHistogram(session, wanted.of_ensemble))
     Start(session, wanted, option);
+}
+
+void MenuResult(Session& session, int option) {
+  constexpr int kAllPanels = 0;
+  static_cast<void>(StartResult(session, kAllPanels, option));
 }
 
 void MenuTrajectory(Session& session, int option) {

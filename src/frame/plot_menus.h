@@ -9,6 +9,7 @@ namespace zaview {
 // happens. option: of the main menu.
 void MenuHistory(Session& session, int option);
 void MenuHistogram(Session& session, int option);
+void MenuResult(Session& session, int option);
 void MenuTrajectory(Session& session, int option);
 void MenuAnimation(Session& session, int option);
 void MenuLoads(Session& session, int option);

@@ -18,6 +18,7 @@
 #include "stats/tables/ensemble_dialogues.h"
 #include "stats/tables/table_dialogues.h"
 #include "views/state/choose_view.h"
+#include "views/state/result_choice.h"
 
 namespace zaview {
 namespace {
@@ -69,6 +70,10 @@ bool RollDecay(const Session& s) {
 
 bool SeveralRecords(const Session& s) {
   return s.ensemble.nrec > 1;
+}
+
+bool Analysed(const Session& s) {
+  return HasResult(s.data_plot);
 }
 
 // ---- What an option does
@@ -210,6 +215,7 @@ constexpr Option kOptions[] = {
     {"24 - Upcrossings and exceedances",                        TimeHistory,    Rates             },
     {"25 - Sensor view analysis",                               TimeHistory,    nullptr           },
     {"26 - Crane and cargo simulation",                         TimeHistory,    nullptr           },
+    {"27 - Plot result of last analysis",                       Analysed,       nullptr, MenuResult},
 };
 // clang-format on
 

@@ -52,6 +52,7 @@ constexpr ArgumentForm kForms[] = {
     {"increment",   "0.5",      "From one to the next"},
     {"threshold",   "0.5",      "A level, in the unit shown"},
     {"dependence",  "0",        "Steps within which exceedances are one event; 0: the dependence time"},
+    {"panel",       "0",        "One of the graphs of a result, from 1; 0: all of them"},
     {"graph",       "1",        "A graph, 1 to 4"},
     {"graphs",      "0",        "The same, or 0 for all of them"},
     {"look",        "MARK",     "A property of a graph, by its first letters"},

@@ -14,6 +14,7 @@
 #include "script/plot_commands.h"
 #include "script/selectors.h"
 #include "stats/statistic_table.h"
+#include "views/state/result_choice.h"
 #include "views/state/start_plot.h"
 
 namespace zaview {
@@ -26,6 +27,9 @@ inline constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} com
 inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for {} command ...";
 inline constexpr std::string_view kLongName = "ERROR - name of a picture file is longer than {} characters : {}";
 inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical option ({}) for {}";
+
+inline constexpr std::string_view kNoResult = "ERROR - {} : there is no result of an analysis";
+inline constexpr std::string_view kNoPanel = "ERROR - {} : the result has no panel {}";
 
 constexpr int kScriptReadFault = -1;  // what a histogram of a quantity that the case lacks ends with
 constexpr int kFromScript = 1;        // plot_suboption
@@ -130,6 +134,22 @@ int RunLoads(ScriptCall& call) {
   return HandOverPlot(call, wanted);
 }
 
+// panel: 0 for all of them, one below the other.
+int RunResult(ScriptCall& call) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
+  const int panel = RoundToInt(static_cast<double>(values[0]));
+  return HandOver(call, [&] {
+    const int panels = PanelCount(call.session.data_plot);
+    if (panels == 0) Say(call.console(), kNoResult, call.command);
+    else if (panel < 0 || panel > panels) Say(call.console(), kNoPanel, call.command, panel);
+    else return StartResult(call.session, panel, kFromScript);
+    call.session.gks.dump.waiting = false;
+    call.session.gks.dump.name.clear();
+    return false;
+  });
+}
+
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
 
 constexpr Command kPlots[] = {
@@ -160,6 +180,11 @@ constexpr Command kPlots[] = {
      RunLoads,
      "load step picture",
      "Sectional loads along the ship at one step, within their range over all steps"},
+    {{"PLOT_RESULT", "PLOT_ANALYSIS"},
+     G,
+     RunResult,
+     "panel picture",
+     "The picture of the last analysis: panel 1, 2 .., or 0 for all of them"},
 };
 
 }  // namespace

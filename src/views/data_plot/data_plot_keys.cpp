@@ -10,6 +10,7 @@
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_questions.h"
 #include "views/state/axes_limits.h"
+#include "views/state/choose_view.h"
 #include "views/state/plot_kinds.h"
 #include "views/state/plot_selection.h"
 #include "views/state/step_run.h"
@@ -30,7 +31,7 @@ constexpr KeyScope In(PlotKind kind) {
 }
 constexpr KeyScope kHistory = In(PlotKind::history), kTrajectory = In(PlotKind::trajectory),
                    kLoadDist = In(PlotKind::load_dist), kHistogram = In(PlotKind::histogram),
-                   kInterval = In(PlotKind::interval);
+                   kInterval = In(PlotKind::interval), kResult = In(PlotKind::result);
 constexpr KeyScope kCorrelation = In(PlotKind::autocovariance) | In(PlotKind::autocorrelation);
 constexpr KeyScope kOneCurve = kHistogram | kInterval | kCorrelation;
 constexpr KeyScope kOfComponents = kHistory | kLoadDist | kOneCurve;
@@ -62,6 +63,10 @@ bool OnAxes(Session& s) {
 // ---- What is shown
 bool OtherComponent(Session& s) {
   return NextComponent(s.data_plot, s.case_store);
+}
+
+bool ShowResult(Session& s) {
+  return ChoosePlot(s, PlotKind::result);
 }
 
 template <int component>
@@ -224,6 +229,8 @@ bool AskFile(Session& s) {
 constexpr ViewKey kKeys[] = {
     {'a',             kAlways,  NextAxisOption,
      {" a      Toggle axis plot options"}},
+    {'A',             kAlways,  ShowResult,
+     {" A      Plot result of last analysis"}},
     {'b',             kAlways,  OnAxes<ZoomOut>,
      {" b      Backs view out (zooms out)"}},
     {'c',             kAlways,  Toggle<&DataPlotState::colour_on>,
@@ -294,7 +301,7 @@ constexpr ViewKey kKeys[] = {
      {"^P      Toggle position of peak statitics overlay"}},
     {'R',             kAlways,  RoundBoth,
      {" R      Round axis limits"}},
-    {'s',             kOfComponents, OtherComponent,
+    {'s',             kOfComponents | kResult, OtherComponent,
      {" s      Select component to plot (cycles through 1,2, ..., and all)"}},
     {'S',             kOfComponents, OtherQuantity<1, false>,
      {" S      Select next quantity to plot"}},
@@ -318,17 +325,17 @@ constexpr ViewKey kKeys[] = {
      {" Y      Fit vertical axis to all time steps"}},
     {Ctrl('y'),       kAlways,  OnAxes<WidenYStep>,
      {"^y      increase horizontal axis increment"}},
-    {'1',             kOfComponents, Component<1>,
+    {'1',             kOfComponents | kResult, Component<1>,
      {" 1-9    Plot specified component"}},
-    {'2',             kOfComponents, Component<2>},
-    {'3',             kOfComponents, Component<3>},
-    {'4',             kOfComponents, Component<4>},
-    {'5',             kOfComponents, Component<5>},
-    {'6',             kOfComponents, Component<6>},
-    {'7',             kOfComponents, Component<7>},
-    {'8',             kOfComponents, Component<8>},
-    {'9',             kOfComponents, Component<9>},
-    {'0',             kHistory | kLoadDist, Component<0>,
+    {'2',             kOfComponents | kResult, Component<2>},
+    {'3',             kOfComponents | kResult, Component<3>},
+    {'4',             kOfComponents | kResult, Component<4>},
+    {'5',             kOfComponents | kResult, Component<5>},
+    {'6',             kOfComponents | kResult, Component<6>},
+    {'7',             kOfComponents | kResult, Component<7>},
+    {'8',             kOfComponents | kResult, Component<8>},
+    {'9',             kOfComponents | kResult, Component<9>},
+    {'0',             kHistory | kLoadDist | kResult, Component<0>,
      {" 0      Plot all components"}},
     {'0',             kOneCurve, Component<1>},
     {kKeyLeft,        kAlways,  PanView<-1, 0>,

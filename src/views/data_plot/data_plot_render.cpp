@@ -85,8 +85,7 @@ void KeepShape(const DataPlotState& plot, float width, float height, PlotPage& p
 }
 
 // ---- Axes
-void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
-  const PlotLimits& l = plot.axes.limits;
+void DrawAxes(const DataPlotState& plot, const PlotLimits& l, PlotDraw draw) {
   dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
   dgThickness(draw, 0);
   dgColour(draw, 1);
@@ -98,16 +97,34 @@ void DrawAxes(const DataPlotState& plot, PlotDraw draw) {
   dgReset(draw, "dot");
 }
 
+void NameAxes(const DataPlotState& plot, std::string_view x, std::string_view y, PlotDraw draw) {
+  const bool labels = ModeOf(plot).axes;
+  dgXName(draw, labels ? x : "");
+  dgYName(draw, labels ? y : "");
+  dgYName90(draw, plot.axis_option % kFrameOption);
+}
+
+void DrawPanelAxes(const DataPlotState& plot, std::string_view x_name, std::string_view y_name,
+                   const PlotLimits& limits, PlotDraw draw) {
+  NameAxes(plot, x_name, y_name, draw);
+  DrawAxes(plot, limits, draw);
+}
+
+void DrawGraph(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) {
+  const PlotType& type = PlotTypeOf(plot.kind);
+  if (type.draw_all != nullptr && type.draw_all(plot, draw, {DrawPanelAxes})) return;
+  DrawAxes(plot, plot.axes.limits, draw);
+  if (type.draw != nullptr) type.draw(facts, plot, draw);
+  else DrawCurves(plot, draw);
+}
+
 void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) {
   const PlotType& type = PlotTypeOf(plot.kind);
   PlotNames names;
   std::vector<PageNote> notes;
   if (type.names != nullptr) type.names(facts, plot, names);
   if (type.notes != nullptr) type.notes(facts, plot, notes);
-  const bool labels = ModeOf(plot).axes;
-  dgXName(draw, labels ? names.x : "");
-  dgYName(draw, labels ? names.y : "");
-  dgYName90(draw, plot.axis_option % kFrameOption);
+  NameAxes(plot, names.x, names.y, draw);
   const float width = draw.page.area_width, height = draw.page.area_height;
   MakeRoomLeft(draw, plot.axes.limits.y_min, plot.axes.limits.y_step, plot.axes.limits.y_max);
   const std::vector<std::string> heading = ClearOfLabels(draw, HeadingLines(facts, plot, names));
@@ -115,9 +132,7 @@ void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   MakeRoom(draw, heading.size(), place.columns > 0 ? place.depth : 0.0F);
   KeepShape(plot, width, height, draw.page);
   DrawHeading(draw, heading);
-  DrawAxes(plot, draw);
-  if (type.draw != nullptr) type.draw(facts, plot, draw);
-  else DrawCurves(plot, draw);
+  DrawGraph(facts, plot, draw);
   PageNotes(draw, notes, place);
   DrawAxesMarks(plot.axes, plot.annot_size, draw);
   DrawPopup(plot.axes.popup, kDataPlotPopup, draw);

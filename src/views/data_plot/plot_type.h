@@ -30,6 +30,11 @@ struct PlotNames {
   std::string note;   // the last line of the heading, whatever else of it is shown
 };
 
+struct PanelFrame {  // names, axes and grid of one of several graphs, by the looks that are set
+  void (*axes)(const DataPlotState& plot, std::string_view x_name, std::string_view y_name, const PlotLimits& limits,
+               PlotDraw draw) = nullptr;
+};
+
 struct PlotType {
   PlotKind kind = PlotKind::none;
   std::string_view file_prompt{};  // of the key w: "Enter file name for writing time history of"
@@ -48,6 +53,8 @@ struct PlotType {
   void (*notes)(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) = nullptr;
   // Curves and overlays into the graph that is set up (clipping on). null: the curves alone.
   void (*draw)(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) = nullptr;
+  // Everything within the heading by itself, several graphs one below the other; false: it is a plot like others.
+  bool (*draw_all)(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame) = nullptr;
   // The data as text.
   DataFault (*write)(const PlotSource& source, const DataPlotState& plot, OutputFile& out) = nullptr;
 };
@@ -57,7 +64,7 @@ inline constexpr std::string_view kDataPlotPopup[] = {"Selection Menu", "Plot Op
 [[nodiscard]] const PlotType& PlotTypeOf(PlotKind kind);  // `none` has a row that draws axes only
 
 extern const PlotType kHistoryPlot, kTrajectoryPlot, kLoadPlot, kHistogramPlot, kAutocovariancePlot,
-    kAutocorrelationPlot, kIntervalPlot;
+    kAutocorrelationPlot, kIntervalPlot, kResultPlot;
 
 // What every kind uses (plot_curves.cpp).
 [[nodiscard]] QuantityRequest RequestOf(const DataPlotState& plot, int component);

@@ -11,7 +11,8 @@ const PlotType kAxesOnly{};
 
 // In the order of PlotKind.
 const PlotType* const kTypes[] = {&kAxesOnly,      &kHistoryPlot,        &kTrajectoryPlot,      &kLoadPlot,
-                                  &kHistogramPlot, &kAutocovariancePlot, &kAutocorrelationPlot, &kIntervalPlot};
+                                  &kHistogramPlot, &kAutocovariancePlot, &kAutocorrelationPlot, &kIntervalPlot,
+                                  &kResultPlot};
 static_assert(std::size(kTypes) == kPlotKinds);
 
 }  // namespace

@@ -111,6 +111,7 @@ constexpr OptionItem kFirst[] = {
     Plot<PlotKind::autocovariance>("AutoCovariance"),
     Plot<PlotKind::autocorrelation>("AutoCorrelation"),
     Plot<PlotKind::interval>("Conf.Intrvl"),
+    Plot<PlotKind::result>("Analysis"),
     Row(),
     If(SelectsCurves, Button("Selection Menu", OpenMenu<InvokeCurveSelectionMenu, &MenuState::m_csmenu>,
                              IsOpen<&MenuState::m_csmenu>)),

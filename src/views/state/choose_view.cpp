@@ -3,6 +3,7 @@
 #include "case/quantity_catalogue.h"
 #include "views/state/plot_kinds.h"
 #include "views/state/plot_selection.h"
+#include "views/state/result_choice.h"
 #include "views/state/step_run.h"
 
 namespace zaview {
@@ -45,6 +46,7 @@ bool HasLoadCuts(const CaseStore& store) {
 bool CanPlot(const Session& session, PlotKind kind) {
   const CaseStore& store = session.case_store;
   if (kind == PlotKind::history) return store.has_steps() || !store.time_history();
+  if (kind == PlotKind::result) return HasResult(session.data_plot);
   if (kind == PlotKind::trajectory) return HasTrack(store);
   if (kind == PlotKind::load_dist) return HasLoadCuts(store);
   if (kind == PlotKind::interval) return IsHistory(store) && session.ensemble.nrec > 1;
@@ -67,6 +69,7 @@ bool ChoosePlot(Session& session, PlotKind kind) {
     plot.kind = before;
     return false;
   }
+  if (RowOf(kind).of_panels && kind != before) plot.plot_component = 0;
   plot.of_ensemble = session.ensemble.nrec > 1 && RowOf(kind).averages != Averages::no;
   ChooseView(session, PlotModule::data_plot);
   return true;

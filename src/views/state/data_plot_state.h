@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/result_plot.h"
 #include "case/plot_data.h"
 #include "stats/histogram.h"
 #include "views/state/axes_state.h"
@@ -68,8 +69,10 @@ struct DataPlotState {
   int plot_component_count = 0;
   std::vector<std::uint8_t> hidden;  // by component: left out where all are shown
   bool of_ensemble = false;          // histogram, autocorrelation
-  int statistic = 1;                 // of confidence intervals: 1 mean, 2 standard deviation, 3 variance, 4 significant
-                                     // amplitude
+  ResultPlot result;                 // of the last analysis; its panels are the components
+  int result_serial = 0;
+  int statistic = 1;  // of confidence intervals: 1 mean, 2 standard deviation, 3 variance, 4 significant
+                      // amplitude
 
   // Axes
   AxesState axes;

@@ -21,9 +21,10 @@ enum class PlotKind : std::uint8_t {
   histogram,
   autocovariance,
   autocorrelation,
-  interval
+  interval,
+  result  // of the last analysis
 };
-inline constexpr int kPlotKinds = 8;
+inline constexpr int kPlotKinds = 9;
 
 struct PlotSubject {  // limits and curves that are left out belong to one
   PlotKind kind = PlotKind::none;
@@ -32,6 +33,7 @@ struct PlotSubject {  // limits and curves that are left out belong to one
   std::array<float, 4> missile{};
   bool of_ensemble = false;
   int statistic = 0;
+  int result = 0;  // which analysis
   std::uint64_t case_serial = 0;
   OutputScales scales;  // and units
   std::array<float, 6> signs{};

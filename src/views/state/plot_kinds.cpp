@@ -28,6 +28,7 @@ constexpr std::array<PlotKindRow, kPlotKinds> kRows = {{
     {.kind = PlotKind::autocovariance, .averages = Averages::if_asked},
     {.kind = PlotKind::autocorrelation, .averages = Averages::if_asked},
     {.kind = PlotKind::interval, .averages = Averages::always},
+    {.kind = PlotKind::result, .shows_all = true, .by_component = false, .of_quantity = false, .of_panels = true},
 }};
 
 constexpr bool InOrder() {

@@ -11,7 +11,8 @@ struct PlotKindRow {
   PlotKind kind = PlotKind::none;
   bool shows_all = false;     // component 0: all components
   bool by_component = true;   // the chosen component alone decides on data and limits
-  bool of_quantity = true;    // else always the track
+  bool of_quantity = true;    // else always the track, or
+  bool of_panels = false;     // the panels of the last analysis
   bool of_loads = false;      // quantities of sectional loads alone
   bool of_functions = false;  // the functions of an impulsive run too
   Averages averages = Averages::no;

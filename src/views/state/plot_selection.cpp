@@ -45,6 +45,10 @@ PlotSubject SubjectOf(const DataPlotState& plot, const PlotFacts& facts) {
   subject.case_serial = facts.store.serial;
   subject.scales = facts.output.units.scales;
   subject.signs = facts.output.units.cnvfac;
+  if (kind.of_panels) {
+    subject.result = plot.result_serial;
+    subject.component = plot.plot_component;
+  }
   if (!kind.of_quantity) return subject;
   subject.iqnt = plot.quantity.iqnt;
   subject.point = plot.quantity.point;
@@ -75,6 +79,11 @@ FitKey FitKeyOf(const DataPlotState& plot, const PlotFacts& facts) {
   return {SubjectOf(plot, facts), DataKeyOf(plot, facts), LengthOf(plot), plot.match_scales, plot.keep_aspect};
 }
 
+int ComponentCount(const DataPlotState& plot, const CaseStore& store) {
+  if (RowOf(plot.kind).of_panels) return static_cast<int>(plot.result.panels.size());
+  return CurveCount(store, plot.quantity.iqnt);
+}
+
 void ForgetData(DataPlotState& plot) {
   plot.derived.made_of = PlotDataKey{};
 }
@@ -83,7 +92,7 @@ void SettleComponent(DataPlotState& plot, const PlotFacts& facts) {
   const PlotSubject& before = plot.fitted_for.subject;
   if (before.kind != PlotKind::none && !SameButComponent(before, SubjectOf(plot, facts))) plot.hidden.clear();
   const PlotKindRow& kind = RowOf(plot.kind);
-  const int count = CurveCount(facts.store, plot.quantity.iqnt);
+  const int count = ComponentCount(plot, facts.store);
   plot.plot_component_count = count;
   plot.hidden.resize(static_cast<std::size_t>(std::max(count, 0)), 0);
   if (plot.plot_component < 0 || plot.plot_component > count) plot.plot_component = 0;
@@ -100,13 +109,13 @@ bool IsShown(const DataPlotState& plot, int component) {
 }
 
 bool TakeComponent(DataPlotState& plot, const CaseStore& store, int component) {
-  if (component > CurveCount(store, plot.quantity.iqnt) || component == plot.plot_component) return false;
+  if (component > ComponentCount(plot, store) || component == plot.plot_component) return false;
   plot.plot_component = component;
   return true;
 }
 
 bool NextComponent(DataPlotState& plot, const CaseStore& store) {
-  const int count = CurveCount(store, plot.quantity.iqnt);
+  const int count = ComponentCount(plot, store);
   const int first = RowOf(plot.kind).shows_all ? 0 : 1;
   if (count <= 1 - first) return TakeComponent(plot, store, 0);
   const int next = (std::max(plot.plot_component, 0) + 1) % (count + 1);
@@ -114,7 +123,7 @@ bool NextComponent(DataPlotState& plot, const CaseStore& store) {
 }
 
 bool ToggleDrawing(DataPlotState& plot, const CaseStore& store) {
-  if (plot.plot_component < 1 || plot.plot_component > CurveCount(store, plot.quantity.iqnt)) return false;
+  if (plot.plot_component < 1 || plot.plot_component > ComponentCount(plot, store)) return false;
   const auto i = static_cast<std::size_t>(plot.plot_component - 1);
   if (plot.hidden.size() <= i) plot.hidden.resize(i + 1, 0);
   plot.hidden[i] = plot.hidden[i] == 0 ? 1 : 0;

@@ -16,6 +16,9 @@ namespace zaview {
 [[nodiscard]] PlotDataKey DataKeyOf(const DataPlotState& plot, const PlotFacts& facts);
 [[nodiscard]] FitKey FitKeyOf(const DataPlotState& plot, const PlotFacts& facts);
 
+// What can be chosen of: curves of the quantity, panels of the last analysis.
+[[nodiscard]] int ComponentCount(const DataPlotState& plot, const CaseStore& store);
+
 void ForgetData(DataPlotState& plot);  // made anew at the next display, whatever its key
 
 // The component in use, within those of the quantity: one curve where the kind shows one, all where there is only one.

@@ -234,9 +234,9 @@ TEST(DataPlotKeys, AskForAPicture) {
     PlotKind kind;
     std::string_view idle;
   } cases[] = {
-      {kHistory, "wW3789\x1b"},   {kTrack, "wI\b\x1b"},
-      {kLoads, "w06789dC\b\x1b"},  // all are shown, none is selected; not in time with the clock
-      {kBars, "w3789\x1b"},       {kCovariance, "w3789\b\x1b"},
+      {kHistory, "AwW3789\x1b"},   {kTrack, "AwI\b\x1b"},
+      {kLoads, "Aw06789dC\b\x1b"},  // all are shown, none is selected; not in time with the clock
+      {kBars, "Aw3789\x1b"},       {kCovariance, "Aw3789\b\x1b"},
   };
   PlotView v{std::string(kSample)};
   for (const auto& c : cases) {
