@@ -23,6 +23,17 @@ void TransformHull(const InputTransform& transform, Hull& hull) {
   apply(hull.mesh.nodes);
 }
 
+// y = 0 of the input, in ship axes.
+void NotePart(const InputTransform& transform, bool half, Hull& hull) {
+  HullPart part{hull.surfaces.size(), hull.mesh.elements.size(), half};
+  const Vector3 on_plane = InputToShip(transform, {0, 0, 0});
+  for (std::size_t k = 0; k < 3; ++k) {
+    part.normal[k] = transform.R.r[k][1];
+    part.offset += part.normal[k] * on_plane[k];
+  }
+  hull.parts = {part};
+}
+
 bool Append(const Console& console, Hull&& part, Hull& hull) {
   if (!HullFits(console, hull.surfaces.size() + part.surfaces.size(), hull.mesh.nodes.size() + part.mesh.nodes.size(),
                 hull.mesh.elements.size() + part.mesh.elements.size()))
@@ -37,6 +48,7 @@ bool Append(const Console& console, Hull&& part, Hull& hull) {
   move_all(part.mesh.nodes, hull.mesh.nodes);
   move_all(part.mesh.elements, hull.mesh.elements);
   move_all(part.mesh.on_transom, hull.mesh.on_transom);
+  move_all(part.parts, hull.parts);
   hull.half = hull.half || part.half;
   return true;
 }
@@ -54,6 +66,7 @@ bool AddGeometry(const Platform& platform, const GeometryRequest& request, const
   if (status != GeometryStatus::ok) return status == GeometryStatus::skipped;
   if (request.half && !ReflectGeometry(platform.console, request.LENIN, part)) return false;
   TransformHull(transform, part);
+  NotePart(transform, request.half, part);
   return Append(platform.console, std::move(part), hull);
 }
 

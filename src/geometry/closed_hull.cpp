@@ -18,16 +18,23 @@ constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
 struct Ring {  // a cell by its vertices
   std::array<std::uint32_t, 4> vertex{};
   std::size_t n = 0;
+  std::size_t part = 0;  // of the hull
 };
 
 class Closing {
  public:
-  Closing(const Hull& hull, double L, ClosedHull& out) : hull_(hull), L_(L), out_(out) {}
+  Closing(const Hull& hull, double L, ClosedHull& out) : hull_(hull), L_(L), out_(out), parts_(hull.parts) {
+    if (parts_.empty()) parts_ = {{hull.surfaces.size(), hull.mesh.elements.size(), hull.half}};
+  }
 
   void Run() {
     MergePoints();
-    SurfaceRings();
-    ElementRings();
+    FindBox();
+    std::size_t surface = 0, element = 0;
+    for (part_ = 0; part_ < parts_.size(); ++part_)
+      for (const std::size_t end = surface + parts_[part_].surfaces; surface < end; ++surface) SurfaceRings(surface);
+    for (part_ = 0; part_ < parts_.size(); ++part_)
+      for (const std::size_t end = element + parts_[part_].elements; element < end; ++element) ElementRing(element);
     for (const Ring& ring : rings_) AddRing(ring);
     out_.strips = out_.triangles.size();
     CloseEdges();
@@ -51,30 +58,42 @@ class Closing {
     }
   }
 
-  [[nodiscard]] Vector3 CentreOfBox() const {
+  void FindBox() {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    Vector3 low{kInfinity, kInfinity, kInfinity}, high{-kInfinity, -kInfinity, -kInfinity}, centre{};
+    Vector3 low{kInfinity, kInfinity, kInfinity}, high{-kInfinity, -kInfinity, -kInfinity};
     for (const Vector3& p : out_.vertices)
       for (std::size_t k = 0; k < 3; ++k) {
         low[k] = std::min(low[k], p[k]);
         high[k] = std::max(high[k], p[k]);
       }
-    for (std::size_t k = 0; k < 3; ++k) centre[k] = (low[k] + high[k]) / 2;
-    if (hull_.half) centre[1] = 0;
-    return centre;
+    for (std::size_t k = 0; k < 3; ++k) centre_[k] = (low[k] + high[k]) / 2;
   }
 
-  [[nodiscard]] bool OnCentreplane(std::uint32_t v) const { return std::abs(out_.vertices[v][1]) < kSamePlace * L_; }
+  [[nodiscard]] double FromPlane(const Vector3& p, std::size_t part) const {
+    const Vector3& n = parts_[part].normal;
+    return n[0] * p[0] + n[1] * p[1] + n[2] * p[2] - parts_[part].offset;
+  }
+
+  [[nodiscard]] Vector3 OntoPlane(Vector3 p, std::size_t part) const {
+    const double y = FromPlane(p, part);
+    for (std::size_t k = 0; k < 3; ++k) p[k] -= y * parts_[part].normal[k];
+    return p;
+  }
+
+  [[nodiscard]] bool OnCentreplane(std::uint32_t v, std::size_t part) const {
+    return std::abs(FromPlane(out_.vertices[v], part)) < kSamePlace * L_;
+  }
 
   // Of points, from 0 among all of them. Repeats are dropped; what is left without a surface, too.
   void KeepRing(std::span<const std::size_t> points) {
     Ring ring;
-    bool centreplane = hull_.half;
+    ring.part = part_;
+    bool centreplane = parts_[part_].half;
     for (const std::size_t point : points) {
       const std::uint32_t v = vertex_of_[point];
       if (ring.n > 0 && ring.vertex[ring.n - 1] == v) continue;
       ring.vertex[ring.n++] = v;
-      centreplane = centreplane && OnCentreplane(v);
+      centreplane = centreplane && OnCentreplane(v, part_);
     }
     while (ring.n > 1 && ring.vertex[ring.n - 1] == ring.vertex[0]) --ring.n;
     const bool folded = ring.n == 4 && (ring.vertex[0] == ring.vertex[2] || ring.vertex[1] == ring.vertex[3]);
@@ -88,29 +107,27 @@ class Closing {
     return cell;
   }
 
-  void SurfaceRings() {
-    const Vector3 r0 = CentreOfBox();
-    for (const HullSurface& surface : hull_.surfaces) {
-      const std::size_t from = rings_.size(), n = surface.points.size(), KWL = static_cast<std::size_t>(surface.KWL);
-      for (std::size_t p = points_; p + KWL < points_ + n; p += KWL)
-        for (std::size_t j = p; j + 1 < p + KWL; ++j) KeepRing(std::array{j, j + 1, j + 1 + KWL, j + KWL});
-      points_ += n;
-      double flux = 0;
-      for (std::size_t i = from; i < rings_.size(); ++i) flux += CellFlux(CellOf(rings_[i]), r0);
-      // An image has the same points: it faces the other way where the flux can't tell.
-      if (!(flux < 0 || (flux == 0 && surface.reflected))) continue;
-      for (std::size_t i = from; i < rings_.size(); ++i)
-        std::reverse(rings_[i].vertex.begin(), rings_[i].vertex.begin() + static_cast<std::ptrdiff_t>(rings_[i].n));
-    }
+  void SurfaceRings(std::size_t number) {
+    const HullSurface& surface = hull_.surfaces[number];
+    const Vector3 r0 = parts_[part_].half ? OntoPlane(centre_, part_) : centre_;
+    const std::size_t from = rings_.size(), n = surface.points.size(), KWL = static_cast<std::size_t>(surface.KWL);
+    for (std::size_t p = points_; p + KWL < points_ + n; p += KWL)
+      for (std::size_t j = p; j + 1 < p + KWL; ++j) KeepRing(std::array{j, j + 1, j + 1 + KWL, j + KWL});
+    points_ += n;
+    double flux = 0;
+    for (std::size_t i = from; i < rings_.size(); ++i) flux += CellFlux(CellOf(rings_[i]), r0);
+    // An image has the same points: it faces the other way where the flux can't tell.
+    if (!(flux < 0 || (flux == 0 && surface.reflected))) return;
+    for (std::size_t i = from; i < rings_.size(); ++i)
+      std::reverse(rings_[i].vertex.begin(), rings_[i].vertex.begin() + static_cast<std::ptrdiff_t>(rings_[i].n));
   }
 
-  void ElementRings() {
-    for (const HullElement& element : hull_.mesh.elements) {
-      std::array<std::size_t, 4> points{};
-      const auto n = static_cast<std::size_t>(element.corners());
-      for (std::size_t k = 0; k < n; ++k) points[k] = points_ + static_cast<std::size_t>(element.node[k] - 1);
-      KeepRing(std::span(points).first(n));
-    }
+  void ElementRing(std::size_t number) {
+    const HullElement& element = hull_.mesh.elements[number];
+    std::array<std::size_t, 4> points{};
+    const auto n = static_cast<std::size_t>(element.corners());
+    for (std::size_t k = 0; k < n; ++k) points[k] = points_ + static_cast<std::size_t>(element.node[k] - 1);
+    KeepRing(std::span(points).first(n));
   }
 
   void AddTriangle(const TriangleCorners& t) {
@@ -135,6 +152,7 @@ class Closing {
   struct Edge {
     std::uint32_t low = 0, high = 0;
     int forward = 0;  // 1: a cell goes from low to high, -1: back
+    std::size_t part = 0;
   };
 
   [[nodiscard]] std::vector<Edge> SortedEdges() const {
@@ -143,49 +161,59 @@ class Closing {
     for (const Ring& ring : rings_)
       for (std::size_t k = 0; k < ring.n; ++k) {
         const std::uint32_t a = ring.vertex[k], b = ring.vertex[(k + 1) % ring.n];
-        edges.push_back({std::min(a, b), std::max(a, b), a < b ? 1 : -1});
+        edges.push_back({std::min(a, b), std::max(a, b), a < b ? 1 : -1, ring.part});
       }
-    std::sort(edges.begin(), edges.end(),
-              [](const Edge& a, const Edge& b) { return a.low != b.low ? a.low < b.low : a.high < b.high; });
+    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) {
+      if (a.low != b.low) return a.low < b.low;
+      return a.high != b.high ? a.high < b.high : a.part < b.part;
+    });
     return edges;
   }
 
-  std::uint32_t FootOf(std::uint32_t v) {
-    if (OnCentreplane(v)) return v;
-    if (foot_[v] == kNone) {
-      foot_[v] = static_cast<std::uint32_t>(out_.vertices.size());
-      const Vector3 p = out_.vertices[v];
-      out_.vertices.push_back({p[0], 0, p[2]});
+  std::uint32_t FootOf(std::uint32_t v, std::size_t part) {
+    if (OnCentreplane(v, part)) return v;
+    Foot& foot = foot_[v];
+    if (foot.vertex == kNone || foot.part != part) {
+      foot = {static_cast<std::uint32_t>(out_.vertices.size()), part};
+      out_.vertices.push_back(OntoPlane(out_.vertices[v], part));
     }
-    return foot_[v];
+    return foot.vertex;
   }
 
-  void CloseEdge(std::uint32_t a, std::uint32_t b) {
-    if (OnCentreplane(a) && OnCentreplane(b)) return;
-    const std::uint32_t foot_a = FootOf(a), foot_b = FootOf(b);
+  void CloseEdge(std::uint32_t a, std::uint32_t b, std::size_t part) {
+    if (OnCentreplane(a, part) && OnCentreplane(b, part)) return;
+    const std::uint32_t foot_a = FootOf(a, part), foot_b = FootOf(b, part);
     AddTriangle({b, a, foot_a});
     AddTriangle({b, foot_a, foot_b});
   }
 
   void CloseEdges() {
     const std::vector<Edge> edges = SortedEdges();
-    foot_.assign(out_.vertices.size(), kNone);
+    foot_.assign(out_.vertices.size(), {});
     for (std::size_t i = 0, end = 0; i < edges.size(); i = end) {
       int without_reverse = 0;
       for (end = i; end < edges.size() && edges[end].low == edges[i].low && edges[end].high == edges[i].high; ++end)
         without_reverse += edges[end].forward;
-      for (; without_reverse > 0; --without_reverse) CloseEdge(edges[i].low, edges[i].high);
-      for (; without_reverse < 0; ++without_reverse) CloseEdge(edges[i].high, edges[i].low);
+      for (; without_reverse > 0; --without_reverse) CloseEdge(edges[i].low, edges[i].high, edges[i].part);
+      for (; without_reverse < 0; ++without_reverse) CloseEdge(edges[i].high, edges[i].low, edges[i].part);
     }
   }
+
+  struct Foot {  // of a vertex, on the centreplane of a part
+    std::uint32_t vertex = kNone;
+    std::size_t part = 0;
+  };
 
   const Hull& hull_;
   double L_;
   ClosedHull& out_;
+  std::vector<HullPart> parts_;
+  std::size_t part_ = 0;                  // in work
   std::size_t points_ = 0;                // points of the surfaces that are done
+  Vector3 centre_{};                      // of the box around all points
   std::vector<std::uint32_t> vertex_of_;  // of a point
   std::vector<Ring> rings_;
-  std::vector<std::uint32_t> foot_;  // of a vertex, on the centreplane
+  std::vector<Foot> foot_;  // of a vertex
 };
 
 }  // namespace

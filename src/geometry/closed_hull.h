@@ -26,7 +26,8 @@ struct ClosedHull {
 //   result doesn't depend on which end the points start from. Triangles smaller than 1e-12 L^2 are left out.
 // - A structured surface is turned as a whole if its flux of r - r0 is negative, r0 the centre of the box around all
 //   points, on the centreplane for a half; elements stand as they are (FENORM).
-// - Of a half, cells in the centreplane (all |y| < 1e-6 L) are dropped.
+// - y is the distance from the centreplane of the input, wherever that lies in the axes of the hull: each part has its
+//   own. Of a half, cells in the centreplane (all |y| < 1e-6 L) are dropped.
 // - A directed edge a -> b without its reverse is closed by (b, a, a') and (b, a', b'), a' being a with y = 0, unless
 //   both ends are on the centreplane: open waterlines get a flat deck, an open stern a transom.
 // False: memory is out.

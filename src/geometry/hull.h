@@ -37,11 +37,19 @@ struct HullMesh {
   std::vector<bool> on_transom;       // by element: views leave it out, hydrostatics keep it; may be empty
 };
 
+struct HullPart {                          // what one geometry input gave
+  std::size_t surfaces = 0, elements = 0;  // how many, behind those of the part ahead of it
+  bool half = false;                       // its mirror image is among them
+  Vector3 normal{0, 1, 0};                 // of its centreplane, which is y = 0 of its input
+  double offset = 0;                       // the plane is normal . p = offset
+};
+
 struct Hull {
   std::vector<std::string> comments;
   std::vector<HullSurface> surfaces;
   HullMesh mesh;
-  bool half = false;  // input was half of a symmetric body (its mirror image is appended)
+  std::vector<HullPart> parts;  // none: one part, its centreplane at y = 0
+  bool half = false;            // input was half of a symmetric body (its mirror image is appended)
   [[nodiscard]] bool empty() const { return surfaces.empty() && mesh.elements.empty(); }
 };
 

@@ -1,6 +1,7 @@
 #include "geometry/wetted_hull.h"
 
 #include "base/grow.h"
+#include "geometry/triangle_means.h"
 
 namespace zaview {
 namespace {
@@ -18,7 +19,7 @@ Wet CutBetween(const Wet& wet, const Wet& dry) {
   return cut;
 }
 
-void CutTriangle(const std::array<Wet, 3>& corner, WettedHull& out) {
+void CutTriangle(const std::array<Wet, 3>& corner, std::size_t of, WettedHull& out) {
   std::array<Wet, 4> ring{};
   std::array<std::size_t, 2> cut{};  // where the ring leaves the water, and where it is back
   std::size_t n = 0, cuts = 0;
@@ -32,20 +33,11 @@ void CutTriangle(const std::array<Wet, 3>& corner, WettedHull& out) {
     ++cuts;
   }
   for (std::size_t i = 2; i < n; ++i)
-    out.triangles.push_back({{ring[0].r, ring[i - 1].r, ring[i].r}, {ring[0].d, ring[i - 1].d, ring[i].d}});
+    out.triangles.push_back({{ring[0].r, ring[i - 1].r, ring[i].r},
+                             {ring[0].d, ring[i - 1].d, ring[i].d},
+                             static_cast<std::uint32_t>(of),
+                             cuts == 0});
   if (cuts == 2) out.waterline.push_back({ring[cut[0]].r, ring[cut[1]].r});
-}
-
-// Integrals over a triangle of unit area: int u, int u v.
-using Corners = std::array<double, 3>;
-double Sum(const Corners& u) {
-  return u[0] + u[1] + u[2];
-}
-double Mean(const Corners& u) {
-  return Sum(u) / 3;
-}
-double MeanProduct(const Corners& u, const Corners& v) {
-  return (Sum(u) * Sum(v) + (u[0] * v[0] + u[1] * v[1] + u[2] * v[2])) / 12;
 }
 
 }  // namespace
@@ -60,7 +52,7 @@ bool WetHull(const ClosedHull& hull, std::span<const Vector3> r, std::span<const
         for (std::size_t i = 0; i < hull.triangles.size(); ++i) {
           std::array<Wet, 3> corner;
           for (std::size_t k = 0; k < 3; ++k) corner[k] = {r[hull.triangles[i][k]], d[hull.triangles[i][k]]};
-          CutTriangle(corner, out);
+          CutTriangle(corner, i, out);
           if (i < hull.strips) out.shown_segments = out.waterline.size();
         }
         return true;
@@ -74,15 +66,15 @@ WetSums SumWetHull(const WettedHull& wet) {
   for (const WetTriangle& t : wet.triangles) {
     const auto& [a, b, c] = t.r;
     const double down = -((b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0])) / 2;  // - n_z A
-    const Corners x{a[0], b[0], c[0]}, y{a[1], b[1], c[1]}, z{a[2], b[2], c[2]};
-    const Corners eta{z[0] + t.d[0], z[1] + t.d[1], z[2] + t.d[2]};
-    sum.V += Mean(t.d) * down;
+    const CornerValues x{a[0], b[0], c[0]}, y{a[1], b[1], c[1]}, z{a[2], b[2], c[2]};
+    const CornerValues eta{z[0] + t.d[0], z[1] + t.d[1], z[2] + t.d[2]};
+    sum.V += MeanOf(t.d) * down;
     moment[0] += MeanProduct(t.d, x) * down;
     moment[1] += MeanProduct(t.d, y) * down;
     moment[2] += (MeanProduct(eta, eta) - MeanProduct(z, z)) / 2 * down;
     sum.Awp += down;
-    sum.Sx += Mean(x) * down;
-    sum.Sy += Mean(y) * down;
+    sum.Sx += MeanOf(x) * down;
+    sum.Sy += MeanOf(y) * down;
     sum.Ixx += MeanProduct(y, y) * down;
     sum.Iyy += MeanProduct(x, x) * down;
   }

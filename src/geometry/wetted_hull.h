@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -14,6 +15,8 @@ namespace zaview {
 struct WetTriangle {
   std::array<Vector3, 3> r{};  // axes of the call; the right-hand normal points out of the body
   std::array<double, 3> d{};   // depth of each corner below the surface, not negative
+  std::uint32_t of = 0;        // triangle of the hull, from 0
+  bool whole = false;          // all of it
 };
 using WaterlineSegment = std::array<Vector3, 2>;
 
