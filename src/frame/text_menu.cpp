@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/righting_arms/righting_arm_dialogue.h"
 #include "base/message.h"
 #include "case/case_hull.h"
 #include "case/quantity_catalogue.h"
@@ -171,6 +172,11 @@ void Rates(Session& s) {
   WithQuantity(s, QuantityTask::rates, [&s, ask](const QuantityRequest& request) { ask(DialogueOf(s), request); });
 }
 
+void AskRightingArms(Session& s) {
+  RightingArms result;
+  GZCurveMenu(s.platform, s.output, s.case_store, result);
+}
+
 // Of a run in the frequency domain the option has another name and other work.
 void Histogram(Session& s, int option) {
   if (s.case_store.time_history()) MenuHistogram(s, option);
@@ -202,7 +208,7 @@ constexpr Option kOptions[] = {
     {"11 - Trim time record for statistics or output files",    Always,         Trim              },
     {"12 - Plot geometry",                                      Geometry,       nullptr, MenuGeometry},
     {"13 - Run script file",                                    Always,         RunScriptFile     },
-    {"14 - GZ curve analysis",                                  HullAndHistory, nullptr           },
+    {"14 - GZ curve analysis",                                  HullAndHistory, AskRightingArms   },
     {"15 - Compute roll decay coefficients",                    RollDecay,      nullptr           },
     {"16 - Wave celerity analysis",                             TimeHistory,    nullptr           },
     {"17 - Write KINO motion, seaway and command files",        TimeHistory,    WriteKino         },

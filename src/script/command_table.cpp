@@ -20,10 +20,10 @@ bool Matches(const Command& command, std::string_view word) {
 
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
-      ReadingCommands(),  OutputTextCommands(), StepCommands(),      StatisticSettings(), SmoothingCommands(),
-      HistoryCommands(),  StatisticCommands(),  EnsembleCommands(),  HistogramCommands(), ControlCommands(),
-      KinoCommands(),     ViewSettings(),       AnimationSettings(), PlotCommands(),      AnimateCommands(),
-      GeometryCommands(), LaterCommands(),      RateCommands(),      LaterBeginnings()};
+      ReadingCommands(),  OutputTextCommands(),  StepCommands(),      StatisticSettings(), SmoothingCommands(),
+      HistoryCommands(),  StatisticCommands(),   EnsembleCommands(),  HistogramCommands(), ControlCommands(),
+      KinoCommands(),     ViewSettings(),        AnimationSettings(), PlotCommands(),      AnimateCommands(),
+      GeometryCommands(), RightingArmCommands(), LaterCommands(),     RateCommands(),      LaterBeginnings()};
   return families;
 }
 
@@ -44,6 +44,7 @@ std::span<const std::string_view> FamilyTitles() {
                                                  "Plots",
                                                  "Animation",
                                                  "The geometry view",
+                                                 "Righting arms",
                                                  "Views and analyses to come",
                                                  "Rates",
                                                  "Sensor view"};

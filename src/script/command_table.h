@@ -45,6 +45,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily PlotCommands();
 [[nodiscard]] CommandFamily GeometryCommands();
 [[nodiscard]] CommandFamily AnimateCommands();
+[[nodiscard]] CommandFamily RightingArmCommands();
 [[nodiscard]] CommandFamily LaterCommands();
 [[nodiscard]] CommandFamily RateCommands();     // some are known by the beginning of their word
 [[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word

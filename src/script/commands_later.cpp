@@ -13,16 +13,6 @@ int RunNotYet(ScriptCall& call) {
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, M = kNeedsGeometry;
 
 constexpr Command kLater[] = {
-    {{"GZ_CURVES", "GZCURVES", "WRITE_GZ_CURVES", "WRITE_GZCURVES"},
-     D | M,
-     RunNotYet,
-     "first last increment balance wave angle count name text",
-     "Righting arms over heel"},
-    {{"GZL_CURVES", "GZLCURVES", "WRITE_GZL_CURVES", "WRITE_GZLCURVES"},
-     D | M,
-     RunNotYet,
-     "first last increment balance wave angle count name text",
-     "Righting arms over trim"},
     {{"WAVE_CELERITY", "ANALYZE_WAVE"},
      D | M,
      RunNotYet,

@@ -17,7 +17,7 @@ constexpr double kTolerance = 1e-5;     // of the force, and of force times leng
 constexpr double kLeastSlope = 1e-6;    // of the force over sinkage
 constexpr double kSinkageLimit = 0.01;  // of the length, a correction
 constexpr double kAngleLimit = 0.01;    // radians, a correction
-constexpr double kSingular = 1e-13;     // of the largest coefficient: a pivot that is none
+constexpr double kSingular = 1e-10;     // of the largest coefficient: a pivot that is none
 
 struct State {
   double z = 0, second = 0;  // second angle: correction
