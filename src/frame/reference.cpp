@@ -82,7 +82,8 @@ bool PrintTopic(const Console& console, std::string_view name) {
     for (const ReferencePart& part : topic.parts) PrintPart(console, part);
     return true;
   }
-  if (const Command* command = FindCommand(AllCommands(), Capitals(name)); command != nullptr) {
+  const Command* command = FindCommand(AllCommands(), Capitals(name));
+  if (command != nullptr && !command->meaning.empty()) {
     PrintEntry(console, CommandEntry(*command));
     return true;
   }

@@ -126,7 +126,8 @@ std::string ShellCompletion() {
     }
   }
   for (const CommandFamily& family : AllCommands())
-    for (const Command& command : family) topics.append(command.names[0]).append(" ");
+    for (const Command& command : family)
+      if (!command.meaning.empty()) topics.append(command.names[0]).append(" ");
   return fmt::format(R"(# Completion of zaview for bash. Made from the tables of the program; do not edit.
 _zaview() {{
   local word=${{COMP_WORDS[COMP_CWORD]}} before=${{COMP_WORDS[COMP_CWORD-1]}}

@@ -63,7 +63,8 @@ ReferenceTopic CommandTopic() {
   const std::span<const CommandFamily> families = AllCommands();
   for (std::size_t i = 0; i < families.size(); ++i) {
     ReferencePart part{std::string(FamilyTitles()[i]), {}, {}};
-    for (const Command& command : families[i]) part.rows.push_back(CommandEntry(command));
+    for (const Command& command : families[i])
+      if (!command.meaning.empty()) part.rows.push_back(CommandEntry(command));
     topic.parts.push_back(std::move(part));
   }
   topic.parts.front().ahead = {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/righting_arms/righting_arm_dialogue.h"
+#include "analysis/sea_view/sensor_dialogue.h"
 #include "base/message.h"
 #include "case/case_hull.h"
 #include "case/quantity_catalogue.h"
@@ -177,6 +178,10 @@ void AskRightingArms(Session& s) {
   GZCurveMenu(s.platform, s.output, s.case_store, result);
 }
 
+void SensorView(Session& s) {
+  AskSensorView(s.platform, s.output, s.sensor, s.case_store);
+}
+
 // Of a run in the frequency domain the option has another name and other work.
 void Histogram(Session& s, int option) {
   if (s.case_store.time_history()) MenuHistogram(s, option);
@@ -219,7 +224,7 @@ constexpr Option kOptions[] = {
     {"22 - Plot statistics with confidence intervals",          TimeHistory,    nullptr, MenuIntervals, true},
     {"23 - Write/Plot autocorrelation",                         TimeHistory,    nullptr, MenuAutocorrelation, true},
     {"24 - Upcrossings and exceedances",                        TimeHistory,    Rates             },
-    {"25 - Sensor view analysis",                               TimeHistory,    nullptr           },
+    {"25 - Sensor view analysis",                               TimeHistory,    SensorView        },
     {"26 - Crane and cargo simulation",                         TimeHistory,    nullptr           },
     {"27 - Plot result of last analysis",                       Analysed,       nullptr, MenuResult},
 };

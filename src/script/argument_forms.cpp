@@ -68,8 +68,11 @@ constexpr ArgumentForm kForms[] = {
     {"statistics",  "gzs.txt",  "The file of their statistics, \"\" for the console; name.gm (metacentric heights, volume) and name.wl (waterlines) are written beside it"},
     {"count",       "1",        "How many"},
     {"time",        "1",        "A time"},
-    {"directions",  "0",        "Directions to look at"},
-    {"distances",   "1",        "Distances to look at"},
+    {"lookdown",    "10",       "Half of the field of view of a sensor, 0 to 90 degrees from the level of the ship at rest"},
+    {"direction",   "0",        "A direction from the bow in degrees, 90 to port"},
+    {"directions",  "0 180 90", "The least of such directions, the largest, and from one to the next"},
+    {"distances",   "50 150 50", "The least distance from the sensor, the largest, and from one to the next, in the unit of the ship's geometry"},
+    {"places",      "2 50 150", "How many distances from the sensor, and these"},
 };
 // clang-format on
 

@@ -23,7 +23,7 @@ std::span<const CommandFamily> AllCommands() {
       ReadingCommands(),  OutputTextCommands(),  StepCommands(),      StatisticSettings(), SmoothingCommands(),
       HistoryCommands(),  StatisticCommands(),   EnsembleCommands(),  HistogramCommands(), ControlCommands(),
       KinoCommands(),     ViewSettings(),        AnimationSettings(), PlotCommands(),      AnimateCommands(),
-      GeometryCommands(), RightingArmCommands(), LaterCommands(),     RateCommands(),      LaterBeginnings()};
+      GeometryCommands(), RightingArmCommands(), LaterCommands(),     RateCommands(),      SeaViewCommands()};
   return families;
 }
 
@@ -47,7 +47,7 @@ std::span<const std::string_view> FamilyTitles() {
                                                  "Righting arms",
                                                  "Views and analyses to come",
                                                  "Rates",
-                                                 "Sensor view"};
+                                                 "Sensor view and waves"};
   return kTitles;
 }
 
@@ -55,7 +55,7 @@ bool IsThere(const Command& command) {
   const auto among = [&command](CommandFamily family) {
     return std::any_of(family.begin(), family.end(), [&command](const Command& row) { return &row == &command; });
   };
-  return !among(LaterCommands()) && !among(LaterBeginnings());
+  return !among(LaterCommands());
 }
 
 const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word) {
@@ -70,8 +70,10 @@ const Command* FindCommand(std::span<const CommandFamily> families, std::string_
 std::string_view NearestCommand(std::span<const CommandFamily> families, std::string_view word) {
   NearestWord nearest{word};
   for (const CommandFamily& family : families)
-    for (const Command& command : family)
+    for (const Command& command : family) {
+      if (command.meaning.empty()) continue;
       for (const std::string_view name : command.names) nearest.Offer(name);
+    }
   return nearest.nearest;
 }
 

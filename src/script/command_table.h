@@ -21,7 +21,7 @@ struct Command {
   int (*run)(ScriptCall& call) = nullptr;  // the status: 0, or one of open_script_file.h
   std::string_view arguments{};            // as the reference shows them: names of argument_forms.h, "A|B" for words,
                                            // brackets around what may be missing
-  std::string_view meaning{};              // a line
+  std::string_view meaning{};              // a line; blank: the row only refuses, and no list shows it
   std::string_view preset{};               // of a setting: the arguments that would change nothing at the start
   NameMatch match = NameMatch::whole;
   bool last = false;  // nothing behind it is read
@@ -47,8 +47,8 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily AnimateCommands();
 [[nodiscard]] CommandFamily RightingArmCommands();
 [[nodiscard]] CommandFamily LaterCommands();
-[[nodiscard]] CommandFamily RateCommands();     // some are known by the beginning of their word
-[[nodiscard]] CommandFamily LaterBeginnings();  // known by the beginning of their word
+[[nodiscard]] CommandFamily RateCommands();  // some are known by the beginning of their word
+[[nodiscard]] CommandFamily SeaViewCommands();
 
 // All families in the order of lookup, and what a reader calls them.
 [[nodiscard]] std::span<const CommandFamily> AllCommands();

@@ -44,24 +44,10 @@ constexpr Command kLater[] = {
     {{"NNDATA"}, kNone, RunNotYet, "name", "Inputs of a network, a record a step"},
 };
 
-constexpr Command kLaterBeginnings[] = {
-    {{"SENSOR_VIEW"},
-     D,
-     RunNotYet,
-     "first last increment x y z angle directions distances file",
-     "What a sensor sees of the sea",
-     "",
-     NameMatch::beginning},
-};
-
 }  // namespace
 
 CommandFamily LaterCommands() {
   return kLater;
-}
-
-CommandFamily LaterBeginnings() {
-  return kLaterBeginnings;
 }
 
 }  // namespace zaview

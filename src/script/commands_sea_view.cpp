@@ -1,0 +1,150 @@
+// What a sensor sees of the sea, and the waves around the ship.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "analysis/sea_view/sensor_view.h"
+#include "base/number_format.h"
+#include "base/number_parse.h"
+#include "base/text.h"
+#include "script/command_table.h"
+#include "script/open_script_file.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr std::string_view kUnknownSensor = "ERROR - Unrecognized sensor view command: {}";
+constexpr std::string_view kSensorSteps = "ERROR - Illegal time step range, parsed as min,max,inc= {} {} {}";
+constexpr std::string_view kScan[] = {"ERROR - Illegal scanning direction range for {} command...",
+                                      "Parsed as min,max,inc= {} {} {}"};
+constexpr std::string_view kDistanceCount = "ERROR - Illegal value for number of distances in {} command...";
+constexpr std::string_view kLookdown = "Illegal value, must be between 0 and 90";
+constexpr std::string_view kNotPositive = "Illegal value, must be positive";
+constexpr std::string_view kLongName = "ERROR opening output file: {}";
+
+int FewArguments(ScriptCall& call) {
+  return Fail(call, kScriptFailed, kFewArguments, call.command);
+}
+
+StepRange RangeOf(const std::vector<float>& values) {
+  const auto whole = [&](std::size_t i) { return RoundToInt(static_cast<double>(values[i])); };
+  return {whole(0), whole(1), whole(2)};
+}
+
+// The root of the files that a command writes.
+int ReadRoot(ScriptCall& call, std::string& root) {
+  root = Trim(NextScriptWord(call.words, kFreeText));
+  if (root.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, root);
+  return kScriptOk;
+}
+
+// ---- Sensor view
+
+int ReadSensor(ScriptCall& call, SensorRequest& request) {
+  std::vector<float> steps, sensor;
+  if (!ParseRealList(call.words, 3, steps) || !ParseRealList(call.words, 4, sensor)) return FewArguments(call);
+  if (!TakeStepRange(call.session.case_store, RangeOf(steps), request.steps))
+    return Fail(call, kScriptBadArgument, kSensorSteps, Shown{steps[0]}, Shown{steps[1]}, Shown{steps[2]});
+  std::copy_n(sensor.begin(), 3, request.sensor.position.begin());
+  request.sensor.lookdown_deg = sensor[3];
+  if (!(sensor[3] >= 0 && sensor[3] <= 90)) return Fail(call, kScriptBadArgument, kLookdown);
+  return kScriptOk;
+}
+
+int ReadScan(ScriptCall& call, std::vector<double>& values) {
+  std::vector<float> range;
+  if (!ParseRealList(call.words, 3, range)) return FewArguments(call);
+  if (ScanRange(range.data(), values)) return kScriptOk;
+  Say(call.console(), kScan[0], call.command);
+  return Fail(call, kScriptBadArgument, kScan[1], Shown{range[0]}, Shown{range[1]}, Shown{range[2]});
+}
+
+int ReadListed(ScriptCall& call, int n, std::vector<double>& values) {
+  std::vector<float> listed;
+  if (!ParseRealList(call.words, n, listed)) return FewArguments(call);
+  values.assign(listed.begin(), listed.end());
+  return kScriptOk;
+}
+
+int ReadCountAndDistances(ScriptCall& call, std::vector<double>& distances) {
+  std::vector<float> count;
+  if (!ParseRealList(call.words, 1, count)) return FewArguments(call);
+  const int n = RoundToInt(static_cast<double>(count[0]));
+  if (n < 1 || n > kMostScanned) return Fail(call, kScriptBadArgument, kDistanceCount, call.command);
+  return ReadListed(call, n, distances);
+}
+
+int ReadDistances(ScriptCall& call, SensorRequest& request) {
+  if (request.mode == SensorMode::horizon) return kScriptOk;
+  const bool scanned = request.mode == SensorMode::grid || request.mode == SensorMode::line;
+  const int status = scanned ? ReadScan(call, request.distances) : ReadCountAndDistances(call, request.distances);
+  if (status != kScriptOk) return status;
+  const auto positive = [](double distance) { return distance > 0; };
+  if (!std::all_of(request.distances.begin(), request.distances.end(), positive))
+    return Fail(call, kScriptBadArgument, kNotPositive);
+  if (request.distances.size() > kMostSightPoints / request.azimuths.size())
+    return Fail(call, kScriptBadArgument, kScan[0], call.command);
+  return kScriptOk;
+}
+
+template <SensorMode mode>
+int RunSensorView(ScriptCall& call) {
+  Session& session = call.session;
+  SensorRequest request;
+  request.mode = mode;
+  if (const int status = ReadSensor(call, request); status != kScriptOk) return status;
+  const bool scanned = mode == SensorMode::horizon || mode == SensorMode::grid;
+  const int azimuths = scanned ? ReadScan(call, request.azimuths) : ReadListed(call, 1, request.azimuths);
+  if (azimuths != kScriptOk) return azimuths;
+  if (const int status = ReadDistances(call, request); status != kScriptOk) return status;
+  std::string root;
+  if (const int status = ReadRoot(call, root); status != kScriptOk) return status;
+  SensorViewResult result;
+  const bool written =
+      WriteSensorView(session.platform, session.output, session.sensor, request, root, session.case_store, result);
+  return written ? kScriptOk : kScriptFailed;
+}
+
+int RunUnknownSensor(ScriptCall& call) {
+  return Fail(call, kScriptBadArgument, kUnknownSensor, call.command);
+}
+
+constexpr Needs kNeedsRun = kNeedsCase | kNeedsMotion;
+
+constexpr Command kSeaView[] = {
+    {{"SENSOR_VIEW_HORIZON"},
+     kNeedsRun,
+     RunSensorView<SensorMode::horizon>,
+     "first last increment x y z lookdown directions root",
+     "Horizon of a sensor on the ship, and where its field of view ends"},
+    {{"SENSOR_VIEW_GRID"},
+     kNeedsRun,
+     RunSensorView<SensorMode::grid>,
+     "first last increment x y z lookdown directions distances root",
+     "From which height on it sees something above the waves, all around"},
+    {{"SENSOR_VIEW_LINE"},
+     kNeedsRun,
+     RunSensorView<SensorMode::line>,
+     "first last increment x y z lookdown direction distances root",
+     "The same in one direction"},
+    {{"SENSOR_VIEW_POINT", "SENSOR_VIEW_POINTS"},
+     kNeedsRun,
+     RunSensorView<SensorMode::points>,
+     "first last increment x y z lookdown direction places root",
+     "Histories of it at some distances"},
+    {{"SENSOR_VIEW_DEBUG"},
+     kNeedsRun,
+     RunSensorView<SensorMode::debug>,
+     "first last increment x y z lookdown direction places root",
+     "The same, with the waves that it comes from"},
+    {.names = {"SENSOR_VIEW"}, .needs = kNeedsRun, .run = RunUnknownSensor, .match = NameMatch::beginning},
+};
+
+}  // namespace
+
+CommandFamily SeaViewCommands() {
+  return kSeaView;
+}
+
+}  // namespace zaview
