@@ -179,7 +179,9 @@ void AskRightingArms(Session& s) {
 }
 
 void SensorView(Session& s) {
-  AskSensorView(s.platform, s.output, s.sensor, s.case_store);
+  SensorViewResult result;
+  AskSensorView(s.platform, s.output, s.sensor, s.case_store, result);
+  if (!result.time.empty()) KeepResult(s.data_plot, SensorViewPlot(result));
 }
 
 // Of a run in the frequency domain the option has another name and other work.

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
+#include "views/state/result_choice.h"
 
 namespace zaview {
 
@@ -103,7 +104,9 @@ int RunSensorView(ScriptCall& call) {
   SensorViewResult result;
   const bool written =
       WriteSensorView(session.platform, session.output, session.sensor, request, root, session.case_store, result);
-  return written ? kScriptOk : kScriptFailed;
+  if (!written) return kScriptFailed;
+  KeepResult(session.data_plot, SensorViewPlot(result));
+  return kScriptOk;
 }
 
 int RunUnknownSensor(ScriptCall& call) {

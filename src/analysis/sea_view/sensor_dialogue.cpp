@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "analysis/sea_view/sensor_view.h"
 #include "base/message.h"
@@ -178,7 +179,7 @@ Answer AskRequest(const Console& console, const CaseStore& c, SensorRequest& req
 }
 
 Answer Write(const Platform& platform, const OutputSettings& settings, const SensorSettings& sensor, SensorMode mode,
-             CaseStore& c) {
+             CaseStore& c, SensorViewResult& result) {
   if (!sensor.sensor_given) {
     SayLine(platform.console, kNotSet);
     return Answer::ok;
@@ -189,15 +190,15 @@ Answer Write(const Platform& platform, const OutputSettings& settings, const Sen
   std::string root;
   const Answer answer = AskRequest(platform.console, c, request, root);
   if (answer != Answer::ok) return answer;
-  SensorViewResult result;
-  (void)WriteSensorView(platform, settings, sensor, request, root, c, result);  // it says what it can't
+  SensorViewResult written;  // it is said why not
+  if (WriteSensorView(platform, settings, sensor, request, root, c, written)) result = std::move(written);
   return answer;
 }
 
 }  // namespace
 
 void AskSensorView(const Platform& platform, const OutputSettings& settings, SensorSettings& sensor,
-                   CaseStore& case_store) {
+                   CaseStore& case_store, SensorViewResult& result) {
   const Console& console = platform.console;
   for (const std::string_view line : kAbout) SayLine(console, line);
   for (;;) {
@@ -208,7 +209,7 @@ void AskSensorView(const Platform& platform, const OutputSettings& settings, Sen
     Answer answer = Answer::ok;
     if (item == kSetSensor) answer = AskSensor(console, sensor);
     else if (item == kSetLimits) answer = AskLimits(console, sensor);
-    else answer = Write(platform, settings, sensor, static_cast<SensorMode>(item - kSetLimits), case_store);
+    else answer = Write(platform, settings, sensor, static_cast<SensorMode>(item - kSetLimits), case_store, result);
     if (answer != Answer::ok) return SayLine(console, kAborted);
   }
 }
