@@ -134,8 +134,8 @@ void PressBar(MenuToolkit& kit, const MenuPoint& at, int step) {
 
 void PressBarButton(MenuToolkit& kit, const MenuPoint& at, int button) {
   MenuRunBar& bar = ElementOf(kit, at).run_bar;
-  if (button == kBackButton) return PressBar(kit, at, bar.step - 1);
-  if (button == kOnButton) return PressBar(kit, at, bar.step + 1);
+  if (button == kBackButton) return PressBar(kit, {at.menu, at.element, button}, bar.step - 1);
+  if (button == kOnButton) return PressBar(kit, {at.menu, at.element, button}, bar.step + 1);
   bar.running = !bar.running;
   Tell(kit, at, bar.running ? MenuChange::play : MenuChange::pause);
 }
@@ -357,7 +357,8 @@ bool KeyOfRunBar(MenuToolkit& kit, int key) {
   const MenuRunBar& bar = ElementOf(kit, kit.focus).run_bar;
   const int count = bar.last_step - bar.first_step + 1, at = bar.step - bar.first_step + 1;
   const std::optional<int> way = WayOf(key, std::max(count / kPages, 1), at, count, false);
-  if (way) PressBar(kit, kit.focus, bar.step + *way);
+  if (way == -1 || way == 1) PressBarButton(kit, kit.focus, *way < 0 ? kBackButton : kOnButton);
+  else if (way) PressBar(kit, kit.focus, bar.step + *way);
   return way.has_value();
 }
 

@@ -117,7 +117,7 @@ enum class MenuChange : std::uint8_t {
   escape,      // a type-in was given up, in menus that ask for it
   play,
   pause,  // of a run bar
-  step,   // integer: the step wanted
+  step,   // integer: the step wanted; item: of which button (menu_layout.h), 0: of the slider
   closed  // the menu is gone, by whomever; its slot is free
 };
 

@@ -123,11 +123,9 @@ int SetCamera(OptionCall& option) {
 }
 
 int SetRadius(OptionCall& option) {
-  float value = 0;
-  if (const int status = ReadLimited(option.call, option.word, kRadius, value); status != kScriptOk) return status;
-  TakeRadius(option.view, static_cast<double>(value));
-  option.view.space_fit = {};
-  return kScriptOk;
+  const int status = SetCamera<kRadius, &Camera::view_radius>(option);
+  if (status == kScriptOk) option.view.own_radius = true;
+  return status;
 }
 
 int SetThickness(OptionCall& option) {

@@ -147,7 +147,6 @@ void TopRender(Session& session, bool force) {
   if (const View* view = ViewOf(session)) view->render(session);
   if (run.exit_requested) zaviewexit(session, run.exit_status);
   if (run.plot_module == PlotModule::none) return GiveUpView(session);
-  if (!session.plot_session.run_on) RefreshMenus(session);  // what is fitted is known now
   if (session.plot_session.menu_pending) gksIdleOn(session.platform, session.gks);
 }
 

@@ -74,16 +74,11 @@ bool TopIdle(Session& session) {
   p.idle_count = 0;
   const bool stored = !p.run_dump || PutRunPicture(session);
   const bool more = p.run_dump ? HasNextPicture(session) : !AtLastStep(session);
-  if (!stored || !more) {
-    StopRun(session);
-    return false;
-  }
-  if (!Advance(session)) return false;
-  p.step_stale = true;
+  const bool advanced = stored && more && Advance(session);
+  if (advanced) p.step_stale = session.run.redraw = true;
+  if (!stored || !more || (AtLastStep(session) && !p.run_dump)) StopRun(session);
   FollowRun(session);
-  session.run.redraw = true;
-  if (AtLastStep(session) && !p.run_dump) StopRun(session);
-  return true;
+  return advanced;
 }
 
 }  // namespace zaview

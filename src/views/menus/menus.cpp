@@ -194,7 +194,7 @@ void TakeEvent(Session& s, const MenuEvent& event) {
   const OptionKind kind = place->option->kind;
   if (kind == OptionKind::colour || kind == OptionKind::quantity || kind == OptionKind::point)
     return OpenFor(s, OptionPlace(*place), event);
-  const OptionEvent told{event.change, event.integer, event.real, event.text, place->index};
+  const OptionEvent told{event.change, event.integer, event.real, event.text, place->index, event.item};
   if (const std::string_view refused = SetOption(s, *place->option, told); !refused.empty())
     SayLine(s.platform.console, refused);
 }
@@ -261,12 +261,14 @@ void RefreshMenus(Session& session) {
 void FollowRun(Session& session) {
   constexpr double kLeast = 0.05;  // seconds between two
   MenuState& menus = session.menus;
-  if (menus.m_tsmenu == 0) return;
+  PlotSessionState& run = session.plot_session;
+  if (menus.m_tsmenu == 0 || (run.run_on && !run.step_stale)) return;
   const double now = session.platform.clock.seconds(session.platform.clock.self);
-  if (now - menus.refreshed_at < kLeast) return;
+  const double since = now - menus.refreshed_at;
+  if (run.run_on && now >= 0 && since >= 0 && since < kLeast) return;  // below 0: there is no clock
   menus.refreshed_at = now;
   InvokeTimeStepMenu(session, MenuMode::rebuild);
-  session.plot_session.step_stale = false;
+  run.step_stale = false;
 }
 
 void topMenuInput(Session& session, const MenuEvent& event) {

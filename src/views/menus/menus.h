@@ -32,7 +32,7 @@ void ToggleMenu(Session& session, void (*invoke)(Session&, MenuMode), int MenuSt
 
 // All that are open show what is so now; those that don't fit any more close.
 void RefreshMenus(Session& session);
-// In run mode: the time-step menu alone, and that not oftener than it can be looked at.
+// In run mode: the time-step menu alone, and that not oftener than it can be looked at, but for the end of the run.
 void FollowRun(Session& session);
 
 // What the user does in a menu. The picture is to be drawn again behind it.

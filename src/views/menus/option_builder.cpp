@@ -47,7 +47,7 @@ std::string_view TextOf(const OptionItem& item, const OptionValue& value) {
 
 void AddCheck(MenuToolkit& kit, const OptionItem& item, const OptionValue& value) {
   gksMenuAddItemI(kit, MenuItemType::check, value.integer);
-  gksMenuSetAttributeS(kit, MenuAttribute::text, item.text);
+  gksMenuSetAttributeS(kit, MenuAttribute::text, TextOf(item, value));
   if (item.kind == OptionKind::radio) gksMenuSetAttribute(kit, MenuAttribute::style, kRoundCheck);
 }
 

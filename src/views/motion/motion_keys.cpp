@@ -28,14 +28,6 @@ constexpr std::string_view kNoEvent = "No further event";
 constexpr float kRoot2 = 1.4142135F, kText = 1.1F;
 constexpr double kZoom = 1.414, kTurn = 5.0, kWider = 5.0;  // the latter two: degrees
 
-SeenSizes SizesOf(Session& s) {
-  MotionViewState& view = s.motion_view;
-  const StageInput input = InputOf(s);
-  if (!(view.scene.extent.reach > 0)) view.scene.extent = ExtentOf(input);
-  const double fitting = FittingRadius(view.view, view.scene.extent.reach, input.width, input.height);
-  return {ShownRadius(view, input), fitting, ShownGridSize(view, input)};
-}
-
 template <bool MotionViewState::*flag>
 bool Toggle(Session& s) {
   s.motion_view.*flag = !(s.motion_view.*flag);

@@ -179,6 +179,14 @@ StageInput InputOf(const Session& s) {
           s.gks.window.height};
 }
 
+SeenSizes SizesOf(Session& s) {
+  MotionViewState& view = s.motion_view;
+  const StageInput input = InputOf(s);
+  if (!(view.scene.extent.reach > 0)) view.scene.extent = ExtentOf(input);
+  const double fitting = FittingRadius(view.view, view.scene.extent.reach, input.width, input.height);
+  return {ShownRadius(view, input), fitting, ShownGridSize(view, input)};
+}
+
 SceneFault DrawMotionScene(Session& session, MotionStage& stage, std::string& why) {
   Session& s = session;
   const WindowSystem& windows = s.platform.window;

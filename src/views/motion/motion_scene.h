@@ -5,10 +5,12 @@
 
 #include "frame/session.h"
 #include "views/motion/motion_stage.h"
+#include "views/state/motion_settings.h"
 
 namespace zaview {
 
 [[nodiscard]] StageInput InputOf(const Session& session);
+[[nodiscard]] SeenSizes SizesOf(Session& session);  // ahead of the first picture too
 
 enum class SceneFault : unsigned char { none, no_memory, no_opengl };
 

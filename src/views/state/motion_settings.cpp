@@ -6,6 +6,7 @@
 #include "base/message.h"
 #include "case/case_hull.h"
 #include "case/quantity_catalogue.h"
+#include "case/settings/point_settings.h"
 
 namespace zaview {
 
@@ -64,6 +65,10 @@ void LookFrom(Camera& view, const CameraPreset& preset) {
   view.view_radius = 0;
 }
 
+bool LooksFrom(const Camera& view, const CameraPreset& preset) {
+  return view.view_azimuth == preset.azimuth && view.view_elevation == preset.elevation;
+}
+
 void LookAsAtFirst(MotionViewState& view) {
   view.view = Camera{};
   view.stand = CameraStand::ship;
@@ -107,6 +112,29 @@ void ScaleGrid(MotionViewState& view, const SeenSizes& seen, double factor) {
 
 void ScaleText(MotionViewState& view, float factor) {
   view.text_size = std::clamp(view.text_size * factor, kLeastText, kMostText);
+}
+
+bool TakeGraphQuantity(MotionGraph& graph, const CaseStore& store, const PointSettings& point, int iqnt) {
+  const QuantityRow* const row = FindQuantity(iqnt);
+  if (row == nullptr || row->need == QuantityNeed::file_only || !QuantityValid(store, iqnt)) return false;
+  const int curves = CurveCount(store, iqnt);
+  if (curves < 1 || !PointGiven(point, iqnt)) return false;
+  graph.request.iqnt = iqnt;
+  if (graph.request.curve < 0 || graph.request.curve > curves) graph.request.curve = 1;
+  UsePoint(point, graph.request);
+  graph.on = true;
+  return true;
+}
+
+bool TakeGraphCurve(MotionGraph& graph, const CaseStore& store, int curve) {
+  if (curve < 0 || curve > CurveCount(store, graph.request.iqnt)) return false;
+  graph.request.curve = curve;
+  return true;
+}
+
+void MoveGraphPoint(MotionViewState& view, const std::array<double, 3>& before, const PointSettings& point) {
+  for (MotionGraph& graph : view.graphs)
+    if (graph.request.point == before) UsePoint(point, graph.request);
 }
 
 void TakeCase(const Platform& platform, MotionViewState& view, CaseStore& store) {

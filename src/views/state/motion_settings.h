@@ -29,6 +29,7 @@ struct CameraPreset {
 [[nodiscard]] std::span<const CameraPreset> CameraPresets();  // by keys 1 to 6
 // From there, so that all is seen; the stand stays.
 void LookFrom(Camera& view, const CameraPreset& preset);
+[[nodiscard]] bool LooksFrom(const Camera& view, const CameraPreset& preset);  // is that its direction
 void LookAsAtFirst(MotionViewState& view);
 
 [[nodiscard]] std::span<const std::string_view> StandWords();  // by CameraStand, of scripts
@@ -42,6 +43,14 @@ void StepOpacity(MotionViewState& view, int tenths);  // within 0.1 to 1
 // Within 0.01 to 100 times the radius that fits.
 void ScaleGrid(MotionViewState& view, const SeenSizes& seen, double factor);
 void ScaleText(MotionViewState& view, float factor);
+
+// A quantity on a graph, with the point that was given last, and its curve in use or the first one; switches it on.
+// False: the case has no such histories, or no point was given for it; nothing changes.
+[[nodiscard]] bool TakeGraphQuantity(MotionGraph& graph, const CaseStore& store, const PointSettings& point, int iqnt);
+// 0: all. False: there is no such curve.
+[[nodiscard]] bool TakeGraphCurve(MotionGraph& graph, const CaseStore& store, int curve);
+// Another point was given: graphs of the one before go along with it.
+void MoveGraphPoint(MotionViewState& view, const std::array<double, 3>& before, const PointSettings& point);
 
 // For a case other than that of the settings: what was a number and may be to fit is so again, and what the case has
 // not got is switched off, which is said.

@@ -25,8 +25,8 @@ inline constexpr int kColours = 16;
 
 struct MotionGraph {
   bool on = false;
-  QuantityRequest request;
-  int colour = 1;  // index into the colour names
+  QuantityRequest request{.iqnt = 1, .curve = 3};  // heave, until another one is chosen
+  int colour = 1;                                  // index into the colour names
   bool blank = true, scroll = false, time_bar = true, mark = false, value = false;
   float scroll_time = 60;  // output time units, above 0
 

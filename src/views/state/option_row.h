@@ -47,6 +47,7 @@ struct OptionEvent {
   float real = 0;
   std::string text{};
   int index = 1;  // of a block that is there several times: which one
+  int item = 0;   // of an element: its part
 };
 
 // May make what is out of date, such as limits that are to be fitted.

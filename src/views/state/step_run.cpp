@@ -1,6 +1,7 @@
 #include "views/state/step_run.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "base/message.h"
@@ -95,15 +96,37 @@ bool StepBy(Session& session, int strides) {
   return GoToStep(session, session.case_store.current_step + strides * StepStride(session));
 }
 
+int StepAt(const Session& session, float time) {
+  const CaseStore& store = session.case_store;
+  const auto apart = [&](int step) { return std::abs(ShownTimeOf(session, step) - static_cast<double>(time)); };
+  int nearest = store.first_step;
+  for (int step = nearest + 1; step <= store.last_step; ++step)
+    if (apart(step) < apart(nearest)) nearest = step;
+  return nearest;
+}
+
 void ScaleSync(Session& session, float factor) {
-  PlotSessionState& p = session.plot_session;
-  p.run_sync_factor = std::clamp(p.run_sync_factor * factor, kLeastSync, kMostSync);
-  if (p.run_on) StartClock(session);
+  SetSyncFactor(session, std::clamp(session.plot_session.run_sync_factor * factor, kLeastSync, kMostSync));
+}
+
+void SetSyncFactor(Session& session, float factor) {
+  session.plot_session.run_sync_factor = factor;
+  if (session.plot_session.run_on) StartClock(session);
 }
 
 void SetSync(Session& session, bool on) {
   session.plot_session.run_sync = on;
   if (session.plot_session.run_on) StartClock(session);
+}
+
+bool SetRunPictures(Session& session, bool on) {
+  PlotSessionState& p = session.plot_session;
+  const bool running = p.run_on;
+  if (on == p.run_dump) return true;
+  if (running && on) return StartPictureRun(session);
+  StopRun(session);
+  p.run_dump = on;
+  return !running || ToggleRun(session);
 }
 
 bool PutRunPicture(Session& session) {

@@ -34,8 +34,8 @@ TEST(MenuMouse, PressesAreToldToTheApplication) {
       {11, 0, "1.11.2 list 2 0 ''; "},  // several: turned over
       {12, 1, "1.12.0 play 0 0 ''; "},
       {12, 1, "1.12.0 pause 0 0 ''; "},
-      {12, 2, "1.12.0 step 299 0 ''; "},
-      {12, 3, "1.12.0 step 300 0 ''; "},
+      {12, 2, "1.12.2 step 299 0 ''; "},
+      {12, 3, "1.12.3 step 300 0 ''; "},
       {13, 2, "1.13.2 button 0 0 ''; "},
   };
   MenuWindow w;
@@ -201,7 +201,7 @@ TEST(MenuKeys, ReachEverything) {
       {{kKeyPageDown, kKeyEnd, kKeyHome}, "1.10.9 list 9 0 ''; 1.10.30 list 30 0 ''; 1.10.1 list 1 0 ''; "},
       {{kReturn}, "1.10.1 twice 1 0 ''; "},
       {{kTab, kKeyDown, kKeyDown, ' '}, "1.11.3 list 3 0 ''; "},
-      {{kTab, kKeyRight, kKeyEnd, kReturn}, "1.12.0 step 301 0 ''; 1.12.0 step 1000 0 ''; 1.12.0 play 0 0 ''; "},
+      {{kTab, kKeyRight, kKeyEnd, kReturn}, "1.12.3 step 301 0 ''; 1.12.0 step 1000 0 ''; 1.12.0 play 0 0 ''; "},
       {{kTab, kTab, kReturn}, "1.13.2 button 0 0 ''; "},
       {{kTab, kKeyLeft, kReturn}, "1.13.2 button 0 0 ''; "},  // round
   };

@@ -1,10 +1,10 @@
 // Keys and clicks of the animation: what each changes and says, and where its limits are.
 #include <cmath>
 #include <iterator>
-#include <numbers>
 #include <string_view>
 #include <vector>
 
+#include "unit/views/motion_fields.h"
 #include "unit/views/plot_view.h"
 #include "views/frame/session_keys.h"
 #include "views/motion/motion_overlay.h"
@@ -17,60 +17,6 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kSample = "irregular_head.out";  // 300 steps of 0.25 s, no hull
-
-double Length(const Session& s) {
-  return static_cast<double>(s.output.units.scales.position[0]);
-}
-// R = 1.1 r / sin(aperture/2), r half the length where no hull is known; the window is wider than high.
-double Fitting(const Session& s) {
-  return 1.1 * 0.5 * Length(s) / std::sin(s.motion_view.view.view_width / 360.0 * std::numbers::pi);
-}
-
-struct Field {
-  std::string_view name;
-  double (*value)(const Session& s);
-};
-template <auto MotionViewState::*field>
-double Of(const Session& s) {
-  return static_cast<double>(s.motion_view.*field);
-}
-template <auto Camera::*field>
-double Eye(const Session& s) {
-  return static_cast<double>(s.motion_view.view.*field);
-}
-template <double ScenePoint::*axis>  // in radii
-double Centre(const Session& s) {
-  return s.motion_view.view.view_centre.*axis / Fitting(s);
-}
-template <auto PlotSessionState::*field>
-double Running(const Session& s) {
-  return static_cast<double>(s.plot_session.*field);
-}
-// clang-format off
-constexpr Field kFields[] = {
-    {"azimuth", Eye<&Camera::view_azimuth>}, {"elevation", Eye<&Camera::view_elevation>},
-    {"aperture", Eye<&Camera::view_width>}, {"perspective", Eye<&Camera::perspective>},
-    {"radius", [](const Session& s) { return s.motion_view.view.view_radius / Fitting(s); }},
-    {"x", Centre<&ScenePoint::x>}, {"y", Centre<&ScenePoint::y>}, {"z", Centre<&ScenePoint::z>},
-    {"stand", Of<&MotionViewState::stand>}, {"solid", Of<&MotionViewState::hull_solid>},
-    {"colour", Of<&MotionViewState::hull_colour>}, {"rudders", Of<&MotionViewState::show_rudders>},
-    {"track", Of<&MotionViewState::show_track>}, {"waterline", Of<&MotionViewState::show_waterline>},
-    {"centres", Of<&MotionViewState::show_centres>}, {"sea", Of<&MotionViewState::fs_solid>},
-    {"horizon", Of<&MotionViewState::horizon>}, {"opacity", Of<&MotionViewState::fs_opacity>},
-    {"grid", [](const Session& s) { return static_cast<double>(s.motion_view.fs_grid_size) / (1.5 * Length(s)); }},
-    {"shading", Of<&MotionViewState::shading_on>}, {"ambient", Of<&MotionViewState::ambient>},
-    {"title", Of<&MotionViewState::show_title>}, {"time", Of<&MotionViewState::show_time>},
-    {"text", Of<&MotionViewState::text_size>}, {"thick", Of<&MotionViewState::line_thickness>},
-    {"events", Of<&MotionViewState::show_events>}, {"sync", Running<&PlotSessionState::run_sync>},
-    {"factor", Running<&PlotSessionState::run_sync_factor>}, {"run", Running<&PlotSessionState::run_on>},
-    {"dump", Running<&PlotSessionState::run_dump>}, {"t0", Running<&PlotSessionState::run_t0>},
-    {"step", [](const Session& s) { return static_cast<double>(s.case_store.current_step); }},
-    {"background", [](const Session& s) { return static_cast<double>(s.run.plot_colours); }},
-    {"module", [](const Session& s) { return static_cast<double>(s.run.plot_module); }},
-    {"exit", [](const Session& s) { return static_cast<double>(s.run.exit_requested); }},
-    {"popup", [](const Session& s) { return static_cast<double>(s.motion_view.popup.open); }},
-};
-// clang-format on
 
 struct KeyCase {
   const char *keys, *changes;  // "name value ..", the others stay; blank: no picture is asked for either
@@ -95,14 +41,9 @@ struct Animation : PlotView {
     session.run.redraw = false;
     fake.output.clear();
   }
-  [[nodiscard]] std::vector<double> Values() const {
-    std::vector<double> values;
-    for (const Field& field : kFields) values.push_back(field.value(session));
-    return values;
-  }
   void Expect(const KeyCase& c, std::vector<double> want) {
     TakeChanges(kFields, c.changes, want);
-    const std::vector<double> got = Values();
+    const std::vector<double> got = FieldsOf(session);
     for (std::size_t i = 0; i < want.size(); ++i)
       EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i]))) << c.keys << ": " << kFields[i].name;
     EXPECT_TRUE(*c.changes != '\0' || !session.run.redraw) << c.keys;
@@ -112,7 +53,7 @@ struct Animation : PlotView {
     for (const KeyCase& c : cases) {
       Renew();
       session.output.reading.step_stride = stride;
-      const std::vector<double> before = Values();
+      const std::vector<double> before = FieldsOf(session);
       Press(session, c.keys);
       Expect(c, before);
     }
@@ -143,7 +84,7 @@ TEST(MotionKeys, EyeTurnsShiftsAndZooms) {
   Animation a;
   for (const KeyCase& c : kCases) {
     a.Renew();
-    const std::vector<double> before = a.Values();
+    const std::vector<double> before = FieldsOf(a.session);
     Press(a.session, c.keys);
     a.session.run.redraw = false;  // of a way there and back
     a.Expect(c, before);
@@ -198,7 +139,7 @@ TEST(MotionKeys, StepsAndRuns) {
   Animation a;
   for (const KeyCase& c : kCases) {
     a.Renew();
-    const std::vector<double> before = a.Values();
+    const std::vector<double> before = FieldsOf(a.session);
     Press(a.session, c.keys);
     a.session.run.redraw = false;
     a.Expect(c, before);
