@@ -168,10 +168,23 @@ Range Touched(float low, float high, int limit) {
   return {std::max(static_cast<int>(std::floor(low)), 0), std::min(static_cast<int>(std::ceil(high)), limit)};
 }
 
+// Sides along the axes, between pixels: most of what menus are made of.
+bool IsWholeBox(std::span<const GksPoint> p) {
+  constexpr float kLargest = 1.0e6F;
+  const auto is_whole = [](float place) { return std::abs(place) <= kLargest && std::floor(place) == place; };
+  return p.size() == 4 && p[0].y == p[1].y && p[1].x == p[2].x && p[2].y == p[3].y && p[3].x == p[0].x &&
+         is_whole(p[0].x) && is_whole(p[0].y) && is_whole(p[2].x) && is_whole(p[2].y);
+}
+
 void Fill(void* self, GksColour colour, std::span<const GksPoint> polygon) {
   PictureImage& image = Of(self);
   if (polygon.empty()) return;
   const Ink ink = InkOf(colour);
+  if (IsWholeBox(polygon)) {
+    const auto [left, right] = std::minmax(static_cast<int>(polygon[0].x), static_cast<int>(polygon[2].x));
+    const auto [top, bottom] = std::minmax(static_cast<int>(polygon[0].y), static_cast<int>(polygon[2].y));
+    return PutBox(image, ink, left, right, top, bottom);
+  }
   const auto [left, right] =
       std::minmax_element(polygon.begin(), polygon.end(), [](auto a, auto b) { return a.x < b.x; });
   const auto [high, low] =
