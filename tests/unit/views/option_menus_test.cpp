@@ -1,6 +1,8 @@
 // What all option menus have in common: how they open, close, follow the view, and lead from one to another.
 #include <string>
 
+#include "frame/run_loop.h"
+#include "script/open_script_file.h"
 #include "unit/views/menu_view.h"
 #include "views/menus/option_builder.h"
 
@@ -58,6 +60,29 @@ TEST(OptionMenus, LeadFromViewToView) {
   EXPECT_TRUE(v.fake.files.contains("dump0001.png")) << v.fake.output;
   v.Press(menu, {.text = "Text Menu"});
   EXPECT_TRUE(v.session.run.menu_wanted && menu == 0);
+}
+
+// "Text Menu" leaves a script where it is; the view that is left next goes on with it, as "Continue Script" does.
+TEST(OptionMenus, LeaveAScriptWaitingOrGoOnWithIt) {
+  struct {
+    const char* button;
+    const char* typed;
+    bool goes_on;
+  } const kCases[] = {{"Continue Script", "", true}, {"Text Menu", "0\n", false}};
+  for (const auto& c : kCases) {
+    MenuView v({"irregular_head.out"});
+    v.fake.Put("s.txt", "PLOT_HISTORY MOT 3 \"\"\nSET_STEPS 1 20\n");
+    v.fake.Type(c.typed);
+    v.session.dialogue = RunDialogue;
+    v.session.run.script_active = true;
+    EXPECT_EQ(OpenScriptFile(v.session, "s.txt"), kScriptOk);
+    v.Enter();
+    v.Key('o', kAltKey);
+    v.Press(v.session.menus.m_omenu, {.text = c.button});
+    EXPECT_EQ(v.session.menus.m_omenu, 0);
+    EXPECT_EQ(v.session.case_store.last_step == 20, c.goes_on) << c.button << v.fake.output;
+    EXPECT_NE(v.fake.output.find("ZAVO Output Options:") != std::string::npos, c.goes_on) << c.button;
+  }
 }
 
 }  // namespace
