@@ -35,5 +35,9 @@ void TryModuleText(std::string_view input);
 // input: a line with the format's letter (small: half a body), UGEOMNORM and the number of surfaces, then a geometry
 // file; the second file, of its own such line, is added to it.
 void TryGeometry(std::string_view input);
+// input: a model of crane and cargo; the second file is the cargo's geometry, "cargo".
+void TryCrane(std::string_view input);
+// input: a module of network data.
+void TryNetworkData(std::string_view input);
 
 }  // namespace zaview

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/crane/crane_analysis.h"
+#include "analysis/crane/crane_files.h"
 #include "analysis/righting_arms/righting_arm_dialogue.h"
 #include "analysis/sea_view/sensor_dialogue.h"
 #include "base/message.h"
@@ -184,6 +186,12 @@ void SensorView(Session& s) {
   if (!result.time.empty()) KeepResult(s.data_plot, SensorViewPlot(result));
 }
 
+void Crane(Session& s) {
+  CraneRun run;
+  AskCrane({s.platform, s.output, s.case_store}, run);
+  if (!run.moments.empty()) KeepResult(s.data_plot, CranePlot(s.output, run));
+}
+
 // Of a run in the frequency domain the option has another name and other work.
 void Histogram(Session& s, int option) {
   if (s.case_store.time_history()) MenuHistogram(s, option);
@@ -227,7 +235,7 @@ constexpr Option kOptions[] = {
     {"23 - Write/Plot autocorrelation",                         TimeHistory,    nullptr, MenuAutocorrelation, true},
     {"24 - Upcrossings and exceedances",                        TimeHistory,    Rates             },
     {"25 - Sensor view analysis",                               TimeHistory,    SensorView        },
-    {"26 - Crane and cargo simulation",                         TimeHistory,    nullptr           },
+    {"26 - Crane and cargo simulation",                         TimeHistory,    Crane             },
     {"27 - Plot result of last analysis",                       Analysed,       nullptr, MenuResult},
 };
 // clang-format on

@@ -23,7 +23,8 @@ std::span<const CommandFamily> AllCommands() {
       ReadingCommands(),  OutputTextCommands(),  StepCommands(),      StatisticSettings(), SmoothingCommands(),
       HistoryCommands(),  StatisticCommands(),   EnsembleCommands(),  HistogramCommands(), ControlCommands(),
       KinoCommands(),     ViewSettings(),        AnimationSettings(), PlotCommands(),      AnimateCommands(),
-      GeometryCommands(), RightingArmCommands(), LaterCommands(),     RateCommands(),      SeaViewCommands()};
+      GeometryCommands(), RightingArmCommands(), CraneCommands(),     ExportCommands(),    LaterCommands(),
+      RateCommands(),     SeaViewCommands()};
   return families;
 }
 
@@ -45,6 +46,8 @@ std::span<const std::string_view> FamilyTitles() {
                                                  "Animation",
                                                  "The geometry view",
                                                  "Righting arms",
+                                                 "Crane and cargo",
+                                                 "For other programs, step by step",
                                                  "Views and analyses to come",
                                                  "Rates",
                                                  "Sensor view and waves"};

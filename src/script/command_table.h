@@ -46,6 +46,8 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily GeometryCommands();
 [[nodiscard]] CommandFamily AnimateCommands();
 [[nodiscard]] CommandFamily RightingArmCommands();
+[[nodiscard]] CommandFamily CraneCommands();
+[[nodiscard]] CommandFamily ExportCommands();
 [[nodiscard]] CommandFamily LaterCommands();
 [[nodiscard]] CommandFamily RateCommands();  // some are known by the beginning of their word
 [[nodiscard]] CommandFamily SeaViewCommands();

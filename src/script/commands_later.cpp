@@ -18,11 +18,6 @@ constexpr Command kLater[] = {
      RunNotYet,
      "first last increment option name",
      "Speed of the waves at a place"},
-    {{"WRITE_MOVING_MESH", "WRITE_MOVING_HRL_MESH", "MOVING_MESH", "MOVING_HRL_MESH"},
-     R,
-     RunNotYet,
-     "name text",
-     "The hull as a mesh that moves"},
     {{"WRITE_ROLL_DECAY_COEF", "WRITE_RDC", "ROLL_DECAY_COEF", "RDC"},
      D | R,
      RunNotYet,
@@ -33,15 +28,12 @@ constexpr Command kLater[] = {
      RunNotYet,
      "file",
      "The same with a bias"},
-    {{"WRITE_POINT_SLAMS"}, D, RunNotYet, "x y z file", "When a point of the ship enters the water"},
     {{"EXTRAPOLATE_MOTION"}, kNone, RunNotYet, "option time file", "Motion beyond the end of the record"},
-    {{"CRANE_AND_CARGO", "CRANE"}, D | R, RunNotYet, "name root", "A load on a crane of the ship"},
     {{"FORCED_MOTION_ANALYSIS", "FORCED_MOTION"},
      D | R,
      RunNotYet,
      "file file",
      "Added mass and damping of a forced motion"},
-    {{"NNDATA"}, kNone, RunNotYet, "name", "Inputs of a network, a record a step"},
 };
 
 }  // namespace

@@ -51,7 +51,6 @@ TEST(Script, Errors) {
       {"WRITE_STAT MEAN VSF 1 x o\n", 4, "ERROR - Time history statistics quantity VSF not valid for this output file\n"},
       {"WRITE_CI POINT_ALL 1 2 3 4 o\n", 4, "ERROR - WRITE_CI option POINT_ALL not valid for this output file\n"},
       {"EXCEEDANCE+RATE MOT 3\n", 5, "ERROR - Insufficient arguments for EXCEEDANCE+RATE command...\n"},
-      {"NNDATA x\n", 5, "ERROR - NNDATA : this command is not available yet\n"},
       {"PLOT_HISTORY MOT 3\n", 5, "ERROR - PLOT_HISTORY cannot be run as graphics are not available\n"}};
   // clang-format on
   for (const CommandCase& c : cases) ExpectRun(c, true);

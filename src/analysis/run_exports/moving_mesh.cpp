@@ -1,0 +1,115 @@
+#include "analysis/run_exports/moving_mesh.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+#include "base/grow.h"
+#include "base/message.h"
+#include "base/text.h"
+#include "case/case_hull.h"
+#include "case/ship_pose.h"
+#include "geometry/input_transform.h"
+#include "geometry/read_geometry.h"
+#include "geometry/read_hrl.h"
+
+namespace zaview {
+namespace {
+
+constexpr std::string_view kNotHrl = "ERROR - {} : only a mesh in HRL format can be moved";
+constexpr std::string_view kNotOpen = "ERROR opening geometry file: {}{}";
+constexpr std::string_view kNoHull = "ERROR - the geometry of this case could not be read";
+constexpr std::string_view kNoMemory = "ERROR allocating memory for the moving mesh";
+
+void AppendSurface(const HullSurface& surface, MovingMesh& mesh) {
+  const auto before = static_cast<int>(mesh.nodes.size());
+  mesh.nodes.insert(mesh.nodes.end(), surface.points.begin(), surface.points.end());
+  const auto node = [&](int station, int waterline) { return before + (station - 1) * surface.KWL + waterline; };
+  for (int i = 1; i < surface.KSTA; ++i)
+    for (int j = 1; j < surface.KWL; ++j)
+      mesh.elements.push_back({{node(i, j), node(i, j + 1), node(i + 1, j + 1), node(i + 1, j)}, surface.reflected});
+}
+
+void AppendMesh(const HullMesh& from, MovingMesh& mesh) {
+  const auto before = static_cast<int>(mesh.nodes.size());
+  mesh.nodes.insert(mesh.nodes.end(), from.nodes.begin(), from.nodes.end());
+  for (HullElement element : from.elements) {
+    for (int i = 0; i < element.corners(); ++i) element.node[static_cast<std::size_t>(i)] += before;
+    mesh.elements.push_back(element);
+  }
+}
+
+// The mesh as the file has it: nothing is merged, left out or turned.
+bool ReadFile(const Platform& platform, const GeometryName& name, const CaseStore& store, Hull& hull) {
+  const std::string path = GeometryPath(platform.files, name.file, FolderOf(store.file_name));
+  const GeometryStatus status =
+      path.empty() ? GeometryStatus::cannot_open : ReadHrl(platform, path, GeometryRequest{}, hull);
+  if (status == GeometryStatus::cannot_open)
+    Say(platform.console, kNotOpen, name.file, WhyNotOpened(platform.files, name.file));
+  if (status != GeometryStatus::ok) return false;
+  const InputTransform transform = TransformOf(store.control);
+  for (Vector3& p : hull.mesh.nodes) p = InputToShip(transform, p);
+  return true;
+}
+
+bool TakeMesh(const Platform& platform, std::string_view given, CaseStore& store, MovingMesh& mesh) {
+  if (IsBlank(given)) {
+    if (EnsureHull(platform, store)) return MeshOfHull(store, store.hull, mesh);
+    SayLine(platform.console, kNoHull);
+    return false;
+  }
+  const GeometryName name = SplitGeometryName(given);
+  if (name.format != GeometryFormat::hrl && !name.qualifier.empty()) {
+    Say(platform.console, kNotHrl, Trim(given));
+    return false;
+  }
+  Hull hull;
+  return ReadFile(platform, name, store, hull) && MeshOfHull(store, hull, mesh);
+}
+
+}  // namespace
+
+bool MeshOfHull(const CaseStore& store, const Hull& hull, MovingMesh& mesh) {
+  return Guarded(
+      [&] {
+        mesh = MovingMesh{};
+        for (const HullSurface& surface : hull.surfaces) AppendSurface(surface, mesh);
+        AppendMesh(hull.mesh, mesh);
+        for (Vector3& p : mesh.nodes) p = FromCentre(store, p);
+        return true;
+      },
+      false);
+}
+
+bool ReadMovingMesh(const Platform& platform, std::string_view name, CaseStore& store, MovingMesh& mesh) {
+  enum class Outcome : unsigned char { failed, no_memory, ok };
+  const Outcome outcome = Guarded([&] { return TakeMesh(platform, name, store, mesh) ? Outcome::ok : Outcome::failed; },
+                                  Outcome::no_memory);
+  if (outcome == Outcome::no_memory) SayLine(platform.console, kNoMemory);
+  return outcome == Outcome::ok;
+}
+
+void WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh, OutputFile& out) {
+  const double L = settings.units.LENOUT;
+  const std::int64_t stride = std::max(1, settings.reading.step_stride);
+  std::string text = out.had_text ? "\n" : "", elements;
+  for (const HullElement& element : mesh.elements)
+    fmt::format_to(std::back_inserter(elements), "{} {} {} {}\n", element.node[0], element.node[1], element.node[2],
+                   element.node[3]);
+  for (std::int64_t i = store.first_step; i <= store.last_step; i += stride) {
+    const int step = static_cast<int>(i);
+    const ShipPose pose = PoseAtStep(store, step);
+    fmt::format_to(std::back_inserter(text), "!time= {:.9g}\n{} {}\n", store.time.at(1, step) * settings.units.scales.T,
+                   mesh.nodes.size(), mesh.elements.size());
+    for (const Vector3& node : mesh.nodes) {
+      const Vector3 p = ShipToEarth(pose, node);
+      fmt::format_to(std::back_inserter(text), "{:.9g} {:.9g} {:.9g}\n", p[0] * L, p[1] * L, p[2] * L);
+      WriteGathered(out, text);
+    }
+    text += elements;
+    WriteGathered(out, text);
+  }
+  WriteOutput(out, text);
+}
+
+}  // namespace zaview

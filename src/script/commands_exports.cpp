@@ -1,0 +1,97 @@
+// Commands that write what other programs take from a run, step by step.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "analysis/run_exports/moving_mesh.h"
+#include "analysis/run_exports/nndata.h"
+#include "analysis/run_exports/point_slams.h"
+#include "base/text.h"
+#include "script/command_table.h"
+#include "script/fault_status.h"
+#include "script/open_script_file.h"
+#include "script/output_argument.h"
+
+namespace zaview {
+
+namespace {
+
+inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}";
+inline constexpr std::string_view kLongName = "ERROR opening NNDATA module file {}";
+inline constexpr std::string_view kBlankName = "ERROR - Blank file name for {} command";
+inline constexpr std::string_view kNoHistory = "ERROR - {} : there is no time history in store";
+inline constexpr std::string_view kWritingNetwork = "Writing NNDATA output file for all steps...";
+
+int OpenPlain(ScriptCall& call, OutputArgument& output) {
+  if (output.name.size() <= kScriptFileName &&
+      OpenOutput(call.session.platform, output.name, OpenHow::replace, output.file))
+    return kScriptOk;
+  return Fail(call, kScriptFailed, kOpenFault, output.name, Because(output.file.why));
+}
+
+int RunPointSlams(ScriptCall& call) {
+  Session& session = call.session;
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 3, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  std::array<double, 3> point{};
+  std::copy(values.begin(), values.end(), point.begin());
+  OutputArgument output;
+  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
+  const DataFault fault = WritePointSlams(call.console(), session.output, point, session.case_store, output.file);
+  return FinishOutput(call, output, StatusOf(call, "POINT_REL", fault), "Point slam history written to file");
+}
+
+int RunMovingMesh(ScriptCall& call) {
+  Session& session = call.session;
+  const std::string name(Trim(NextScriptWord(call.words, kFreeText)));
+  OutputArgument output;
+  output.name = Trim(NextScriptWord(call.words, kFreeText));
+  MovingMesh mesh;
+  if (!ReadMovingMesh(session.platform, name, session.case_store, mesh)) return kScriptFailed;
+  if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
+  WriteMovingMesh(session.output, session.case_store, mesh, output.file);
+  return FinishOutput(call, output, kScriptOk, "Moving HRL mesh written to file");
+}
+
+int RunNetworkData(ScriptCall& call) {
+  Session& session = call.session;
+  CaseStore& store = session.case_store;
+  const std::string name(Trim(NextScriptWord(call.words, kFreeText)));
+  if (name.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
+  if (name.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, name);
+  NetworkInput input;
+  if (!ReadNetworkInput(session.platform, name, input)) return kScriptFailed;
+  if (!store.has_steps() || !store.time_history()) return Fail(call, kScriptFailed, kNoHistory, call.command);
+  OutputArgument output;
+  output.name = IsBlank(input.NNDATA_FILE) ? store.base_name + ".nndata" : std::string(Trim(input.NNDATA_FILE));
+  if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
+  SayLine(call.console(), kWritingNetwork);
+  const DataFault fault = WriteNetworkData(call.console(), session.output, input, store, output.file);
+  return FinishOutput(call, output, StatusOf(call, "WAV", fault), "NNDATA output written to file");
+}
+
+constexpr Command kExports[] = {
+    {{"WRITE_POINT_SLAMS"},
+     kNeedsCase | kNeedsMotion,
+     RunPointSlams,
+     "x y z file",
+     "When a point of the ship enters the water, and how fast"},
+    {{"WRITE_MOVING_MESH", "WRITE_MOVING_HRL_MESH", "MOVING_MESH", "MOVING_HRL_MESH"},
+     kNeedsCase | kNeedsMotion,
+     RunMovingMesh,
+     "name text",
+     "An HRL mesh, or the hull for a blank name, as it moves with the ship: a mesh a step in the file text"},
+    {{"NNDATA"},
+     kNone,
+     RunNetworkData,
+     "name",
+     "Inputs of a network, a record a step, as the module $NNDATA: in the file asks for them"},
+};
+
+}  // namespace
+
+CommandFamily ExportCommands() {
+  return kExports;
+}
+
+}  // namespace zaview

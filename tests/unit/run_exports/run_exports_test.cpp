@@ -1,0 +1,88 @@
+#include <cmath>
+#include <numbers>
+
+#include <gtest/gtest.h>
+
+#include "analysis/run_exports/moving_mesh.h"
+#include "analysis/run_exports/nndata.h"
+#include "analysis/run_exports/point_slams.h"
+#include "fake_platform.h"
+
+namespace zaview {
+namespace {
+
+TEST(PointSlams, OfAHarmonic) {  // r = cos(t) on a still sea: in at pi/2, 5 pi/2 with speed 1; a gap hides the second
+  std::vector<float> time, wave;
+  std::vector<double> height;
+  for (int i = 0; i < 200; ++i) {
+    time.push_back(static_cast<float>(i) * 0.1F);
+    wave.push_back(0.5F);
+    height.push_back(0.5 + std::cos(i * 0.1));
+  }
+  const StepGap gap{83, 84};
+  std::vector<PointSlam> slams;
+  ASSERT_TRUE(FindPointSlams({5, time, wave, height, {&gap, 1}}, slams));
+  ASSERT_EQ(slams.size(), 2U);
+  EXPECT_EQ(slams[0].step, 5 + 16);
+  EXPECT_NEAR(slams[0].time, std::numbers::pi / 2, 1e-4);
+  EXPECT_NEAR(slams[1].time, 9 * std::numbers::pi / 2, 1e-4);
+  EXPECT_NEAR(slams[0].speed, 1, 2e-3);
+  EXPECT_EQ(slams[0].wave, 0.5);
+}
+
+TEST(MovingMesh, OfSurfacesAndElements) {
+  Hull hull;
+  HullSurface surface;
+  surface.KSTA = 2;
+  surface.KWL = 3;
+  for (int i = 0; i < 6; ++i) surface.points.push_back({1.0 * i, 0, 0});
+  hull.surfaces = {surface, surface};
+  hull.mesh.nodes.resize(3);
+  hull.mesh.elements = {{{1, 2, 3, 0}}};
+  CaseStore store;
+  store.ships.resize(1);
+  store.ships[0].centre = {0.5, 0, 0};
+  MovingMesh mesh;
+  ASSERT_TRUE(MeshOfHull(store, hull, mesh));
+  ASSERT_EQ(mesh.nodes.size(), 15U);
+  ASSERT_EQ(mesh.elements.size(), 5U);
+  EXPECT_EQ(mesh.nodes[7][0], 0.5);
+  EXPECT_EQ(mesh.elements[3].node, (std::array{8, 9, 12, 11}));
+  EXPECT_EQ(mesh.elements[4].node, (std::array{13, 14, 15, 0}));
+}
+
+TEST(NetworkInput, AnnouncedAndInOrder) {
+  const struct {
+    std::string_view text, file, message;
+    std::size_t points;
+    int grid;  // columns along y; -1: refused
+  } cases[] = {
+      {"$NNDATA:\n!NNDATA01\na.txt\n!NNDATA02\n2\n1 2 3\n4 5 6\n!NNDATA03\n0 1 2 0 1 3\n$WIND:\n1\n", "a.txt", "", 2,
+       3},
+      {"! of a run\nnndata 1\n1\n1 2 3\n\n0 1 2 0 1 4\n", "nndata 1", "", 1, 4},
+      {"\n0\n", "", "", 0, 0},
+      {"!NNDATA01\n!NNDATA02\n1\n1 2 3\n", "", "", 1, 0},
+      {"!NNDATA03\n0 1 1 0 1 1\n", "", "", 0, 1},
+      {"", "", "", 0, 0},
+      {"a\n1\n1 2\n", "a", "ERR202 - End-of-file reading data set 2 of input module NNDATA", 0, -1},
+      {"a\n1\n1 NaN 2\n", "a", "ERR201 - Error reading data set 2 of input module NNDATA", 0, -1},
+      {"a\n-1\n", "a", "ERROR - Illegal value (-1) for number of NNDATA points, 0 to 10000", 0, -1},
+      {"a\n0\n0 1 200 0 1 200\n", "a", "ERROR - Illegal value (40000) for number of NNDATA grid points, 0 to 10000", 0,
+       -1},
+      {"a\n0\n0 Inf 2 0 1 2\n", "a", "ERR201 - Error reading data set 3 of input module NNDATA", 0, -1},
+  };
+  for (const auto& c : cases) {
+    FakePlatform fake;
+    fake.Put("net", std::string(c.text));
+    NetworkInput input;
+    EXPECT_EQ(ReadNetworkInput(fake.Get(), "net", input), c.grid >= 0) << c.text;
+    EXPECT_EQ(fake.output, c.message.empty() ? "" : std::string(c.message) + "\n");
+    if (c.grid < 0) continue;
+    EXPECT_EQ(input.NNDATA_FILE, c.file) << c.text;
+    EXPECT_EQ(input.NNDATA_RPT.size(), c.points) << c.text;
+    EXPECT_EQ(input.NNDATA_FSGT.count[1], c.grid) << c.text;
+  }
+}
+
+}  // namespace
+}  // namespace zaview
