@@ -1,11 +1,14 @@
 // The settings of the animation and of its run as numbers with names, for tables of what changes them.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
 #include <string_view>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "frame/session.h"
 
@@ -86,6 +89,11 @@ inline std::vector<double> FieldsOf(const Session& s) {
   std::vector<double> values;
   for (const Field& field : kFields) values.push_back(field.value(s));
   return values;
+}
+
+inline void ExpectFields(const std::vector<double>& got, const std::vector<double>& want, std::string_view which) {
+  for (std::size_t i = 0; i < want.size(); ++i)
+    EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i]))) << which << ": " << kFields[i].name;
 }
 
 }  // namespace zaview

@@ -43,11 +43,6 @@ struct MotionMenu : MenuView {
   }
 };
 
-void ExpectFields(const std::vector<double>& got, const std::vector<double>& want, std::string_view which) {
-  for (std::size_t i = 0; i < want.size(); ++i)
-    EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i]))) << which << ": " << kFields[i].name;
-}
-
 constexpr std::string_view kPointIsTried =
     "Calculating motion for ship fixed point...\nInitial static coordinates 0 0 -6.25\n";
 
