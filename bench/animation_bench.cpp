@@ -8,44 +8,18 @@
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 
+#include "animation_case.h"
 #include "base/platform_posix.h"
 #include "frame/session.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/picture/picture_file.h"
 #include "gks/window/window_offscreen.h"
-#include "random_sea.h"
 #include "views/motion/motion_view.h"
 #include "waves/elevation_grid.h"
 
 namespace {
 
 using namespace zaview;
-
-constexpr int kWidth = 800, kHeight = 600, kSteps = 200;
-constexpr int kStations = 51, kWaterlines = 51;  // of each side
-constexpr std::size_t kComponents = 500;
-constexpr float kLength = 100;
-
-IncidentWave Sea() {
-  return MakeSea({kComponents, 1.0F, 3.0F, 0.001F});
-}
-
-Hull ParabolicHull() {
-  Hull hull;
-  for (const double side : {1.0, -1.0}) {
-    HullSurface surface;
-    surface.KSTA = kStations;
-    surface.KWL = kWaterlines;
-    for (int i = 0; i < kStations; ++i)
-      for (int j = 0; j < kWaterlines; ++j) {
-        const double x = 0.5 - i / (kStations - 1.0), z = -0.06 + 0.1 * j / (kWaterlines - 1.0);
-        const double depth = std::min(z / 0.06, 0.0);
-        surface.points.push_back({x, side * 0.08 * (1 - 4 * x * x) * (1 - depth * depth), z});
-      }
-    hull.surfaces.push_back(surface);
-  }
-  return hull;
-}
 
 struct Animation {
   OffscreenWindows* windows = MakeOffscreenWindows();
@@ -66,23 +40,7 @@ struct Animation {
     session.run.script_active = true;
     session.run.plot_module = PlotModule::animation;
     session.output.units.scales.position.fill(kLength);
-    MakeCase(session.case_store);
-  }
-  static void MakeCase(CaseStore& c) {
-    c.serial = 1;
-    c.has_case = true;
-    c.last_read = c.last_step = kSteps;
-    c.time.component.assign(1, {});
-    c.pmgg.component.assign(6, {});
-    for (int i = 0; i < kSteps; ++i) {
-      const float t = 0.05F * static_cast<float>(i);
-      const float pose[] = {0.2F * t, 0, 0.01F * std::sin(t), 0.1F * std::sin(1.3F * t), 0.04F * std::cos(t), 0};
-      c.time.component[0].push_back(t);
-      for (std::size_t k = 0; k < 6; ++k) c.pmgg.component[k].push_back(pose[k]);
-    }
-    c.hull = ParabolicHull();
-    c.wave = Sea();
-    c.hull_tried = c.seaway_tried = Tried::there;
+    MakeAnimationCase(session.case_store);
   }
   void Step() {
     int& step = session.case_store.current_step;
