@@ -199,6 +199,16 @@ void DrawArrows(const Brush& b, const MenuBox& box, bool pressed, bool disabled)
   Triangle(b, colour, lower, false);
 }
 
+void DrawChip(const Brush& b, const MenuRowItem& item, const MenuBox& box, bool down) {
+  const MenuBox chip = {box.x, box.y, ChipWidth(b.font), box.height};
+  Button(b, chip, down);
+  Fill(b, ColourOf(b, item.value, false), Inset(chip, 3));
+  Frame(b, b.inks.frame, Inset(chip, 3));
+  for (int edge = 1; item.style == kChipChosen && edge < 3; ++edge) Frame(b, b.inks.ink, Inset(chip, edge));
+  const int x = chip.x + chip.width + 3;
+  if (!item.text.empty()) Text(b, b.inks.ink, x, box, item.text);
+}
+
 void DrawItem(const Brush& b, const MenuRowItem& item, const MenuBox& box, const MenuPoint& at, bool row_disabled) {
   const bool disabled = item.disabled || row_disabled;
   const GksColour colour = ColourOf(b, item.colour, disabled);
@@ -224,9 +234,7 @@ void DrawItem(const Brush& b, const MenuRowItem& item, const MenuBox& box, const
       DrawTypeIn(b, item, box, b.kit.type_in.at == at);
       break;
     case Kind::colour:
-      Button(b, box, down);
-      Fill(b, ColourOf(b, item.value, false), Inset(box, 3));
-      Frame(b, b.inks.frame, Inset(box, 3));
+      DrawChip(b, item, box, down);
       break;
     case Kind::arrows:
       DrawArrows(b, box, down, disabled);

@@ -66,7 +66,7 @@ int ItemWidth(const MenuRowItem& item, const MenuFont& font) {
     case Kind::text:
       return (TypeInColumns(item) + 2) * font.width + kGap;
     case Kind::colour:
-      return kChipColumns * font.width + kGap;
+      return ChipWidth(font) + (item.text.empty() ? 0 : kGap + MenuTextWidth(font, item.text));
     case Kind::arrows:
       return kArrowColumns * font.width;
   }
@@ -279,6 +279,10 @@ int Within(int value, int least, int largest) {
 int ListLines(const MenuList& list) {
   const bool box = list.mode >= ListMode::several_in_box;
   return std::clamp(box ? list.box_lines : static_cast<int>(list.items.size()), 1, kMostLines);
+}
+
+int ChipWidth(const MenuFont& font) {
+  return kChipColumns * font.width + kGap;
 }
 
 bool IsTypeIn(MenuItemType type) {

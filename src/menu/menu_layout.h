@@ -55,6 +55,7 @@ struct MenuHit {
 [[nodiscard]] MenuHit HitMenu(const MenuSlot& slot, const MenuLayout& layout, int x, int y);
 
 [[nodiscard]] int ListLines(const MenuList& list);  // that it likes to show
+[[nodiscard]] int ChipWidth(const MenuFont& font);  // of a colour, ahead of its name
 [[nodiscard]] bool IsTypeIn(MenuItemType type);
 // What an item shows in its field or on its face.
 [[nodiscard]] std::string ShownValue(const MenuRowItem& item);

@@ -38,13 +38,14 @@ enum class MenuItemType : std::int8_t {
 // Of an item's style.
 inline constexpr int kRoundCheck = 1;                // check: one of several
 inline constexpr int kButtonDown = 1;                // button: drawn held down, as the one in force
+inline constexpr int kChipChosen = 1;                // colour: framed, as the one in force
 inline constexpr int kFileWrite = 1, kFileRead = 2;  // file: as dgFileSelector has it
 inline constexpr int kItemChosen = 1;                // item of a list with several choices
 inline constexpr int kMovedByKeys = 1;  // list, ahead of its items: keys move the mark alone, Return chooses
 
 struct MenuRowItem {
   MenuItemType type = MenuItemType::label;
-  std::string text;  // of label and button, beside a check; value of a text type-in; name of the file
+  std::string text;  // of label and button, beside a check or a chip; value of a text type-in; name of the file
   int value = 0;     // of an integer; on or off; colour of a chip; columns or pixels of gap and tab
   float real = 0;    // value of a real; step of arrows, 0: by the type-in
   int width = 0;     // columns; 0: as wide as it needs

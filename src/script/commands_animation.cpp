@@ -228,10 +228,6 @@ int RunAnimateOption(ScriptCall& call) {
 
 // ---- Graphs
 
-constexpr std::string_view kColourNames[kColours] = {"BLACK", "WHITE",   "RED",      "GREEN",    "BLUE", "YELLOW",
-                                                     "CYAN",  "MAGENTA", "SEAGREEN", "ORANGE",   "TAN",  "VIOLET",
-                                                     "GOLD",  "BROWN",   "GREY",     "DARKGREEN"};
-
 // A graph index from `least` to 4.
 int ReadGraph(ScriptCall& call, int least, int& graph) {
   std::vector<float> values;

@@ -21,6 +21,16 @@ void RememberPoint(const QuantityRequest& request, PointSettings& point) {
   point.missile = request.missile;
 }
 
+void SetPointCoordinate(std::size_t i, double value, PointSettings& point) {
+  point.given = true;
+  point.point[i] = value;
+}
+
+void SetMissileCoefficient(std::size_t i, float value, PointSettings& point) {
+  point.given = point.missile_given = true;
+  point.missile[i] = value;
+}
+
 void UsePoint(const PointSettings& point, QuantityRequest& request) {
   if (!IsPointQuantity(request.iqnt)) return;
   request.point = point.point;

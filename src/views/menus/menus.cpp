@@ -59,7 +59,9 @@ void BuildSelect(Session& s, int) {
 // What is chosen there is set by the item that asked.
 void TakeSelected(Session& s, const MenuEvent& event) {
   const OptionTarget& target = s.menus.last_colour_target;
-  if (target.option == nullptr || event.change == MenuChange::button) return;
+  if (event.change == MenuChange::button || event.change == MenuChange::list_twice)
+    return gksMenuClose(s.menus.kit, event.menu);
+  if (target.option == nullptr) return;
   OptionEvent chosen;
   chosen.change = event.change;
   chosen.integer = event.integer;

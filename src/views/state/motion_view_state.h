@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "analysis/run_event.h"
@@ -22,6 +23,9 @@ namespace zaview {
 inline constexpr int kGraphs = 6;          // overlay graphs
 inline constexpr int kScriptedGraphs = 4;  // those that a script reaches
 inline constexpr int kColours = 16;
+inline constexpr std::string_view kColourNames[kColours] = {  // 0 is the background, 1 the foreground
+    "BLACK",    "WHITE",  "RED", "GREEN",  "BLUE", "YELLOW", "CYAN", "MAGENTA",
+    "SEAGREEN", "ORANGE", "TAN", "VIOLET", "GOLD", "BROWN",  "GREY", "DARKGREEN"};
 
 struct MotionGraph {
   bool on = false;
