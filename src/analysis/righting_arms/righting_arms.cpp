@@ -180,20 +180,20 @@ bool AllDifferent(const Console& console, const RightingArmOutputs& outputs) {
   return true;
 }
 
+// Behind one that can't be written the others stay as they were.
 bool CloseFiles(const Platform& platform, const RightingArmRequest& request, RightingArmOutputs& outputs) {
-  bool good = true;
   for (std::size_t i = 0; i < kArmFiles; ++i) {
     OutputFile& out = outputs.file[i];
     if (!IsOpen(out)) continue;
     const std::string_view written = kFileTexts[i].written[request.direction - 1];
     if (!CloseOutput(out)) {
       Say(platform.console, kWriting, out.name);
-      good = false;
-    } else if (!written.empty()) {
-      Say(platform.console, "{}{}", written, out.name);
+      DiscardRightingArmFiles(outputs);
+      return false;
     }
+    if (!written.empty()) Say(platform.console, "{}{}", written, out.name);
   }
-  return good;
+  return true;
 }
 
 // ---- The work

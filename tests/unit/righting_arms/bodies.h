@@ -39,17 +39,27 @@ inline std::string HalfBargeText(int nx, int m) {
          PatchText({-50, 0, 0}, {-50, 10, 0}, {-50, 0, 10}, m, m);
 }
 
-// As a run has it: a half, moved and turned by record 24.
-inline Hull ReadHull(const std::string& text, const Triple& GSHIFT, const Triple& GROT_deg, bool half) {
+struct HullRequest {
+  std::string text;
+  Triple GSHIFT{}, GROT_deg{};
+  bool half = true;
+  std::string format = "SIMPLE";
+  std::vector<AddedGeometryInput> added{};  // of the same file
+};
+
+// As a run has it: moved and turned by record 24.
+inline Hull ReadHull(const HullRequest& request) {
   FakePlatform fake;
-  fake.Put("/hull", text);
+  fake.Put("/hull", request.text);
   ControlRecords records;
-  records.FGEOM = "SIMPLE:/hull";
-  records.SYMINP = half ? 1 : 0;
+  records.FGEOM = request.format + ":/hull";
+  records.SYMINP = request.half ? 1 : 0;
   records.LENIN = 100;
   records.ANGIN = 1 / kRad;
-  records.GSHIFT = GSHIFT;
-  records.GROT = GROT_deg;
+  records.GSHIFT = request.GSHIFT;
+  records.GROT = request.GROT_deg;
+  records.added_geometry = request.added;
+  for (AddedGeometryInput& added : records.added_geometry) added.CADDGEOMFILE = records.FGEOM;
   Hull hull;
   EXPECT_TRUE(ReadCaseGeometry(fake.Get(), records, "", hull)) << fake.output;
   return hull;

@@ -29,7 +29,7 @@ Hydrostatics Evaluate(const HydrostaticBody& body, const WaterSurface& water, co
 }
 
 TEST(Hydrostatics, BargeUpright) {  // T 6, KG 6.5
-  const HydrostaticBody body = BodyOf(ReadHull(HalfBargeText(10, 4), {}, {}, true), {0, 0, 0.065});
+  const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(10, 4)}), {0, 0, 0.065});
   EXPECT_NEAR(body.length, 1, 1e-12);
   Hydrostatics h;
   ASSERT_EQ(GMTAtDraft(body, 0.005, 0, h), HydrostaticFault::none);
@@ -45,7 +45,7 @@ TEST(Hydrostatics, BargeUpright) {  // T 6, KG 6.5
 
 // Slopes of force and moments over sinkage, trim and heel, by differences: signs and cross terms, off the middle.
 TEST(Hydrostatics, SlopesAreThoseOfTheForce) {
-  const HydrostaticBody body = BodyOf(ReadHull(HalfBargeText(10, 4), {}, {}, true), {0.07, 0.01, 0.065});
+  const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(10, 4)}), {0.07, 0.01, 0.065});
   Attitude at;
   at.cg = {0.3, -0.2, 0.004};
   at.roll = 0.2, at.yaw = 0.7;
@@ -107,7 +107,7 @@ TEST(Hydrostatics, BargeInWavesWithAndWithoutDecay) {
                                       [&](double x) { return a * std::cos(k * x + 50 * kRad); });
     double error[2] = {};
     for (const int fine : {0, 1}) {
-      const HydrostaticBody body = BodyOf(ReadHull(HalfBargeText(20 << fine, 8 << fine), {}, {}, true), {0, 0, T + zG});
+      const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(20 << fine, 8 << fine)}), {0, 0, T + zG});
       Attitude at;
       at.cg[2] = zG;
       const Hydrostatics h = Evaluate(body, water, at);
@@ -123,6 +123,57 @@ TEST(Hydrostatics, BargeInWavesWithAndWithoutDecay) {
       EXPECT_NEAR(error[0] / error[1], 4, 0.3);
     }
   }
+}
+
+// Half a Wigley hull, keel at z = 0, draught 6.25: as a surface, and as elements whose nodes are shuffled and whose
+// sides are not.
+std::string WigleyText(bool elements) {
+  constexpr int kX = 20, kZ = 10;
+  std::string points, cells;
+  for (int i = 0; i <= kX; ++i)
+    for (int j = 0; j <= kZ; ++j) {
+      const double x = 50 - 5.0 * i, z = j, below = std::fmax(0, 1 - z / 6.25);
+      points += fmt::format("{} {} {}\n", x, 5 * (1 - x * x / 2500) * (1 - below * below), z);
+      const int n = 1 + i * (kZ + 1) + j;
+      if (i < kX && j < kZ && (i + j) % 3 == 0) cells += fmt::format("{} {} {} {}\n", n, n + 1, n + kZ + 2, n + kZ + 1);
+      if (i < kX && j < kZ && (i + j) % 3 != 0) cells += fmt::format("{} {} {} {}\n", n, n + kZ + 1, n + kZ + 2, n + 1);
+    }
+  if (!elements) return fmt::format("{} {}\n{}", kX + 1, kZ + 1, points);
+  return fmt::format("Wigley\n{} {}\n{}{}", (kX + 1) * (kZ + 1), kX * kZ, points, cells);
+}
+
+TEST(Hydrostatics, SurfaceAndElementsOfOneHull) {
+  Hydrostatics of[2];
+  for (const bool elements : {false, true}) {
+    const Hull hull = ReadHull({WigleyText(elements), {}, {}, true, elements ? "HRL" : "SIMPLE"});
+    const HydrostaticBody body = BodyOf(hull, {0, 0, 0.05});
+    Attitude at;
+    at.cg[2] = -0.0125, at.roll = 0.5, at.pitch = 0.02;
+    of[elements] = Evaluate(body, {}, at);
+  }
+  EXPECT_GT(of[0].force[2], 0.002);
+  for (std::size_t k = 0; k < 3; ++k) {
+    EXPECT_NEAR(of[0].force[k], of[1].force[k], 1e-14);
+    EXPECT_NEAR(of[0].moment[k], of[1].moment[k], 1e-14);
+  }
+  EXPECT_NEAR(of[0].GM_volume, of[1].GM_volume, 1e-12);
+  EXPECT_NEAR(of[0].GM_pressure, of[1].GM_pressure, 1e-12);
+}
+
+// A barge, another beside it, a third on end: each part is closed towards its own centreplane.
+TEST(Hydrostatics, PartsHaveTheirOwnCentreplanes) {
+  HullRequest request{HalfBargeText(5, 3), {0, 7, 0}};
+  request.added.resize(2);
+  request.added[0].SYMINP = request.added[1].SYMINP = 1;
+  request.added[0].GSHIFT = {0, 47, 0};
+  request.added[1].GSHIFT = {200, 0, 3}, request.added[1].GROT = {90, 0, 30};
+  Hydrostatics h;
+  ASSERT_EQ(GMTAtDraft(BodyOf(ReadHull(request), {}), -1, 0, h), HydrostaticFault::none);
+  EXPECT_NEAR(h.wet.V, 0.06, 1e-12);
+  EXPECT_NEAR(h.force[2], 0.06, 1e-12);
+  EXPECT_NEAR(h.force[0], 0, 1e-12);
+  EXPECT_NEAR(h.force[1], 0, 1e-12);
+  EXPECT_NEAR(h.moment[0], 0.02 * (0.07 + 0.47 + 0.05 * -std::cos(30 * kRad)), 1e-12);
 }
 
 TEST(Hydrostatics, TooMuchForTheTables) {

@@ -23,7 +23,7 @@ TEST(RightingArms, BargeAgainstItsSection) {
                {"the hull moved to starboard of the CG", {0, -0.3, -6.5}, {0, 0, 0}}};
   for (const auto& c : cases) {
     const double y = c.centre[1] - c.GSHIFT[1] / 100;
-    const HydrostaticBody body = BodyOf(ReadHull(HalfBargeText(10, 5), c.GSHIFT, {}, true), c.centre);
+    const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(10, 5), c.GSHIFT}), c.centre);
     Attitude at;
     at.cg = {3, 2, 0.005};
     at.yaw = 2;
@@ -38,7 +38,7 @@ TEST(RightingArms, BargeAgainstItsSection) {
 }
 
 TEST(RightingArms, BargeStatistics) {
-  const HydrostaticBody body = BodyOf(ReadHull(HalfBargeText(10, 5), {}, {}, true), {0, 0, 0.065});
+  const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(10, 5)}), {0, 0, 0.065});
   Attitude at;
   at.cg[2] = 0.005;
   const ArmCurve curve = Curve(body, {}, at, {ArmDirection::transverse, 1, 90, 90});
@@ -55,7 +55,7 @@ TEST(RightingArms, BargeStatistics) {
 }
 
 TEST(RightingArms, LongitudinalAndWithTwoTargets) {
-  const HydrostaticBody body = BodyOf(ReadHull(HalfBargeText(20, 5), {}, {}, true), {0.02, 0, 0.065});
+  const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(20, 5)}), {0.02, 0, 0.065});
   Attitude at;
   at.cg[2] = 0.005;
   const double GML = 1 / 0.06 / 12 - 0.035;
@@ -121,7 +121,7 @@ TEST(RightingArms, SphereInAnyHeadSea) {  // all pressure passes through its cen
 }
 
 TEST(RightingArms, RowsThatFail) {
-  const HydrostaticBody body = BodyOf(ReadHull(HalfBargeText(4, 2), {}, {}, true), {0, 0, 0.065});
+  const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(4, 2)}), {0, 0, 0.065});
   const auto fault = [&](double z_cg, const ArmSettings& settings, const BalanceAim& still) {
     Attitude at;
     at.cg[2] = z_cg;
@@ -139,6 +139,23 @@ TEST(RightingArms, RowsThatFail) {
   const ArmCurve heavy = Curve(body, {}, at, {ArmDirection::transverse, 3, 20, 2}, {0.03, 0});
   EXPECT_FALSE(heavy.computed);
   EXPECT_EQ(heavy.notes.at(0).fault, RowFault::no_slope);
+}
+
+TEST(RightingArms, RowsBehindOneThatFails) {  // 10 wide, 20 deep, held where it leaves the water between 58 and 122
+  const std::string side = PatchText({50, 5, -10}, {50, 5, 10}, {-50, 5, -10}, 4, 4);
+  const std::string bottom = PatchText({50, 5, -10}, {50, 0, -10}, {-50, 5, -10}, 4, 2);
+  const std::string bow = PatchText({50, 0, -10}, {50, 5, -10}, {50, 0, 10}, 2, 2);
+  const std::string stern = PatchText({-50, 0, -10}, {-50, 5, -10}, {-50, 0, 10}, 2, 2);
+  Attitude at;
+  at.cg[2] = 0.095;
+  const ArmCurve curve =
+      Curve(BodyOf(ReadHull({side + bottom + bow + stern}), {}), {}, at, {ArmDirection::transverse, 0, 180, 18});
+  EXPECT_EQ(curve.notes.size(), 14U);
+  for (const std::vector<ArmRow>& rows : curve.side) {
+    ASSERT_EQ(rows.size(), 12U);
+    EXPECT_EQ(std::abs(rows[5].angle_deg), 50);
+    EXPECT_EQ(std::abs(rows[6].angle_deg), 130);
+  }
 }
 
 TEST(RightingArms, Vanishing) {
