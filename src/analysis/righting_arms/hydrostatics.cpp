@@ -20,10 +20,6 @@ std::size_t CellsOf(const Hull& hull) {
   return cells;
 }
 
-Vector3 Turned(const Rotation& R, const Vector3& p) {
-  return ToGlobal(R, p);
-}
-
 // Global place of a point r of the work.
 Vector3 PlaceOf(const Attitude& attitude, double cos_yaw, double sin_yaw, const Vector3& r) {
   return {attitude.cg[0] + cos_yaw * r[0] - sin_yaw * r[1], attitude.cg[1] + sin_yaw * r[0] + cos_yaw * r[1],
@@ -41,7 +37,7 @@ void PlaceVertices(const HydrostaticBody& body, const WaterSurface& water, const
   const Rotation R = ShipToGlobal(attitude.roll, attitude.pitch, 0);
   const double cos_yaw = std::cos(attitude.yaw), sin_yaw = std::sin(attitude.yaw);
   for (std::size_t i = 0; i < n; ++i) {
-    work.r[i] = Turned(R, body.hull.vertices[i]);
+    work.r[i] = ToGlobal(R, body.hull.vertices[i]);
     work.places[i] = PlaceOf(attitude, cos_yaw, sin_yaw, work.r[i]);
   }
   EvalWater(water, work.places, false, work.at_vertex, work.threads);
@@ -164,8 +160,7 @@ bool HydrostaticPanels(const HydrostaticBody& body, const WaterSurface& water, c
       false);
 }
 
-HydrostaticFault HydrostaticForce(const HydrostaticBody&, const WaterSurface& water, int icalc, HydrostaticWork& work,
-                                  Hydrostatics& out) {
+HydrostaticFault HydrostaticForce(const WaterSurface& water, int icalc, HydrostaticWork& work, Hydrostatics& out) {
   out = Hydrostatics{};
   if (icalc < kForceOnly || icalc > kAllHydrostatics) return HydrostaticFault::illegal_icalc;
   const bool found = Guarded([&] { return FindWaterAtPanels(water, work), true; }, false);
@@ -181,7 +176,7 @@ HydrostaticFault HydrostaticForce(const HydrostaticBody&, const WaterSurface& wa
 HydrostaticFault EvalHydrostatics(const HydrostaticBody& body, const WaterSurface& water, const Attitude& attitude,
                                   int icalc, HydrostaticWork& work, Hydrostatics& out) {
   if (!HydrostaticPanels(body, water, attitude, work)) return HydrostaticFault::no_memory;
-  return HydrostaticForce(body, water, icalc, work, out);
+  return HydrostaticForce(water, icalc, work, out);
 }
 
 HydrostaticFault GMTAtDraft(const HydrostaticBody& body, double z_cg, double pitch, Hydrostatics& out) {

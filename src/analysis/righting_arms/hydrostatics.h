@@ -70,8 +70,8 @@ enum HydrostaticMode : int { kForceOnly = 1, kForceAndSlopes = 2, kAllHydrostati
 //   in calm water;
 // - GM_volume = (Ixx - Sy^2/Awp)/V + zB; 0 without volume or waterplane;
 // - GM_pressure = - sum int (-dH/dz) y (y n_z - z n_y) dA / Fz; 0 without a force.
-[[nodiscard]] HydrostaticFault HydrostaticForce(const HydrostaticBody& body, const WaterSurface& water, int icalc,
-                                                HydrostaticWork& work, Hydrostatics& out);
+[[nodiscard]] HydrostaticFault HydrostaticForce(const WaterSurface& water, int icalc, HydrostaticWork& work,
+                                                Hydrostatics& out);
 
 // Both in turn.
 [[nodiscard]] HydrostaticFault EvalHydrostatics(const HydrostaticBody& body, const WaterSurface& water,
