@@ -7,6 +7,7 @@
 #include "analysis/crane/crane_analysis.h"
 #include "analysis/crane/crane_files.h"
 #include "analysis/righting_arms/righting_arm_dialogue.h"
+#include "analysis/righting_arms/righting_arms_plot.h"
 #include "analysis/sea_view/sensor_dialogue.h"
 #include "base/message.h"
 #include "case/case_hull.h"
@@ -178,6 +179,7 @@ void Rates(Session& s) {
 void AskRightingArms(Session& s) {
   RightingArms result;
   GZCurveMenu(s.platform, s.output, s.case_store, result);
+  if (!result.steps.empty()) KeepResult(s.data_plot, RightingArmsPlot(result));
 }
 
 void SensorView(Session& s) {

@@ -3,10 +3,12 @@
 #include <vector>
 
 #include "analysis/righting_arms/righting_arms.h"
+#include "analysis/righting_arms/righting_arms_plot.h"
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
+#include "views/state/result_choice.h"
 
 namespace zaview {
 
@@ -46,7 +48,9 @@ int RunArms(ScriptCall& call, ArmDirection direction) {
   if (!OpenRightingArmFiles(session.platform, direction, names[0], names[1], outputs)) return kScriptFailed;
   RightingArms result;
   const ArmsAnswer answer = GZCurves(session.platform, session.output, request, session.case_store, outputs, result);
-  return answer == ArmsAnswer::ok ? kScriptOk : kScriptFailed;
+  if (answer != ArmsAnswer::ok) return kScriptFailed;
+  KeepResult(session.data_plot, RightingArmsPlot(result));
+  return kScriptOk;
 }
 
 int RunHeel(ScriptCall& call) {

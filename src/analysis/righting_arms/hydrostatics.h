@@ -33,9 +33,9 @@ struct Attitude {  // of the ship: R = Rz(yaw) Ry(pitch) Rx(roll)
   }
 };
 
-struct HydrostaticWork {   // of one body in one water, kept from call to call: heights of the water hold for
-  bool made = false;       // all sinkages; false begins anew
-  Attitude attitude;       // below: of this one
+struct HydrostaticWork {   // of one body in one water, kept from call to call: its heights hold for all sinkages
+  bool made = false;       // false: begin anew
+  Attitude attitude;       // of what stands below
   std::vector<Vector3> r;  // of the vertices, from the CG, horizontal axes turned by the yaw, z up
   std::vector<double> d;   // their depths
   WettedHull wet;          // in the same axes; `whole` triangles have their heights in at_centre
@@ -65,9 +65,8 @@ enum HydrostaticMode : int { kForceOnly = 1, kForceAndSlopes = 2, kAllHydrostati
 // icalc: what is wanted, a HydrostaticMode; what isn't stays 0. Behind HydrostaticPanels, over its panels in their
 // order, n outward, A their area, c their centroid:
 // - force = - sum H A n, H the head at c;
-// - moment = - sum Q x A n, Q = H c + (1/12) sum over corners (d_i - mean d)(r_i - c): the centre of the pressure,
-// exact
-//   in calm water;
+// - moment = - sum Q x A n, Q = H c + (1/12) sum over corners (d_i - mean d)(r_i - c): at the centre of the pressure,
+//   exact in calm water;
 // - GM_volume = (Ixx - Sy^2/Awp)/V + zB; 0 without volume or waterplane;
 // - GM_pressure = - sum int (-dH/dz) y (y n_z - z n_y) dA / Fz; 0 without a force.
 [[nodiscard]] HydrostaticFault HydrostaticForce(const WaterSurface& water, int icalc, HydrostaticWork& work,

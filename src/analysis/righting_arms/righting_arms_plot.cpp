@@ -27,9 +27,9 @@ ResultCurve CurveOf(const RightingArmStep& step, double LENOUT) {
 
 std::string NoteOf(const RightingArmStep& step, const PlotTexts& texts, double LENOUT) {
   const ArmStatistics& s = step.statistics;
-  const auto length = [LENOUT](double value) { return Shown{static_cast<float>(value * LENOUT)}; };
-  return fmt::format("{}={}, largest {}={} at {:.1f}, stable from {:.1f} to {:.1f}", texts.GM, length(s.effective_GM),
-                     texts.arm, length(s.max_arm), s.max_angle_deg, s.negative_vanish_deg, s.vanish_deg);
+  return fmt::format("{}={:.4g}, largest {}={:.4g} at {:.1f}, stable from {:.1f} to {:.1f}", texts.GM,
+                     s.effective_GM * LENOUT, texts.arm, s.max_arm * LENOUT, s.max_angle_deg, s.negative_vanish_deg,
+                     s.vanish_deg);
 }
 
 }  // namespace
