@@ -32,9 +32,13 @@ class Closing {
     FindBox();
     std::size_t surface = 0, element = 0;
     for (part_ = 0; part_ < parts_.size(); ++part_)
-      for (const std::size_t end = surface + parts_[part_].surfaces; surface < end; ++surface) SurfaceRings(surface);
+      for (const std::size_t end = std::min(surface + parts_[part_].surfaces, hull_.surfaces.size()); surface < end;
+           ++surface)
+        SurfaceRings(surface);
     for (part_ = 0; part_ < parts_.size(); ++part_)
-      for (const std::size_t end = element + parts_[part_].elements; element < end; ++element) ElementRing(element);
+      for (const std::size_t end = std::min(element + parts_[part_].elements, hull_.mesh.elements.size());
+           element < end; ++element)
+        ElementRing(element);
     for (const Ring& ring : rings_) AddRing(ring);
     out_.strips = out_.triangles.size();
     CloseEdges();
