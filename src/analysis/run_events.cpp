@@ -117,9 +117,9 @@ const RunEvent* FirstOf(std::span<const RunEvent> events, RunEventKind kind) {
   return event == events.end() ? nullptr : &*event;
 }
 
-StepRange StepsAbout(std::span<const float> time, int first_step, int step, double length) {
+EventSteps StepsAbout(std::span<const float> time, int first_step, int step, double length) {
   const int last = first_step + static_cast<int>(time.size()) - 1;
-  StepRange range{step, step};
+  EventSteps range{step, step};
   const auto near = [&](int other) {
     const double apart = static_cast<double>(time[static_cast<std::size_t>(other - first_step)]) -
                          static_cast<double>(time[static_cast<std::size_t>(step - first_step)]);

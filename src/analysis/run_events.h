@@ -49,12 +49,12 @@ struct RunHistories {  // an entry a step from first_step on; empty: not known
 // The first of a kind.
 [[nodiscard]] const RunEvent* FirstOf(std::span<const RunEvent> events, RunEventKind kind);
 
-struct StepRange {
+struct EventSteps {
   int first = 1, last = 0;
 };
 // The steps in so much time about a step, half of it on either side, as far as there are any. time: from first_step on,
 // in the unit of `length`.
-[[nodiscard]] StepRange StepsAbout(std::span<const float> time, int first_step, int step, double length);
+[[nodiscard]] EventSteps StepsAbout(std::span<const float> time, int first_step, int step, double length);
 
 // Immersion of the deepest of these points, ship axes, at every step in use: the wave of the moment at its place less
 // its height. EnsureSeaway must have been ok. no_wave: told.

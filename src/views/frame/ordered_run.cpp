@@ -21,7 +21,7 @@ namespace {
 constexpr fmt::string_view kNoEvent = "ERROR - there is no {} in the steps in use";
 
 // False: there is no such event, which has been said.
-bool FindEvent(Session& s, const AnimationOrder& order, StepRange& range) {
+bool FindEvent(Session& s, const AnimationOrder& order, EventSteps& range) {
   const CaseStore& store = s.case_store;
   UpdateMotionEvents(SourceOf(s), s.motion_view);
   const RunEvent* const event = FirstOf(s.motion_view.events.list, order.event);
@@ -37,7 +37,7 @@ bool FindEvent(Session& s, const AnimationOrder& order, StepRange& range) {
 }
 
 // False: what was ordered can't be done, which has been said.
-bool CarryOut(Session& s, const AnimationOrder& order, StepRange range) {
+bool CarryOut(Session& s, const AnimationOrder& order, EventSteps range) {
   if (order.about_event && !FindEvent(s, order, range)) return false;
   s.case_store.current_step = range.first;
   if (!order.pictures) return true;

@@ -87,7 +87,7 @@ TEST(RunEvents, NextAndAbout) {
   } ranges[] = {{57, 5, 47, 67},    {57, 5.3, 47, 67}, {10, 5, 7, 20},
                 {107, 1, 105, 107}, {57, 0, 57, 57},   {57, 1e9, 7, 107}};
   for (const auto& c : ranges) {
-    const StepRange range = StepsAbout(time, 7, c.step, c.length);
+    const EventSteps range = StepsAbout(time, 7, c.step, c.length);
     EXPECT_EQ(range.first, c.first) << c.step << ' ' << c.length;
     EXPECT_EQ(range.last, c.last) << c.step << ' ' << c.length;
   }

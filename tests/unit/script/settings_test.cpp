@@ -478,9 +478,9 @@ TEST(Settings, ChosenComponentIsFittedAnew) {
 TEST(Settings, AnimationGraphs) {
   const char* const index = "ERROR - Invalid graph index for ? value must be ";
   ExpectSettings({
-      {"ANIMATE_GRAPH KINO_GRAPH", Graphs, {{"2 MOT 3", {0, 1, 0, 0, 0, 1, 1, 3, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
-       {"1 point_mot 7 8 9 2", {1, 27, 2, 7, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}},
-       {"4 POINT_MISS 7 8 9 1 1 2 3 4 1", {0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 1, 48, 1, 7, 4}}}, {{"", 5,
+      {"ANIMATE_GRAPH KINO_GRAPH", Graphs, {{"2 MOT 3", {0, 1, 3, 0, 0, 1, 1, 3, 0, 0, 0, 1, 3, 0, 0, 0, 1, 3, 0, 0}},
+       {"1 point_mot 7 8 9 2", {1, 27, 2, 7, 0, 0, 1, 3, 0, 0, 0, 1, 3, 0, 0, 0, 1, 3, 0, 0}},
+       {"4 POINT_MISS 7 8 9 1 1 2 3 4 1", {0, 1, 3, 0, 0, 0, 1, 3, 0, 0, 0, 1, 3, 0, 0, 1, 48, 1, 7, 4}}}, {{"", 5,
        index + std::string("1-4")}, {"0 MOT 3", 5, index + std::string("1-4")}, {"5 MOT 3", 5, index +
        std::string("1-4")}, {"1 ALL", 4, "ERROR - Option ALL not valid for ? command ..."}, {"1 moot", 4,
        "ERROR - Invalid quantity specifier: moot"}, {"1 VSF 1", 4,
@@ -490,7 +490,7 @@ TEST(Settings, AnimationGraphs) {
        "ERROR - Insufficient arguments for ? command for point motion..."}, {"1 POINT_MISS 7 8 9 1 1 2 3 4", 5,
        "ERROR - Insufficient arguments for ? command for missile data..."}, {"1 POINT_MISS 7 8 9 1 1 2 3 4 2", 4,
        "ERROR - Invalid curve index for ? option POINT_MISS"}}, {""}, true},
-      {"KINO_GRAPH", Graphs, {{"1 off", {0, 2, 2, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0}}}, {},
+      {"KINO_GRAPH", Graphs, {{"1 off", {0, 2, 2, 0, 0, 0, 1, 3, 0, 0, 0, 1, 3, 0, 0, 0, 1, 3, 0, 0}}}, {},
        {"KINO_GRAPH 1 VEL 2\n"}, true},
       {"ANIMATE_GRAPH_OPTION ANIMATE_GRAPH_OPT KINO_GRAPH_OPTION KINO_GRAPH_OPT", GraphOptions, {{"0 COLOR DarkGreen",
        {15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0, 15, 1, 0, 1, 0, 0}}, {"1 COL black", {0, 1, 0, 1, 0, 0,
