@@ -9,6 +9,7 @@
 #include "analysis/righting_arms/righting_arm_dialogue.h"
 #include "analysis/righting_arms/righting_arms_plot.h"
 #include "analysis/sea_view/sensor_dialogue.h"
+#include "analysis/sea_view/wave_dialogues.h"
 #include "base/message.h"
 #include "case/case_hull.h"
 #include "case/quantity_catalogue.h"
@@ -182,6 +183,16 @@ void AskRightingArms(Session& s) {
   if (!result.steps.empty()) KeepResult(s.data_plot, RightingArmsPlot(result));
 }
 
+void AnalyzeWaves(Session& s) {
+  WaveAnalysisResult result;
+  AskWaveAnalysis(s.platform, s.output, s.case_store, result);
+  if (!result.time.empty()) KeepResult(s.data_plot, WaveAnalysisPlot(result));
+}
+
+void WriteWaves(Session& s) {
+  AskWaveField(s.platform, s.output, s.case_store);
+}
+
 void SensorView(Session& s) {
   SensorViewResult result;
   AskSensorView(s.platform, s.output, s.sensor, s.case_store, result);
@@ -227,10 +238,10 @@ constexpr Option kOptions[] = {
     {"13 - Run script file",                                    Always,         RunScriptFile     },
     {"14 - GZ curve analysis",                                  HullAndHistory, AskRightingArms   },
     {"15 - Compute roll decay coefficients",                    RollDecay,      nullptr           },
-    {"16 - Wave celerity analysis",                             TimeHistory,    nullptr           },
+    {"16 - Wave celerity analysis",                             TimeHistory,    AnalyzeWaves      },
     {"17 - Write KINO motion, seaway and command files",        TimeHistory,    WriteKino         },
     {"18 - Set data smoothing option",                          Always,         SetSmoothing      },
-    {"19 - Wave field output",                                  TimeHistory,    nullptr           },
+    {"19 - Wave field output",                                  TimeHistory,    WriteWaves        },
     {"20 - Ensemble statistics",                                SeveralRecords, EnsembleTable     },
     {"21 - Ensemble statistics with confidence interval",       SeveralRecords, EnsembleIntervals },
     {"22 - Plot statistics with confidence intervals",          TimeHistory,    nullptr, MenuIntervals, true},

@@ -72,6 +72,7 @@ constexpr ArgumentForm kForms[] = {
     {"direction",   "0",        "A direction from the bow in degrees, 90 to port"},
     {"directions",  "0 180 90", "The least of such directions, the largest, and from one to the next"},
     {"distances",   "50 150 50", "The least distance from the sensor, the largest, and from one to the next, in the unit of the ship's geometry"},
+    {"axis",        "0 50 3",   "The least and the largest coordinate of a grid and how many there are: first x, then y, then z"},
     {"places",      "2 50 150", "How many distances from the sensor, and these"},
 };
 // clang-format on

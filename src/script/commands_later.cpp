@@ -13,11 +13,6 @@ int RunNotYet(ScriptCall& call) {
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, M = kNeedsGeometry;
 
 constexpr Command kLater[] = {
-    {{"WAVE_CELERITY", "ANALYZE_WAVE"},
-     D | M,
-     RunNotYet,
-     "first last increment option name",
-     "Speed of the waves at a place"},
     {{"WRITE_ROLL_DECAY_COEF", "WRITE_RDC", "ROLL_DECAY_COEF", "RDC"},
      D | R,
      RunNotYet,

@@ -4,6 +4,9 @@
 #include <vector>
 
 #include "analysis/sea_view/sensor_view.h"
+#include "analysis/sea_view/shifted_waves.h"
+#include "analysis/sea_view/wave_analysis.h"
+#include "analysis/sea_view/wave_field.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
 #include "base/text.h"
@@ -22,6 +25,9 @@ constexpr std::string_view kScan[] = {"ERROR - Illegal scanning direction range 
 constexpr std::string_view kDistanceCount = "ERROR - Illegal value for number of distances in {} command...";
 constexpr std::string_view kLookdown = "Illegal value, must be between 0 and 90";
 constexpr std::string_view kNotPositive = "Illegal value, must be positive";
+constexpr std::string_view kBadWaveOption = "Illegal wave analysis option";
+constexpr std::string_view kBadStep = "Illegal value - must be {} to {}";
+constexpr std::string_view kBadGrid = "ERROR - Illegal grid for {} command...";
 constexpr std::string_view kLongName = "ERROR opening output file: {}";
 
 int FewArguments(ScriptCall& call) {
@@ -113,6 +119,61 @@ int RunUnknownSensor(ScriptCall& call) {
   return Fail(call, kScriptBadArgument, kUnknownSensor, call.command);
 }
 
+// ---- Waves
+
+int RunWaveAnalysis(ScriptCall& call) {
+  Session& session = call.session;
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 4, values)) return FewArguments(call);
+  StepRange steps;
+  if (!TakeStepRange(session.case_store, RangeOf(values), steps))
+    return Fail(call, kScriptBadArgument, kIllegalStepRange);
+  const int option = RoundToInt(static_cast<double>(values[3]));
+  if (option < 0 || option >= kWaveAnalysisOptions) return Fail(call, kScriptBadArgument, kBadWaveOption);
+  std::string root;
+  if (const int status = ReadRoot(call, root); status != kScriptOk) return status;
+  WaveAnalysisResult result;
+  if (!WriteWaveAnalysis(session.platform, session.output, steps, root, session.case_store, result))
+    return kScriptFailed;
+  KeepResult(session.data_plot, WaveAnalysisPlot(result));
+  return kScriptOk;
+}
+
+int ReadStep(ScriptCall& call, int& step) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return FewArguments(call);
+  step = RoundToInt(static_cast<double>(values[0]));
+  const CaseStore& c = call.session.case_store;
+  if (step >= c.first_step && step <= c.last_step) return kScriptOk;
+  return Fail(call, kScriptBadArgument, kBadStep, c.first_step, c.last_step);
+}
+
+int RunShiftedWaves(ScriptCall& call) {
+  Session& session = call.session;
+  int step = 0;
+  if (const int status = ReadStep(call, step); status != kScriptOk) return status;
+  std::string root;
+  if (const int status = ReadRoot(call, root); status != kScriptOk) return status;
+  return WriteShiftedWaves(session.platform, session.output, step, root, session.case_store) ? kScriptOk
+                                                                                             : kScriptFailed;
+}
+
+int RunWaveField(ScriptCall& call) {
+  Session& session = call.session;
+  WaveFieldRequest request;
+  if (const int status = ReadStep(call, request.step); status != kScriptOk) return status;
+  for (GridAxis& axis : request.axes) {
+    std::vector<float> values;
+    if (!ParseRealList(call.words, 3, values)) return FewArguments(call);
+    axis = {values[0], values[1], RoundToInt(static_cast<double>(values[2]))};
+  }
+  if (!IsGrid(request.axes)) return Fail(call, kScriptBadArgument, kBadGrid, call.command);
+  std::string root;
+  if (const int status = ReadRoot(call, root); status != kScriptOk) return status;
+  return WriteWaveField(session.platform, session.output, request, root, session.case_store) ? kScriptOk
+                                                                                             : kScriptFailed;
+}
+
 constexpr Needs kNeedsRun = kNeedsCase | kNeedsMotion;
 
 constexpr Command kSeaView[] = {
@@ -141,6 +202,22 @@ constexpr Command kSeaView[] = {
      RunSensorView<SensorMode::debug>,
      "first last increment x y z lookdown direction places root",
      "The same, with the waves that it comes from"},
+    {{"WAVE_CELERITY", "ANALYZE_WAVE"},
+     kNeedsRun | kNeedsGeometry,
+     RunWaveAnalysis,
+     "first last increment option root",
+     "Waves along the ship: elevations, crests, and how fast they run; option 0 to 3, with equal results"},
+    {{"WRITE_WAVE_FIELD"},
+     kNeedsRun,
+     RunWaveField,
+     "step axis axis axis root",
+     "Waves and their flow on a grid around the ship, +X aft, as a table and in PLOT3D form"},
+    {{"WRITE_SHIFTED_WAVES"},
+     kNeedsRun,
+     RunShiftedWaves,
+     "step root",
+     "The waves for a calculation that starts at a step: KINO file, table with the phases of CD-adapco, motions from "
+     "there on"},
     {.names = {"SENSOR_VIEW"}, .needs = kNeedsRun, .run = RunUnknownSensor, .match = NameMatch::beginning},
 };
 

@@ -96,7 +96,7 @@ void TellKind(const ControlRecords& records, const Seaway& seaway, const FileSca
     lines.emplace_back("Linear wave (old MIT recon format)");
   } else if (seaway.ISEA == 5) {
     lines.emplace_back("Long-crested 2nd order Stokes wave");
-  } else if (sea.ISEA == 1 || sea.ISEA == 0) {
+  } else if (sea.ISEA == 1 || sea.ISEA == 0 || sea.ISEA == 3) {
     lines.emplace_back("Specified linear wave components");
   } else {
     TellSpectrum(sea, scales, kFirst, lines);
@@ -132,7 +132,7 @@ void AppendData(const Seaway& seaway, KinoSeaUnits units, std::string& text) {
 }
 
 // The kind number and the counts ahead of the rows.
-void AppendKind(const Seaway& seaway, std::string& text) {
+void AppendKind(const Seaway& seaway, bool always_a_list, std::string& text) {
   const auto out = std::back_inserter(text);
   switch (seaway.ISEA) {
     case 0:
@@ -150,7 +150,7 @@ void AppendKind(const Seaway& seaway, std::string& text) {
                      Number(static_cast<double>(seaway.modes.WAVE_HEAD)));
       break;
     default:
-      if (seaway.waves.size() == 1) fmt::format_to(out, "{}\n", static_cast<int>(regular));
+      if (seaway.waves.size() == 1 && !always_a_list) fmt::format_to(out, "{}\n", static_cast<int>(regular));
       else fmt::format_to(out, "{}\n{}\n", static_cast<int>(superposition), seaway.waves.size());
   }
 }
@@ -378,14 +378,15 @@ KinoSeaStatus ReadOpened(const Console& console, SeaText& text, KinoSeaUnits uni
 }  // namespace
 
 bool KINOSE(const ControlRecords& records, const Seaway& seaway, KinoSeaUnits units, std::string_view name,
-            std::string& text) {
+            std::string& text, const KinoSeaForm& form) {
   const auto append = [&] {
     Lines comments{fmt::format("Seaway file from {}", name)};
     TellKind(records, seaway, ScalesOf(records, units), comments);
+    comments.insert(comments.end(), form.comments.begin(), form.comments.end());
     if (!HeadOf(seaway.ISEA).empty()) comments.emplace_back(HeadOf(seaway.ISEA));
     text = fmt::format("{}\n", comments.size());
     for (const std::string& line : comments) text += line + '\n';
-    AppendKind(seaway, text);
+    AppendKind(seaway, form.always_a_list, text);
     AppendData(seaway, units, text);
     AppendClosing(seaway, units, text);
     return true;

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/platform.h"
 #include "control/control_records.h"
@@ -21,10 +22,15 @@ struct KinoSeaUnits {      // of the file
   double g = 9.81, L = 1;  // gravity and reference length
 };
 
+struct KinoSeaForm {                  // of a seaway that was made from the one of a run
+  std::vector<std::string> comments;  // behind those that tell the seaway
+  bool always_a_list = false;         // kind 3 for a single component as well
+};
+
 // The text of a file for a seaway; `records` tell its definition, and `name` the run's output file. Output units:
 // frequency sqrt(g/L), amplitude L. False: memory is out.
 [[nodiscard]] bool KINOSE(const ControlRecords& records, const Seaway& seaway, KinoSeaUnits units,
-                          std::string_view name, std::string& text);
+                          std::string_view name, std::string& text, const KinoSeaForm& form = {});
 
 enum class KinoSeaStatus : std::uint8_t { ok, cannot_open, unchanged, corrupted };  // told, but for cannot_open
 

@@ -102,7 +102,7 @@ WaveFault IncidentWaveElev(const IncidentWave& wave, WaveMoment moment, std::spa
 WaveFault IncidentWaveCelerity(const IncidentWave& wave, WaveMoment moment, std::span<const Vector3> points,
                                const double direction[2], const CelerityTerms& out) {
   for (const std::span<double>& values :
-       {out.eta, out.d1, out.d2, out.d3, out.crest, out.frequency, out.number, out.celerity}) {
+       {out.eta, out.d1, out.d2, out.d3, out.crest, out.frequency, out.number, out.celerity, out.envelope}) {
     Zero(values);
   }
   const WaveFault fault = FaultAlong(wave);
@@ -121,6 +121,7 @@ WaveFault IncidentWaveCelerity(const IncidentWave& wave, WaveMoment moment, std:
     Put(out.frequency, i, frequency);
     Put(out.number, i, number);
     Put(out.celerity, i, Quotient(frequency, number));
+    Put(out.envelope, i, envelope);
   }
   return WaveFault::none;
 }

@@ -25,10 +25,11 @@ struct ElevationSlopes {  // double, one entry a point; derivatives along the di
 
 struct CelerityTerms {  // double, one entry a point
   std::span<double> eta, d1, d2, d3;
-  std::span<double> crest;      // -eta_st/eta_ss
-  std::span<double> frequency;  // local: (sum ac sum awc + sum as sum aws)/((sum ac)^2 + (sum as)^2)
-  std::span<double> number;     // local wave number, the same with K
-  std::span<double> celerity;   // frequency/number; 0 where a divisor is below 1e-20
+  std::span<double> crest;       // -eta_st/eta_ss
+  std::span<double> frequency;   // local: (sum ac sum awc + sum as sum aws)/((sum ac)^2 + (sum as)^2)
+  std::span<double> number;      // local wave number, the same with K
+  std::span<double> celerity;    // frequency/number; 0 where a divisor is below 1e-20
+  std::span<double> envelope{};  // (sum ac)^2 + (sum as)^2
 };
 [[nodiscard]] WaveFault IncidentWaveCelerity(const IncidentWave& wave, WaveMoment moment,
                                              std::span<const Vector3> points, const double direction[2],
