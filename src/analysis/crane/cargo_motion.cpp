@@ -269,18 +269,14 @@ struct StepTips {  // at both ends of a step
   double duration = 1;
 };
 
-// The boom's changes of rate are those of the first and of the last sub-step.
+// The boom's changes of rate are the mean ones of the step: a jump within a sub-step is spread over it.
 StepTips TipsOver(const CraneModel& m, const ShipMotion& from, const ShipMotion& to, int n, CraneState state) {
-  const double h = from.to_next / n;
-  const CraneState start = state;
-  CraneState begun = start;
-  for (int i = 1; i <= n && !m.commands.empty(); ++i) {
-    FollowCommands(m, from.time + i * h, h, state);
-    if (i > 1) continue;
-    begun.slew.change = state.slew.change;
-    begun.luff.change = state.luff.change;
-  }
-  return {TipsAt(m, from, begun), TipsAt(m, to, state), from.to_next};
+  const double D = from.to_next, h = D / n;
+  CraneState begun = state;
+  for (int i = 1; i <= n && !m.commands.empty(); ++i) FollowCommands(m, from.time + i * h, h, state);
+  begun.slew.change = state.slew.change = (state.slew.rate - begun.slew.rate) / D;
+  begun.luff.change = state.luff.change = (state.luff.rate - begun.luff.rate) / D;
+  return {TipsAt(m, from, begun), TipsAt(m, to, state), D};
 }
 
 Tips TipsBetween(const CraneModel& m, const StepTips& ends, double s) {

@@ -16,14 +16,16 @@ void FollowTarget(const AxisLimits& limits, double target, double h, CraneAxis& 
     change = std::clamp(wanted, -stoppable, stoppable) - axis.rate;
     change = std::clamp(change, -limits.acceleration * h, limits.acceleration * h);
   }
-  const double before = axis.rate;
+  const CraneAxis before = axis;
   axis.rate += change;
   axis.value += axis.rate * h;
-  if (limits.low < limits.high && (axis.value < limits.low || axis.value > limits.high)) {
-    axis.value = std::clamp(axis.value, limits.low, limits.high);
+  // What starts beyond a limit may come back to it.
+  const double low = std::min(limits.low, before.value), high = std::max(limits.high, before.value);
+  if (limits.low < limits.high && (axis.value < low || axis.value > high)) {
+    axis.value = std::clamp(axis.value, low, high);
     axis.rate = 0;
   }
-  axis.change = (axis.rate - before) / h;
+  axis.change = (axis.rate - before.rate) / h;
 }
 
 CraneCommand CommandAt(std::span<const CraneCommand> commands, double time) {

@@ -217,19 +217,15 @@ CraneModel CraneModelOf(const CraneInput& input, const CaseStore& store) {
 bool PrepareCrane(const Platform& platform, const CraneInput& input, std::string_view name, const CaseStore& store,
                   CraneRun& run) {
   if (!StepsGood(platform.console, store)) return false;
-  return Guarded(
-      [&] {
-        run = CraneRun{};
-        run.first_step = store.first_step;
-        run.model = CraneModelOf(input, store);
-        const ShipMotion ship = ShipMotionAt(store, store.first_step);
-        CraneState state;
-        (void)StartCrane(run.model, ship, state);  // lengths in error are the simulation's to tell
-        run.start = MomentOf(run.model, ship, state);
-        run.start_velocity = state.cargo.velocity;
-        return ReadCargoHull(platform, input, name, store, run.cargo);
-      },
-      false);
+  run = CraneRun{};
+  run.first_step = store.first_step;
+  run.model = CraneModelOf(input, store);
+  const ShipMotion ship = ShipMotionAt(store, store.first_step);
+  CraneState state;
+  (void)StartCrane(run.model, ship, state);  // lengths in error are the simulation's to tell
+  run.start = MomentOf(run.model, ship, state);
+  run.start_velocity = state.cargo.velocity;
+  return ReadCargoHull(platform, input, name, store, run.cargo);
 }
 
 CraneFault SimulateCrane(const Platform& platform, const CaseStore& store, CraneRun& run) {

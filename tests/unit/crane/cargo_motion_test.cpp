@@ -216,6 +216,16 @@ TEST(CargoMotion, TwoCablesShareTheLoad) {
   });
 }
 
+TEST(CargoMotion, ABoomThatJumpsTakesItsTipAlong) {  // by 0.3 m within a step of 200 sub-steps, and no further
+  CraneModel m = Hanging(true, 0);
+  m.booms[0].length = 30;
+  m.commands = {{0, 0, 0, 15}, {kStep, 0.01, 0, 15}};
+  m.sub_steps = 200;
+  double aside = 0;
+  RunCrane(m, 300, kStill, [&](int, const CraneState& state) { aside = std::max(aside, state.cargo.cg[1]); });
+  EXPECT_NEAR(aside, 0.6, 0.01);  // it swings as far beyond
+}
+
 TEST(CargoMotion, WhatCannotBe) {
   CraneModel m = Hanging(false, 0);
   CraneState state;
@@ -281,6 +291,9 @@ TEST(CraneBoom, FollowsCommandsWithinItsLimits) {
   for (int i = 0; i < 100; ++i) FollowTarget({0, 0, -1, 0.5}, i, 0.1, stopped);
   EXPECT_EQ(stopped.value, 0.5);
   EXPECT_EQ(stopped.rate, 0);
+  CraneAxis outside{2, 0, 0};
+  FollowTarget({1, 0, -1, 0.5}, 0, 0.1, outside);
+  EXPECT_NEAR(outside.value, 1.9, 1e-12);
 }
 
 TEST(CargoMotion, AnglesThereAndBack) {
