@@ -1,11 +1,12 @@
 // Models of crane and cargo, and modules of network data, of any bytes: what can be run on a short case is run, and
 // what was read reads again from what is written of it.
-#include <array>
 #include <cstdlib>
 
-#include "analysis/crane/crane_input.h"
+#include "analysis/crane/crane_analysis.h"
+#include "analysis/crane/crane_files.h"
+#include "analysis/run_exports/nndata.h"
+#include "case/read/read_output_file.h"
 #include "fake_platform.h"
-#include "frame/zaview_main.h"
 #include "fuzz/try_input.h"
 #include "run_writer.h"
 
@@ -23,17 +24,20 @@ const std::string& ShortRun() {
   return text;
 }
 
-void RunScript(FakePlatform& fake, const std::string& script) {
-  fake.Put("run.out", ShortRun());
-  fake.Put("s.script", script);
-  const std::array<std::string, 3> arguments{"run.out", "-script", "s.script"};
-  try {
-    (void)zaview_main(fake.Get(), arguments);
-  } catch (const FakeExit&) {
-    return;
+struct ShortCase {
+  FakePlatform fake;
+  RunState run;
+  OutputSettings settings;
+  CaseStore store;
+  EnsembleStore ensemble;
+
+  ShortCase() {
+    fake.Put("run.out", ShortRun());
+    ReadRequest request;
+    request.name = "run.out";
+    if (read_output_file(request, fake.Get(), run, settings, store, ensemble) != ReadOutcome::ok) std::abort();
   }
-  if (fake.OpenHandles() != 0) std::abort();
-}
+};
 
 void CheckNumbers(const FakePlatform& fake, const std::string& name) {
   if (fake.files.count(name) == 0) return;
@@ -41,28 +45,47 @@ void CheckNumbers(const FakePlatform& fake, const std::string& name) {
   if (text.find("nan") != std::string::npos || text.find("inf") != std::string::npos) std::abort();
 }
 
+void CheckEcho(FakePlatform& fake, const CraneInput& input) {
+  const std::string text = CraneInputText(input);
+  fake.Put("again", text);
+  CraneInput again;
+  if (!ReadCraneInput(fake.Get(), "again", again) || CraneInputText(again) != text) std::abort();
+}
+
 }  // namespace
 
 void TryCrane(std::string_view input) {
   const auto [model, cargo] = TwoFiles(input);
-  FakePlatform fake;
-  fake.Put("crane", std::string(model));
-  fake.Put("cargo", std::string(cargo));
-  CraneInput read, again;
-  if (ReadCraneInput(fake.Get(), "crane", read)) {
-    const std::string text = CraneInputText(read);
-    fake.Put("again", text);
-    if (!ReadCraneInput(fake.Get(), "again", again) || CraneInputText(again) != text) std::abort();
-  }
-  RunScript(fake, "CRANE crane lift\n");
-  CheckNumbers(fake, "lift.crane_out");
-  CheckNumbers(fake, "lift.crane_gt");
+  ShortCase at;
+  at.fake.Put("crane", std::string(model));
+  at.fake.Put("cargo", std::string(cargo));
+  const Platform platform = at.fake.Get();
+  CraneInput read;
+  if (!TakeCraneInput(platform, "crane", read)) return;
+  CheckEcho(at.fake, read);
+  OutputFile motions, geometry;
+  if (!OpenOutput(platform, "lift.crane_out", OpenHow::replace, motions)) std::abort();
+  if (!OpenOutput(platform, "lift.crane_gt", OpenHow::replace, geometry)) std::abort();
+  CraneRun run;
+  if (RunCrane({platform, at.settings, at.store}, read, "crane", {&motions, &geometry}, run) &&
+      CranePlot(at.settings, run).panels.empty())
+    std::abort();
+  CheckNumbers(at.fake, "lift.crane_out");
+  CheckNumbers(at.fake, "lift.crane_gt");
+  if (at.fake.OpenHandles() != 0) std::abort();
 }
 
 void TryNetworkData(std::string_view input) {
-  FakePlatform fake;
-  fake.Put("net", std::string(input));
-  RunScript(fake, "NNDATA net\n");
+  ShortCase at;
+  at.fake.Put("net", std::string(input));
+  const Platform platform = at.fake.Get();
+  NetworkInput read;
+  if (!ReadNetworkInput(platform, "net", read)) return;
+  OutputFile out;
+  if (!OpenOutput(platform, "net.nndata", OpenHow::replace, out)) std::abort();
+  if (WriteNetworkData(platform.console, at.settings, read, at.store, out) == DataFault::none) (void)CloseOutput(out);
+  else DiscardOutput(out);
+  if (at.fake.OpenHandles() != 0) std::abort();
 }
 
 }  // namespace zaview

@@ -113,17 +113,17 @@ bool BeginsModule(std::string_view line) {
   return StartsWith(TrimStart(line), "$");
 }
 
-// Up to the next module; the module's own line ahead of its data is dropped.
+bool BeginsOurs(std::string_view line) {
+  line = TrimStart(line);
+  return StartsWith(line, "$") && Capitals(Trim(line.substr(1, line.find(':') - 1))) == kPrefix;
+}
+
+// What stands behind the module's own line, or ahead of the first if it has none, up to the next module.
 template <typename Line, typename TextOf>
 void KeepModule(std::vector<Line>& lines, TextOf text_of) {
-  const auto is_header = [&](const Line& line) { return BeginsModule(text_of(line)); };
-  const auto data = [&](const Line& line) {
-    const std::string_view text = text_of(line);
-    return is_header(line) || (!IsBlank(text) && !IsCommentLine(text));
-  };
-  const auto first = std::find_if(lines.begin(), lines.end(), data);
-  if (first != lines.end() && is_header(*first)) lines.erase(first);
-  const auto behind = std::find_if(lines.begin(), lines.end(), is_header);
+  const auto ours = std::find_if(lines.begin(), lines.end(), [&](const Line& l) { return BeginsOurs(text_of(l)); });
+  if (ours != lines.end()) lines.erase(lines.begin(), ours + 1);
+  const auto behind = std::find_if(lines.begin(), lines.end(), [&](const Line& l) { return BeginsModule(text_of(l)); });
   lines.erase(behind, lines.end());
 }
 

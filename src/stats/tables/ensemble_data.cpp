@@ -131,11 +131,11 @@ std::vector<std::span<const float>> TimesOf(const EnsembleData& data) {
 }
 
 DataFault UpdateDependence(const StatWork& work, const QuantityRequest& request) {
-  const auto& [platform, settings, cases, state] = work;
-  const Console& console = platform.console;
-  const float cutoff = settings.statistics.autocorrelation_cutoff;
+  const Console& console = work.platform.console;
+  const float cutoff = work.settings.statistics.autocorrelation_cutoff;
   const DataFault fault = LoadEnsemble(work, request, kTooManySkipped);
   if (fault != DataFault::none) return fault;
+  auto& state = work.state;
   DependenceResult& dependence = state.dependence;
   if (dependence.known && dependence.cutoff == cutoff) return DataFault::none;
   SayLine(console, "Computing autocorrelation...");

@@ -138,7 +138,7 @@ TEST(CargoMotion, DampedAndDrivenAsInClosedForm) {
 
   // tip 0.1 sin(0.5 t): dX = 0.1 w^2/(w0^2 - w^2) sin(0.5 t), started as it goes on
   m = Hanging(true, 0);
-  const double w0 = 9.81 / 15, w = 0.5, forced = 0.1 * w * w / (w0 - w * w);
+  const double w0_squared = 9.81 / 15, w = 0.5, forced = 0.1 * w * w / (w0_squared - w * w);
   m.start.elevation = -1e-9;
   double largest = 0;
   CraneState state;
@@ -157,7 +157,7 @@ TEST(CargoMotion, DampedAndDrivenAsInClosedForm) {
 }
 
 TEST(CargoMotion, ACargoThatTurnsIsADoublePendulum) {
-  // (M - w^2 ..) of x and the cargo's angle: m l x'' .. ; frequencies of the linear system with l 15, s 2, I 1E4
+  // angles a of the cable, b of the cargo:
   const double m_ = 20000, l = 15, s = 2, I = 1e4, g = 9.81;
   // l a'' + s b'' + g a = 0, m s l a'' + (I + m s^2) b'' + m g s b = 0
   const double A = l * (I + m_ * s * s) - s * m_ * s * l, B = -(l * m_ * g * s + g * (I + m_ * s * s)),

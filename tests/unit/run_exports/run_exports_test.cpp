@@ -57,8 +57,8 @@ TEST(NetworkInput, AnnouncedAndInOrder) {
     std::size_t points;
     int grid;  // columns along y; -1: refused
   } cases[] = {
-      {"$NNDATA:\n!NNDATA01\na.txt\n!NNDATA02\n2\n1 2 3\n4 5 6\n!NNDATA03\n0 1 2 0 1 3\n$WIND:\n1\n", "a.txt", "", 2,
-       3},
+      {"$WIND:\n7\n $nndata : ours\n!NNDATA01\na.txt\n!NNDATA02\n2\n1 2 3\n4 5 6\n!NNDATA03\n0 1 2 0 1 3\n$WIND:\n1\n",
+       "a.txt", "", 2, 3},
       {"! of a run\nnndata 1\n1\n1 2 3\n\n0 1 2 0 1 4\n", "nndata 1", "", 1, 4},
       {"\n0\n", "", "", 0, 0},
       {"!NNDATA01\n!NNDATA02\n1\n1 2 3\n", "", "", 1, 0},
