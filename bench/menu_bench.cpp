@@ -57,6 +57,7 @@ void Run(benchmark::State& state) {
   InvokeTimeStepMenu(s, state.range(0) > 0 ? MenuMode::open : MenuMode::close);
   InvokeOptionsMenu(s, state.range(0) > 1 ? MenuMode::open : MenuMode::close);
   watched.Loop();
+  if ((s.menus.m_tsmenu != 0) != (state.range(0) > 0)) std::abort();
   for (auto _ : state) watched.RunThrough();
   state.counters["steps"] =
       benchmark::Counter(static_cast<double>(state.iterations()) * (kSteps - 1), benchmark::Counter::kIsRate);

@@ -1,7 +1,10 @@
 // The point of ship-fixed quantities, and the coefficients of missiles.
+#include <array>
+
 #include "case/quantity_catalogue.h"
 #include "case/settings/point_settings.h"
 #include "views/menus/option_builder.h"
+#include "views/state/motion_settings.h"
 
 namespace zaview {
 
@@ -14,18 +17,20 @@ constexpr std::string_view kInputUnits = "Point must be specified in INPUT coord
 constexpr std::string_view kCoefficients = "Coefficients for missile motion/loads";
 constexpr int kMissileLoad = 48;
 
-// What is shown of the point is made anew: the keys of its data have the point in them.
-void UseEverywhere(Session& s) {
+// What is shown of the point is made anew: the keys of its data have the point in them. Graphs of other points, as a
+// script may have chosen them, stay.
+void UseEverywhere(Session& s, const std::array<double, 3>& before) {
   UsePoint(s.output.point, s.data_plot.quantity);
-  for (MotionGraph& graph : s.motion_view.graphs) UsePoint(s.output.point, graph.request);
+  MoveGraphPoint(s.motion_view, before, s.output.point);
 }
 
 template <std::size_t i>
 constexpr OptionBinding Coordinate = {
     [](Session& s, int) { return OptionValue{.real = static_cast<float>(s.output.point.point[i])}; },
     [](Session& s, const OptionEvent& event) {
+      const std::array<double, 3> before = s.output.point.point;
       SetPointCoordinate(i, static_cast<double>(event.real), s.output.point);
-      UseEverywhere(s);
+      UseEverywhere(s, before);
       return std::string_view();
     }};
 
@@ -33,7 +38,7 @@ template <std::size_t i>
 constexpr OptionBinding Coefficient = {[](Session& s, int) { return OptionValue{.real = s.output.point.missile[i]}; },
                                        [](Session& s, const OptionEvent& event) {
                                          SetMissileCoefficient(i, event.real, s.output.point);
-                                         UseEverywhere(s);
+                                         UseEverywhere(s, s.output.point.point);
                                          return std::string_view();
                                        }};
 

@@ -1,5 +1,6 @@
 // The menus that others lead to: lists of quantities and colours, the point, help and messages.
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -95,6 +96,8 @@ TEST(PointMenu, SetsPointAndCoefficients) {
   DataPlotState& plot = v.session.data_plot;
   MotionGraph& graph = v.session.motion_view.graphs[2];
   graph.request.iqnt = 27;
+  const std::array<double, 3> apart = {1, 2, 3};
+  v.session.motion_view.graphs[3].request = {.iqnt = 27, .point = apart};
   InvokePointMenu(v.session, MenuMode::open);
   const int im = v.session.menus.m_point;
   const PointSettings& point = v.session.output.point;
@@ -121,6 +124,7 @@ TEST(PointMenu, SetsPointAndCoefficients) {
   v.ExpectAllUsed(PointOptions(v.session).blocks);
   EXPECT_TRUE(point.given && point.missile_given);
   EXPECT_EQ(graph.request.point, point.point);  // graphs of the animation too
+  EXPECT_EQ(v.session.motion_view.graphs[3].request.point, apart);
   v.Type(im, {.text = " Y: "}, "x");
   EXPECT_EQ(v.Shown(im, {.text = " Y: "})->real, -3.0F);
   // What is shown of the point is made anew, but only if it moved.
