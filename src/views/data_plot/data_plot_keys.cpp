@@ -12,6 +12,8 @@
 #include "views/state/axes_limits.h"
 #include "views/state/choose_view.h"
 #include "views/state/plot_kinds.h"
+#include "views/state/plot_looks.h"
+#include "views/state/plot_scopes.h"
 #include "views/state/plot_selection.h"
 #include "views/state/step_run.h"
 
@@ -26,23 +28,7 @@ constexpr std::string_view kCubicFit =
     "Data smoothing: Cubic polynomial fit to specified window (currently {} time steps)";
 constexpr int kEscape = 27;
 
-constexpr KeyScope In(PlotKind kind) {
-  return 1U << static_cast<unsigned>(kind);
-}
-constexpr KeyScope kHistory = In(PlotKind::history), kTrajectory = In(PlotKind::trajectory),
-                   kLoadDist = In(PlotKind::load_dist), kHistogram = In(PlotKind::histogram),
-                   kInterval = In(PlotKind::interval), kResult = In(PlotKind::result);
-constexpr KeyScope kCorrelation = In(PlotKind::autocovariance) | In(PlotKind::autocorrelation);
-constexpr KeyScope kOneCurve = kHistogram | kInterval | kCorrelation;
-constexpr KeyScope kOfComponents = kHistory | kLoadDist | kOneCurve;
-constexpr KeyScope kNumbered = kHistory | kTrajectory | kCorrelation;  // by DrawCurves
-constexpr KeyScope kMarked = kNumbered | kLoadDist;
-constexpr KeyScope kSized = kMarked | kInterval;
-
-// Sizes stay where something can be seen of them.
-constexpr float kTextFactor = 1.1F, kLeastText = 0.02F, kMostText = 1.0F;
-constexpr float kMarkFactor = 1.414F, kLeastMark = 0.05F, kMostMark = 50.0F;
-constexpr float kRoot2 = 1.4142135F, kLeastShip = 1.0e-3F, kMostShip = 1.0e3F;
+constexpr float kTextFactor = 1.1F, kMarkFactor = 1.414F, kRoot2 = 1.4142135F;
 
 bool Scale(float& value, float factor, float least, float most) {
   value = std::clamp(value * factor, least, most);
@@ -114,21 +100,20 @@ bool NextSmoothing(Session& s) {
 // ---- Looks
 bool ToggleMarks(Session& s) {
   DataPlotState& plot = s.data_plot;
-  if (gksMouseButtons(s.gks).shift) plot.mark_every = 0;
-  else plot.mark_every = plot.mark_every > 0 ? -plot.mark_every : plot.mark_base;
+  if (gksMouseButtons(s.gks).shift) SetMarks(plot, CurveMarks::line);
+  else SetMarks(plot, plot.mark_every > 0 ? CurveMarks::points : CurveMarks::line_and_points);
   return true;
 }
 
 bool NoMarks(Session& s) {
-  s.data_plot.mark_every = 0;
+  SetMarks(s.data_plot, CurveMarks::line);
   return true;
 }
 
 bool NextMarkBase(Session& s) {
   constexpr int kMost = 1000;
   DataPlotState& plot = s.data_plot;
-  plot.mark_base = plot.mark_base >= kMost ? 1 : plot.mark_base * 10;
-  if (plot.mark_every != 0) plot.mark_every = plot.mark_every > 0 ? plot.mark_base : -plot.mark_base;
+  SetMarkBase(plot, plot.mark_base >= kMost ? 1 : plot.mark_base * 10);
   return true;
 }
 
@@ -168,22 +153,18 @@ bool ScaleShip(Session& s) {
   return true;
 }
 
-// From the hulls that are drawn where no number was set.
-int HullSpacing(const DataPlotState& plot) {
-  const std::vector<HullPlace>& hulls = plot.derived.hulls;
-  if (plot.geometry_every > 0 || hulls.size() < 2) return std::max(plot.geometry_every, 1);
-  return std::max(1, (hulls.back().step - hulls.front().step) / static_cast<int>(hulls.size() - 1));
-}
-
 template <Way way>
 bool ScaleSpacing(Session& s) {
   constexpr float kFactor = way == Way::larger ? kRoot2 : 1.0F / kRoot2;
-  DataPlotState& plot = s.data_plot;
-  const int before = HullSpacing(plot), most = std::max(1, s.case_store.last_step - s.case_store.first_step);
+  const int before = HullSpacing(s.data_plot), most = MostHullSpacing(s.case_store);
   const int n = static_cast<int>(std::min(static_cast<float>(before) * kFactor, static_cast<float>(most)));
   // 1 and 2 would never grow when truncated.
-  plot.geometry_every = way == Way::larger ? std::min(std::max(n, before + 1), most) : std::max(n, 1);
-  plot.marked_steps.clear();
+  SetHullSpacing(s.data_plot, s.case_store, way == Way::larger ? std::max(n, before + 1) : n);
+  return true;
+}
+
+bool OtherTexts(Session& s) {
+  NextTexts(s.data_plot);
   return true;
 }
 
@@ -307,7 +288,7 @@ constexpr ViewKey kKeys[] = {
      {" S      Select next quantity to plot"}},
     {'t',             kAlways,  OtherThickness,
      {" t      Change line thickness"}},
-    {'T',             kAlways,  Cycle<&DataPlotState::plot_text_mode, 5>,
+    {'T',             kAlways,  OtherTexts,
      {" T      Change which titles and labels are plotted"}},
     {'v',             kHistory,  Toggle<&DataPlotState::values_in_legend>,
      {" v      Toggle value labels"}},
@@ -372,7 +353,7 @@ constexpr std::string_view kMouseHelp[] = {
 
 ViewKeys DataPlotKeys(const Session& session) {
   const PlotKind kind = session.data_plot.kind;
-  return {kKeys, In(kind), kMouseHelp, RowOf(kind).by_step, true};
+  return {kKeys, ScopeOf(kind), kMouseHelp, RowOf(kind).by_step, true};
 }
 
 void BeforeDataPlotKey(Session& session) {

@@ -25,18 +25,6 @@ constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
 constexpr std::size_t kTitleColumns = 70;
 constexpr int kFrameOption = 2;  // of axis_option, and the one above
 
-// Which texts stand around the plot, by plot_text_mode.
-struct TextMode {
-  bool title, file, axes;
-};
-constexpr TextMode kTextModes[] = {
-    {false, false, false}, {true, true, true}, {true, false, true}, {false, false, true}, {false, true, true},
-};
-
-TextMode ModeOf(const DataPlotState& plot) {
-  return kTextModes[static_cast<std::size_t>(std::clamp(plot.plot_text_mode, 0, 4))];
-}
-
 // The axes stay on the page, with room for their labels, whatever size was asked for.
 void SetPage(const DataPlotState& plot, PlotDraw draw) {
   const AxesLength length = LengthOf(plot);
@@ -64,14 +52,13 @@ std::string ModeLine(const PlotFacts& facts, const DataPlotState& plot) {
 }
 
 std::vector<std::string> HeadingLines(const PlotFacts& facts, const DataPlotState& plot, const PlotNames& names) {
-  const TextMode mode = ModeOf(plot);
   std::vector<std::string> lines;
   const auto add = [&lines](std::string_view line) {
     if (!IsBlank(line)) lines.emplace_back(TrimEnd(line));
   };
-  if (mode.file) add(FileLine(facts.store, ShowsEnsemble(plot) && facts.ensemble.nrec > 1));
-  if (mode.title) add(std::string_view(names.title).substr(0, kTitleColumns));
-  if (mode.title) add(ModeLine(facts, plot));
+  if (plot.texts.file) add(FileLine(facts.store, ShowsEnsemble(plot) && facts.ensemble.nrec > 1));
+  if (plot.texts.quantity) add(std::string_view(names.title).substr(0, kTitleColumns));
+  if (plot.texts.mode) add(ModeLine(facts, plot));
   add(names.note);
   return lines;
 }
@@ -90,7 +77,7 @@ void DrawAxes(const DataPlotState& plot, const PlotLimits& l, PlotDraw draw) {
   dgThickness(draw, 0);
   dgColour(draw, 1);
   if (plot.axis_option >= kFrameOption) DrawAreaFrame(draw);
-  dgZeroLines(draw);
+  dgZeroLines(draw, plot.vertical_zero, plot.horizontal_zero);
   if (!plot.grid_on) return;
   dgDot(draw);
   dgGrid(draw, 1, 1);
@@ -98,7 +85,7 @@ void DrawAxes(const DataPlotState& plot, const PlotLimits& l, PlotDraw draw) {
 }
 
 void NameAxes(const DataPlotState& plot, std::string_view x, std::string_view y, PlotDraw draw) {
-  const bool labels = ModeOf(plot).axes;
+  const bool labels = plot.texts.axes;
   dgXName(draw, labels ? x : "");
   dgYName(draw, labels ? y : "");
   dgYName90(draw, plot.axis_option % kFrameOption);

@@ -311,7 +311,7 @@ void DrawHistory(const PlotFacts& facts, const DataPlotState& plot, PlotDraw dra
 }
 
 DataFault WriteHistory(const PlotSource& source, const DataPlotState& plot, OutputFile& out) {
-  return write_time_history(source.console(), source.output, RequestOf(plot, 0), false, source.store, out);
+  return write_time_history(source.console(), source.output, RequestOf(plot, 0), plot.unformatted, source.store, out);
 }
 
 }  // namespace

@@ -11,7 +11,8 @@ namespace zaview {
 namespace {
 
 constexpr int kMostInRow = 40;
-constexpr int kThin = 1;  // separators, pixels
+constexpr int kThin = 1;           // separators, pixels
+constexpr int kBetweenChecks = 6;  // pixels: the label of one stands ahead of the next
 
 using Items = std::span<const OptionItem>;
 
@@ -69,6 +70,10 @@ void AddFile(MenuToolkit& kit, const OptionItem& item, const OptionValue& value)
   gksMenuSetAttribute(kit, MenuAttribute::style, value.integer);
 }
 
+bool IsCheck(const OptionItem& item) {
+  return item.kind == OptionKind::check || item.kind == OptionKind::radio;
+}
+
 bool IsTypeIn(const OptionItem& item) {
   return item.kind == OptionKind::integer || item.kind == OptionKind::real || item.kind == OptionKind::word;
 }
@@ -108,8 +113,13 @@ void AddRow(const Place& at, Items row) {
   const OptionItem& begin = row.front();
   const OptionValue value = begin.value.shows == nullptr ? OptionValue{} : begin.value.shows(at.s, at.index);
   if (!TextOf(begin, value).empty()) gksMenuAddItem(kit, MenuItemType::label, TextOf(begin, value), begin.width);
-  for (const OptionItem& item : row.subspan(1))
-    if (Stands(item, at)) AddItem(at, item);
+  bool set_apart = false;
+  for (const OptionItem& item : row.subspan(1)) {
+    if (!Stands(item, at)) continue;
+    if (set_apart && IsCheck(item)) gksMenuAddItemI(kit, MenuItemType::gap_pixels, kBetweenChecks);
+    AddItem(at, item);
+    set_apart = IsCheck(item) || IsTypeIn(item);
+  }
 }
 
 void AddElement(const Place& at, const OptionItem& item) {

@@ -19,6 +19,10 @@ enum class HistogramStyle : std::uint8_t { line, filled, outlined };
 enum class LegendUse : std::uint8_t { automatic, off, on };  // automatic: where several curves are drawn
 enum class StatsPlace : std::uint8_t { bottom, below, above };
 
+struct PlotTexts {  // which stand around the plot
+  bool quantity = true, file = true, axes = true, mode = true;
+};
+
 // Statistics of the one curve of a time history: lines with their names, and a block of values.
 struct OverlayLine {
   float y = 0;
@@ -84,15 +88,17 @@ struct DataPlotState {
   bool match_scales = false;  // the same limits on all graphs
 
   // Looks
-  int plot_text_mode = 1;  // 0 none, 1 all, 2 title and axes, 3 axes, 4 file name and axes
-  int mark_every = 0;      // n: line and every n-th mark; -n: marks only; 0: no marks
-  int mark_base = 1;       // 1, 10, 100, 1000
+  int plot_text_mode = 1;  // texts that a key sets: 0 none, 1 all, 2 all but the file, 3 axes, 4 file name and axes
+  PlotTexts texts;
+  int mark_every = 0;  // n: line and every n-th mark; -n: marks only; 0: no marks
+  int mark_base = 1;   // n, shown or not
   float mark_size = 1;
   float line_thickness = 0;                     // page units
   float annot_size = 0.14F, text_size = 0.14F;  // page units
   bool colour_on = true;
   bool grid_on = false;
-  int axis_option = 0;  // 1 y name upright, 2 a frame round the area, 3 both
+  bool vertical_zero = true, horizontal_zero = true;  // lines
+  int axis_option = 0;                                // 1 y name upright, 2 a frame round the area, 3 both
   bool numbers_on = false, time_labels_on = false;
   LegendUse legend = LegendUse::automatic;  // names of the curves
   bool values_in_legend = false;            // behind the names, which are then shown
@@ -107,6 +113,10 @@ struct DataPlotState {
   int geometry_every = 0;  // steps; 0: ten hulls on the track
   float geometry_scale = 1;
   std::vector<int> marked_steps;  // typed by the user; empty: every n-th
+
+  // Writing
+  std::string file_name;     // of the last file; blank: none yet
+  bool unformatted = false;  // time histories
 
   DataPlotDerived derived;
 };

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "case/quantity_catalogue.h"
+#include "case/read/ensemble_match.h"
 #include "case/settings/point_settings.h"
 #include "case/wave_at_cg.h"
 #include "stats/tables/ensemble_data.h"
@@ -12,6 +14,11 @@
 namespace zaview {
 
 namespace {
+
+bool IsHidden(const DataPlotState& plot, int component) {
+  const auto i = static_cast<std::size_t>(component - 1);
+  return i < plot.hidden.size() && plot.hidden[i] != 0;
+}
 
 bool AnyShown(const DataPlotState& plot) {
   for (int i = 1; i <= plot.plot_component_count; ++i)
@@ -103,9 +110,7 @@ void SettleComponent(DataPlotState& plot, const PlotFacts& facts) {
 }
 
 bool IsShown(const DataPlotState& plot, int component) {
-  if (plot.plot_component != 0) return component == plot.plot_component;
-  const auto i = static_cast<std::size_t>(component - 1);
-  return i >= plot.hidden.size() || plot.hidden[i] == 0;
+  return plot.plot_component != 0 ? component == plot.plot_component : !IsHidden(plot, component);
 }
 
 bool TakeComponent(DataPlotState& plot, const CaseStore& store, int component) {
@@ -130,6 +135,29 @@ bool ToggleDrawing(DataPlotState& plot, const CaseStore& store) {
   return true;
 }
 
+bool IsCurveDrawn(const DataPlotState& plot, int component) {
+  return RowOf(plot.kind).by_step ? !IsHidden(plot, component) : IsShown(plot, component);
+}
+
+bool ShowCurve(DataPlotState& plot, const CaseStore& store, int component, bool shown) {
+  const int count = CurveCount(store, plot.quantity.iqnt);
+  if (component < 1 || component > count) return false;
+  std::vector<std::uint8_t> hidden;
+  for (int i = 1; i <= count; ++i) hidden.push_back((i == component ? shown : IsCurveDrawn(plot, i)) ? 0 : 1);
+  plot.hidden = std::move(hidden);
+  plot.plot_component = 0;
+  if (AnyShown(plot)) return true;
+  plot.hidden.assign(plot.hidden.size(), 0);
+  plot.plot_component = 1;
+  return true;
+}
+
+bool ShowAllCurves(DataPlotState& plot) {
+  plot.hidden.assign(plot.hidden.size(), 0);
+  plot.plot_component = 0;
+  return true;
+}
+
 bool ChangeQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot,
                     int direction, bool carry) {
   if (!RowOf(plot.kind).of_quantity) return false;
@@ -148,11 +176,15 @@ bool ChangeQuantity(const Console& console, CaseStore& store, const PointSetting
 
 bool CanShow(const Console& console, CaseStore& store, const PointSettings& point, const DataPlotState& plot,
              int iqnt) {
+  return (!store.time_history() || PointGiven(point, iqnt)) && CanShowOfPoint(console, store, plot, iqnt);
+}
+
+bool CanShowOfPoint(const Console& console, CaseStore& store, const DataPlotState& plot, int iqnt) {
   const PlotKindRow& kind = RowOf(plot.kind);
   if (!QuantityValid(store, iqnt) || CurveCount(store, iqnt) < 1) return false;
   if (!store.time_history()) return kind.of_functions;
   const QuantityRow* row = FindQuantity(iqnt);
-  if (row == nullptr || row->need == QuantityNeed::file_only || !PointGiven(point, iqnt)) return false;
+  if (row == nullptr || row->need == QuantityNeed::file_only) return false;
   return (!kind.of_loads || row->load_kind != 0) && WaveIsThere(console, store, *row);
 }
 
@@ -180,6 +212,20 @@ bool SettleQuantity(const Console& console, CaseStore& store, const PointSetting
 bool ChangeStatistic(DataPlotState& plot, int direction) {
   constexpr int kStatistics = 4;
   plot.statistic = (plot.statistic - 1 + direction + kStatistics) % kStatistics + 1;
+  return true;
+}
+
+bool NormalizeByVariance(DataPlotState& plot, bool normalized) {
+  plot.kind = normalized ? PlotKind::autocorrelation : PlotKind::autocovariance;
+  return true;
+}
+
+bool TakeRecord(const Console& console, const PointSettings& point, CaseStore& store, EnsembleStore& ensemble,
+                DataPlotState& plot, int irec) {
+  plot.of_ensemble = irec == 0;
+  if (irec == 0) return true;
+  if (irec != ensemble.irec && !SelectRecord(irec, ensemble, store)) return false;
+  (void)SettleQuantity(console, store, point, plot);
   return true;
 }
 

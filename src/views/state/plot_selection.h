@@ -29,6 +29,11 @@ void SettleComponent(DataPlotState& plot, const PlotFacts& facts);
 bool TakeComponent(DataPlotState& plot, const CaseStore& store, int component);  // 0: all; none beyond the last
 bool NextComponent(DataPlotState& plot, const CaseStore& store);
 bool ToggleDrawing(DataPlotState& plot, const CaseStore& store);  // of the chosen one, where all are shown
+// One of several curves is shown or left out; with the last of them gone the first is shown.
+bool ShowCurve(DataPlotState& plot, const CaseStore& store, int component, bool shown);
+bool ShowAllCurves(DataPlotState& plot);
+// Is it drawn where a kind shows several: by IsShown, or cuts by `hidden` alone, whichever is chosen.
+[[nodiscard]] bool IsCurveDrawn(const DataPlotState& plot, int component);
 
 // By step through the quantities that the case has and this kind of plot can show; those of a point or a missile once
 // one was given. direction: 1 or -1. carry: the limits in use are those of the next one too.
@@ -39,12 +44,20 @@ bool SettleQuantity(const Console& console, CaseStore& store, const PointSetting
 // Can this kind of plot show it, with the point that was given last?
 [[nodiscard]] bool CanShow(const Console& console, CaseStore& store, const PointSettings& point,
                            const DataPlotState& plot, int iqnt);
+// The same with any point, which may be given later.
+[[nodiscard]] bool CanShowOfPoint(const Console& console, CaseStore& store, const DataPlotState& plot, int iqnt);
 // False: it can't be shown, nothing changes. carry: as above.
 bool TakeQuantity(const Console& console, CaseStore& store, const PointSettings& point, DataPlotState& plot, int iqnt,
                   bool carry);
 [[nodiscard]] int QuantityCount(const CaseStore& store);  // quantities count from 1
 
 bool ChangeStatistic(DataPlotState& plot, int direction);
+bool NormalizeByVariance(DataPlotState& plot, bool normalized);  // autocorrelation, else autocovariance
+
+// A record of the ensemble becomes the case in store, and is shown alone; 0: all of them together, where the kind does
+// that. False: no such record.
+bool TakeRecord(const Console& console, const PointSettings& point, CaseStore& store, EnsembleStore& ensemble,
+                DataPlotState& plot, int irec);
 
 // Between curves and histogram; false: this kind has no such other.
 bool SwitchHistogram(DataPlotState& plot, const CaseStore& store, const EnsembleStore& ensemble);
