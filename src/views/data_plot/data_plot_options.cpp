@@ -294,10 +294,10 @@ constexpr OptionItem kBars[] = {
 };
 
 constexpr OptionItem kTracks[] = {
-    Row({}, kTrajectory),
-    Check("Plot hull waterline every", PlotFlag<&Plot::show_ship>),
+    Row("Plot hull waterline every", kTrajectory),
     Integer({}, kHullSpacing, {1}),
     Label("steps"),
+    Check("Show", PlotFlag<&Plot::show_ship>),
     Row("Size factor", kTrajectory),
     kFirstColumn,
     Real({}, PlotNumber<&Plot::geometry_scale>, {kLeastShip, kMostShip}),

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "unit/views/data_plot_fields.h"
 #include "unit/views/plot_view.h"
 #include "views/data_plot/data_plot.h"
 #include "views/frame/screen_dialogue.h"
@@ -19,60 +20,6 @@ namespace {
 
 constexpr std::string_view kSample = "irregular_head.out";  // 300 steps of 0.25; 5 X cuts
 constexpr int kPosition = 1, kVerticalForce = 13, kWaveAtCg = 25;
-
-// What keys can change, by name; as numbers.
-struct Field {
-  std::string_view name;
-  float (*value)(const Session& s);
-};
-template <auto DataPlotState::*field>
-float Of(const Session& s) {
-  return static_cast<float>(s.data_plot.*field);
-}
-template <float PlotLimits::*limit>
-float Limit(const Session& s) {
-  return s.data_plot.axes.limits.*limit;
-}
-// clang-format off
-constexpr Field kFields[] = {
-    {"axis", Of<&DataPlotState::axis_option>}, {"colour", Of<&DataPlotState::colour_on>},
-    {"bars", Of<&DataPlotState::hist_rendering>}, {"annot", Of<&DataPlotState::annot_size>},
-    {"text", Of<&DataPlotState::text_size>}, {"size", Of<&DataPlotState::mark_size>},
-    {"grid", Of<&DataPlotState::grid_on>}, {"numbers", Of<&DataPlotState::numbers_on>},
-    {"values", Of<&DataPlotState::values_in_legend>}, {"times", Of<&DataPlotState::time_labels_on>},
-    {"ship", Of<&DataPlotState::show_ship>}, {"mark", Of<&DataPlotState::mark_every>},
-    {"base", Of<&DataPlotState::mark_base>}, {"thick", Of<&DataPlotState::line_thickness>},
-    {"mode", Of<&DataPlotState::plot_text_mode>}, {"stats", Of<&DataPlotState::show_stats>},
-    {"place", Of<&DataPlotState::stats_at>}, {"scale", Of<&DataPlotState::geometry_scale>},
-    {"every", Of<&DataPlotState::geometry_every>}, {"component", Of<&DataPlotState::plot_component>},
-    {"statistic", Of<&DataPlotState::statistic>}, {"wave", Of<&DataPlotState::wave_overlay>},
-    {"own", Of<&DataPlotState::wave_own_scale>}, {"aspect", Of<&DataPlotState::keep_aspect>},
-    {"by_step", Of<&DataPlotState::x_axis_by_index>}, {"kind", Of<&DataPlotState::kind>},
-    {"quantity", [](const Session& s) { return static_cast<float>(s.data_plot.quantity.iqnt); }},
-    {"hidden3", [](const Session& s) { return static_cast<float>(s.data_plot.hidden[2]); }},
-    {"use", [](const Session& s) { return static_cast<float>(s.data_plot.axes.use); }},
-    {"x0", Limit<&PlotLimits::x_min>}, {"dx", Limit<&PlotLimits::x_step>}, {"x1", Limit<&PlotLimits::x_max>},
-    {"y0", Limit<&PlotLimits::y_min>}, {"dy", Limit<&PlotLimits::y_step>}, {"y1", Limit<&PlotLimits::y_max>},
-    {"fitted_x0", [](const Session& s) { return s.data_plot.axes.fitted.x_min; }},
-    {"overlay", [](const Session& s) { return static_cast<float>(s.statistics.histogram.overlay); }},
-    {"data", [](const Session& s) { return static_cast<float>(s.statistics.histogram.data); }},
-    {"smooth", [](const Session& s) { return static_cast<float>(s.output.smoothing.option); }},
-    {"background", [](const Session& s) { return static_cast<float>(s.run.plot_colours); }},
-    {"module", [](const Session& s) { return static_cast<float>(s.run.plot_module); }},
-    {"exit", [](const Session& s) { return static_cast<float>(s.run.exit_requested); }},
-    {"font", [](const Session& s) { return static_cast<float>(s.menus.kit.font_step); }},
-    {"step", [](const Session& s) { return static_cast<float>(s.case_store.current_step); }},
-    {"run", [](const Session& s) { return static_cast<float>(s.plot_session.run_on); }},
-    {"t0", [](const Session& s) { return s.plot_session.run_t0; }},
-    {"sync", [](const Session& s) { return s.plot_session.run_sync_factor; }},
-};
-// clang-format on
-
-std::vector<float> ValuesOf(const Session& s) {
-  std::vector<float> values;
-  for (const Field& field : kFields) values.push_back(field.value(s));
-  return values;
-}
 
 struct KeyCase {
   PlotKind kind;
@@ -103,28 +50,14 @@ void Renew(PlotView& v, PlotKind kind) {
   v.fake.output.clear();
 }
 
-void ExpectChanges(const KeyCase& c, std::vector<float> want, const std::vector<float>& got) {
-  std::istringstream in(c.changes);
-  std::string name;
-  for (float value = 0; in >> name >> value;) {
-    std::size_t at = 0;
-    while (at < std::size(kFields) && kFields[at].name != name) ++at;
-    ASSERT_LT(at, std::size(kFields)) << name;
-    want[at] = value;
-  }
-  for (std::size_t i = 0; i < want.size(); ++i)
-    EXPECT_NEAR(got[i], want[i], 1.0e-4F * std::max(1.0F, std::abs(want[i])))
-        << static_cast<int>(c.kind) << ": " << c.keys << ": " << kFields[i].name;
-}
-
 void ExpectAll(std::span<const KeyCase> cases, bool with_clock = false) {
   PlotView v{std::string(kSample)};
   for (const KeyCase& c : cases) {
     Renew(v, c.kind);
     v.session.plot_session.run_sync = with_clock;
-    const std::vector<float> before = ValuesOf(v.session);
+    const std::vector<float> before = PlotValues(v.session);
     Press(v.session, c.keys);
-    ExpectChanges(c, before, ValuesOf(v.session));
+    ExpectPlotValues(c.changes, before, PlotValues(v.session), c.keys);
     EXPECT_TRUE(*c.changes != '\0' || !v.session.run.redraw) << c.keys;
     EXPECT_EQ(v.fake.output, c.said) << c.keys;
   }
@@ -147,7 +80,7 @@ TEST(DataPlotKeys, LooksAreCycledToggledAndScaled) {
       {kHistory, "m M M M", "mark 1000 base 1000"}, {kHistory, "M M M M", "base 1"}, {kLoads, "m ^M", "mark 0"},
       {kHistory, "m S-m", "mark 0"},  // with caps lock
       {kHistory, "t", "thick 0.04"}, {kHistory, "t t", "thick 0.08"}, {kHistory, "t t t", "thick 0"},
-      {kHistory, "T", "mode 2"}, {kHistory, "T T T T", "mode 0"},
+      {kHistory, "T", "mode 2 texts 1101"}, {kHistory, "T T T T", "mode 0 texts 0"},
       {kHistory, "^r", "background 1"},
       {kHistory, "^p ^p ^P", "stats 2 place 1"}, {kHistory, "^p ^p ^p ^p ^p ^P ^P ^P", "stats 0 place 0"},
       {kBars, "^p", "overlay 1"}, {kBars, "^p ^p ^p ^p ^p ^p", "overlay 0"},
