@@ -123,9 +123,11 @@ int SetCamera(OptionCall& option) {
 }
 
 int SetRadius(OptionCall& option) {
-  const int status = SetCamera<kRadius, &Camera::view_radius>(option);
-  if (status == kScriptOk) option.view.own_radius = true;
-  return status;
+  float value = 0;
+  if (const int status = ReadLimited(option.call, option.word, kRadius, value); status != kScriptOk) return status;
+  TakeRadius(option.view, static_cast<double>(value));
+  option.view.space_fit = {};
+  return kScriptOk;
 }
 
 int SetThickness(OptionCall& option) {

@@ -144,9 +144,12 @@ void TopRender(Session& session, bool force) {
   else if (run.plot_module == PlotModule::none) LeaveForDialogue(session);
   gksWindowShow(session.gks);
   if (force) run.redraw = true;
+  const bool reversed = session.gks.window.reverse_video;
   if (const View* view = ViewOf(session)) view->render(session);
+  if (reversed != session.gks.window.reverse_video) gksMenuRefresh(session.menus.kit, 0);
   if (run.exit_requested) zaviewexit(session, run.exit_status);
   if (run.plot_module == PlotModule::none) return GiveUpView(session);
+  if (!session.plot_session.run_on) RefreshMenus(session);  // what is fitted is known now
   if (session.plot_session.menu_pending) gksIdleOn(session.platform, session.gks);
 }
 

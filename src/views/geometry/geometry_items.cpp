@@ -79,11 +79,25 @@ std::vector<ShownAppendage> AppendagesOf(const GeometryViewState& view, const Co
   return appendages;
 }
 
-std::vector<std::string> GeometryHeading(const GeometryViewState& view, const Hull& input) {
-  if (!view.show_title) return {};
+std::string ComponentLabel(int component) {
+  return fmt::format("Component {}", component);
+}
+
+Vector3 LabelPlace(const Hull& input, int component) {
+  if (!IsMesh(input, component)) {
+    const HullSurface& surface = input.surfaces[static_cast<std::size_t>(component - 1)];
+    return surface.at((surface.KSTA + 1) / 2, (surface.KWL + 1) / 2);
+  }
+  const HullBox box = BoxOf(input, component, false);
+  return {0.5 * (box.low[0] + box.high[0]), box.high[1], 0.5 * (box.low[2] + box.high[2])};
+}
+
+std::vector<std::string> GeometryHeading(const GeometryViewState& view, const Hull& input, std::string_view file) {
   std::vector<std::string> lines;
-  lines.emplace_back(ShowsMeshOnly(view, input) ? kMeshTitle : kTitles[static_cast<std::size_t>(view.geo_draw)]);
-  if (view.geo_component > 0) lines.push_back(fmt::format("Component {}", view.geo_component));
+  const auto drawn = static_cast<std::size_t>(view.show_mode ? view.geo_draw : GeometryLines::both);
+  if (view.show_title) lines.emplace_back(ShowsMeshOnly(view, input) ? kMeshTitle : kTitles[drawn]);
+  if (view.show_title && view.show_mode && view.geo_component > 0) lines.push_back(ComponentLabel(view.geo_component));
+  if (view.show_file && !file.empty()) lines.emplace_back(file);
   return lines;
 }
 

@@ -17,6 +17,7 @@ namespace zaview {
 
 inline constexpr std::string_view kGeometryPopup[] = {"Options Menu", "Help"};
 inline constexpr float kGeometryMargin = 0.15F;  // page units to the edge of the page
+inline constexpr AxesLength kGeometryArea{9.0F, 6.6F};  // of the plane view; page units
 inline constexpr int kNormalColour = 2, kAppendageColour = 8;
 
 // The hull of the case; nothing where there is none.
@@ -42,8 +43,12 @@ struct ShownAppendage {
 };
 [[nodiscard]] std::vector<ShownAppendage> AppendagesOf(const GeometryViewState& view, const ControlRecords& control);
 
+[[nodiscard]] Vector3 LabelPlace(const Hull& input, int component);  // about in its middle
+[[nodiscard]] std::string ComponentLabel(int component);
+
 // Lines of the heading, and of the notes.
-[[nodiscard]] std::vector<std::string> GeometryHeading(const GeometryViewState& view, const Hull& input);
+[[nodiscard]] std::vector<std::string> GeometryHeading(const GeometryViewState& view, const Hull& input,
+                                                       std::string_view file);
 [[nodiscard]] std::vector<PageNote> GeometryNotes(const GeometryViewState& view, const Hull& input,
                                                   const std::vector<PointGroup>& groups);
 

@@ -4,6 +4,7 @@
 
 #include "base/message.h"
 #include "views/geometry/geometry_items.h"
+#include "views/geometry/geometry_switches.h"
 #include "views/geometry/geometry_view.h"
 #include "views/state/axes_limits.h"
 #include "views/state/geometry_settings.h"
@@ -12,14 +13,7 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kByIndex = "Components now colored by index";
-constexpr std::string_view kByType = "Components now colored by type";
-constexpr std::string_view kAllSame = "Components colored the same";
-constexpr std::string_view kNoNormals = "NOTE: surface normals not available for unstructured geometry";
-constexpr std::string_view kNormals = "NOTE: ZAVO surface normals should point INTO body";
 constexpr std::string_view kGreyBacks = "NOTE: Panel sides facing away from fluid domain are colored grey";
-constexpr std::string_view kBuffered = " Z-buffering is ENABLED for wireframe plots";
-constexpr std::string_view kNotBuffered = " Z-buffering is DISABLED for wireframe plots";
 
 constexpr KeyScope kPlane = 1U, kSpace = 2U, kBoth = kAlways;
 constexpr float kTextFactor = 1.1F, kLeastText = 0.02F, kMostText = 1.0F;
@@ -103,30 +97,13 @@ bool BackOut(Session& s) {
 template <auto verb>
 bool Colour(Session& s) {
   verb(Of(s));
-  constexpr std::string_view kSaid[] = {kAllSame, kByIndex, kByType};
-  SayLine(s.platform.console, kSaid[static_cast<std::size_t>(Of(s).geo_colour_by)]);
+  SayColouring(s);
   return true;
-}
-
-bool SwitchNormals(Session& s) {
-  GeometryViewState& view = Of(s);
-  const Hull input = ShownHull(s.case_store);
-  const bool structured = !input.surfaces.empty() && !IsMesh(input, view.geo_component);
-  if (!structured && ComponentCount(input) > 0) return SayLine(s.platform.console, kNoNormals), false;
-  if (!view.normals_told) SayLine(s.platform.console, kNormals);
-  view.normals_told = true;
-  return Toggle<&GeometryViewState::geo_normals>(s);
 }
 
 bool SwitchBacks(Session& s) {
   Toggle<&GeometryViewState::geo_backface>(s);
   if (Of(s).geo_backface) SayLine(s.platform.console, kGreyBacks);
-  return true;
-}
-
-bool SwitchBuffer(Session& s) {
-  Toggle<&GeometryViewState::zbuffer_wire>(s);
-  SayLine(s.platform.console, Of(s).zbuffer_wire ? kBuffered : kNotBuffered);
   return true;
 }
 

@@ -22,7 +22,6 @@ namespace zaview {
 namespace {
 
 constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
-constexpr AxesLength kArea{9.0F, 6.6F};
 constexpr float kAround = 0.03F;  // of the extent stays free about the hull
 constexpr int kDot = 15;          // marker of points
 constexpr float kDotSize = 0.4F;
@@ -57,8 +56,8 @@ PlotLimits FittedLimits(const GeometryViewState& view, const Hull& input, Plane 
   const PlotPoint low = plane.of(box.low), high = plane.of(box.high);
   const float around = kAround * std::max(high.x - low.x, high.y - low.y);
   PlotLimits limits{low.x - around, 0, high.x + around, low.y - around, 0, high.y + around};
-  RoundX(limits, kArea.x);
-  RoundY(limits, kArea.y);
+  RoundX(limits, kGeometryArea.x);
+  RoundY(limits, kGeometryArea.y);
   return limits;
 }
 
@@ -207,6 +206,12 @@ void DrawLabel(const Drawing& d, const std::string& text, PlotPoint at) {
   PageText(d.draw, text, x, y, h, TextSide::left);
 }
 
+void LabelComponents(const Drawing& d) {
+  if (!d.view.geo_component_labels) return;
+  for (int component = 1; component <= ComponentCount(d.input); ++component)
+    if (IsShown(d.view, component)) DrawLabel(d, ComponentLabel(component), d.plane.of(LabelPlace(d.input, component)));
+}
+
 void DrawAppendages(const Drawing& d, const ControlRecords& control) {
   for (const ShownAppendage& appendage : AppendagesOf(d.view, control)) {
     Points points;
@@ -266,7 +271,7 @@ void GeoRender2D(Session& session) {
   SetLegibleColours(draw);
   dgNoFrame(draw);
   dgPage(draw, kPageWidth, kPageHeight);
-  dgArea(draw, kArea.x, kArea.y);
+  dgArea(draw, kGeometryArea.x, kGeometryArea.y);
   dgCharHeight(draw, view.annot_size);
   const Hull input = ShownHull(session.case_store);
   const ControlRecords& control = session.case_store.control;
@@ -275,7 +280,7 @@ void GeoRender2D(Session& session) {
   dgYName(draw, kNames[plane.v]);
   const std::vector<PointGroup> groups = PointGroupsOf(view, control);
   const std::vector<PageNote> notes = GeometryNotes(view, input, groups);
-  const std::vector<std::string> heading = GeometryHeading(view, input);
+  const std::vector<std::string> heading = GeometryHeading(view, input, session.case_store.file_name);
   const NotesPlace place = PlaceOfNotes(draw, notes, view.annot_size, view.annot_size);
   MakeRoom(draw, heading.size(), place.columns > 0 ? place.depth : 0.0F);
   UpdateLimits(input, plane, session.page, view);
@@ -288,6 +293,8 @@ void GeoRender2D(Session& session) {
   DrawNormals(drawing);
   DrawAppendages(drawing, control);
   dgThickness(draw, 0);
+  dgColour(draw, 1);
+  LabelComponents(drawing);
   DrawPoints(drawing, groups);
   dgColour(draw, 1);
   PageNotes(draw, notes, place);

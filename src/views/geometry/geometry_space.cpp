@@ -28,7 +28,7 @@ constexpr float kDotSize = 0.4F;
 
 // Pens of this view, behind those of the palette. Faces: the palette as it is before lines are made legible, and two of
 // their own; then the edges of each, darker.
-constexpr int kPalette = 15, kFirstFace = 20, kBackPen = 36, kHullPen = 37, kEdges = 20, kGridPen = 58;
+constexpr int kPalette = 15, kFirstFace = 20, kBackPen = 36, kHullPen = 37, kEdges = 20, kGridPen = 58, kPaperPen = 59;
 constexpr GksColour kBack{0.5F, 0.5F, 0.5F}, kHull{0.45F, 0.62F, 0.78F}, kGrid{0.5F, 0.5F, 0.5F};
 constexpr float kEdgePart = 0.35F;  // of the colour of the face
 
@@ -63,6 +63,11 @@ int Wrapped(int colour) {  // into the palette, as pens are
   return (colour - 2) % (kPalette - 1) + 2;
 }
 
+int EdgePen(const Scene& scene, int face) {
+  if (scene.view.outline_ink == OutlineInk::foreground) return 1;
+  return scene.view.outline_ink == OutlineInk::background ? kPaperPen : face + kEdges;
+}
+
 int FacePen(const Scene& scene, const HullCell& cell, int component, std::span<const ScenePoint> ring) {
   if (scene.view.geo_backface && ShowsInside(scene, cell, ring)) return -kBackPen;
   const int colour = ColourOf(scene.view, scene.input, component);
@@ -89,7 +94,7 @@ void AddCell(const Scene& scene, const HullCell& cell, int component, bool mirro
   const bool by_lines = cell.component > 0 && view.geo_draw != GeometryLines::both;
   const bool outlined = !view.geo_solid || view.geo_outline;
   zb3dPen(scene.draw, view.geo_solid ? FacePen(scene, cell, component, ring) : ColourOf(view, scene.input, component));
-  const int edge = scene.draw.zb.pen + (view.geo_solid ? kEdges : 0);
+  const int edge = view.geo_solid ? EdgePen(scene, scene.draw.zb.pen) : scene.draw.zb.pen;
   if (view.geo_solid || view.zbuffer_wire) {
     const ZbFill fill = view.geo_solid ? ZbFill::shaded : ZbFill::paper;
     zb3dPolygon(scene.draw, ring, fill, outlined && !by_lines ? edge : 0);
@@ -143,8 +148,10 @@ void AddAppendages(const Scene& scene, const ControlRecords& control) {
   for (const ShownAppendage& appendage : AppendagesOf(scene.view, control)) {
     std::array<ScenePoint, 4> ring;
     for (std::size_t i = 0; i < ring.size(); ++i) ring[i] = At(appendage.corner[i]);
-    zb3dPen(scene.draw, scene.view.geo_solid ? -(kFirstFace + kAppendageColour) : kAppendageColour);
-    if (scene.view.geo_solid) zb3dPolygon(scene.draw, ring, ZbFill::shaded, kEdges + scene.draw.zb.pen);
+    const bool solid = scene.view.geo_solid && scene.view.appendages_solid;
+    zb3dPen(scene.draw, solid ? -(kFirstFace + kAppendageColour) : kAppendageColour);
+    if (solid) zb3dPolygon(scene.draw, ring, ZbFill::shaded, kEdges + scene.draw.zb.pen);
+    else if (scene.view.geo_solid) zb3dLine(scene.draw, ring, true);
     else if (scene.view.zbuffer_wire) zb3dPolygon(scene.draw, ring, ZbFill::paper, scene.draw.zb.pen);
     else zb3dLine(scene.draw, ring, true);
     if (!scene.view.geo_appendage_labels) continue;
@@ -153,6 +160,16 @@ void AddAppendages(const Scene& scene, const ControlRecords& control) {
     zb3dText(scene.draw, appendage.label, ring[2]);
     zb3dOnTop(scene.draw, false);
   }
+}
+
+void LabelComponents(const Scene& scene) {
+  if (!scene.view.geo_component_labels) return;
+  zb3dPen(scene.draw, 1);
+  zb3dOnTop(scene.draw, true);
+  for (int component = 1; component <= ComponentCount(scene.input); ++component)
+    if (IsShown(scene.view, component))
+      zb3dText(scene.draw, ComponentLabel(component), At(LabelPlace(scene.input, component)));
+  zb3dOnTop(scene.draw, false);
 }
 
 // They can be inside of the hull.
@@ -226,10 +243,11 @@ void FitBox(const Scene& scene, bool keep_radius, bool keep_centre, Camera& came
 }
 
 // ---- Texts, on the page
-void DrawTexts(const GeometryViewState& view, const Hull& input, const std::vector<PageNote>& notes, PlotDraw draw) {
+void DrawTexts(const GeometryViewState& view, const std::vector<std::string>& heading,
+               const std::vector<PageNote>& notes, PlotDraw draw) {
   const float h = view.annot_size, pitch = LinePitch(draw, h);
   float y = draw.page.page_height - kGeometryMargin;
-  for (const std::string& line : GeometryHeading(view, input))
+  for (const std::string& line : heading)
     PageText(draw, line, 0.5F * draw.page.page_width, y -= pitch, h, TextSide::centre);
   if (!notes.empty()) {
     const NotesSize size = SizeOfNotes(draw, notes, h);
@@ -252,6 +270,7 @@ void SetPens(ZbDraw draw) {
     ZB3DPENSET(draw, kEdges + face, {kEdgePart * c.red, kEdgePart * c.green, kEdgePart * c.blue});
   }
   ZB3DPENSET(draw, kGridPen, kGrid);
+  ZB3DPENSET(draw, kPaperPen, colour_of(0));
 }
 
 }  // namespace
@@ -296,6 +315,7 @@ void GeoRender3D(Session& session) {
   AddHull(scene);
   AddAppendages(scene, control);
   AddPoints(scene, groups);
+  LabelComponents(scene);
   zb3dFindable(draw);
   AddNormals(scene);
   AddDots(scene);
@@ -309,7 +329,7 @@ void GeoRender3D(Session& session) {
   DrawFrameInFront(frame);
   dgThickness(page, 0);
   dgColour(page, 1);
-  DrawTexts(view, input, GeometryNotes(view, input, groups), page);
+  DrawTexts(view, GeometryHeading(view, input, session.case_store.file_name), GeometryNotes(view, input, groups), page);
   DrawPopup(view.axes.popup, kGeometryPopup, page);
   dgSelectGraf(page, 0);  // clicks come on the page
   (void)dgFrame(page, -3);

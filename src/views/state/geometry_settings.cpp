@@ -54,6 +54,26 @@ bool SwitchPoints(GeometryViewState& view, const ControlRecords& control) {
   return true;
 }
 
+bool SwitchLines(GeometryViewState& view, GeometryLines only) {
+  view.geo_draw = view.geo_draw == only ? GeometryLines::both : only;
+  return true;
+}
+
+bool SwitchMarks(GeometryViewState& view, PointMarks marks) {
+  view.geo_mark_points = view.geo_mark_points == marks ? PointMarks::none : marks;
+  return true;
+}
+
+bool SwitchOutlineInk(GeometryViewState& view, OutlineInk ink) {
+  view.outline_ink = view.outline_ink == ink ? OutlineInk::darker : ink;
+  return true;
+}
+
+bool SwitchSpaceAxes(GeometryViewState& view, SpaceAxes axes) {
+  view.space_axes = view.space_axes == axes ? SpaceAxes::none : axes;
+  return true;
+}
+
 bool FitPlotted(GeometryViewState& view) {
   if (!view.geo_3d) return ForgetLimits(view.axes);
   view.own_radius = view.own_centre = false;
@@ -77,6 +97,18 @@ bool MoveCentre(GeometryViewState& view, ScenePoint parts) {
   const double R = view.view.view_radius;
   c = {c.x + R * parts.x, c.y + R * parts.y, c.z + R * parts.z};
   return KeepSpaceView(view);
+}
+
+bool TakeCentre(GeometryViewState& view, double ScenePoint::*coordinate, double value) {
+  view.view.view_centre.*coordinate = value;
+  return KeepSpaceView(view);
+}
+
+bool TakeRadius(GeometryViewState& view, double radius) {
+  if (!(radius > 0)) return false;
+  view.view.view_radius = radius;
+  view.own_radius = true;
+  return true;
 }
 
 bool TurnEye(GeometryViewState& view, double azimuth, double elevation) {

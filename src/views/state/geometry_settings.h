@@ -19,6 +19,11 @@ bool SwitchColouring(GeometryViewState& view);  // by component, or by type
 // Weights and both kinds of cuts: off, or all that the case has.
 bool SwitchPoints(GeometryViewState& view, const ControlRecords& control);
 
+bool SwitchLines(GeometryViewState& view, GeometryLines only);  // these only, or both again
+bool SwitchMarks(GeometryViewState& view, PointMarks marks);    // these, or none again
+bool SwitchOutlineInk(GeometryViewState& view, OutlineInk ink);
+bool SwitchSpaceAxes(GeometryViewState& view, SpaceAxes axes);
+
 bool FitPlotted(GeometryViewState& view);  // limits, or the view in space, at the next display
 
 // ---- The view in space
@@ -26,6 +31,8 @@ inline constexpr double kSpaceZoom = 1.414, kSpaceTurn = 5.0, kSpaceWidthStep = 
 bool KeepSpaceView(GeometryViewState& view);                 // as it stands: it is fitted to nothing any more
 bool ZoomSpace(GeometryViewState& view, double factor);      // of the radius
 bool MoveCentre(GeometryViewState& view, ScenePoint parts);  // by parts of the radius, along the axes
+bool TakeCentre(GeometryViewState& view, double ScenePoint::*coordinate, double value);
+bool TakeRadius(GeometryViewState& view, double radius);                  // false: not above 0
 bool TurnEye(GeometryViewState& view, double azimuth, double elevation);  // degrees more
 bool WidenView(GeometryViewState& view, double degrees);
 

@@ -13,6 +13,7 @@ enum class GeometryPlane : std::uint8_t { x_y, x_z, y_z };
 enum class GeometryLines : std::uint8_t { both, stations, waterlines };
 enum class GeometryColour : std::uint8_t { same, by_component, by_type };
 enum class PointMarks : std::uint8_t { none, with_lines, alone };
+enum class OutlineInk : std::uint8_t { darker, foreground, background };  // of faces: darker than they are
 enum class SpaceAxes : std::uint8_t { none, lines, numbered_lines, box, box_with_grid };
 
 // What limits and views that the user hasn't chosen were fitted to: another one, and they are fitted anew.
@@ -33,8 +34,8 @@ struct GeometryViewState {
   bool geo_normals = false, geo_mark_cg = false;
   PointMarks geo_mark_points = PointMarks::none;
   bool geo_weight_points = false, geo_x_cuts = false, geo_y_cuts = false, geo_load_numbers = false;
-  bool geo_appendages = true, geo_appendage_labels = false;
-  bool show_title = true;
+  bool geo_appendages = true, geo_appendage_labels = false, geo_component_labels = false;
+  bool show_title = true, show_file = false, show_mode = true;  // mode: which lines and component, with the title
   float mark_size = 1, line_thickness = 0;
   float annot_size = 0.14F;  // page units
 
@@ -48,6 +49,8 @@ struct GeometryViewState {
 
   // In space.
   bool geo_solid = true, geo_outline = true, geo_shading = true, geo_backface = false, zbuffer_wire = true;
+  bool appendages_solid = true;  // where the hull is
+  OutlineInk outline_ink = OutlineInk::darker;
   SpaceAxes space_axes = SpaceAxes::none;
   Camera view{{}, 45, 30, 30, 0, false};        // to be measured: not in perspective
   bool own_radius = false, own_centre = false;  // chosen by the user, else fitted

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "unit/views/geometry_fields.h"
 #include "unit/views/geometry_picture.h"
 #include "views/frame/session_keys.h"
 #include "views/state/geometry_settings.h"
@@ -13,47 +14,7 @@
 namespace zaview {
 namespace {
 
-// ---- Keys. Fields by name; as numbers.
-struct Field {
-  std::string_view name;
-  double (*value)(const GeometryViewState& v);
-};
-template <auto GeometryViewState::*field>
-double Of(const GeometryViewState& v) {
-  return static_cast<double>(v.*field);
-}
-template <double Camera::*field>
-double OfEye(const GeometryViewState& v) {
-  return v.view.*field;
-}
-using View = GeometryViewState;
-// clang-format off
-constexpr Field kFields[] = {
-    {"space", Of<&View::geo_3d>}, {"plane", Of<&View::geo_plane>}, {"component", Of<&View::geo_component>},
-    {"lines", Of<&View::geo_draw>}, {"mirror", Of<&View::geo_mirror>}, {"colour", Of<&View::geo_colour_by>},
-    {"normals", Of<&View::geo_normals>}, {"cg", Of<&View::geo_mark_cg>}, {"marks", Of<&View::geo_mark_points>},
-    {"weights", Of<&View::geo_weight_points>}, {"x_cuts", Of<&View::geo_x_cuts>}, {"y_cuts", Of<&View::geo_y_cuts>},
-    {"numbers", Of<&View::geo_load_numbers>}, {"fins", Of<&View::geo_appendages>}, {"labels", Of<&View::geo_appendage_labels>},
-    {"title", Of<&View::show_title>}, {"size", Of<&View::mark_size>}, {"thick", Of<&View::line_thickness>},
-    {"annot", Of<&View::annot_size>}, {"axis", Of<&View::axis_option>}, {"frame", Of<&View::space_axes>},
-    {"solid", Of<&View::geo_solid>}, {"outline", Of<&View::geo_outline>}, {"shade", Of<&View::geo_shading>},
-    {"backs", Of<&View::geo_backface>}, {"sorted", Of<&View::zbuffer_wire>},
-    {"perspective", [](const View& v) { return v.view.perspective ? 1.0 : 0.0; }},
-    {"radius", OfEye<&Camera::view_radius>}, {"azimuth", OfEye<&Camera::view_azimuth>},
-    {"elevation", OfEye<&Camera::view_elevation>}, {"width", OfEye<&Camera::view_width>},
-    {"cx", [](const View& v) { return v.view.view_centre.x; }}, {"cy", [](const View& v) { return v.view.view_centre.y; }},
-    {"cz", [](const View& v) { return v.view.view_centre.z; }},
-    {"use", [](const View& v) { return static_cast<double>(v.axes.use); }},
-    {"x0", [](const View& v) { return static_cast<double>(v.axes.limits.x_min); }},
-    {"dx", [](const View& v) { return static_cast<double>(v.axes.limits.x_step); }},
-    {"x1", [](const View& v) { return static_cast<double>(v.axes.limits.x_max); }},
-    {"y0", [](const View& v) { return static_cast<double>(v.axes.limits.y_min); }},
-    {"dy", [](const View& v) { return static_cast<double>(v.axes.limits.y_step); }},
-    {"y1", [](const View& v) { return static_cast<double>(v.axes.limits.y_max); }},
-    {"fitted_x0", [](const View& v) { return static_cast<double>(v.axes.fitted.x_min); }},
-};
-// clang-format on
-
+// ---- Keys
 struct KeyCase {
   bool space;
   const char *keys, *changes;  // "name value ..": the others stay as they are; blank: not even a picture is asked for
@@ -74,9 +35,9 @@ void Renew(GeometryPicture& v, bool space) {
 }
 
 void ExpectChanges(const KeyCase& c, std::vector<double> want, const View& view) {
-  TakeChanges(kFields, c.changes, want);
+  TakeChanges(kGeometryFields, c.changes, want);
   for (std::size_t i = 0; i < want.size(); ++i)
-    EXPECT_NEAR(kFields[i].value(view), want[i], 1e-4) << c.space << ": " << c.keys << ": " << kFields[i].name;
+    EXPECT_NEAR(kGeometryFields[i].value(view), want[i], 1e-4) << c.space << ": " << c.keys << ": " << kGeometryFields[i].name;
 }
 
 constexpr bool kPlane = false, kSpace = true;
@@ -126,7 +87,7 @@ TEST(GeometryKeys, ChangeTheViewsAndSayWhatThePanelsAre) {
   for (const KeyCase& c : kCases) {
     Renew(v, c.space);
     std::vector<double> before;
-    for (const Field& field : kFields) before.push_back(field.value(v.view()));
+    for (const GeometryField& field : kGeometryFields) before.push_back(field.value(v.view()));
     Press(v.session, c.keys);
     ExpectChanges(c, before, v.view());
     EXPECT_EQ(v.session.run.redraw, *c.changes != '\0') << c.keys;

@@ -89,12 +89,11 @@ struct MenuView : Views {
     PressAt(im, placed.items[static_cast<std::size_t>(place.item + offset) - 1], part_of_height);
   }
   void Type(int im, const ItemAt& at, std::string_view text) {
-    constexpr int kBackspace = 8, kEnter = 13;
+    constexpr int kSelectAll = 1, kEnter = 13;
     Press(im, at);
     std::vector<FedEvent> keys;
     const auto add = [&](int key) { keys.push_back({FedEvent::Kind::key, WindowOf(im), key, 0}); };
-    add(kKeyEnd);
-    for (std::size_t i = session.menus.kit.type_in.buffer.size(); i > 0; --i) add(kBackspace);
+    add(kSelectAll);
     for (const char letter : text) add(letter);
     add(kEnter);
     Do(keys);

@@ -22,7 +22,7 @@ inline double Fitting(const Session& s) {
   return 1.1 * 0.5 * Length(s) / std::sin(s.motion_view.view.view_width / 360.0 * std::numbers::pi);
 }
 
-struct Field {
+struct MotionField {
   std::string_view name;
   double (*value)(const Session& s);
 };
@@ -47,7 +47,7 @@ double Graph(const Session& s) {
   return static_cast<double>(s.motion_view.graphs[graph].*field);
 }
 // clang-format off
-inline constexpr Field kFields[] = {
+inline constexpr MotionField kMotionFields[] = {
     {"azimuth", Eye<&Camera::view_azimuth>}, {"elevation", Eye<&Camera::view_elevation>},
     {"aperture", Eye<&Camera::view_width>}, {"perspective", Eye<&Camera::perspective>},
     {"radius", [](const Session& s) { return s.motion_view.view.view_radius / Fitting(s); }},
@@ -87,13 +87,13 @@ inline constexpr Field kFields[] = {
 
 inline std::vector<double> FieldsOf(const Session& s) {
   std::vector<double> values;
-  for (const Field& field : kFields) values.push_back(field.value(s));
+  for (const MotionField& field : kMotionFields) values.push_back(field.value(s));
   return values;
 }
 
 inline void ExpectFields(const std::vector<double>& got, const std::vector<double>& want, std::string_view which) {
   for (std::size_t i = 0; i < want.size(); ++i)
-    EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i]))) << which << ": " << kFields[i].name;
+    EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i]))) << which << ": " << kMotionFields[i].name;
 }
 
 }  // namespace zaview

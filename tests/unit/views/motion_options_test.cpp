@@ -92,7 +92,7 @@ TEST(MotionOptions, EachItemSetsItsOwn) {
   MotionMenu v;
   for (const ItemCase& c : kItems) {
     std::vector<double> want = FieldsOf(v.session);
-    TakeChanges(kFields, c.changes, want);
+    TakeChanges(kMotionFields, c.changes, want);
     MotionMenu::Drawn() = 0;
     v.fake.output.clear();
     v.Use(c.at, c.typed);

@@ -96,7 +96,7 @@ TEST(TimeStepMenu, EachItemSetsItsOwn) {
   StepMenu v;
   for (const StepCase& c : kItems) {
     std::vector<double> want = FieldsOf(v.session);
-    TakeChanges(kFields, c.changes, want);
+    TakeChanges(kMotionFields, c.changes, want);
     v.fake.output.clear();
     if (*c.typed == '\0') v.Press(v.Menu(), {"", c.text});
     else if (std::string_view(c.typed) == "up") v.Arrow(v.Menu(), {"", c.text}, true);
