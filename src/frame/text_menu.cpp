@@ -202,7 +202,7 @@ void SensorView(Session& s) {
 void Crane(Session& s) {
   CraneRun run;
   AskCrane({s.platform, s.output, s.case_store}, run);
-  if (!run.moments.empty()) KeepResult(s.data_plot, CranePlot(s.output, run));
+  if (!run.steps.empty()) KeepResult(s.data_plot, CranePlot(s.output, run));
 }
 
 // Of a run in the frequency domain the option has another name and other work.

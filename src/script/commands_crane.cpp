@@ -42,7 +42,7 @@ int RunCraneAndCargo(ScriptCall& call) {
   CraneRun run;
   const CraneWork work{session.platform, session.output, session.case_store};
   const bool written = RunCrane(work, input, name, {&motions, &geometry}, run);
-  if (!run.moments.empty()) KeepResult(session.data_plot, CranePlot(session.output, run));
+  if (!run.steps.empty()) KeepResult(session.data_plot, CranePlot(session.output, run));
   return written ? kScriptOk : kScriptFailed;
 }
 

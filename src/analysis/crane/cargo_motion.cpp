@@ -61,7 +61,7 @@ struct CargoRate {
   std::array<double, kMaxCables> tension{};
 };
 
-struct Moments {  // what acts on the cargo but for the tensions
+struct Loads {  // what acts on the cargo but for the tensions
   Rotation Q{};
   std::array<Cable, kMaxCables> cables{};
   Vector3 force{};   // over m, earth axes
@@ -79,8 +79,8 @@ Vector3 SwingDamping(const CraneModel& m, const CargoState& cargo, const Cable& 
   return NormalTo(cable.e, {-2 * w * m.z[0] * v[0], -2 * w * m.z[1] * v[1], 0});
 }
 
-Moments MomentsOn(const CraneModel& m, const CargoState& cargo, const Tips& tips, double L0) {
-  Moments on;
+Loads LoadsOn(const CraneModel& m, const CargoState& cargo, const Tips& tips, double L0) {
+  Loads on;
   on.Q = TurnOf(cargo.turn);
   const EndMotion end = EndOf(m, cargo, on.Q);
   on.force = {0, 0, -m.gravity};
@@ -99,7 +99,7 @@ Moments MomentsOn(const CraneModel& m, const CargoState& cargo, const Tips& tips
 }
 
 // That which keeps l'' = L0'', by the mass that the cable feels at its end.
-double RigidTension(const CraneModel& m, const CargoState& cargo, const Moments& on, const PointMotion& tip,
+double RigidTension(const CraneModel& m, const CargoState& cargo, const Loads& on, const PointMotion& tip,
                     double L0_change) {
   const Cable& cable = on.cables[0];
   const Vector3 vn = NormalTo(cable.e, cable.velocity);
@@ -120,7 +120,7 @@ std::array<double, 4> TurnRate(const std::array<double, 4>& q, const Vector3& w)
 }
 
 CargoRate RateOf(const CraneModel& m, const CargoState& cargo, const Tips& tips, const CraneAxis& L0, bool taut) {
-  Moments on = MomentsOn(m, cargo, tips, L0.value);
+  Loads on = LoadsOn(m, cargo, tips, L0.value);
   CargoRate rate;
   rate.cg = cargo.velocity;
   for (std::size_t b = 0; b < m.cables; ++b) {
@@ -363,20 +363,20 @@ CraneFault AdvanceCrane(const CraneModel& model, const ShipMotion& from, const S
   return CraneFault::none;
 }
 
-CraneMoment MomentOf(const CraneModel& model, const ShipMotion& ship, const CraneState& state) {
+CraneSnapshot SnapshotOf(const CraneModel& model, const ShipMotion& ship, const CraneState& state) {
   const Tips tips = TipsAt(model, ship, state);
-  CraneMoment moment;
-  moment.Q = TurnOf(state.cargo.turn);
-  moment.end = EndOf(model, state.cargo, moment.Q).place;
+  CraneSnapshot at;
+  at.Q = TurnOf(state.cargo.turn);
+  at.end = EndOf(model, state.cargo, at.Q).place;
   for (std::size_t b = 0; b < model.cables; ++b) {
-    moment.base[b] = Plus(ship.cg, ToGlobal(ship.R, model.booms[b].base));
-    moment.tip[b] = tips[b].place;
+    at.base[b] = Plus(ship.cg, ToGlobal(ship.R, model.booms[b].base));
+    at.tip[b] = tips[b].place;
   }
-  moment.slew = state.slew.value;
-  moment.luff = state.luff.value;
-  moment.length = state.length.value;
-  moment.tension = RateOf(model, state.cargo, tips, state.length, state.taut).tension;
-  return moment;
+  at.slew = state.slew.value;
+  at.luff = state.luff.value;
+  at.length = state.length.value;
+  at.tension = RateOf(model, state.cargo, tips, state.length, state.taut).tension;
+  return at;
 }
 
 Rotation TurnOf(const std::array<double, 4>& q) {

@@ -63,7 +63,7 @@ struct CraneState {
   bool taut = true;              // of a rigid cable
 };
 
-struct CraneMoment {  // of a step
+struct CraneSnapshot {  // of a step
   std::array<Vector3, kMaxCables> base{}, tip{};
   Vector3 end{};  // x
   Rotation Q{};   // cargo to earth
@@ -88,7 +88,7 @@ inline constexpr int kMostSubSteps = 20000;
 // On from one step to the next. Commands are followed sub-step by sub-step, tips go by MotionBetween.
 [[nodiscard]] CraneFault AdvanceCrane(const CraneModel& model, const ShipMotion& from, const ShipMotion& to,
                                       CraneState& state);
-[[nodiscard]] CraneMoment MomentOf(const CraneModel& model, const ShipMotion& ship, const CraneState& state);
+[[nodiscard]] CraneSnapshot SnapshotOf(const CraneModel& model, const ShipMotion& ship, const CraneState& state);
 
 [[nodiscard]] Rotation TurnOf(const std::array<double, 4>& quaternion);
 [[nodiscard]] std::array<double, 4> QuaternionOf(const Vector3& euler);

@@ -23,11 +23,11 @@ struct CraneFiles {  // open; null: not wanted
 // Reads the model and echoes it. False: told.
 [[nodiscard]] bool TakeCraneInput(const Platform& platform, const std::string& name, CraneInput& input);
 
-// Reports, simulates and writes. Files are closed, or discarded if it fails. False: told; run then has no moments.
+// Reports, simulates and writes. Files are closed, or discarded if it fails. False: told; run then has no steps.
 [[nodiscard]] bool RunCrane(const CraneWork& work, const CraneInput& input, const std::string& name, CraneFiles files,
                             CraneRun& run);
 
-// The dialogue: asks for the model's file, then for those of the results. run has moments if it has been simulated.
+// The dialogue: asks for the model's file, then for those of the results. run has steps if it has been simulated.
 void AskCrane(const CraneWork& work, CraneRun& run);
 
 }  // namespace zaview

@@ -120,9 +120,9 @@ std::vector<HullCell> PanelsOf(const Hull& cargo) {
   return panels;
 }
 
-void AppendPanel(std::string& text, const HullCell& panel, const CraneMoment& moment, double L) {
+void AppendPanel(std::string& text, const HullCell& panel, const CraneSnapshot& at, double L) {
   HullCell moved = panel;
-  for (Vector3& p : moved.corner) p = Plus(moment.end, ToGlobal(moment.Q, p));
+  for (Vector3& p : moved.corner) p = Plus(at.end, ToGlobal(at.Q, p));
   AppendPolyline(text, moved.ring(), true, L);
 }
 
@@ -131,16 +131,16 @@ void AppendPanel(std::string& text, const HullCell& panel, const CraneMoment& mo
 ResultPlot MakePlot(const OutputSettings& settings, const CraneRun& run) {
   const OutputScales& scales = settings.units.scales;
   ResultPlot plot;
-  if (run.moments.empty()) return plot;
+  if (run.steps.empty()) return plot;
   std::vector<float> time(run.time);
   for (float& t : time) t *= scales.T;
   const auto curve = [&](std::string name, auto value) {
     ResultCurve made{std::move(name), time, {}};
-    for (const CraneMoment& moment : run.moments) made.y.push_back(static_cast<float>(value(moment)));
+    for (const CraneSnapshot& at : run.steps) made.y.push_back(static_cast<float>(value(at)));
     return made;
   };
-  const auto swing = [](const CraneMoment& moment, std::size_t axis) {
-    const Vector3 r = Minus(moment.end, moment.tip[0]);
+  const auto swing = [](const CraneSnapshot& at, std::size_t axis) {
+    const Vector3 r = Minus(at.end, at.tip[0]);
     return std::atan2(r[axis], -r[2]) * kDegrees;
   };
   plot.title = "Crane and cargo";
@@ -183,14 +183,14 @@ std::string CraneReport(const OutputSettings& settings, const CraneInput& input,
 std::string TensionReport(const OutputSettings& settings, const CraneRun& run) {
   double largest = 0;
   std::size_t at = 0;
-  for (std::size_t i = 0; i < run.moments.size(); ++i) {
-    const auto& tension = run.moments[i].tension;
+  for (std::size_t i = 0; i < run.steps.size(); ++i) {
+    const auto& tension = run.steps[i].tension;
     const double here = *std::max_element(tension.begin(), tension.end());
     if (here <= largest) continue;
     largest = here;
     at = i;
   }
-  if (run.moments.empty()) return {};
+  if (run.steps.empty()) return {};
   const OutputScales& scales = settings.units.scales;
   return fmt::format("Largest tension of a cable      - {} at time {}\n",
                      Shown{static_cast<float>(largest * scales.force[0])}, Shown{run.time[at] * scales.T});
@@ -211,12 +211,12 @@ void WriteCraneMotions(const OutputSettings& settings, const CraneRun& run, Outp
     AppendHeading(text, layout, names);
   }
   const OutputScales& scales = settings.units.scales;
-  for (std::size_t i = 0; i < run.moments.size(); ++i) {
-    const CraneMoment& moment = run.moments[i];
-    const Vector3 hanging = Minus(moment.end, moment.tip[0]), euler = EulerOf(moment.Q);
+  for (std::size_t i = 0; i < run.steps.size(); ++i) {
+    const CraneSnapshot& at = run.steps[i];
+    const Vector3 hanging = Minus(at.end, at.tip[0]), euler = EulerOf(at.Q);
     std::array<float, kColumns> cells{run.time[i] * scales.T};
     for (std::size_t k = 0; k < 3; ++k) {
-      cells[1 + k] = static_cast<float>(LengthOut(moment.tip[0][k], scales.position[0]));
+      cells[1 + k] = static_cast<float>(LengthOut(at.tip[0][k], scales.position[0]));
       cells[4 + k] = static_cast<float>(LengthOut(hanging[k], scales.position[0]));
       cells[7 + k] = static_cast<float>(euler[k] * kDegrees);
     }
@@ -232,13 +232,13 @@ void WriteCraneGeometry(const OutputSettings& settings, const CraneRun& run, Out
   const std::vector<HullCell> panels = PanelsOf(run.cargo);
   std::string text = out.had_text ? "\n" : "";
   text.append(kGeometryTitle).append("\n");
-  for (std::size_t i = 0; i < run.moments.size(); ++i) {
-    const CraneMoment& moment = run.moments[i];
+  for (std::size_t i = 0; i < run.steps.size(); ++i) {
+    const CraneSnapshot& at = run.steps[i];
     fmt::format_to(std::back_inserter(text), "{:.9g} {}\n", run.time[i] * scales.T, run.model.cables + panels.size());
     for (std::size_t b = 0; b < run.model.cables; ++b)
-      AppendPolyline(text, std::array{moment.base[b], moment.tip[b], moment.end}, false, L);
+      AppendPolyline(text, std::array{at.base[b], at.tip[b], at.end}, false, L);
     for (const HullCell& panel : panels) {
-      AppendPanel(text, panel, moment, L);
+      AppendPanel(text, panel, at, L);
       WriteGathered(out, text);
     }
     WriteGathered(out, text);

@@ -183,7 +183,7 @@ CraneFault Advance(ProgressLine& progress, const CaseStore& store, CraneRun& run
   ShipMotion ship = ShipMotionAt(store, step);
   CraneFault fault = StartCrane(run.model, ship, state);
   for (std::size_t at = 0; fault == CraneFault::none; ++at) {
-    run.moments[at] = MomentOf(run.model, ship, state);
+    run.steps[at] = SnapshotOf(run.model, ship, state);
     run.time[at] = store.time.at(1, step);
     if (step == last) return fault;
     if (TakeInterrupt(progress.platform->console)) return CraneFault::interrupted;
@@ -223,7 +223,7 @@ bool PrepareCrane(const Platform& platform, const CraneInput& input, std::string
   const ShipMotion ship = ShipMotionAt(store, store.first_step);
   CraneState state;
   (void)StartCrane(run.model, ship, state);  // lengths in error are the simulation's to tell
-  run.start = MomentOf(run.model, ship, state);
+  run.start = SnapshotOf(run.model, ship, state);
   run.start_velocity = state.cargo.velocity;
   return ReadCargoHull(platform, input, name, store, run.cargo);
 }
@@ -233,9 +233,9 @@ CraneFault SimulateCrane(const Platform& platform, const CaseStore& store, Crane
   int step = store.first_step;
   CraneFault fault = CraneFault::no_memory;
   ProgressLine progress = StartProgress(platform, kSimulating);
-  if (Grow(run.time, steps) && Grow(run.moments, steps)) fault = Advance(progress, store, run, step);
+  if (Grow(run.time, steps) && Grow(run.steps, steps)) fault = Advance(progress, store, run, step);
   EndProgress(progress);
-  if (fault != CraneFault::none) run.moments.clear();
+  if (fault != CraneFault::none) run.steps.clear();
   return SayFault(platform.console, fault, step);
 }
 

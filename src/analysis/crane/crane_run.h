@@ -15,11 +15,11 @@ namespace zaview {
 struct CraneRun {
   CraneModel model;
   Hull cargo;                // about the point where the cables end, cargo axes; empty: none is wanted
-  CraneMoment start;         // at the first step
+  CraneSnapshot start;       // at the first step
   Vector3 start_velocity{};  // of the point where the cables end
   int first_step = 1;
   std::vector<float> time;           // a step each
-  std::vector<CraneMoment> moments;  // a step each; none: not simulated
+  std::vector<CraneSnapshot> steps;  // none: not simulated
 };
 
 [[nodiscard]] CraneModel CraneModelOf(const CraneInput& input, const CaseStore& store);

@@ -103,15 +103,15 @@ TEST(CargoMotion, ABodyKeepsEnergyAndMomentOfMomentum) {
     double energy0 = 0, momentum0 = 0;
     RunCrane(m, 1600, kStill, [&](int i, const CraneState& state) {
       const CargoState& c = state.cargo;
-      const CraneMoment moment = MomentOf(m, Ship(0), state);
+      const CraneSnapshot at = SnapshotOf(m, Ship(0), state);
       Vector3 Iw{};
       for (std::size_t k = 0; k < 3; ++k)
         Iw[k] = m.inertia[k][0] * c.spin[0] + m.inertia[k][1] * c.spin[1] + m.inertia[k][2] * c.spin[2];
-      const double stretch = std::max(0.0, std::hypot(moment.end[0], moment.end[1], moment.end[2]) - m.length);
+      const double stretch = std::max(0.0, std::hypot(at.end[0], at.end[1], at.end[2]) - m.length);
       const double cable = rigid ? 0.0 : m.EA / m.length * stretch * stretch / 2 / m.mass;
       const double energy =
           Energy(m, state) + (Iw[0] * c.spin[0] + Iw[1] * c.spin[1] + Iw[2] * c.spin[2]) / 2 / m.mass + cable;
-      const double momentum = ToGlobal(moment.Q, Iw)[2] + m.mass * Cross(c.cg, c.velocity)[2];
+      const double momentum = ToGlobal(at.Q, Iw)[2] + m.mass * Cross(c.cg, c.velocity)[2];
       if (i == 0) {
         energy0 = energy;
         momentum0 = momentum;
@@ -198,7 +198,7 @@ TEST(CargoMotion, ASlackCableLetsTheCargoFly) {
   RunCrane(m, 40, ship, [&](int i, const CraneState& state) {
     const double t = i * kStep;
     EXPECT_NEAR(state.cargo.cg[2], -15 - 9.81 * t * t / 2, 1e-3) << t;
-    EXPECT_EQ(MomentOf(m, ship(t), state).tension[0], 0) << t;
+    EXPECT_EQ(SnapshotOf(m, ship(t), state).tension[0], 0) << t;
   });
 }
 
@@ -211,8 +211,8 @@ TEST(CargoMotion, TwoCablesShareTheLoad) {
   RunCrane(m, 400, kStill, [&](int i, const CraneState& state) {
     if (i == 0) first = state;
     EXPECT_NEAR(state.cargo.cg[2], first.cargo.cg[2], 1e-6);  // the rest position
-    const CraneMoment moment = MomentOf(m, Ship(0), state);
-    EXPECT_NEAR(moment.tension[0] * 2 * -moment.end[2] / std::hypot(moment.end[2], 3), 20000 * 9.81, 200);
+    const CraneSnapshot at = SnapshotOf(m, Ship(0), state);
+    EXPECT_NEAR(at.tension[0] * 2 * -at.end[2] / std::hypot(at.end[2], 3), 20000 * 9.81, 200);
   });
 }
 
