@@ -296,7 +296,7 @@ constexpr OptionItem kBars[] = {
 constexpr OptionItem kTracks[] = {
     Row("Plot hull waterline every", kTrajectory),
     Integer({}, kHullSpacing, {1}),
-    Label("steps"),
+    Label("steps "),
     Check("Show", PlotFlag<&Plot::show_ship>),
     Row("Size factor", kTrajectory),
     kFirstColumn,

@@ -10,10 +10,10 @@ namespace zaview {
 
 namespace {
 
-constexpr float kTicks = 1.0F;             // a page unit
-constexpr float kWidened = 1.001F;         // so that a step on an entry of the table moves on
-constexpr float kMostTyped = 200.0F;       // increments in a range
-constexpr float kLeastAperture = 1.0e-5F;  // of the range of an axis
+constexpr float kTicks = 1.0F;                           // a page unit
+constexpr float kWidened = 1.001F;                       // so that a step on an entry of the table moves on
+constexpr float kMostTyped = 200.0F, kMostKept = 25.0F;  // increments in a range: of one typed, of one that was there
+constexpr float kLeastAperture = 1.0e-5F;                // of the range of an axis
 
 bool AllFinite(const PlotLimits& l) {
   return std::isfinite(l.x_max - l.x_min) && std::isfinite(l.y_max - l.y_min) && std::isfinite(l.x_min) &&
@@ -98,7 +98,8 @@ bool TakeLimit(AxesState& axes, float PlotLimits::*limit, float value, AxesLengt
   float& step = of_x ? limits.x_step : limits.y_step;
   if (!std::isfinite(step) || step == 0.0F || range == 0.0F) return false;
   const float steps = std::abs(range / step);
-  if (!(steps >= 1.0F && steps <= kMostTyped)) {
+  const bool typed = limit == &PlotLimits::x_step || limit == &PlotLimits::y_step;
+  if (!(steps >= 1.0F && steps <= (typed ? kMostTyped : kMostKept))) {
     PlotLimits rounded = limits;
     if (of_x) RoundX(rounded, length.x);
     else RoundY(rounded, length.y);

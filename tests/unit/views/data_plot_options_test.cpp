@@ -64,7 +64,8 @@ struct ItemCase {
 // clang-format off
 constexpr ItemCase kItems[] = {
     {{"Horz", "", 1}, "10", "x0 10 use 2"}, {{"Horz", "", 2}, "-5", "dx 5"}, {{"Horz", "", 3}, "50", "x1 50"},
-    {{"Horz", "", 3}, "0", "x1 0 dx -5"}, {{"Horz", "", 3}, "10", "", kIllegal}, {{"Horz", "", 2}, "0", "", kIllegal},
+    {{"Horz", "", 3}, "0", "x1 0 dx -5"}, {{"Horz", "", 3}, "-190", "x1 -190 dx -25"}, {{"Horz", "", 3}, "0", "x1 0"}, {{"Horz", "", 2}, "5", "dx -5"},
+    {{"Horz", "", 3}, "10", "", kIllegal}, {{"Horz", "", 2}, "0", "", kIllegal},
     {{"Vert", "", 1}, "-4", "y0 -4"}, {{"Vert", "", 3}, "6", "y1 6"}, {{"Vert", "", 2}, "2", "dy 2"},
     {{"", "Keep zoom"}, "", "use 1 fitted_x0 10"}, {{"", "Fit X"}, "", "use 2 x0 0 dx 20 x1 99.75"},
     {{"", "Undo zoom"}, "", "use 1 x0 0 dx 20 x1 99.75"}, {{"", "Keep axis limits when changing quantity"}, "", "keep 1"},
