@@ -248,6 +248,7 @@ void RollDecay(RunSpec& spec) {
   spec.title = "Free roll decay from 10 deg, 5 % of critical damping, period 12 s";
   spec.nstep = spec.steps = 300;
   Motions motions = AtRest(spec);
+  spec.pmgin[3] = 10;
   const double damped = Frequency(spec, 12), natural = damped / std::sqrt(1 - 0.05 * 0.05);
   motions.harmonics = {{4, kPi / 18, damped, 0, 0.05 * natural}};
   SetFill(motions, spec);

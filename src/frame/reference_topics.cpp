@@ -53,7 +53,6 @@ ReferenceRow CommandEntry(const Command& command) {
   if (!others.empty()) more += "Also " + others + ". ";
   if (const std::string needs = NeedsInWords(command.needs); !needs.empty()) more += "Needs " + needs + ". ";
   if (!command.preset.empty()) more.append("At the start: ").append(command.preset).append(". ");
-  if (!IsThere(command)) more += "Not available yet. ";
   if (!more.empty()) row.text.emplace_back(TrimEnd(more));
   return row;
 }
@@ -195,11 +194,9 @@ ReferenceTopic ScriptTopic() {
 
 ReferenceTopic MenuTopic() {
   ReferencePart part{"", {"The options of the main menu, which a run without a script comes to."}, {}};
-  for (const MenuEntry& entry : MainMenu()) {
-    const std::size_t dash = entry.text.find(" - ");
-    std::string text(entry.text.substr(dash + 3));
-    if (!entry.there) text += " (not available yet)";
-    part.rows.push_back({std::string(Trim(entry.text.substr(0, dash))), {text}});
+  for (const std::string_view entry : MainMenu()) {
+    const std::size_t dash = entry.find(" - ");
+    part.rows.push_back({std::string(Trim(entry.substr(0, dash))), {std::string(entry.substr(dash + 3))}});
   }
   return {"menu", "the options of the main menu", {part}};
 }

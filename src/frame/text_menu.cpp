@@ -6,6 +6,8 @@
 
 #include "analysis/crane/crane_analysis.h"
 #include "analysis/crane/crane_files.h"
+#include "analysis/frequency_domain/frequency_dialogue.h"
+#include "analysis/motion_tests/roll_decay_report.h"
 #include "analysis/righting_arms/righting_arm_dialogue.h"
 #include "analysis/righting_arms/righting_arms_plot.h"
 #include "analysis/sea_view/sensor_dialogue.h"
@@ -31,9 +33,7 @@ namespace {
 
 constexpr std::string_view kTitle = "ZAVO Output Options:";
 constexpr std::string_view kPrompt = "Select option=>";
-constexpr std::string_view kFrequencyDomain = "Frequency domain coefficients";
 constexpr std::string_view kNoSmoothing = "WARNING - impulsive motion and IRF calculations are not smoothed";
-constexpr std::string_view kNotYet = "{} : this option is not available yet";
 
 // ---- When an option is offered
 
@@ -65,13 +65,8 @@ bool HullAndHistory(const Session& s) {
   return TimeHistory(s) && HasHull(s.case_store);
 }
 
-// A free run in calm water that starts with a roll angle or a roll rate.
 bool RollDecay(const Session& s) {
-  constexpr int kFreeMotion = 2;
-  constexpr std::size_t kRoll = 3;
-  const ControlRecords& control = s.case_store.control;
-  return TimeHistory(s) && control.MOTYPE == kFreeMotion && control.seaway.ISEA == 0 && control.SWTCH[kRoll] != 0 &&
-         (control.PMGIN[kRoll] != 0 || control.VMGSHP[kRoll] != 0);
+  return IsRollDecay(s.case_store);
 }
 
 bool SeveralRecords(const Session& s) {
@@ -205,10 +200,22 @@ void Crane(Session& s) {
   if (!run.steps.empty()) KeepResult(s.data_plot, CranePlot(s.output, run));
 }
 
+void WriteRollDecayTable(Session& s) {
+  RollDecayResult result;
+  AskRollDecay({s.platform, s.output, s.case_store}, result);
+  if (!result.cycles.empty()) KeepResult(s.data_plot, RollDecayPlot(s.case_store, result));
+}
+
+void BringToFrequencies(Session& s) {
+  ResultPlot plot;
+  AskFrequencyDomain({s.platform, s.output, s.case_store}, plot);
+  if (!plot.panels.empty()) KeepResult(s.data_plot, std::move(plot));
+}
+
 // Of a run in the frequency domain the option has another name and other work.
 void Histogram(Session& s, int option) {
   if (s.case_store.time_history()) MenuHistogram(s, option);
-  else Say(s.platform.console, kNotYet, kFrequencyDomain);
+  else BringToFrequencies(s);
 }
 
 // ---- The options, by number
@@ -216,7 +223,7 @@ void Histogram(Session& s, int option) {
 struct Option {
   std::string_view text;
   bool (*offered)(const Session& session);
-  void (*act)(Session& session);  // null: a plot, or not there yet, which is said
+  void (*act)(Session& session);  // null: a plot
   void (*plot)(Session& session, int option) = nullptr;
   bool continues = false;  // behind the plot its questions come again, without the menu
 };
@@ -237,7 +244,7 @@ constexpr Option kOptions[] = {
     {"12 - Plot geometry",                                      Geometry,       nullptr, MenuGeometry},
     {"13 - Run script file",                                    Always,         RunScriptFile     },
     {"14 - GZ curve analysis",                                  HullAndHistory, AskRightingArms   },
-    {"15 - Compute roll decay coefficients",                    RollDecay,      nullptr           },
+    {"15 - Compute roll decay coefficients",                    RollDecay,      WriteRollDecayTable},
     {"16 - Wave celerity analysis",                             TimeHistory,    AnalyzeWaves      },
     {"17 - Write KINO motion, seaway and command files",        TimeHistory,    WriteKino         },
     {"18 - Set data smoothing option",                          Always,         SetSmoothing      },
@@ -253,7 +260,6 @@ constexpr Option kOptions[] = {
 };
 // clang-format on
 
-constexpr std::size_t kNumber = 5;  // characters of "10 - "
 constexpr std::size_t kCurves = 1, kHistogram = 3, kAutocorrelation = 23;
 
 std::string_view TextOf(const Session& s, std::size_t i) {
@@ -284,11 +290,10 @@ std::size_t NextOption(Session& s) {
 
 }  // namespace
 
-std::vector<MenuEntry> MainMenu() {
-  std::vector<MenuEntry> entries;
-  for (const Option& option : kOptions)
-    entries.push_back({option.text, option.act != nullptr || option.plot != nullptr});
-  return entries;
+std::vector<std::string_view> MainMenu() {
+  std::vector<std::string_view> texts;
+  for (const Option& option : kOptions) texts.push_back(option.text);
+  return texts;
 }
 
 void text_menu(Session& session) {
@@ -297,8 +302,7 @@ void text_menu(Session& session) {
     const std::size_t number = NextOption(session);
     const Option& option = kOptions[number];
     if (option.act != nullptr) option.act(session);
-    else if (option.plot != nullptr) option.plot(session, static_cast<int>(number));
-    else Say(session.platform.console, kNotYet, TextOf(session, number).substr(kNumber));
+    else option.plot(session, static_cast<int>(number));
   }
 }
 

@@ -12,10 +12,6 @@ namespace zaview {
 // (run.exit_requested).
 void text_menu(Session& session);
 
-struct MenuEntry {
-  std::string_view text;  // " 1 - ..."
-  bool there = false;     // the system knows its work
-};
-[[nodiscard]] std::vector<MenuEntry> MainMenu();
+[[nodiscard]] std::vector<std::string_view> MainMenu();  // " 1 - ..", all of them
 
 }  // namespace zaview

@@ -20,11 +20,11 @@ bool Matches(const Command& command, std::string_view word) {
 
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
-      ReadingCommands(),  OutputTextCommands(),  StepCommands(),      StatisticSettings(), SmoothingCommands(),
-      HistoryCommands(),  StatisticCommands(),   EnsembleCommands(),  HistogramCommands(), ControlCommands(),
-      KinoCommands(),     ViewSettings(),        AnimationSettings(), PlotCommands(),      AnimateCommands(),
-      GeometryCommands(), RightingArmCommands(), CraneCommands(),     ExportCommands(),    LaterCommands(),
-      RateCommands(),     SeaViewCommands()};
+      ReadingCommands(),    OutputTextCommands(),  StepCommands(),      StatisticSettings(), SmoothingCommands(),
+      HistoryCommands(),    StatisticCommands(),   EnsembleCommands(),  HistogramCommands(), ControlCommands(),
+      KinoCommands(),       ViewSettings(),        AnimationSettings(), PlotCommands(),      AnimateCommands(),
+      GeometryCommands(),   RightingArmCommands(), CraneCommands(),     ExportCommands(),    FrequencyCommands(),
+      MotionTestCommands(), RateCommands(),        SeaViewCommands()};
   return families;
 }
 
@@ -48,17 +48,11 @@ std::span<const std::string_view> FamilyTitles() {
                                                  "Righting arms",
                                                  "Crane and cargo",
                                                  "For other programs, step by step",
-                                                 "Views and analyses to come",
+                                                 "Coefficients and motions over frequency",
+                                                 "Roll decay, forced motion, forecast",
                                                  "Rates",
                                                  "Sensor view and waves"};
   return kTitles;
-}
-
-bool IsThere(const Command& command) {
-  const auto among = [&command](CommandFamily family) {
-    return std::any_of(family.begin(), family.end(), [&command](const Command& row) { return &row == &command; });
-  };
-  return !among(LaterCommands());
 }
 
 const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word) {

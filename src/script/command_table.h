@@ -48,16 +48,14 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily RightingArmCommands();
 [[nodiscard]] CommandFamily CraneCommands();
 [[nodiscard]] CommandFamily ExportCommands();
-[[nodiscard]] CommandFamily LaterCommands();
+[[nodiscard]] CommandFamily FrequencyCommands();
+[[nodiscard]] CommandFamily MotionTestCommands();
 [[nodiscard]] CommandFamily RateCommands();  // some are known by the beginning of their word
 [[nodiscard]] CommandFamily SeaViewCommands();
 
 // All families in the order of lookup, and what a reader calls them.
 [[nodiscard]] std::span<const CommandFamily> AllCommands();
 [[nodiscard]] std::span<const std::string_view> FamilyTitles();
-
-// Does the system know the work of a command, or only its name?
-[[nodiscard]] bool IsThere(const Command& command);
 
 // The row of a word in capitals; null: there is none.
 [[nodiscard]] const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word);

@@ -8,7 +8,6 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}";
 inline constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
 inline constexpr std::string_view kUnknownSwitch = "ERROR - unrecognized output file switch: {}";
 inline constexpr std::string_view kNameCut = "WARNING - output file name cut at blank : {}";
@@ -41,7 +40,7 @@ std::string_view NameOf(const ScriptCall& call, std::string_view word) {
 
 }  // namespace
 
-int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& output) {
+int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& output, std::string_view not_open) {
   const std::string token = NextScriptWord(call.words, kFreeText);
   const std::string_view word = Trim(token);
   output.name = NameOf(call, word);
@@ -54,7 +53,7 @@ int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& outp
   const bool refused = output.name.size() > kScriptFileName || (output.unformatted && output.name.empty());
   const OpenHow how = switches.append ? OpenHow::append : OpenHow::replace;
   if (refused || !OpenOutput(call.session.platform, output.name, how, output.file))
-    return Fail(call, kScriptFailed, kOpenFault, output.name, Because(output.file.why));
+    return Fail(call, kScriptFailed, fmt::runtime(not_open), output.name, Because(output.file.why));
   return kScriptOk;
 }
 

@@ -17,9 +17,12 @@ struct OutputArgument {
   bool unformatted = false;
 };
 
+inline constexpr std::string_view kOutputNotOpen = "ERROR opening output file: {}{}";  // name and reason
+
 // Reads the argument and opens the file. A blank name, or one that begins with a colon, is the console. Status 0, or
-// kScriptFailed with its message said.
-[[nodiscard]] int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& output);
+// kScriptFailed with its message said, that of a file which can't be opened in the words of not_open.
+[[nodiscard]] int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& output,
+                                     std::string_view not_open = kOutputNotOpen);
 
 // Closes it. status != 0: discards what was written. Else says `done` with the name, unless it is the console.
 [[nodiscard]] int FinishOutput(ScriptCall& call, OutputArgument& output, int status, std::string_view done);

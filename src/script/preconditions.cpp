@@ -20,6 +20,9 @@ bool RecordsHeld(Session& session) {
 bool IsMotionCase(Session& session) {
   return session.case_store.time_history();
 }
+bool IsImpulsiveCase(Session& session) {
+  return !session.case_store.time_history();
+}
 bool GraphicsAvailable(Session& session) {
   return session.platform.choose_window != nullptr;
 }
@@ -42,6 +45,8 @@ constexpr Precondition kPreconditions[] = {
      "an ensemble"},
     {kNeedsMotion, IsMotionCase, "", "not valid for impulsive motion and IRF calculations", "",
      "no impulsive or IRF run"},
+    {kNeedsImpulsive, IsImpulsiveCase, "", "valid for impulsive motion and IRF calculations only", "",
+     "an impulsive or IRF run"},
     {kNeedsGraphics, GraphicsAvailable, " :", "cannot be run as graphics are not available", "", "graphics"},
     {kNeedsGeometry, GeometryRead, " :", "cannot be run as geometry could not be read", "", "a hull"},
 };
