@@ -85,15 +85,25 @@ void GridHead(const SensorTables& t, std::string& text) {
                  t.store.file_name, t.request.distances.size(), t.request.azimuths.size(), kValues);
 }
 
+std::string CellText(const TableLayout& layout, float value) {
+  std::string text;
+  AppendRow(text, layout, std::array{value});
+  text.pop_back();  // the end of the line
+  return text;
+}
+
+// Azimuths and distances are turned into text once, not in each of their rows.
 void GridStep(const SensorTables& t, const SightStep& step, std::string& text) {
   const TableLayout layout = Cells(t);
   AppendRow(text, layout, std::array{TimeOf(t, step.time)});
   const std::size_t n = t.request.distances.size();
+  std::vector<std::string> distances;
+  for (std::size_t j = 0; j < n; ++j)
+    distances.push_back(static_cast<char>(layout.separator) + CellText(layout, DistanceOf(t, j)));
   for (std::size_t i = 0; i < t.request.azimuths.size(); ++i) {
+    const std::string azimuth = CellText(layout, static_cast<float>(t.request.azimuths[i]));
     for (std::size_t j = 0; j < n; ++j)
-      AppendRow(
-          text, layout,
-          std::array{static_cast<float>(t.request.azimuths[i]), DistanceOf(t, j), HeightOf(t, step.z[i * n + j])});
+      AppendLabelledRow(text, layout, azimuth + distances[j], std::array{HeightOf(t, step.z[i * n + j])});
   }
 }
 
