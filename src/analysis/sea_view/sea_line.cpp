@@ -1,9 +1,12 @@
 #include "analysis/sea_view/sea_line.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <numbers>
 
 #include "base/grow.h"
 #include "waves/phase_reduction.h"
@@ -82,7 +85,17 @@ void BeginRow(double a, Turn first, Turn step, ComponentRow& row) {
   }
 }
 
-void SumLinear(const SeaLine& line, double from, double step, std::span<double> eta) {
+struct Spacing {  // what a component turns from place to place, and from row to row
+  Turn place, row;
+};
+
+bool SumLinear(const SeaLine& line, double from, double step, std::span<double> eta) {
+  std::vector<Spacing> spacing;
+  if (!Grow(spacing, line.a.size())) return false;
+  for (std::size_t i = 0; i < line.a.size(); ++i) {
+    const double angle = line.K[i] * step;
+    spacing[i] = {TurnOf(angle), TurnOf(static_cast<double>(kLanes) * angle)};
+  }
   double block[kBlock];
   for (std::size_t first = 0; first < eta.size(); first += kBlock) {
     const std::size_t n = std::min(kBlock, eta.size() - first);
@@ -90,13 +103,50 @@ void SumLinear(const SeaLine& line, double from, double step, std::span<double> 
     const double s = from + static_cast<double>(first) * step;
     std::fill_n(block, rows * kLanes, 0.0);
     for (std::size_t i = 0; i < line.a.size(); ++i) {
-      const double angle = line.K[i] * step;
       ComponentRow row;
-      row.next = TurnOf(static_cast<double>(kLanes) * angle);
-      BeginRow(line.a[i], TurnOf(line.K[i] * s + line.p[i]), TurnOf(angle), row);
+      row.next = spacing[i].row;
+      BeginRow(line.a[i], TurnOf(line.K[i] * s + line.p[i]), spacing[i].place, row);
       AddComponent(row, rows, block);
     }
     std::copy_n(block, n, eta.begin() + static_cast<std::ptrdiff_t>(first));
+  }
+  return true;
+}
+
+constexpr std::size_t kPart = 64;  // components at one place, taken at once
+
+// Of phases up to 1e6, to 1e-15 and the rounding of the phase itself: the nearest quarter turn is taken off, the rest
+// is a Taylor series. Adding 1.5 * 2^52 leaves no place for a fraction, and the count of quarter turns in the last
+// bits.
+ZAVIEW_WAVE_CLONES
+void SinesAndCosines(const double* psi, double* sine, double* cosine) {
+  constexpr double kNoFraction = 6755399441055744.0;
+  constexpr double kQuarter = 0x1.921fb544p0;  // a quarter turn, in two parts
+  constexpr double kQuarterRest = 0x1.0b4611a626331p-34;
+  for (std::size_t i = 0; i < kPart; ++i) {
+    const double counted = psi[i] * (2.0 * std::numbers::inv_pi) + kNoFraction;
+    const double quarters = counted - kNoFraction;
+    const double r = (psi[i] - quarters * kQuarter) - quarters * kQuarterRest;
+    const double q = r * r;
+    const double s =
+        r +
+        r * q *
+            (-1.0 / 6 +
+             q * (1.0 / 120 +
+                  q * (-1.0 / 5040 + q * (1.0 / 362880 + q * (-1.0 / 39916800 + q * (1.0 / 6227020800.0 +
+                                                                                     q * (-1.0 / 1307674368000.0)))))));
+    const double c =
+        1.0 +
+        q * (-0.5 +
+             q * (1.0 / 24 +
+                  q * (-1.0 / 720 +
+                       q * (1.0 / 40320 + q * (-1.0 / 3628800 + q * (1.0 / 479001600 + q * (-1.0 / 87178291200.0)))))));
+    const auto n = std::bit_cast<std::uint64_t>(counted);
+    const std::uint64_t odd = 0 - (n & 1U);  // all bits, where sine and cosine change places
+    const auto s_bits = std::bit_cast<std::uint64_t>(s);
+    const auto c_bits = std::bit_cast<std::uint64_t>(c);
+    sine[i] = std::bit_cast<double>(((s_bits & ~odd) | (c_bits & odd)) ^ ((n & 2U) << 62U));
+    cosine[i] = std::bit_cast<double>(((c_bits & ~odd) | (s_bits & odd)) ^ (((n + 1U) & 2U) << 62U));
   }
 }
 
@@ -141,9 +191,10 @@ bool SetSeaLine(const IncidentWave& wave, WaveMoment moment, const Vector3& orig
   return true;
 }
 
-void ElevationsAlong(const SeaLine& line, double from, double step, std::span<double> eta) {
-  if (IsLinear(*line.wave)) SumLinear(line, from, step, eta);
-  else SumPointwise(line, from, step, eta);
+bool ElevationsAlong(const SeaLine& line, double from, double step, std::span<double> eta) {
+  if (IsLinear(*line.wave)) return SumLinear(line, from, step, eta);
+  SumPointwise(line, from, step, eta);
+  return true;
 }
 
 LineSlopes SlopesAt(const SeaLine& line, double s) {
@@ -158,13 +209,20 @@ LineSlopes SlopesAt(const SeaLine& line, double s) {
     (void)EvalIncidentWave(*line.wave, line.moment, kElevationOnly, {&point, 1}, out);
     return {eta, static_cast<double>(eta_x) * line.direction[0] + static_cast<double>(eta_y) * line.direction[1], 0};
   }
-  for (std::size_t i = 0; i < line.a.size(); ++i) {
-    const double psi = line.K[i] * s + line.p[i];
-    const double ac = line.a[i] * std::cos(psi);
-    const double as = line.a[i] * std::sin(psi);
-    at.eta += ac;
-    at.d1 -= line.K[i] * as;
-    at.d2 -= line.K[i] * line.K[i] * ac;
+  double psi[kPart] = {};
+  double sine[kPart];
+  double cosine[kPart];
+  for (std::size_t first = 0; first < line.a.size(); first += kPart) {
+    const std::size_t n = std::min(kPart, line.a.size() - first);
+    for (std::size_t j = 0; j < n; ++j) psi[j] = line.K[first + j] * s + line.p[first + j];
+    SinesAndCosines(psi, sine, cosine);
+    for (std::size_t j = 0; j < n; ++j) {
+      const double K = line.K[first + j];
+      const double ac = line.a[first + j] * cosine[j];
+      at.eta += ac;
+      at.d1 -= K * line.a[first + j] * sine[j];
+      at.d2 -= K * K * ac;
+    }
   }
   return at;
 }

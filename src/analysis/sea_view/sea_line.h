@@ -27,8 +27,9 @@ struct LineSlopes {  // with derivatives along the line
 
 // eta[i] at s = from + i step. Each sum runs from the first component to the last. The components of a linear seaway
 // turn from place to place instead of asking for a cosine each: 16 places side by side, begun anew every 64 turns,
-// which is within 1e-13 of the sum of all amplitudes. Other seaways are summed in 4 bytes, point by point.
-void ElevationsAlong(const SeaLine& line, double from, double step, std::span<double> eta);
+// which is within 1e-13 of the sum of all amplitudes. Other seaways are summed in 4 bytes, point by point. False:
+// memory is out.
+[[nodiscard]] bool ElevationsAlong(const SeaLine& line, double from, double step, std::span<double> eta);
 
 // At one place, by cosines. Of a seaway that isn't linear d2 is 0.
 [[nodiscard]] LineSlopes SlopesAt(const SeaLine& line, double s);

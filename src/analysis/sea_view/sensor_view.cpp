@@ -88,7 +88,8 @@ void BeginStep(const SensorWork& work, int step, SightStep& sight) {
     sight.lookdown.push_back(LookdownAngle(pose.R, azimuth, static_cast<double>(work.request.sensor.lookdown_deg)));
 }
 
-void ElevationsAt(const SensorWork& work, const SeaLine& line, std::vector<double>& eta) {
+// False: memory is out.
+bool ElevationsAt(const SensorWork& work, const SeaLine& line, std::vector<double>& eta) {
   const std::vector<double>& s = work.distances;
   eta.resize(s.size());
   if (work.request.mode == SensorMode::grid || work.request.mode == SensorMode::line) {
@@ -96,6 +97,7 @@ void ElevationsAt(const SensorWork& work, const SeaLine& line, std::vector<doubl
     return ElevationsAlong(line, s.front(), step, eta);
   }
   for (std::size_t j = 0; j < s.size(); ++j) eta[j] = SlopesAt(line, s[j]).eta;
+  return true;
 }
 
 // The heights of one azimuth. False: memory is out.
@@ -109,9 +111,9 @@ bool LookAlong(const SensorWork& work, int step, std::size_t azimuth, SightStep&
   LineSamples samples;
   std::vector<double> eta;
   if (!SetSeaLine(c.wave, moment, sight.place, direction, line) ||
-      !SampleLine(line, sensor, SampleStep(c.wave, work.nearest, work.farthest), work.farthest, samples))
+      !SampleLine(line, sensor, SampleStep(c.wave, work.nearest, work.farthest), work.farthest, samples) ||
+      !ElevationsAt(work, line, eta))
     return false;
-  ElevationsAt(work, line, eta);
   const std::size_t n = work.distances.size();
   VisibleHeights(sensor, samples, work.distances, eta, std::span(sight.z).subspan(azimuth * n, n));
   if (work.request.mode != SensorMode::debug) return true;

@@ -112,8 +112,7 @@ double SampleStep(const IncidentWave& wave, double nearest, double farthest) {
 bool SampleLine(const SeaLine& line, const Sensor& sensor, double step, double farthest, LineSamples& samples) {
   const auto steps = static_cast<std::size_t>(std::clamp(std::ceil(farthest / step), 1.0, kMostSamples));
   samples.step = farthest / static_cast<double>(steps);  // the last one stands at the farthest distance
-  if (!Grow(samples.eta, steps + 1)) return false;
-  ElevationsAlong(line, 0.0, samples.step, samples.eta);
+  if (!Grow(samples.eta, steps + 1) || !ElevationsAlong(line, 0.0, samples.step, samples.eta)) return false;
   return FindTouches(line, sensor, samples);
 }
 
