@@ -181,8 +181,8 @@ void Fill(void* self, GksColour colour, std::span<const GksPoint> polygon) {
   if (polygon.empty()) return;
   const Ink ink = InkOf(colour);
   if (IsWholeBox(polygon)) {
-    const auto [left, right] = std::minmax(static_cast<int>(polygon[0].x), static_cast<int>(polygon[2].x));
-    const auto [top, bottom] = std::minmax(static_cast<int>(polygon[0].y), static_cast<int>(polygon[2].y));
+    const auto [left, right] = std::minmax({static_cast<int>(polygon[0].x), static_cast<int>(polygon[2].x)});
+    const auto [top, bottom] = std::minmax({static_cast<int>(polygon[0].y), static_cast<int>(polygon[2].y)});
     return PutBox(image, ink, left, right, top, bottom);
   }
   const auto [left, right] =
