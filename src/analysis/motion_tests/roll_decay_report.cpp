@@ -220,11 +220,11 @@ ResultPlot RollDecayPlot(const CaseStore& store, const RollDecayResult& result) 
   }
   record.curves.push_back(peaks);
   record.notes.push_back(fmt::format("Roll Period = {}", Shown{static_cast<float>(result.periods.all)}));
-  ResultPanel coefficients{"Average roll angle (deg)", "Roll decay coefficient", {}, {}, {}};
-  ResultCurve curve{"coefficient", {}, {}, ResultStyle::points};
-  for (const RollCycle& cycle : result.cycles) {
-    curve.x.push_back(static_cast<float>(cycle.angle));
-    curve.y.push_back(static_cast<float>(cycle.coefficient));
+  ResultPanel coefficients{"Time", "Roll decay coefficient", {}, {}, {}};
+  ResultCurve curve{"from this peak on", {}, {}, ResultStyle::points};
+  for (std::size_t i = 0; i < result.cycles.size(); ++i) {
+    curve.x.push_back(result.time[result.peaks[i].index]);
+    curve.y.push_back(static_cast<float>(result.cycles[i].coefficient));
   }
   coefficients.curves.push_back(curve);
   plot.panels = {record, coefficients};

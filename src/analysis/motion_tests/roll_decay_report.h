@@ -49,7 +49,8 @@ struct RollDecayWork {
 // The two lines that are said of a file that was written, but for its name.
 [[nodiscard]] std::string RollDecayWritten(const CaseStore& store);
 
-// The record with its peaks and the decay by the mean coefficient; coefficients over the angle.
+// The record with its peaks and the decay by the mean coefficient; below it the coefficients, each where its cycle
+// begins.
 [[nodiscard]] ResultPlot RollDecayPlot(const CaseStore& store, const RollDecayResult& result);
 
 // Bias, then the file.
