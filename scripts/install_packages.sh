@@ -3,7 +3,8 @@
 set -euo pipefail
 
 packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-dev libfftw3-dev
-          libedit-dev libgl-dev libegl-dev libegl1 freeglut3-dev libx11-dev libpng-dev libgd-dev)
+          libedit-dev libgl-dev libegl-dev libegl1 freeglut3-dev libx11-dev libpng-dev libgd-dev
+          libfreetype-dev fonts-dejavu-core)
 case ${1-} in
   "") ;;
   --tests) packages+=(libgtest-dev xvfb ffmpeg) ;;

@@ -1,11 +1,18 @@
 // Writes a header with the six bitmap fonts and the stroke font of libglut, so that pictures without a display have the
-// same letters. The library exports its tables but declares them in no header.
+// same letters. The library exports its tables but declares them in no header. Menus have smooth letters, drawn here by
+// FreeType from the outlines of two font files; without these files, those of the bitmap fonts.
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
+
+#ifdef ZAVIEW_SANS
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#endif
 
 namespace {
 
@@ -73,9 +80,66 @@ void PutBitmapFont(std::string& out, const BitmapFont& font, std::string_view na
   }
   PutList(out, "unsigned char", fmt::format("{}Bytes", name), bytes, "{},");
   PutList(out, "unsigned short", fmt::format("{}Start", name), start, "{},");
-  out += fmt::format("inline constexpr BitmapFontTable {0}{{{1}, {2:.1f}F, {3:.1f}F, {0}Bytes, {0}Start}};\n", name,
-                     font.height, font.x_origin, font.y_origin);
+  out += fmt::format("inline constexpr BitmapFontTable {0}{{{1}, {2:.1f}F, {3:.1f}F, {0}Bytes, {0}Start, 0, false}};\n",
+                     name, font.height, font.x_origin, font.y_origin);
 }
+
+#ifdef ZAVIEW_SANS
+constexpr int kOverhang = 2;  // pixels on both sides of a letter's advance
+
+// A letter of smooth edges: its advance, then the part of each pixel that it covers.
+void PutSmoothLetter(std::vector<int>& bytes, const FT_GlyphSlot glyph, int height, int below) {
+  constexpr int kFull = 255, kLevels = 16, kPixel = 64;
+  const int advance = static_cast<int>((glyph->advance.x + kPixel / 2) / kPixel), width = advance + 2 * kOverhang;
+  const FT_Bitmap& bitmap = glyph->bitmap;
+  bytes.push_back(advance);
+  for (int row = 0; row < height; ++row)
+    for (int column = 0; column < width; ++column) {
+      const int x = column - kOverhang - glyph->bitmap_left, y = glyph->bitmap_top - 1 - (row - below);
+      const bool inside = x >= 0 && y >= 0 && x < static_cast<int>(bitmap.width) && y < static_cast<int>(bitmap.rows);
+      const int covered = inside ? bitmap.buffer[y * bitmap.pitch + x] : 0;
+      bytes.push_back((covered * kLevels + kFull / 2) / kFull);
+    }
+}
+
+// False: the file has no such font.
+bool PutSmoothFont(std::string& out, FT_Library library, const char* file, unsigned pixels, std::string_view name) {
+  constexpr FT_ULong kLast = 255;
+  const int below = static_cast<int>(pixels) / 3, height = static_cast<int>(pixels) + below + 2;
+  FT_Face face = nullptr;
+  if (FT_New_Face(library, file, 0, &face) != 0 || FT_Set_Pixel_Sizes(face, 0, pixels) != 0) return false;
+  std::vector<int> bytes, start;
+  for (FT_ULong c = 0; c <= kLast; ++c) {
+    start.push_back(static_cast<int>(bytes.size()));
+    const bool control = c < ' ' || (c >= 127 && c < 160);
+    if (control || FT_Load_Char(face, c, FT_LOAD_RENDER | FT_LOAD_TARGET_LIGHT) != 0) bytes.push_back(0);
+    else PutSmoothLetter(bytes, face->glyph, height, below);
+  }
+  FT_Done_Face(face);
+  PutList(out, "unsigned char", fmt::format("{}Bytes", name), bytes, "{},");
+  PutList(out, "unsigned short", fmt::format("{}Start", name), start, "{},");
+  out += fmt::format("inline constexpr BitmapFontTable {0}{{{1}, {2}.0F, {3}.0F, {0}Bytes, {0}Start, {2}, true}};\n",
+                     name, height, kOverhang, below);
+  return true;
+}
+
+bool PutSmoothFonts(std::string& out) {
+  FT_Library library = nullptr;
+  if (FT_Init_FreeType(&library) != 0) return false;
+  const bool put = PutSmoothFont(out, library, ZAVIEW_SANS, 10, "kSans10") &&
+                   PutSmoothFont(out, library, ZAVIEW_SANS, 12, "kSans12") &&
+                   PutSmoothFont(out, library, ZAVIEW_MONO, 13, "kMono13");
+  FT_Done_FreeType(library);
+  return put;
+}
+#else
+bool PutSmoothFonts(std::string& out) {
+  for (const auto& [name, like] :
+       {std::pair("kSans10", "kHelvetica10"), std::pair("kSans12", "kHelvetica12"), std::pair("kMono13", "kFixed8x13")})
+    out += fmt::format("inline constexpr BitmapFontTable {} = {};\n", name, like);
+  return true;
+}
+#endif
 
 void PutStrokeFont(std::string& out, const StrokeFont& font) {
   std::vector<std::string> points;
@@ -103,14 +167,16 @@ void PutStrokeFont(std::string& out, const StrokeFont& font) {
 }
 
 constexpr std::string_view kTypes =
-    "// Made by font_tables from the fonts of libglut.\n"
+    "// Made by font_tables.\n"
     "#pragma once\n\n"
     "namespace zaview {\n\n"
     "struct BitmapFontTable {\n"
     "  int height;\n"
     "  float x_origin, y_origin;\n"
     "  const unsigned char* bytes;\n"
-    "  const unsigned short* start;  // by character: its width, then its rows from the bottom\n"
+    "  const unsigned short* start;  // by character: its advance, then its rows from the bottom\n"
+    "  int overhang;                 // pixels of a row beyond the advance, on both sides\n"
+    "  bool smooth;                  // a byte a pixel: sixteenths that are covered\n"
     "};\n"
     "struct StrokePoint {\n"
     "  float x, y;\n"
@@ -131,6 +197,10 @@ int main(int count, char** words) {
   PutBitmapFont(out, fgFontHelvetica18, "kHelvetica18");
   PutBitmapFont(out, fgFontTimesRoman24, "kTimesRoman24");
   PutStrokeFont(out, fgStrokeRoman);
+  if (!PutSmoothFonts(out)) {
+    std::fputs("font_tables: the letters of menus can't be drawn\n", stderr);
+    return 1;
+  }
   out += "\n}  // namespace zaview\n";
   std::FILE* const file = std::fopen(words[1], "wb");
   if (file == nullptr) return 1;

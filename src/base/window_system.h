@@ -38,7 +38,18 @@ struct WindowPlace {
   int x = 0, y = 0, width = 0, height = 0;  // pixels of the screen, y down
 };
 
-enum class Font : std::uint8_t { helvetica_10, helvetica_12, fixed_8_13, fixed_9_15, helvetica_18, times_24, stroke };
+enum class Font : std::uint8_t {
+  helvetica_10,
+  helvetica_12,
+  fixed_8_13,
+  fixed_9_15,
+  helvetica_18,
+  times_24,
+  sans_10,  // these three with smooth edges
+  sans_12,
+  mono_13,
+  stroke
+};
 
 struct PictureImage {
   int width = 0, height = 0;

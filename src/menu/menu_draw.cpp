@@ -21,7 +21,7 @@ using Kind = MenuItemType;
 
 // All from background and foreground, so that menus are reversed with the window.
 struct Inks {
-  GksColour paper, ink, face, light, dark, groove, frame, faint;
+  GksColour paper, ink, face, down, light, dark, groove, thumb, frame, faint;
 };
 
 GksColour Mix(GksColour from, GksColour to, float part) {
@@ -36,7 +36,10 @@ Inks InksOf(const GksState& gks, bool deaf) {
   const GksColour face = Mix(paper, gks.colour[1], on_white ? 0.10F : 0.20F);
   const GksColour darker = Mix(face, {0, 0, 0}, on_white ? 0.30F : 0.55F),
                   lighter = Mix(face, {1, 1, 1}, on_white ? 0.9F : 0.25F);
-  return {paper, ink, face, lighter, darker, Mix(paper, gks.colour[1], 0.14F), Mix(paper, gks.colour[1], 0.5F), faint};
+  const auto part = [&](float of_ink) { return Mix(paper, gks.colour[1], of_ink); };
+  const GksColour down = part(on_white ? 0.30F : 0.48F), groove = part(on_white ? 0.06F : 0.14F),
+                  thumb = part(on_white ? 0.34F : 0.42F);
+  return {paper, ink, face, down, lighter, darker, groove, thumb, part(0.5F), faint};
 }
 
 struct Brush {
@@ -73,7 +76,7 @@ void Frame(const Brush& b, GksColour colour, const MenuBox& box) {
 
 void Button(const Brush& b, const MenuBox& box, bool down) {
   Frame(b, b.inks.frame, box);
-  Fill(b, down ? Mix(b.inks.face, b.inks.dark, 0.4F) : b.inks.face, Inset(box, 1));
+  Fill(b, down ? b.inks.down : b.inks.face, Inset(box, 1));
   Edges(b, down ? b.inks.dark : b.inks.light, down ? b.inks.light : b.inks.dark, Inset(box, 1));
 }
 
@@ -147,6 +150,17 @@ bool IsFocused(const Brush& b, int element, int item) {
   return b.kit.focus == MenuPoint{b.slot.number, element, item};
 }
 
+// Two strokes, from the left side over the foot to the upper right corner.
+void Tick(const Brush& b, GksColour colour, const MenuBox& square) {
+  const auto at = [&](float x, float y) {
+    return GksPoint{static_cast<float>(square.x) + x * static_cast<float>(square.width),
+                    static_cast<float>(square.y) + y * static_cast<float>(square.height)};
+  };
+  b.paint.fill(b.paint.self, colour,
+               std::array<GksPoint, 6>{{at(0.18F, 0.50F), at(0.30F, 0.40F), at(0.44F, 0.58F), at(0.74F, 0.16F),
+                                        at(0.86F, 0.26F), at(0.45F, 0.84F)}});
+}
+
 void CheckMark(const Brush& b, const MenuBox& square, bool on, bool round, bool disabled) {
   constexpr int kInside = 3;
   const GksColour edge = disabled ? b.inks.faint : b.inks.ink;
@@ -157,7 +171,7 @@ void CheckMark(const Brush& b, const MenuBox& square, bool on, bool round, bool 
     return;
   }
   Frame(b, edge, square);
-  if (on) Fill(b, edge, Inset(square, kInside));
+  if (on) Tick(b, edge, square);
 }
 
 void DrawCaretAndSelection(const Brush& b, const MenuBox& field) {
@@ -205,7 +219,7 @@ void DrawChip(const Brush& b, const MenuRowItem& item, const MenuBox& box, bool 
   Fill(b, ColourOf(b, item.value, false), Inset(chip, 3));
   Frame(b, b.inks.frame, Inset(chip, 3));
   for (int edge = 1; item.style == kChipChosen && edge < 3; ++edge) Frame(b, b.inks.ink, Inset(chip, edge));
-  const int x = chip.x + chip.width + 3;
+  const int x = chip.x + chip.width + kBesideMark;
   if (!item.text.empty()) Text(b, b.inks.ink, x, box, item.text);
 }
 
@@ -226,7 +240,7 @@ void DrawItem(const Brush& b, const MenuRowItem& item, const MenuBox& box, const
       break;
     case Kind::check:
       CheckMark(b, mark, item.value != 0, item.style == kRoundCheck, disabled);
-      if (!item.text.empty()) Text(b, colour, mark.x + square + 3, box, item.text);
+      if (!item.text.empty()) Text(b, colour, mark.x + square + kBesideMark, box, item.text);
       break;
     case Kind::integer:
     case Kind::real:
@@ -260,7 +274,22 @@ void DrawLines(const Brush& b, const MenuElement& element, const MenuBox& box) {
 void DrawScrollBar(const Brush& b, const MenuPlaced& placed, bool pressed) {
   Fill(b, b.inks.groove, placed.bar);
   Frame(b, b.inks.frame, placed.bar);
-  Button(b, placed.thumb, pressed);
+  Fill(b, pressed ? b.inks.ink : b.inks.thumb, Inset(placed.thumb, 2));
+}
+
+// Of several choices each has a tick of its own; the one choice is reversed.
+void DrawListItem(const Brush& b, const MenuElement& element, const MenuListItem& item, const MenuBox& box) {
+  const GksColour colour = ColourOf(b, item.colour, element.disabled);
+  MenuBox inside = {box.x + 2, box.y, box.width - 4, box.height};
+  if (HasTicks(element.list)) {
+    const int side = b.font.height;
+    CheckMark(b, {inside.x, box.y + (box.height - side) / 2, side, side}, item.chosen, false, element.disabled);
+    const int beside = TickWidth(b.font);
+    inside = {inside.x + beside, inside.y, inside.width - beside, inside.height};
+  } else if (item.chosen) {
+    Fill(b, colour, box);
+  }
+  Text(b, item.chosen && !HasTicks(element.list) ? b.inks.paper : colour, inside.x, inside, item.text);
 }
 
 void DrawList(const Brush& b, const MenuElement& element, const MenuPlaced& placed, int number) {
@@ -269,14 +298,9 @@ void DrawList(const Brush& b, const MenuElement& element, const MenuPlaced& plac
   for (int line = 0; line < placed.lines && placed.top + line < count; ++line) {
     const MenuListItem& item = element.list.items[static_cast<std::size_t>(placed.top + line)];
     const MenuBox box = {placed.inner.x, placed.inner.y + line * b.font.pitch, placed.inner.width, b.font.pitch};
-    GksColour colour = ColourOf(b, item.colour, element.disabled);
-    if (item.chosen) {
-      Fill(b, colour, box);
-      colour = b.inks.paper;
-    }
-    const MenuBox inside = {box.x + 2, box.y, box.width - 4, box.height};
-    Text(b, colour, inside.x, inside, item.text);
-    if (IsFocused(b, number, placed.top + line + 1)) FocusRing(b, item.chosen ? b.inks.paper : b.inks.ink, box);
+    DrawListItem(b, element, item, box);
+    const bool reversed = item.chosen && !HasTicks(element.list);
+    if (IsFocused(b, number, placed.top + line + 1)) FocusRing(b, reversed ? b.inks.paper : b.inks.ink, box);
   }
   if (placed.bar.width > 0) DrawScrollBar(b, placed, IsPressed(b, number, 0));
 }
@@ -313,7 +337,7 @@ void DrawElement(const Brush& b, const MenuElement& element, const MenuPlaced& p
       return DrawRunBar(b, element, placed, number);
     case Type::check_box: {
       CheckMark(b, placed.inner, element.value != 0, false, element.disabled);
-      const int x = placed.inner.x + placed.inner.width + 6;
+      const int x = placed.inner.x + placed.inner.width + kBesideMark;
       Text(b, ColourOf(b, element.colour, element.disabled), x, placed.box, element.text);
       if (IsFocused(b, number, 0)) FocusRing(b, b.inks.ink, Inset(placed.inner, -2));
       return;

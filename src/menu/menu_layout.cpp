@@ -20,6 +20,7 @@ constexpr int kBetween = 4;              // elements
 constexpr int kGap = 3;                  // items of a row, and what most item widths have over their text
 constexpr int kRowOverLine = 2;          // a row of buttons is higher than a line of text
 constexpr int kListFrame = 3;            // on each side
+constexpr int kInsideItem = 4;           // of a list, beside its text
 constexpr int kScrollBar = 14, kLeastThumb = 12;
 constexpr int kField = 4;  // of a type-in, from its edge to its letters
 constexpr int kMostLines = 40, kLeastLines = 4;
@@ -60,13 +61,13 @@ int ItemWidth(const MenuRowItem& item, const MenuFont& font) {
     case Kind::file:
       return fixed > 0 ? fixed : ButtonWidth(font, item.text);
     case Kind::check:
-      return font.height + 2 + (item.text.empty() ? 0 : kGap + MenuTextWidth(font, item.text));
+      return font.height + 2 + (item.text.empty() ? 0 : kBesideMark + MenuTextWidth(font, item.text));
     case Kind::integer:
     case Kind::real:
     case Kind::text:
       return (TypeInColumns(item) + 2) * font.width + kGap;
     case Kind::colour:
-      return ChipWidth(font) + (item.text.empty() ? 0 : kGap + MenuTextWidth(font, item.text));
+      return ChipWidth(font) + (item.text.empty() ? 0 : kBesideMark + MenuTextWidth(font, item.text));
     case Kind::arrows:
       return kArrowColumns * font.width;
   }
@@ -106,7 +107,7 @@ int ListWidth(const MenuList& list, const MenuFont& font) {
     longest = std::max(
         longest, MenuTextWidth(font, std::string_view(item.text).substr(0, static_cast<std::size_t>(list.columns))));
   const bool scrolls = static_cast<int>(list.items.size()) > ListLines(list);
-  return longest + 2 * kListFrame + (scrolls ? kScrollBar : 0);
+  return longest + 2 * kListFrame + kInsideItem + (HasTicks(list) ? TickWidth(font) : 0) + (scrolls ? kScrollBar : 0);
 }
 
 int TextLines(std::string_view text) {
@@ -279,6 +280,14 @@ int Within(int value, int least, int largest) {
 int ListLines(const MenuList& list) {
   const bool box = list.mode >= ListMode::several_in_box;
   return std::clamp(box ? list.box_lines : static_cast<int>(list.items.size()), 1, kMostLines);
+}
+
+bool HasTicks(const MenuList& list) {
+  return list.mode == ListMode::several || list.mode == ListMode::several_in_box;
+}
+
+int TickWidth(const MenuFont& font) {
+  return font.height + kBesideMark;
 }
 
 int ChipWidth(const MenuFont& font) {

@@ -55,6 +55,9 @@ struct MenuHit {
 [[nodiscard]] MenuHit HitMenu(const MenuSlot& slot, const MenuLayout& layout, int x, int y);
 
 [[nodiscard]] int ListLines(const MenuList& list);  // that it likes to show
+inline constexpr int kBesideMark = 5;               // pixels from a check or a chip to its text
+[[nodiscard]] bool HasTicks(const MenuList& list);  // of several choices
+[[nodiscard]] int TickWidth(const MenuFont& font);  // ahead of its items
 [[nodiscard]] int ChipWidth(const MenuFont& font);  // of a colour, ahead of its name
 [[nodiscard]] bool IsTypeIn(MenuItemType type);
 // What an item shows in its field or on its face.

@@ -9,7 +9,7 @@ namespace zaview {
 namespace {
 
 constexpr MenuFont kFonts[] = {
-    {Font::helvetica_10, 10, 7, 15, 8}, {Font::helvetica_12, 12, 8, 18, 9}, {Font::fixed_8_13, 13, 9, 19, 9}};
+    {Font::sans_10, 10, 7, 15, 7}, {Font::sans_12, 12, 8, 18, 9}, {Font::mono_13, 13, 9, 19, 9}};
 
 bool Continues(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;

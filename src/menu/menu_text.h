@@ -10,7 +10,7 @@
 namespace zaview {
 
 struct MenuFont {
-  Font font = Font::helvetica_12;
+  Font font = Font::sans_12;
   int height = 12, width = 8, pitch = 18, cap = 9;  // pixels: of a letter, of a column, from line to line; of a capital
 };
 

@@ -25,6 +25,12 @@ const BitmapFontTable* TableOf(Font font) {
       return &kHelvetica18;
     case Font::times_24:
       return &kTimesRoman24;
+    case Font::sans_10:
+      return &kSans10;
+    case Font::sans_12:
+      return &kSans12;
+    case Font::mono_13:
+      return &kMono13;
     case Font::stroke:
       break;
   }
@@ -66,6 +72,10 @@ int gksCharWidth(Font font, unsigned char c) {
   return table->bytes[table->start[c]];
 }
 
+bool gksHasSmoothLetters() {
+  return kSans12.smooth;
+}
+
 float gksStrokeAdvance(unsigned char c, float scale) {
   constexpr float kLeastStop = 3.0F;
   if (IsControl(c)) return 0.0F;
@@ -82,8 +92,9 @@ void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Fon
     const auto c = static_cast<unsigned char>(letter);
     if (IsControl(c)) continue;
     const unsigned char* const bytes = table->bytes + table->start[c];
-    const GksGlyph glyph = {bytes[0], table->height, table->x_origin, table->y_origin, bytes + 1};
-    paint.glyph(paint.self, colour, at, upward ? Turned(glyph, rows) : glyph);
+    const GksGlyph glyph = {
+        bytes[0] + 2 * table->overhang, table->height, table->x_origin, table->y_origin, bytes + 1, table->smooth};
+    paint.glyph(paint.self, colour, at, upward && !table->smooth ? Turned(glyph, rows) : glyph);
     (upward ? at.y : at.x) += (upward ? -1.0F : 1.0F) * static_cast<float>(bytes[0]);
   }
 }

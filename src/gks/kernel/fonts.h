@@ -1,5 +1,5 @@
-// The six bitmap fonts and the stroke font: widths and glyphs. The tables are made by the build from the library's own
-// fonts, so that pictures without a display have the same letters.
+// The six bitmap fonts, the smooth ones and the stroke font: widths and glyphs. The tables are made by the build, from
+// the library's own fonts and from outlines, so that pictures without a display have the same letters.
 #pragma once
 
 #include <string_view>
@@ -10,7 +10,10 @@ namespace zaview {
 
 // Width of a character in pixels, or of the stroke font in its units, rounded; 0: not in the font.
 [[nodiscard]] int gksCharWidth(Font font, unsigned char c);
-// Letters side by side from a point of the baseline; upward: turned by a quarter, each above the one before.
+[[nodiscard]] bool gksHasSmoothLetters();  // else the smooth fonts are bitmap ones
+
+// Letters side by side from a point of the baseline; upward: turned by a quarter, each above the one before (smooth
+// ones stay as they are).
 void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, bool upward,
                        std::string_view text);
 

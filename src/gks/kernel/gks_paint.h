@@ -25,10 +25,11 @@ struct GksPen {
   std::uint16_t pattern = kSolid;  // bit by bit along the line, low bit first
 };
 
-struct GksGlyph {  // of a bitmap font: one bit a pixel, whole bytes a row, bottom row first
+struct GksGlyph {  // one bit a pixel, whole bytes a row, bottom row first
   int width = 0, height = 0;
   float x_origin = 0, y_origin = 0;  // from the lower left corner
   const unsigned char* rows = nullptr;
+  bool smooth = false;  // one byte a pixel: sixteenths that are covered
 };
 
 struct GksPaint {  // as it stands nothing is drawn

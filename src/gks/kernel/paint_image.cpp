@@ -226,14 +226,15 @@ void Glyph(void* self, GksColour colour, GksPoint at, const GksGlyph& glyph) {
   const Ink ink = InkOf(colour);
   const int left = static_cast<int>(std::floor(at.x - glyph.x_origin));
   const int bottom = static_cast<int>(std::floor(static_cast<float>(image.height) - at.y - glyph.y_origin));
-  const int bytes = (glyph.width + 7) / 8;
+  const int bytes = glyph.smooth ? glyph.width : (glyph.width + 7) / 8;
   for (int row = 0; row < glyph.height; ++row) {
     const int y = image.height - 1 - bottom - row;
     if (y < 0 || y >= image.height) continue;
     for (int column = 0; column < glyph.width; ++column) {
-      const unsigned byte = glyph.rows[row * bytes + column / 8];
+      const unsigned byte = glyph.rows[row * bytes + (glyph.smooth ? column : column / 8)];
+      const int level = glyph.smooth ? static_cast<int>(byte) : (byte >> (7 - column % 8) & 1U) != 0 ? kLevels : 0;
       const int x = left + column;
-      if ((byte >> (7 - column % 8) & 1U) != 0 && x >= 0 && x < image.width) Put(PixelAt(image, x, y), ink);
+      if (level > 0 && x >= 0 && x < image.width) Blend(PixelAt(image, x, y), ink, level);
     }
   }
 }

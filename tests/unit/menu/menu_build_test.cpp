@@ -68,17 +68,19 @@ TEST(MenuBuild, WrongUseIsSaidAndBuildingGoesOn) {
   }
 }
 
-// ---- Sizes, for Helvetica 12 (letters: A 9, i 3), columns of 8, lines of 18 pixels
+// ---- Sizes, for columns of 8, lines of 18 pixels
+
+const int kA = MenuTextWidth(MenuFontOf(2), "A"), kWord = MenuTextWidth(MenuFontOf(2), "AAi");
 
 TEST(MenuLayout, ItemsHaveTheirWidths) {
   const struct {
     Build item;
     int width;
   } kItems[] = {
-      {[](auto& k) { gksMenuAddItem(k, Kind::label, "AAi"); }, 21},
+      {[](auto& k) { gksMenuAddItem(k, Kind::label, "AAi"); }, kWord},
       {[](auto& k) { gksMenuAddItem(k, Kind::label, "AAi", 5); }, 40},
-      {[](auto& k) { gksMenuAddItem(k, Kind::label, "\xC3\x84"); }, 9},  // one letter, of two bytes
-      {[](auto& k) { gksMenuAddItem(k, Kind::button, "AAi"); }, 21 + 16 + 3},
+      {[](auto& k) { gksMenuAddItem(k, Kind::label, "\xC3\x84"); }, kA},  // one letter, of two bytes
+      {[](auto& k) { gksMenuAddItem(k, Kind::button, "AAi"); }, kWord + 16 + 3},
       {[](auto& k) { gksMenuAddItem(k, Kind::file, "AAi", 5); }, 40},
       {[](auto& k) { gksMenuAddItemI(k, Kind::check, 1); }, 14},
       {[](auto& k) { gksMenuAddItemI(k, Kind::integer, 1); }, 8 * 8 + 3},
@@ -115,7 +117,7 @@ TEST(MenuLayout, ElementsStandOneBelowTheOther) {
   const MenuSlot& slot = SlotOf(w.kit, im);
   EXPECT_EQ(slot.height, 107 + 2 * 18 + 6 + 14);
   EXPECT_EQ(w.BoxOf(im, 4, 2).x, w.BoxOf(im, 4, 0).x + 20 * 8 + 3);
-  EXPECT_EQ(slot.width, 2 * w.BoxOf(im, 1, 0).x + 20 * 8 + 3 + 9);
+  EXPECT_EQ(slot.width, 2 * w.BoxOf(im, 1, 0).x + 20 * 8 + 3 + kA);
   // What the window has too much goes to the box.
   w.Do({{FedEvent::Kind::reshape, slot.id, 0, 0, slot.width, slot.height + 20}});
   EXPECT_EQ(w.Layout(im).elements[4].lines, 3);
