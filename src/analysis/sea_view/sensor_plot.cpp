@@ -6,7 +6,7 @@
 namespace zaview {
 namespace {
 
-constexpr std::size_t kCurves = 6;  // of distances: more could not be told apart
+constexpr std::size_t kCurves = 4;  // of distances: more could not be told apart
 
 std::string Named(std::string_view what, float value) {
   return fmt::format("{}{}", what, Shown{value});

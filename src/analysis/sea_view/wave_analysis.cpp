@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 
 #include "analysis/sea_view/root_files.h"
 #include "base/grow.h"
@@ -288,13 +289,32 @@ bool WriteWaveAnalysis(const Platform& platform, const OutputSettings& settings,
   return false;
 }
 
+namespace {
+
+constexpr float kFarOut = 5.0F;  // times the median: where the local wave number goes through 0 there is no celerity
+
+// The curve without what would leave no room for the rest of it.
+ResultCurve WithoutSpikes(std::string_view name, const std::vector<float>& time, const std::vector<float>& celerity) {
+  std::vector<float> magnitudes;
+  for (const float c : celerity) magnitudes.push_back(std::abs(c));
+  const auto middle = magnitudes.begin() + static_cast<std::ptrdiff_t>(magnitudes.size() / 2);
+  std::nth_element(magnitudes.begin(), middle, magnitudes.end());
+  ResultCurve curve{std::string(name), time, celerity};
+  for (float& c : curve.y)
+    if (std::abs(c) > kFarOut * *middle) c = std::numeric_limits<float>::quiet_NaN();
+  return curve;
+}
+
+}  // namespace
+
 ResultPlot WaveAnalysisPlot(const WaveAnalysisResult& result) {
   ResultPlot plot{.title = "Waves along the ship", .panels = {}};
   if (result.time.empty()) return plot;
   ResultPanel celerity{
       .x_name = "Time", .y_name = "Celerity along the heading", .curves = {}, .bands = {}, .notes = {}};
-  celerity.curves.push_back({"At the CG", result.time, result.celerity_cg});
-  celerity.curves.push_back({"Along the ship", result.time, result.celerity_avg, ResultStyle::dashed});
+  celerity.curves.push_back(WithoutSpikes("At the CG", result.time, result.celerity_cg));
+  celerity.curves.push_back(WithoutSpikes("Along the ship", result.time, result.celerity_avg));
+  celerity.curves.back().style = ResultStyle::dashed;
   ResultPanel elevation{.x_name = "Time", .y_name = "Elevation at the CG", .curves = {}, .bands = {}, .notes = {}};
   elevation.curves.push_back({"", result.time, result.elevation});
   plot.panels = {std::move(celerity), std::move(elevation)};

@@ -88,6 +88,14 @@ TEST(WaveFeatures, NearestAndLargest) {
   EXPECT_FALSE(FindFeature(s, std::vector<double>(101), {}).there);
 }
 
+TEST(WaveAnalysisPlot, SpikesLeaveRoom) {
+  const std::vector<float> t = {1, 2, 3, 4}, c = {-10, 12, -4000, 11};
+  const ResultPlot plot = WaveAnalysisPlot({t, t, c, c});
+  ASSERT_EQ(plot.panels.size(), 2U);
+  EXPECT_TRUE(std::isnan(plot.panels[0].curves[0].y[2]));
+  EXPECT_EQ(plot.panels[0].curves[1].y[1], 12.0F);
+}
+
 TEST(Plot3dFile, RecordsOfOneBlock) {
   FakePlatform fake;
   const Platform platform = fake.Get();
