@@ -1,6 +1,7 @@
 #define GL_GLEXT_PROTOTYPES
 #include "gks/scene/scene_draw.h"
 
+#include <array>
 #include <cstddef>
 
 #include <GL/gl.h>
@@ -88,7 +89,8 @@ void SetVertices(const SceneMesh& mesh, bool with_looks) {
 }
 
 void ForgetArrays() {
-  for (const GLenum array : {GL_VERTEX_ARRAY, GL_NORMAL_ARRAY, GL_COLOR_ARRAY}) glDisableClientState(array);
+  for (const GLenum array : std::array<GLenum, 3>{GL_VERTEX_ARRAY, GL_NORMAL_ARRAY, GL_COLOR_ARRAY})
+    glDisableClientState(array);
   glBindBuffer(GL_ARRAY_BUFFER, 0);
   glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
 }
@@ -127,7 +129,7 @@ void Fill(GLenum target, unsigned buffer, std::size_t bytes, const void* data) {
 
 void BeginScene(const Eye& eye, int width, int height, std::array<float, 3> paper, SceneLight light) {
   glPushAttrib(GL_ALL_ATTRIB_BITS);
-  for (const GLenum matrix : {GL_PROJECTION, GL_MODELVIEW}) {
+  for (const GLenum matrix : std::array<GLenum, 2>{GL_PROJECTION, GL_MODELVIEW}) {
     glMatrixMode(matrix);
     glPushMatrix();
   }
@@ -152,7 +154,7 @@ void BeginScene(const Eye& eye, int width, int height, std::array<float, 3> pape
 void EndScene() {
   glMatrixMode(GL_MODELVIEW);
   glPopMatrix();
-  for (const GLenum matrix : {GL_MODELVIEW, GL_PROJECTION}) {
+  for (const GLenum matrix : std::array<GLenum, 2>{GL_MODELVIEW, GL_PROJECTION}) {
     glMatrixMode(matrix);
     glPopMatrix();
   }
