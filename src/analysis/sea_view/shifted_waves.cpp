@@ -37,6 +37,12 @@ constexpr std::string_view kMotionNames[] = {"Time",   "Xcg",    "Ycg",    "Zcg"
                                              "VHeave", "Vpitch", "AHeave", "APitch", "ElevCG", "Elev_orig"};
 constexpr double kRadians = std::numbers::pi / 180.0;
 
+// Of a direction along an axis, whose degrees are no whole radians.
+double Cosine(double value) {
+  constexpr double kAlongAxis = 1e-15;
+  return std::abs(value) < kAlongAxis ? 0.0 : value;
+}
+
 // The number that was written, not the 4-byte value nearest to it.
 KinoSeaUnits UnitsOf(const OutputSettings& settings) {
   KinoSeaUnits units{settings.units.GRAVOUT, settings.units.LENOUT};
@@ -118,8 +124,8 @@ std::string ComponentTable(const OutputSettings& settings, const CaseStore& case
                              static_cast<double>(list.HEADW[i]),
                              static_cast<double>(list.AMPW0[i]) * static_cast<double>(settings.units.LENOUT),
                              InDefinition(static_cast<double>(list.PHASEW[i]), definition),
-                             -std::cos(b),
-                             -std::sin(b)};
+                             Cosine(-std::cos(b)),
+                             Cosine(-std::sin(b))};
     std::array<float, std::size(values)> cells{};
     std::transform(std::begin(values), std::end(values), cells.begin(),
                    [](double value) { return static_cast<float>(value); });

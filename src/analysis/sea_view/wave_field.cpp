@@ -10,6 +10,7 @@
 #include "analysis/sea_view/shifted_waves.h"
 #include "base/grow.h"
 #include "base/message.h"
+#include "base/number_format.h"
 #include "base/side_by_side.h"
 #include "base/table_text.h"
 #include "case/wave_at_cg.h"
@@ -81,15 +82,16 @@ void EvaluateRow(const FieldWork& work, std::size_t row, Plot3dBlock& grid, Plot
   const double g = static_cast<double>(work.settings.units.GRAVOUT);
   const double speed_scale = std::sqrt(g * L);
   const double pressure_scale = static_cast<double>(work.settings.units.RHOOUT) * g * L;
+  const auto shown = [](double value) { return Finite(static_cast<float>(value)); };
   for (std::size_t i = 0; i < n; ++i) {
     std::vector<std::vector<float>>& f = functions.values;
     const std::size_t at = row * n + i;
-    f[kEta][at] = static_cast<float>(static_cast<double>(eta[i]) * L);
+    f[kEta][at] = shown(static_cast<double>(eta[i]) * L);
     if (points[i][2] > static_cast<double>(eta[i]) + kOnSurface) continue;
-    f[kU][at] = static_cast<float>((work.speed - static_cast<double>(phi_x[i])) * speed_scale);
-    f[kV][at] = static_cast<float>(-static_cast<double>(phi_y[i]) * speed_scale);
-    f[kW][at] = static_cast<float>(static_cast<double>(phi_z[i]) * speed_scale);
-    f[kP][at] = static_cast<float>((-points[i][2] - static_cast<double>(phi_t[i])) * pressure_scale);
+    f[kU][at] = shown((work.speed - static_cast<double>(phi_x[i])) * speed_scale);
+    f[kV][at] = shown(-static_cast<double>(phi_y[i]) * speed_scale);
+    f[kW][at] = shown(static_cast<double>(phi_z[i]) * speed_scale);
+    f[kP][at] = shown((-points[i][2] - static_cast<double>(phi_t[i])) * pressure_scale);
   }
 }
 
@@ -159,7 +161,8 @@ bool SetWaves(const Console& console, CaseStore& c, FieldWork& work) {
 }  // namespace
 
 bool IsAxis(const GridAxis& axis) {
-  return axis.n >= 1 && axis.high >= axis.low && static_cast<double>(axis.n) <= kMostFieldPoints;
+  return axis.n >= 1 && axis.high >= axis.low && std::isfinite(axis.high - axis.low) &&
+         static_cast<double>(axis.n) <= kMostFieldPoints;
 }
 
 bool IsGrid(const std::array<GridAxis, 3>& axes) {
