@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/message.h"
+#include "case/case_hull.h"
 #include "gks/window/gks_window.h"
 #include "menu/menu_build.h"
 #include "menu/menu_window.h"
@@ -40,6 +41,7 @@ bool HasPoint(const Session& s) {
 }
 
 void BuildOptionsMenu(Session& s, int im) {
+  static_cast<void>(EnsureHull(s.platform, s.case_store));  // which views there are goes by it
   const ViewOptions view = OptionsOf(s);
   AddOptions(s, im, {FirstOptions(), kAlways});
   AddOptions(s, im, view);
