@@ -1,4 +1,4 @@
-// menu_pictures SAMPLES FOLDER: the option menus of each view beside the view, as they stand on a screen, as PNG files.
+// menu_pictures SAMPLES FOLDER: the option menus of each view beside the view, as PNG files.
 // Drawn in memory; the menus are opened by their keys.
 #include <algorithm>
 #include <cstdio>
@@ -11,11 +11,13 @@
 #include "gks/picture/picture_file.h"
 #include "gks/window/gks_window.h"
 #include "gks/window/window_offscreen.h"
+#include "menu/file_selector.h"
 #include "menu/menu_window.h"
 #include "views/data_plot/data_plot.h"
 #include "views/frame/ordered_run.h"
 #include "views/frame/plot_session.h"
 #include "views/geometry/geometry_view.h"
+#include "views/menus/menus.h"
 #include "views/state/start_plot.h"
 
 namespace {
@@ -26,7 +28,7 @@ constexpr unsigned char kDesk = 112, kEdge = 40;
 constexpr int kMargin = 12, kWindow = 560;
 
 struct Screen {  // top row first
-  int width = kOffscreenWidth, height = kOffscreenHeight;
+  int width = 2400, height = 1200;
   std::vector<unsigned char> rgb = std::vector<unsigned char>(static_cast<std::size_t>(width * height * 3), kDesk);
   int left = width, top = height, right = 0, bottom = 0;  // of all windows
 
@@ -73,7 +75,27 @@ struct Scene {
   PlotModule module = PlotModule::data_plot;
   PlotRequest plot{};
   std::vector<KeyOf> keys;
+  void (*then)(Session& session) = nullptr;  // what no key opens
 };
+
+void OpenPoint(Session& s) {
+  InvokePointMenu(s, MenuMode::open);
+}
+void OpenQuantities(Session& s) {
+  InvokeQntMenu(s, {});
+}
+void OpenColours(Session& s) {
+  InvokeColorMenu(s, {});
+}
+void OpenMessage(Session& s) {
+  static_cast<void>(InvokeMessageWindow(s, {"File written"}));
+}
+// As a press of the item does it that asks for a file.
+void OpenFiles(Session& s) {
+  for (const OptionPlace& place : s.menus.places)
+    if (place.option->kind == OptionKind::file)
+      return dgFileSelector(s.menus.kit, {place.menu, place.element, place.item}, kFileWrite, "");
+}
 
 constexpr KeyOf kOptions{'o', kAltKey}, kCurves{'s', kAltKey}, kSteps{' ', kAltKey}, kReverse{18, kControlKey};
 constexpr QuantityRequest kHeave{.iqnt = 1, .curve = 3};
@@ -101,6 +123,12 @@ const std::vector<Scene>& Scenes() {
       {"menu_animation", "quartering.out", PlotModule::animation, {}, {kOptions, kSteps}},
       {"menu_geometry", "quartering.out", PlotModule::geometry, {}, {kOptions, kReverse}},
       {"menu_geometry_3d", "quartering.out", PlotModule::geometry, {}, {{'V'}, kOptions}},
+      {"menu_covariance", "irregular_head.out", PlotModule::data_plot, {PlotKind::autocovariance, kHeave}, {kOptions}},
+      {"menu_point", "irregular_head.out", PlotModule::data_plot, {PlotKind::history, kHeave}, {}, OpenPoint},
+      {"menu_quantities", "quartering.out", PlotModule::animation, {}, {}, OpenQuantities},
+      {"menu_colours", "quartering.out", PlotModule::animation, {}, {}, OpenColours},
+      {"menu_message", "quartering.out", PlotModule::geometry, {}, {}, OpenMessage},
+      {"menu_files", "irregular_head.out", PlotModule::data_plot, {PlotKind::history, kHeave}, {kOptions}, OpenFiles},
       {"menu_help", "quartering.out", PlotModule::geometry, {}, {{'h'}}},
   };
   return scenes;
@@ -136,10 +164,18 @@ bool Draw(const Scene& scene, const std::string& samples, const std::string& fol
   Enter(s, scene);
   for (const KeyOf& key : scene.keys) FeedEvent(*windows, {FedEvent::Kind::key, 1, key.key, key.modifiers});
   gksTop(s.platform, s.gks, "zaview");
+  if (scene.then != nullptr) {
+    scene.then(s);
+    s.platform.window.main_loop(s.platform.window.self);
+  }
 
   Screen screen;
+  int x = kMargin;
   const auto add = [&](int id) {
-    const WindowPlace at = s.platform.window.place(s.platform.window.self, id);
+    WindowPlace at = s.platform.window.place(s.platform.window.self, id);
+    at.x = x;
+    at.y = kMargin;
+    x += at.width + kMargin;
     std::vector<unsigned char> rgb(static_cast<std::size_t>(at.width * at.height * 3));
     if (ReadOffscreenPicture(*windows, id, at.width, at.height, rgb.data())) screen.Add(at, rgb);
   };

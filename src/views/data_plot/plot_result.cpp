@@ -21,8 +21,11 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kNothing = "ERROR - there is no result of an analysis to be plotted";
-constexpr float kGap = 1.0F;         // page units between panels: tick labels and a name
-constexpr float kLegendGap = 0.12F;  // page units from the area's corner
+constexpr float kGap = 0.8F;   // page units between panels: tick labels and a name
+constexpr float kFoot = 0.8F;  // page units below the lowest one
+constexpr float kLeastPanel = 0.4F;
+constexpr float kLegendGap = 0.12F;  // page units beside the area
+constexpr float kPointSize = 3.0F;   // of markers
 constexpr int kDot = 15;             // marker
 constexpr int kDashed = 1;           // of SetDash
 constexpr int kBandColour = 3;
@@ -78,11 +81,17 @@ PlotLimits LimitsOf(const ResultPanel& panel, const Span& x, AxesLength length) 
   return limits;
 }
 
+// Panels of one horizontal axis share its limits with the lowest.
+bool SharesAxis(const DataPlotState& plot, const ResultPanel& panel) {
+  return panel.x_name == PanelOf(plot).x_name;
+}
+
 void FitResult(const DataPlotState& plot, PlotLimits& limits) {
   Span x;
-  if (ShowsAll(plot))
-    for (const ResultPanel& panel : plot.result.panels) TakeX(panel, x);
-  else TakeX(PanelOf(plot), x);
+  if (ShowsAll(plot)) {
+    for (const ResultPanel& panel : plot.result.panels)
+      if (SharesAxis(plot, panel)) TakeX(panel, x);
+  } else TakeX(PanelOf(plot), x);
   limits = LimitsOf(PanelOf(plot), x, LengthOf(plot));
 }
 
@@ -136,7 +145,7 @@ void DrawPanelCurve(const DataPlotState& plot, PlotDraw draw, const ResultCurve&
   dgColour(draw, ColourOf(plot, index + 1));
   if (curve.style == ResultStyle::points || plot.mark_every < 0) {
     dgMarkerType(draw, kDot);
-    dgMarkerScale(draw, plot.mark_size);
+    dgMarkerScale(draw, kPointSize * plot.mark_size);
     return DrawParts(draw, curve, -1);
   }
   dgThickness(draw, plot.line_thickness);
@@ -174,33 +183,49 @@ void ResultNotes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNo
   if (HasResult(plot) && !ShowsAll(plot)) AddNotes(plot, PanelOf(plot), notes);
 }
 
-// Names of the curves in the upper right corner of the area.
-void DrawLegend(const DataPlotState& plot, const ResultPanel& panel, PlotDraw draw) {
+std::vector<PageNote> NotesOf(const DataPlotState& plot, const ResultPanel& panel) {
   std::vector<PageNote> notes;
-  AddNotes(plot, panel, notes);
-  if (notes.empty() || plot.legend == LegendUse::off) return;
-  const PlotPage& page = draw.page;
-  const NotesSize size = SizeOfNotes(draw, notes, plot.annot_size);
-  PaperNotes(draw, notes, page.area_x + page.area_width - size.width - kLegendGap,
-             page.area_y + page.area_height - kLegendGap, plot.annot_size);
+  if (plot.legend != LegendUse::off) AddNotes(plot, panel, notes);
+  return notes;
 }
 
-// All panels into the area that was set up for one, from the top; the horizontal axis in use is that of all.
+// What the widest of the legends needs right of the areas.
+float LegendWidth(const DataPlotState& plot, PlotDraw draw) {
+  float width = 0;
+  for (const ResultPanel& panel : plot.result.panels)
+    if (const std::vector<PageNote> notes = NotesOf(plot, panel); !notes.empty())
+      width = std::max(width, SizeOfNotes(draw, notes, plot.annot_size).width + 2.0F * kLegendGap);
+  return width;
+}
+
+// Right of the area, from its top.
+void DrawLegend(const DataPlotState& plot, const ResultPanel& panel, PlotDraw draw) {
+  const PlotPage& page = draw.page;
+  const std::vector<PageNote> notes = NotesOf(plot, panel);
+  if (!notes.empty())
+    PaperNotes(draw, notes, page.area_x + page.area_width + kLegendGap, page.area_y + page.area_height,
+               plot.annot_size);
+}
+
+// All panels, from the top of the area that was set up for one down to the foot of the page.
 void DrawStack(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame) {
   const PlotPage whole = draw.page;
   const std::vector<ResultPanel>& panels = plot.result.panels;
   const auto count = static_cast<float>(panels.size());
-  const float height = std::max((whole.area_height - kGap * (count - 1.0F)) / count, kGap / 2.0F);
-  const Span x{std::min(plot.axes.limits.x_min, plot.axes.limits.x_max),
-               std::max(plot.axes.limits.x_min, plot.axes.limits.x_max)};
   float top = whole.area_y + whole.area_height;
+  const float height = std::max((top - kFoot - kGap * (count - 1.0F)) / count, kLeastPanel);
+  const float width = std::min(whole.area_width, whole.page_width - whole.area_x - LegendWidth(plot, draw));
   for (const ResultPanel& panel : panels) {
-    PlotLimits limits = LimitsOf(panel, x, {whole.area_width, height});
-    limits.x_min = plot.axes.limits.x_min;
-    limits.x_step = plot.axes.limits.x_step;
-    limits.x_max = plot.axes.limits.x_max;
-    dgAreaAt(draw, whole.area_x, top - height, whole.area_width, height);
-    frame.axes(plot, panel.x_name, panel.y_name, limits, draw);
+    Span x;
+    TakeX(panel, x);
+    PlotLimits limits = LimitsOf(panel, x, {width, height});
+    if (SharesAxis(plot, panel)) {
+      limits.x_min = plot.axes.limits.x_min;
+      limits.x_step = plot.axes.limits.x_step;
+      limits.x_max = plot.axes.limits.x_max;
+    }
+    dgAreaAt(draw, whole.area_x, top - height, width, height);
+    frame.axes(plot, panel.x_name, CutToWidth(draw, panel.y_name, plot.text_size, height + kGap / 2.0F), limits, draw);
     DrawPanel(plot, draw, panel);
     DrawLegend(plot, panel, draw);
     top -= height + kGap;
