@@ -3,8 +3,10 @@
 
 #include "frame/run_loop.h"
 #include "script/open_script_file.h"
+#include "unit/views/geometry_picture.h"
 #include "unit/views/menu_view.h"
 #include "views/menus/option_builder.h"
+#include "views/state/result_choice.h"
 
 namespace zaview {
 namespace {
@@ -33,33 +35,60 @@ TEST(OptionMenus, OpenByKeysAndCloseWithTheView) {
   EXPECT_TRUE(menus.m_omenu == 0 && menus.m_help == 0 && menus.places.empty());
 }
 
+// Every button of the parts that all views share.
 TEST(OptionMenus, LeadFromViewToView) {
-  MenuView v({"irregular_head.out"});
+  MenuView v({"irregular_head.out"}), records({"sea_1.out", "sea_2.out"});
+  PutBox(v.session.case_store);
+  KeepResult(v.session.data_plot, {"Two points", {{"x", "y", {{"", {0, 1}, {1, 2}}}, {}, {}}}});
   v.EnterPlot(kHeave);
   v.Key('o', kAltKey);
   const int& menu = v.session.menus.m_omenu;
   struct {
     const char* button;
     PlotKind kind;
-    PlotModule module;
-  } const kCases[] = {{"Histogram", PlotKind::histogram, PlotModule::data_plot},
-                      {"Load Dist", PlotKind::load_dist, PlotModule::data_plot},
-                      {"AutoCorrelation", PlotKind::autocorrelation, PlotModule::data_plot},
-                      {"Time History", PlotKind::history, PlotModule::data_plot},
-                      {"AutoCovariance", PlotKind::autocovariance, PlotModule::data_plot}};
+    PlotModule module = PlotModule::data_plot;
+  } const kCases[] = {{"Histogram", PlotKind::histogram},
+                      {"Animation", PlotKind::histogram, PlotModule::animation},
+                      {"Trajectory", PlotKind::trajectory},
+                      {"Geometry", PlotKind::trajectory, PlotModule::geometry},
+                      {"AutoCorrelation", PlotKind::autocorrelation},
+                      {"Time History", PlotKind::history},
+                      {"AutoCovariance", PlotKind::autocovariance},
+                      {"Analysis", PlotKind::result},
+                      {"Load Dist", PlotKind::load_dist}};
   for (const auto& c : kCases) {
     v.Press(menu, {.text = c.button});
     EXPECT_EQ(v.session.data_plot.kind, c.kind) << c.button;
     EXPECT_EQ(v.session.run.plot_module, c.module) << c.button;
     EXPECT_EQ(v.Shown(menu, {.text = c.button})->style, kButtonDown) << c.button;
+    EXPECT_FALSE(v.session.run.redraw) << c.button;
   }
   EXPECT_EQ(v.Find(menu, {.text = "Conf.Intrvl"}), nullptr);
+  v.Press(menu, {.text = "Selection Menu"});
+  v.Press(menu, {.text = "Time Step Menu"});
+  EXPECT_TRUE(v.session.menus.m_csmenu != 0 && v.session.menus.m_tsmenu != 0);
   v.Press(menu, {.text = "+"});
   EXPECT_EQ(v.session.menus.kit.font_step, 3);
+  v.Press(menu, {.text = "-"});
+  EXPECT_EQ(v.session.menus.kit.font_step, 2);
+  v.Press(menu, {.text = "Swap B/W"});
+  EXPECT_TRUE(v.session.gks.window.reverse_video);
   v.Press(menu, {.text = "Write Image File"});
   EXPECT_TRUE(v.fake.files.contains("dump0001.png")) << v.fake.output;
   v.Press(menu, {.text = "Text Menu"});
   EXPECT_TRUE(v.session.run.menu_wanted && menu == 0);
+
+  records.EnterPlot(kHeave);
+  records.session.run.script_active = records.session.script.open = true;
+  records.Key('o', kAltKey);
+  records.Press(records.session.menus.m_omenu, {.text = "Conf.Intrvl"});
+  EXPECT_EQ(records.session.data_plot.kind, PlotKind::interval);
+  EXPECT_TRUE(records.session.data_plot.of_ensemble);
+  records.Press(records.session.menus.m_omenu, {.text = "Continue Script"});
+  EXPECT_EQ(records.session.menus.m_omenu, 0);
+  v.used.merge(records.used);
+  v.ExpectAllUsed(FirstOptions());
+  v.ExpectAllUsed(LastOptions());
 }
 
 // "Text Menu" leaves a script where it is; the view that is left next goes on with it, as "Continue Script" does.
