@@ -6,6 +6,7 @@
 
 #include "base/grow.h"
 #include "case/ship_pose.h"
+#include "case/size_history.h"
 #include "waves/elevation_grid.h"
 #include "waves/wave_scale.h"
 
@@ -76,11 +77,6 @@ bool StartAnew(const CaseStore& store, std::size_t points, HullWetness& w) {
   w.first_step = store.first_step;
   w.known_to = store.first_step - 1;
   return true;
-}
-
-bool InGap(const CaseStore& store, int step) {
-  return std::any_of(store.gaps.begin(), store.gaps.end(),
-                     [step](const StepGap& gap) { return step >= gap.from && step <= gap.to; });
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Histories of derived values cover the steps in store.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -21,6 +22,11 @@ namespace zaview {
   for (std::vector<float>& column : history.component) sized = sized && Grow(column, StepsInStore(case_store));
   if (!sized) history.component.clear();
   return sized;
+}
+
+[[nodiscard]] inline bool InGap(const CaseStore& case_store, int step) {
+  return std::any_of(case_store.gaps.begin(), case_store.gaps.end(),
+                     [step](const StepGap& gap) { return step >= gap.from && step <= gap.to; });
 }
 
 // Nothing is known of the steps that no part of a combined case holds: zero, like what was stored for them.

@@ -17,6 +17,7 @@ constexpr std::string_view kAskGeometry = "Enter name for KINO crane & cable geo
 constexpr std::string_view kAborted = "Option Aborted";
 constexpr std::string_view kMotionsDone = "Crane & cargo motions written to {}";
 constexpr std::string_view kGeometryDone = "Crane & cable geometry written to {}";
+constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
 constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
 constexpr std::string_view kNoMemory = "ERROR - not enough memory for the crane & cargo model";
 
@@ -96,6 +97,12 @@ void AskCrane(const CraneWork& work, CraneRun& run) {
   if (!AskFile(platform, kAskMotions, ".crane_out", motions)) return SayLine(platform.console, kAborted);
   if (!AskFile(platform, kAskGeometry, ".crane_gt", geometry)) {
     DiscardOutput(motions.out);
+    return SayLine(platform.console, kAborted);
+  }
+  if (SpoilEachOther(motions.out, geometry.out)) {
+    Say(platform.console, kSameName, geometry.name);
+    Discard(&motions.out);
+    Discard(&geometry.out);
     return SayLine(platform.console, kAborted);
   }
   (void)RunCrane(work, input, model.name, {Wanted(motions), Wanted(geometry)}, run);

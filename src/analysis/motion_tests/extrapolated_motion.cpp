@@ -9,6 +9,7 @@
 #include "base/number_format.h"
 #include "base/table_text.h"
 #include "case/derived_arrays.h"
+#include "case/size_history.h"
 
 namespace zaview {
 namespace {
@@ -70,6 +71,7 @@ DataFault WriteExtrapolatedMotion(const Console& console, const OutputSettings& 
     const double end = store.time.at(1, store.last_step);
     std::string text;
     for (int step = store.first_step; step <= store.last_step; ++step) {
+      if (InGap(store, step)) continue;
       const double time = store.time.at(1, step);
       if (request.option == 1 && time + T > end) break;
       AppendStep(settings, (time + T) * to_output, LaterPosition(store, step, request.option, T), text);

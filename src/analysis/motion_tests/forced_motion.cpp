@@ -11,6 +11,7 @@
 #include "base/message.h"
 #include "base/table_text.h"
 #include "case/derived_arrays.h"
+#include "case/settings/step_range.h"
 #include "frame/ground/output_file.h"
 
 namespace zaview {
@@ -25,6 +26,7 @@ constexpr std::string_view kNotThese =
     "ERROR - Force Motion Analysis not implemented for this combination of forced motions:{}";
 constexpr std::string_view kNoFit = "ERROR in Least Squares fit for force coefficients";
 constexpr std::string_view kNoFile = "ERROR opening output file {}{}";
+constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
 constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
 constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::string_view kAddedMassTerms = "adm.dbg", kDampingTerms = "dmp.dbg";
@@ -52,20 +54,15 @@ bool SayFit(const Console& console, const std::vector<int>& modes) {
   return true;
 }
 
-struct Range {
-  int first = 1, last = 0;
-};
-
-FittedMode RecordOf(const CaseStore& c, int mode, const Range& steps) {
+FittedMode RecordOf(const CaseStore& c, int mode, const std::vector<int>& steps) {
   FittedMode fitted;
   fitted.mode = mode;
   const StepHistory& velocity = mode == kHeave ? c.vmgshp : c.vmg;
-  const auto a = c.acc.range(mode, steps.first, steps.last), v = velocity.range(mode, steps.first, steps.last);
-  fitted.a.assign(a.begin(), a.end());
-  fitted.v.assign(v.begin(), v.end());
-  const auto first = c.force_ship.range(mode, steps.first, steps.last);
-  const auto second = c.force_ship.range(kSlot + mode, steps.first, steps.last);
-  for (std::size_t i = 0; i < first.size(); ++i) fitted.F.push_back(double{first[i]} + second[i]);
+  for (const int step : steps) {
+    fitted.a.push_back(c.acc.at(mode, step));
+    fitted.v.push_back(velocity.at(mode, step));
+    fitted.F.push_back(double{c.force_ship.at(mode, step)} + c.force_ship.at(kSlot + mode, step));
+  }
   return fitted;
 }
 
@@ -81,11 +78,9 @@ DataFault Fit(const ForcedMotionWork& work, ForcedMotionResult& result) {
     SayLine(console, kNoMemory);
     return DataFault::said;
   }
-  Range steps{c.first_step + std::max(c.skip_effective, 0), c.last_step - work.settings.reading.skip_terminal};
-  steps.first = std::min(steps.first, c.last_step + 1);  // an empty range is singular
-  steps.last = std::max(steps.last, steps.first - 1);
-  const auto time = c.time.range(1, steps.first, steps.last);
-  result.time.assign(time.begin(), time.end());
+  const std::vector<int> steps =  // none of them: singular
+      StepsOf(c, {c.first_step + std::max(c.skip_effective, 0), c.last_step - work.settings.reading.skip_terminal, 1});
+  for (const int step : steps) result.time.push_back(c.time.at(1, step));
   for (const int mode : modes) {
     FittedMode fitted = RecordOf(c, mode, steps);
     const bool solved = FitForce(fitted.a, fitted.v, fitted.F, fitted.fit);
@@ -204,6 +199,16 @@ void Discard(Targets& targets) {
   for (Target& target : targets) DiscardOutput(target.out);
 }
 
+bool AllDifferent(const Console& console, const Targets& targets) {
+  for (std::size_t i = 1; i < targets.size(); ++i)
+    for (std::size_t k = 0; k < i; ++k) {
+      if (!SpoilEachOther(targets[i].out, targets[k].out)) continue;
+      Say(console, kSameName, targets[k].name);
+      return false;
+    }
+  return true;
+}
+
 bool Open(const Platform& platform, Targets& targets) {
   for (Target& target : targets) {
     if (OpenOutput(platform, target.name, OpenHow::replace, target.out)) continue;
@@ -211,7 +216,9 @@ bool Open(const Platform& platform, Targets& targets) {
     Discard(targets);
     return false;
   }
-  return true;
+  if (AllDifferent(platform.console, targets)) return true;
+  Discard(targets);
+  return false;
 }
 
 bool Close(const Console& console, Targets& targets) {

@@ -7,6 +7,7 @@
 #include "base/grow.h"
 #include "base/message.h"
 #include "case/ship_pose.h"
+#include "case/size_history.h"
 #include "case/wave_at_cg.h"
 #include "control/input_scales.h"
 #include "frame/ground/progress_line.h"
@@ -107,11 +108,6 @@ WaveTableRequest TableRequest(const CaseStore& store, const HydrostaticBody& bod
   return request;
 }
 
-bool InGap(const CaseStore& store, int step) {
-  return std::any_of(store.gaps.begin(), store.gaps.end(),
-                     [step](const StepGap& gap) { return step >= gap.from && step <= gap.to; });
-}
-
 // ---- What is said
 
 bool SayBodyFault(const Console& console, BodyFault fault, std::size_t cells) {
@@ -173,7 +169,7 @@ bool OpenOne(const Platform& platform, ArmDirection direction, ArmFile kind, con
 bool AllDifferent(const Console& console, const RightingArmOutputs& outputs) {
   for (const OutputFile& one : outputs.file)
     for (const OutputFile& other : outputs.file)
-      if (&one != &other && IsOpen(one) && one.name == other.name) {
+      if (&one != &other && SpoilEachOther(one, other)) {
         Say(console, kSameName, one.name);
         return false;
       }

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "case/case_hull.h"
 #include "case/ship_pose.h"
+#include "case/size_history.h"
 #include "geometry/input_transform.h"
 #include "geometry/read_geometry.h"
 #include "geometry/read_hrl.h"
@@ -98,6 +99,7 @@ void WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, con
                    element.node[3]);
   for (std::int64_t i = store.first_step; i <= store.last_step; i += stride) {
     const int step = static_cast<int>(i);
+    if (InGap(store, step)) continue;
     const ShipPose pose = PoseAtStep(store, step);
     fmt::format_to(std::back_inserter(text), "!time= {:.9g}\n{} {}\n", store.time.at(1, step) * settings.units.scales.T,
                    mesh.nodes.size(), mesh.elements.size());

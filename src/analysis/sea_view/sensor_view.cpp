@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 #include "analysis/sea_view/root_files.h"
@@ -26,8 +27,9 @@ constexpr std::string_view kNoRadius[] = {"Earth radius cannot be inferred from 
                                           "ERROR in sensor view calculation - cannot set earth radius based on GRAVIN"};
 constexpr std::string_view kNoMemory = "ERROR allocate sensor view arrays";
 constexpr double kRadians = std::numbers::pi / 180.0;
-constexpr int kTasksAtOnce = 32;       // lines between two looks at the clock
-constexpr std::size_t kHistories = 6;  // points whose histories are kept for a picture
+constexpr std::string_view kInterrupted = "Sensor view interrupted at time step {}";
+constexpr std::size_t kTasksAtOnce = 32;  // lines between two looks at the clock
+constexpr std::size_t kHistories = 6;     // points whose histories are kept for a picture
 
 struct GravityRow {
   double low, high;  // of GRAVIN
@@ -77,7 +79,6 @@ bool SetLimits(const Console& console, const SensorSettings& limits, SensorWork&
 
 void BeginStep(const SensorWork& work, int step, SightStep& sight) {
   const ShipPose pose = PoseAtStep(work.store, step);
-  sight.is_first = step == work.request.steps.first;
   sight.time = static_cast<double>(work.store.time.at(1, step));
   sight.place = ShipToEarth(pose, work.from_centre);
   sight.yaw = static_cast<double>(work.store.pmgg.at(6, step));
@@ -122,16 +123,14 @@ bool LookAlong(const SensorWork& work, int step, std::size_t azimuth, SightStep&
   return true;
 }
 
-// The steps first .. first + sights.size() - 1 of the range, counted from 0.
-bool LookAtSteps(const SensorWork& work, int first, std::vector<SightStep>& sights) {
-  const auto step = [&](std::size_t i) { return work.request.steps.step(first + static_cast<int>(i)); };
-  for (std::size_t i = 0; i < sights.size(); ++i) BeginStep(work, step(i), sights[i]);
+bool LookAtSteps(const SensorWork& work, std::span<const int> steps, std::vector<SightStep>& sights) {
+  for (std::size_t i = 0; i < sights.size(); ++i) BeginStep(work, steps[i], sights[i]);
   if (work.request.mode == SensorMode::horizon) return true;
   const std::size_t lines = work.request.azimuths.size();
   std::vector<char> done(sights.size() * lines);
   SideBySide(done.size(), 0, [&](std::size_t task) {
     const std::size_t i = task / lines;
-    done[task] = LookAlong(work, step(i), task % lines, sights[i]) ? 1 : 0;
+    done[task] = LookAlong(work, steps[i], task % lines, sights[i]) ? 1 : 0;
   });
   return std::find(done.begin(), done.end(), 0) == done.end();
 }
@@ -168,7 +167,9 @@ void Keep(const SensorTables& tables, const SightStep& sight, SensorViewResult& 
 
 // ---- All of them
 
-bool WriteSteps(const Platform& platform, const SensorWork& work, RootFiles& files, SensorViewResult& result) {
+enum class StepsEnd : std::uint8_t { written, no_memory, interrupted };
+
+StepsEnd WriteSteps(const Platform& platform, const SensorWork& work, RootFiles& files, SensorViewResult& result) {
   const SensorTables tables{work.settings, work.store, work.request,
                             static_cast<double>(work.settings.units.LENOUT) / work.store.control.LENIN};
   const std::span<const SensorFile> rows = SensorFilesOf(work.request.mode);
@@ -177,25 +178,30 @@ bool WriteSteps(const Platform& platform, const SensorWork& work, RootFiles& fil
     if (rows[f].append_head != nullptr) rows[f].append_head(tables, texts[f]);
   BeginResult(tables, result);
   ProgressLine progress = StartProgress(platform, "Sensor view");
-  const int count = work.request.steps.count();
-  const int at_once =
-      std::max(1, kTasksAtOnce / static_cast<int>(std::max<std::size_t>(1, work.request.azimuths.size())));
-  bool good = true;
-  for (int first = 0; first < count && good; first += at_once) {
-    std::vector<SightStep> sights(static_cast<std::size_t>(std::min(at_once, count - first)));
-    good = LookAtSteps(work, first, sights);
-    for (std::size_t i = 0; i < sights.size() && good; ++i) {
+  const std::vector<int> steps = StepsOf(work.store, work.request.steps);
+  const std::size_t count = steps.size();
+  const std::size_t at_once =
+      std::max<std::size_t>(1, kTasksAtOnce / std::max<std::size_t>(1, tables.request.azimuths.size()));
+  StepsEnd end = StepsEnd::written;
+  for (std::size_t first = 0; first < count && end == StepsEnd::written; first += at_once) {
+    std::vector<SightStep> sights(std::min(at_once, count - first));
+    sights.front().is_first = first == 0;
+    if (!LookAtSteps(work, std::span(steps).subspan(first), sights)) end = StepsEnd::no_memory;
+    for (std::size_t i = 0; i < sights.size() && end == StepsEnd::written; ++i) {
       Keep(tables, sights[i], result);
       for (std::size_t f = 0; f < rows.size(); ++f) {
         rows[f].append_step(tables, sights[i], texts[f]);
         WriteGathered(files.out[f], texts[f]);
       }
     }
-    ShowProgress(progress, static_cast<double>(first + at_once) / count);
+    ShowProgress(progress, static_cast<double>(first + sights.size()) / static_cast<double>(count));
+    if (end != StepsEnd::written || !TakeInterrupt(platform.console)) continue;
+    Say(platform.console, kInterrupted, steps[first]);
+    end = StepsEnd::interrupted;
   }
   EndProgress(progress);
-  for (std::size_t f = 0; f < rows.size() && good; ++f) WriteOutput(files.out[f], texts[f]);
-  return good;
+  for (std::size_t f = 0; f < rows.size(); ++f) WriteOutput(files.out[f], texts[f]);
+  return end;
 }
 
 // False (told): there is no sea to look over.
@@ -247,8 +253,9 @@ bool WriteSensorView(const Platform& platform, const OutputSettings& settings, c
   for (const SensorFile& row : SensorFilesOf(request.mode)) rows.push_back(row.file);
   RootFiles files;
   if (!OpenRootFiles(platform, case_store, root, rows, files)) return false;
-  if (Guarded([&] { return WriteSteps(platform, work, files, result); }, false)) return CloseRootFiles(console, files);
-  SayLine(console, kNoMemory);
+  const StepsEnd end = Guarded([&] { return WriteSteps(platform, work, files, result); }, StepsEnd::no_memory);
+  if (end == StepsEnd::written) return CloseRootFiles(console, files);
+  if (end == StepsEnd::no_memory) SayLine(console, kNoMemory);
   DiscardRootFiles(files);
   return false;
 }

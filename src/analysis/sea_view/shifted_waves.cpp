@@ -178,6 +178,7 @@ bool MakeMotions(const Console& console, const OutputSettings& settings, const S
   if (layout.separator == Separator::space) text.append(kMotionHead).append("\n");
   else AppendHeading(text, layout, names);
   for (int step = waves.origin.step; step <= c.last_step; ++step) {
+    if (InGap(c, step)) continue;
     const auto s = static_cast<std::size_t>(step - c.first_read);
     AppendRow(text, layout, MotionRow(settings, c, waves.origin, step, eta[s]));
   }

@@ -31,6 +31,7 @@ constexpr std::string_view kCelerityTitle = "Wave celerity via instantaneous fre
 constexpr std::string_view kCelerityHead = "Time   Xcg    Elev_cg   Celerity_cg   Celerity_avg";
 constexpr std::string_view kCelerityNames[] = {"Time", "Xcg", "Elev_cg", "Celerity_cg", "Celerity_avg"};
 constexpr std::string_view kNoMemory = "ERROR allocate wave analysis arrays";
+constexpr std::string_view kInterrupted = "Wave analysis interrupted at time step {}";
 constexpr std::string_view kRoutine = "IncidentWaveCelerity";
 constexpr std::size_t kPoints = 101;  // of the line
 constexpr std::size_t kStepsAtOnce = 32;
@@ -43,7 +44,7 @@ struct LineStep {  // non-dimensional
 
 struct LineWork {
   const OutputSettings& settings;
-  const StepRange& steps;
+  const std::vector<int> steps;
   const CaseStore& store;
   std::vector<double> s{};  // of the points, from the CG towards the bow
 };
@@ -209,26 +210,31 @@ void AppendStep(const LineWork& work, const TableLayout& layout, const LineStep&
       std::array{time, length(line.x), result.elevation.back(), result.celerity_cg.back(), result.celerity_avg.back()});
 }
 
-void WriteSteps(const Platform& platform, const LineWork& work, RootFiles& files, WaveAnalysisResult& result) {
+// False (told): interrupted.
+bool WriteSteps(const Platform& platform, const LineWork& work, RootFiles& files, WaveAnalysisResult& result) {
   const TableLayout layout{work.settings.writing.separator, {}};
   LineTexts texts;
   AppendHeads(work, layout, texts);
   std::string* const text_of[] = {&texts.wave, &texts.features, &texts.celerity};
   Features features;
   ProgressLine progress = StartProgress(platform, "Wave analysis");
-  const auto count = static_cast<std::size_t>(work.steps.count());
-  for (std::size_t first = 0; first < count; first += kStepsAtOnce) {
+  const std::size_t count = work.steps.size();
+  bool good = true;
+  for (std::size_t first = 0; first < count && good; first += kStepsAtOnce) {
     std::vector<LineStep> lines(std::min(kStepsAtOnce, count - first));
-    SideBySide(lines.size(), 0,
-               [&](std::size_t i) { EvaluateStep(work, work.steps.step(static_cast<int>(first + i)), lines[i]); });
+    SideBySide(lines.size(), 0, [&](std::size_t i) { EvaluateStep(work, work.steps[first + i], lines[i]); });
     for (const LineStep& line : lines) {
       AppendStep(work, layout, line, FollowStep(platform.console, work, line, features), texts, result);
       for (std::size_t f = 0; f < files.out.size(); ++f) WriteGathered(files.out[f], *text_of[f]);
     }
-    ShowProgress(progress, static_cast<double>(first) / static_cast<double>(count));
+    ShowProgress(progress, static_cast<double>(first + lines.size()) / static_cast<double>(count));
+    if (!TakeInterrupt(platform.console)) continue;
+    Say(platform.console, kInterrupted, work.steps[first]);
+    good = false;
   }
   EndProgress(progress);
   for (std::size_t f = 0; f < files.out.size(); ++f) WriteOutput(files.out[f], *text_of[f]);
+  return good;
 }
 
 // False (told): these waves have no local frequency.
@@ -278,13 +284,15 @@ bool WriteWaveAnalysis(const Platform& platform, const OutputSettings& settings,
   RootFiles files;
   if (!OpenRootFiles(platform, case_store, root, kFiles, files)) return false;
   result = {};
+  bool out_of_memory = true;
   const auto write = [&] {
-    const LineWork work{settings, steps, case_store, PointsOfLine(case_store)};
-    WriteSteps(platform, work, files, result);
-    return true;
+    const LineWork work{settings, StepsOf(case_store, steps), case_store, PointsOfLine(case_store)};
+    const bool written = WriteSteps(platform, work, files, result);
+    out_of_memory = false;
+    return written;
   };
   if (Guarded(write, false)) return CloseRootFiles(console, files);
-  SayLine(console, kNoMemory);
+  if (out_of_memory) SayLine(console, kNoMemory);
   DiscardRootFiles(files);
   return false;
 }

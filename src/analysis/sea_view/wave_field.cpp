@@ -30,6 +30,7 @@ constexpr RootFile kFiles[] = {{".txt", "Writing wave flow field data to ", ""},
                                {".nam", "Writing names of PLOT3D functions to ", ""}};
 constexpr std::string_view kFunctions[] = {"eta", "u", "v", "w", "p"};
 constexpr std::string_view kNoMemory = "ERROR allocate wave field arrays";
+constexpr std::string_view kInterrupted = "Wave field interrupted";
 constexpr std::string_view kNoDecay = "WARNING - IEKZOPT= {} : no decay with depth";
 constexpr OptionNames kDecayOption{"IEKZOPT"};
 constexpr double kOnSurface = 1e-5;      // of L: as far above the waves a point is still under water
@@ -95,15 +96,20 @@ void EvaluateRow(const FieldWork& work, std::size_t row, Plot3dBlock& grid, Plot
   }
 }
 
-void EvaluateField(const Platform& platform, const FieldWork& work, Plot3dBlock& grid, Plot3dBlock& functions) {
+// False (told): interrupted.
+bool EvaluateField(const Platform& platform, const FieldWork& work, Plot3dBlock& grid, Plot3dBlock& functions) {
   const std::size_t rows = Count(work.request.axes[1]) * Count(work.request.axes[2]);
   ProgressLine progress = StartProgress(platform, "Wave field");
-  for (std::size_t first = 0; first < rows; first += kRowsAtOnce) {
+  bool interrupted = false;
+  for (std::size_t first = 0; first < rows && !interrupted; first += kRowsAtOnce) {
     const std::size_t n = std::min(kRowsAtOnce, rows - first);
     SideBySide(n, 0, [&](std::size_t i) { EvaluateRow(work, first + i, grid, functions); });
     ShowProgress(progress, static_cast<double>(first + n) / static_cast<double>(rows));
+    interrupted = TakeInterrupt(platform.console);
   }
   EndProgress(progress);
+  if (interrupted) SayLine(platform.console, kInterrupted);
+  return !interrupted;
 }
 
 void WriteTable(const FieldWork& work, const Plot3dBlock& grid, const Plot3dBlock& functions, OutputFile& out) {
@@ -122,20 +128,21 @@ void WriteTable(const FieldWork& work, const Plot3dBlock& grid, const Plot3dBloc
   WriteOutput(out, text);
 }
 
-void WriteAll(const Platform& platform, const FieldWork& work, RootFiles& files) {
+bool WriteAll(const Platform& platform, const FieldWork& work, RootFiles& files) {
   const std::array<GridAxis, 3>& axes = work.request.axes;
   const std::size_t points = Count(axes[0]) * Count(axes[1]) * Count(axes[2]);
   Plot3dBlock grid{{axes[0].n, axes[1].n, axes[2].n}, {}};
   Plot3dBlock functions = grid;
   grid.values.assign(3, std::vector<float>(points));
   functions.values.assign(std::size(kFunctions), std::vector<float>(points));
-  EvaluateField(platform, work, grid, functions);
+  if (!EvaluateField(platform, work, grid, functions)) return false;
   WriteTable(work, grid, functions, files.out[0]);
   WritePlot3dGrid(grid, files.out[1]);
   WritePlot3dFunctions(functions, files.out[2]);
   std::string names;
   for (const std::string_view name : kFunctions) names.append(name).append("\n");
   WriteOutput(files.out[3], names);
+  return true;
 }
 
 // False (told): there are no waves to be evaluated.
@@ -177,9 +184,14 @@ bool WriteWaveField(const Platform& platform, const OutputSettings& settings, co
   RootFiles files;
   if (!SetWaves(platform.console, case_store, work) || !OpenRootFiles(platform, case_store, root, kFiles, files))
     return false;
-  if (Guarded([&] { return WriteAll(platform, work, files), true; }, false))
-    return CloseRootFiles(platform.console, files);
-  SayLine(platform.console, kNoMemory);
+  bool out_of_memory = true;
+  const auto write = [&] {
+    const bool written = WriteAll(platform, work, files);
+    out_of_memory = false;
+    return written;
+  };
+  if (Guarded(write, false)) return CloseRootFiles(platform.console, files);
+  if (out_of_memory) SayLine(platform.console, kNoMemory);
   DiscardRootFiles(files);
   return false;
 }

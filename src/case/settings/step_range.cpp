@@ -4,6 +4,7 @@
 
 #include "base/message.h"
 #include "base/number_parse.h"
+#include "case/size_history.h"
 
 namespace zaview {
 namespace {
@@ -28,6 +29,13 @@ bool TakeStepRange(const CaseStore& case_store, StepRange asked, StepRange& rang
   if (asked.first < first || asked.last > last || asked.last < asked.first || asked.increment < 1) return false;
   range = asked;
   return true;
+}
+
+std::vector<int> StepsOf(const CaseStore& case_store, const StepRange& range) {
+  std::vector<int> steps;
+  for (int i = 0; i < range.count(); ++i)
+    if (!InGap(case_store, range.step(i))) steps.push_back(range.step(i));
+  return steps;
 }
 
 Answer AskStepRange(const Console& console, const CaseStore& case_store, std::string_view prompt,

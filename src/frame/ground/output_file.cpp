@@ -1,6 +1,7 @@
 #include "frame/ground/output_file.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include <fmt/format.h>
@@ -86,6 +87,11 @@ void FlushAppended(OutputFile& out) {
   if (out.failed && before.plain) static_cast<void>(files.resize(files.self, out.file, before.size));
 }
 
+// A plain file, whose old content goes.
+bool Replaces(const OutputFile& out) {
+  return !out.beside.empty() || out.cut_first;
+}
+
 void RemoveTraces(const OutputFile& out) {
   const Files& files = out.platform->files;
   if (!out.beside.empty()) static_cast<void>(files.remove(files.self, out.beside));
@@ -153,6 +159,11 @@ void DiscardOutput(OutputFile& out) {
   if (out.to_console || out.file == kNoFile) return;
   static_cast<void>(out.platform->files.close(out.platform->files.self, std::exchange(out.file, kNoFile)));
   RemoveTraces(out);
+}
+
+bool SpoilEachOther(const OutputFile& one, const OutputFile& other) {
+  if (one.file == kNoFile || other.file == kNoFile || !(Replaces(one) || Replaces(other))) return false;
+  return std::filesystem::path(one.target).lexically_normal() == std::filesystem::path(other.target).lexically_normal();
 }
 
 }  // namespace zaview

@@ -41,4 +41,7 @@ void WriteGathered(OutputFile& out, std::string& text);
 [[nodiscard]] bool CloseOutput(OutputFile& out);
 void DiscardOutput(OutputFile& out);
 
+// Are these two open files one, of which only what is closed last would be left?
+[[nodiscard]] bool SpoilEachOther(const OutputFile& one, const OutputFile& other);
+
 }  // namespace zaview

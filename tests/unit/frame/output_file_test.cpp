@@ -87,6 +87,25 @@ TEST(OutputFile, NothingShowsBeforeTheEnd) {
   EXPECT_EQ(fake.Bytes("d/u"), "(no file)");
 }
 
+TEST(OutputFile, TwoOfOneFileAreTold) {
+  const TemporaryFolder folder;
+  const Platform platform = PosixPlatform();
+  struct Case {
+    const char* name;
+    OpenHow how;
+    bool spoils;
+  };
+  for (const Case& c : {Case{"/.//t", OpenHow::replace, true}, Case{"/t", OpenHow::append, true},
+                        Case{"/u", OpenHow::replace, false}}) {
+    OutputFile one, other;
+    ASSERT_TRUE(OpenOutput(platform, folder.path + "/t", OpenHow::replace, one));
+    ASSERT_TRUE(OpenOutput(platform, folder.path + c.name, c.how, other));
+    EXPECT_EQ(SpoilEachOther(one, other), c.spoils) << c.name;
+    DiscardOutput(one);
+    DiscardOutput(other);
+  }
+}
+
 TEST(OutputFile, RealFilesKeepModesLinksAndPipes) {
   const TemporaryFolder folder;
   const std::string& path = folder.path;
