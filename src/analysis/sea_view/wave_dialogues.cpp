@@ -10,6 +10,7 @@
 #include "base/number_format.h"
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "frame/ground/file_dialogue.h"
 #include "frame/ground/option_menu.h"
 #include "frame/ground/output_file.h"
 #include "frame/ground/prompts.h"
@@ -18,6 +19,8 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kTitle = "ZAVIEW - Wave Field Output";
+constexpr std::string_view kAbout[] = {"This option is intended to provide incident wave field input for duplicating",
+                                       "part of a ZAVO simulation in a CFD calculation or another ZAVO simulation."};
 constexpr MenuItem kItems[] = {{" 0 - Return to Main Menu"},
                                {" 1 - Frequency domain wave files shifted in time"},
                                {" 2 - Wave flow-field data files at specified time step"}};
@@ -50,7 +53,6 @@ constexpr std::string_view kRoot = "Enter root name for output files";
 constexpr std::string_view kBadValue = "ILLEGAL value - re-enter";
 constexpr std::string_view kAborted = "Option aborted ...";
 constexpr std::string_view kNoMemory = "ERROR allocate wave field phase arrays";
-constexpr std::string_view kOpenFault = "ERROR opening file {}{}";
 constexpr std::string_view kWriteFault = "ERROR writing file {}";
 
 void SayAll(const Console& console, std::span<const std::string_view> lines) {
@@ -82,24 +84,20 @@ Answer AskDefinition(const Console& console, PhaseDefinition& definition) {
 Answer AskOneFile(const Platform& platform, std::string_view prompt, std::string_view writing,
                   const std::function<bool(std::string&)>& make) {
   const Console& console = platform.console;
-  std::string name;
-  const Answer answer = ask_text(console, prompt, "", name);
-  if (answer != Answer::ok || IsBlank(name)) return answer;
-  name = Trim(name);
-  OutputFile out;
-  if (!OpenOutput(platform, name, OpenHow::replace, out)) {
-    Say(console, kOpenFault, name, Because(out.why));
-    return answer;
-  }
-  Say(console, "{}{}", writing, name);
+  const FileQuestion question{.use = FileUse::output, .prompt = prompt, .extension = {}, .blank_is_console = true};
+  ChosenFile chosen;
+  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return Answer::quit;
+  if (chosen.out.to_console) return Answer::ok;
+  if (chosen.unformatted) SayLine(console, kFormattedOnly);
+  Say(console, "{}{}", writing, chosen.name);
   std::string text;
   if (!make(text)) {
-    DiscardOutput(out);
-    return answer;
+    DiscardOutput(chosen.out);
+    return Answer::ok;
   }
-  WriteOutput(out, text);
-  if (!CloseOutput(out)) Say(console, kWriteFault, name);
-  return answer;
+  WriteOutput(chosen.out, chosen.out.had_text ? '\n' + text : text);
+  if (!CloseOutput(chosen.out)) Say(console, kWriteFault, chosen.name);
+  return Answer::ok;
 }
 
 Answer AskShiftedFiles(const Platform& platform, const OutputSettings& settings, PhaseDefinition definition,
@@ -173,6 +171,7 @@ void AskWaveField(const Platform& platform, const OutputSettings& settings, Case
   for (;;) {
     SayLine(console, "");
     SayLine(console, kTitle);
+    SayAll(console, kAbout);
     int item = 0;
     if (select_option(console, "Wave field Output Options:", "Select =>", kItems, -1, item) != Answer::ok || item == 0)
       return;
