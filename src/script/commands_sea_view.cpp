@@ -68,9 +68,12 @@ int ReadScan(ScriptCall& call, std::vector<double>& values) {
 }
 
 int ReadListed(ScriptCall& call, int n, std::vector<double>& values) {
-  std::vector<float> listed;
-  if (!ParseRealList(call.words, n, listed)) return FewArguments(call);
-  values.assign(listed.begin(), listed.end());
+  values.clear();
+  while (static_cast<int>(values.size()) < n) {  // a list of the script ends earlier
+    std::vector<float> listed;
+    if (!ParseRealList(call.words, n - static_cast<int>(values.size()), listed)) return FewArguments(call);
+    values.insert(values.end(), listed.begin(), listed.end());
+  }
   return kScriptOk;
 }
 
