@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
+#include <set>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <thread>
@@ -70,34 +71,78 @@ void XServer::End() {
   ::waitpid(std::exchange(server_, -1), nullptr, 0);
 }
 
-// The window with the program's name; 0: there is none.
-Window XServer::Look() {
+// 0: there is none.
+Window XServer::Look(const std::string& title) {
   Window root = 0, parent = 0, *children = nullptr, found = 0;
   unsigned count = 0;
   if (::XQueryTree(display_, XDefaultRootWindow(display_), &root, &parent, &children, &count) == 0) return 0;
   for (unsigned i = 0; i < count; ++i) {
     char* name = nullptr;
     if (::XFetchName(display_, children[i], &name) == 0) continue;
-    if (std::string(name) == "zaview") found = children[i];
+    if (title == name) found = children[i];
     ::XFree(name);
   }
   if (children != nullptr) ::XFree(children);
   return found;
 }
 
-Window XServer::Find() {
-  Window found = Look();
+Window XServer::Find(const std::string& title) {
+  Window found = Look(title);
   for (int i = 0; i < kPatience / kLook && found == 0; ++i) {
     Rest();
-    found = Look();
+    found = Look(title);
   }
   return found;
 }
 
-bool XServer::IsShown() {
+bool XServer::IsMapped(Window window) {
   XWindowAttributes facts{};
-  const Window window = Look();
   return window != 0 && ::XGetWindowAttributes(display_, window, &facts) != 0 && facts.map_state == IsViewable;
+}
+
+bool XServer::IsShown() {
+  return IsMapped(Look());
+}
+
+int XServer::ShownWindows() {
+  Window root = 0, parent = 0, *children = nullptr;
+  unsigned count = 0;
+  if (::XQueryTree(display_, XDefaultRootWindow(display_), &root, &parent, &children, &count) == 0) return 0;
+  int shown = 0;
+  for (unsigned i = 0; i < count; ++i) shown += IsMapped(children[i]) ? 1 : 0;
+  if (children != nullptr) ::XFree(children);
+  return shown;
+}
+
+XLook XServer::LookAt(Window window) {
+  XWindowAttributes facts{};
+  if (!IsMapped(window) || ::XGetWindowAttributes(display_, window, &facts) == 0) return {};
+  const int screen = XDefaultScreen(display_);
+  XLook look;
+  look.on_screen = facts.x >= 0 && facts.y >= 0 && facts.x + facts.width <= XDisplayWidth(display_, screen) &&
+                   facts.y + facts.height <= XDisplayHeight(display_, screen);
+  const auto width = static_cast<unsigned>(facts.width), height = static_cast<unsigned>(facts.height);
+  XImage* const image =
+      look.on_screen ? ::XGetImage(display_, window, 0, 0, width, height, AllPlanes, ZPixmap) : nullptr;
+  if (image == nullptr) return look;
+  std::set<unsigned long> colours, edges;  // edges: of the first and the last line
+  for (int y = 0; y < facts.height; ++y)
+    for (int x = 0; x < facts.width; ++x) {
+      colours.insert(XGetPixel(image, x, y));
+      if (y == 0 || y == facts.height - 1) edges.insert(XGetPixel(image, x, y));
+    }
+  XDestroyImage(image);
+  if (edges.size() == 1) look.colours = colours.size();
+  return look;
+}
+
+XLook XServer::WaitForInk(const std::string& title) {
+  XLook look;
+  for (int i = 0; i < kPatience / kLook && look.colours < 2; ++i) {
+    Rest();
+    look = LookAt(Look(title));
+  }
+  return look;
 }
 
 bool XServer::HasPicture() {
@@ -127,13 +172,13 @@ void XServer::Send(XEvent& event, long mask) {
   ::XSync(display_, 0);
 }
 
-void XServer::Key(char key, unsigned held) {
+void XServer::Key(unsigned long key, unsigned held, const std::string& title) {
   XEvent event{};
   event.xkey.type = KeyPress;
-  event.xkey.window = Find();
+  event.xkey.window = Find(title);
   event.xkey.root = XDefaultRootWindow(display_);
   event.xkey.same_screen = 1;
-  event.xkey.keycode = ::XKeysymToKeycode(display_, static_cast<KeySym>(key));
+  event.xkey.keycode = ::XKeysymToKeycode(display_, key);
   event.xkey.state = held;
   Send(event, KeyPressMask);
 }

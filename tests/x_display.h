@@ -2,6 +2,7 @@
 // the window as events, wherever the pointer is. Everything waits for a state, with a limit, never for a time.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <sys/types.h>
 
@@ -10,7 +11,15 @@ union _XEvent;
 
 namespace zaview {
 
-inline constexpr unsigned kShiftHeld = 1;
+inline constexpr unsigned kShiftHeld = 1, kAltHeld = 8;
+inline constexpr unsigned long kTabKey = 0xFF09, kReturnKey = 0xFF0D, kLeftKey = 0xFF51, kF2Key = 0xFFBF,
+                               kF3Key = 0xFFC0, kF4Key = 0xFFC1;
+inline constexpr const char* kMainTitle = "zaview";
+
+struct XLook {              // of a window
+  bool on_screen = false;   // the whole of it
+  std::size_t colours = 0;  // 0 if it shows no margins, as a new one that shows for a moment what was there before
+};
 
 enum class Lives : unsigned char { on, afresh };  // when its last client leaves
 
@@ -27,15 +36,19 @@ class XServer {
 
   [[nodiscard]] bool IsShown();
   [[nodiscard]] bool WaitForWindow();
-  [[nodiscard]] bool WaitForPicture();  // a new window stands black on the screen for a moment
-  void Key(char key, unsigned held = 0);
+  [[nodiscard]] bool WaitForPicture();                       // a new window stands black on the screen for a moment
+  [[nodiscard]] XLook WaitForInk(const std::string& title);  // more than one colour, in the window of that title
+  [[nodiscard]] int ShownWindows();
+  void Key(unsigned long key, unsigned held = 0, const std::string& title = kMainTitle);
   void PressCloseButton();
   void Resize(unsigned width, unsigned height);
   void Cover();  // by a window as large as the screen
 
  private:
-  unsigned long Look();
-  unsigned long Find();
+  unsigned long Look(const std::string& title = kMainTitle);
+  unsigned long Find(const std::string& title = kMainTitle);
+  [[nodiscard]] bool IsMapped(unsigned long window);
+  [[nodiscard]] XLook LookAt(unsigned long window);
   [[nodiscard]] bool HasPicture();
   [[nodiscard]] bool WaitFor(bool (XServer::*what)());
   void Send(_XEvent& event, long mask);

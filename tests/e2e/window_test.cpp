@@ -113,6 +113,62 @@ TEST_F(WindowSession, PicturesAreThoseOfAMachineWithoutADisplay) {
   }
 }
 
+// A menu, the option of the text menu whose view has it, the key that opens it there; or, from the first item of the
+// options menu, how many items back the one is that opens it.
+struct MenuWay {
+  const char* title;
+  const char* view;
+  unsigned long key;
+  unsigned held = 0;
+  int back = 0;
+  bool has_caret = false;  // "q" is text there
+};
+
+TEST_F(WindowSession, MenusAreWholeOnTheScreenAndGoWithTheView) {
+  constexpr char kOptions[] = "Plot Options";
+  const MenuWay ways[] = {{kOptions, "1", 'o', kAltHeld},
+                          {kOptions, "5", kF2Key},
+                          {kOptions, "12", 'o', kAltHeld},
+                          {"Curve Selection", "1", 's', kAltHeld},
+                          {"Curve Selection", "1", kF3Key},
+                          {"Time Step", "5", kF4Key},
+                          {"Time Step", "5", ' ', kAltHeld},
+                          {"Help", "5", 'h'},
+                          {"Point Input", "5", kF2Key, 0, 6},
+                          {"Select", "5", kF2Key, 0, 13},  // a colour
+                          {"Select", "5", kF2Key, 0, 15},  // a quantity
+                          {"File Selector", "1", kF2Key, 0, 6, true}};
+  fs::copy(ProjectFile("samples/quartering.out"), Name("ship.out"));
+  fs::copy(ProjectFile("samples/ship.geo"), Name("ship.geo"));
+  PseudoTerminal t(path, Run({"ship.out"}));
+  Begin(t);
+  t.Expect(kMenu);
+  for (const MenuWay& way : ways) {
+    SCOPED_TRACE(std::string(way.title) + " of " + way.view);
+    const bool of_quantity = way.view == std::string_view("1");
+    t.Type(std::string(way.view) + "\n");
+    if (of_quantity) t.Answer(kQuantity, "1\n");
+    ASSERT_TRUE(server.WaitForPicture());
+    server.Key(way.key, way.held);
+    if (way.back > 0) {
+      ASSERT_GE(server.WaitForInk(kOptions).colours, 2U);
+      server.Key(kTabKey, 0, kOptions);
+      for (int i = 0; i < way.back; ++i) server.Key(kLeftKey, 0, kOptions);
+      server.Key(kReturnKey, 0, kOptions);
+    }
+    const XLook look = server.WaitForInk(way.title);
+    EXPECT_TRUE(look.on_screen);
+    ASSERT_GE(look.colours, 2U);
+    server.Key('q', 0, way.has_caret ? kMainTitle : way.title);
+    t.Expect(of_quantity ? kQuantity : kMenu);
+    ASSERT_EQ(server.ShownWindows(), 0);
+    if (of_quantity) t.Type("0\n");
+    if (of_quantity) t.Expect(kMenu);
+  }
+  t.Type("0\n");
+  EXPECT_EQ(t.End(), 0);
+}
+
 TEST_F(WindowSession, CloseButtonLeavesTheView) {
   PseudoTerminal t(path, Run({"run.out"}));
   Begin(t);
