@@ -442,9 +442,17 @@ bool MenuKey(MenuToolkit& kit, int im, int key) {
   const GksModifiers held = gksMouseButtons(*kit.gks);
   const MenuSlot& slot = SlotOf(kit, im);
   if (slot.status != MenuStatus::open || kit.inmenu_pending == im) return true;
+  if (kit.sub_menu != 0 && kit.sub_menu != im) {
+    SayLine(kit.platform->console, kSubMenu);
+    return true;
+  }
   if (kit.type_in.at.menu == im) return KeyOfTypeIn(kit, im, key, held);
   if (held.alt || held.control) return false;
   if (kit.focus.menu == im) return KeyOfFocus(kit, im, key);
+  if (key == kEscape && slot.escape_closes) {
+    gksMenuClose(kit, im);
+    return true;
+  }
   if (key != kTab) return false;
   kit.focus = MenuPoint{};
   MoveFocus(kit, im, 1);

@@ -159,6 +159,7 @@ struct MenuSlot {
   int stretched_list = 0;         // element that takes surplus height; 0: all boxes alike
   bool list_keys = false;         // a click gives the keys to the list
   bool escape_tells = false;      // the handler is told of Escape in a type-in
+  bool escape_closes = false;     // Escape, where nothing is typed or focused
   bool reshape_answered = false;  // a size too small was answered; not again before the next input
 };
 

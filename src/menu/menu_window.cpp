@@ -49,12 +49,42 @@ void DropInput(MenuToolkit& kit, int im) {
   if (kit.clicked.menu == im) kit.clicked = MenuPoint{};
 }
 
+// Rows of the same items, whatever their values.
+bool IsSameRow(const MenuElement& row, const MenuElement& was) {
+  const auto same = [](const MenuRowItem& item, const MenuRowItem& before) {
+    return item.type == before.type && (item.type != MenuItemType::label || item.text == before.text);
+  };
+  return std::equal(row.items.begin(), row.items.end(), was.items.begin(), was.items.end(), same);
+}
+
 // A menu that is built anew may have other things where the caret and the keys are.
 void DropStrayInput(MenuToolkit& kit, int im) {
-  const MenuRowItem* const typed = gksMenuItemAt(kit, kit.type_in.at);
-  if (kit.type_in.at.menu == im && (typed == nullptr || typed->type != kit.type_in.type || typed->disabled))
-    kit.type_in = TypeIn{};
+  const MenuSlot& slot = SlotOf(kit, im);
+  const MenuPoint typed_at = kit.type_in.at;
+  const MenuRowItem* const typed = gksMenuItemAt(kit, typed_at);
+  const auto row = static_cast<std::size_t>(typed_at.element) - 1;
+  const bool same = typed != nullptr && !typed->disabled && row < slot.before.size() &&
+                    IsSameRow(slot.elements[row], slot.before[row]);
+  if (typed_at.menu == im && !same) kit.type_in = TypeIn{};
   if (kit.focus.menu == im && !CanHaveFocus(kit, kit.focus)) kit.focus = MenuPoint{};
+}
+
+// The item that the file selector was opened for may stand in another row now; if it is gone there is nobody to choose
+// a file for.
+void FollowFileItem(MenuToolkit& kit, int im) {
+  MenuPoint& caller = kit.files.caller;
+  if (kit.files.menu == 0 || caller.menu != im) return;
+  const auto is_file = [](const MenuRowItem* item) { return item != nullptr && item->type == MenuItemType::file; };
+  if (is_file(gksMenuItemAt(kit, caller))) return;
+  const std::vector<MenuElement>& elements = SlotOf(kit, im).elements;
+  for (std::size_t e = 0; e < elements.size(); ++e) {
+    for (std::size_t i = 0; i < elements[e].items.size(); ++i) {
+      if (!is_file(&elements[e].items[i])) continue;
+      caller = {im, static_cast<int>(e) + 1, static_cast<int>(i) + 1};
+      return;
+    }
+  }
+  gksMenuClose(kit, kit.files.menu);
 }
 
 int FirstChosen(const MenuList& list) {
@@ -216,6 +246,7 @@ bool gksMenuStart(MenuToolkit& kit, bool raise) {
   const bool resized = !is_new && FitWindow(kit, im);
   if (is_new || resized || !(slot.elements == slot.before)) PostMenu(kit, im);
   slot.before.clear();
+  FollowFileItem(kit, im);
   if (raise && !is_new) Windows(kit).raise(Windows(kit).self, slot.id);
   return true;
 }

@@ -156,7 +156,7 @@ void MouseOfSide(GksState& gks, int id, int button, unsigned modifiers, int x, i
 void ReleaseOfSide(void* self, int id, int button, unsigned modifiers, int x, int y) {
   GksState& gks = Of(self);
   const GksSideWindow* const row = FindSide(gks, id);
-  if (row == nullptr || row->release == nullptr || IsDumping(gks)) return;
+  if (row == nullptr || row->release == nullptr) return;  // buttons spring back while a picture is made, too
   gks.modifiers = modifiers;
   row->release(row->self, button, x, y);
   gks.modifiers = 0;

@@ -210,6 +210,25 @@ TEST(FileSelector, ClosesWithItsMenu) {
   EXPECT_EQ(t.Do(t.ClickOn(t.im, 1, 2)), "1.1.2 button 0 0 ''; ");
 }
 
+// Its menu is built anew behind it: the file is that of the button where it stands now, and of nothing else.
+TEST(FileSelector, FollowsItsButton) {
+  for (const bool has_button : {true, false}) {
+    Selector s("", 0);
+    const int other = BuildAll(s.kit, "another menu");  // waits as well
+    EXPECT_EQ(s.Do(s.Keys(other, {9})), "Input disabled due to pending sub-menu\n");
+    EXPECT_EQ(gksMenuInit(s.kit, "menu"), s.im);
+    gksMenuButtonRow(s.kit, 0, 1);
+    gksMenuAddItemI(s.kit, Kind::check, 0);
+    gksMenuButtonRow(s.kit, 0, 1);
+    if (has_button) gksMenuAddItem(s.kit, Kind::file, "", 20);
+    gksMenuStart(s.kit);
+    ASSERT_EQ(s.Menu() != 0, has_button);
+    if (!has_button) continue;
+    s.ClickLine(kFiles, 2);
+    EXPECT_EQ(s.Push(1), "1.2.1 file 0 0 '/home/run/b.out'; ");
+  }
+}
+
 // A small screen shortens both lists alike.
 TEST(FileSelector, FitsOnTheScreen) {
   Selector s("", 0);
