@@ -13,6 +13,7 @@
 #include "views/motion/track_part.h"
 #include "views/motion/wet_parts.h"
 #include "views/state/motion_settings.h"
+#include "views/state/step_run.h"
 
 namespace zaview {
 
@@ -63,7 +64,7 @@ bool MakeParts(const Session& s, const MotionStage& stage, MotionViewState& view
   const bool wet = !s.case_store.hull.empty() && (view.show_waterline || view.show_centres);
   if ((SeaIsDrawn(view) || wet) && !MakeSea(s.case_store, stage, LooksOf(view), view.scene)) return false;
   if (wet && !MakeWettedHull(stage, ShipCentre(s.case_store), view.scene)) return false;
-  return !view.show_track || MakeTrack(stage, input, s.output.reading.step_stride, view.scene.track);
+  return !view.show_track || MakeTrack(stage, input, StepStride(s), view.scene.track);
 }
 
 // ---- Drawing

@@ -39,7 +39,9 @@ void StartIdle(Session& session) {
 }  // namespace
 
 int StepStride(const Session& session) {
-  return std::max(1, session.output.reading.step_stride);
+  const CaseStore& store = session.case_store;
+  const int past_the_end = std::max(store.last_step - store.first_step + 1, 1);  // from whichever step
+  return std::clamp(session.output.reading.step_stride, 1, past_the_end);
 }
 
 double ShownTimeOf(const Session& session, int step) {

@@ -89,7 +89,7 @@ constexpr ItemCase kItems[] = {
     {{"Point skip; beg"}, "20", "skip 20"}, {{"Point skip; beg"}, "400", "", "ILLEGAL value - too many steps trimmed\n"},
     {{"Point skip; beg", " end"}, "up", "skip_end 1"}, {{"Point skip; beg", " end"}, "-1", "", kIllegal},
     {{"Point trim; beg", " end"}, "400", "", "ILLEGAL value - too many steps trimmed\n"},
-    {{"Every"}, "0", "", kIllegal}, {{"Every"}, "2", "stride 2"}, {{"Every"}, "1", "stride 1"},
+    {{"Every"}, "0", "", kIllegal}, {{"Every"}, "400", "", kIllegal}, {{"Every"}, "2", "stride 2"}, {{"Every"}, "1", "stride 1"},
     {{"", "Local"}, "", "smooth 1"}, {{"", "Fourier"}, "", "smooth 2"}, {{"", "Cubic; steps"}, "", "smooth 3"},
     {{"Smoothing:", "", 5}, "7", "window 7"}, {{"Smoothing:", "", 5}, "4", "", kIllegal}, {{"Smoothing:", "Off"}, "", "smooth 0"},
     {{"", "Closest point"}, "", "closest 0"}, {{"", "Clear"}, "", "measured 0"}, {{"", "Unformatted"}, "", "unformatted 1"},

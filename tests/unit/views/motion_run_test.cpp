@@ -1,5 +1,6 @@
 // Runs of the animation with pictures: one a step, in order, the same ones whoever makes them and whatever happens to
 // the window.
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -64,6 +65,7 @@ TEST(MotionRun, ThereIsOnePictureAStep) {
   // clang-format off
   const struct { int first, last, stride, initial; std::size_t pictures; int ends; } cases[] = {
       {11, 20, 1, 0, 10, 20}, {101, 140, 6, 0, 7, 137}, {11, 20, 1, 18, 3, 20}, {11, 20, 1, 40, 1, 20}, {30, 30, 1, 0, 1, 30},
+      {11, 20, std::numeric_limits<int>::max(), 0, 1, 11},
   };
   // clang-format on
   for (const auto& c : cases) {
