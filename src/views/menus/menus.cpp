@@ -21,6 +21,7 @@ namespace {
 
 constexpr std::string_view kConfirm = "Confirmation pending - input ignored";
 constexpr std::string_view kLogicError = "LOGIC ERROR parsing menu input";
+constexpr std::string_view kNoGraph = "Error determining Graph index";
 constexpr fmt::string_view kMenuInput = "MenuInput: {} {} {} {} {} {}";
 constexpr fmt::string_view kSetUp = "Setting up {} menu; {}={}";
 constexpr int kHelpLines = 40, kHelpFont = 3, kMostLines = 2000;
@@ -38,6 +39,11 @@ bool HasView(const Session& s) {
 
 bool HasPoint(const Session& s) {
   return s.run.plot_module == PlotModule::data_plot || s.run.plot_module == PlotModule::animation;
+}
+
+// The item that it sets goes with its view.
+bool HasTarget(const Session& s) {
+  return HasView(s) && s.run.plot_module == s.menus.select_view;
 }
 
 void BuildOptionsMenu(Session& s, int im) {
@@ -63,7 +69,7 @@ void TakeSelected(Session& s, const MenuEvent& event) {
   const OptionTarget& target = s.menus.last_colour_target;
   if (event.change == MenuChange::button || event.change == MenuChange::list_twice)
     return gksMenuClose(s.menus.kit, event.menu);
-  if (target.option == nullptr) return;
+  if (target.option == nullptr) return SayLine(s.platform.console, kNoGraph);
   OptionEvent chosen;
   chosen.change = event.change;
   chosen.integer = event.integer;
@@ -106,18 +112,19 @@ struct MenuRow {
   Window window;
   std::string_view name, title;
   bool (*fits)(const Session& session);  // else it closes
+  bool is_dialogue;                      // closes by Escape
   void (*build)(Session& session, int im);
   void (*input)(Session& session, const MenuEvent& event) = nullptr;  // null: by the rows of its tables
 };
 
 constexpr MenuRow kMenus[] = {
-    {&MenuState::m_omenu, "m_omenu", "Plot Options", HasView, BuildOptionsMenu},
-    {&MenuState::m_tsmenu, "m_tsmenu", "Time Step", CanSelectSteps, BuildTable<TimeStepOptions>},
-    {&MenuState::m_csmenu, "m_csmenu", "Curve Selection", CanSelectCurves, BuildTable<CurveOptions>},
-    {&MenuState::m_select, "m_select", "Select", HasView, BuildSelect, TakeSelected},
-    {&MenuState::m_point, "m_point", "Point Input", HasPoint, BuildTable<PointOptions>},
-    {&MenuState::m_help, "m_help", "Help", HasView, BuildHelp, Nothing},
-    {&MenuState::m_message, "m_message", "ZAVIEW Message", HasView, BuildMessage, CloseMessage},
+    {&MenuState::m_omenu, "m_omenu", "Plot Options", HasView, false, BuildOptionsMenu},
+    {&MenuState::m_tsmenu, "m_tsmenu", "Time Step", CanSelectSteps, false, BuildTable<TimeStepOptions>},
+    {&MenuState::m_csmenu, "m_csmenu", "Curve Selection", CanSelectCurves, false, BuildTable<CurveOptions>},
+    {&MenuState::m_select, "m_select", "Select", HasTarget, true, BuildSelect, TakeSelected},
+    {&MenuState::m_point, "m_point", "Point Input", HasPoint, true, BuildTable<PointOptions>},
+    {&MenuState::m_help, "m_help", "Help", HasView, true, BuildHelp, Nothing},
+    {&MenuState::m_message, "m_message", "ZAVIEW Message", HasView, true, BuildMessage, CloseMessage},
 };
 
 const MenuRow& RowOf(Window window) {
@@ -140,6 +147,7 @@ bool Build(Session& s, const MenuRow& row, bool raise) {
   clearMenuData(menus, im);
   menus.*row.window = im;
   gksMenuSetAttribute(menus.kit, MenuAttribute::resize_policy, kOnlyGrows);
+  SlotOf(menus.kit, im).escape_closes = row.is_dialogue;
   row.build(s, im);
   if (gksMenuStart(menus.kit, raise)) return true;
   menus.*row.window = 0;
@@ -160,6 +168,7 @@ void Invoke(Session& s, Window window, MenuMode mode) {
 void InvokeSelect(Session& s, SelectUse use, const OptionTarget& target) {
   s.menus.select_use = use;
   s.menus.last_colour_target = target;
+  s.menus.select_view = s.run.plot_module;
   Invoke(s, &MenuState::m_select, MenuMode::open);
 }
 

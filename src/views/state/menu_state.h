@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/ground/run_state.h"
 #include "menu/menu_toolkit.h"
 
 namespace zaview {
@@ -33,6 +34,7 @@ struct MenuState {
   std::vector<OptionPlace> places;
   SelectUse select_use = SelectUse::nothing;
   OptionTarget last_colour_target;                // what the list of "Select" sets
+  PlotModule select_view = PlotModule::none;      // in whose menu that stands
   std::vector<std::string> shown_lines, message;  // of help, of the message
   double refreshed_at = -1.0e9;                   // clock, seconds: the time-step menu in run mode
 };

@@ -89,6 +89,9 @@ TEST(SelectMenu, ShowsColoursByName) {
   EXPECT_EQ(chips[3]->style, kChipChosen);
   InvokeQntMenu(v.session, {&kQuantity});  // takes over the window
   EXPECT_EQ(v.Elements(im)[1].type, MenuElementType::list);
+  v.session.run.plot_module = PlotModule::geometry;  // without the item that asked
+  RefreshMenus(v.session);
+  EXPECT_EQ(im, 0);
 }
 
 TEST(PointMenu, SetsPointAndCoefficients) {
@@ -163,6 +166,11 @@ TEST(MessageWindows, ShowLinesAndClose) {
   const int lines = static_cast<int>(v.Elements(help)[0].list.items.size());
   v.Do({{FedEvent::Kind::key, v.WindowOf(help), 9, 0}, {FedEvent::Kind::key, v.WindowOf(help), kKeyEnd, 0}});
   EXPECT_EQ(LayoutOf(v.session.menus.kit, help).elements[0].top, lines - 40);
+  constexpr int kEscape = 27;
+  v.Key(kEscape, 0, v.WindowOf(help));  // out of the list
+  EXPECT_NE(v.session.menus.m_help, 0);
+  v.Key(kEscape, 0, v.WindowOf(help));
+  EXPECT_EQ(v.session.menus.m_help, 0);
 }
 
 }  // namespace
