@@ -1,10 +1,8 @@
 // The options of the data plot: the rows of its menu, in their order.
-#include <algorithm>
 #include <limits>
 
 #include "case/settings/smoothing_settings.h"
 #include "case/settings/statistic_settings.h"
-#include "case/settings/step_settings.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/data_plot_keys.h"
 #include "views/state/axes_limits.h"
@@ -116,11 +114,7 @@ constexpr OptionBinding kSmoothingWindow = {
 
 constexpr OptionBinding kStride = {
     [](Session& s, int) { return OptionValue{.integer = s.output.reading.step_stride}; },
-    [](Session& s, const OptionEvent& event) {  // of fewer than two points there is no plot
-      const CaseStore& store = s.case_store;
-      if (event.integer > std::max(store.last_step - store.first_step, 1)) return kIllegalIgnored;
-      return Said(SetStride(event.integer, s.output.reading));
-    }};
+    [](Session& s, const OptionEvent& event) { return SetStepStride(s, event.integer); }};
 
 // ---- Single kinds
 bool HasRecords(const Session& s, int) {

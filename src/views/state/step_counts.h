@@ -11,8 +11,10 @@ namespace zaview {
 enum class StepEnd : unsigned char { skip_first, skip_last, trim_first, trim_last };
 
 [[nodiscard]] int StepCountAt(const Session& session, StepEnd end);  // in force
-// What is said of a number that is refused, which changes nothing: below 0, or it leaves no step. Blank: it is taken.
+// What is said of a number that is refused, which changes nothing: below 0, or it leaves no step, or fewer than the
+// plot that is shown takes. Blank: it is taken.
 [[nodiscard]] std::string_view SetStepCount(Session& session, StepEnd end, int n);
+[[nodiscard]] std::string_view SetStepStride(Session& session, int n);  // every n-th step; likewise
 
 template <StepEnd end>
 inline constexpr OptionBinding StepCountOf = {

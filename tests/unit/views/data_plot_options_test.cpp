@@ -120,6 +120,22 @@ void ExpectValues(const char* changes, std::vector<float> want, const std::vecto
   ExpectPlotValues(changes, want, got, who);
 }
 
+// A number that would leave a plot of statistics without its points doesn't end the view.
+TEST(DataPlotOptions, StatisticsKeepTheirSteps) {
+  PlotMenu v({"irregular_head.out"}, {.kind = PlotKind::histogram, .quantity = {.iqnt = 1, .curve = 3}});
+  const ReadingSettings before = v.session.output.reading;  // 57 of 300 steps are skipped
+  const struct {
+    const char *row, *refused;
+  } kRows[] = {{"Point skip; beg", "299"}, {"Point trim; beg", "250"}, {"Every", "250"}};
+  for (const auto& row : kRows) {
+    v.fake.output.clear();
+    v.Use({row.row}, row.refused);
+    EXPECT_NE(v.fake.output.find("ILLEGAL value"), std::string::npos) << row.row;
+  }
+  EXPECT_TRUE(before == v.session.output.reading);
+  EXPECT_EQ(v.session.run.plot_module, PlotModule::data_plot);
+}
+
 TEST(DataPlotOptions, EachItemSetsItsOwn) {
   PlotMenu v({"sea_1.out", "sea_2.out", "sea_3.out"}, {.quantity = {.iqnt = 1, .curve = 3}});
   for (const ItemCase& c : kItems) {
