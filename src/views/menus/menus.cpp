@@ -25,7 +25,7 @@ constexpr std::string_view kNoGraph = "Error determining Graph index";
 constexpr fmt::string_view kMenuInput = "MenuInput: {} {} {} {} {} {}";
 constexpr fmt::string_view kSetUp = "Setting up {} menu; {}={}";
 constexpr int kHelpLines = 40, kHelpFont = 3, kMostLines = 2000;
-constexpr int kOnlyGrows = 1;
+constexpr int kFollowsContent = 0, kOnlyGrows = 1;  // how a window's size goes
 
 using Window = int MenuState::*;
 
@@ -115,12 +115,14 @@ struct MenuRow {
   bool is_dialogue;                      // closes by Escape
   void (*build)(Session& session, int im);
   void (*input)(Session& session, const MenuEvent& event) = nullptr;  // null: by the rows of its tables
+  int resizing = kFollowsContent;
 };
 
 constexpr MenuRow kMenus[] = {
     {&MenuState::m_omenu, "m_omenu", "Plot Options", HasView, false, BuildOptionsMenu},
     {&MenuState::m_tsmenu, "m_tsmenu", "Time Step", CanSelectSteps, false, BuildTable<TimeStepOptions>},
-    {&MenuState::m_csmenu, "m_csmenu", "Curve Selection", CanSelectCurves, false, BuildTable<CurveOptions>},
+    {&MenuState::m_csmenu, "m_csmenu", "Curve Selection", CanSelectCurves, false, BuildTable<CurveOptions>, nullptr,
+     kOnlyGrows},  // names of curves are as wide as they are: it would never stand still
     {&MenuState::m_select, "m_select", "Select", HasTarget, true, BuildSelect, TakeSelected},
     {&MenuState::m_point, "m_point", "Point Input", HasPoint, true, BuildTable<PointOptions>},
     {&MenuState::m_help, "m_help", "Help", HasView, true, BuildHelp, Nothing},
@@ -146,7 +148,7 @@ bool Build(Session& s, const MenuRow& row, bool raise) {
   if (im == 0) return false;
   clearMenuData(menus, im);
   menus.*row.window = im;
-  gksMenuSetAttribute(menus.kit, MenuAttribute::resize_policy, kOnlyGrows);
+  gksMenuSetAttribute(menus.kit, MenuAttribute::resize_policy, row.resizing);
   SlotOf(menus.kit, im).escape_closes = row.is_dialogue;
   row.build(s, im);
   if (gksMenuStart(menus.kit, raise)) return true;
