@@ -68,6 +68,7 @@ struct WindowSystem {
   void (*hide)(void* self, int id) = nullptr;
   void (*raise)(void* self, int id) = nullptr;  // above all others
   void (*reshape_window)(void* self, int id, int width, int height) = nullptr;
+  void (*move_window)(void* self, int id, int x, int y) = nullptr;  // its upper left corner
   WindowPlace (*place)(void* self, int id) = nullptr;
   WindowPlace (*screen)(void* self) = nullptr;
   int (*set_current)(void* self, int id) = nullptr;  // the one before

@@ -336,9 +336,12 @@ MenuCorner CornerOf(int im, const MenuSize& size, const WindowPlace& main, const
   constexpr int kAside = 10, kStepX = 25, kStepY = 50;
   MenuCorner corner = {main.x + main.width + kAside + kStepX * im, main.y + kStepY * (im - 1)};
   if (corner.x + size.width > screen.width) corner.x = kAside * (im - 1);
-  corner.x = std::max(std::min(corner.x, screen.width - size.width), 0);
-  corner.y = std::max(std::min(corner.y, screen.height - size.height), 0);
-  return corner;
+  return OnScreen(corner, size, screen);
+}
+
+MenuCorner OnScreen(const MenuCorner& corner, const MenuSize& size, const WindowPlace& screen) {
+  return {std::max(std::min(corner.x, screen.width - size.width), 0),
+          std::max(std::min(corner.y, screen.height - size.height), 0)};
 }
 
 MenuHit HitMenu(const MenuSlot& slot, const MenuLayout& layout, int x, int y) {

@@ -47,6 +47,8 @@ struct MenuCorner {
 };
 // Beside the main window if that leaves it on the screen, else at its left edge; each slot a little further on.
 [[nodiscard]] MenuCorner CornerOf(int im, const MenuSize& size, const WindowPlace& main, const WindowPlace& screen);
+// Moved left and up as far as the size needs it; what is larger than the screen stands in its corner.
+[[nodiscard]] MenuCorner OnScreen(const MenuCorner& corner, const MenuSize& size, const WindowPlace& screen);
 
 struct MenuHit {
   int element = 0, item = 0;  // item: of a row, 1 to 3 of a run bar, the line's item of a list

@@ -164,6 +164,15 @@ bool Open(MenuToolkit& kit, int im) {
   return slot.id != 0;
 }
 
+// One that has grown may reach beyond the screen now.
+void KeepOnScreen(const MenuToolkit& kit, int im, const MenuSize& size) {
+  const int id = SlotOf(kit, im).id;
+  const WindowPlace at = Windows(kit).place(Windows(kit).self, id), screen = ScreenOf(kit);
+  if (at.x + size.width <= screen.width && at.y + size.height <= screen.height) return;
+  const MenuCorner corner = OnScreen({at.x, at.y}, size, screen);
+  Windows(kit).move_window(Windows(kit).self, id, corner.x, corner.y);
+}
+
 // The window follows its content, unless that wants what it wanted before: the user may have given it another size.
 bool FitWindow(MenuToolkit& kit, int im) {
   constexpr int kOnlyGrows = 1;
@@ -178,6 +187,7 @@ bool FitWindow(MenuToolkit& kit, int im) {
   if (size.width == slot.width && size.height == slot.height) return false;
   Trace(kit.platform->console, kReshaped, size.width, size.height);
   Windows(kit).reshape_window(Windows(kit).self, slot.id, size.width, size.height);
+  KeepOnScreen(kit, im, size);
   return true;
 }
 

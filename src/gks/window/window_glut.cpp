@@ -406,6 +406,14 @@ void ReshapeWindow(void* self, int id, int width, int height) {
   glutReshapeWindow(width, height);
 }
 
+void MoveWindow(void* self, int id, int x, int y) {
+  GlutWindows& windows = Of(self);
+  const Row* const row = Find(windows, id);
+  if (row == nullptr) return;
+  const InWindow in(windows, *row);
+  glutPositionWindow(x, y);
+}
+
 void Raise(void* self, int id) {
   GlutWindows& windows = Of(self);
   const Row* const row = Find(windows, id);
@@ -508,6 +516,7 @@ WindowSystem GlutWindowSystem(const Platform& platform) {
   system.hide = Hide;
   system.raise = Raise;
   system.reshape_window = ReshapeWindow;
+  system.move_window = MoveWindow;
   system.place = Place;
   system.screen = Screen;
   system.set_current = SetCurrent;

@@ -190,6 +190,13 @@ void ReshapeWindow(void* self, int id, int width, int height) {
   row->damaged = true;
 }
 
+void MoveWindow(void* self, int id, int x, int y) {
+  Row* const row = Find(Of(self), id);
+  if (row == nullptr) return;
+  row->x = x;
+  row->y = y;
+}
+
 WindowPlace Place(void* self, int id) {
   const Row* const row = Find(Of(self), id);
   return row == nullptr ? WindowPlace{} : WindowPlace{row->x, row->y, row->width, row->height};
@@ -346,6 +353,7 @@ WindowSystem OffscreenWindowSystem(OffscreenWindows* windows) {
   system.hide = Hide;
   system.raise = [](void*, int) {};
   system.reshape_window = ReshapeWindow;
+  system.move_window = MoveWindow;
   system.place = Place;
   system.screen = Screen;
   system.set_current = SetCurrent;

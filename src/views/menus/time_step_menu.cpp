@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "base/number_format.h"
+#include "base/number_parse.h"
 #include "menu/menu_build.h"
 #include "menu/menu_layout.h"
 #include "views/menus/option_builder.h"
@@ -48,9 +49,14 @@ constexpr OptionBinding kStep = {[](Session& s, int) { return OptionValue{.integ
                                    return std::string_view();
                                  }};
 
+float InFewDigits(float value) {
+  double few = 0;
+  return ParseDouble(SentenceNumber(value), few) ? static_cast<float>(few) : value;
+}
+
 // A time that is shown has fewer digits than that of the step.
 constexpr OptionBinding kTime = {
-    [](Session& s, int) { return OptionValue{.real = TimeOf(s, s.case_store.current_step)}; },
+    [](Session& s, int) { return OptionValue{.real = InFewDigits(TimeOf(s, s.case_store.current_step))}; },
     [](Session& s, const OptionEvent& event) {
       const CaseStore& store = s.case_store;
       const float begin = TimeOf(s, store.first_step), end = TimeOf(s, store.last_step);

@@ -156,6 +156,25 @@ TEST(MenuLayout, MenusStandBesideTheMainWindowAndOnTheScreen) {
 
 // ---- Windows
 
+TEST(MenuWindows, GrowUpwardsAtTheFootOfTheScreen) {
+  MenuWindow w;
+  const WindowSystem& system = w.platform.window;
+  const int im = BuildAll(w.kit, "menu"), id = SlotOf(w.kit, im).id;
+  for (const int x : {0, 1000}) {
+    const WindowPlace before = system.place(system.self, id);
+    system.move_window(system.self, id, x, kOffscreenHeight - before.height);
+    gksMenuFontUp(w.kit);
+    w.Do({});
+    const WindowPlace grown = system.place(system.self, id);
+    EXPECT_GT(grown.height, before.height);
+    EXPECT_EQ(grown.x, std::min(x, kOffscreenWidth - grown.width));
+    EXPECT_EQ(grown.y, kOffscreenHeight - grown.height);
+    gksMenuFontDown(w.kit);
+    w.Do({});
+    EXPECT_EQ(system.place(system.self, id).y, grown.y);
+  }
+}
+
 TEST(MenuWindows, OneWindowATitleAndEightAtMost) {
   MenuWindow w;
   const int first = BuildAll(w.kit, "menu 1");
