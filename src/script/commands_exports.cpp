@@ -49,8 +49,9 @@ int RunMovingMesh(ScriptCall& call) {
   MovingMesh mesh;
   if (!ReadMovingMesh(session.platform, name, session.case_store, mesh)) return kScriptFailed;
   if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
-  WriteMovingMesh(session.output, session.case_store, mesh, output.file);
-  return FinishOutput(call, output, kScriptOk, "Moving HRL mesh written to file");
+  const bool good = WriteMovingMesh(session.output, session.case_store, mesh, output.file);
+  return FinishOutput(call, output, StatusOf(call, "MOT", good ? DataFault::none : DataFault::no_memory),
+                      "Moving HRL mesh written to file");
 }
 
 int RunNetworkData(ScriptCall& call) {

@@ -19,6 +19,7 @@ inline constexpr std::string_view kQuestion = "ERROR - a script has no answer to
 struct ScriptConsole {
   Console console;  // the one behind it
   bool asked = false;
+  bool interrupted = false;  // the command looked for a Ctrl-C, and there was one
 };
 
 ScriptConsole& Of(void* self) {
@@ -42,7 +43,11 @@ Console WithoutInput(ScriptConsole& silent) {
     console.write_table = [](void* self, std::string_view text) {
       Of(self).console.write_table(Of(self).console.self, text);
     };
-  console.take_interrupt = nullptr;  // it is looked for between commands
+  console.take_interrupt = [](void* self) {
+    const bool came = TakeInterrupt(Of(self).console);
+    Of(self).interrupted = Of(self).interrupted || came;
+    return came;
+  };
   return console;
 }
 
@@ -75,12 +80,14 @@ int RunLine(Session& session, std::span<const CommandFamily> commands, const Scr
   return status;
 }
 
-// A question that a command asked has failed, whatever the command made of it.
+// A question that a command asked has failed, whatever the command made of it; long work that a Ctrl-C ended has said
+// so.
 int RunLineSilently(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
   ScriptConsole silent{session.platform.console};
   session.platform.console = WithoutInput(silent);
   const int status = RunLine(session, commands, line);
   session.platform.console = silent.console;
+  if (silent.interrupted) return kScriptInterrupted;
   if (!silent.asked) return status;
   SayLine(session.platform.console, kQuestion);
   return status == kScriptOk ? kScriptFailed : status;

@@ -17,6 +17,7 @@ namespace {
 constexpr std::string_view kBadOption = "Invalid extrapolation option: {}";
 constexpr std::string_view kBadTime = "Invalid extrapolation time: {}";
 constexpr std::string_view kNoVelocities = "ERROR - KINO files have no velocities to extrapolate by";
+constexpr fmt::string_view kBeyondRun = "ERROR - the run has no steps to tell of {} from now";
 constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::size_t kSix = 6;
 
@@ -69,6 +70,10 @@ DataFault WriteExtrapolatedMotion(const Console& console, const OutputSettings& 
     }
     const double to_output = settings.units.scales.T, T = request.T_out / to_output;
     const double end = store.time.at(1, store.last_step);
+    if (request.option == 1 && store.time.at(1, store.first_step) + T > end) {
+      Say(console, kBeyondRun, Shown{request.T_out});
+      return DataFault::said;
+    }
     std::string text;
     for (int step = store.first_step; step <= store.last_step; ++step) {
       if (InGap(store, step)) continue;

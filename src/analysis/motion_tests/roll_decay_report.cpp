@@ -6,12 +6,14 @@
 #include <iterator>
 #include <numbers>
 #include <span>
+#include <vector>
 
 #include "analysis/motion_tests/upright_stability.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
 #include "case/case_hull.h"
+#include "case/settings/step_range.h"
 #include "frame/ground/prompts.h"
 #include "frame/ground/table_dialogue.h"
 
@@ -57,10 +59,17 @@ double Ratio(double a, double b) {
 
 // ---- From the steps in use to cycles
 
+// A component at the steps in use that hold something.
+std::vector<float> InUse(const CaseStore& c, const StepHistory& history, int component) {
+  std::vector<float> values;
+  for (const int step : StepsOf(c, {c.first_step, c.last_step, 1})) values.push_back(history.at(component, step));
+  return values;
+}
+
 // The record as it is shown; peaks are found in it as it is stored, which has not been rounded again.
 void TakeRecord(const RollDecayWork& work, RollDecayResult& result) {
   const CaseStore& c = work.store;
-  const auto time = c.time.range(1, c.first_step, c.last_step), roll = c.pmgg.range(kRoll, c.first_step, c.last_step);
+  const std::vector<float> time = InUse(c, c.time, 1), roll = InUse(c, c.pmgg, kRoll);
   const float T = work.settings.units.scales.T;
   for (const float t : time) result.time.push_back(t * T);
   for (const float angle : roll) result.roll.push_back(static_cast<float>(angle * kDegrees));
@@ -75,8 +84,7 @@ void TakeRecord(const RollDecayWork& work, RollDecayResult& result) {
 bool EstimateInertia(const RollDecayWork& work, RollDecayResult& result) {
   const CaseStore& c = work.store;
   const Console& console = work.platform.console;
-  const UprightAttitude mean{Mean(c.pmgg.range(kHeave, c.first_step, c.last_step)),
-                             Mean(c.pmgg.range(kPitch, c.first_step, c.last_step))};
+  const UprightAttitude mean{Mean(InUse(c, c.pmgg, kHeave)), Mean(InUse(c, c.pmgg, kPitch))};
   double GM = 0;
   if (!EnsureHull(work.platform, work.store) || !TransverseGM(c, mean, GM)) {
     SayLine(console, kNoBuoyancy);

@@ -68,6 +68,30 @@ bool TakeMesh(const Platform& platform, std::string_view given, CaseStore& store
   return ReadFile(platform, name, store, hull) && MeshOfHull(store, hull, mesh);
 }
 
+void WriteSteps(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh, OutputFile& out) {
+  const double L = settings.units.LENOUT;
+  const std::int64_t stride = std::max(1, settings.reading.step_stride);
+  std::string text = out.had_text ? "\n" : "", elements;
+  for (const HullElement& element : mesh.elements)
+    fmt::format_to(std::back_inserter(elements), "{} {} {} {}\n", element.node[0], element.node[1], element.node[2],
+                   element.node[3]);
+  for (std::int64_t i = store.first_step; i <= store.last_step; i += stride) {
+    const int step = static_cast<int>(i);
+    if (InGap(store, step)) continue;
+    const ShipPose pose = PoseAtStep(store, step);
+    fmt::format_to(std::back_inserter(text), "!time= {:.9g}\n{} {}\n", store.time.at(1, step) * settings.units.scales.T,
+                   mesh.nodes.size(), mesh.elements.size());
+    for (const Vector3& node : mesh.nodes) {
+      const Vector3 p = ShipToEarth(pose, node);
+      fmt::format_to(std::back_inserter(text), "{:.9g} {:.9g} {:.9g}\n", p[0] * L, p[1] * L, p[2] * L);
+      WriteGathered(out, text);
+    }
+    text += elements;
+    WriteGathered(out, text);
+  }
+  WriteOutput(out, text);
+}
+
 }  // namespace
 
 bool MeshOfHull(const CaseStore& store, const Hull& hull, MovingMesh& mesh) {
@@ -90,28 +114,12 @@ bool ReadMovingMesh(const Platform& platform, std::string_view name, CaseStore& 
   return outcome == Outcome::ok;
 }
 
-void WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh, OutputFile& out) {
-  const double L = settings.units.LENOUT;
-  const std::int64_t stride = std::max(1, settings.reading.step_stride);
-  std::string text = out.had_text ? "\n" : "", elements;
-  for (const HullElement& element : mesh.elements)
-    fmt::format_to(std::back_inserter(elements), "{} {} {} {}\n", element.node[0], element.node[1], element.node[2],
-                   element.node[3]);
-  for (std::int64_t i = store.first_step; i <= store.last_step; i += stride) {
-    const int step = static_cast<int>(i);
-    if (InGap(store, step)) continue;
-    const ShipPose pose = PoseAtStep(store, step);
-    fmt::format_to(std::back_inserter(text), "!time= {:.9g}\n{} {}\n", store.time.at(1, step) * settings.units.scales.T,
-                   mesh.nodes.size(), mesh.elements.size());
-    for (const Vector3& node : mesh.nodes) {
-      const Vector3 p = ShipToEarth(pose, node);
-      fmt::format_to(std::back_inserter(text), "{:.9g} {:.9g} {:.9g}\n", p[0] * L, p[1] * L, p[2] * L);
-      WriteGathered(out, text);
-    }
-    text += elements;
-    WriteGathered(out, text);
-  }
-  WriteOutput(out, text);
+bool WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh, OutputFile& out) {
+  const auto write = [&] {
+    WriteSteps(settings, store, mesh, out);
+    return true;
+  };
+  return Guarded(write, false);
 }
 
 }  // namespace zaview

@@ -25,6 +25,7 @@ struct MovingMesh {
 [[nodiscard]] bool ReadMovingMesh(const Platform& platform, std::string_view name, CaseStore& store, MovingMesh& mesh);
 
 // Each step in use: a comment with its time, counts, nodes in global axes and output lengths, elements.
-void WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh, OutputFile& out);
+[[nodiscard]] bool WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh,
+                                   OutputFile& out);
 
 }  // namespace zaview

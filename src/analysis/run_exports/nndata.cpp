@@ -34,6 +34,8 @@ constexpr std::string_view kPrefix = "NNDATA";
 
 // ---- The module
 
+constexpr std::string_view kNoMemory = "ERROR allocating memory for the network data";
+
 struct Reader {
   const Console& console;
   NetworkInput& input;
@@ -274,7 +276,11 @@ DataFault WriteRows(const Maker& maker, const NetworkInput& input, Columns& colu
 
 bool ReadNetworkInput(const Platform& platform, const std::string& name, NetworkInput& input) {
   input = NetworkInput{};
-  return Guarded([&] { return TakeModule(platform, name, input); }, false);
+  enum class Outcome : unsigned char { failed, no_memory, ok };
+  const Outcome outcome =
+      Guarded([&] { return TakeModule(platform, name, input) ? Outcome::ok : Outcome::failed; }, Outcome::no_memory);
+  if (outcome == Outcome::no_memory) SayLine(platform.console, kNoMemory);
+  return outcome == Outcome::ok;
 }
 
 DataFault WriteNetworkData(const Console& console, const OutputSettings& settings, const NetworkInput& input,

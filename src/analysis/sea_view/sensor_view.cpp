@@ -51,7 +51,7 @@ struct SensorWork {
   double nearest = 0, farthest = 0;
 };
 
-// False (told): no radius.
+// False (told): no radius, or memory is out.
 bool SetLimits(const Console& console, const SensorSettings& limits, SensorWork& work) {
   const ControlRecords& control = work.store.control;
   const double length = InputScalesOf(control).length;
@@ -67,6 +67,10 @@ bool SetLimits(const Console& console, const SensorSettings& limits, SensorWork&
   if (limits.height_maximum >= 0) work.most = static_cast<double>(limits.height_maximum) * length;
   const auto& position = work.request.sensor.position;
   work.from_centre = FromCentre(work.store, InputToShip(control, {position[0], position[1], position[2]}));
+  if (!Reserve(work.distances, work.request.distances.size())) {
+    SayLine(console, kNoMemory);
+    return false;
+  }
   for (const double distance : work.request.distances) work.distances.push_back(distance * length);
   if (work.distances.empty()) return true;
   const auto [least, most] = std::minmax_element(work.distances.begin(), work.distances.end());

@@ -6,6 +6,7 @@
 
 #include "analysis/sea_view/shifted_waves.h"
 #include "analysis/sea_view/wave_field.h"
+#include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
@@ -110,8 +111,13 @@ Answer AskShiftedFiles(const Platform& platform, const OutputSettings& settings,
   });
   if (answer != Answer::ok) return answer;
   answer = AskOneFile(platform, kComponentFile, kWritingComponents, [&](std::string& text) {
-    text = ComponentTable(settings, c, waves, definition);
-    return true;
+    const auto make = [&] {
+      text = ComponentTable(settings, c, waves, definition);
+      return true;
+    };
+    if (Guarded(make, false)) return true;
+    SayLine(console, kNoMemory);
+    return false;
   });
   if (answer != Answer::ok) return answer;
   SayAll(console, kAboutMotions);

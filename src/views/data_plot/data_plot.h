@@ -23,7 +23,7 @@ void BeforeDataPlotKey(Session& session);                          // any key en
 [[nodiscard]] bool UpdatePlot(const PlotSource& source, DataPlotState& plot);
 [[nodiscard]] PlotDraw DrawOf(Session& session);
 
-// The data of the plot to a file: "Time history data written to file", or why not.
-void WritePlotData(Session& session, const std::string& name);
+// The data of the plot to a file: "Time history data written to file". False: why not has been said.
+[[nodiscard]] bool WritePlotData(Session& session, const std::string& name);
 
 }  // namespace zaview

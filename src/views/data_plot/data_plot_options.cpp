@@ -15,6 +15,7 @@ namespace zaview {
 
 namespace {
 
+constexpr std::string_view kNotWritten = "File not written - the console tells why";
 constexpr float kAboveZero = std::numeric_limits<float>::min();
 
 using Plot = DataPlotState;
@@ -169,8 +170,7 @@ constexpr OptionBinding kFile = {
     [](Session& s, int) { return OptionValue{.integer = kFileWrite, .text = s.data_plot.file_name}; },
     [](Session& s, const OptionEvent& event) {
       s.data_plot.file_name = event.text;
-      WritePlotData(s, event.text);
-      return std::string_view();
+      return WritePlotData(s, event.text) ? std::string_view() : kNotWritten;
     }};
 constexpr int kFileColumns = 36;
 

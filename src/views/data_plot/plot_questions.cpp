@@ -40,7 +40,7 @@ void AskName(Session& s, std::string_view note) {
 
 void WriteNow(Session& s, const std::string& name) {
   EndQuestion(s);
-  WritePlotData(s, name);
+  static_cast<void>(WritePlotData(s, name));  // it was told
 }
 
 void TakeName(Session& s, std::string_view text) {

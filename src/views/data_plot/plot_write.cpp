@@ -22,18 +22,25 @@ bool SayTableFault(const PlotSource& source, const DataPlotState& plot, DataFaul
   return SayDataFault(source.console(), fault, Making::plot_table, QuantityLabel(source.store, plot.quantity.iqnt));
 }
 
-void WritePlotData(Session& session, const std::string& name) {
+bool WritePlotData(Session& session, const std::string& name) {
   const Console& console = session.platform.console;
   DataPlotState& plot = session.data_plot;
   const PlotSource source = SourceOf(session);
   const PlotType& type = PlotTypeOf(plot.kind);
-  if (type.write == nullptr || !UpdatePlot(source, plot)) return;
+  if (type.write == nullptr || !UpdatePlot(source, plot)) return false;
   OutputFile out;
-  if (!OpenOutput(session.platform, name, OpenHow::replace, out))
-    return Say(console, kOpenFault, name, Because(out.why));
-  if (!SayTableFault(source, plot, type.write(source, plot, out))) return DiscardOutput(out);
-  if (!CloseOutput(out)) return Say(console, kWriteFault, name);
-  SayLine(console, type.written);
+  if (!OpenOutput(session.platform, name, OpenHow::replace, out)) {
+    Say(console, kOpenFault, name, Because(out.why));
+    return false;
+  }
+  if (!SayTableFault(source, plot, type.write(source, plot, out))) {
+    DiscardOutput(out);
+    return false;
+  }
+  const bool complete = CloseOutput(out);
+  if (complete) SayLine(console, type.written);
+  else Say(console, kWriteFault, name);
+  return complete;
 }
 
 }  // namespace zaview

@@ -210,8 +210,11 @@ void TakeEvent(Session& s, const MenuEvent& event) {
   if (kind == OptionKind::colour || kind == OptionKind::quantity || kind == OptionKind::point)
     return OpenFor(s, OptionPlace(*place), event);
   const OptionEvent told{event.change, event.integer, event.real, event.text, place->index, event.item};
-  if (const std::string_view refused = SetOption(s, *place->option, told); !refused.empty())
-    SayLine(s.platform.console, refused);
+  const std::string_view refused = SetOption(s, *place->option, told);
+  if (refused.empty()) return;
+  SayLine(s.platform.console, refused);
+  // A field shows that its value wasn't taken; a file that wasn't written shows nowhere in the window.
+  if (kind == OptionKind::file) static_cast<void>(InvokeMessageWindow(s, {std::string(refused)}));
 }
 
 }  // namespace

@@ -56,5 +56,17 @@ TEST(ScriptEnds, CtrlCEndsAheadOfTheNextCommand) {
             "ZAVIEW Scripting: TRY\nERROR - interrupted ahead of this command\n        at line 2 of s : TRY\n");
 }
 
+// Long work looks for it as well, and ends with what it says itself.
+TEST(ScriptEnds, CtrlCEndsACommandThatLooksForIt) {
+  OneCommand one([](ScriptCall& call) { return TakeInterrupt(call.console()) ? kScriptFailed : kScriptOk; });
+  EXPECT_EQ(ReadScriptFile(one.session, one.families), kScriptOk);
+  one.session.script.next_line = 0;
+  one.session.platform.console.take_interrupt = [](void*) {
+    static int looks = 0;  // ahead of the command, then in it
+    return ++looks == 2;
+  };
+  EXPECT_EQ(ReadScriptFile(one.session, one.families), kScriptInterrupted);
+}
+
 }  // namespace
 }  // namespace zaview

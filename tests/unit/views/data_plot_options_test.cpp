@@ -154,13 +154,20 @@ TEST(DataPlotOptions, EachItemSetsItsOwn) {
   v.Use({"", "Upright"}, "");
   EXPECT_EQ(v.session.data_plot.axis_option, 1);
   // A file is chosen in the selector, and written at once.
-  v.Press(v.Options(), {.text = "Write Data to File"});
-  std::vector<FedEvent> keys;
-  for (const char letter : std::string("track.txt\r"))
-    keys.push_back({FedEvent::Kind::key, v.WindowOf(v.session.menus.kit.files.menu), letter, 0});
-  v.fake.output.clear();
-  v.Do(keys);
+  const auto write = [&](const std::string& name) {
+    v.Press(v.Options(), {.text = "Write Data to File"});
+    std::vector<FedEvent> keys{{FedEvent::Kind::key, v.WindowOf(v.session.menus.kit.files.menu), 1, kControlKey}};
+    for (const char letter : name + '\r')
+      keys.push_back({FedEvent::Kind::key, v.WindowOf(v.session.menus.kit.files.menu), letter, 0});
+    v.fake.output.clear();
+    v.Do(keys);
+  };
+  write("track.txt");
   EXPECT_EQ(v.fake.output, "Trajectory data written to file\n");
+  EXPECT_EQ(v.session.menus.m_message, 0);
+  v.fake.room = 10;
+  write("full.txt");
+  EXPECT_NE(v.session.menus.m_message, 0) << v.fake.output;
   EXPECT_EQ(v.fake.files["/track.txt"].bytes.substr(0, 24), "Trajectory for ZAVO file");
   v.ExpectAllUsed(DataPlotOptions(v.session).blocks);
 }

@@ -50,7 +50,7 @@ TEST(ResultPlot, PanelsStandBelowOneAnotherOrAlone) {
   v.Show();
   EXPECT_EQ(v.plot().plot_component, 2);
   EXPECT_EQ(v.plot().axes.limits.y_max, 1000);
-  WritePlotData(v.session, "result.txt");
+  EXPECT_TRUE(WritePlotData(v.session, "result.txt"));
   EXPECT_NE(v.fake.Bytes("result.txt").find("heave"), std::string::npos) << v.fake.output;
 }
 
