@@ -23,7 +23,7 @@ constexpr std::string_view kConfirm = "Confirmation pending - input ignored";
 constexpr std::string_view kLogicError = "LOGIC ERROR parsing menu input";
 constexpr std::string_view kNoGraph = "Error determining Graph index";
 constexpr fmt::string_view kMenuInput = "MenuInput: {} {} {} {} {} {}";
-constexpr fmt::string_view kSetUp = "Setting up {} menu; {}={}";
+constexpr fmt::string_view kSettingUp = "Setting up color selection menu; itype={}";
 constexpr int kHelpLines = 40, kHelpFont = 3, kMostLines = 2000;
 constexpr int kFollowsContent = 0, kOnlyGrows = 1;  // how a window's size goes
 
@@ -194,10 +194,10 @@ void SayLogicError(Session& s, const MenuEvent& e) {
 
 void OpenFor(Session& s, const OptionPlace& place, const MenuEvent& event) {
   const OptionTarget target{place.option, place.index, event.integer};
-  Trace(s.platform.console, kSetUp, place.option->kind == OptionKind::colour ? "color selection" : "quantity", "itype",
-        event.element);
-  if (place.option->kind == OptionKind::colour) InvokeColorMenu(s, target);
-  else if (place.option->kind == OptionKind::quantity) InvokeQntMenu(s, target);
+  if (place.option->kind == OptionKind::colour) {
+    Trace(s.platform.console, kSettingUp, event.element);
+    InvokeColorMenu(s, target);
+  } else if (place.option->kind == OptionKind::quantity) InvokeQntMenu(s, target);
   else InvokePointMenu(s, MenuMode::open);
 }
 

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/session.h"
+#include "unit/views/plot_view.h"
 
 namespace zaview {
 
@@ -99,14 +98,7 @@ inline std::vector<float> PlotValues(const Session& s) {
 // changes: "name value ..", the others as in `want`.
 inline void ExpectPlotValues(const char* changes, std::vector<float> want, const std::vector<float>& got,
                              const std::string& who) {
-  std::istringstream in(changes);
-  std::string name;
-  for (float value = 0; in >> name >> value;) {
-    std::size_t at = 0;
-    while (at < std::size(kPlotFields) && kPlotFields[at].name != name) ++at;
-    ASSERT_LT(at, std::size(kPlotFields)) << name;
-    want[at] = value;
-  }
+  TakeChanges(kPlotFields, changes, want);
   for (std::size_t i = 0; i < want.size(); ++i)
     EXPECT_NEAR(got[i], want[i], 1.0e-4F * std::max(1.0F, std::abs(want[i]))) << who << ": " << kPlotFields[i].name;
 }

@@ -127,11 +127,11 @@ struct PlotView : Picture {
 };
 
 // "field 3 other 1": these become what is wanted of the fields, rows with a name.
-template <typename Fields>
-void TakeChanges(const Fields& fields, const char* changes, std::vector<double>& want) {
+template <typename Fields, typename Number>
+void TakeChanges(const Fields& fields, const char* changes, std::vector<Number>& want) {
   std::istringstream in(changes);
   std::string name;
-  for (double value = 0; in >> name >> value;) {
+  for (Number value = 0; in >> name >> value;) {
     std::size_t at = 0;
     while (at < std::size(fields) && fields[at].name != name) ++at;
     ASSERT_LT(at, std::size(fields)) << name;
