@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-dev libfftw3-dev
           libedit-dev libgl-dev libegl-dev libegl1 freeglut3-dev libx11-dev libpng-dev libgd-dev
-          libfreetype-dev fonts-dejavu-core)
+          libfreetype-dev libcairo2-dev fonts-dejavu-core fonts-liberation)
 case ${1-} in
   "") ;;
   --tests) packages+=(libgtest-dev xvfb ffmpeg) ;;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
 #include "base/table_text.h"
 
@@ -58,11 +59,18 @@ struct WritingSettings {
   Separator separator = Separator::space;
 };
 
+enum class IntervalMethod : std::uint8_t { formula, bootstrap };
+
 struct StatisticSettings {
   float confidence_probability = 0.95F;
   float ndtf_length = 0, ndtf_beam = 0;  // output length units; 0: not set
   int autocorrelation_rate = 1;
   float autocorrelation_cutoff = 0.05F;
+  IntervalMethod interval_method = IntervalMethod::formula;
+  int bootstrap_resamples = 1000, bootstrap_seed = 1;
+  float spectrum_segment = 0;                         // output time; 0: by the length of the record
+  float extreme_hours = 3, extreme_quantile = 0.99F;  // the largest value in so many hours; its chosen quantile
+  int rainflow_bins = 50;                             // of the table of ranges
   bool operator==(const StatisticSettings&) const = default;
 };
 

@@ -124,7 +124,8 @@ bool gksBeginScene(const WindowSystem& windows, const GksState& gks, bool smooth
 
 bool gksEndScene(const WindowSystem& windows, GksState& gks, std::string& why) {
   PictureImage* const image = windows.end_scene(windows.self, gks.window.id, why);
-  gks.paint = image == nullptr ? GksPaint{} : ImagePaint(*image);
+  if (image != nullptr && gks.paint.scalable) gks.paint.image(gks.paint.self, *image);
+  else gks.paint = image == nullptr ? GksPaint{} : ImagePaint(*image);
   return image != nullptr;
 }
 
@@ -133,6 +134,7 @@ void GCLRWK(const GksState& gks) {
 }
 
 void GUWK(const WindowSystem& windows, const GksState& gks) {
+  gks.paint.finish(gks.paint.self);
   windows.present(windows.self, gks.window.id);
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 #include "base/window_system.h"
 
@@ -32,8 +33,16 @@ struct GksGlyph {  // one bit a pixel, whole bytes a row, bottom row first
   bool smooth = false;  // one byte a pixel: sixteenths that are covered
 };
 
+struct GksLetters {           // a text in the scalable font
+  GksPoint at;                // its start, on the baseline
+  float size = 12, turn = 0;  // pixels an em; radians, clockwise on the screen
+  std::string_view text;
+};
+
 struct GksPaint {  // as it stands nothing is drawn
   void* self = nullptr;
+  // Places are exact and letters come as `letters`: what is drawn is a picture of any resolution.
+  bool scalable = false;
   void (*clear)(void* self, GksColour paper) = [](void*, GksColour) {};
   void (*line)(void* self, const GksPen& pen, std::span<const GksPoint> strip) = [](void*, const GksPen&,
                                                                                     std::span<const GksPoint>) {};
@@ -41,6 +50,10 @@ struct GksPaint {  // as it stands nothing is drawn
                                                                                      std::span<const GksPoint>) {};
   void (*glyph)(void* self, GksColour colour, GksPoint at, const GksGlyph& glyph) = [](void*, GksColour, GksPoint,
                                                                                        const GksGlyph&) {};
+  void (*letters)(void* self, GksColour colour, const GksLetters& letters) = [](void*, GksColour, const GksLetters&) {};
+  // In place of all that was drawn: bodies, which come in pixels. Only where `scalable`.
+  void (*image)(void* self, const PictureImage& image) = [](void*, const PictureImage&) {};
+  void (*finish)(void* self) = [](void*) {};  // the picture is complete
 };
 
 // Into the image, which outlives the record. Edges are smoothed by the part of each pixel that is covered, but lines

@@ -9,6 +9,7 @@
 
 #include "base/window_system.h"
 #include "gks/kernel/gks_paint.h"
+#include "gks/kernel/paint_recording.h"
 
 namespace zaview {
 
@@ -68,6 +69,16 @@ struct TextScreen {
   std::string prompt, fallback, typed;
 };
 
+// classic: as the system has always drawn; report: white, smooth, the plot fills the page.
+enum class PictureStyle : std::uint8_t { classic, report };
+
+struct PictureSheet {         // several pictures on one page, filled row by row
+  int rows = 0, columns = 0;  // 0: there is no page open
+  std::string name;           // of its file
+  std::vector<PictureRecording> cells;
+  [[nodiscard]] bool open() const { return rows > 0; }
+};
+
 struct DumpOrder {
   bool dump_only = false;  // every view is dumped and left
   bool waiting = false;    // the next one is
@@ -125,6 +136,9 @@ struct GksState {
   bool colour_warned = false;
   TextScreen screen;
   DumpOrder dump;
+  PictureStyle style = PictureStyle::classic;
+  PictureRecording recording;  // of the present picture, where it is drawn so
+  PictureSheet sheet;
   GksHooks hooks;
   std::vector<GksSideWindow> side_windows;
   unsigned modifiers = 0;  // keys held down at the event that is being handled

@@ -242,7 +242,7 @@ void Glyph(void* self, GksColour colour, GksPoint at, const GksGlyph& glyph) {
 }  // namespace
 
 GksPaint ImagePaint(PictureImage& image) {
-  return {&image, Clear, Line, Fill, Glyph};
+  return {.self = &image, .clear = Clear, .line = Line, .fill = Fill, .glyph = Glyph};
 }
 
 }  // namespace zaview

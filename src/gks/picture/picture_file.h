@@ -9,7 +9,7 @@
 
 namespace zaview {
 
-enum class PictureFormat : unsigned char { png, bmp, gif };
+enum class PictureFormat : unsigned char { png, bmp, gif, svg, pdf };
 
 // rgb: width x height x 3 bytes, bottom row first. bytes: the whole file. Pure: another thread may do it. False: memory
 // is out, or the format has no library here.

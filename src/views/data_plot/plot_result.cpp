@@ -1,19 +1,10 @@
-// The picture of an analysis: its panels one below the other with one horizontal axis, or one of them alone.
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <limits>
+// The picture of the last analysis.
 #include <string>
-#include <vector>
 
 #include "base/message.h"
 #include "base/table_text.h"
-#include "gks/plot/page_heading.h"
-#include "gks/plot/page_text.h"
+#include "views/data_plot/plot_panels.h"
 #include "views/data_plot/plot_type.h"
-#include "views/data_plot/plot_write.h"
-#include "views/state/axes_limits.h"
-#include "views/state/plot_kinds.h"
 #include "views/state/result_choice.h"
 
 namespace zaview {
@@ -21,221 +12,11 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kNothing = "ERROR - there is no result of an analysis to be plotted";
-constexpr float kGap = 0.8F;   // page units between panels: tick labels and a name
-constexpr float kFoot = 0.8F;  // page units below the lowest one
-constexpr float kLeastPanel = 0.4F;
-constexpr float kLegendGap = 0.12F;  // page units beside the area
-constexpr float kPointSize = 3.0F;   // of markers
-constexpr int kDot = 15;             // marker
-constexpr int kDashed = 1;           // of SetDash
-constexpr int kBandColour = 3;
-
-bool ShowsAll(const DataPlotState& plot) {
-  return plot.plot_component == 0 && PanelCount(plot) > 1;
-}
-
-// The one that mouse and axes are of: the chosen one, of all of them the lowest.
-const ResultPanel& PanelOf(const DataPlotState& plot) {
-  const int count = PanelCount(plot);
-  const int panel = ShowsAll(plot) ? count : std::clamp(plot.plot_component, 1, count);
-  return plot.result.panels[static_cast<std::size_t>(panel) - 1];
-}
 
 bool Make(const PlotSource& source, DataPlotState& plot) {
   if (HasResult(plot)) return true;
   SayLine(source.console(), kNothing);
   return false;
-}
-
-void AddCurves(const ResultPanel& panel, std::vector<DrawnCurve>& curves) {
-  int index = 0;
-  for (const ResultCurve& curve : panel.curves) curves.push_back({++index, curve.x, curve.y});
-}
-
-void ResultCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves) {
-  if (HasResult(plot)) AddCurves(PanelOf(plot), curves);
-}
-
-struct Span {
-  float low = std::numeric_limits<float>::infinity(), high = -std::numeric_limits<float>::infinity();
-  void Take(const std::vector<float>& values) {
-    for (const float value : values)
-      if (std::isfinite(value)) low = std::min(low, value), high = std::max(high, value);
-  }
-  [[nodiscard]] bool empty() const { return !(low <= high); }
-};
-
-void TakeX(const ResultPanel& panel, Span& x) {
-  for (const ResultCurve& curve : panel.curves) x.Take(curve.x);
-}
-
-// Limits of a panel in an area of this height; x as given.
-PlotLimits LimitsOf(const ResultPanel& panel, const Span& x, AxesLength length) {
-  Span y;
-  for (const ResultCurve& curve : panel.curves) y.Take(curve.y);
-  PlotLimits limits;
-  if (!x.empty()) limits.x_min = x.low, limits.x_max = x.high;
-  if (!y.empty()) limits.y_min = y.low, limits.y_max = y.high;
-  RoundX(limits, length.x);
-  RoundY(limits, length.y);
-  return limits;
-}
-
-// Panels of one horizontal axis share its limits with the lowest.
-bool SharesAxis(const DataPlotState& plot, const ResultPanel& panel) {
-  return panel.x_name == PanelOf(plot).x_name;
-}
-
-void FitResult(const DataPlotState& plot, PlotLimits& limits) {
-  Span x;
-  if (ShowsAll(plot)) {
-    for (const ResultPanel& panel : plot.result.panels)
-      if (SharesAxis(plot, panel)) TakeX(panel, x);
-  } else TakeX(PanelOf(plot), x);
-  limits = LimitsOf(PanelOf(plot), x, LengthOf(plot));
-}
-
-void ResultNames(const PlotFacts&, const DataPlotState& plot, PlotNames& names) {
-  if (!HasResult(plot)) return;
-  names.x = PanelOf(plot).x_name;
-  names.y = PanelOf(plot).y_name;
-  names.title = plot.result.title;
-}
-
-// ---- Drawing
-// What is in force between two values of x: a dashed line at either end, a thick one along the axis.
-void DrawBands(const DataPlotState& plot, const ResultPanel& panel, PlotDraw draw) {
-  constexpr float kThick = 0.06F;
-  const float low = draw.page.y_origin, high = draw.page.y_end;
-  const float axis = std::min(low, high) <= 0.0F && std::max(low, high) >= 0.0F ? 0.0F : low;
-  dgColour(draw, ColourOf(plot, kBandColour));
-  for (const auto& [from, to] : panel.bands) {
-    SetDash(draw, kDashed);
-    for (const float x : {from, to}) {
-      const float at[] = {x, x}, y[] = {low, high};
-      dgCurve(draw, at, y, 0);
-    }
-    SetDash(draw, 0);
-    dgThickness(draw, kThick);
-    const float x[] = {from, to}, y[] = {axis, axis};
-    dgCurve(draw, x, y, 0);
-    dgThickness(draw, 0);
-  }
-}
-
-// A line is parted where there is no value.
-void DrawParts(PlotDraw draw, const ResultCurve& curve, int mode) {
-  const std::size_t n = std::min(curve.x.size(), curve.y.size());
-  const auto is_there = [&](std::size_t i) { return std::isfinite(curve.x[i]) && std::isfinite(curve.y[i]); };
-  for (std::size_t first = 0; first < n;) {
-    std::size_t end = first;
-    while (end < n && is_there(end)) ++end;
-    const std::span x(curve.x.data() + first, end - first), y(curve.y.data() + first, end - first);
-    if (mode == 0 && end > first) DrawSolid(draw, x, y);
-    else if (end > first) dgCurve(draw, x, y, mode);
-    first = end + 1;
-  }
-}
-
-int DashOfCurve(const DataPlotState& plot, const ResultCurve& curve, int index) {
-  return curve.style == ResultStyle::dashed ? kDashed : DashOf(plot, index);
-}
-
-void DrawPanelCurve(const DataPlotState& plot, PlotDraw draw, const ResultCurve& curve, int index) {
-  dgColour(draw, ColourOf(plot, index + 1));
-  if (curve.style == ResultStyle::points || plot.mark_every < 0) {
-    dgMarkerType(draw, kDot);
-    dgMarkerScale(draw, kPointSize * plot.mark_size);
-    return DrawParts(draw, curve, -1);
-  }
-  dgThickness(draw, plot.line_thickness);
-  const int dash = DashOfCurve(plot, curve, index);
-  if (dash == 0) DrawParts(draw, curve, 0);
-  else {
-    SetDash(draw, dash);
-    dgCurve(draw, curve.x, curve.y, 0);
-    SetDash(draw, 0);
-  }
-  dgThickness(draw, 0);
-}
-
-void DrawPanel(const DataPlotState& plot, PlotDraw draw, const ResultPanel& panel) {
-  DrawBands(plot, panel, draw);
-  int index = 0;
-  for (const ResultCurve& curve : panel.curves) DrawPanelCurve(plot, draw, curve, ++index);
-  dgColour(draw, 1);
-}
-
-void DrawResult(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
-  DrawPanel(plot, draw, PanelOf(plot));
-}
-
-void AddNotes(const DataPlotState& plot, const ResultPanel& panel, std::vector<PageNote>& notes) {
-  int index = 0;
-  for (const ResultCurve& curve : panel.curves) {
-    ++index;
-    if (!curve.name.empty()) notes.push_back({curve.name, ColourOf(plot, index + 1), DashOfCurve(plot, curve, index)});
-  }
-  for (const std::string& note : panel.notes) notes.push_back({note});
-}
-
-void ResultNotes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& notes) {
-  if (HasResult(plot) && !ShowsAll(plot)) AddNotes(plot, PanelOf(plot), notes);
-}
-
-std::vector<PageNote> NotesOf(const DataPlotState& plot, const ResultPanel& panel) {
-  std::vector<PageNote> notes;
-  if (plot.legend != LegendUse::off) AddNotes(plot, panel, notes);
-  return notes;
-}
-
-// What the widest of the legends needs right of the areas.
-float LegendWidth(const DataPlotState& plot, PlotDraw draw) {
-  float width = 0;
-  for (const ResultPanel& panel : plot.result.panels)
-    if (const std::vector<PageNote> notes = NotesOf(plot, panel); !notes.empty())
-      width = std::max(width, SizeOfNotes(draw, notes, plot.annot_size).width + 2.0F * kLegendGap);
-  return width;
-}
-
-// Right of the area, from its top.
-void DrawLegend(const DataPlotState& plot, const ResultPanel& panel, PlotDraw draw) {
-  const PlotPage& page = draw.page;
-  const std::vector<PageNote> notes = NotesOf(plot, panel);
-  if (!notes.empty())
-    PaperNotes(draw, notes, page.area_x + page.area_width + kLegendGap, page.area_y + page.area_height,
-               plot.annot_size);
-}
-
-// All panels, from the top of the area that was set up for one down to the foot of the page.
-void DrawStack(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame) {
-  const PlotPage whole = draw.page;
-  const std::vector<ResultPanel>& panels = plot.result.panels;
-  const auto count = static_cast<float>(panels.size());
-  float top = whole.area_y + whole.area_height;
-  const float height = std::max((top - kFoot - kGap * (count - 1.0F)) / count, kLeastPanel);
-  const float width = std::min(whole.area_width, whole.page_width - whole.area_x - LegendWidth(plot, draw));
-  for (const ResultPanel& panel : panels) {
-    Span x;
-    TakeX(panel, x);
-    PlotLimits limits = LimitsOf(panel, x, {width, height});
-    if (SharesAxis(plot, panel)) {
-      limits.x_min = plot.axes.limits.x_min;
-      limits.x_step = plot.axes.limits.x_step;
-      limits.x_max = plot.axes.limits.x_max;
-    }
-    dgAreaAt(draw, whole.area_x, top - height, width, height);
-    frame.axes(plot, panel.x_name, CutToWidth(draw, panel.y_name, plot.text_size, height + kGap / 2.0F), limits, draw);
-    DrawPanel(plot, draw, panel);
-    DrawLegend(plot, panel, draw);
-    top -= height + kGap;
-  }
-}
-
-bool DrawAll(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame) {
-  if (!HasResult(plot) || !ShowsAll(plot)) return false;
-  DrawStack(plot, draw, frame);
-  return true;
 }
 
 // ---- The data as text: a block a panel, curves one below the other.
@@ -265,12 +46,12 @@ const PlotType kResultPlot{
     .file_what = "the last analysis",
     .written = "Result data written to file",
     .make = Make,
-    .curves = ResultCurves,
-    .fit = FitResult,
-    .names = ResultNames,
-    .notes = ResultNotes,
-    .draw = DrawResult,
-    .draw_all = DrawAll,
+    .curves = PanelCurves,
+    .fit = FitPanels,
+    .names = PanelNames,
+    .notes = PanelNotes,
+    .draw = DrawPanels,
+    .draw_all = DrawAllPanels,
     .write = WriteResult,
 };
 

@@ -64,7 +64,7 @@ inline constexpr std::string_view kDataPlotPopup[] = {"Selection Menu", "Plot Op
 [[nodiscard]] const PlotType& PlotTypeOf(PlotKind kind);  // `none` has a row that draws axes only
 
 extern const PlotType kHistoryPlot, kTrajectoryPlot, kLoadPlot, kHistogramPlot, kAutocovariancePlot,
-    kAutocorrelationPlot, kIntervalPlot, kResultPlot;
+    kAutocorrelationPlot, kIntervalPlot, kResultPlot, kSpectrumPlot, kExtremesPlot, kRainflowPlot;
 
 // What every kind uses (plot_curves.cpp).
 [[nodiscard]] QuantityRequest RequestOf(const DataPlotState& plot, int component);

@@ -12,7 +12,7 @@ const PlotType kAxesOnly{};
 // In the order of PlotKind.
 const PlotType* const kTypes[] = {&kAxesOnly,      &kHistoryPlot,        &kTrajectoryPlot,      &kLoadPlot,
                                   &kHistogramPlot, &kAutocovariancePlot, &kAutocorrelationPlot, &kIntervalPlot,
-                                  &kResultPlot};
+                                  &kResultPlot,    &kSpectrumPlot,       &kExtremesPlot,        &kRainflowPlot};
 static_assert(std::size(kTypes) == kPlotKinds);
 
 }  // namespace

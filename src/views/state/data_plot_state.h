@@ -49,6 +49,7 @@ struct DataPlotDerived {
   PlotData history;           // all components; also the track and the loads
   std::vector<float> step_x;  // of the same points: their step index
   StatOverlay overlay;
+  ResultPlot panels;  // of kinds that make some
   Histogram histogram;
   std::vector<float> bar_x, bar_y;      // the upper ends of its bars, two points each
   std::vector<float> lag, correlation;  // shown lag times; autocovariance or autocorrelation

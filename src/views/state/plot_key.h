@@ -22,9 +22,12 @@ enum class PlotKind : std::uint8_t {
   autocovariance,
   autocorrelation,
   interval,
-  result  // of the last analysis
+  result,  // of the last analysis
+  spectrum,
+  extremes,
+  rainflow
 };
-inline constexpr int kPlotKinds = 9;
+inline constexpr int kPlotKinds = 12;
 
 struct PlotSubject {  // limits and curves that are left out belong to one
   PlotKind kind = PlotKind::none;

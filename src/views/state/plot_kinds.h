@@ -13,6 +13,7 @@ struct PlotKindRow {
   bool by_component = true;   // the chosen component alone decides on data and limits
   bool of_quantity = true;    // else always the track, or
   bool of_panels = false;     // the panels of the last analysis
+  bool makes_panels = false;  // an analysis of the curve, made as panels
   bool of_loads = false;      // quantities of sectional loads alone
   bool of_functions = false;  // the functions of an impulsive run too
   Averages averages = Averages::no;
