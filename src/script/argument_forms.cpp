@@ -72,6 +72,8 @@ constexpr ArgumentForm kForms[] = {
     {"heel",        "60",       "Largest heel (trim) to each side, degrees"},
     {"arms",        "gz.txt",   "The file of the curves, \"\" for the console"},
     {"statistics",  "gzs.txt",  "The file of their statistics, \"\" for the console; name.gm (metacentric heights, volume) and name.wl (waterlines) are written beside it"},
+    {"hours",       "3",        "Hours of output time, in seconds"},
+    {"quantile",    "0.99",     "A probability between 0 and 1"},
     {"count",       "1",        "How many"},
     {"time",        "1",        "A time"},
     {"lookdown",    "10",       "Half of the field of view of a sensor, 0 to 90 degrees from the level of the ship at rest"},

@@ -43,6 +43,24 @@ int RunCutoff(ScriptCall& call) {
   return ReadSetting(call, kInvalidValue, SetCutoff);
 }
 
+// Both or neither.
+int RunExtremeMaximum(ScriptCall& call) {
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  auto statistics = call.session.output.statistics;
+  if (SetExtremeHours(values[0], statistics) != SettingFault::none ||
+      SetExtremeQuantile(values[1], statistics) != SettingFault::none)
+    return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
+  call.session.output.statistics = statistics;
+  return kScriptOk;
+}
+
+int RunRainflowBins(ScriptCall& call) {
+  return ReadSetting(call, kInvalidValue, [](float bins, auto& statistics) {
+    return SetRainflowBins(RoundToInt(static_cast<double>(bins)), statistics);
+  });
+}
+
 // Ends the script as its end of text would.
 int RunStop(ScriptCall& call) {
   call.session.script.next_line = call.session.script.final_text.size();
@@ -81,6 +99,18 @@ constexpr Command kSettings[] = {
      "ratio",
      "Samples depend on one another where the autocorrelation is above it",
      "0.05"},
+    {{"EXTREME_MAXIMUM"},
+     kNone,
+     RunExtremeMaximum,
+     "hours quantile",
+     "Extremes are those of so many hours: the most probable largest value, and its chosen quantile (above 0, below 1)",
+     "3 0.99"},
+    {{"RAINFLOW_BINS"},
+     kNone,
+     RunRainflowBins,
+     "count",
+     "How many bins of equal width the ranges of rainflow cycles are counted in",
+     "50"},
     {{"STOP"}, kNone, RunStop, "", "Ends the script; what stands behind it is not read", "", NameMatch::whole, true},
 };
 

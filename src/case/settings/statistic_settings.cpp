@@ -32,4 +32,16 @@ SettingFault SetNdtfBeam(float beam, StatisticSettings& statistics) {
   return Set(beam >= 0.0F, beam, statistics.ndtf_beam);
 }
 
+SettingFault SetExtremeHours(float hours, StatisticSettings& statistics) {
+  return Set(hours > 0.0F && hours <= kMostExtremeHours, hours, statistics.extreme_hours);
+}
+
+SettingFault SetExtremeQuantile(float probability, StatisticSettings& statistics) {
+  return Set(probability > 0.0F && probability < 1.0F, probability, statistics.extreme_quantile);
+}
+
+SettingFault SetRainflowBins(int bins, StatisticSettings& statistics) {
+  return Set(bins >= 1 && bins <= kMostRainflowBins, bins, statistics.rainflow_bins);
+}
+
 }  // namespace zaview

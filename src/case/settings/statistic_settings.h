@@ -12,4 +12,10 @@ namespace zaview {
 [[nodiscard]] SettingFault SetNdtfLength(float length, StatisticSettings& statistics);   // output units; 0: of the hull
 [[nodiscard]] SettingFault SetNdtfBeam(float beam, StatisticSettings& statistics);
 
+inline constexpr float kMostExtremeHours = 1.0e6F;
+inline constexpr int kMostRainflowBins = 10'000;
+[[nodiscard]] SettingFault SetExtremeHours(float hours, StatisticSettings& statistics);  // above 0, to the most
+[[nodiscard]] SettingFault SetExtremeQuantile(float probability, StatisticSettings& statistics);  // above 0, below 1
+[[nodiscard]] SettingFault SetRainflowBins(int bins, StatisticSettings& statistics);              // 1 to the most
+
 }  // namespace zaview

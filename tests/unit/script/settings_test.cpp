@@ -39,6 +39,10 @@ Values Intervals(const Session& s) {
   return Of(s.output.statistics.confidence_probability, s.output.statistics.autocorrelation_rate,
             s.output.statistics.autocorrelation_cutoff, s.statistics.nmany);
 }
+Values Analyses(const Session& s) {
+  const auto& o = s.output.statistics;
+  return Of(o.extreme_hours, o.extreme_quantile, o.rainflow_bins);
+}
 Values Shown(const Session& s) { return Of(s.data_plot.show_stats); }
 Values Histogram(const Session& s) {
   const HistogramRequest& h = s.statistics.histogram;
@@ -331,6 +335,9 @@ TEST(Settings, Data) {
        2, 0.05F, 0}}}, {{"", 5, kFew}, {"0", 4, kNoValue}}},
       {"AUTOCORRELATION_CUTOFF AUTOC_CUTOFF AC_CUTOFF", Intervals, {{"0.5", {0.95F, 1, 0.5F, 0}}}, {{"", 5, kFew}, {"0",
        4, kNoValue}, {"1", 4, kNoValue}}},
+      {"EXTREME_MAXIMUM", Analyses, {{"24 0.9", {24, 0.9F, 50}}}, {{"3", 5, kFew}, {"0 0.9", 4, kNoValue}, {"2 1", 4,
+       kNoValue}}, {"", "EXTREME_MAXIMUM 3 .5\n"}},
+      {"RAINFLOW_BINS", Analyses, {{"20", {3, 0.99F, 20}}}, {{"", 5, kFew}, {"0", 4, kNoValue}, {"1e9", 4, kNoValue}}},
   });
 }
 
