@@ -146,6 +146,19 @@ constexpr OptionBinding kProbability = {
     [](Session& s, int) { return OptionValue{.real = s.output.statistics.confidence_probability}; },
     [](Session& s, const OptionEvent& event) { return Said(SetProbability(event.real, s.output.statistics)); }};
 
+constexpr OptionBinding kHours = {
+    [](Session& s, int) { return OptionValue{.real = s.output.statistics.extreme_hours}; },
+    [](Session& s, const OptionEvent& event) { return Said(SetExtremeHours(event.real, s.output.statistics)); }};
+
+constexpr OptionBinding kQuantile = {
+    [](Session& s, int) { return OptionValue{.real = s.output.statistics.extreme_quantile}; },
+    [](Session& s, const OptionEvent& event) { return Said(SetExtremeQuantile(event.real, s.output.statistics)); }};
+constexpr float kBelowOne = 0.999999F;
+
+constexpr OptionBinding kRangeBins = {
+    [](Session& s, int) { return OptionValue{.integer = s.output.statistics.rainflow_bins}; },
+    [](Session& s, const OptionEvent& event) { return Said(SetRainflowBins(event.integer, s.output.statistics)); }};
+
 constexpr OptionBinding kNormalized = {
     [](Session& s, int) { return OptionValue{.integer = s.data_plot.kind == PlotKind::autocorrelation ? 1 : 0}; },
     [](Session& s, const OptionEvent& event) {
@@ -320,6 +333,23 @@ constexpr OptionItem kCorrelations[] = {
     Label({}, RecordsRead),
 };
 
+constexpr OptionItem kExtremeItems[] = {
+    Row("Largest value in", kExtremes),
+    kFirstColumn,
+    Real({}, kHours, {kAboveZero, kMostExtremeHours}),
+    Label("hours "),
+    Real("Quantile", kQuantile, {kAboveZero, kBelowOne}, 0.01F),
+    Row("Probability=", kExtremes),
+    kFirstColumn,
+    Real({}, kProbability, {kAboveZero, 1}, 0.01F),
+};
+
+constexpr OptionItem kRainflowItems[] = {
+    Row("Bins of ranges:", kRainflow),
+    kFirstColumn,
+    Integer({}, kRangeBins, {1, kMostRainflowBins}),
+};
+
 constexpr OptionItem kRecords[] = {
     Row("Statistics:", kHistory),
     kFirstColumn,
@@ -367,7 +397,8 @@ constexpr OptionItem kRecords[] = {
     In(kHistory, Check("Unformatted", PlotFlag<&Plot::unformatted>)),
 };
 
-constexpr OptionBlock kBlocks[] = {{kAxes}, {kLooks}, {kBars}, {kTracks}, {kCorrelations}, {kRecords}};
+constexpr OptionBlock kBlocks[] = {{kAxes},         {kLooks},        {kBars},          {kTracks},
+                                   {kCorrelations}, {kExtremeItems}, {kRainflowItems}, {kRecords}};
 
 }  // namespace
 

@@ -149,6 +149,25 @@ TEST(DataPlotOptions, EachItemSetsItsOwn) {
     const bool refused = v.fake.output.find("ILLEGAL") != std::string::npos;
     EXPECT_EQ(refused ? v.fake.output : "", c.said) << who;
   }
+  const struct {
+    PlotKind kind;
+    ItemAt at;
+    const char *typed, *changes;
+  } kAnalysed[] = {
+      {PlotKind::extremes, {"Largest value in"}, "24", "hours 24"},
+      {PlotKind::extremes, {"", "Quantile"}, "0.5", "quantile 0.5"},
+      {PlotKind::extremes, {"Probability="}, "0.8", "probability 0.8"},
+      {PlotKind::rainflow, {"Bins of ranges:"}, "12", "bins 12"},
+  };
+  const PlotKind kind = v.session.data_plot.kind;
+  for (const auto& c : kAnalysed) {
+    v.session.data_plot.kind = c.kind;
+    v.Key('g');
+    const std::vector<float> before = PlotValues(v.session);
+    v.Use(c.at, c.typed);
+    ExpectValues(c.changes, before, PlotValues(v.session), c.changes);
+  }
+  v.session.data_plot.kind = kind;
   v.session.gks.window.bitmap_font = false;
   v.Use({"", "Frame"}, "");
   v.Use({"", "Upright"}, "");
