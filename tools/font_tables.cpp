@@ -1,18 +1,16 @@
 // Writes a header with the six bitmap fonts and the stroke font of libglut, so that pictures without a display have the
 // same letters. The library exports its tables but declares them in no header. Menus have smooth letters, drawn here by
-// FreeType from the outlines of two font files; without these files, those of the bitmap fonts.
+// FreeType from the outlines of two font files; without these files, those of the bitmap fonts. Of the scalable font it
+// writes the widths.
 #include <cstdio>
+#include <ft2build.h>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include <fmt/format.h>
-
-#ifdef ZAVIEW_SANS
-#include <ft2build.h>
 #include FT_FREETYPE_H
-#endif
 
 namespace {
 
@@ -141,6 +139,20 @@ bool PutSmoothFonts(std::string& out) {
 }
 #endif
 
+bool PutAdvances(std::string& out) {
+  FT_Library library = nullptr;
+  FT_Face face = nullptr;
+  if (FT_Init_FreeType(&library) != 0 || FT_New_Face(library, ZAVIEW_LETTERS, 0, &face) != 0) return false;
+  std::vector<int> advances;
+  for (FT_ULong c = 0; c < kCharacters; ++c)
+    advances.push_back(FT_Load_Char(face, c, FT_LOAD_NO_SCALE) == 0 ? static_cast<int>(face->glyph->advance.x) : 0);
+  out += fmt::format("inline constexpr float kLetterUnits = {}.0F;  // an em\n", face->units_per_EM);
+  PutList(out, "unsigned short", "kLetterAdvance", advances, "{},");
+  FT_Done_Face(face);
+  FT_Done_FreeType(library);
+  return true;
+}
+
 void PutStrokeFont(std::string& out, const StrokeFont& font) {
   std::vector<std::string> points;
   std::vector<int> strip_start, glyph_start;
@@ -197,8 +209,8 @@ int main(int count, char** words) {
   PutBitmapFont(out, fgFontHelvetica18, "kHelvetica18");
   PutBitmapFont(out, fgFontTimesRoman24, "kTimesRoman24");
   PutStrokeFont(out, fgStrokeRoman);
-  if (!PutSmoothFonts(out)) {
-    std::fputs("font_tables: the letters of menus can't be drawn\n", stderr);
+  if (!PutSmoothFonts(out) || !PutAdvances(out)) {
+    std::fputs("font_tables: the outlines of the letters can't be read\n", stderr);
     return 1;
   }
   out += "\n}  // namespace zaview\n";

@@ -1,6 +1,7 @@
 #include "gks/kernel/fonts.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <gks_font_tables.h>  // made by the build
 #include <vector>
@@ -81,6 +82,46 @@ float gksStrokeAdvance(unsigned char c, float scale) {
   if (IsControl(c)) return 0.0F;
   const float advance = scale * kStrokeRight[c];
   return c == '.' ? std::max(advance, kLeastStop) : advance;
+}
+
+char32_t gksTakeLetter(std::string_view& text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned first = byte(0);
+  const std::size_t more = first >= 0xF0 && first < 0xF5   ? 3
+                           : first >= 0xE0 && first < 0xF0 ? 2
+                           : first >= 0xC2 && first < 0xE0 ? 1
+                                                           : 0;
+  constexpr std::array<unsigned, 4> kMask{0xFF, 0x1F, 0x0F, 0x07};
+  constexpr std::array<char32_t, 4> kLeast{0, 0x80, 0x800, 0x10000};
+  char32_t letter = first & kMask[more];
+  bool good = more < text.size();
+  for (std::size_t i = 1; good && i <= more; ++i) {
+    good = (byte(i) & 0xC0U) == 0x80U;
+    letter = letter << 6U | (byte(i) & 0x3FU);
+  }
+  good = good && letter >= kLeast[more] && letter <= 0x10FFFF && (letter < 0xD800 || letter > 0xDFFF);
+  text.remove_prefix(good ? more + 1 : 1);
+  return good ? letter : first;
+}
+
+void gksPutLetter(char32_t letter, std::string& text) {
+  constexpr std::array<char32_t, 3> kEnds{0x80, 0x800, 0x10000};
+  constexpr std::array<unsigned, 4> kFirst{0, 0xC0, 0xE0, 0xF0};
+  const auto more = static_cast<unsigned>(std::upper_bound(kEnds.begin(), kEnds.end(), letter) - kEnds.begin());
+  text += static_cast<char>(kFirst[more] | letter >> 6U * more);
+  for (unsigned i = more; i-- > 0;) text += static_cast<char>(0x80U | (letter >> 6U * i & 0x3FU));
+}
+
+float gksLetterAdvance(char32_t letter) {
+  constexpr char32_t kTable = 256;
+  if (letter < kTable && IsControl(static_cast<unsigned char>(letter))) return 0.0F;
+  return static_cast<float>(kLetterAdvance[letter < kTable ? letter : U'x']) / kLetterUnits;
+}
+
+float gksLettersWidth(std::string_view text) {
+  float width = 0.0F;
+  while (!text.empty()) width += gksLetterAdvance(gksTakeLetter(text));
+  return width;
 }
 
 void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Font font, bool upward,

@@ -2,6 +2,7 @@
 // the library's own fonts and from outlines, so that pictures without a display have the same letters.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "gks/kernel/gks_paint.h"
@@ -20,6 +21,14 @@ void gksDrawBitmapText(const GksPaint& paint, GksColour colour, GksPoint at, Fon
 // Pixels from one letter of the stroke font to the next at so many pixels a unit. A full stop in small letters keeps a
 // pixel free on both sides.
 [[nodiscard]] float gksStrokeAdvance(unsigned char c, float scale);
+
+// The scalable font, whose letters are as wide as those of the usual fonts without serifs. Texts are UTF-8; a byte that
+// can't be is a letter of Latin-1. Control characters have no width.
+inline constexpr float kCapOfEm = 1409.0F / 2048.0F;           // a capital letter
+[[nodiscard]] char32_t gksTakeLetter(std::string_view& text);  // from the front of a text that isn't empty
+void gksPutLetter(char32_t letter, std::string& text);         // as UTF-8, at the end
+[[nodiscard]] float gksLetterAdvance(char32_t letter);         // ems
+[[nodiscard]] float gksLettersWidth(std::string_view text);    // ems
 
 struct StrokePlace {
   GksPoint at;                // pixel

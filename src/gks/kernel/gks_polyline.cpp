@@ -24,7 +24,7 @@ class Strip {
   void Put(GksPoint world) {
     constexpr float kMiddle = 0.5F;  // of the pixel that a whole place lights
     GksPoint at = gksPixelPoint(gks_, world);
-    if (gks_.attribute.between_pixels) at = {at.x - kMiddle, at.y - kMiddle};
+    if (gks_.attribute.between_pixels && !gks_.paint.scalable) at = {at.x - kMiddle, at.y - kMiddle};
     points_.push_back(at);
   }
   void End() {
@@ -41,7 +41,7 @@ class Strip {
 }  // namespace
 
 GksPoint gksPixelPoint(const GksState& gks, GksPoint world) {
-  if (gks.attribute.between_pixels) return gksToPixelExact(gks, world);
+  if (gks.attribute.between_pixels || gks.paint.scalable) return gksToPixelExact(gks, world);
   const GksPixel pixel = gksToPixel(gks, world);
   return {static_cast<float>(pixel.x), static_cast<float>(pixel.y)};
 }

@@ -139,6 +139,7 @@ struct GksState {
   PictureStyle style = PictureStyle::classic;
   PictureRecording recording;  // of the present picture, where it is drawn so
   PictureSheet sheet;
+  bool smooth_warned = false;  // there is no library for smooth pictures, which has been said
   GksHooks hooks;
   std::vector<GksSideWindow> side_windows;
   unsigned modifiers = 0;  // keys held down at the event that is being handled

@@ -122,11 +122,23 @@ TextBox MakeBox(const GksState& gks, std::string_view text) {
     box.cap = kStrokeCap * box.scale;
     box.descender = kStrokeDescender * box.scale;
   }
-  box.width = Width(box.font, box.scale, text);
+  box.width = gks.paint.scalable ? box.cap / kCapOfEm * gksLettersWidth(text) : Width(box.font, box.scale, text);
   box.along = OffsetAlong(alignment.horizontal, box.width);
   box.down = OffsetDown(alignment.vertical, box);
   box.horizontal = alignment.horizontal;
   return box;
+}
+
+float TurnOf(const GksState& gks) {  // radians, clockwise
+  const bool level = gks.window.bitmap_font && !ReadsUpward(gks.attribute);
+  return level ? 0.0F : gks.attribute.text_rotation * kRadians;
+}
+
+void DrawLetters(const GksState& gks, GksColour colour, GksPoint at, const TextBox& box, std::string_view text) {
+  const float turn = TurnOf(gks), cosine = std::cos(turn), sine = std::sin(turn);
+  GksPoint start{at.x + cosine * box.along - sine * box.down, at.y + sine * box.along + cosine * box.down};
+  if (turn == 0.0F && gks.window.bitmap_font) start.x = std::max(start.x, 0.0F);
+  gks.paint.letters(gks.paint.self, colour, {start, box.cap / kCapOfEm, turn, text});
 }
 
 }  // namespace
@@ -136,6 +148,7 @@ void GTX(const GksState& gks, GksPoint at, std::string_view text) {
   const GksColour colour = gksColourOf(gks, gks.attribute.text_colour);
   const TextBox box = MakeBox(gks, text);
   const GksPoint pixel = gksPixelPoint(gks, at);
+  if (gks.paint.scalable) return DrawLetters(gks, colour, pixel, box, text);
   if (gks.window.bitmap_font) {  // a start left of the picture would lose the first letters
     const bool upward = ReadsUpward(gks.attribute);
     const GksPoint start = upward ? GksPoint{pixel.x + box.down, pixel.y - box.along}
@@ -149,8 +162,7 @@ void GTX(const GksState& gks, GksPoint at, std::string_view text) {
 TextExtent GQTXX(const GksState& gks, GksPoint at, std::string_view text) {
   const TextBox box = MakeBox(gks, text);
   const GksPoint pixel = gksPixelPoint(gks, at);
-  const bool level = gks.window.bitmap_font && !ReadsUpward(gks.attribute);
-  const float turn = level ? 0.0F : gks.attribute.text_rotation * kRadians;
+  const float turn = TurnOf(gks);
   const float cosine = std::cos(turn), sine = std::sin(turn);
   const auto world = [&](float along, float down) {
     return gksToWorldExact(gks, {pixel.x + cosine * along - sine * down, pixel.y + sine * along + cosine * down});

@@ -31,10 +31,11 @@ struct PictureRecording {
   std::vector<GksPoint> points;
   std::string text;
   std::vector<PictureImage> images;
-  bool whole = true;  // false: memory was out, something is missing
+  bool whole = true;              // false: memory was out, something is missing
+  PictureImage* shown = nullptr;  // the window's image, which it is drawn into when it is complete; null: none
 };
 
-// Empties the recording, which outlives the painter. `clear` takes back all that was drawn.
+// The recording outlives the painter. `clear` begins it anew: until then it is what it was.
 [[nodiscard]] GksPaint RecordingPaint(PictureRecording& recording, int width, int height);
 
 }  // namespace zaview

@@ -13,6 +13,7 @@
 #include <png.h>
 
 #include "base/grow.h"
+#include "base/text.h"
 #include "frame/ground/output_file.h"
 #include "gks/picture/opened_library.h"
 
@@ -203,12 +204,28 @@ bool PutGdImage(PictureFormat format, const Rows& rows, std::string& out) {
 
 }  // namespace
 
+bool FormatOfName(std::string_view name, PictureFormat& format) {
+  struct Row {
+    std::string_view end;
+    PictureFormat format;
+  };
+  constexpr Row kRows[] = {{".PNG", PictureFormat::png},
+                           {".BMP", PictureFormat::bmp},
+                           {".GIF", PictureFormat::gif},
+                           {".SVG", PictureFormat::svg},
+                           {".PDF", PictureFormat::pdf}};
+  const std::string capitals = Capitals(TrimEnd(name));
+  for (const Row& row : kRows)
+    if (std::string_view(capitals).ends_with(row.end)) return format = row.format, true;
+  return false;
+}
+
 bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb,
                    std::string& bytes) {
   bytes.clear();
   if (width < 1 || height < 1) return false;
   const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kSamples;
-  if (rgb.size() < size) return false;
+  if (rgb.size() < size || IsVector(format)) return false;
   const Rows rows{width, height, rgb.first(size)};
   return format == PictureFormat::png ? PutPng(rows, bytes) : PutGdImage(format, rows, bytes);
 }

@@ -1,4 +1,4 @@
-// Pictures as files: PNG, BMP, GIF by the end of the name.
+// Pictures as files. PNG, BMP, GIF of pixels; SVG, PDF of a recording (recorded_picture.h).
 #pragma once
 
 #include <span>
@@ -10,6 +10,12 @@
 namespace zaview {
 
 enum class PictureFormat : unsigned char { png, bmp, gif, svg, pdf };
+
+// By the end of a name, in small or capital letters. False: it is none of these.
+[[nodiscard]] bool FormatOfName(std::string_view name, PictureFormat& format);
+[[nodiscard]] constexpr bool IsVector(PictureFormat format) {
+  return format == PictureFormat::svg || format == PictureFormat::pdf;
+}
 
 // rgb: width x height x 3 bytes, bottom row first. bytes: the whole file. Pure: another thread may do it. False: memory
 // is out, or the format has no library here.

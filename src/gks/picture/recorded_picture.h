@@ -21,6 +21,9 @@ struct RecordedPage {  // cells in rows, from the top left; all as large as the 
 // Smooth, into an image of the recording's size. False: as above.
 [[nodiscard]] bool DrawRecorded(const PictureRecording& recording, PictureImage& image);
 
+// Can smooth pictures be drawn here at all? Opens their library.
+[[nodiscard]] bool CanDrawRecorded();
+
 // ---- The picture of the main window
 
 // Is the picture that begins to be recorded: by the style, by the format of the file that is ordered, by an open page?

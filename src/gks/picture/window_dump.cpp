@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "gks/picture/dump_names.h"
 #include "gks/picture/picture_file.h"
+#include "gks/picture/picture_sheet.h"
 
 namespace zaview {
 
@@ -77,6 +78,12 @@ bool WriteWindow(const Platform& platform, const GksState& gks, const DumpKind& 
   return write(name, kind.format);
 }
 
+bool WriteVector(const Platform& platform, const GksState& gks, const std::string& name) {
+  if (gks.paint.scalable) return WriteRecordings(platform, name, {&gks.recording}, 1);
+  SayLine(platform.console, kNoPicture);
+  return false;
+}
+
 }  // namespace
 
 bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
@@ -87,6 +94,7 @@ bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
     return false;
   }
   std::string name(TrimEnd(std::exchange(gks.dump.name, {})));
+  if (PictureFormat format{}; FormatOfName(name, format) && IsVector(format)) return WriteVector(platform, gks, name);
   if (!name.empty()) {
     const DumpKind* const named = KindOfName(name);
     return WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);

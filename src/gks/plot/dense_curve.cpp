@@ -24,7 +24,7 @@ class Places {
  public:
   explicit Places(const GksState& gks) : gks_(gks), window_(gksSortedWindow(gks)) {
     if (!gks.attribute.clip) return;
-    const int a = gksToPixel(gks, {window_.xmin, window_.ymin}).y, b = gksToPixel(gks, {window_.xmin, window_.ymax}).y;
+    const int a = PlaceOf({window_.xmin, window_.ymin}).y, b = PlaceOf({window_.xmin, window_.ymax}).y;
     top_ = std::min(a, b);
     bottom_ = std::max(a, b);
   }
@@ -33,7 +33,7 @@ class Places {
     Place out;
     out.finite = std::isfinite(x) && std::isfinite(y);
     if (!out.finite) return out;
-    const GksPixel pixel = gksToPixel(gks_, {x, y});
+    const GksPixel pixel = PlaceOf({x, y});
     out.column = pixel.x;
     out.row = std::clamp(pixel.y, top_, bottom_);
     if (x < window_.xmin) out.side = -1;
@@ -44,6 +44,18 @@ class Places {
   bool OnEdge(int row) const { return row <= top_ || row >= bottom_; }
 
  private:
+  // In pixels, or where lines have exact places in parts of them.
+  GksPixel PlaceOf(GksPoint world) const {
+    if (!gks_.paint.scalable) return gksToPixel(gks_, world);
+    constexpr float kColumns = 3.0F, kRows = 16.0F;  // of a pixel
+    const GksPoint at = gksToPixelExact(gks_, world);
+    const auto part = [](float place, float parts) {
+      constexpr float kLimit = 1.0e6F;  // pixels
+      return static_cast<int>(std::floor(std::clamp(place, -kLimit, kLimit) * parts));
+    };
+    return {part(at.x, kColumns), part(at.y, kRows)};
+  }
+
   const GksState& gks_;
   GksRectangle window_;
   int top_ = std::numeric_limits<int>::min(), bottom_ = std::numeric_limits<int>::max();

@@ -16,8 +16,8 @@ struct CurvePoints {
 // Points of a curve whose solid polyline has the same pixels: of each run of points in one column of pixels (of the
 // selected transformation, so after dgGraf) the first, the lowest and the highest in their order, and the last; where a
 // line ends, the last point in another row as well. A run ends at the window's left and right edge too, where clipping
-// starts. Points that aren't finite all stay. For a logarithmic y axis points that it can't show are left out. False:
-// memory is out.
+// starts. Where pictures are of any resolution, of each third of a column. Points that aren't finite
+// all stay. For a logarithmic y axis points that it can't show are left out. False: memory is out.
 [[nodiscard]] bool ThinCurve(const GksState& gks, std::span<const float> x, std::span<const float> y, bool log_y,
                              CurvePoints& out);
 

@@ -10,6 +10,8 @@
 #include "base/message.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_transform.h"
+#include "gks/picture/picture_sheet.h"
+#include "gks/picture/recorded_picture.h"
 #include "gks/picture/window_dump.h"
 #include "gks/window/text_screen.h"
 
@@ -21,6 +23,8 @@ constexpr fmt::string_view kCause = "GLGKS - {}";
 constexpr std::string_view kNoGraphics = "graphics are not available";
 constexpr std::string_view kNoDisplay = "no display: plots can only be written to files";
 constexpr std::string_view kNobody = "no display: nobody can leave this view";
+
+constexpr std::string_view kNoSmooth = "WARNING - There is no library for smooth pictures, they are drawn as ever";
 
 constexpr int kDumpOption = 2;  // numbered GIF, if the order names nothing else
 constexpr int kLeave = 'q';
@@ -81,12 +85,18 @@ void LeaveView(GksState& gks) {
   Post(gks);
 }
 
+bool Store(GksState& gks) {
+  if (!gks.sheet.open()) return GKSDUMP(*gks.platform, gks, kDumpOption);
+  gks.dump.name.clear();
+  return AddToSheet(*gks.platform, gks);
+}
+
 void Dump(GksState& gks) {
   const GksHooks& hooks = gks.hooks;
   const AfterPicture after = hooks.take_picture == nullptr ? AfterPicture::store : hooks.take_picture(hooks.self);
   gks.dump.idle_count = 0;
   if (after == AfterPicture::another) return ForceDisplay(gks);
-  if (after == AfterPicture::store && !GKSDUMP(*gks.platform, gks, kDumpOption)) gks.dump.failed = true;
+  if (after == AfterPicture::store && !Store(gks)) gks.dump.failed = true;
   gks.dump.waiting = false;
   gks.screen = TextScreen{};
   SetIdle(*gks.platform, gks, false);
@@ -200,7 +210,7 @@ void OnDisplay(void* self, int id, bool damaged) {
   }
   if (!MayDraw(gks)) return;
   if (damaged && gks.window.shown) gks.window.force = true;
-  gksBeginPicture(Windows(gks), gks);
+  gksBeginDrawing(*gks.platform, gks);
   const bool force = std::exchange(gks.window.force, false);
   if (gks.screen.mode == ScreenMode::plot) gks.hooks.render(gks.hooks.self, force);
   else DrawTextScreen(*gks.platform, gks);
@@ -315,6 +325,13 @@ WindowEvents EventsOf(GksState& gks) {
   return events;
 }
 
+// ---- Recorded pictures
+
+void ShowRecording(void* self) {
+  PictureRecording& recording = *static_cast<PictureRecording*>(self);
+  if (recording.shown != nullptr) static_cast<void>(DrawRecorded(recording, *recording.shown));
+}
+
 // ---- Opening
 
 bool Refuse(const Console& console, std::string_view cause) {
@@ -382,6 +399,18 @@ void glResizeWindow(const Platform& platform, GksState& gks, int width, int heig
   }
   constexpr double kPatience = 1.0;  // seconds; a window manager may want another size
   if (width != gks.window.width || height != gks.window.height) gks.window.resize_until = Now(gks) + kPatience;
+}
+
+void gksBeginDrawing(const Platform& platform, GksState& gks) {
+  gksBeginPicture(platform.window, gks);
+  if (!IsRecorded(gks) || gks.paint.self == nullptr) return;
+  const bool smooth = CanDrawRecorded();
+  if (!smooth && !std::exchange(gks.smooth_warned, true)) SayLine(platform.console, kNoSmooth);
+  if (!smooth && !IsDumping(gks)) return;
+  PictureImage& image = *static_cast<PictureImage*>(gks.paint.self);
+  gks.recording.shown = &image;
+  gks.paint = RecordingPaint(gks.recording, image.width, image.height);
+  gks.paint.finish = ShowRecording;
 }
 
 void gksPostRedisplay(const Platform& platform, const GksState& gks) {

@@ -27,6 +27,8 @@ void gksTop(const Platform& platform, GksState& gks, std::string_view title);
 
 // Before the window exists the size is recorded, and the environment isn't asked for it.
 void glResizeWindow(const Platform& platform, GksState& gks, int width, int height);
+// Begins a picture of the main window, recorded where it is to be (recorded_picture.h).
+void gksBeginDrawing(const Platform& platform, GksState& gks);
 void gksPostRedisplay(const Platform& platform, const GksState& gks);
 void gksWindowShow(GksState& gks);                               // at the end of the next display
 void gksWindowHideNow(const Platform& platform, GksState& gks);  // menus too; one display is still to come

@@ -72,7 +72,7 @@ void LeaveForDialogue(Session& s) {
   s.dialogue(s);
   if (s.run.exit_requested) zaviewexit(s, s.run.exit_status);
   EnterView(s);
-  gksBeginPicture(s.platform.window, s.gks);  // its size may be another one by now
+  gksBeginDrawing(s.platform, s.gks);  // its size may be another one by now
 }
 
 // The picture can't be made: no file is written of it, and a script that wanted it fails.

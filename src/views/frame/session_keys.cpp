@@ -55,7 +55,7 @@ bool RequestReverse(Session& s) {
 // Keys may come faster than their pictures: the file holds what the one before asked for.
 void WriteImageFile(Session& s) {
   if (s.run.redraw) {
-    gksBeginPicture(s.platform.window, s.gks);
+    gksBeginDrawing(s.platform, s.gks);
     TopRender(s, false);
   }
   if (s.run.plot_module != PlotModule::none) static_cast<void>(GKSDUMP(s.platform, s.gks, kNumberedPng));

@@ -1,0 +1,84 @@
+#include "gks/picture/picture_sheet.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/grow.h"
+#include "base/message.h"
+#include "base/text.h"
+#include "gks/picture/dump_names.h"
+#include "gks/picture/picture_file.h"
+#include "gks/picture/recorded_picture.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr fmt::string_view kWriting = "DumpWindow - Writing {} file {}";
+constexpr std::string_view kEmptySheet = "ERROR - Page has no pictures, nothing is written";
+constexpr std::string_view kNoLibrary = " (the library of PDF files is not here)";
+
+std::string_view CapitalsOf(PictureFormat format) {
+  if (format == PictureFormat::svg) return "SVG";
+  return format == PictureFormat::pdf ? "PDF" : "PNG";
+}
+
+}  // namespace
+
+bool WriteRecordings(const Platform& platform, std::string_view name, const std::vector<const PictureRecording*>& cells,
+                     int columns) {
+  PictureFormat format = PictureFormat::png;
+  static_cast<void>(FormatOfName(name, format));
+  const std::string file(name);
+  std::string bytes, why;
+  Say(platform.console, kWriting, CapitalsOf(format), file);
+  if (!EncodeRecorded(format, {cells, columns}, bytes)) {
+    const bool missing = format != PictureFormat::svg && !CanDrawRecorded();
+    Say(platform.console, kNotWritten, file, missing ? kNoLibrary : std::string_view());
+    return false;
+  }
+  if (StorePicture(platform, file, bytes, &why)) return true;
+  Say(platform.console, kNotWritten, file, Because(why));
+  return false;
+}
+
+bool BeginSheet(GksState& gks, int rows, int columns, std::string_view name) {
+  PictureFormat format = PictureFormat::png;
+  if (rows < 1 || columns < 1 || rows > kMostCells / columns || !FormatOfName(name, format)) return false;
+  if (!IsVector(format) && format != PictureFormat::png) return false;
+  gks.sheet = PictureSheet{};
+  gks.sheet.rows = rows;
+  gks.sheet.columns = columns;
+  gks.sheet.name = TrimEnd(name);
+  return true;
+}
+
+bool AddToSheet(const Platform& platform, GksState& gks) {
+  PictureSheet& sheet = gks.sheet;
+  if (!gks.paint.scalable || !gks.recording.whole || !Reserve(sheet.cells, sheet.cells.size() + 1)) {
+    SayLine(platform.console, gks.paint.scalable ? kNoMemory : kNoPicture);
+    return false;
+  }
+  sheet.cells.push_back(std::exchange(gks.recording, PictureRecording{}));
+  sheet.cells.back().shown = nullptr;
+  const bool full =
+      sheet.cells.size() == static_cast<std::size_t>(sheet.rows) * static_cast<std::size_t>(sheet.columns);
+  return !full || FinishSheet(platform, gks);
+}
+
+bool FinishSheet(const Platform& platform, GksState& gks) {
+  if (!gks.sheet.open()) return true;
+  const PictureSheet sheet = std::exchange(gks.sheet, PictureSheet{});
+  std::vector<const PictureRecording*> cells;
+  if (!Reserve(cells, sheet.cells.size())) {
+    SayLine(platform.console, kNoMemory);
+    return false;
+  }
+  for (const PictureRecording& cell : sheet.cells) cells.push_back(&cell);
+  if (!cells.empty()) return WriteRecordings(platform, sheet.name, cells, sheet.columns);
+  SayLine(platform.console, kEmptySheet);
+  return false;
+}
+
+}  // namespace zaview
