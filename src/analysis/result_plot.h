@@ -21,7 +21,6 @@ struct ResultPanel {
   std::vector<ResultCurve> curves;
   std::vector<std::pair<float, float>> bands;  // stretches of x that are marked: the range of positive stability
   std::vector<std::string> notes;              // lines beside the curves
-  bool log_y = false;                          // values above 0 alone can be shown
 };
 
 struct ResultPlot {

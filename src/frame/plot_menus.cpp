@@ -3,9 +3,13 @@
 #include <span>
 #include <string>
 
+#include "analysis/curves/extremes_report.h"
+#include "analysis/curves/rainflow_report.h"
+#include "analysis/curves/spectrum_report.h"
 #include "base/message.h"
 #include "base/text.h"
 #include "frame/ground/prompts.h"
+#include "frame/ground/table_dialogue.h"
 #include "frame/quantity_menu.h"
 #include "stats/tables/ensemble_dialogues.h"
 #include "views/state/result_choice.h"
@@ -112,7 +116,33 @@ void Start(Session& s, const PlotRequest& wanted, int option) {
   static_cast<void>(StartPlot(s, wanted, option));
 }
 
+using WriteCurve = DataFault (*)(const StatWork&, const QuantityRequest&, OutputFile&);
+
+void OfOneCurve(Session& s, QuantityTask task, WriteCurve write, std::string_view done, PlotKind kind, int option) {
+  PlotRequest wanted{.kind = kind};
+  if (!AskQuantity(s, task, wanted.quantity)) return;
+  TableQuestion question;
+  question.file.prompt = "Enter file for output\n(<RETURN> for screen, PLOT to graph, QUIT to exit)";
+  question.file.word = "PLOT";
+  question.done = done;
+  const StatWork work{s.platform, s.output, {s.case_store, s.ensemble}, s.statistics};
+  const auto put = [&](ChosenFile& chosen) { return write(work, wanted.quantity, chosen.out); };
+  if (AskTable(s.platform, question, put) == FileAnswer::word) Start(s, wanted, option);
+}
+
 }  // namespace
+
+void MenuSpectrum(Session& session, int option) {
+  OfOneCurve(session, QuantityTask::spectrum, WriteSpectrum, "Spectrum written to", PlotKind::spectrum, option);
+}
+
+void MenuExtremes(Session& session, int option) {
+  OfOneCurve(session, QuantityTask::extremes, WriteExtremes, "Extremes written to", PlotKind::extremes, option);
+}
+
+void MenuRainflow(Session& session, int option) {
+  OfOneCurve(session, QuantityTask::rainflow, WriteRainflow, "Rainflow counts written to", PlotKind::rainflow, option);
+}
 
 void MenuHistory(Session& session, int option) {
   PlotRequest wanted;

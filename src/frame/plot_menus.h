@@ -15,6 +15,9 @@ void MenuAnimation(Session& session, int option);
 void MenuLoads(Session& session, int option);
 void MenuIntervals(Session& session, int option);
 void MenuAutocorrelation(Session& session, int option);
+void MenuSpectrum(Session& session, int option);  // these three: a table, or on the word PLOT the plot
+void MenuExtremes(Session& session, int option);
+void MenuRainflow(Session& session, int option);
 void MenuGeometry(Session& session, int option);  // asks nothing
 
 }  // namespace zaview

@@ -35,6 +35,9 @@ constexpr TaskRow kTasks[] = {
     {QuantityTask::autocorrelation, "Quantity for Autocorrelation Options:", false, true},
     {QuantityTask::ensemble_autocorrelation, "Quantity for Ensemble Averaged Autocorrelation Options:", false, true},
     {QuantityTask::rates, "Quantity for Upcrossings and Exceedances:", false, true},
+    {QuantityTask::spectrum, "Quantity for Spectrum:", false, true},
+    {QuantityTask::extremes, "Quantity for Extremes:", false, true},
+    {QuantityTask::rainflow, "Quantity for Rainflow Counts:", false, true},
 };
 
 // The long label; the words about ship-fixed axes are cut short.

@@ -22,7 +22,10 @@ enum class QuantityTask : std::uint8_t {
   interval_plot,
   autocorrelation,
   ensemble_autocorrelation,
-  rates
+  rates,
+  spectrum,
+  extremes,
+  rainflow
 };
 
 // Asks for a quantity that the case has, for the point of one that needs it (the last point is the default) and, for

@@ -257,6 +257,9 @@ constexpr Option kOptions[] = {
     {"25 - Sensor view analysis",                               TimeHistory,    SensorView        },
     {"26 - Crane and cargo simulation",                         TimeHistory,    Crane             },
     {"27 - Plot result of last analysis",                       Analysed,       nullptr, MenuResult},
+    {"28 - Write/Plot spectrum",                                TimeHistory,    nullptr, MenuSpectrum, true},
+    {"29 - Write/Plot extremes",                                TimeHistory,    nullptr, MenuExtremes, true},
+    {"30 - Write/Plot rainflow counts",                         TimeHistory,    nullptr, MenuRainflow, true},
 };
 // clang-format on
 

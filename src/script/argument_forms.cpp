@@ -53,6 +53,7 @@ constexpr ArgumentForm kForms[] = {
     {"high",        "1.5",      "The highest one"},
     {"records",     "2",        "A number of records"},
     {"option",      "1",        "What is to be done, by its number"},
+    {"segment",     "50",       "A stretch of output time"},
     {"least",       "-1",       "Lowest level, in the unit shown"},
     {"most",        "1",        "Highest level"},
     {"increment",   "0.5",      "From one to the next"},

@@ -20,11 +20,11 @@ bool Matches(const Command& command, std::string_view word) {
 
 std::span<const CommandFamily> AllCommands() {
   static const CommandFamily families[] = {
-      ReadingCommands(),    OutputTextCommands(),  StepCommands(),      StatisticSettings(), SmoothingCommands(),
-      HistoryCommands(),    StatisticCommands(),   EnsembleCommands(),  HistogramCommands(), ControlCommands(),
-      KinoCommands(),       ViewSettings(),        AnimationSettings(), PlotCommands(),      AnimateCommands(),
-      GeometryCommands(),   RightingArmCommands(), CraneCommands(),     ExportCommands(),    FrequencyCommands(),
-      MotionTestCommands(), RateCommands(),        SeaViewCommands()};
+      ReadingCommands(),   OutputTextCommands(), StepCommands(),        StatisticSettings(), SmoothingCommands(),
+      HistoryCommands(),   StatisticCommands(),  CurveCommands(),       EnsembleCommands(),  HistogramCommands(),
+      ControlCommands(),   KinoCommands(),       ViewSettings(),        AnimationSettings(), PlotCommands(),
+      AnimateCommands(),   GeometryCommands(),   RightingArmCommands(), CraneCommands(),     ExportCommands(),
+      FrequencyCommands(), MotionTestCommands(), RateCommands(),        SeaViewCommands()};
   return families;
 }
 
@@ -36,6 +36,7 @@ std::span<const std::string_view> FamilyTitles() {
                                                  "Smoothing",
                                                  "Time histories, loads and labels",
                                                  "Statistics of one record",
+                                                 "Spectrum, extremes and cycles of a curve",
                                                  "Statistics of an ensemble",
                                                  "Histograms",
                                                  "Control text",

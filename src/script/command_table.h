@@ -36,6 +36,7 @@ using CommandFamily = std::span<const Command>;
 [[nodiscard]] CommandFamily SmoothingCommands();
 [[nodiscard]] CommandFamily HistoryCommands();
 [[nodiscard]] CommandFamily StatisticCommands();
+[[nodiscard]] CommandFamily CurveCommands();
 [[nodiscard]] CommandFamily EnsembleCommands();
 [[nodiscard]] CommandFamily HistogramCommands();
 [[nodiscard]] CommandFamily ControlCommands();

@@ -94,9 +94,8 @@ int RunHistogram(ScriptCall& call) {
   return HandOverPlot(call, wanted);
 }
 
-// kind: normalized by the variance, or in the square of the quantity's unit.
 template <PlotKind kind>
-int RunAutocorrelation(ScriptCall& call) {
+int RunOneCurve(ScriptCall& call) {
   PlotRequest wanted{.kind = kind};
   Selector selector;
   if (const int status = ReadCurve(call, selector, wanted.quantity); status != kScriptOk) return status;
@@ -162,14 +161,29 @@ constexpr Command kPlots[] = {
      "Histogram of the current record; of the ensemble with ENSEMBLE, or where there are several records"},
     {{"PLOT_AUTOCORRELATION", "PLOT_AUTOCORELATION", "PLOT_AUTOC"},
      D | R | G,
-     RunAutocorrelation<PlotKind::autocorrelation>,
+     RunOneCurve<PlotKind::autocorrelation>,
      "sel tail picture",
      "Autocorrelation of the current record, with its envelope and the cut-off"},
     {{"PLOT_AUTOCOVARIANCE", "PLOT_AUTOCOV"},
      D | R | G,
-     RunAutocorrelation<PlotKind::autocovariance>,
+     RunOneCurve<PlotKind::autocovariance>,
      "sel tail picture",
      "The same in the square of the unit"},
+    {{"PLOT_SPECTRUM"},
+     D | R | G,
+     RunOneCurve<PlotKind::spectrum>,
+     "sel tail picture",
+     "Spectral density of the current record, with heights, periods and bandwidth"},
+    {{"PLOT_EXTREMES"},
+     D | R | G,
+     RunOneCurve<PlotKind::extremes>,
+     "sel tail picture",
+     "Peaks and extremes of blocks on the paper of the distributions that are fitted to them"},
+    {{"PLOT_RAINFLOW"},
+     D | R | G,
+     RunOneCurve<PlotKind::rainflow>,
+     "sel tail picture",
+     "Cycles of the current record by their range"},
     {{"PLOT_CONFIDENCE_INTERVAL", "PLOT_CONFIDENCE", "PLOT_CONF", "PLOT_CI"},
      E | R | G,
      RunInterval,

@@ -55,6 +55,11 @@ int RunExtremeMaximum(ScriptCall& call) {
   return kScriptOk;
 }
 
+int RunSpectrumSegment(ScriptCall& call) {
+  return ReadSetting(call, kInvalidValue,
+                     [](float time, auto& statistics) { return SetSpectrumSegment(time, statistics); });
+}
+
 int RunRainflowBins(ScriptCall& call) {
   return ReadSetting(call, kInvalidValue, [](float bins, auto& statistics) {
     return SetRainflowBins(RoundToInt(static_cast<double>(bins)), statistics);
@@ -105,6 +110,12 @@ constexpr Command kSettings[] = {
      "hours quantile",
      "Extremes are those of so many hours: the most probable largest value, and its chosen quantile (above 0, below 1)",
      "3 0.99"},
+    {{"SPECTRUM_SEGMENT"},
+     kNone,
+     RunSpectrumSegment,
+     "segment",
+     "The time that each segment of a spectrum covers, in output time; 0: an eighth of the record",
+     "0"},
     {{"RAINFLOW_BINS"},
      kNone,
      RunRainflowBins,

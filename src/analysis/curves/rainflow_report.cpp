@@ -63,10 +63,9 @@ Shown ShownOf(double value) {
 
 void WriteTable(const StatWork& work, const QuantityRequest& request, const Counted& counted, OutputFile& out) {
   std::string text = out.had_text ? "\n" : "";
-  fmt::format_to(std::back_inserter(text),
-                 "{} for ZAVO file {}\nTotal time= {}\nNumber of cycles= {}\nLargest range= {}\n",
-                 TitleOf(work, request), work.current().file_name, ShownOf(counted.time),
-                 ShownOf(counted.totals.cycles), ShownOf(counted.totals.largest));
+  fmt::format_to(std::back_inserter(text), "{}\nTotal time= {}\nNumber of cycles= {}\nLargest range= {}\n",
+                 TitleOf(work, request), ShownOf(counted.time), ShownOf(counted.totals.cycles),
+                 ShownOf(counted.totals.largest));
   text +=
       "Equivalent range of N cycles for the slope m of an S-N curve: (sum n S^m / N)^(1/m), N the number of cycles\n";
   for (const double m : kSlopes)
@@ -100,7 +99,7 @@ ResultCurve ExceedanceLine(std::vector<RainflowCycle> cycles) {
     if (!last_of_its_range) continue;
     if (!line.x.empty() && i + 1 < cycles.size() && line.x.back() - cycles[i].range < least_step) continue;
     line.x.push_back(cycles[i].range);
-    line.y.push_back(static_cast<float>(count));
+    line.y.push_back(static_cast<float>(std::log10(count)));
   }
   return line;
 }
@@ -109,7 +108,7 @@ ResultCurve BinPoints(std::span<const RangeBin> bins) {
   ResultCurve points{"bins", {}, {}, ResultStyle::points};
   for (const RangeBin& bin : bins) {
     points.x.push_back(static_cast<float>(bin.low));
-    points.y.push_back(static_cast<float>(bin.exceeding));
+    points.y.push_back(static_cast<float>(std::log10(bin.exceeding)));
   }
   return points;
 }
@@ -120,8 +119,7 @@ DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultP
   plot.title = TitleOf(work, request);
   ResultPanel panel;
   panel.x_name = WithUnit("Range", CurveUnit(work.current(), work.settings, request.iqnt, request.curve));
-  panel.y_name = "Cycles of this range and above";
-  panel.log_y = true;
+  panel.y_name = "log10 of cycles above";
   panel.curves.push_back(ExceedanceLine(counted.cycles));
   panel.curves.push_back(BinPoints(BinRanges(counted.cycles, work.settings.statistics.rainflow_bins)));
   panel.notes.push_back(fmt::format("{} cycles", ShownOf(counted.totals.cycles)));

@@ -32,6 +32,10 @@ SettingFault SetNdtfBeam(float beam, StatisticSettings& statistics) {
   return Set(beam >= 0.0F, beam, statistics.ndtf_beam);
 }
 
+SettingFault SetSpectrumSegment(float time, StatisticSettings& statistics) {
+  return Set(time >= 0.0F && time <= kMostSegment, time, statistics.spectrum_segment);
+}
+
 SettingFault SetExtremeHours(float hours, StatisticSettings& statistics) {
   return Set(hours > 0.0F && hours <= kMostExtremeHours, hours, statistics.extreme_hours);
 }

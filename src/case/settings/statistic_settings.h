@@ -12,6 +12,9 @@ namespace zaview {
 [[nodiscard]] SettingFault SetNdtfLength(float length, StatisticSettings& statistics);   // output units; 0: of the hull
 [[nodiscard]] SettingFault SetNdtfBeam(float beam, StatisticSettings& statistics);
 
+inline constexpr float kMostSegment = 1.0e9F;
+[[nodiscard]] SettingFault SetSpectrumSegment(float time, StatisticSettings& statistics);  // output time; 0: usual
+
 inline constexpr float kMostExtremeHours = 1.0e6F;
 inline constexpr int kMostRainflowBins = 10'000;
 [[nodiscard]] SettingFault SetExtremeHours(float hours, StatisticSettings& statistics);  // above 0, to the most

@@ -3,9 +3,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <numbers>
 
 #include "base/message.h"
 #include "case/settings/smoothing_settings.h"
+#include "case/settings/statistic_settings.h"
 #include "gks/window/gks_window.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_questions.h"
@@ -55,6 +58,14 @@ bool ShowResult(Session& s) {
   return ChoosePlot(s, PlotKind::result);
 }
 
+// Round what is made of one curve.
+bool NextAnalysis(Session& s) {
+  constexpr PlotKind kRound[] = {PlotKind::history, PlotKind::spectrum, PlotKind::extremes, PlotKind::rainflow};
+  const auto at = std::find(std::begin(kRound), std::end(kRound), s.data_plot.kind);
+  const bool last = at == std::end(kRound) || at + 1 == std::end(kRound);
+  return ChoosePlot(s, last ? kRound[0] : at[1]);
+}
+
 template <int component>
 bool Component(Session& s) {
   return TakeComponent(s.data_plot, s.case_store, component);
@@ -95,6 +106,39 @@ bool NextSmoothing(Session& s) {
   if (option == kCubic) Say(console, kCubicFit, s.output.smoothing.window);
   else SayLine(console, option == kOff ? kNoSmoothing : kLocalFits);
   return true;
+}
+
+// What the segments of the spectrum that is shown cover, by the distance of its lines; 0: none is shown.
+float SegmentShown(const DataPlotState& plot) {
+  const std::vector<ResultPanel>& panels = plot.derived.panels.panels;
+  if (panels.empty() || panels[0].curves.empty() || panels[0].curves[0].x.size() < 2) return 0;
+  return 2.0F * std::numbers::pi_v<float> / panels[0].curves[0].x[1];
+}
+
+// Neither beyond the record nor down to nothing.
+bool OtherSegment(const DataPlotState& plot, float factor, StatisticSettings& statistics) {
+  constexpr std::size_t kFewestLines = 8;
+  const float shown = SegmentShown(plot);
+  if (!(shown > 0)) return false;
+  const bool few = plot.derived.panels.panels[0].curves[0].x.size() < kFewestLines;
+  return !(factor < 1 && few) && SetSpectrumSegment(shown * factor, statistics) == SettingFault::none;
+}
+
+// By the kind of plot: segments of the spectrum, hours of the extremes, bins of the ranges.
+template <bool larger>
+bool OtherAnalysisSize(Session& s) {
+  constexpr float kTwice = 2.0F;
+  constexpr float kFactor = larger ? kTwice : 1.0F / kTwice;
+  StatisticSettings& statistics = s.output.statistics;
+  switch (s.data_plot.kind) {
+    case PlotKind::extremes:
+      return SetExtremeHours(statistics.extreme_hours * kFactor, statistics) == SettingFault::none;
+    case PlotKind::rainflow:
+      return SetRainflowBins(larger ? statistics.rainflow_bins * 2 : statistics.rainflow_bins / 2, statistics) ==
+             SettingFault::none;
+    default:
+      return OtherSegment(s.data_plot, kFactor, statistics);
+  }
 }
 
 // ---- Looks
@@ -257,6 +301,8 @@ constexpr ViewKey kKeys[] = {
     {'J',             kTrajectory, ScaleSpacing<Way::larger>},
     {'k',             kAlways,  OnAxes<KeepLimits>,
      {" k      Keep current (zoomed/panned) axis limits"}},
+    {'K',             kHistory | kAnalysed, NextAnalysis,
+     {" K      Next of time history, spectrum, extremes and rainflow counts"}},
     {'l',             kTrajectory, ScaleShip<Way::smaller>,
      {" l/L    Decrease/increase size of hull waterlines"}},
     {'L',             kTrajectory, ScaleShip<Way::larger>},
@@ -290,6 +336,9 @@ constexpr ViewKey kKeys[] = {
      {" t      Change line thickness"}},
     {'T',             kAlways,  OtherTexts,
      {" T      Change which titles and labels are plotted"}},
+    {'u',             kAnalysed, OtherAnalysisSize<false>,
+     {" u/U    Halve/double segments of spectrum, hours of extremes, bins of rainflow ranges"}},
+    {'U',             kAnalysed, OtherAnalysisSize<true>},
     {'v',             kHistory,  Toggle<&DataPlotState::values_in_legend>,
      {" v      Toggle value labels"}},
     {'w',             kAlways,  AskFile,

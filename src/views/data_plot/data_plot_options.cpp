@@ -159,6 +159,10 @@ constexpr OptionBinding kRangeBins = {
     [](Session& s, int) { return OptionValue{.integer = s.output.statistics.rainflow_bins}; },
     [](Session& s, const OptionEvent& event) { return Said(SetRainflowBins(event.integer, s.output.statistics)); }};
 
+constexpr OptionBinding kSegment = {
+    [](Session& s, int) { return OptionValue{.real = s.output.statistics.spectrum_segment}; },
+    [](Session& s, const OptionEvent& event) { return Said(SetSpectrumSegment(event.real, s.output.statistics)); }};
+
 constexpr OptionBinding kNormalized = {
     [](Session& s, int) { return OptionValue{.integer = s.data_plot.kind == PlotKind::autocorrelation ? 1 : 0}; },
     [](Session& s, const OptionEvent& event) {
@@ -333,6 +337,13 @@ constexpr OptionItem kCorrelations[] = {
     Label({}, RecordsRead),
 };
 
+constexpr OptionItem kSpectrumItems[] = {
+    Row("Segments of", kSpectrum),
+    kFirstColumn,
+    Real({}, kSegment, {0, kMostSegment}),
+    Label("(time; 0: an eighth of the record)"),
+};
+
 constexpr OptionItem kExtremeItems[] = {
     Row("Largest value in", kExtremes),
     kFirstColumn,
@@ -397,8 +408,8 @@ constexpr OptionItem kRecords[] = {
     In(kHistory, Check("Unformatted", PlotFlag<&Plot::unformatted>)),
 };
 
-constexpr OptionBlock kBlocks[] = {{kAxes},         {kLooks},        {kBars},          {kTracks},
-                                   {kCorrelations}, {kExtremeItems}, {kRainflowItems}, {kRecords}};
+constexpr OptionBlock kBlocks[] = {{kAxes},          {kLooks},        {kBars},          {kTracks}, {kCorrelations},
+                                   {kSpectrumItems}, {kExtremeItems}, {kRainflowItems}, {kRecords}};
 
 }  // namespace
 
