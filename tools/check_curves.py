@@ -21,7 +21,8 @@ from ensemble_formulas import KA, SKIP, envelope_lag, f4, half_cycles, lags
 # ---- Extremes
 
 HOURS, QUANTILE = 5.0, 0.9
-CUTOFF, BLOCK_DEPENDENCE, BLOCK_PEAKS, MOST_BLOCKS, FEWEST = 0.2, 3, 8, 50, 20
+CUTOFF, BLOCK_DEPENDENCE, BLOCK_PEAKS, MOST_BLOCKS, FEWEST = 0.2, 3, 8, 24, 20
+SHARE = 0.5  # of the peaks, the highest: those that are fitted
 
 
 def refined(values, density, start):
@@ -41,18 +42,20 @@ def second_derivatives(f, p):
 
 
 def weibull(heights, n_lags, expected):
-    """Scale, shape, their errors; the two answers in ln h with half widths. By ln a and k."""
-    k, _, a = stats.weibull_min.fit(heights, floc=0)
-    unit = np.log(heights).mean()
-    x = np.log(heights) - unit
+    """Scale, shape, their errors; the two answers in h. Of the lower half no more than its number is taken."""
+    top = np.sort(heights)[len(heights) - int(len(heights) * SHARE + 0.5):]
+    fitted, unit = heights >= top[0], np.log(top).mean()
+    x, spread = (np.log(heights) - unit), np.log(top).std()
+    x, below = x / spread, (np.log(top[0]) - unit) / spread
 
     def density(_, p):
-        w = x - p[0]
-        return np.log(p[1]) - p[1] * p[0] + (p[1] - 1) * x - np.exp(p[1] * w)
-    s, k = refined(x, density, [np.log(a) - unit, k])
+        z = np.exp(p[1] * (np.where(fitted, x, below) - p[0]))
+        return np.where(fitted, np.log(p[1]) + p[1] * (x - p[0]) - z, np.log(-np.expm1(-z)))
+    k, _, a = stats.weibull_min.fit(top, floc=0)
+    s, k = refined(x, density, [(np.log(a) - unit) / spread, k * spread / 2])
     V = np.linalg.inv(-second_derivatives(lambda p: density(x, p).sum(), np.array([s, k])))
-    z = np.exp(k * (x - s))
-    scores = np.c_[k * (z - 1), 1 / k + (x - s) * (1 - z)]
+    steps = 1e-6 * np.eye(2)
+    scores = np.stack([(density(x, [s, k] + d) - density(x, [s, k] - d)) / 2e-6 for d in steps], axis=1)
     J = scores.T @ scores
     for j in range(1, min(n_lags, len(x) - 1) + 1):
         G = scores[:-j].T @ scores[j:]
@@ -63,9 +66,9 @@ def weibull(heights, n_lags, expected):
     for y in (np.log(expected), -np.log(1 - QUANTILE ** (1 / expected))):
         g = np.array([1, -np.log(y) / k ** 2])
         half = KA * np.sqrt(max(g @ V @ g, g @ D @ g))
-        answers.append(s + unit + np.log(y) / k + np.array([-half, 0, half]))
-    a = np.exp(s + unit)
-    return [a, a * errors[0], k, errors[1]], np.exp(answers)
+        answers.append(unit + spread * (s + np.log(y) / k + np.array([-half, 0, half])))
+    a = np.exp(unit + spread * s)
+    return [a, a * spread * errors[0], k / spread, errors[1] / spread], np.exp(answers)
 
 
 def gumbel(x, expected):
@@ -105,7 +108,7 @@ def expected_extremes(x, t):
     rows = []
     for sign, heights, side in zip((1, -1), sides, (0, 1)):
         n = len(heights)
-        if n < FEWEST:
+        if n * SHARE < FEWEST:
             rows.append(None)
         else:
             expected = T / (t[-1] - t[0]) * n

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double kLeastSpread = 1.0e-6;  // of 4-byte values that are alike
 constexpr int kMostSteps = 200;          // of a search that halves its bracket at worst
+constexpr int kMostHalves = 60;
 
 double Mean(std::span<const double> x) {
   double sum = 0;
@@ -103,45 +104,141 @@ Covariance2 ScoreProducts(std::span<const Score> scores, std::span<const int> re
   return sum;
 }
 
-// The slope of a line through points of a paper: ordered values over reduced ones.
-double PaperSlope(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  std::vector<double> reduced(values.size());
-  for (std::size_t i = 0; i < values.size(); ++i) reduced[i] = WeibullReduced(PeakPosition(i + 1, values.size()));
-  const double mx = Mean(reduced), my = Mean(values);
-  double xx = 0, xy = 0;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    xx += (reduced[i] - mx) * (reduced[i] - mx);
-    xy += (reduced[i] - mx) * (values[i] - my);
-  }
-  return xy / xx;
-}
+// ---- Weibull: peaks as u = (ln h - mean)/spread, with s and k for them
 
-// ln h, and the record of each that is taken.
-void TakeHeights(std::span<const float> heights, std::span<const int> record, std::vector<double>& logs,
-                 std::vector<int>& records) {
+struct Peaks {
+  std::vector<double> u;    // in time order
+  std::vector<int> record;  // of each, or blank
+  double mean = 0, spread = 1;
+  double threshold = 0;  // the least of those that are fitted; of the others no more is known than that they are below
+  double below = 0;      // how many those are
+  [[nodiscard]] bool Fitted(double value) const { return value >= threshold; }
+};
+
+void TakeHeights(std::span<const float> heights, std::span<const int> record, Peaks& peaks) {
   for (std::size_t i = 0; i < heights.size(); ++i) {
     if (!(heights[i] > 0.0F) || !std::isfinite(heights[i])) continue;
-    logs.push_back(std::log(static_cast<double>(heights[i])));
-    if (!record.empty()) records.push_back(record[i]);
+    peaks.u.push_back(std::log(static_cast<double>(heights[i])));
+    if (!record.empty()) peaks.record.push_back(record[i]);
   }
+}
+
+// Parts off those below the highest `fitted`; u by their mean and spread. Returns them, ascending.
+std::vector<double> PartOff(std::size_t fitted, Peaks& peaks) {
+  std::vector<double> sorted = peaks.u;
+  std::sort(sorted.begin(), sorted.end());
+  const double least = sorted[sorted.size() - fitted];
+  sorted.erase(sorted.begin(), std::lower_bound(sorted.begin(), sorted.end(), least));
+  peaks.mean = Mean(sorted);
+  peaks.spread = Spread(sorted, peaks.mean);
+  const auto scaled = [&](double value) { return (value - peaks.mean) / peaks.spread; };
+  peaks.below = static_cast<double>(peaks.u.size() - sorted.size());
+  peaks.threshold = scaled(least);
+  std::transform(peaks.u.begin(), peaks.u.end(), peaks.u.begin(), scaled);
+  std::transform(sorted.begin(), sorted.end(), sorted.begin(), scaled);
+  return sorted;
+}
+
+struct Parameters {
+  double s = 0, k = 1;  // ln a, k
+};
+
+// The line through the points of Weibull paper: u over the reduced value, by least squares.
+Parameters PaperLine(std::span<const double> fitted, std::size_t all) {
+  std::vector<double> reduced;
+  for (std::size_t i = all - fitted.size(); i < all; ++i) reduced.push_back(WeibullReduced(PeakPosition(i + 1, all)));
+  const double mx = Mean(reduced), my = Mean(fitted);
+  double xx = 0, xy = 0;
+  for (std::size_t i = 0; i < fitted.size(); ++i) {
+    xx += (reduced[i] - mx) * (reduced[i] - mx);
+    xy += (reduced[i] - mx) * (fitted[i] - my);
+  }
+  return {my - xy / xx * mx, xx / xy};
+}
+
+struct Likelihood {  // its logarithm, the first and the negative second derivatives by s and k
+  double value = 0;
+  Score score;
+  Covariance2 information;
+};
+
+// Of one peak that is below the threshold: ln(1 - exp(-z)), z = exp(k (threshold - s)).
+Likelihood Below(const Peaks& peaks, Parameters at) {
+  const double w = peaks.threshold - at.s, z = std::exp(at.k * w), q = 1 / std::expm1(z);
+  const double A = z * q, dA = q * (1 - z * (1 + q));
+  return {
+      std::log(-std::expm1(-z)), {-at.k * A, A * w}, {-at.k * at.k * z * dA, A + at.k * dA * z * w, -w * w * z * dA}};
+}
+
+Score ScoreOf(double u, Parameters at) {
+  const double w = u - at.s, z = std::exp(at.k * w);
+  return {at.k * (z - 1), 1 / at.k + w * (1 - z)};
+}
+
+Likelihood LikelihoodAt(const Peaks& peaks, std::span<const double> fitted, Parameters at) {
+  Likelihood sum;
+  for (const double u : fitted) {
+    const double w = u - at.s, z = std::exp(at.k * w);
+    sum.value += at.k * w - z;
+    sum.score.first += at.k * (z - 1);
+    sum.score.second += w * (1 - z);
+    sum.information.first += at.k * at.k * z;
+    sum.information.both += 1 - z - at.k * z * w;
+    sum.information.second += w * w * z;
+  }
+  const double n = static_cast<double>(fitted.size());
+  sum.value += n * std::log(at.k);
+  sum.score.second += n / at.k;
+  sum.information.second += n / (at.k * at.k);
+  if (peaks.below == 0) return sum;
+  const Likelihood one = Below(peaks, at);
+  sum.value += peaks.below * one.value;
+  sum.score.first += peaks.below * one.score.first;
+  sum.score.second += peaks.below * one.score.second;
+  sum.information.first += peaks.below * one.information.first;
+  sum.information.both += peaks.below * one.information.both;
+  sum.information.second += peaks.below * one.information.second;
+  return sum;
+}
+
+// Newton's steps, halved until the likelihood doesn't fall.
+Parameters LargestLikelihood(const Peaks& peaks, std::span<const double> fitted, Parameters at) {
+  Likelihood here = LikelihoodAt(peaks, fitted, at);
+  for (int i = 0; i < kMostSteps; ++i) {
+    const Covariance2 v = Inverse(here.information);
+    double ds = v.first * here.score.first + v.both * here.score.second;
+    double dk = v.both * here.score.first + v.second * here.score.second;
+    const double size = std::abs(ds) + std::abs(dk) / at.k;
+    Parameters next;
+    Likelihood there;
+    for (int halves = 0; halves < kMostHalves; ++halves, ds /= 2, dk /= 2) {
+      next = {at.s + ds, at.k + dk};
+      if (!(next.k > 0)) continue;
+      there = LikelihoodAt(peaks, fitted, next);
+      if (there.value >= here.value) break;
+    }
+    if (!(there.value >= here.value)) return at;  // rounding: it is there
+    at = next;
+    here = there;
+    if (size < 1.0e-12) return at;
+  }
+  return at;
 }
 
 // Of ln a and k, at the largest likelihood.
-void WeibullErrors(std::span<const double> logs, std::span<const int> record, int lags, double log_scale,
-                   WeibullFit& fit) {
-  const double k = fit.shape, n = static_cast<double>(logs.size());
-  Covariance2 h{k * k * n, 0, n / (k * k)};
-  std::vector<Score> scores;
-  scores.reserve(logs.size());
-  for (const double log : logs) {
-    const double w = log - log_scale, z = std::exp(k * w);
-    h.both -= k * z * w;
-    h.second += w * w * z;
-    scores.push_back({k * (z - 1), 1 / k + w * (1 - z)});
+void WeibullErrors(const Peaks& peaks, std::span<const double> fitted, int lags, Parameters at, WeibullFit& fit) {
+  const Covariance2 v = Inverse(LikelihoodAt(peaks, fitted, at).information);
+  Covariance2 dependent = v;
+  if (lags > 0) {
+    const Score below = peaks.below > 0 ? Below(peaks, at).score : Score{};
+    std::vector<Score> scores;
+    scores.reserve(peaks.u.size());
+    for (const double u : peaks.u) scores.push_back(peaks.Fitted(u) ? ScoreOf(u, at) : below);
+    dependent = Sandwich(v, ScoreProducts(scores, peaks.record, lags));
   }
-  fit.information = Inverse(h);
-  fit.dependent = lags > 0 ? Sandwich(fit.information, ScoreProducts(scores, record, lags)) : fit.information;
+  const double spread2 = peaks.spread * peaks.spread;
+  fit.information = {v.first * spread2, v.both, v.second / spread2};
+  fit.dependent = {dependent.first * spread2, dependent.both, dependent.second / spread2};
   fit.scale_error = fit.scale * std::sqrt(std::max(fit.information.first, fit.dependent.first));
   fit.shape_error = std::sqrt(std::max(fit.information.second, fit.dependent.second));
 }
@@ -182,24 +279,22 @@ Estimate GumbelValue(const GumbelFit& fit, double y, double ka) {
 
 }  // namespace
 
-FitFault FitWeibull(std::span<const float> heights, std::span<const int> record, int lags, WeibullFit& fit) {
+FitFault FitWeibull(std::span<const float> heights, std::span<const int> record, const PeakChoice& choice,
+                    WeibullFit& fit) {
   fit = WeibullFit{};
-  std::vector<double> logs;
-  std::vector<int> records;
-  TakeHeights(heights, record, logs, records);
-  fit.n = static_cast<int>(logs.size());
-  if (fit.n < kFewestPeaks) return FitFault::few_values;
-  const double mean = Mean(logs), largest = *std::max_element(logs.begin(), logs.end());
-  if (Spread(logs, mean) < kLeastSpread) return FitFault::no_spread;
-  const auto likelihood = [&](double k) {
-    const Weighted w = WeightedSums(logs, k, largest);
-    return Slope{w.mean - mean - 1 / k, w.variance + 1 / (k * k)};
-  };
-  fit.shape = ZeroOf(likelihood, 1 / PaperSlope(logs));
-  const Weighted w = WeightedSums(logs, fit.shape, largest);
-  const double log_scale = largest + std::log(w.sum / static_cast<double>(fit.n)) / fit.shape;
-  fit.scale = std::exp(log_scale);
-  WeibullErrors(logs, records, std::max(0, lags), log_scale, fit);
+  Peaks peaks;
+  TakeHeights(heights, record, peaks);
+  fit.n = static_cast<int>(peaks.u.size());
+  const double share = std::clamp(choice.share, 0.0, 1.0);
+  const auto wanted = static_cast<std::size_t>(std::lround(share * fit.n));
+  if (wanted < kFewestPeaks) return FitFault::few_values;
+  const std::vector<double> fitted = PartOff(wanted, peaks);
+  fit.fitted = static_cast<int>(fitted.size());
+  if (!(peaks.spread >= kLeastSpread)) return FitFault::no_spread;
+  const Parameters at = LargestLikelihood(peaks, fitted, PaperLine(fitted, peaks.u.size()));
+  fit.scale = std::exp(peaks.mean + peaks.spread * at.s);
+  fit.shape = at.k / peaks.spread;
+  WeibullErrors(peaks, fitted, std::max(0, choice.lags), at, fit);
   return FitFault::none;
 }
 

@@ -2,9 +2,12 @@
 // of a longer time. Pure, in double; sums run from the first value to the last.
 //
 // Peaks above the mean: the two-parameter Weibull distribution F(h) = 1 - exp(-(h/a)^k), h > 0; with k = 2 it is
-// Rayleigh's, a = sqrt(2) sigma, of a narrow Gaussian band. A lower bound of its own is deliberately not fitted: its
-// likelihood has no maximum for k <= 1 and no usual errors for k <= 2 (R. L. Smith, Maximum likelihood estimation in a
-// class of nonregular cases, Biometrika 72 (1985)), and peaks about the mean have one, 0.
+// Rayleigh's, a = sqrt(2) sigma, of a narrow Gaussian band. Of a wide band the small peaks follow another law, which
+// bends a fit of all of them: of those below the highest share no more is taken than how many they are (a sample that
+// is censored: J. F. Lawless, Statistical Models and Methods for Lifetime Data, 1982). A lower bound of its own is
+// deliberately not fitted: its likelihood has no maximum for k <= 1 and no usual errors for k <= 2 (R. L. Smith,
+// Maximum likelihood estimation in a class of nonregular cases, Biometrika 72 (1985)), and peaks about the mean have
+// one, 0.
 // Extremes of blocks: Gumbel's F(x) = exp(-exp(-(x - u)/b)) (E. J. Gumbel, Statistics of Extremes, 1958).
 //
 // Errors: from the inverse of the observed information H. Peaks that depend on each other tell less than as many that
@@ -35,7 +38,7 @@ struct Covariance2 {
 };
 
 struct WeibullFit {
-  int n = 0;
+  int n = 0, fitted = 0;                    // peaks, and the highest of them
   double scale = 0, shape = 0;              // a, k
   double scale_error = 0, shape_error = 0;  // standard errors
   Covariance2 information, dependent;       // of ln a and k: H^-1, and with dependence (equal for lags 0)
@@ -47,10 +50,14 @@ struct GumbelFit {
   Covariance2 information;  // of u and b
 };
 
-// heights: above 0, in time order; those at or below 0, and not finite, are left out. lags: how many peaks on a peak is
-// not independent of. record: of each height (blank: one); products don't reach from one into another. Starts at the
-// line on Weibull paper.
-[[nodiscard]] FitFault FitWeibull(std::span<const float> heights, std::span<const int> record, int lags,
+struct PeakChoice {
+  double share = 1;  // of the peaks, the highest: those that are fitted
+  int lags = 0;      // how many peaks on a peak is not independent of
+};
+// heights: above 0, in time order; those at or below 0, and not finite, are left out. record: of each height (blank:
+// one); products don't reach from one into another. few_values: kFewestPeaks can't be fitted. Starts at the line on
+// Weibull paper.
+[[nodiscard]] FitFault FitWeibull(std::span<const float> heights, std::span<const int> record, const PeakChoice& choice,
                                   WeibullFit& fit);
 // values: independent of each other. fewest: kFewestBlocks or kFewestRecords. Starts at the moments.
 [[nodiscard]] FitFault FitGumbel(std::span<const float> values, int fewest, GumbelFit& fit);

@@ -21,10 +21,11 @@ constexpr std::string_view kAlike = "not fitted: all {} values are alike";
 constexpr std::string_view kUnknown = "not fitted: the record is too short for {} blocks of {} dependence times";
 
 constexpr double kSecondsAnHour = 3600;
-constexpr int kBlockDependence = 3;  // dependence times in a block
-constexpr double kBlockPeaks = 8;    // peaks in a block
-constexpr double kMostBlocks = 50;
-constexpr double kPeakLags = 2;  // Bartlett's weights fall to 0 at so many dependence times
+constexpr int kBlockDependence = 3;   // dependence times in a block
+constexpr double kBlockPeaks = 8;     // peaks in a block
+constexpr double kMostBlocks = 24;    // longer blocks rather than more: their extremes are nearer to the limit
+constexpr double kFittedPeaks = 0.5;  // the highest
+constexpr double kPeakLags = 2;       // Bartlett's weights fall to 0 at so many dependence times
 // Below it the autocorrelation of a record of some hundred cycles can't be told from none.
 constexpr float kLeastCutoff = 0.2F;
 constexpr std::size_t kFirstLags = 256;
@@ -109,8 +110,9 @@ void FitPeaks(const Record& record, const BlockDependence& dependence, const Pea
   TakeHeights(record, peaks, fit.values);
   const double peaks_a_step = static_cast<double>(fit.values.size()) / record.count;
   const double lags = std::ceil(kPeakLags * dependence.steps * peaks_a_step);
-  const FitFault fault = FitWeibull(fit.values, peaks.record, static_cast<int>(lags), fit.weibull);
-  if (fault == FitFault::few_values) fit.refused = fmt::format(fmt::runtime(kFewPeaks), fit.weibull.n, kFewestPeaks);
+  const FitFault fault = FitWeibull(fit.values, peaks.record, {kFittedPeaks, static_cast<int>(lags)}, fit.weibull);
+  if (fault == FitFault::few_values)
+    fit.refused = fmt::format(fmt::runtime(kFewPeaks), fit.weibull.n, kFewestPeaks / kFittedPeaks);
   if (fault == FitFault::no_spread) fit.refused = fmt::format(fmt::runtime(kAlike), fit.weibull.n);
   std::erase_if(fit.values, [](float height) { return !(height > 0.0F); });
   std::sort(fit.values.begin(), fit.values.end());

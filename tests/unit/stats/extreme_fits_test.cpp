@@ -33,7 +33,7 @@ void ExpectEstimate(const Estimate& got, double value, double low, double high) 
 
 TEST(ExtremeFits, AgreeWithAnotherProgram) {
   WeibullFit w;
-  ASSERT_EQ(FitWeibull(Sample(101, [](double F) { return Weibull(F, 1.5, 2.2); }), {}, 0, w), FitFault::none);
+  ASSERT_EQ(FitWeibull(Sample(101, [](double F) { return Weibull(F, 1.5, 2.2); }), {}, {}, w), FitFault::none);
   EXPECT_NEAR(w.scale, 1.5029675380, 1e-6);
   EXPECT_NEAR(w.shape, 2.2307921502, 1e-6);
   EXPECT_NEAR(w.scale_error, 0.07062456, 1e-6);
@@ -64,7 +64,7 @@ TEST(ExtremeFits, KnownParametersComeBackWithinTheirErrors) {
     for (float& value : x) value = static_cast<float>(Gumbel(F(), 5 * unit, 1.5 * unit));
     WeibullFit w;
     GumbelFit g;
-    ASSERT_EQ(FitWeibull(h, {}, 0, w), FitFault::none);
+    ASSERT_EQ(FitWeibull(h, {}, {}, w), FitFault::none);
     ASSERT_EQ(FitGumbel(x, 20, g), FitFault::none);
     const double off[] = {(w.scale - 2 * unit) / w.scale_error, (w.shape - k) / w.shape_error,
                           (g.location - 5 * unit) / g.location_error, (g.scale - 1.5 * unit) / g.scale_error};
@@ -85,9 +85,9 @@ TEST(ExtremeFits, PeaksThatDependTellLess) {
     for (int again = 0; again < 3; ++again) h.push_back(static_cast<float>(value)), record.push_back(3 * i + again);
   }
   WeibullFit one, several, apart;
-  ASSERT_EQ(FitWeibull(h, {}, 0, one), FitFault::none);
-  ASSERT_EQ(FitWeibull(h, {}, 8, several), FitFault::none);
-  ASSERT_EQ(FitWeibull(h, record, 8, apart), FitFault::none);  // each a record of its own
+  ASSERT_EQ(FitWeibull(h, {}, {}, one), FitFault::none);
+  ASSERT_EQ(FitWeibull(h, {}, {1, 8}, several), FitFault::none);
+  ASSERT_EQ(FitWeibull(h, record, {1, 8}, apart), FitFault::none);  // each a record of its own
   EXPECT_NEAR(several.scale_error / one.scale_error, std::sqrt(3.0), 0.3);
   EXPECT_NEAR(several.shape_error / one.shape_error, std::sqrt(3.0), 0.3);
   EXPECT_NEAR(apart.scale_error / one.scale_error, 1, 0.1);
@@ -101,8 +101,8 @@ TEST(ExtremeFits, OfANarrowBandAndOfNothing) {
   EXPECT_NEAR(MostProbableMaximum(w, {1000, 0.99, 2}).value, 1.7 * std::sqrt(2 * std::log(1000.0)), 1e-12);
   EXPECT_EQ(MostProbableMaximum(w, {0.5, 0.99, 2}).high, 0);
   GumbelFit g;
-  EXPECT_EQ(FitWeibull(std::vector<float>(19, 1), {}, 0, w), FitFault::few_values);
-  EXPECT_EQ(FitWeibull(std::vector<float>(40, 1), {}, 5, w), FitFault::no_spread);
+  EXPECT_EQ(FitWeibull(std::vector<float>(19, 1), {}, {}, w), FitFault::few_values);
+  EXPECT_EQ(FitWeibull(std::vector<float>(40, 1), {}, {1, 5}, w), FitFault::no_spread);
   EXPECT_EQ(FitGumbel(std::vector<float>(20, 1e30F), 21, g), FitFault::few_values);
   EXPECT_EQ(FitGumbel(std::vector<float>(20, 1e30F), 20, g), FitFault::no_spread);
   EXPECT_EQ(FitGumbel(std::vector<float>(20, 0), 20, g), FitFault::no_spread);
