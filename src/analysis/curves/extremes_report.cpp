@@ -1,5 +1,6 @@
 #include "analysis/curves/extremes_report.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
@@ -18,10 +19,12 @@ namespace {
 
 constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for extremes";
 constexpr std::string_view kNothing = "ERROR - no distribution of extremes can be fitted: {}";
+constexpr std::string_view kFitted = "Weibull: of the higher half of the peaks about the mean; Gumbel: of blocks";
 constexpr std::string_view kProbable = "most probable";
 constexpr std::string_view kNoPeakExpected = "less than one peak is expected in this time";
 
 constexpr std::size_t kPointsOfAll = 200;  // a fit of more values shows this many steps of its reduced value
+constexpr double kLeastDrawn = 0.1;        // probability of a peak; the smallest would take most of the paper
 constexpr std::string_view kFitNames[] = {" Weibull max   ", " Gumbel max    ", " Weibull min   ", " Gumbel min    "};
 
 std::string_view NameOf(const ExtremeFit& fit) {
@@ -51,6 +54,10 @@ std::vector<std::size_t> ShownPoints(const ExtremeFit& fit) {
     shown.push_back(i);
   }
   return shown;
+}
+
+bool AnyFit(const CurveExtremes& extremes) {
+  return std::any_of(extremes.fits.begin(), extremes.fits.end(), [](const auto& fit) { return fit.refused.empty(); });
 }
 
 // ---- The table
@@ -144,11 +151,14 @@ void WriteTable(const StatWork& work, const QuantityRequest& request, const Curv
   fmt::format_to(std::back_inserter(text), "Time= {} hours\nQuantile= {}\nConfidence Interval Probability= {}\n",
                  Shown{settings.extreme_hours}, Shown{settings.extreme_quantile},
                  Shown{settings.confidence_probability});
+  text.append(kFitted) += '\n';
   AppendFits(separator, extremes, text);
-  text += '\n';
-  AppendAnswers(separator, extremes, text);
-  text += '\n';
-  AppendPoints(separator, extremes, text, out);
+  if (AnyFit(extremes)) {
+    text += '\n';
+    AppendAnswers(separator, extremes, text);
+    text += '\n';
+    AppendPoints(separator, extremes, text, out);
+  }
   WriteOutput(out, text);
 }
 
@@ -165,16 +175,18 @@ void AddCurves(const StatWork& work, const ExtremeFit& fit, double mean, ResultP
   const std::string_view side = fit.of_minima ? "minima" : "maxima";
   ResultCurve points{std::string(side), {}, {}, ResultStyle::points};
   ResultCurve line{fmt::format("fit of {}", side), {}, {}, fit.of_minima ? ResultStyle::dashed : ResultStyle::line};
-  const std::vector<std::size_t> shown = ShownPoints(fit);
-  for (const std::size_t i : shown) {
+  for (const std::size_t i : ShownPoints(fit)) {
+    if (weibull && PositionOf(fit, i) < kLeastDrawn) continue;
     points.x.push_back(PaperValue(fit, static_cast<double>(fit.values[i]), mean));
     points.y.push_back(static_cast<float>(ReducedOf(fit, PositionOf(fit, i))));
   }
-  // The largest of n by F^n: as far as the chosen quantile.
+  // From the lowest that is fitted to the chosen quantile of the largest of n, F^n.
   const double quantile = static_cast<double>(work.settings.statistics.extreme_quantile);
   const double far = weibull ? std::log(-std::log(-std::expm1(std::log(quantile) / fit.expected)))
                              : -std::log(-std::log(quantile) / fit.expected);
-  for (const double y : {static_cast<double>(points.y.front()), std::max(static_cast<double>(points.y.back()), far)}) {
+  const double from = weibull ? WeibullReduced(1 - static_cast<double>(fit.weibull.fitted) / fit.weibull.n)
+                              : static_cast<double>(points.y.front());
+  for (const double y : {from, std::max(static_cast<double>(points.y.back()), far)}) {
     line.x.push_back(PaperValue(fit, FittedValue(fit, y), mean));
     line.y.push_back(static_cast<float>(y));
   }

@@ -42,6 +42,12 @@ TEST(ExtremeFits, AgreeWithAnotherProgram) {
                  3.4088993 * std::exp(2 * 0.2254577 / 3.4088993));
   ExpectEstimate(QuantileOfMaximum(w, {500, 0.99, 2}), 4.3698827, 4.3698827 * std::exp(-2 * 0.3558294 / 4.3698827),
                  4.3698827 * std::exp(2 * 0.3558294 / 4.3698827));
+  ASSERT_EQ(FitWeibull(Sample(101, [](double F) { return Weibull(F, 1.5, 2.2); }), {}, {0.5, 0}, w), FitFault::none);
+  EXPECT_EQ(w.fitted, 51);
+  EXPECT_NEAR(w.scale, 1.5062133254, 1e-6);
+  EXPECT_NEAR(w.shape, 2.2395820342, 1e-6);
+  EXPECT_NEAR(w.scale_error, 0.0772483788, 1e-6);
+  EXPECT_NEAR(w.shape_error, 0.2367394194, 1e-5);
   GumbelFit g;
   ASSERT_EQ(FitGumbel(Sample(50, [](double F) { return Gumbel(F, -3, 0.4); }), 20, g), FitFault::none);
   EXPECT_NEAR(g.location, -2.9942530781, 1e-6);
