@@ -18,7 +18,7 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for extremes";
-constexpr std::string_view kNothing = "ERROR - no distribution of extremes can be fitted: {}";
+constexpr std::string_view kNothing = "WARNING - no distribution of extremes can be fitted: {}";
 constexpr std::string_view kFitted = "Weibull: of the higher half of the peaks about the mean; Gumbel: of blocks";
 constexpr std::string_view kProbable = "most probable";
 constexpr std::string_view kNoPeakExpected = "less than one peak is expected in this time";
@@ -232,14 +232,13 @@ DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultP
     ResultPanel panel = PanelOf(work, request, extremes, kind);
     if (!panel.curves.empty()) plot.panels.push_back(std::move(panel));
   }
-  if (!plot.panels.empty()) {
-    for (const ExtremeFit& fit : extremes.fits)
-      if (!fit.refused.empty())
-        plot.panels.back().notes.push_back(fmt::format("{} {}", Trim(NameOf(fit)), fit.refused));
-    return DataFault::none;
+  if (plot.panels.empty()) {  // a plot that tells why there is nothing
+    Say(work.console(), fmt::runtime(kNothing), extremes.fits[0].refused);
+    plot.panels.push_back(PanelOf(work, request, extremes, ExtremeFitKind::weibull));
   }
-  Say(work.console(), fmt::runtime(kNothing), extremes.fits[0].refused);
-  return DataFault::said;
+  for (const ExtremeFit& fit : extremes.fits)
+    if (!fit.refused.empty()) plot.panels.back().notes.push_back(fmt::format("{} {}", Trim(NameOf(fit)), fit.refused));
+  return DataFault::none;
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ TEST(CurveReports, NoCycleReachesOverAGap) {
   ASSERT_EQ(MakeRainflowPlot(work.Of(), kSurge, plot), DataFault::none);
   ASSERT_EQ(plot.panels.size(), 1U);
   EXPECT_EQ(plot.panels[0].curves[0].x, Floats{2});
-  EXPECT_EQ(plot.panels[0].curves[0].y, Floats{3});
+  EXPECT_NEAR(plot.panels[0].curves[0].y.at(0), std::log10(3.0), 1e-6);
 }
 
 TEST(CurveReports, ExtremesLeaveAGapOut) {
@@ -103,9 +103,9 @@ TEST(CurveReports, ExtremesLeaveAGapOut) {
 TEST(CurveReports, ExtremesOfNothingAndOfFew) {
   ResultPlot plot;
   Work still(CaseOf(Floats(500, 7)));
-  EXPECT_EQ(MakeExtremesPlot(still.Of(), kSurge, plot), DataFault::said);
+  EXPECT_EQ(MakeExtremesPlot(still.Of(), kSurge, plot), DataFault::none);
   EXPECT_EQ(still.fake.output,
-            "ERROR - no distribution of extremes can be fitted: not fitted: 0 peaks, at least 40 are needed\n");
+            "WARNING - no distribution of extremes can be fitted: not fitted: 0 peaks, at least 40 are needed\n");
   const Written few =
       WriteWorked([](const StatWork& work, OutputFile& out) { return WriteExtremes(work, kSurge, out); },
                   CaseOf(Waves(300, 2)), {});

@@ -74,6 +74,7 @@ inline constexpr PlotField kPlotFields[] = {
     {"bar_rate", [](const Session& s) { return static_cast<float>(s.statistics.histogram.rate); }},
     {"many", [](const Session& s) { return static_cast<float>(s.statistics.nmany); }},
     {"rate", [](const Session& s) { return static_cast<float>(s.output.statistics.autocorrelation_rate); }},
+    {"segment", [](const Session& s) { return s.output.statistics.spectrum_segment; }},
     {"hours", [](const Session& s) { return s.output.statistics.extreme_hours; }},
     {"quantile", [](const Session& s) { return s.output.statistics.extreme_quantile; }},
     {"bins", [](const Session& s) { return static_cast<float>(s.output.statistics.rainflow_bins); }},

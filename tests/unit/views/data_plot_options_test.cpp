@@ -9,6 +9,7 @@
 #include "script/open_script_file.h"
 #include "unit/views/data_plot_fields.h"
 #include "unit/views/menu_view.h"
+#include "case/settings/step_settings.h"
 #include "views/data_plot/plot_type.h"
 #include "views/menus/option_builder.h"
 #include "views/state/popup.h"
@@ -154,20 +155,36 @@ TEST(DataPlotOptions, EachItemSetsItsOwn) {
     ItemAt at;
     const char *typed, *changes;
   } kAnalysed[] = {
+      {PlotKind::spectrum, {"Segments of"}, "50", "segment 50"},
       {PlotKind::extremes, {"Largest value in"}, "24", "hours 24"},
       {PlotKind::extremes, {"", "Quantile"}, "0.5", "quantile 0.5"},
       {PlotKind::extremes, {"Probability="}, "0.8", "probability 0.8"},
       {PlotKind::rainflow, {"Bins of ranges:"}, "12", "bins 12"},
   };
-  const PlotKind kind = v.session.data_plot.kind;
+  // Few peaks can't be fitted: six records have enough.
+  PlotMenu six({"sea_1.out", "sea_2.out", "sea_3.out", "sea_1.out", "sea_2.out", "sea_3.out"},
+               {.quantity = {.iqnt = 1, .curve = 3}});
+  ASSERT_EQ(SetSkips(0, 0, six.session.output, six.session.case_store), SettingFault::none);
   for (const auto& c : kAnalysed) {
-    v.session.data_plot.kind = c.kind;
-    v.Key('g');
-    const std::vector<float> before = PlotValues(v.session);
-    v.Use(c.at, c.typed);
-    ExpectValues(c.changes, before, PlotValues(v.session), c.changes);
+    six.session.data_plot.kind = c.kind;
+    six.Key('g');
+    const std::vector<float> before = PlotValues(six.session);
+    six.Use(c.at, c.typed);
+    ExpectValues(c.changes, before, PlotValues(six.session), c.changes);
   }
-  v.session.data_plot.kind = kind;
+  // Round the analyses, and their sizes by keys.
+  six.session.data_plot.kind = PlotKind::history;
+  const struct {
+    char key;
+    const char* want;
+  } kKeys[] = {{'K', "kind 9"},  {'U', "segment 100"}, {'u', "segment 50"}, {'K', "kind 10"}, {'U', "hours 48"},
+               {'K', "kind 11"}, {'u', "bins 6"},      {'K', "kind 1"}};
+  for (const auto& c : kKeys) {
+    const std::vector<float> before = PlotValues(six.session);
+    six.Key(c.key);
+    ExpectValues(c.want, before, PlotValues(six.session), c.want);
+  }
+  v.used.merge(six.used);
   v.session.gks.window.bitmap_font = false;
   v.Use({"", "Frame"}, "");
   v.Use({"", "Upright"}, "");

@@ -54,6 +54,9 @@ TEST(OptionMenus, LeadFromViewToView) {
                       {"AutoCorrelation", PlotKind::autocorrelation},
                       {"Time History", PlotKind::history},
                       {"AutoCovariance", PlotKind::autocovariance},
+                      {"Spectrum", PlotKind::spectrum},
+                      {"Extremes", PlotKind::extremes},
+                      {"Rainflow", PlotKind::rainflow},
                       {"Analysis", PlotKind::result},
                       {"Load Dist", PlotKind::load_dist}};
   for (const auto& c : kCases) {
