@@ -18,7 +18,7 @@ constexpr ArgumentForm kForms[] = {
     {"table",       "t.txt",    "The file to write, \"\" for the console"},
     {"forecast",    "0",        "0: as they are, which says that nothing changes; 1: by velocity and acceleration"},
     {"ahead",       "1",        "How far, in output time"},
-    {"picture",     "p.png",    "The file of the picture (.png, .gif, .bmp). \"\" shows the plot in the window until q is pressed, auto takes the next free number, on sends every further plot to a file, off ends that"},
+    {"picture",     "p.png",    "The file of the picture (.png, .svg, .pdf, .gif, .bmp). \"\" shows the plot in the window until q is pressed, auto takes the next free number, on sends every further plot to a file, off ends that"},
     {"name",        "run.out",  "A file that is read; of runs * ? and [..] match several"},
     {"root",        "out",      "The name that files begin with"},
     {"motions",     "m.mot",    "KINO file of motions (.mot may be left out)"},

@@ -61,7 +61,7 @@ double Vertex(double before, double here, double after) {
 
 std::size_t UsualSegment(std::size_t n) {
   constexpr std::size_t kPart = 8, kLeast = 256;
-  return std::min(std::max(n / kPart, kLeast), n) / 2 * 2;
+  return std::min(std::max(n / kPart, kLeast), n / 2) / 2 * 2;
 }
 
 bool FindWelchSpectrum(std::span<const std::span<const float>> x, double dt, std::size_t segment, WelchSpectrum& out) {

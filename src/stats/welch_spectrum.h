@@ -24,7 +24,7 @@ struct WelchSpectrum {
 [[nodiscard]] bool FindWelchSpectrum(std::span<const std::span<const float>> x, double dt, std::size_t segment,
                                      WelchSpectrum& out);
 
-// Segments for a record of n samples if nobody chose: an eighth of it, at least 256 samples, at most all; even.
+// Segments for a record of n samples if nobody chose: an eighth of it, at least 256 samples, at most half of it; even.
 [[nodiscard]] std::size_t UsualSegment(std::size_t n);
 
 struct SpectralMoments {  // m(i) = sum of w^i S dw over all lines but the first
