@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "gks/kernel/gks_control.h"
+#include "gks/picture/picture_sheet.h"
 #include "gks/window/gks_window.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
@@ -28,6 +29,10 @@ inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for
 inline constexpr std::string_view kLongName = "ERROR - name of a picture file is longer than {} characters : {}";
 inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical option ({}) for {}";
 
+inline constexpr std::string_view kEnd = "END", kNoPage = "ERROR - {} : there is no page open";
+inline constexpr std::string_view kOnPage = "ERROR - {} : a page is open, its pictures have no file of their own ({})";
+inline constexpr std::string_view kBadPage =
+    "ERROR - {} takes rows, columns (at most {} pictures) and a file that ends in .svg, .pdf or .png";
 inline constexpr std::string_view kNoResult = "ERROR - {} : there is no result of an analysis";
 inline constexpr std::string_view kNoPanel = "ERROR - {} : the result has no panel {}";
 
@@ -36,10 +41,14 @@ constexpr int kFromScript = 1;        // plot_suboption
 
 template <typename Start>
 int HandOver(ScriptCall& call, Start start) {
-  const std::string word = NextScriptWord(call.words, kFreeText);
+  const bool on_page = call.session.gks.sheet.open();
+  const bool ends_here = IsBlank(call.words.line.substr(std::min(call.words.position, call.words.line.size())));
+  const std::string word = on_page && ends_here ? std::string() : NextScriptWord(call.words, kFreeText);
+  if (on_page && !word.empty()) return Fail(call, kScriptBadArgument, kOnPage, call.command, word);
   if (word.size() > kDumpName) return Fail(call, kScriptBadArgument, kLongName, kDumpName, word);
   gksReadEnvironment(call.session.platform, call.session.gks);
   gksSetDumpOption(call.session.gks, word);
+  if (on_page) call.session.gks.dump.waiting = true;
   // Where there is no display, "off" still is the end of the dumping: the view is left out.
   return start() || Capitals(word) == "OFF" ? kScriptOk : kScriptFailed;
 }
@@ -149,6 +158,24 @@ int RunResult(ScriptCall& call) {
   });
 }
 
+// The plots behind it, as long as the page has room for them, are its pictures.
+int RunPage(ScriptCall& call) {
+  GksState& gks = call.session.gks;
+  WordScanner ahead = call.words;
+  if (Capitals(NextScriptWord(ahead, kKeyword)) == kEnd) {
+    call.words = ahead;
+    if (!gks.sheet.open()) return Fail(call, kScriptBadArgument, kNoPage, call.command);
+    return FinishSheet(call.session.platform, gks) ? kScriptOk : kScriptFailed;
+  }
+  std::vector<float> sides;
+  if (!ParseRealList(call.words, 2, sides)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
+  const std::string name = NextScriptWord(call.words, kFreeText);
+  const bool finished = FinishSheet(call.session.platform, gks);
+  if (!BeginSheet(gks, StepCount(sides[0]), StepCount(sides[1]), name))
+    return Fail(call, kScriptBadArgument, kBadPage, call.command, kMostCells);
+  return finished ? kScriptOk : kScriptFailed;
+}
+
 constexpr Needs D = kNeedsCase, R = kNeedsMotion, G = kNeedsGraphics, E = kNeedsEnsemble;
 
 constexpr Command kPlots[] = {
@@ -194,6 +221,12 @@ constexpr Command kPlots[] = {
      RunLoads,
      "load step picture",
      "Sectional loads along the ship at one step, within their range over all steps"},
+    {{"PLOT_PAGE"},
+     G,
+     RunPage,
+     "rows columns page",
+     "The plots that follow without a picture's name stand on one page, row by row; its file (.svg, .pdf, .png) is "
+     "written when it is full, at PLOT_PAGE END, or at the end of the script"},
     {{"PLOT_RESULT", "PLOT_ANALYSIS"},
      G,
      RunResult,

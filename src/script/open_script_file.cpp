@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
+#include "gks/picture/picture_sheet.h"
 #include "script/expand_includes.h"
 #include "script/expand_loops.h"
 #include "script/read_script_file.h"
@@ -66,6 +67,7 @@ void CloseScript(ScriptState& script) {
 
 int EndScript(Session& session, int status) {
   const std::string name = session.script.name;
+  if (!FinishSheet(session.platform, session.gks) && status == kScriptOk) status = kScriptFailed;
   CloseScript(session.script);
   const EndRow* row = kEnds;
   while (row->status != status && row->status != -1) ++row;
