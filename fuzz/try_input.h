@@ -26,6 +26,8 @@ void TryIrfSections(std::string_view input);
 void TryScriptText(std::string_view input);
 // input: a KINO motions file; the second file is the seaway to it, none: calm.
 void TryKinoFiles(std::string_view input);
+// input: a table of measured data.
+void TryTable(std::string_view input);
 // input: a KINO seaway file.
 void TryKinoSea(std::string_view input);
 // input: a file of wave phases.

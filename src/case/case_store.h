@@ -94,6 +94,10 @@ struct StepContents {  // what the layout of the file's steps has; the rest is 0
   bool force = true, other_force = true, load_moment = true, rudder = true, prop_rps = true;
 };
 
+struct MeasuredColumn {  // of a table of measured data
+  std::string name, unit;  // as they stand in its heading; unit blank: none there
+};
+
 enum class Tried : unsigned char { not_yet, there, failed };  // what is made on first need
 
 struct CaseStore {
@@ -140,7 +144,12 @@ struct CaseStore {
   DerivedCache built;
 
   PhaseLists phases;        // read with the case
-  bool kino_input = false;  // motions, seaway and hull came from separate files
+  bool kino_input = false;  // motions, seaway and hull came from separate files, or motions from a table
+  // A case from a table of measured data: its columns but the time, unscaled, and whether motions are among them.
+  std::vector<MeasuredColumn> measured_columns;
+  StepHistory measured;
+  bool motions_known = true;
+  [[nodiscard]] bool from_table() const { return !measured_columns.empty(); }
   Tried seaway_tried = Tried::not_yet;
   Seaway seaway;  // on first need (wave_at_cg.h)
   IncidentWave wave;

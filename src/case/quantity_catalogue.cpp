@@ -56,6 +56,8 @@ constexpr Groups kEtaCg = {{column, &C::eta_cg, 1, 1, S::length, 0, "", kEta}};
 constexpr Groups kEtaOrigin = {{column, &C::eta_origin, 1, 1, S::length, 0, "", kEta0}};
 constexpr Groups kMissile = {{missile_load, &C::point_motion, 7, 1, S::none, 0, "", kLoad}};
 
+constexpr Groups kColumns = {{CurveForm::measured, &C::measured, 1, 0, S::none, 0, "", {}}};
+
 constexpr CurveGroup kPointX = {column, &C::point_motion, 1, 3, S::position, 0, "", kXyz};
 constexpr CurveGroup kPointV = {column, &C::point_motion, 4, 3, S::velocity, 0, "", kV};
 constexpr CurveGroup kPointA = {column, &C::point_motion, 7, 3, S::acceleration, 0, "", kA};
@@ -184,6 +186,8 @@ constexpr QuantityRow kCatalogue[] = {
        "External (non-press) force in ship-fixed coords", {"FEXTS"}, kExternals, other_force, 0},
   {48, "Missile Motion/Load",                            "Missile Motion/Load",
        "Missile Motion/Load of point ", {"POINT_MISS"}, kMissile, missile, 0},
+  {49, "Measured columns of a table",                    "Measured columns",
+       "", {"MEASURED"}, kColumns, table, 0},
 };
 // clang-format on
 
@@ -222,6 +226,12 @@ bool FollowsFromPositions(const QuantityRow& row) {
   });
 }
 
+// Of waves a table tells what it measured, not what they are elsewhere.
+bool FollowsFromTable(const CaseStore& c, const QuantityRow& row) {
+  if (row.need == table) return true;
+  return c.motions_known && row.need != wave && (row.iqnt == kKinoMotions || FollowsFromPositions(row));
+}
+
 bool KindActive(const std::vector<int>& kinds, int kind) {
   return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
 }
@@ -258,7 +268,7 @@ CurvePlace FindCurve(const QuantityRow& row, int curve) {
   int place = curve - 1;
   if (place < 0) return {};
   for (const CurveGroup& group : row.groups) {
-    if (group.form == cuts || place < group.curves) return {&group, place};
+    if (group.curves == 0 || place < group.curves) return {&group, place};
     place -= group.curves;
   }
   return {};
@@ -279,6 +289,7 @@ int CurveCount(const CaseStore& case_store, int iqnt) {
   if (row == nullptr) return 0;
   const SectionLoads& loads = case_store.loads;
   if (row->need == x_cuts) return KindActive(loads.x_kinds, row->load_kind) ? loads.NBCA : 0;
+  if (row->need == table) return case_store.measured.components();
   if (row->need == y_cuts) return KindActive(loads.y_kinds, row->load_kind) ? loads.nycut : 0;
   int curves = 0;
   for (const CurveGroup& group : row->groups) curves += group.curves;
@@ -289,8 +300,9 @@ bool QuantityValid(const CaseStore& case_store, int iqnt) {
   if (!case_store.time_history()) return case_store.has_data() && CurveCount(case_store, iqnt) > 0;
   const QuantityRow* row = FindQuantity(iqnt);
   if (row == nullptr || !case_store.has_steps()) return false;
+  if (case_store.from_table() && !FollowsFromTable(case_store, *row)) return false;
   if (IsKinoFile(iqnt)) return true;
-  if (case_store.kino_input && !FollowsFromPositions(*row)) return false;
+  if (case_store.kino_input && row->need != table && !FollowsFromPositions(*row)) return false;
   return StepsHold(case_store.holds, *row) && CurveCount(case_store, iqnt) > 0;
 }
 
@@ -312,6 +324,10 @@ std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settin
   if (group->form == cuts)
     return fmt::format("{}, {}={}", group->scale == S::load_force ? "Force" : "Moment", row->need == x_cuts ? 'X' : 'Y',
                        Shown{CutCoordinate(case_store, settings, iqnt, curve)});
+  if (group->form == CurveForm::measured) {
+    const auto column = static_cast<std::size_t>(place);
+    return column < case_store.measured_columns.size() ? case_store.measured_columns[column].name : std::string{};
+  }
   if (!group->stem.empty()) return fmt::format("{}({})", group->stem, curve);
   return std::string(group->names[static_cast<std::size_t>(place)]);
 }

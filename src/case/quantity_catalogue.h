@@ -1,4 +1,4 @@
-// The 48 quantities: a row tells all of one: number, labels, words of the script, curves and where they come from, what
+// The 49 quantities: a row tells all of one: number, labels, words of the script, curves and where they come from, what
 // the case must have for it.
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace zaview {
 
-inline constexpr int kQuantities = 48;
+inline constexpr int kQuantities = 49;
 
 enum class ScaleKind : std::uint8_t {  // of six slots with sign factors, down to force; of the others one, no sign
   position,
@@ -36,7 +36,8 @@ enum class CurveForm : std::uint8_t {
   with_gravity,  // the third one has 1 added, non-dimensional
   magnitude,     // of the three from `first` on
   cuts,          // sectional loads of the row's kind, a curve a cut
-  missile_load
+  missile_load,
+  measured  // columns of a table, a curve each
 };
 
 // Curves that follow each other in one history.
@@ -52,7 +53,7 @@ struct CurveGroup {
   int slots = 1;
 };
 
-enum class QuantityNeed : std::uint8_t { none, other_force, x_cuts, y_cuts, wave, point, missile, rudder, file_only };
+enum class QuantityNeed : std::uint8_t { none, other_force, x_cuts, y_cuts, wave, point, missile, rudder, file_only, table };
 
 struct QuantityRow {
   int iqnt;
@@ -69,7 +70,7 @@ struct QuantityRow {
 [[nodiscard]] std::string_view cQntLong(int iqnt);        // blank: no such number
 [[nodiscard]] std::string_view cQntMed(int iqnt);
 
-// Curve i of a quantity: its group and the place in it, from 0. group null: no such curve. Cuts have any number.
+// Curve i of a quantity: its group and the place in it, from 0. group null: no such curve. Cuts and measured columns have any number.
 struct CurvePlace {
   const CurveGroup* group = nullptr;
   int place = 0;
@@ -89,12 +90,13 @@ inline constexpr int kImpulse = 2;
 // Has this case data for it? What the steps of the file don't hold is not valid. 36 to 38 have data, but only for
 // tables of time histories (need is file_only); 25, 26 and 30 belong to every case with steps, whether or not their
 // wave can be evaluated. 34 and 35 are files of their own form without curves. A case from separate files (kino_input)
-// has positions only: 1, 4, 25 to 27, 30, 34, 35.
+// has positions only: 1, 4, 25 to 27, 30, 34, 35. One from a table has 49 and, if motions are among its columns, 1, 4, 27, 34.
 [[nodiscard]] bool QuantityValid(const CaseStore& case_store, int iqnt);
 // The coordinate of a sectional cut as it is shown: input coordinate times LENOUT/LENIN (X; Y for 19 to 24).
 [[nodiscard]] float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int cut);
 // "pmgg(3)", "Force, X=25", "Vmag", ...; loads use input coordinates times LENOUT/LENIN.
 [[nodiscard]] std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int curve);
+inline constexpr int kMeasured = 49;
 inline constexpr int kKinoMotions = 34, kKinoSeaway = 35;
 [[nodiscard]] bool IsKinoFile(int iqnt);       // these two
 [[nodiscard]] bool IsPointQuantity(int iqnt);  // 27..32, 36..38, 48

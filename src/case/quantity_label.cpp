@@ -66,6 +66,10 @@ std::string Kinematic(const UnitSystem* system, const OutputUnits& units, bool r
 }
 
 std::string UnitOf(const CaseStore& c, const OutputUnits& units, const CurvePlace& curve) {
+  if (curve.group->form == CurveForm::measured) {
+    const auto column = static_cast<std::size_t>(curve.place);
+    return column < c.measured_columns.size() ? c.measured_columns[column].unit : std::string{};
+  }
   const UnitSystem* system = SystemOf(c, units);
   const bool rotation = curve.group->slot + static_cast<std::size_t>(curve.place) >= 3;
   switch (curve.group->scale) {

@@ -20,7 +20,7 @@ void SmoothStored(const Console& console, int option, int width, CaseStore& case
   bool done = true;
   Trace(console, "SmoothInput opt0= {} npt0= {}", option, width);
   for (StepHistory* history :
-       {&c.pmgg, &c.vmg, &c.acc, &c.force, &c.rudder_cmd, &c.rudder_ang, &c.prop_rps, &c.tadm, &c.fimp})
+       {&c.pmgg, &c.vmg, &c.acc, &c.force, &c.rudder_cmd, &c.rudder_ang, &c.prop_rps, &c.tadm, &c.fimp, &c.measured})
     done = done && SmoothHistory(option, width, *history);
   for (std::size_t kind = 0; kind < c.load_force.size(); ++kind)
     done =

@@ -106,6 +106,7 @@ std::string UnitOf(const QuantityRow& quantity) {
 
 std::string CurvesOf(const QuantityRow& row) {
   if (row.load_kind > 0) return "a curve a cut";
+  if (row.need == QuantityNeed::table) return "a curve a column, as the table has it";
   const int curves = CurveCount({}, row.iqnt);
   if (curves == 0) return "a file of its own form";
   const auto label = [&row](int curve) { return CurveLabel({}, {}, row.iqnt, curve); };

@@ -112,7 +112,9 @@ constexpr Command kReading[] = {
      kNone,
      RunRead,
      "name",
-     "Reads a run, or all runs that a wild card matches, one after the other"},
+     "Reads a run, or all runs that a wild card matches, one after the other; a table of measured data if its name "
+     "ends "
+     "in .csv or .tsv"},
     {{"READ_OUTPUT_FILE_ENSEMBLE", "READ_FILE_ENSEMBLE", "READ_ENSEMBLE"},
      kNone,
      RunReadEnsemble,

@@ -1,5 +1,6 @@
 #include "case/read/ensemble_match.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -33,6 +34,24 @@ bool SameLoads(const SectionLoads& a, const SectionLoads& b) {
          a.ivmy == b.ivmy && a.ihmy == b.ihmy && a.itmy == b.itmy;
 }
 
+bool SameColumns(const CaseStore& a, const CaseStore& b) {
+  return std::equal(a.measured_columns.begin(), a.measured_columns.end(), b.measured_columns.begin(),
+                    b.measured_columns.end(), [](const MeasuredColumn& one, const MeasuredColumn& other) {
+                      return one.name == other.name && one.unit == other.unit;
+                    });
+}
+
+// A table doesn't tell what sea it was measured in: only the user knows. Stored values must be over the same length.
+Match CompareTables(EnsembleMode ensemble_mode, const CaseStore& held, const CaseStore& fresh) {
+  const auto same = [](double a, double b) { return static_cast<float>(a) == static_cast<float>(b); };  // as in use
+  const bool same_scales =
+      same(held.control.GRAVOUT, fresh.control.GRAVOUT) && same(held.control.LENOUT, fresh.control.LENOUT);
+  if (ensemble_mode != EnsembleMode::forced || !same_scales) return Match::none;
+  const bool with_run = !held.from_table() || !fresh.from_table();
+  const bool comparable = with_run ? held.motions_known && fresh.motions_known : SameColumns(held, fresh);
+  return comparable ? Match::realization : Match::none;
+}
+
 struct Outcome {
   std::string_view words;
   bool added;
@@ -62,6 +81,7 @@ bool AddRecord(CaseStore& fresh, EnsembleStore& ensemble, CaseStore& case_store)
 
 Match CompareCases(const Console& console, EnsembleMode ensemble_mode, CaseStore& held, CaseStore& fresh) {
   if (!held.time_history() || !fresh.time_history() || held.combined || fresh.combined) return Match::none;
+  if (held.from_table() || fresh.from_table()) return CompareTables(ensemble_mode, held, fresh);
   if (!SameLoads(held.loads, fresh.loads)) return Match::none;
   const bool speed_counts = ensemble_mode == EnsembleMode::automatic;
   if (speed_counts && !(std::fabs(SpeedOf(held) - SpeedOf(fresh)) <= kSameSpeed)) return Match::none;

@@ -12,6 +12,8 @@ namespace zaview {
 
 // Load cuts and their kinds must be equal, in automatic mode the ship speeds to within 1e-4 sqrt(gL), and the seaways
 // must match. Impulsive cases and combined ones match nothing. Builds the seaways.
+// A table matches in forced mode alone, over the same output gravity and length: a table by its columns, a run by
+// having motions.
 [[nodiscard]] Match CompareCases(const Console& console, EnsembleMode ensemble_mode, CaseStore& held, CaseStore& fresh);
 
 // Compares with the case read last, says what was found, adds `fresh` as a record or resets the ensemble to it, and

@@ -18,6 +18,7 @@
 #include "case/read/output_header.h"
 #include "case/read/read_steps.h"
 #include "case/read/restart_combine.h"
+#include "case/read/table_input.h"
 #include "case/read/time_steps.h"
 #include "case/wave_at_cg.h"
 #include "frame/ground/input_file.h"
@@ -202,8 +203,17 @@ ReadOutcome TakeSteps(const Console& console, const ReadRequest& request, const 
   return ReadOutcome::failed;
 }
 
+ReadOutcome ReadOpenedTable(const Platform& platform, const ReadRequest& request, const std::string& name,
+                            FileHandle file, OutputSettings& settings, Held& held) {
+  const TableInput input =
+      ReadTableFile(platform, file, name, request.ensemble_mode, settings, held.case_store, held.ensemble);
+  (void)platform.files.close(platform.files.self, file);  // nothing was written
+  return input == TableInput::ok ? ReadOutcome::ok : ReadOutcome::failed;
+}
+
 ReadOutcome ReadOpened(const Platform& platform, const ReadRequest& request, const std::string& name, FileHandle file,
                        const RunState& run, OutputSettings& settings, Held held) {
+  if (IsTableName(name)) return ReadOpenedTable(platform, request, name, file, settings, held);
   CaseStore fresh;
   fresh.file_name = name;
   fresh.ship = request.ship;

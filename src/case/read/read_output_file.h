@@ -1,4 +1,5 @@
-// From a name to a case in store. The name is tried as it stands, then with .out, .out.XML and .XML behind it.
+// From a name to a case in store. One that ends in .csv or .tsv is a table of measured data (table_input.h). Else the
+// name is tried as it stands, then with .out, .out.XML and .XML behind it.
 #pragma once
 
 #include <cstdint>

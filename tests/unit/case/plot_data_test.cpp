@@ -204,7 +204,7 @@ TEST(QuantityCatalogue, CurveLabels) {
       {27, 3, "Z"}, {28, 4, "Vmag"}, {29, 4, "dVmag/dt"}, {30, 4, "deltaZ"}, {31, 9, "dVz/dt"}, {32, 4, "Vx"},
       {33, 6, "Prop RPS"}, {33, 2, "Slip Angle"}, {36, 18, "dV_yaw/dt"}, {37, 19, "Wave@CG"}, {37, 20, "Rudder_Defl"},
       {38, 10, "V_roll"}, {39, 1, "vmgg(1)"}, {41, 6, "Ftotals(6)"}, {45, 1, "hdpfors(1)"}, {47, 1, "extfors(1)"},
-      {48, 1, "Load"}, {34, 1, ""}, {49, 1, ""}, {28, 5, ""},
+      {48, 1, "Load"}, {34, 1, ""}, {50, 1, ""}, {28, 5, ""},
   };
   // clang-format on
   for (const auto& row : rows) EXPECT_EQ(CurveLabel(c, settings, row.iqnt, row.curve), row.label) << row.iqnt;
@@ -227,7 +227,7 @@ TEST(QuantityCatalogue, TitlesAndUnits) {
   EXPECT_EQ(title(27), "Motion of point 40 -2.5 12");
   EXPECT_EQ(title(32), "Combined motion+gravity of point 40 -2.5 12");
   EXPECT_EQ(title(48), "Missile Motion/Load of point 40 -2.5 12, C= 1 0 2 0.5");
-  EXPECT_EQ(title(49), "LOGIC ERROR in setqntlabel");
+  EXPECT_EQ(title(50), "LOGIC ERROR in setqntlabel");
   // GRAVOUT, RHOOUT, LENOUT of a case of 9.81, 1025, 100 and its degrees; units of surge, yaw rate, pitch moment,
   // slip, point acceleration, all of quantity 1, all of 25.
   const struct {
@@ -332,7 +332,7 @@ TEST(HistoryTable, Formatted) {
   const std::string blocks = Write({.iqnt = 1, .steps = 3000});  // more text than one block
   EXPECT_EQ(std::count(blocks.begin(), blocks.end(), '\n'), 3002);
   EXPECT_EQ(blocks.substr(blocks.size() - 98, 13), "     749.9780");
-  (void)Write({.iqnt = 49, .fault = DataFault::said});
+  (void)Write({.iqnt = 50, .fault = DataFault::said});
 }
 
 TEST(HistoryTable, UnformattedRecords) {

@@ -33,8 +33,8 @@ void Replay(const std::string& target, void (*attempt)(std::string_view)) {
 constexpr std::pair<const char*, void (*)(std::string_view)> kTargets[] = {
     {"primary_file", TryPrimaryFile}, {"companion", TryPrimaryFile}, {"control_text", TryControlText},
     {"irf_sections", TryIrfSections}, {"script_text", TryScriptText}, {"kino_motions", TryKinoFiles},
-    {"kino_sea", TryKinoSea}, {"phases", TryPhases}, {"module_text", TryModuleText}, {"geometry", TryGeometry},
-    {"crane", TryCrane}, {"network_data", TryNetworkData}};
+    {"table", TryTable}, {"kino_sea", TryKinoSea}, {"phases", TryPhases}, {"module_text", TryModuleText},
+    {"geometry", TryGeometry}, {"crane", TryCrane}, {"network_data", TryNetworkData}};
 // clang-format on
 
 TEST(FuzzReplay, EveryTarget) {
