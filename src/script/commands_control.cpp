@@ -11,7 +11,7 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNoControlText = "ERROR - the case was read from KINO files and has no control text";
+inline constexpr std::string_view kNoControlText = "ERROR - the case was read from {} and has no control text";
 inline constexpr std::string_view kNoMemory = "ERROR - no memory to write the control text";
 
 // The texts of all ships, as a run file has them.
@@ -23,7 +23,7 @@ bool AllTexts(const CaseStore& store, std::string& text) {
 
 int RunWriteControl(ScriptCall& call) {
   const CaseStore& store = call.session.case_store;
-  if (store.kino_input) return Fail(call, kScriptFailed, kNoControlText);
+  if (store.kino_input) return Fail(call, kScriptFailed, kNoControlText, store.from_table() ? "a table" : "KINO files");
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
   std::string text;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kBadOption = "Invalid extrapolation option: {}";
 constexpr std::string_view kBadTime = "Invalid extrapolation time: {}";
-constexpr std::string_view kNoVelocities = "ERROR - KINO files have no velocities to extrapolate by";
+constexpr std::string_view kNoVelocities = "ERROR - {} no velocities to extrapolate by";
 constexpr fmt::string_view kBeyondRun = "ERROR - the run has no steps to tell of {} from now";
 constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::size_t kSix = 6;
@@ -57,7 +57,7 @@ bool ExtrapolationAllowed(const Console& console, const CaseStore& store, const 
     Say(console, kBadTime, Shown{request.T_out});
     return false;
   }
-  if (request.option == 1 && store.kino_input) SayLine(console, kNoVelocities);
+  if (request.option == 1 && store.kino_input) Say(console, kNoVelocities, store.from_table() ? "a table has" : "KINO files have");
   return request.option == 0 || !store.kino_input;
 }
 

@@ -21,6 +21,7 @@ namespace {
 
 inline constexpr std::string_view kNotImpulsive = "ERROR - KINO output not relevant for impulsive motion";
 inline constexpr std::string_view kNotIrf = "ERROR - KINO output not relevant for IRF calculation";
+inline constexpr std::string_view kNoMotions = "ERROR - no column of the table is a motion";
 inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 inline constexpr std::string_view kTransformation[] = {
     "To use this file with geometry specified in ZAVO input coordinates,",
@@ -207,6 +208,10 @@ KinoSet write_kino_files(const Platform& platform, std::string_view root, const 
                          CaseStore& case_store) {
   if (!case_store.time_history()) {
     SayLine(platform.console, case_store.tadm_case ? kNotImpulsive : kNotIrf);
+    return KinoSet::refused;
+  }
+  if (!case_store.motions_known) {
+    SayLine(platform.console, kNoMotions);
     return KinoSet::refused;
   }
   if (EnsureSeaway(platform.console, case_store) != WaveAnswer::ok) return KinoSet::failed;
