@@ -21,6 +21,7 @@ constexpr std::size_t kFewRows = 1024;  // room to begin with
 constexpr std::size_t kMostRows = static_cast<std::size_t>(std::numeric_limits<int>::max());
 constexpr std::size_t kShownText = 40;  // columns of a text in a message
 constexpr float kLargest = std::numeric_limits<float>::max();
+constexpr std::string_view kZeroByte("\0", 1);
 constexpr char kQuote = '"';
 
 constexpr std::string_view kTimeNames[] = {"TIME", "T"};
@@ -30,6 +31,7 @@ struct UnitRow {
   std::string_view name;
   TableUnit unit;
 };
+constexpr std::string_view kDegreeSign = "\xC2\xB0", kDegreeSignLatin = "\xB0";  // UTF-8, Latin 1
 constexpr double kDegree = std::numbers::pi / 180;
 constexpr TableUnit kOther{TableUnitKind::other, 1};
 constexpr TableUnit Length(double factor) {
@@ -52,8 +54,8 @@ constexpr UnitRow kUnits[] = {
     {"deg", Angle(kDegree)},
     {"degree", Angle(kDegree)},
     {"degrees", Angle(kDegree)},
-    {"\xC2\xB0", Angle(kDegree)},  // the sign of degrees, in UTF-8 and in Latin 1
-    {"\xB0", Angle(kDegree)},
+    {kDegreeSign, Angle(kDegree)},
+    {kDegreeSignLatin, Angle(kDegree)},
     {"rad", Angle(1)},
     {"s", Time(1)},
     {"sec", Time(1)},
@@ -99,8 +101,16 @@ bool IsComment(std::string_view line) {
   return !line.empty() && (line[0] == '#' || line[0] == '%' || line[0] == '!');
 }
 
+// What a terminal or a picture would take for something else than a letter becomes a blank.
+std::string Printable(std::string_view text) {
+  std::string shown(text);
+  for (char& c : shown)
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = ' ';
+  return shown;
+}
+
 std::string Clipped(std::string_view text) {
-  return std::string(Trim(text).substr(0, kShownText));
+  return Printable(Trim(text).substr(0, kShownText));
 }
 
 // ---- Fields
@@ -208,8 +218,15 @@ bool IsTimeName(std::string_view field) {
   return std::find(std::begin(kTimeNames), std::end(kTimeNames), capitals) != std::end(kTimeNames);
 }
 
+std::string Unbracketed(std::string_view unit) {
+  if (unit.size() >= 2 && (unit.front() == '[' || unit.front() == '(')) unit = unit.substr(1, unit.size() - 2);
+  return unit == "-" ? std::string{} : Printable(Trim(unit));
+}
+
+// The unit of the times, or nothing but units.
 bool IsUnitLine(const std::vector<std::string>& fields, const TableHead& head) {
   if (fields.size() != head.names.size()) return false;
+  if (FindTableUnit(Unbracketed(fields[head.time_column])).kind == TableUnitKind::time) return true;
   bool any = false;
   for (const std::string& field : fields) {
     const bool bracketed = field.size() >= 2 && (field.front() == '[' || field.front() == '(');
@@ -219,9 +236,13 @@ bool IsUnitLine(const std::vector<std::string>& fields, const TableHead& head) {
   return any;
 }
 
-std::string Unbracketed(std::string_view unit) {
-  if (unit.size() >= 2 && (unit.front() == '[' || unit.front() == '(')) unit = unit.substr(1, unit.size() - 2);
-  return unit == "-" ? std::string{} : std::string(Trim(unit));
+// In letters that every picture has.
+std::string PlainUnit(std::string_view unit) {
+  if (unit == kDegreeSign || unit == kDegreeSignLatin) return "deg";
+  std::string text = Printable(unit);
+  for (const std::string_view square : {std::string_view("\xC2\xB2"), std::string_view("\xB2")})
+    if (const std::size_t at = text.find(square); at != std::string::npos) text.replace(at, square.size(), "^2");
+  return text;
 }
 
 // Is it a heading with times? Then it takes the place of the one before.
@@ -236,6 +257,8 @@ bool TakeHeading(std::string_view line, std::int64_t number, TableHead& head) {
   head.names.resize(fields.size());
   head.units.resize(fields.size());
   for (std::size_t i = 0; i < fields.size(); ++i) SplitHeading(fields[i], head.names[i], head.units[i]);
+  for (std::string& name : head.names) name = Printable(name);
+  for (std::string& unit : head.units) unit = PlainUnit(unit);
   while (head.names.size() > head.time_column + 1 && head.names.back().empty()) {  // separators at the end of the line
     head.names.pop_back();
     head.units.pop_back();
@@ -256,13 +279,14 @@ TableFault CheckHead(const TableHead& head, std::string_view line) {
 
 // The line behind the heading: units alone, or the first row, which is given once more.
 void TakeUnitLine(std::string_view line, LineSource& source, TableHead& head) {
-  const std::vector<std::string> fields = Fields(line, head.separator);
+  std::vector<std::string> fields = Fields(line, head.separator);
+  while (fields.size() > head.names.size() && fields.back().empty()) fields.pop_back();
   if (!IsUnitLine(fields, head)) {
     source.again = true;
     return;
   }
   for (std::size_t i = 0; i < fields.size(); ++i)
-    if (std::string unit = Unbracketed(fields[i]); !unit.empty()) head.units[i] = std::move(unit);
+    if (const std::string unit = Unbracketed(fields[i]); !unit.empty()) head.units[i] = PlainUnit(unit);
 }
 
 struct TextLine {
@@ -415,22 +439,26 @@ void SplitHeading(std::string_view field, std::string& name, std::string& unit) 
 
 TableFault ReadTableHead(LineSource& source, TableHead& head) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  std::string heading;
+  std::string heading, note;
   TextLine last;
   std::string_view line;
   head = {};
   while (NextRawLine(source, line)) {
     if (source.line_number == 1 && StartsWith(line, kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
+    if (Contains(line, kZeroByte)) return {Kind::no_text, source.line_number};
     if (IsBlank(line)) continue;
     const bool comment = IsComment(line);
     if (TakeHeading(comment ? line.substr(1) : line, source.line_number, head)) {
       heading = line.substr(comment ? 1 : 0);
       continue;
     }
-    if (comment) continue;
+    if (comment) {
+      if (head.line == 0 && note.empty()) note = Printable(Trim(line.substr(1)));
+      continue;
+    }
     if (head.line > 0) {
       if (TableFault fault = CheckHead(head, heading); fault.kind != Kind::none) return fault;
-      head.title = last.text;
+      head.title = last.line > 0 ? Printable(last.text) : note;
       TakeUnitLine(line, source, head);
       return {};
     }

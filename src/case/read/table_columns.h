@@ -15,7 +15,7 @@ namespace zaview {
 struct TableHead {
   char separator = ',';
   std::int64_t line = 0;                  // of the heading, from 1
-  std::string title;                      // the line ahead of it that is no comment; blank: none
+  std::string title;                      // the line ahead of it, else the first comment; blank: none
   std::vector<std::string> names, units;  // of all columns; without quotes; unit blank: none
   std::size_t time_column = 0;            // index
 };
@@ -33,6 +33,7 @@ struct TableRows {
 enum class TableFaultKind : std::uint8_t {
   none,
   empty,             // no line with text
+  no_text,           // zero bytes: another coding of letters
   no_heading,        // numbers without one
   no_separator,      // a heading in one piece
   no_time,           // no column of times in the heading

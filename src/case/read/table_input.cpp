@@ -59,6 +59,7 @@ struct FaultText {
 };
 constexpr FaultText kFaults[] = {
     {TableFaultKind::empty, "no text"},
+    {TableFaultKind::no_text, "no letters of one byte (a table in UTF-16 must be saved as UTF-8)"},
     {TableFaultKind::no_heading, "no heading ahead of the numbers {}"},
     {TableFaultKind::no_separator, "no comma, semicolon or tab in the heading {}"},
     {TableFaultKind::no_time, "no column with the name time or t in the heading {}"},

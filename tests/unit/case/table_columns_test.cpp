@@ -52,6 +52,7 @@ TEST(TableColumns, FormsOfTables) {
       {"# t,z, m\n0,+1\n", ""},  // three names for two fields
       {"# t,\"z, m\"\n# more\n0,+1\n", "z|m; 0: 1/"},
       {"time,a,b,c,d,e\n0,NaN,-,,n/a,Inf\n", "a|;b|;c|;d|;e|; 0: * * * * */"},
+      {"t,v,roll,\ns,m/h\xC2\xB2,\xC2\xB0,\n0,1,2,\n", "v|m/h^2;roll|deg; 0: 1 2/"},
       {"T [degC],t,z\n9,0,1\n", "T|degC;z|; 0: 9 1/"},
       {"t,z,\n0,1,\n\n# note\n1,2,,\n", "z|; 0: 1/ 1: 2/"},
       {"t,z\n0,1\n1,2\n\nTime History\nt,v\n0,7\n", "z|; 0: 1/ 1: 2/"},
@@ -61,9 +62,10 @@ TEST(TableColumns, FormsOfTables) {
     const Read read = ReadText(c.text);
     EXPECT_EQ(read.fault.kind == TableFaultKind::none ? Show(read) : "", c.shown) << c.text;
   }
-  EXPECT_EQ(ReadText(cases[9].text).rows.further_line, 5);
-  EXPECT_EQ(ReadText(cases[10].text).rows.cut_line, 3);
+  EXPECT_EQ(ReadText(cases[10].text).rows.further_line, 5);
+  EXPECT_EQ(ReadText(cases[11].text).rows.cut_line, 3);
   EXPECT_EQ(ReadText(cases[3].text).head.title, "a title, of two parts");
+  EXPECT_EQ(ReadText(cases[5].text).head.title, "");
 }
 
 TEST(TableColumns, FaultsHaveTheirPlace) {
