@@ -296,7 +296,7 @@ ReferenceRow OptionEntry(const OptionWords& option) {
 ReferenceTopic OptionTopic() {
   ReferencePart part{"",
                      {"zaview [option ..] [run.out ..]: options may stand anywhere, in any case; * ? and [..] match "
-                      "several runs."},
+                      "several runs. A name that ends in .csv or .tsv is a table of measured data."},
                      {}};
   for (const OptionWords& option : CommandLineOptions()) {
     const bool form_of_another = option.words[0] == "-ROOT" && option.beginning;
