@@ -1,5 +1,7 @@
-// How often do the 95 % intervals hold the true value? 10 000 records of a Gaussian sea with a known spectrum, of three
-// lengths, alone and in ensembles of ten. Run by hand; the figures stand in docs/intervals.md.
+// How often do the 95 % intervals hold the true value? 10 000 records of seas whose spectrum is known: the heave of a
+// ship, slamming pressures that are skewed, roll in a narrow band; alone and in ensembles of ten, by formula and by the
+// bootstrap. Run by hand; the figures stand in docs/intervals.md.
+//   interval_study [records [resamples]]
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,44 +11,88 @@
 #include <numbers>
 #include <random>
 #include <span>
+#include <string>
 #include <thread>
 #include <vector>
 
+#include "stats/block_bootstrap.h"
 #include "stats/ensemble_stats.h"
+#include "stats/interval_cells.h"
 #include "stats/peak_stats.h"
 #include "stats/record_stats.h"
+#include "stats/statistic_table.h"
 
 namespace zaview {
 namespace {
 
 constexpr double kDt = 0.5;  // seconds
-constexpr int kRecords = 10000;
 constexpr int kEnsemble = 10;
 constexpr float kProbability = 0.95F;
-constexpr int kThird = 3;
+constexpr int kHighest[] = {3, 10};
 
-// JONSWAP, significant height 4 m, peak period 9.5 s, peak enhancement 3.3.
-double Spectrum(double w) {
-  constexpr double kHeight = 4, kPeriod = 9.5, kGamma = 3.3;
-  const double w0 = 2 * std::numbers::pi / kPeriod;
+// ---- The seas
+
+// JONSWAP of unit variance, peak enhancement 3.3.
+double Jonswap(double w, double period) {
+  constexpr double kGamma = 3.3;
+  const double w0 = 2 * std::numbers::pi / period;
   if (w <= 0) return 0;
   const double sigma = w <= w0 ? 0.07 : 0.09;
   const double peak = std::exp(-(w - w0) * (w - w0) / (2 * sigma * sigma * w0 * w0));
   const double shape =
       std::pow(w0, 4) / std::pow(w, 5) * std::exp(-1.25 * std::pow(w0 / w, 4)) * std::pow(kGamma, peak);
-  return kHeight * kHeight / 16 / (0.06533 * std::pow(kGamma, 0.8015) + 0.13467) * shape;
+  return shape / (0.06533 * std::pow(kGamma, 0.8015) + 0.13467);
 }
 
-// A Gaussian record of n samples, cut from one of twice its length that repeats itself, so that its ends are strangers.
+double Elevation(double w) {
+  return Jonswap(w, 9.5);
+}
+
+// A ship that no longer follows waves shorter than some 140 m.
+double Heave(double w) {
+  return Jonswap(w, 9.5) / (1 + std::pow(w / 0.66, 6));
+}
+
+// Resonance at 12 s with 3 % of critical damping.
+double Roll(double w) {
+  constexpr double kDamping = 0.03;
+  const double r = w * 12 / (2 * std::numbers::pi);
+  return Jonswap(w, 10.5) / ((1 - r * r) * (1 - r * r) + 4 * kDamping * kDamping * r * r);
+}
+
+double Linear(double x) {
+  return x;
+}
+
+// Relative motion, and a pressure with the square of what it is over 0.8 standard deviations: skewness 1.6.
+double Slam(double x) {
+  const double over = std::max(0.0, x - 0.8);
+  return x + 0.6 * over * over;
+}
+
+struct SeaKind {
+  const char* name;
+  double (*spectrum)(double w);
+  double (*shape)(double x);  // of a Gaussian process of unit variance
+};
+constexpr SeaKind kSeas[] = {
+    {"waves", Elevation, Linear}, {"heave", Heave, Linear}, {"slamming", Elevation, Slam}, {"roll", Roll, Linear}};
+
+// A record of n samples, cut from one of twice its length that repeats itself, so that its ends are strangers.
 class Sea {
  public:
-  Sea(int n, unsigned seed) : n_(n), random_(seed), half_(static_cast<std::size_t>(n) + 1) {
+  Sea(const SeaKind& kind, int n, unsigned seed)
+      : shape_(kind.shape), n_(n), random_(seed), half_(static_cast<std::size_t>(n) + 1) {
     spectrum_ = fftw_alloc_complex(half_);
     samples_ = fftw_alloc_real(2 * static_cast<std::size_t>(n));
     plan_ = fftw_plan_dft_c2r_1d(2 * n, spectrum_, samples_, FFTW_ESTIMATE);
-    dw_ = 2 * std::numbers::pi / (2 * n * kDt);
-    for (std::size_t k = 0; k < half_; ++k)
-      deviation_.push_back(std::sqrt(Spectrum(static_cast<double>(k) * dw_) * dw_));
+    const double dw = 2 * std::numbers::pi / (2 * n * kDt);
+    double variance = 0;
+    for (std::size_t k = 0; k < half_; ++k) {
+      deviation_.push_back(std::sqrt(kind.spectrum(static_cast<double>(k) * dw)));
+      variance += deviation_[k] * deviation_[k];
+    }
+    for (double& deviation : deviation_) deviation /= std::sqrt(variance);
   }
   Sea(const Sea&) = delete;
   Sea& operator=(const Sea&) = delete;
@@ -63,122 +109,189 @@ class Sea {
     }
     fftw_execute(plan_);
     record.resize(static_cast<std::size_t>(n_));
-    for (std::size_t i = 0; i < record.size(); ++i) record[i] = static_cast<float>(samples_[i]);
-  }
-  [[nodiscard]] double StandardDeviation() const {
-    double variance = 0;
-    for (const double deviation : deviation_) variance += deviation * deviation;
-    return std::sqrt(variance);
+    for (std::size_t i = 0; i < record.size(); ++i) record[i] = static_cast<float>(shape_(samples_[i]));
   }
 
  private:
+  double (*shape_)(double);
   int n_;
   std::mt19937_64 random_;
   std::size_t half_;
   fftw_complex* spectrum_;
   double* samples_;
   fftw_plan plan_;
-  double dw_ = 0;
   std::vector<double> deviation_;
 };
 
-struct Estimate {
-  float value = 0, half_width = 0;
-};
-using Estimates = std::array<Estimate, 3>;  // mean, standard deviation, significant amplitude
+// ---- What is looked at
 
-Estimates OfRecord(std::span<const float> x) {
-  RecordStats stats;
-  RecordPeakStats peaks;
-  (void)CalcRecordStats(1, x, kProbability, stats);
-  (void)CalcRecordPeakStats(kThird, 0, x, kProbability, peaks);
-  return {{{stats.xm, stats.xmci}, {stats.xs, stats.xsci}, {peaks.xpkN, peaks.xpkNci}}};
+constexpr int kStatistics[] = {kStatMean,      kStatStdev, kStatThird,   kStatThird + 1, kStatThird + 2,
+                               kStatThird + 3, kStatNth,   kStatNth + 1, kStatNth + 2,   kStatNth + 3};
+constexpr const char* kNames[] = {"mean",         "standard deviation", "significant amplitude", "1/3 tops",
+                                  "1/3 bottoms",  "significant height", "1/10 amplitude",        "1/10 tops",
+                                  "1/10 bottoms", "1/10 height"};
+constexpr std::size_t kCount = std::size(kStatistics);
+
+using Cells = std::array<IntervalCells, kCount>;
+Cells CellsOf(const IntervalValues& values) {
+  Cells cells;
+  for (std::size_t i = 0; i < kCount; ++i) cells[i] = IntervalCellsOf(kStatistics[i], values);
+  return cells;
 }
 
-constexpr int kFew = 0, kMany = 1;  // ENSEMBLE_NMANY: the scheme of few records, of many
-
-Estimates OfEnsemble(EnsembleRecords X, int nmany, const RecordPeakStats& peaks) {
-  EnsembleStats stats;
-  (void)CalcEnsembleStats(1, X, kProbability, nmany, stats);
-  return {{{stats.xme, stats.xmeci}, {stats.xse, stats.xseci}, {peaks.xpkN, peaks.xpkNci}}};
+double HighestOf(const PeakList& list, double sign, int N) {
+  std::vector<double> height;
+  for (const float v : list.value) height.push_back(sign * static_cast<double>(v));
+  std::sort(height.begin(), height.end(), std::greater<>());
+  height.resize(height.size() / static_cast<std::size_t>(N));
+  double sum = 0;
+  for (const double h : height) sum += h;
+  return sign * sum / static_cast<double>(height.size());
 }
 
-struct Study {
-  std::vector<Estimates> alone, few, many;
-
-  void Append(const Study& other) {
-    alone.insert(alone.end(), other.alone.begin(), other.alone.end());
-    few.insert(few.end(), other.few.begin(), other.few.end());
-    many.insert(many.end(), other.many.begin(), other.many.end());
+// From 1600 hours: as the tables, in double.
+std::array<double, kCount> TrueValues(const SeaKind& kind) {
+  constexpr int kParts = 6;
+  std::array<double, kCount> truth{};
+  Sea sea(kind, 1 << 21, 999);
+  std::vector<float> record;
+  for (int part = 0; part < kParts; ++part) {
+    sea.Draw(record);
+    double mean = 0, squares = 0;
+    for (const float v : record) mean += static_cast<double>(v) / static_cast<double>(record.size());
+    for (const float v : record)
+      squares += (static_cast<double>(v) - mean) * (static_cast<double>(v) - mean) / static_cast<double>(record.size());
+    Peaks peaks;
+    const std::span<const float> span(record);
+    GetPeaks(std::span(&span, 1), static_cast<float>(mean), peaks);
+    std::array<double, kCount> here = {mean, std::sqrt(squares)};
+    std::size_t i = 2;
+    for (const int N : kHighest) {
+      const double top = HighestOf(peaks.top, 1, N), bottom = HighestOf(peaks.bottom, -1, N);
+      for (const double value : {HighestOf(peaks.all, 1, N), top, bottom, top - bottom}) here[i++] = value;
+    }
+    for (std::size_t k = 0; k < kCount; ++k) truth[k] += here[k] / kParts;
   }
-};
+  if (kind.shape == Linear) truth[0] = 0;
+  return truth;
+}
 
-// Half of the records; each thread has its own stream of random numbers.
-void Run(Sea& sea, int ensembles, Study& study) {
-  std::vector<std::vector<float>> records(kEnsemble);
-  for (int e = 0; e < ensembles; ++e) {
-    std::vector<std::span<const float>> spans;
+struct Count {
+  int held = 0, told = 0, all = 0;
+  double width = 0;
+};
+using Counts = std::array<Count, kCount>;
+
+void Add(const Cells& cells, const std::array<double, kCount>& truth, Counts& counts) {
+  for (std::size_t i = 0; i < kCount; ++i) {
+    Count& count = counts[i];
+    ++count.all;
+    if (!IsTold(cells[i])) continue;
+    ++count.told;
+    count.held += static_cast<double>(cells[i][1]) <= truth[i] && truth[i] <= static_cast<double>(cells[i][3]) ? 1 : 0;
+    count.width += static_cast<double>(cells[i][0]);
+  }
+}
+
+// ---- Methods
+
+IntervalValues ByFormula(EnsembleRecords X, int nmany) {
+  IntervalValues values;
+  std::array<RecordPeakStats, 2> peaks;
+  if (X.size() == 1) {
+    (void)CalcRecordStats(1, X[0], kProbability, values.record);
+    (void)CalcRecordPeakStats(kHighest, 0, X[0], kProbability, peaks);
+  } else {
+    EnsembleStats s;
+    (void)CalcEnsembleStats(1, X, kProbability, nmany, s);
+    values.record = {s.xme, s.xve, s.xse, s.xmeci, s.xveci, s.xseci, s.xmin, s.xmax};
+    (void)CalcEnsemblePeakStats(kHighest, 0, X, kProbability, peaks);
+  }
+  values.third = peaks[0];
+  values.nth = peaks[1];
+  return values;
+}
+
+void ByBlocks(EnsembleRecords X, int resamples, int seed, IntervalValues& values) {
+  BootstrapRequest request;
+  request.prob = kProbability;
+  request.resamples = resamples;
+  request.seed = seed;
+  request.threads = 1;
+  Bootstrap bootstrap;
+  BeginBootstrap(X, request, bootstrap);
+  while (MakeResamples(bootstrap, resamples)) {
+  }
+  values.by_blocks = true;
+  values.blocks = IntervalsOf(bootstrap);
+}
+
+struct Case {
+  const SeaKind& kind;
+  int steps, records;  // of each record; in an ensemble
+  int samples, resamples;
+  std::array<double, kCount> truth;
+};
+constexpr std::size_t kFew = 0, kMany = 1, kBlocks = 2;  // ENSEMBLE_NMANY 0, 1; the bootstrap
+using Study = std::array<Counts, 3>;
+
+void Run(const Case& c, Sea& sea, int first, int count, Study& study) {
+  std::vector<std::vector<float>> records(static_cast<std::size_t>(c.records));
+  for (int i = first; i < first + count; ++i) {
+    std::vector<std::span<const float>> X;
     for (std::vector<float>& record : records) {
       sea.Draw(record);
-      spans.emplace_back(record);
-      study.alone.push_back(OfRecord(record));
+      X.emplace_back(record);
     }
-    std::array<RecordPeakStats, 1> peaks;  // no matter of the scheme
-    const int N[] = {kThird};
-    (void)CalcEnsemblePeakStats(N, 0, spans, kProbability, peaks);
-    study.few.push_back(OfEnsemble(spans, kFew, peaks[0]));
-    study.many.push_back(OfEnsemble(spans, kMany, peaks[0]));
+    IntervalValues values = ByFormula(X, 0);
+    Add(CellsOf(values), c.truth, study[kFew]);
+    if (c.records > 1) Add(CellsOf(ByFormula(X, 1)), c.truth, study[kMany]);
+    ByBlocks(X, c.resamples, i + 1, values);
+    Add(CellsOf(values), c.truth, study[kBlocks]);
   }
 }
 
-// The mean of the estimates of the longest records, whose bias is the least: what a very long record would give. The
-// significant amplitude has no closed form here: sampled peaks of a sea with a wide spectrum.
-double MeanOf(const std::vector<Estimates>& estimates, std::size_t which) {
-  double sum = 0;
-  for (const Estimates& estimate : estimates) sum += static_cast<double>(estimate[which].value);
-  return sum / static_cast<double>(estimates.size());
-}
-
-void Print(const char* what, const std::vector<Estimates>& estimates, const std::array<double, 3>& truth) {
-  std::printf("%-13s", what);
-  for (std::size_t which = 0; which < truth.size(); ++which) {
-    std::size_t held = 0;
-    double width = 0;
-    for (const Estimates& estimate : estimates) {
-      const Estimate& e = estimate[which];
-      held += std::abs(static_cast<double>(e.value) - truth[which]) <= static_cast<double>(e.half_width) ? 1 : 0;
-      width += static_cast<double>(e.half_width);
+void Print(const Case& c, const Study& study) {
+  std::printf("\n%s, %d x %g minutes\n", c.kind.name, c.records, c.steps * kDt / 60);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    std::printf("  %-22s %9.4f", kNames[i], c.truth[i]);
+    for (const std::size_t method : {kFew, kMany, kBlocks}) {
+      const Count& count = study[method][i];
+      if (count.all == 0) continue;
+      const double told = std::max(1, count.told);
+      std::printf("   %5.1f %% (%.4f)", 100.0 * count.held / told, count.width / told);
+      if (method == kBlocks) std::printf("   told in %5.1f %%", 100.0 * count.told / count.all);
     }
-    const double count = static_cast<double>(estimates.size());
-    std::printf("   %5.1f %% (half width %.4f, bias %+.4f)", 100.0 * static_cast<double>(held) / count, width / count,
-                MeanOf(estimates, which) - truth[which]);
+    std::printf("\n");
   }
-  std::printf("\n");
+  (void)std::fflush(stdout);
 }
 
-int Main() {
-  constexpr std::array<int, 3> kLengths = {1200, 3600, 21600};  // 10 minutes, half an hour, three hours
-  std::array<Study, kLengths.size()> studies;
-  for (std::size_t i = 0; i < kLengths.size(); ++i) {
-    const unsigned seed = 100U + 2U * static_cast<unsigned>(i);
-    Sea seas[] = {{kLengths[i], seed}, {kLengths[i], seed + 1U}};  // transforms are planned on one thread
-    Study halves[2];
-    std::thread other([&] { Run(seas[1], kRecords / kEnsemble / 2, halves[1]); });
-    Run(seas[0], kRecords / kEnsemble / 2, halves[0]);
-    other.join();
-    for (const Study& half : halves) studies[i].Append(half);
+void RunCase(const Case& c) {
+  Sea seas[] = {{c.kind, c.steps, 100U}, {c.kind, c.steps, 101U}};  // transforms are planned on one thread
+  Study halves[2];
+  const int half = c.samples / 2;
+  std::thread other([&] { Run(c, seas[1], half, half, halves[1]); });
+  Run(c, seas[0], 0, half, halves[0]);
+  other.join();
+  for (std::size_t method = 0; method < halves[0].size(); ++method) {
+    for (std::size_t i = 0; i < kCount; ++i) {
+      Count& to = halves[0][method][i];
+      const Count& from = halves[1][method][i];
+      to = {to.held + from.held, to.told + from.told, to.all + from.all, to.width + from.width};
+    }
   }
-  const std::array<double, 3> truth = {0, Sea(kLengths.back(), 1).StandardDeviation(), MeanOf(studies.back().few, 2)};
-  std::printf("true values: mean %g, standard deviation %.6f, significant amplitude %.6f\n", truth[0], truth[1],
-              truth[2]);
-  std::printf(
-      "records of      mean                                       standard deviation"
-      "                         significant amplitude\n");
-  for (std::size_t i = 0; i < kLengths.size(); ++i) {
-    std::printf("%g s\n", kLengths[i] * kDt);
-    Print("  1 record", studies[i].alone, truth);
-    Print("  10 records", studies[i].few, truth);
-    Print("  10, NMANY 1", studies[i].many, truth);
+  Print(c, halves[0]);
+}
+
+int Main(int samples, int resamples) {
+  constexpr int kHalfHour = 3600, kThreeHours = 21600;  // steps
+  std::printf("sea, statistic, true value; formula, in ensembles with ENSEMBLE_NMANY 1 too, bootstrap\n");
+  for (const SeaKind& kind : kSeas) {
+    const std::array<double, kCount> truth = TrueValues(kind);
+    RunCase({kind, kHalfHour, 1, samples, resamples, truth});
+    RunCase({kind, kThreeHours, 1, samples, resamples, truth});
+    RunCase({kind, kHalfHour, kEnsemble, samples / kEnsemble, resamples, truth});
   }
   return EXIT_SUCCESS;
 }
@@ -186,6 +299,7 @@ int Main() {
 }  // namespace
 }  // namespace zaview
 
-int main() {
-  return zaview::Main();
+int main(int argc, char** argv) {
+  const int samples = argc > 1 ? std::atoi(argv[1]) : 10000, resamples = argc > 2 ? std::atoi(argv[2]) : 1000;
+  return zaview::Main(std::max(samples, 20), std::max(resamples, zaview::kFewestResamples));
 }

@@ -1,5 +1,8 @@
 #include "stats/interval_cells.h"
 
+#include <cmath>
+#include <limits>
+
 #include "stats/statistic_table.h"
 
 namespace zaview {
@@ -25,9 +28,7 @@ IntervalCells PeakCells(int side, const RecordPeakStats& p) {
   return cells;
 }
 
-}  // namespace
-
-IntervalCells IntervalCellsOf(int number, const IntervalValues& v) {
+IntervalCells FormulaCells(int number, const IntervalValues& v) {
   if (number >= kStatNth && number < kStatNth + kStatSides) return PeakCells(number - kStatNth, v.nth);
   if (number >= kStatThird && number < kStatThird + kStatSides) return PeakCells(number - kStatThird, v.third);
   if (number == kStatMean) return Symmetric(v.record.xm, v.record.xmci);
@@ -36,6 +37,41 @@ IntervalCells IntervalCellsOf(int number, const IntervalValues& v) {
   if (number == kStatSsa)
     for (float& cell : cells) cell = 2.0F * cell;
   return cells;
+}
+
+const BootstrapInterval& BlockInterval(int number, const BootstrapIntervals& blocks) {
+  const auto side = [number](int first) { return static_cast<std::size_t>(number - first); };
+  if (number >= kStatNth && number < kStatNth + kStatSides) return blocks.nth[side(kStatNth)];
+  if (number >= kStatThird && number < kStatThird + kStatSides) return blocks.third[side(kStatThird)];
+  return number == kStatMean ? blocks.mean : blocks.variance;
+}
+
+// The intervals of standard deviation and SSA are those of the variance.
+float FromVariance(int number, float variance) {
+  return (number == kStatSsa ? 2.0F : 1.0F) * std::sqrt(variance);
+}
+
+}  // namespace
+
+IntervalCells IntervalCellsOf(int number, const IntervalValues& v) {
+  IntervalCells cells = FormulaCells(number, v);
+  if (!v.by_blocks) return cells;
+  const float estimate = cells[2];
+  const BootstrapInterval& interval = BlockInterval(number, v.blocks);
+  if (!interval.told) {
+    constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+    return {kNone, kNone, estimate, kNone};
+  }
+  float low = interval.low, high = interval.high;
+  if (number == kStatStdev || number == kStatSsa) {
+    low = FromVariance(number, low);
+    high = FromVariance(number, high);
+  }
+  return {(high - low) / 2.0F, low, estimate, high};
+}
+
+bool IsTold(const IntervalCells& cells) {
+  return !std::isnan(cells[0]);
 }
 
 bool IntervalNeedsPeaks(int number) {

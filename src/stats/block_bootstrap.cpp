@@ -1,0 +1,364 @@
+#include "stats/block_bootstrap.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <numbers>
+
+#include "base/side_by_side.h"
+#include "stats/autocovariance.h"
+#include "stats/dependence_time.h"
+#include "stats/peak_stats.h"
+
+namespace zaview {
+
+namespace {
+
+constexpr double kBlockLength = 1.25;                        // in dependence times
+constexpr double kFewestBlocks = 25;                         // a block is no longer than this part of all time
+constexpr std::size_t kShortestBlock = 4;                    // samples
+constexpr std::size_t kStartsPerBlock = 16;                  // of the blocks in which the records themselves are seen
+constexpr double kShortRecords = 0.3;                        // of an error, times N, for each dependence time
+constexpr double kMostLedOn = 0.6;                           // of a variance, from shorter to long blocks
+constexpr std::size_t kFadingLength = 2, kFadingStarts = 8;  // of blocks that fade, in blocks; starts in a block
+constexpr std::size_t kResamplesAtOnce = 8;
+constexpr std::size_t kMean = kBlockEstimates;
+constexpr std::array<std::size_t, 2> kFirstOf = {1, 5};  // estimates of the highest 1/3, 1/N
+constexpr std::size_t kAll = 0, kTop = 1, kBottom = 2, kDouble = 3;
+
+double Square(double x) {
+  return x * x;
+}
+
+struct Workspace {  // kept from resample to resample
+  std::vector<TimeBlock> blocks;
+  std::vector<std::int32_t> weight;
+  std::vector<double> over;                                          // running sums of what peaks are over a threshold
+  std::array<std::array<std::vector<double>, kPeakSides>, 2> parts;  // of each block in an average, by N and side
+};
+
+// ---- What blocks tell
+
+void EstimateVariance(const BlockRecords& records, std::span<const TimeBlock> blocks, BlockEstimate& out) {
+  double length = 0, sum = 0, squares = 0;
+  for (const TimeBlock& block : blocks) {
+    length += block.length;
+    sum += SumOf(block, records.sum);
+    squares += SumOf(block, records.squares);
+  }
+  const double mean = sum / length, variance = squares / length - mean * mean;
+  double spread = 0;
+  for (const TimeBlock& block : blocks)
+    spread += Square(SumOf(block, records.squares) - 2 * mean * SumOf(block, records.sum) +
+                     block.length * (mean * mean - variance));
+  out.value[0] = variance;
+  out.error[0] = std::sqrt(spread) / (length * variance);
+}
+
+// How often each peak is in the blocks; the result is the number of them all.
+double WeighPeaks(const PeakHeights& peaks, std::span<const TimeBlock> blocks, std::vector<std::int32_t>& weight) {
+  weight.assign(peaks.height.size() + 1, 0);
+  double all = 0;
+  for (const TimeBlock& block : blocks) {
+    for (const TimeBlock::Part& part : block.parts) {
+      const std::uint32_t from = peaks.first[part.from], to = peaks.first[part.to];
+      ++weight[from];
+      --weight[to];
+      all += static_cast<double>(to - from);
+    }
+  }
+  for (std::size_t i = 1; i < weight.size(); ++i) weight[i] += weight[i - 1];
+  return all;
+}
+
+struct HighestAverage {
+  double average = 0, threshold = 0;
+};
+
+// The averages of the highest `count` peaks; counts ascend.
+void AverageHighest(const PeakHeights& peaks, std::span<const std::int32_t> weight, std::span<const double> counts,
+                    std::span<HighestAverage> out) {
+  double taken = 0, sum = 0;
+  std::size_t next = 0;
+  for (const std::uint32_t i : peaks.order) {
+    const double here = weight[i], height = peaks.height[i];
+    for (; next < counts.size() && taken + here >= counts[next]; ++next)
+      out[next] = {(sum + (counts[next] - taken) * height) / counts[next], height};
+    if (next == counts.size()) return;
+    taken += here;
+    sum += here * height;
+  }
+}
+
+// What each block adds to an average.
+void PeakParts(const PeakHeights& peaks, std::span<const TimeBlock> blocks, const HighestAverage& highest, double N,
+               double all, std::vector<double>& over, std::vector<double>& parts) {
+  over.resize(peaks.height.size() + 1);
+  over[0] = 0;
+  for (std::size_t i = 0; i < peaks.height.size(); ++i)
+    over[i + 1] = over[i] + std::max(peaks.height[i] - highest.threshold, 0.0);
+  parts.clear();
+  for (const TimeBlock& block : blocks) {
+    double part = 0;
+    for (const TimeBlock::Part& p : block.parts) {
+      const std::uint32_t from = peaks.first[p.from], to = peaks.first[p.to];
+      part += N * (over[to] - over[from]) + (highest.threshold - highest.average) * static_cast<double>(to - from);
+    }
+    parts.push_back(part / all);
+  }
+}
+
+double RootOfSquares(std::span<const double> parts) {
+  double sum = 0;
+  for (const double part : parts) sum += part * part;
+  return std::sqrt(sum);
+}
+
+void EstimatePeaks(const Bootstrap& b, std::span<const TimeBlock> blocks, Workspace& work, BlockEstimate& out) {
+  const std::array<double, 2> N = {3.0, static_cast<double>(std::max(1, b.request.N))};
+  const std::size_t rarer = N[1] >= N[0] ? 1 : 0;  // the one of fewer peaks
+  for (std::size_t side = 0; side < kPeakSides; ++side) {
+    const PeakHeights& peaks = b.records.peaks[side];
+    const double all = WeighPeaks(peaks, blocks, work.weight);
+    const std::array<double, 2> counts = {all / N[rarer], all / N[1 - rarer]};
+    std::array<HighestAverage, 2> highest;
+    AverageHighest(peaks, work.weight, counts, highest);
+    for (std::size_t i = 0; i < 2; ++i) {
+      const std::size_t which = i == 0 ? rarer : 1 - rarer;
+      std::vector<double>& parts = work.parts[which][side];
+      PeakParts(peaks, blocks, highest[i], N[which], all, work.over, parts);
+      out.value[kFirstOf[which] + side] = highest[i].average;
+      out.error[kFirstOf[which] + side] = RootOfSquares(parts) / highest[i].average;
+    }
+  }
+  for (std::size_t which = 0; which < 2; ++which) {
+    std::vector<double>& parts = work.parts[which][kTop];
+    for (std::size_t i = 0; i < parts.size(); ++i) parts[i] += work.parts[which][kBottom][i];
+    const std::size_t first = kFirstOf[which];
+    const double height = out.value[first + kTop] + out.value[first + kBottom];
+    out.value[first + kDouble] = height;
+    out.error[first + kDouble] = RootOfSquares(parts) / height;
+  }
+}
+
+// Errors are those of as many blocks as there are.
+void EstimateOf(const Bootstrap& b, std::span<const TimeBlock> blocks, Workspace& work, BlockEstimate& out) {
+  EstimateVariance(b.records, blocks, out);
+  if (b.request.peaks) EstimatePeaks(b, blocks, work, out);
+}
+
+// ---- The records themselves
+
+// From overlapping blocks all over the records.
+BlockEstimate EstimateRecords(const Bootstrap& b, std::size_t length, Workspace& work) {
+  const std::size_t step = std::max<std::size_t>(1, length / kStartsPerBlock);
+  work.blocks.clear();
+  for (std::size_t first = 0; first < b.records.samples(); first += step)
+    work.blocks.push_back(BlockAt(b.records, first, length));
+  BlockEstimate out;
+  EstimateOf(b, work.blocks, work, out);
+  const double seen = static_cast<double>(work.blocks.size());
+  const double apart = static_cast<double>(b.records.samples()) / static_cast<double>(length);
+  for (double& error : out.error) error *= std::sqrt(seen / (apart - 1));
+  return out;
+}
+
+void LeadOn(const BlockEstimate& half, BlockEstimate& whole) {
+  for (std::size_t i = 0; i < kBlockEstimates; ++i)
+    whole.error[i] *= std::sqrt(1 + std::clamp(1 - Square(half.error[i] / whole.error[i]), 0.0, kMostLedOn));
+}
+
+// The mean square of blocks that fade in and out, over the squares of their weights: n times the variance of the mean
+// of n samples, if n is large.
+double FadingSpread(std::span<const std::vector<float>> centred, std::size_t length, std::size_t step) {
+  std::vector<double> weight(length);
+  double squares = 0;
+  for (std::size_t i = 0; i < length; ++i) {
+    const double sine = std::sin(std::numbers::pi * (static_cast<double>(i) + 0.5) / static_cast<double>(length));
+    weight[i] = Square(Square(sine));
+    squares += Square(weight[i]);
+  }
+  double spread = 0, count = 0;
+  for (const std::vector<float>& c : centred) {
+    for (std::size_t first = 0; first + length <= c.size(); first += step, ++count) {
+      double sum = 0;
+      for (std::size_t i = 0; i < length; ++i) sum += weight[i] * static_cast<double>(c[first + i]);
+      spread += sum * sum / squares;
+    }
+  }
+  return count > 0 ? spread / count : 0.0;
+}
+
+double PlainSpread(const BlockRecords& records, std::size_t length, std::size_t step) {
+  double spread = 0, count = 0;
+  for (std::size_t r = 0; r < records.records(); ++r)
+    for (std::size_t first = records.start[r]; first + length <= records.start[r + 1]; first += step, ++count)
+      spread += Square(records.sum[first + length] - records.sum[first]);
+  return count > 0 ? spread / count : 0.0;
+}
+
+double MeanError(const Bootstrap& b, std::span<const std::vector<float>> centred, std::size_t shortest) {
+  const std::size_t fading = std::min(kFadingLength * b.length, shortest);
+  const std::size_t step = std::max<std::size_t>(1, b.length / kFadingStarts);
+  const double spread = FadingSpread(centred, fading, step);
+  const double ends = std::max(0.0, PlainSpread(b.records, b.length, step) - static_cast<double>(b.length) * spread);
+  const double n = static_cast<double>(b.records.samples());
+  const double apart = std::max(2.0, 1.5 * n / static_cast<double>(fading));  // of fading blocks; one went to the mean
+  return std::sqrt(spread / n / (1 - 1 / apart) + ends * static_cast<double>(b.records.records()) / Square(n));
+}
+
+// Errors of short records come out too small, most of all of what few peaks tell; by how much was found with known seas
+// (docs/intervals.md).
+double ShortRecordFactor(const Bootstrap& b, int N) {
+  return 1 + kShortRecords * static_cast<double>(std::max(N, 3)) / b.dependence_times;
+}
+
+void AllowForLength(Bootstrap& b) {
+  for (std::size_t i = 0; i < kBlockEstimates; ++i)
+    b.estimate.error[i] *= ShortRecordFactor(b, i < kFirstOf[1] ? 3 : b.request.N);
+  b.mean_error *= ShortRecordFactor(b, 3);
+}
+
+void FindDependence(const std::vector<std::vector<float>>& centred, Bootstrap& b) {
+  const double n = static_cast<double>(b.records.samples());
+  std::vector<std::span<const float>> spans(centred.begin(), centred.end());
+  std::vector<float> share;
+  for (const std::vector<float>& c : centred) share.push_back(static_cast<float>(static_cast<double>(c.size()) / n));
+  Dependence dependence;
+  EnsembleDependence(spans, share, kPeakCutoff, dependence);
+  const double steps = std::max(1.0, static_cast<double>(dependence.ndti)), length = kBlockLength * steps;
+  b.dependence_times = dependence.reached ? n / steps : 0.0;
+  const double longest = std::max(static_cast<double>(kShortestBlock), n / kFewestBlocks);
+  b.length = static_cast<std::size_t>(std::clamp(length, static_cast<double>(kShortestBlock), longest));
+}
+
+// ---- Resamples
+
+void MakeResample(Bootstrap& b, std::size_t which, Workspace& work) {
+  RandomStream random(static_cast<std::uint64_t>(b.request.seed), which);
+  work.blocks.clear();
+  for (std::size_t i = 0; i < b.blocks; ++i)
+    work.blocks.push_back(BlockAt(b.records, random.Below(b.records.samples()), b.length));
+  BlockEstimate here;
+  EstimateOf(b, work.blocks, work, here);
+  const double blocks = static_cast<double>(b.blocks), fewer = std::sqrt(blocks / (blocks - 1));
+  for (std::size_t i = 0; i < kBlockEstimates; ++i)
+    b.t[i][which] = std::log(here.value[i] / b.estimate.value[i]) / (here.error[i] * fewer);
+
+  double length = 0, sum = 0, spread = 0;
+  for (const TimeBlock& block : work.blocks) {
+    length += block.length;
+    sum += SumOf(block, b.records.sum);
+  }
+  for (const TimeBlock& block : work.blocks)
+    spread += Square(SumOf(block, b.records.sum) - sum / length * block.length);
+  b.t[kMean][which] = sum / (std::sqrt(spread) * fewer);
+}
+
+struct Quantiles {
+  double low = 0, high = 0;
+};
+
+// At the (resamples + 1) alpha-th of the sorted values, which may lie between two of them. What is no number counts as
+// 0: a resample of blocks that are all alike.
+Quantiles QuantilesOf(std::vector<double> t, double prob) {
+  for (double& value : t)
+    if (!std::isfinite(value)) value = 0;
+  std::sort(t.begin(), t.end());
+  const auto at = [&t](double place) {
+    place = std::clamp(place, 0.0, static_cast<double>(t.size() - 1));
+    const auto i = std::min(static_cast<std::size_t>(place), t.size() - 2);
+    return t[i] + (place - static_cast<double>(i)) * (t[i + 1] - t[i]);
+  };
+  const double outside = (1 - prob) / 2 * static_cast<double>(t.size() + 1) - 1;
+  return {at(outside), at(static_cast<double>(t.size() - 1) - outside)};
+}
+
+// ---- Intervals
+
+BootstrapInterval Told(double low, double high) {
+  if (!std::isfinite(low) || !std::isfinite(high)) return {};
+  return {static_cast<float>(low), static_cast<float>(high), true};
+}
+
+// Of an estimate that can't be negative.
+BootstrapInterval PositiveInterval(const Bootstrap& b, std::size_t which) {
+  const double value = b.estimate.value[which], error = b.estimate.error[which];
+  const Quantiles t = QuantilesOf(b.t[which], static_cast<double>(b.request.prob));
+  return Told(value * std::exp(-t.high * error), value * std::exp(-t.low * error));
+}
+
+bool EnoughPeaks(const Bootstrap& b, int N) {
+  if (b.dependence_times < std::max(kFewestDependenceTimes, 2.5 * N)) return false;
+  return std::all_of(b.records.peaks.begin(), b.records.peaks.end(), [N](const PeakHeights& peaks) {
+    return peaks.height.size() >= static_cast<std::size_t>(N) * kFewestHighest;
+  });
+}
+
+void PeakIntervals(const Bootstrap& b, int N, std::size_t first, std::array<BootstrapInterval, 4>& out) {
+  if (!EnoughPeaks(b, N)) return;
+  for (std::size_t side = kAll; side <= kDouble; ++side) out[side] = PositiveInterval(b, first + side);
+  const auto mean = static_cast<float>(b.records.mean);
+  out[kTop] = {mean + out[kTop].low, mean + out[kTop].high, out[kTop].told};
+  out[kBottom] = {mean - out[kBottom].high, mean - out[kBottom].low, out[kBottom].told};
+}
+
+}  // namespace
+
+void BeginBootstrap(EnsembleRecords X, const BootstrapRequest& request, Bootstrap& out) {
+  out = Bootstrap{};
+  out.request = request;
+  const int needed = static_cast<int>(std::min(std::ceil(2.0 / (1.0 - static_cast<double>(request.prob))), 1.0e6));
+  out.request.resamples = std::max({request.resamples, needed, kFewestResamples});
+  LayOutRecords(X, request.peaks, out.records);
+  std::vector<std::vector<float>> centred;
+  std::size_t shortest = std::numeric_limits<std::size_t>::max();
+  for (const std::span<const float> x : X) {
+    if (x.empty()) continue;
+    centred.push_back(Centred(x, static_cast<float>(out.records.mean)));
+    shortest = std::min(shortest, x.size());
+  }
+  if (out.records.samples() < 2 * kShortestBlock) return;  // nothing can be told
+  FindDependence(centred, out);
+  out.length = std::min(out.length, shortest);
+  out.blocks = static_cast<std::size_t>(
+      std::lround(static_cast<double>(out.records.samples()) / static_cast<double>(out.length)));
+  if (out.blocks < 2 || out.dependence_times < kFewestDependenceTimes) {
+    out.blocks = 0;
+    return;
+  }
+  Workspace work;
+  out.estimate = EstimateRecords(out, out.length, work);
+  LeadOn(EstimateRecords(out, std::max<std::size_t>(2, out.length / 2), work), out.estimate);
+  out.mean_error = MeanError(out, centred, shortest);
+  AllowForLength(out);
+  for (std::vector<double>& t : out.t) t.assign(static_cast<std::size_t>(out.request.resamples), 0.0);
+}
+
+bool MakeResamples(Bootstrap& b, int count) {
+  if (b.blocks == 0) return false;
+  const auto from = static_cast<std::size_t>(b.made);
+  const auto to = static_cast<std::size_t>(std::min(b.made + std::max(count, 1), b.request.resamples));
+  SideBySide((to - from + kResamplesAtOnce - 1) / kResamplesAtOnce, b.request.threads, [&](std::size_t task) {
+    Workspace work;
+    const std::size_t first = from + task * kResamplesAtOnce;
+    for (std::size_t i = first; i < std::min(first + kResamplesAtOnce, to); ++i) MakeResample(b, i, work);
+  });
+  b.made = static_cast<int>(to);
+  return b.made < b.request.resamples;
+}
+
+BootstrapIntervals IntervalsOf(const Bootstrap& b) {
+  BootstrapIntervals out;
+  if (b.blocks == 0) return out;
+  const Quantiles t = QuantilesOf(b.t[kMean], static_cast<double>(b.request.prob));
+  out.mean = Told(b.records.mean - t.high * b.mean_error, b.records.mean - t.low * b.mean_error);
+  out.variance = PositiveInterval(b, 0);
+  if (!b.request.peaks) return out;
+  PeakIntervals(b, 3, kFirstOf[0], out.third);
+  PeakIntervals(b, std::max(1, b.request.N), kFirstOf[1], out.nth);
+  return out;
+}
+
+}  // namespace zaview
