@@ -285,13 +285,14 @@ void RunCase(const Case& c) {
 }
 
 int Main(int samples, int resamples) {
-  constexpr int kHalfHour = 3600, kThreeHours = 21600;  // steps
+  constexpr int kHalfHour = 3600, kThreeHours = 21600, kHundredSeconds = 200;  // steps
   std::printf("sea, statistic, true value; formula, in ensembles with ENSEMBLE_NMANY 1 too, bootstrap\n");
   for (const SeaKind& kind : kSeas) {
     const std::array<double, kCount> truth = TrueValues(kind);
     RunCase({kind, kHalfHour, 1, samples, resamples, truth});
     RunCase({kind, kThreeHours, 1, samples, resamples, truth});
     RunCase({kind, kHalfHour, kEnsemble, samples / kEnsemble, resamples, truth});
+    RunCase({kind, kHundredSeconds, 4 * kEnsemble, samples / kEnsemble, resamples, truth});
   }
   return EXIT_SUCCESS;
 }
@@ -301,5 +302,5 @@ int Main(int samples, int resamples) {
 
 int main(int argc, char** argv) {
   const int samples = argc > 1 ? std::atoi(argv[1]) : 10000, resamples = argc > 2 ? std::atoi(argv[2]) : 1000;
-  return zaview::Main(std::max(samples, 20), std::max(resamples, zaview::kFewestResamples));
+  return zaview::Main(std::max(samples, 20), std::max(resamples, zaview::kFewestBootstrapResamples));
 }

@@ -1,6 +1,10 @@
 #include "base/table_text.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include <fmt/format.h>
 
 #include "base/number_format.h"
 #include "base/text.h"
@@ -14,6 +18,11 @@ int WidthOf(const TableLayout& layout, std::size_t column) {
 }
 
 void AppendCellAt(std::string& out, const TableLayout& layout, std::size_t column, float value) {
+  if (!layout.no_number.empty() && std::isnan(value)) {
+    const int width = layout.separator == Separator::space ? WidthOf(layout, column) : 0;
+    fmt::format_to(std::back_inserter(out), "{:>{}}", layout.no_number, width);
+    return;
+  }
   if (layout.separator == Separator::space) AppendPaddedCell(out, value, WidthOf(layout, column));
   else AppendCell(out, value);
 }

@@ -14,7 +14,8 @@ enum class Separator : char { space = ' ', comma = ',', tab = '\t' };
 
 struct TableLayout {
   Separator separator = Separator::space;
-  std::vector<int> widths;  // of the columns, only used with SPACE
+  std::vector<int> widths;       // of the columns, only used with SPACE
+  std::string_view no_number{};  // what stands for a value that is none; blank: as any number is written
 };
 
 // The layout whose columns are as wide as 13 or the names, trailing blanks of a name included: a column of row labels

@@ -142,6 +142,10 @@ void WriteKino(Session& s) {
   AskKinoFiles(s.platform, s.output, s.case_store);
 }
 
+void SetIntervalMethod(Session& s) {
+  AskIntervalMethod(s.platform.console, s.output);
+}
+
 void SetSmoothing(Session& s) {
   if (!s.case_store.time_history()) SayLine(s.platform.console, kNoSmoothing);
   AskSmoothing(s.platform.console, s.output);
@@ -260,6 +264,7 @@ constexpr Option kOptions[] = {
     {"28 - Write/Plot spectrum",                                TimeHistory,    nullptr, MenuSpectrum, true},
     {"29 - Write/Plot extremes",                                TimeHistory,    nullptr, MenuExtremes, true},
     {"30 - Write/Plot rainflow counts",                         TimeHistory,    nullptr, MenuRainflow, true},
+    {"31 - Set method of confidence intervals",                 TimeHistory,    SetIntervalMethod },
 };
 // clang-format on
 

@@ -56,6 +56,8 @@ constexpr ArgumentForm kForms[] = {
     {"rows",        "2",        "Rows of pictures on the page, or END, which writes what there is"},
     {"columns",     "2",        "Columns of them"},
     {"page",        "p.pdf",    "The file of the page (.svg, .pdf, .png)"},
+    {"resamples",   "1000",     "How many resamples of a bootstrap (100 to 100000)"},
+    {"seed",        "1",        "A whole number that random draws start from"},
     {"segment",     "50",       "A stretch of output time"},
     {"least",       "-1",       "Lowest level, in the unit shown"},
     {"most",        "1",        "Highest level"},

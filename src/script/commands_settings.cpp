@@ -5,6 +5,7 @@
 #include "case/settings/statistic_settings.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
+#include "script/setting_words.h"
 
 namespace zaview {
 
@@ -31,6 +32,25 @@ int RunBeamNdtf(ScriptCall& call) {
 
 int RunConfidence(ScriptCall& call) {
   return ReadSetting(call, kInvalidValue, SetProbability);
+}
+
+// The number of resamples and the seed stay as they were where they are left out.
+int RunIntervalMethod(ScriptCall& call) {
+  constexpr WordValue kMethods[] = {{"FORMULA", static_cast<int>(IntervalMethod::formula)},
+                                    {"BOOTSTRAP", static_cast<int>(IntervalMethod::bootstrap)}};
+  int method = 0;
+  if (const int status = ReadWord(call, kMethods, method); status != kScriptOk) return status;
+  auto statistics = call.session.output.statistics;
+  (void)SetIntervalMethod(method, statistics);
+  std::vector<float> values;
+  if (!ParseRealList(call.words, -2, values))
+    return Fail(call, kScriptFailed, kFewArguments, call.command);
+  const auto value = [&](std::size_t i) { return RoundToInt(static_cast<double>(values[i])); };
+  if ((!values.empty() && SetResamples(value(0), statistics) != SettingFault::none) ||
+      (values.size() > 1 && SetSeed(value(1), statistics) != SettingFault::none))
+    return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
+  call.session.output.statistics = statistics;
+  return kScriptOk;
 }
 
 int RunSampleRate(ScriptCall& call) {
@@ -92,6 +112,12 @@ constexpr Command kSettings[] = {
      "probability",
      "Probability of confidence intervals, above 0 and at most 1",
      "0.95"},
+    {{"CI_METHOD"},
+     kNone,
+     RunIntervalMethod,
+     "FORMULA|BOOTSTRAP [resamples] [seed]",
+     "Confidence intervals by the formula, or by a bootstrap of blocks, which holds its probability but costs time",
+     "FORMULA"},
     {{"AUTOCORRELATION_SAMPLE_RATE", "AUTOCORRELATION_SAMPLE", "AUTOC_SAMPLE_RATE", "AUTOC_SAMPLE"},
      kNone,
      RunSampleRate,

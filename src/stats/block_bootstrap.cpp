@@ -20,9 +20,11 @@ constexpr double kFewestBlocks = 25;                         // a block is no lo
 constexpr std::size_t kShortestBlock = 4;                    // samples
 constexpr std::size_t kStartsPerBlock = 16;                  // of the blocks in which the records themselves are seen
 constexpr double kShortRecords = 0.3;                        // of an error, times N, for each dependence time
+constexpr double kTimesForHighest = 2.5;                     // dependence times for each N of the highest 1/N
 constexpr double kMostLedOn = 0.6;                           // of a variance, from shorter to long blocks
 constexpr std::size_t kFadingLength = 2, kFadingStarts = 8;  // of blocks that fade, in blocks; starts in a block
 constexpr std::size_t kResamplesAtOnce = 8;
+constexpr std::size_t kFirstLags = 256;  // of the correlation; each further look doubles them
 constexpr std::size_t kMean = kBlockEstimates;
 constexpr std::array<std::size_t, 2> kFirstOf = {1, 5};  // estimates of the highest 1/3, 1/N
 constexpr std::size_t kAll = 0, kTop = 1, kBottom = 2, kDouble = 3;
@@ -220,6 +222,29 @@ void AllowForLength(Bootstrap& b) {
   b.mean_error *= ShortRecordFactor(b, 3);
 }
 
+// The first lag at which the correlation is at or below the cut-off. Where it falls without swinging, as that of noise
+// does, the envelope has no points that say so.
+std::size_t FirstFall(std::span<const std::span<const float>> centred, std::span<const float> share, std::size_t most) {
+  std::vector<float> R;
+  for (std::size_t made = 0; made < most;) {
+    const std::size_t until = std::min(most, std::max(kFirstLags, 2 * made));
+    R.resize(until);
+    AverageLags(centred, share, static_cast<int>(made), std::span(R).subspan(made));
+    for (std::size_t k = std::max<std::size_t>(made, 1); k < until; ++k)
+      if (R[k] <= kPeakCutoff * R[0]) return k;
+    made = until;
+  }
+  return most;
+}
+
+// Where the correlation outlasts half of a record, still the records know nothing of each other.
+void TakeWholeRecords(const std::vector<std::vector<float>>& centred, Bootstrap& b) {
+  std::size_t longest = 0;
+  for (const std::vector<float>& c : centred) longest = std::max(longest, c.size());
+  b.dependence_times = static_cast<double>(b.records.samples()) / static_cast<double>(longest);
+  b.length = longest;
+}
+
 void FindDependence(const std::vector<std::vector<float>>& centred, Bootstrap& b) {
   const double n = static_cast<double>(b.records.samples());
   std::vector<std::span<const float>> spans(centred.begin(), centred.end());
@@ -227,8 +252,11 @@ void FindDependence(const std::vector<std::vector<float>>& centred, Bootstrap& b
   for (const std::vector<float>& c : centred) share.push_back(static_cast<float>(static_cast<double>(c.size()) / n));
   Dependence dependence;
   EnsembleDependence(spans, share, kPeakCutoff, dependence);
-  const double steps = std::max(1.0, static_cast<double>(dependence.ndti)), length = kBlockLength * steps;
-  b.dependence_times = dependence.reached ? n / steps : 0.0;
+  if (!dependence.reached) return TakeWholeRecords(centred, b);
+  const std::size_t fall = FirstFall(spans, share, b.records.samples() / 2);
+  const double steps = std::max(static_cast<double>(fall), static_cast<double>(dependence.ndti));
+  const double length = kBlockLength * steps;
+  b.dependence_times = n / steps;
   const double longest = std::max(static_cast<double>(kShortestBlock), n / kFewestBlocks);
   b.length = static_cast<std::size_t>(std::clamp(length, static_cast<double>(kShortestBlock), longest));
 }
@@ -290,7 +318,7 @@ BootstrapInterval PositiveInterval(const Bootstrap& b, std::size_t which) {
 }
 
 bool EnoughPeaks(const Bootstrap& b, int N) {
-  if (b.dependence_times < std::max(kFewestDependenceTimes, 2.5 * N)) return false;
+  if (b.dependence_times < FewestDependenceTimes(N)) return false;
   return std::all_of(b.records.peaks.begin(), b.records.peaks.end(), [N](const PeakHeights& peaks) {
     return peaks.height.size() >= static_cast<std::size_t>(N) * kFewestHighest;
   });
@@ -306,11 +334,21 @@ void PeakIntervals(const Bootstrap& b, int N, std::size_t first, std::array<Boot
 
 }  // namespace
 
+double FewestDependenceTimes(int N) {
+  return std::max(kFewestDependenceTimes, kTimesForHighest * N);
+}
+
+int ResamplesFor(float prob, int resamples) {
+  const double outside = 1.0 - static_cast<double>(prob);
+  const double needed =
+      outside > 0.0 ? std::min(std::ceil(2.0 / outside), static_cast<double>(kMostBootstrapResamples)) : 0.0;
+  return std::clamp(std::max(resamples, static_cast<int>(needed)), kFewestBootstrapResamples, kMostBootstrapResamples);
+}
+
 void BeginBootstrap(EnsembleRecords X, const BootstrapRequest& request, Bootstrap& out) {
   out = Bootstrap{};
   out.request = request;
-  const int needed = static_cast<int>(std::min(std::ceil(2.0 / (1.0 - static_cast<double>(request.prob))), 1.0e6));
-  out.request.resamples = std::max({request.resamples, needed, kFewestResamples});
+  out.request.resamples = ResamplesFor(request.prob, request.resamples);
   LayOutRecords(X, request.peaks, out.records);
   std::vector<std::vector<float>> centred;
   std::size_t shortest = std::numeric_limits<std::size_t>::max();
@@ -321,16 +359,14 @@ void BeginBootstrap(EnsembleRecords X, const BootstrapRequest& request, Bootstra
   }
   if (out.records.samples() < 2 * kShortestBlock) return;  // nothing can be told
   FindDependence(centred, out);
+  if (out.dependence_times < kFewestDependenceTimes) return;
   out.length = std::min(out.length, shortest);
   out.blocks = static_cast<std::size_t>(
       std::lround(static_cast<double>(out.records.samples()) / static_cast<double>(out.length)));
-  if (out.blocks < 2 || out.dependence_times < kFewestDependenceTimes) {
-    out.blocks = 0;
-    return;
-  }
   Workspace work;
   out.estimate = EstimateRecords(out, out.length, work);
-  LeadOn(EstimateRecords(out, std::max<std::size_t>(2, out.length / 2), work), out.estimate);
+  const bool whole_records = out.length * out.records.records() == out.records.samples();  // nothing beyond a block
+  if (!whole_records) LeadOn(EstimateRecords(out, std::max<std::size_t>(2, out.length / 2), work), out.estimate);
   out.mean_error = MeanError(out, centred, shortest);
   AllowForLength(out);
   for (std::vector<double>& t : out.t) t.assign(static_cast<std::size_t>(out.request.resamples), 0.0);
@@ -351,6 +387,7 @@ bool MakeResamples(Bootstrap& b, int count) {
 
 BootstrapIntervals IntervalsOf(const Bootstrap& b) {
   BootstrapIntervals out;
+  out.dependence_times = b.dependence_times;
   if (b.blocks == 0) return out;
   const Quantiles t = QuantilesOf(b.t[kMean], static_cast<double>(b.request.prob));
   out.mean = Told(b.records.mean - t.high * b.mean_error, b.records.mean - t.low * b.mean_error);

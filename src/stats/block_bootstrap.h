@@ -27,7 +27,7 @@
 
 namespace zaview {
 
-inline constexpr int kFewestResamples = 100, kMostResamples = 100000;
+inline constexpr int kFewestBootstrapResamples = 100, kMostBootstrapResamples = 100'000;
 
 struct BootstrapRequest {
   int N = 10;          // of the averages of the highest 1/N peaks, beside 1/3
@@ -38,7 +38,7 @@ struct BootstrapRequest {
   int threads = 0;    // as SideBySide
 };
 
-// In the unit of the record u, variance u^2. `told` false: the records are too short, low and high are the estimate.
+// In the unit of the record u, variance u^2. `told` false: the records are too short, low and high are 0.
 struct BootstrapInterval {
   float low = 0, high = 0;
   bool told = false;
@@ -46,12 +46,18 @@ struct BootstrapInterval {
 struct BootstrapIntervals {
   BootstrapInterval mean, variance;
   std::array<BootstrapInterval, 4> third, nth;  // amplitude, top, bottom, double amplitude
+  double dependence_times = 0;                  // that all records cover
 };
 
-// How many dependence times (dependence_time.h, cut-off 0.05) the records must have for an interval to hold what it
-// says: of averages of the highest 1/N peaks twice N if that is more; and so many peaks among the highest 1/N.
+// How many dependence times (dependence_time.h, cut-off 0.05) the records must cover for an interval to hold what it
+// says; averages of the highest 1/N peaks need 2.5 N if that is more, and so many peaks among the highest 1/N.
 inline constexpr double kFewestDependenceTimes = 15.0;
 inline constexpr int kFewestHighest = 5;
+[[nodiscard]] double FewestDependenceTimes(int N);
+
+// The resamples that are made where `resamples` are asked for: at least as many as have one beyond each end, to
+// kMostBootstrapResamples. At a probability of 1 the ends are those of the outermost resamples.
+[[nodiscard]] int ResamplesFor(float prob, int resamples);
 
 inline constexpr std::size_t kBlockEstimates = 9;  // variance; of 1/3, of 1/N: amplitude, top, bottom, double amplitude
 struct BlockEstimate {
@@ -70,7 +76,7 @@ struct Bootstrap {
   std::array<std::vector<double>, kBlockEstimates + 1> t;  // studentized, of each resample; the last: the mean
 };
 
-// Resamples come to at least as many as the probability needs to have one beyond each end.
+// Makes ResamplesFor(request) of them.
 void BeginBootstrap(EnsembleRecords X, const BootstrapRequest& request, Bootstrap& out);
 // `count` more of them (or those that are left). False: all are made.
 bool MakeResamples(Bootstrap& bootstrap, int count);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "base/number_format.h"
 #include "stats/statistic_table.h"
 
 namespace zaview {
@@ -56,7 +57,7 @@ float FromVariance(int number, float variance) {
 IntervalCells IntervalCellsOf(int number, const IntervalValues& v) {
   IntervalCells cells = FormulaCells(number, v);
   if (!v.by_blocks) return cells;
-  const float estimate = cells[2];
+  const float estimate = Finite(cells[2]);
   const BootstrapInterval& interval = BlockInterval(number, v.blocks);
   if (!interval.told) {
     constexpr float kNone = std::numeric_limits<float>::quiet_NaN();

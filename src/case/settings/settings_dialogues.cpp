@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "case/settings/output_form.h"
 #include "case/settings/smoothing_settings.h"
+#include "case/settings/statistic_settings.h"
 #include "case/settings/step_settings.h"
 
 namespace zaview {
@@ -124,6 +125,7 @@ void AskSkips(const Console& console, OutputSettings& settings, CaseStore& c) {
 // 2, the Fourier series, is taken though not listed.
 constexpr std::string_view kSmoothingMenu[] = {"Data Smoothing Options:", " 1 - Small window least-squares fits",
                                                " 3 - Cubic polynomial fits over specified window", " 0 - No smoothing"};
+constexpr std::string_view kIntervalMenu[] = {"Confidence intervals:", " 0 - By formula", " 1 - By bootstrap"};
 
 }  // namespace
 
@@ -174,6 +176,29 @@ void AskSmoothing(const Console& console, OutputSettings& settings) {
     SayLine(console, "ERROR - illegal value, must be >=5");
   }
   settings.smoothing = asked;
+}
+
+void AskIntervalMethod(const Console& console, OutputSettings& settings) {
+  for (const std::string_view line : kIntervalMenu) SayLine(console, line);
+  StatisticSettings asked = settings.statistics;
+  const auto ask = [&](std::string_view prompt, int value, std::string_view illegal, auto set) {
+    for (;;) {
+      const Answer answer = ask_integer(console, prompt, true, value);
+      if (answer != Answer::ok || set(value) == SettingFault::none) return answer == Answer::ok;
+      SayLine(console, illegal);
+    }
+  };
+  if (!ask("Select =>", static_cast<int>(asked.interval_method), "ERROR - illegal value",
+           [&](int method) { return SetIntervalMethod(method, asked); }))
+    return;
+  if (asked.interval_method == IntervalMethod::bootstrap) {
+    if (!ask("Enter number of resamples (100 to 100000)=>", asked.bootstrap_resamples,
+             "ERROR - illegal value, must be 100 to 100000", [&](int n) { return SetResamples(n, asked); }) ||
+        !ask("Enter seed of random draws (0 to 1000000)=>", asked.bootstrap_seed,
+             "ERROR - illegal value, must be 0 to 1000000", [&](int seed) { return SetSeed(seed, asked); }))
+      return;
+  }
+  settings.statistics = asked;
 }
 
 Answer AskSeparator(const Console& console, OutputSettings& settings) {

@@ -17,6 +17,9 @@ void retrim_record(const Console& console, OutputSettings& settings, CaseStore& 
 
 void AskSmoothing(const Console& console, OutputSettings& settings);
 
+// Method of confidence intervals; of a bootstrap its resamples and seed.
+void AskIntervalMethod(const Console& console, OutputSettings& settings);
+
 // The separator of tables, the present one as the default. QUIT leaves it.
 [[nodiscard]] Answer AskSeparator(const Console& console, OutputSettings& settings);
 

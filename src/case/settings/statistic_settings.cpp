@@ -16,6 +16,18 @@ SettingFault SetProbability(float p, StatisticSettings& statistics) {
   return Set(p > 0.0F && p <= 1.0F, p, statistics.confidence_probability);
 }
 
+SettingFault SetIntervalMethod(int method, StatisticSettings& statistics) {
+  return Set(method == 0 || method == 1, static_cast<IntervalMethod>(method), statistics.interval_method);
+}
+
+SettingFault SetResamples(int resamples, StatisticSettings& statistics) {
+  return Set(resamples >= kFewestResamples && resamples <= kMostResamples, resamples, statistics.bootstrap_resamples);
+}
+
+SettingFault SetSeed(int seed, StatisticSettings& statistics) {
+  return Set(seed >= 0 && seed <= kMostSeed, seed, statistics.bootstrap_seed);
+}
+
 SettingFault SetCutoff(float correlation, StatisticSettings& statistics) {
   return Set(correlation > 0.0F && correlation < 1.0F, correlation, statistics.autocorrelation_cutoff);
 }

@@ -6,7 +6,12 @@
 
 namespace zaview {
 
-[[nodiscard]] SettingFault SetProbability(float p, StatisticSettings& statistics);       // 0 < p <= 1
+[[nodiscard]] SettingFault SetProbability(float p, StatisticSettings& statistics);  // 0 < p <= 1
+// Of confidence intervals: by the formula (0), or by a bootstrap (1) of so many resamples, as the seed draws them.
+[[nodiscard]] SettingFault SetIntervalMethod(int method, StatisticSettings& statistics);
+inline constexpr int kFewestResamples = 100, kMostResamples = 100'000, kMostSeed = 1'000'000;
+[[nodiscard]] SettingFault SetResamples(int resamples, StatisticSettings& statistics);
+[[nodiscard]] SettingFault SetSeed(int seed, StatisticSettings& statistics);             // 0 to kMostSeed
 [[nodiscard]] SettingFault SetCutoff(float correlation, StatisticSettings& statistics);  // above 0, below 1
 [[nodiscard]] SettingFault SetSampleRate(int rate, StatisticSettings& statistics);       // 1 and above
 [[nodiscard]] SettingFault SetNdtfLength(float length, StatisticSettings& statistics);   // output units; 0: of the hull

@@ -11,6 +11,7 @@
 #include "case/quantity_catalogue.h"
 #include "case/quantity_label.h"
 #include "stats/ensemble_stats.h"
+#include "stats/tables/find_intervals.h"
 #include "stats/tables/interval_table.h"
 #include "stats/tables/statistic_values.h"
 
@@ -23,8 +24,7 @@ inline constexpr std::string_view kNotHere = "ERR496 - statistic option not impl
 inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
 inline constexpr std::string_view kBadCurve = "ERROR - Invalid curve index for specified quantity";
 
-constexpr int kAll = 1, kMeanOnly = 2, kNoIntervals = 3;  // of CalcEnsembleStats
-constexpr int kPeakIntervals = 0, kPeakAveragesOnly = 1;  // of CalcEnsemblePeakStats
+constexpr int kNoIntervals = 3, kPeakAveragesOnly = 1;  // options of the statistics of a record
 constexpr int kThird = 3;
 constexpr int kTableRows[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, kStatSsa};
 
@@ -44,14 +44,8 @@ struct RecordRow {
 
 struct EnsembleValues {
   IntervalValues values;  // with or without half widths
-  float xmin = 0, xmax = 0;
   std::vector<RecordRow> records;
 };
-
-bool SaidFaults(const Console& console, const std::vector<std::string>& lines) {
-  for (const std::string& line : lines) SayLine(console, line);
-  return !lines.empty();
-}
 
 void FindRecords(EnsembleRecords X, float prob, std::vector<RecordRow>& rows) {
   for (const std::span<const float> x : X) {
@@ -63,28 +57,14 @@ void FindRecords(EnsembleRecords X, float prob, std::vector<RecordRow>& rows) {
   }
 }
 
-// False: an argument was refused and it has been said.
-bool FindValues(const Console& console, const StatisticName& statistic, EnsembleRecords X, float prob, int nmany,
-                EnsembleValues& out) {
-  const int number = statistic.number;
-  const bool table = number == kStatTable;
-  const int option = !statistic.interval ? kNoIntervals : number == kStatMean ? kMeanOnly : kAll;
-  EnsembleStats stats;
-  if (table || !IntervalNeedsPeaks(number)) {
-    const StatFault fault = CalcEnsembleStats(option, X, prob, nmany, stats);
-    if (SaidFaults(console, StatFaultLines(fault, "CalcEnsembleStats", 0, option, prob))) return false;
-  }
-  out.values.record = {stats.xme, stats.xve, stats.xse, stats.xmeci, stats.xveci, stats.xseci, stats.xmin, stats.xmax};
-  if (IntervalNeedsPeaks(number)) {
-    const int peak_option = statistic.interval ? kPeakIntervals : kPeakAveragesOnly;
-    const int N[] = {kThird, std::max(1, statistic.N)};
-    RecordPeakStats peaks[std::size(N)];
-    const StatFault fault = CalcEnsemblePeakStats(N, peak_option, X, prob, peaks);
-    if (SaidFaults(console, StatFaultLines(fault, "CalcEnsemblePeakStats", N[1], peak_option, prob))) return false;
-    out.values.third = peaks[0];
-    out.values.nth = peaks[1];
-  }
-  if (table && !statistic.interval) FindRecords(X, prob, out.records);
+// False: it couldn't be found and it has been said.
+bool FindValues(const StatWork& work, const StatisticName& statistic, EnsembleValues& out) {
+  const std::vector<std::span<const float>> X = SamplesOf(work.state.ensemble);
+  const StatisticSettings& settings = work.settings.statistics;
+  if (!FindEnsembleIntervals(work.platform, settings, statistic, X, work.state.nmany, out.values)) return false;
+  WarnIfTooShort(work.console(), statistic, out.values);
+  if (statistic.number == kStatTable && !statistic.interval)
+    FindRecords(X, settings.confidence_probability, out.records);
   return true;
 }
 
@@ -117,10 +97,10 @@ void AppendTable(const OutputSettings& settings, const StatRequest& request, con
   name += PointNote(cases.current, one);
   auto to = std::back_inserter(text);
   if (request.statistic.interval) {
-    fmt::format_to(to, "Ensemble stats with Confidence Interval; {} records\n{}\nConfidence Interval Probability= {}\n",
-                   cases.count(), name, Shown{settings.statistics.confidence_probability});
+    fmt::format_to(to, "Ensemble stats with Confidence Interval; {} records\n{}\n", cases.count(), name);
+    text += IntervalMethodLines(settings.statistics);
     AppendIntervalHeading(settings.writing.separator, titled, text);
-    AppendIntervalRows(settings.writing.separator, titled ? request.text : "", IntervalWords::ensemble, v.values, text);
+    AppendIntervalRows(settings, titled ? request.text : "", IntervalWords::ensemble, v.values, text);
     return;
   }
   fmt::format_to(to, "Ensemble stats; {} records\n{}\n", cases.count(), name);
@@ -160,9 +140,7 @@ DataFault WriteStatistics(const StatWork& work, const StatRequest& request, Outp
     if (fault != DataFault::none) return fault;
     SayLine(console, "Computing statistics...");
     EnsembleValues values;
-    if (!FindValues(console, request.statistic, SamplesOf(state.ensemble), settings.statistics.confidence_probability,
-                    state.nmany, values))
-      return DataFault::said;
+    if (!FindValues(work, request.statistic, values)) return DataFault::said;
     if (request.statistic.number != kStatTable) {
       AppendCells(request, values, cells);
       continue;
@@ -170,7 +148,8 @@ DataFault WriteStatistics(const StatWork& work, const StatRequest& request, Outp
     if (!text.empty() || out.had_text) text += '\n';
     AppendTable(settings, request, one, cases, values, text);
   }
-  if (request.statistic.number != kStatTable) AppendBareLine(settings.writing.separator, request.text, cells, text);
+  if (request.statistic.number != kStatTable)
+    AppendBareLine(settings.writing.separator, request.text, cells, text, NoInterval(settings.statistics));
   WriteOutput(out, text);
   return DataFault::none;
 }
@@ -204,16 +183,6 @@ void WriteAutoCorrelation(const OutputSettings& settings, const StatisticsState&
 }
 
 }  // namespace
-
-bool FindEnsembleIntervals(const Console& console, const StatisticName& statistic, EnsembleRecords X, float prob,
-                           int nmany, IntervalValues& out) {
-  StatisticName with_interval = statistic;
-  with_interval.interval = true;
-  EnsembleValues values;
-  if (!FindValues(console, with_interval, X, prob, nmany, values)) return false;
-  out = values.values;
-  return true;
-}
 
 DataFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out) {
   const Console& console = work.console();

@@ -5,8 +5,6 @@
 #include <string_view>
 
 #include "frame/ground/output_file.h"
-#include "stats/ensemble_stats.h"
-#include "stats/interval_cells.h"
 #include "stats/tables/ensemble_data.h"
 #include "stats/tables/stat_table.h"
 
@@ -16,10 +14,6 @@ namespace zaview {
 // separator, value, or half width, low, estimate, high. request.quantity.curve 0: all curves. Statistics that an
 // ensemble doesn't have are said (ERR494, ERR496).
 [[nodiscard]] DataFault EnsembleStat(const StatWork& work, const StatRequest& request, OutputFile& out);
-
-// As FindIntervals (interval_table.h), of all records together.
-[[nodiscard]] bool FindEnsembleIntervals(const Console& console, const StatisticName& statistic, EnsembleRecords X,
-                                         float prob, int nmany, IntervalValues& out);
 
 // The table of Rax and its envelope, or the line of the dependence time alone.
 [[nodiscard]] DataFault EnsembleAutoCorrelation(const StatWork& work, const QuantityRequest& request,

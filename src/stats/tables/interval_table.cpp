@@ -11,6 +11,7 @@
 #include "case/quantity_catalogue.h"
 #include "case/quantity_label.h"
 #include "stats/interval_cells.h"
+#include "stats/tables/find_intervals.h"
 #include "stats/tables/statistic_values.h"
 
 namespace zaview {
@@ -44,11 +45,9 @@ std::string QuantityOf(const StatRequest& request, const PlotData& data, std::si
 void AppendTitle(const OutputSettings& settings, const StatRequest& request, const CaseStore& c, const OutputFile& out,
                  std::string& text) {
   if (out.had_text) text += '\n';
-  fmt::format_to(std::back_inserter(text),
-                 "Statistical estimates with confidence interval of {} for ZAVO file {}{}\n"
-                 "Confidence Interval Probability= {}\n",
-                 cQntLong(request.quantity.iqnt), c.file_name, PointNote(c, request.quantity),
-                 Shown{settings.statistics.confidence_probability});
+  fmt::format_to(std::back_inserter(text), "Statistical estimates with confidence interval of {} for ZAVO file {}{}\n",
+                 cQntLong(request.quantity.iqnt), c.file_name, PointNote(c, request.quantity));
+  text += IntervalMethodLines(settings.statistics);
 }
 
 // One bare line: text as typed, then four cells a curve.
@@ -59,21 +58,23 @@ void AppendLine(const OutputSettings& settings, const StatRequest& request, std:
     const IntervalCells four = IntervalCellsOf(request.statistic.number, values);
     cells.insert(cells.end(), four.begin(), four.end());
   }
-  AppendBareLine(settings.writing.separator, request.text, cells, text);
+  AppendBareLine(settings.writing.separator, request.text, cells, text, NoInterval(settings.statistics));
 }
 
 DataFault WriteTable(const StatWork& work, const StatRequest& request, OutputFile& out) {
-  const Console& console = work.console();
   const OutputSettings& settings = work.settings;
   const CaseStore& case_store = work.current();
   StatRecord record;
   const DataFault fault = TakeRecord(work, request.quantity, kTooManySkipped, kNoWorkingArrays, record);
   if (fault != DataFault::none) return fault;
   std::vector<IntervalValues> curves(record.data.y.size());
-  for (std::size_t i = 0; i < curves.size(); ++i)
-    if (!FindIntervals(console, request.statistic, record.curve(i), settings.statistics.confidence_probability,
-                       curves[i]))
+  StatisticName statistic = request.statistic;
+  statistic.interval = true;
+  for (std::size_t i = 0; i < curves.size(); ++i) {
+    if (!FindIntervals(work.platform, settings.statistics, statistic, record.curve(i), curves[i]))
       return DataFault::said;
+    WarnIfTooShort(work.console(), statistic, curves[i]);
+  }
 
   std::string text;
   if (request.statistic.number == kStatTable) {
@@ -81,8 +82,7 @@ DataFault WriteTable(const StatWork& work, const StatRequest& request, OutputFil
     AppendTitle(settings, request, case_store, out, text);
     AppendIntervalHeading(settings.writing.separator, quantity_column, text);
     for (std::size_t i = 0; i < curves.size(); ++i)
-      AppendIntervalRows(settings.writing.separator, QuantityOf(request, record.data, i), IntervalWords::record,
-                         curves[i], text);
+      AppendIntervalRows(settings, QuantityOf(request, record.data, i), IntervalWords::record, curves[i], text);
   } else {
     AppendLine(settings, request, curves, text);
   }
@@ -92,41 +92,22 @@ DataFault WriteTable(const StatWork& work, const StatRequest& request, OutputFil
 
 }  // namespace
 
-bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x, float prob,
-                   IntervalValues& out) {
-  constexpr int kIntervals = 1, kPeakIntervals = 0;  // options of the two routines
-  const int number = statistic.number;
-  std::vector<std::string> lines;
-  if (number == kStatTable || !IntervalNeedsPeaks(number)) {
-    const StatFault fault = CalcRecordStats(kIntervals, x, prob, out.record);
-    lines = StatFaultLines(fault, "CalcRecordStats", 0, kIntervals, prob);
-  }
-  if (lines.empty() && IntervalNeedsPeaks(number)) {
-    const int N[] = {3, std::max(1, statistic.N)};
-    RecordPeakStats peaks[std::size(N)];
-    const StatFault fault = CalcRecordPeakStats(N, kPeakIntervals, x, prob, peaks);
-    lines = StatFaultLines(fault, "CalcRecordPeakStats", N[1], kPeakIntervals, prob);
-    out.third = peaks[0];
-    out.nth = peaks[1];
-  }
-  for (const std::string& line : lines) SayLine(console, line);
-  return lines.empty();
-}
-
 void AppendIntervalHeading(Separator separator, bool quantity_column, std::string& text) {
   std::vector<std::string> names{" Statistic     ", "Cnfdnce Intvl", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
   if (quantity_column) names.insert(names.begin(), std::string(kQuantityHead));
   AppendHeading(text, LayoutFor(separator, names), names);
 }
 
-void AppendIntervalRows(Separator separator, std::string_view quantity, IntervalWords words,
+void AppendIntervalRows(const OutputSettings& settings, std::string_view quantity, IntervalWords words,
                         const IntervalValues& values, std::string& text) {
+  const Separator separator = settings.writing.separator;
   std::string ahead;
   if (!quantity.empty() && separator != Separator::space) ahead = QuotedName(separator, quantity);
   else if (!quantity.empty()) ahead = fmt::format("{:<{}}", TrimEnd(quantity), kQuantityHead.size());
   if (!quantity.empty()) ahead += static_cast<char>(separator);
   TableLayout layout;  // all cells are of the usual width
   layout.separator = separator;
+  layout.no_number = NoInterval(settings.statistics);
   for (const IntervalRow& row : kRows) {
     text += ahead;
     const std::string_view label = words == IntervalWords::ensemble ? row.ensemble_label : row.label;

@@ -19,18 +19,13 @@ namespace zaview {
 // 24: one line, text, half width, low, estimate, high.
 [[nodiscard]] DataFault WriteIntervals(const StatWork& work, const StatRequest& request, OutputFile& out);
 
-// The values of one record that a statistic takes; of number 0 those of all. False: an argument was refused and it has
-// been said.
-[[nodiscard]] bool FindIntervals(const Console& console, const StatisticName& statistic, std::span<const float> x,
-                                 float prob, IntervalValues& out);
-
 // ---- What the table of an ensemble has in common with this one
 
 enum class IntervalWords : std::uint8_t { record, ensemble };  // their row labels differ in a letter or two
 
 void AppendIntervalHeading(Separator separator, bool quantity_column, std::string& text);
 // The 12 rows; quantity: what stands in that column, blank: there is none.
-void AppendIntervalRows(Separator separator, std::string_view quantity, IntervalWords words,
+void AppendIntervalRows(const OutputSettings& settings, std::string_view quantity, IntervalWords words,
                         const IntervalValues& values, std::string& text);
 
 }  // namespace zaview

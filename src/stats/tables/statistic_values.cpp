@@ -194,8 +194,10 @@ bool FindNormal(int iqnt, int component, Normal& kind) {
   return false;
 }
 
-void AppendBareLine(Separator separator, std::string_view label, std::span<const float> values, std::string& text) {
+void AppendBareLine(Separator separator, std::string_view label, std::span<const float> values, std::string& text,
+                    std::string_view no_number) {
   TableLayout layout;
+  layout.no_number = no_number;
   layout.separator = separator;
   if (!IsBlank(label)) {
     text += label;

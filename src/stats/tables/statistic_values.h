@@ -59,7 +59,8 @@ struct Normalisers {
 [[nodiscard]] bool FindNormal(int iqnt, int component, Normal& kind);
 
 // One bare line: label, separator, values. The label stands as typed, so that it may hold columns of its own; a blank
-// one is left out.
-void AppendBareLine(Separator separator, std::string_view label, std::span<const float> values, std::string& text);
+// one is left out. no_number: as of a TableLayout.
+void AppendBareLine(Separator separator, std::string_view label, std::span<const float> values, std::string& text,
+                    std::string_view no_number = {});
 
 }  // namespace zaview

@@ -85,6 +85,12 @@ bool OtherStatistic(Session& s) {
   return ChangeStatistic(s.data_plot, direction);
 }
 
+bool OtherIntervalMethod(Session& s) {
+  const bool bootstrap = s.output.statistics.interval_method == IntervalMethod::bootstrap;
+  (void)SetIntervalMethod(bootstrap ? 0 : 1, s.output.statistics);
+  return true;
+}
+
 bool OtherKind(Session& s) {
   if (SwitchHistogram(s.data_plot, s.case_store, s.ensemble)) return true;
   SayLine(s.platform.console, kOtherKind);
@@ -376,6 +382,8 @@ constexpr ViewKey kKeys[] = {
     {'[',             kOfComponents, OtherQuantity<-1, false>,
      {"[/]     Plot previous/next quantity"}},
     {']',             kOfComponents, OtherQuantity<1, false>},
+    {'B',             kInterval, OtherIntervalMethod,
+     {" B      Change method of confidence intervals (formula, bootstrap)"}},
     {'{',             kInterval, OtherStatistic<-1>,
      {"{/}     Plot previous/next statistic (confidence interval plots)"}},
     {'}',             kInterval, OtherStatistic<1>},

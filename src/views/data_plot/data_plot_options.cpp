@@ -146,6 +146,20 @@ constexpr OptionBinding kProbability = {
     [](Session& s, int) { return OptionValue{.real = s.output.statistics.confidence_probability}; },
     [](Session& s, const OptionEvent& event) { return Said(SetProbability(event.real, s.output.statistics)); }};
 
+constexpr OptionBinding kByBootstrap = {
+    [](Session& s, int) {
+      return OptionValue{.integer = s.output.statistics.interval_method == IntervalMethod::bootstrap ? 1 : 0};
+    },
+    [](Session& s, const OptionEvent& event) { return Said(SetIntervalMethod(event.integer, s.output.statistics)); }};
+
+constexpr OptionBinding kResamples = {
+    [](Session& s, int) { return OptionValue{.integer = s.output.statistics.bootstrap_resamples}; },
+    [](Session& s, const OptionEvent& event) { return Said(SetResamples(event.integer, s.output.statistics)); }};
+
+constexpr OptionBinding kSeed = {
+    [](Session& s, int) { return OptionValue{.integer = s.output.statistics.bootstrap_seed}; },
+    [](Session& s, const OptionEvent& event) { return Said(SetSeed(event.integer, s.output.statistics)); }};
+
 constexpr OptionBinding kHours = {
     [](Session& s, int) { return OptionValue{.real = s.output.statistics.extreme_hours}; },
     [](Session& s, const OptionEvent& event) { return Said(SetExtremeHours(event.real, s.output.statistics)); }};
@@ -332,6 +346,11 @@ constexpr OptionItem kCorrelations[] = {
     Row("Probability=", kInterval),
     kFirstColumn,
     Real({}, kProbability, {kAboveZero, 1}, 0.01F),
+    Row("Method:", kInterval),
+    kFirstColumn,
+    Check("Bootstrap;", kByBootstrap),
+    Integer("resamples", kResamples, {kFewestResamples, kMostResamples}),
+    Integer("seed", kSeed, {0, kMostSeed}),
     Row("# records for many record scheme:", kInterval, HasRecords),
     Integer({}, Number<&Session::statistics, &StatisticsState::nmany>, {0}),
     Label({}, RecordsRead),

@@ -1,5 +1,6 @@
 // A statistic of each realization with its confidence interval, and that of the ensemble.
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@
 #include "stats/interval_cells.h"
 #include "stats/tables/ensemble_data.h"
 #include "stats/tables/ensemble_table.h"
-#include "stats/tables/interval_table.h"
+#include "stats/tables/find_intervals.h"
 #include "views/data_plot/plot_type.h"
 #include "views/data_plot/plot_write.h"
 #include "views/state/axes_limits.h"
@@ -28,6 +29,9 @@ constexpr std::string_view kTooManySkipped =
     "ERR495 - Too many steps skipped or trimmed in confidence interval calculation";
 constexpr std::string_view kLogicError = "LOGIC ERROR";
 constexpr std::string_view kInterval = "Confidence Interval: {:>8} to {:>8} (Prob= {})";
+constexpr std::string_view kBootstrap = "Bootstrap of {} resamples, seed {}";
+constexpr std::string_view kEnsembleShort = "Confidence Interval: records too short for it (Prob= {})";
+constexpr std::string_view kRecordsShort = "{} of {} records too short for an interval";
 constexpr std::string_view kEstimate = "Ensemble Estimate: {}";
 constexpr int kRecordColour = 2, kEnsembleColour = 3;
 constexpr int kArrow = 101;  // two strokes, their length a sixth of the arrow
@@ -56,8 +60,7 @@ bool TakeRecords(const PlotSource& source, const StatisticName& statistic, DataP
   for (std::size_t i = 0; i < X.size(); ++i) {
     if (X[i].empty()) continue;
     IntervalValues values;
-    if (!FindIntervals(source.console(), statistic, X[i], source.output.statistics.confidence_probability, values))
-      return false;
+    if (!FindIntervals(source.platform, source.output.statistics, statistic, X[i], values)) return false;
     const auto [half_width, low, estimate, high] = IntervalCellsOf(statistic.number, values);
     d.record_x.push_back(static_cast<float>(i + 1));
     d.record_low.push_back(low);
@@ -76,9 +79,9 @@ DataFault MakeIntervals(const PlotSource& source, DataPlotState& plot) {
   statistic.interval = true;
   IntervalValues values;
   if (!TakeRecords(source, statistic, plot.derived) ||
-      !FindEnsembleIntervals(source.console(), statistic, SamplesOf(state.ensemble),
-                             source.output.statistics.confidence_probability, state.nmany, values)) {
-    SayLine(source.console(), kLogicError);
+      !FindEnsembleIntervals(source.platform, source.output.statistics, statistic, SamplesOf(state.ensemble),
+                             state.nmany, values)) {
+    if (source.output.statistics.interval_method == IntervalMethod::formula) SayLine(source.console(), kLogicError);
     return DataFault::said;
   }
   const auto [half_width, low, estimate, high] = IntervalCellsOf(statistic.number, values);
@@ -123,6 +126,7 @@ void DrawRecords(const DataPlotState& plot, PlotDraw draw) {
   const DataPlotDerived& d = plot.derived;
   dgColour(draw, ColourOf(plot, kRecordColour));
   for (std::size_t i = 0; i < d.record_x.size(); ++i) {
+    if (std::isnan(d.record_low[i])) continue;  // too short for an interval
     dgArrowWorld(draw, d.record_x[i], d.record_estimate[i], d.record_x[i], d.record_low[i], kArrow);
     dgArrowWorld(draw, d.record_x[i], d.record_estimate[i], d.record_x[i], d.record_high[i], kArrow);
   }
@@ -133,6 +137,7 @@ void DrawRecords(const DataPlotState& plot, PlotDraw draw) {
 
 void DrawEnsemble(const DataPlotState& plot, PlotDraw draw) {
   const auto across = [&](float value) {
+    if (std::isnan(value)) return;
     const float x[] = {draw.page.x_origin, draw.page.x_end}, y[] = {value, value};
     dgCurve(draw, x, y, 0);
   };
@@ -152,16 +157,24 @@ void DrawIntervals(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
   dgColour(draw, 1);
 }
 
+void AddBootstrapNotes(const StatisticSettings& settings, const DataPlotDerived& d, std::vector<PageNote>& notes) {
+  notes.push_back({fmt::format(kBootstrap, ResamplesInForce(settings), settings.bootstrap_seed)});
+  const auto none = std::count_if(d.record_low.begin(), d.record_low.end(), [](float x) { return std::isnan(x); });
+  if (none > 0) notes.push_back({fmt::format(kRecordsShort, none, d.record_low.size())});
+}
+
 void IntervalNotes(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) {
   const DataPlotDerived& d = plot.derived;
   constexpr int kDashed = 1;
   const int colour = ColourOf(plot, kEnsembleColour);
   const std::string_view etc = facts.ensemble.nrec > 1 ? ", etc" : "";
-  notes.push_back({fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high),
-                               Shown{facts.output.statistics.confidence_probability}),
-                   colour, kDashed});
+  const StatisticSettings& settings = facts.output.statistics;
+  const Shown probability{settings.confidence_probability};
+  if (std::isnan(d.low)) notes.push_back({fmt::format(kEnsembleShort, probability), colour});
+  else notes.push_back({fmt::format(kInterval, ShortNumber(d.low), ShortNumber(d.high), probability), colour, kDashed});
   notes.push_back({fmt::format(kEstimate, ShortNumber(d.estimate)), colour});
   notes.push_back({std::string(WordsOf(plot).name)});
+  if (settings.interval_method == IntervalMethod::bootstrap) AddBootstrapNotes(settings, d, notes);
   notes.push_back({fmt::format("{}{}", facts.store.file_name, etc)});
 }
 
@@ -170,10 +183,10 @@ DataFault WriteRealizations(const PlotSource& source, const DataPlotState& plot,
   const PlotFacts facts{source.output, source.store, source.ensemble, source.statistics};
   const DataPlotDerived& d = plot.derived;
   const std::string names[] = {"Realization", " Low (est-CI)", "  Estimate   ", "High (est+CI)"};
-  const TableLayout layout = LayoutFor(source.output.writing.separator, names);
-  std::string text =
-      fmt::format("{} with Confidence Interval; {}\nConfidence Interval Probability= {}\n", WordsOf(plot).name,
-                  CurveName(facts, plot), Shown{source.output.statistics.confidence_probability});
+  TableLayout layout = LayoutFor(source.output.writing.separator, names);
+  layout.no_number = NoInterval(source.output.statistics);
+  std::string text = fmt::format("{} with Confidence Interval; {}\n", WordsOf(plot).name, CurveName(facts, plot)) +
+                     IntervalMethodLines(source.output.statistics);
   AppendHeading(text, layout, names);
   for (std::size_t i = 0; i < d.record_x.size(); ++i) {
     const float cells[] = {d.record_low[i], d.record_estimate[i], d.record_high[i]};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 #include <sstream>
 #include <tuple>
 
@@ -354,6 +355,40 @@ TEST(IntervalTable, Refusals) {
             "ERR495 - Too many steps skipped or trimmed in confidence interval calculation\n");
   EXPECT_EQ(Write({.word = "MAX_CI"}).console, "ERROR - statistic 13 has no confidence interval\n");
   EXPECT_EQ(Write({.word = "TABLE_CI", .iqnt = 13}).fault, DataFault::not_valid);
+}
+
+TEST(IntervalTable, BootstrapStandsInPlaceOfTheFormula) {
+  Wanted wanted{.word = "TABLE_CI", .curve = 1};
+  wanted.settings.statistics.interval_method = IntervalMethod::bootstrap;
+  const Written few = Write(wanted);
+  EXPECT_EQ(few.console,
+            "WARNING - Records too short for some confidence intervals: they cover 1.0 dependence times,\n"
+            "          15 are needed for mean and deviations, 15 for 1/3rd, 25 for 1/10th averages\n");
+  EXPECT_NE(few.text.find("Probability= 0.95\nConfidence Interval Method= Bootstrap, 1000 resamples, seed 1\n"),
+            std::string::npos);
+  EXPECT_NE(few.text.find("\n Mean               too-short     too-short    0.06195313     too-short\n"),
+            std::string::npos);
+  wanted.word = "SIG_CI";
+  wanted.settings.writing.separator = Separator::comma;
+  EXPECT_EQ(Write(wanted).text, "too-short,too-short,3.743317,too-short\n");
+  wanted.settings.statistics.confidence_probability = 1.0F;
+  EXPECT_EQ(Write(wanted).console, "ERROR in CalcRecordPeakStats: invalid confidence probability = 1\n");
+
+  // Enough samples, independent and even between 0 and 1: the half width is 1.96/sqrt(12 n).
+  Wanted many{.word = "MEAN_CI", .curve = 1};
+  many.settings.statistics.interval_method = IntervalMethod::bootstrap;
+  constexpr std::size_t kSteps = 10'000;
+  many.c.last_read = many.c.last_step = static_cast<int>(kSteps);
+  many.c.time.component[0].resize(kSteps);
+  for (std::vector<float>& curve : many.c.pmgg.component) curve.resize(kSteps);
+  std::mt19937 random(1);
+  for (float& x : many.c.pmgg.component[0]) x = static_cast<float>(static_cast<double>(random()) / 4294967296.0);
+  std::istringstream line(Write(many).text);
+  double half_width = 0, low = 0, estimate = 0, high = 0;
+  ASSERT_TRUE(line >> half_width >> low >> estimate >> high);
+  EXPECT_NEAR(half_width, 1.96 / std::sqrt(12.0 * kSteps), 0.0006);
+  EXPECT_NEAR(high - low, 2 * half_width, 1e-6);
+  EXPECT_TRUE(low < 0.5 && 0.5 < high && low < estimate && estimate < high);
 }
 
 // Worked record 5 as surge.

@@ -105,6 +105,8 @@ constexpr ItemCase kItems[] = {
     {{"Cutoff value for dependence time calc:"}, "1", "", kIllegal}, {{"Cutoff value for dependence time calc:"}, "up", "cutoff 0.06"},
     {{"", "Normalize by variance (AutoCorrelation)"}, "", "kind 5"}, {{"", "Normalize by variance (AutoCorrelation)"}, "", "kind 6"},
     {{"", "Conf.Intrvl"}, "", "kind 7"}, {{"Probability="}, "0.9", "probability 0.9"},
+    {{"", "Bootstrap;"}, "", "bootstrap 1"}, {{"", "resamples"}, "200", "resamples 200"}, {{"", "resamples"}, "99", "", kIllegal},
+    {{"", "seed"}, "12", "seed 12"}, {{"", "Bootstrap;"}, "", "bootstrap 0"},
     {{"# records for many record scheme:"}, "up", "many 1"}, {{"# records for many record scheme:"}, "-1", "", kIllegal},
     {{"Point trim; beg"}, "10", "trim 10 step 11"},
     {{"", "Trajectory"}, "", "kind 2 ensemble 0"}, {{"Plot hull waterline every"}, "30", "every 30"},
