@@ -20,8 +20,10 @@
 #include "case/settings/settings_dialogues.h"
 #include "case/tables/history_dialogue.h"
 #include "frame/ground/option_menu.h"
+#include "frame/picture_dialogue.h"
 #include "frame/plot_menus.h"
 #include "frame/quantity_menu.h"
+#include "gks/picture/picture_sheet.h"
 #include "script/open_script_file.h"
 #include "stats/tables/ensemble_dialogues.h"
 #include "stats/tables/table_dialogues.h"
@@ -91,6 +93,7 @@ void WithQuantity(Session& s, QuantityTask task, Work work) {
 }
 
 void Exit(Session& s) {
+  static_cast<void>(FinishSheet(s.platform, s.gks));
   s.run.exit_requested = true;
 }
 
@@ -140,6 +143,10 @@ void RunScriptFile(Session& s) {
 
 void WriteKino(Session& s) {
   AskKinoFiles(s.platform, s.output, s.case_store);
+}
+
+void SetPictures(Session& s) {
+  AskPictures(s.platform, s.gks);
 }
 
 void SetIntervalMethod(Session& s) {
@@ -265,6 +272,7 @@ constexpr Option kOptions[] = {
     {"29 - Write/Plot extremes",                                TimeHistory,    nullptr, MenuExtremes, true},
     {"30 - Write/Plot rainflow counts",                         TimeHistory,    nullptr, MenuRainflow, true},
     {"31 - Set method of confidence intervals",                 TimeHistory,    SetIntervalMethod },
+    {"32 - Set style and pages of pictures",                    Always,         SetPictures       },
 };
 // clang-format on
 

@@ -19,7 +19,8 @@ namespace {
 inline constexpr std::string_view kIllegal = "ERROR - illegal arguments for {} command";
 inline constexpr std::string_view kMissing = "ERROR - missing or insufficient arguments for {} command";
 
-constexpr std::string_view kBeyondPage = "WARNING - {} {} by {} is larger than the page has room for: drawn as {} by {}";
+constexpr std::string_view kBeyondPage =
+    "WARNING - {} {} by {} is larger than the page has room for: drawn as {} by {}";
 
 struct Pair {
   float first = 0, second = 0;
@@ -128,6 +129,15 @@ int RunLegend(ScriptCall& call) {
   return kScriptOk;
 }
 
+int RunPictureStyle(ScriptCall& call) {
+  constexpr WordValue kStyles[] = {{"CLASSIC", static_cast<int>(PictureStyle::classic)},
+                                   {"REPORT", static_cast<int>(PictureStyle::report)}};
+  int style = 0;
+  const int status = ReadWord(call, kStyles, style);
+  if (status == kScriptOk) gksSetStyle(call.session.gks, static_cast<PictureStyle>(style));
+  return status;
+}
+
 constexpr Command kViews[] = {
     {{"PLOT_NUMBERS", "NUMBER_CURVES"},
      kNone,
@@ -177,6 +187,12 @@ constexpr Command kViews[] = {
     {{"MATCH_SCALES"}, kNone, RunFlag<&DataPlotState::match_scales>, "yes", "The same scales on all graphs"},
     {{"SHOW_SHIP"}, kNone, RunFlag<&DataPlotState::show_ship>, "yes", "Waterlines of the ship on a trajectory"},
     {{"WINDOW_SIZE", "WINDOW"}, kNone, RunWindowSize, "width height", "Size of the window and of pictures, in pixels"},
+    {{"PICTURE_STYLE"},
+     kNone,
+     RunPictureStyle,
+     "CLASSIC|REPORT",
+     "CLASSIC: as the system has always drawn; REPORT: smooth on white, the plot fills the page, with grid and legend",
+     "CLASSIC"},
     {{"REVERSE"}, kNone, RunBackground<1>, "", "Black and white exchanged in plots"},
     {{"BLACK", "BLACKBG", "BLACK_BG"}, kNone, RunBackground<2>, "", "Plots on black paper"},
     {{"WHITE", "WHITEBG", "WHITE_BG"}, kNone, RunBackground<3>, "", "Plots on white paper"},

@@ -134,10 +134,10 @@ TEST_F(WindowSession, MenusAreWholeOnTheScreenAndGoWithTheView) {
                           {"Time Step", "5", kF4Key},
                           {"Time Step", "5", ' ', kAltHeld},
                           {"Help", "5", 'h'},
-                          {"Point Input", "5", kF2Key, 0, 6},
-                          {"Select", "5", kF2Key, 0, 13},  // a colour
-                          {"Select", "5", kF2Key, 0, 15},  // a quantity
-                          {"File Selector", "1", kF2Key, 0, 6, true}};
+                          {"Point Input", "5", kF2Key, 0, 7},
+                          {"Select", "5", kF2Key, 0, 14},  // a colour
+                          {"Select", "5", kF2Key, 0, 16},  // a quantity
+                          {"File Selector", "1", kF2Key, 0, 7, true}};
   fs::copy(ProjectFile("samples/quartering.out"), Name("ship.out"));
   fs::copy(ProjectFile("samples/ship.geo"), Name("ship.geo"));
   PseudoTerminal t(path, Run({"ship.out"}));

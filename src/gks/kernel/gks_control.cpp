@@ -166,7 +166,7 @@ void GSCR(const Console& console, GksState& gks, int index, GksColour colour) {
     SayLine(console, kNotSetable);
     return;
   }
-  gks.colour[static_cast<std::size_t>(index)] = gks.window.reverse_video ? OnWhite(colour) : colour;
+  gks.colour[static_cast<std::size_t>(index)] = gksIsWhite(gks) ? OnWhite(colour) : colour;
 }
 
 GksColour GQCR(const Console& console, const GksState& gks, int index) {
@@ -174,11 +174,21 @@ GksColour GQCR(const Console& console, const GksState& gks, int index) {
   return gks.colour[static_cast<std::size_t>(std::clamp(index, 0, GKS_MAX_COLORS))];
 }
 
+bool gksIsWhite(const GksState& gks) {
+  return gks.window.reverse_video || gks.style == PictureStyle::report;
+}
+
+void gksSetStyle(GksState& gks, PictureStyle style) {
+  gks.style = style;
+  gksSetReverse(gks, gks.window.reverse_video);
+}
+
 void gksSetReverse(GksState& gks, bool on) {
   constexpr GksColour kBlack{0.0F, 0.0F, 0.0F}, kWhite{1.0F, 1.0F, 1.0F};
   gks.window.reverse_video = on;
-  gks.colour.fill(on ? kBlack : kWhite);
-  gks.colour[0] = on ? kWhite : kBlack;
+  const bool white = gksIsWhite(gks);
+  gks.colour.fill(white ? kBlack : kWhite);
+  gks.colour[0] = white ? kWhite : kBlack;
 }
 
 void GSLN(GksState& gks, int type) {

@@ -37,10 +37,12 @@ void gksSetColours(const Console& console, GksState& gks, int index);  // all fo
 // 0 and 1 can't be set. On white paper colours are mapped so that they stay visible.
 void GSCR(const Console& console, GksState& gks, int index, GksColour colour);
 [[nodiscard]] GksColour GQCR(const Console& console, const GksState& gks, int index);
+[[nodiscard]] bool gksIsWhite(const GksState& gks);   // the paper: by reverse video, or by the style of pictures
+void gksSetStyle(GksState& gks, PictureStyle style);  // colours become the defaults, as below
 void gksSetReverse(GksState& gks, bool on);  // background, foreground and all colours become the defaults of the mode
 
 void GSLN(GksState& gks, int type);           // 2 to 5 stippled, any other solid
-void gksLineStyle(GksState& gks, int style);  // of the polyline: 0 to 4 by GSLN, 5 long dashes, 6 short ones
+void gksLineStyle(GksState& gks, int style);  // of the polyline: 0 to 4 by GSLN, 5 long dashes, 6 short ones, 7 dots
 void GSLWSC(GksState& gks, float scale);
 void GSMK(GksState& gks, int type);  // modulo 22
 void GSMKSC(GksState& gks, float scale);

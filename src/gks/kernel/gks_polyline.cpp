@@ -13,8 +13,8 @@ namespace zaview {
 
 namespace {
 
-// By line style: those of GSLN, long dashes, and short ones as long as their gaps.
-constexpr std::array<std::uint16_t, 7> kPatterns{kSolid, 255, 257, 7239, 2056, 0x0FFF, 0x3333};
+// By line style: those of GSLN, long dashes, short ones as long as their gaps, and dots that can be seen in print.
+constexpr std::array<std::uint16_t, 8> kPatterns{kSolid, 255, 257, 7239, 2056, 0x0FFF, 0x3333, 0x0303};
 
 class Strip {
  public:

@@ -166,11 +166,11 @@ void Line(const Sheet& sheet, const PictureRecording& from, const RecordedItem& 
   if (item.pattern == 0) return;
   const std::span<const GksPoint> strip = PointsOf(from, item);
   std::array<double, 16> runs{};
-  const Dashes dashes = item.pattern == kSolid ? Dashes{} : DashesOf(item.pattern);
+  const Dashes dashes = item.pattern == kSolid ? Dashes{} : DashesOf(item.pattern, item.width);
   std::copy_n(dashes.runs.begin(), dashes.count, runs.begin());
   SetInk(sheet, item.colour);
   cairo.line_width(sheet.to, static_cast<double>(std::max(item.width, 1.0F)));
-  cairo.dash(sheet.to, runs.data(), static_cast<int>(dashes.count), dashes.offset);
+  cairo.dash(sheet.to, runs.data(), static_cast<int>(dashes.count), static_cast<double>(dashes.offset));
   bool open = false;
   std::size_t drawn = 0;
   for (std::size_t i = 0; i < strip.size(); ++i) {

@@ -16,6 +16,7 @@ namespace zaview {
 namespace {
 
 constexpr fmt::string_view kWriting = "DumpWindow - Writing {} file {}";
+constexpr fmt::string_view kOnPage = "Picture {} of page {}";
 constexpr std::string_view kEmptySheet = "ERROR - Page has no pictures, nothing is written";
 constexpr std::string_view kNoLibrary = " (the library of PDF files is not here)";
 
@@ -56,14 +57,18 @@ bool BeginSheet(GksState& gks, int rows, int columns, std::string_view name) {
 
 bool AddToSheet(const Platform& platform, GksState& gks) {
   PictureSheet& sheet = gks.sheet;
-  if (!gks.paint.scalable || !gks.recording.whole || !Reserve(sheet.cells, sheet.cells.size() + 1)) {
+  const auto copy = [&] {
+    sheet.cells.push_back(gks.recording);  // a window shows it further on
+    return true;
+  };
+  if (!gks.paint.scalable || !gks.recording.whole || !Guarded(copy, false)) {
     SayLine(platform.console, gks.paint.scalable ? kNoMemory : kNoPicture);
     return false;
   }
-  sheet.cells.push_back(std::exchange(gks.recording, PictureRecording{}));
   sheet.cells.back().shown = nullptr;
-  const bool full =
-      sheet.cells.size() == static_cast<std::size_t>(sheet.rows) * static_cast<std::size_t>(sheet.columns);
+  const std::size_t count = sheet.cells.size();
+  Say(platform.console, kOnPage, count, sheet.name);
+  const bool full = count == static_cast<std::size_t>(sheet.rows) * static_cast<std::size_t>(sheet.columns);
   return !full || FinishSheet(platform, gks);
 }
 

@@ -22,16 +22,17 @@ PagePlace PlaceOf(const RecordedPage& page, std::size_t cell) {
   return {i % columns * page.cells[0]->width, i / columns * page.cells[0]->height};
 }
 
-Dashes DashesOf(std::uint16_t pattern) {
+Dashes DashesOf(std::uint16_t pattern, float width) {
+  const float scale = std::max(1.0F, width / 2.0F);
   constexpr unsigned kBits = 16;
   const auto is_set = [pattern](unsigned bit) { return (pattern >> bit % kBits & 1U) != 0; };
   unsigned first = 0;  // set, behind one that isn't
   while (first < kBits && (!is_set(first) || is_set(first + kBits - 1))) ++first;
   Dashes out;
-  out.offset = static_cast<int>((kBits - first) % kBits);
+  out.offset = scale * static_cast<float>((kBits - first) % kBits);
   for (unsigned bit = first; bit < first + kBits; ++bit) {
     if (bit == first || is_set(bit) != is_set(bit - 1)) ++out.count;
-    ++out.runs[out.count - 1];
+    out.runs[out.count - 1] += scale;
   }
   return out;
 }

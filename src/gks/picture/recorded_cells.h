@@ -21,12 +21,12 @@ struct PagePlace {
 [[nodiscard]] PagePlace PlaceOf(const RecordedPage& page, std::size_t cell);
 
 // A pattern of bits as runs, in pixels: set, not set, and so on. A line starts `offset` behind the first. Neither solid
-// nor 0.
+// nor 0. Of thick lines longer.
 struct Dashes {
-  std::array<int, 16> runs{};
+  std::array<float, 16> runs{};
   std::size_t count = 0;
-  int offset = 0;
+  float offset = 0;
 };
-[[nodiscard]] Dashes DashesOf(std::uint16_t pattern);
+[[nodiscard]] Dashes DashesOf(std::uint16_t pattern, float width);
 
 }  // namespace zaview

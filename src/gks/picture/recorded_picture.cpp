@@ -51,10 +51,9 @@ bool CanDrawRecorded() {
 
 bool IsRecorded(const GksState& gks) {
   if (gks.screen.mode != ScreenMode::plot) return false;
-  if (gks.style == PictureStyle::report) return true;
-  if (!gks.dump.waiting) return false;
+  if (gks.style == PictureStyle::report || gks.sheet.open()) return true;
   PictureFormat format = PictureFormat::png;
-  return gks.sheet.open() || (FormatOfName(gks.dump.name, format) && IsVector(format));
+  return gks.dump.waiting && FormatOfName(gks.dump.name, format) && IsVector(format);
 }
 
 }  // namespace zaview

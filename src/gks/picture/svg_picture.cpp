@@ -82,13 +82,13 @@ void PutPath(std::string& out, std::span<const GksPoint> points) {
   }
 }
 
-void PutDashes(std::string& out, std::uint16_t pattern) {
-  const Dashes dashes = DashesOf(pattern);
+void PutDashes(std::string& out, const RecordedItem& pen) {
+  const Dashes dashes = DashesOf(pen.pattern, pen.width);
   out += " stroke-dasharray=\"";
   for (std::size_t i = 0; i < dashes.count; ++i)
-    fmt::format_to(std::back_inserter(out), "{}{}", i == 0 ? "" : ",", dashes.runs[i]);
+    fmt::format_to(std::back_inserter(out), "{}{}", i == 0 ? "" : ",", NumberOf(dashes.runs[i]));
   out += '"';
-  if (dashes.offset > 0) fmt::format_to(std::back_inserter(out), " stroke-dashoffset=\"{}\"", dashes.offset);
+  if (dashes.offset > 0) fmt::format_to(std::back_inserter(out), " stroke-dashoffset=\"{}\"", NumberOf(dashes.offset));
 }
 
 bool HasSamePen(const RecordedItem& a, const RecordedItem& b) {
@@ -104,7 +104,7 @@ std::size_t PutLines(std::string& out, const PictureRecording& from, std::size_t
   if (pen.pattern == 0) return end - first;
   fmt::format_to(std::back_inserter(out), "<path stroke=\"{}\"", InkOf(pen.colour));
   if (pen.width != 1.0F) fmt::format_to(std::back_inserter(out), " stroke-width=\"{}\"", NumberOf(pen.width));
-  if (pen.pattern != kSolid) PutDashes(out, pen.pattern);
+  if (pen.pattern != kSolid) PutDashes(out, pen);
   out += " d=\"";
   for (std::size_t i = first; i < end; ++i) PutPath(out, PointsOf(from, from.items[i]));
   out += "\"/>\n";

@@ -95,6 +95,7 @@ bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
   }
   std::string name(TrimEnd(std::exchange(gks.dump.name, {})));
   if (PictureFormat format{}; FormatOfName(name, format) && IsVector(format)) return WriteVector(platform, gks, name);
+  if (name.empty() && gks.sheet.open()) return AddToSheet(platform, gks);
   if (!name.empty()) {
     const DumpKind* const named = KindOfName(name);
     return WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "gks/kernel/gks_control.h"
+#include "gks/plot/plot_look.h"
 
 namespace zaview {
 
@@ -27,11 +28,13 @@ float Contrast(const GksColour& a, const GksColour& b) {
 
 }  // namespace
 
-void SetLegibleColours(PlotDraw draw) {
+void SetCurveColours(PlotDraw draw) {
+  const std::span<const GksColour> own = LookOf(draw.gks).colours;
   constexpr int kFirst = 2, kLast = 15, kParts = 20;
   const Console& console = draw.platform.console;
   const GksColour paper = GQCR(console, draw.gks, 0), ink = GQCR(console, draw.gks, 1);
-  for (int index = kFirst; index <= kLast; ++index) {
+  std::copy(own.begin(), own.end(), draw.gks.colour.begin() + kFirst);
+  for (int index = kFirst + static_cast<int>(own.size()); index <= kLast; ++index) {
     const GksColour colour = GQCR(console, draw.gks, index);
     GksColour twin = colour;
     for (int part = 1; part < kParts && Contrast(twin, paper) < kLeastContrast; ++part) {

@@ -5,8 +5,8 @@
 
 namespace zaview {
 
-// Colours 2 to 15 that can hardly be seen on their background become darker or lighter, as little as it takes. Behind
-// dgFrame(2), for this picture.
-void SetLegibleColours(PlotDraw draw);
+// Those of the look; others of 2 to 15 that can hardly be seen on their background become darker or lighter, as little
+// as it takes. Behind dgFrame(2), for this picture.
+void SetCurveColours(PlotDraw draw);
 
 }  // namespace zaview

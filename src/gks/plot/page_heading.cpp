@@ -1,13 +1,16 @@
 #include "gks/plot/page_heading.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "gks/plot/page_text.h"
+#include "gks/plot/plot_look.h"
 
 namespace zaview {
 
 namespace {
 
+constexpr float kPageHeight = 8.5F;
 constexpr float kLowest = 0.25F;    // of the page's height the area keeps, however much stands around it
 constexpr float kMostLeft = 0.3F;   // of the area's width, for labels and name of its vertical axis
 constexpr float kHeading = 1.0F;    // of the character height
@@ -29,6 +32,20 @@ float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float 
 }
 
 }  // namespace
+
+void SetPlotPage(PlotDraw draw, GksPoint area, PageMargins margins) {
+  const PlotLook& look = LookOf(draw.gks);
+  dgNoFrame(draw);
+  if (!look.fills_page) {
+    dgPage(draw, look.page_width, kPageHeight);
+    return dgArea(draw, area.x, area.y);
+  }
+  const float shape =
+      static_cast<float>(std::max(draw.gks.window.height, 1)) / static_cast<float>(std::max(draw.gks.window.width, 1));
+  const float width = std::max(look.page_width, look.page_side / std::min(shape, 1.0F));
+  dgPage(draw, width, width * shape);
+  dgAreaAt(draw, margins.left, 0, width - margins.left - margins.right, width * shape);
+}
 
 void MakeRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end) {
   PlotPage& page = draw.page;
@@ -63,6 +80,20 @@ void DrawHeading(PlotDraw draw, const std::vector<std::string>& lines) {
   const float h = draw.page.char_height;
   for (const std::string& line : lines)
     dgHeading(draw, CutToWidth(draw, line, factor * h, room), factor, static_cast<int>(lines.size()));
+}
+
+void DrawGridLines(PlotDraw draw, bool asked) {
+  const PlotLook& look = LookOf(draw.gks);
+  if (asked == look.grid) return;
+  if (!look.grid) {
+    dgDot(draw);
+    dgGrid(draw, 1, 1);
+    return dgReset(draw, "dot");
+  }
+  // In the colour of index 1, which it has no longer than that.
+  const GksColour ink = std::exchange(draw.gks.colour[1], look.grid_colour);
+  dgGrid(draw, 1, 1);
+  draw.gks.colour[1] = ink;
 }
 
 void DrawAreaFrame(PlotDraw draw) {

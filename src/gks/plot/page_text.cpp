@@ -12,6 +12,7 @@
 #include "gks/kernel/gks_draw.h"
 #include "gks/plot/dense_curve.h"
 #include "gks/plot/page_inside.h"
+#include "gks/plot/plot_look.h"
 
 namespace zaview {
 
@@ -28,7 +29,7 @@ constexpr float kNameSpace = 0.6F;  // character heights between labels and name
 constexpr float kPageMargin = 0.1F;
 constexpr float kDescent = 0.4F;      // character heights below the last line
 constexpr float kNotesDepth = 0.12F;  // of the page: so much is given to notes before they go into columns
-constexpr float kSample = 2.5F, kSampleGap = 0.7F;  // the dash in front of a note, character heights
+constexpr float kSampleGap = 0.7F;    // behind the piece of a line ahead of a note, character heights
 constexpr float kSampleUp = 0.4F;
 constexpr float kColumnGap = 1.0F;  // heights of letters, as drawn or not, between columns of notes
 constexpr float kBoxMargin = 0.15F;
@@ -69,15 +70,15 @@ Extent ExtentOf(PlotDraw draw, std::string_view text, float height) {
 }
 
 // Room for the dashes in front of the notes, in character heights; 0: none has one.
-float SampleOf(std::span<const PageNote> notes) {
+float SampleOf(PlotDraw draw, std::span<const PageNote> notes) {
   const bool any = std::any_of(notes.begin(), notes.end(), [](const PageNote& note) { return note.colour != 0; });
-  return any ? kSample + kSampleGap : 0.0F;
+  return any ? LookOf(draw.gks).sample + kSampleGap : 0.0F;
 }
 
 float WidthOf(PlotDraw draw, std::span<const PageNote> notes, float height) {
   float widest = 0.0F;
   for (const PageNote& note : notes) widest = std::max(widest, TextWidth(draw, note.text, height));
-  return widest + SampleOf(notes) * height;
+  return widest + SampleOf(draw, notes) * height;
 }
 
 float ColumnGap(PlotDraw draw, float height) {
@@ -94,10 +95,13 @@ void DrawNote(PlotDraw draw, const PageNote& note, GksPoint at, float height, fl
     const OnPage page(draw);
     const bool clip = draw.gks.attribute.clip;
     GSCLIP(draw.gks, 0);
-    const float x[] = {at.x, at.x + kSample * height}, y[] = {at.y + kSampleUp * height, at.y + kSampleUp * height};
+    const float x[] = {at.x, at.x + LookOf(draw.gks).sample * height},
+                y[] = {at.y + kSampleUp * height, at.y + kSampleUp * height};
     dgColour(draw, note.colour);
     SetDash(draw, note.dash);
+    dgCurveThickness(draw, draw.page.thickness);
     dgCurve(draw, x, y, 0);
+    dgThickness(draw, draw.page.thickness);
     SetDash(draw, 0);
     GSCLIP(draw.gks, clip ? 1 : 0);
     dgColour(draw, 1);
@@ -107,15 +111,14 @@ void DrawNote(PlotDraw draw, const PageNote& note, GksPoint at, float height, fl
 
 }  // namespace
 
-void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y) {
+void DrawThinned(PlotDraw draw, std::span<const float> x, std::span<const float> y) {
   CurvePoints thin;
   if (ThinCurve(draw.gks, x, y, draw.page.log_y, thin)) dgCurve(draw, thin.x, thin.y, 0);
   else dgCurve(draw, x, y, 0);
 }
 
 void SetDash(PlotDraw draw, int dash) {
-  constexpr int kStyles[kDashes] = {0, 1, 2, 3, 5, 6};  // of the kernel; 4 looks as 2 does
-  gksLineStyle(draw.gks, kStyles[dash >= 0 && dash < kDashes ? dash : 0]);
+  gksLineStyle(draw.gks, LookOf(draw.gks).dashes[dash >= 0 && dash < kDashes ? static_cast<std::size_t>(dash) : 0]);
 }
 
 std::string ShortNumber(float value) {
@@ -175,7 +178,7 @@ void PaperNotes(PlotDraw draw, std::span<const PageNote> notes, float x, float t
   const float pitch = LinePitch(draw, height);
   PaperBox(draw, x, top - size.height, size.width, size.height);
   float y = top;
-  for (const PageNote& note : notes) DrawNote(draw, note, {x + kBoxMargin, y -= pitch}, height, SampleOf(notes));
+  for (const PageNote& note : notes) DrawNote(draw, note, {x + kBoxMargin, y -= pitch}, height, SampleOf(draw, notes));
 }
 
 NotesPlace PlaceOfNotes(PlotDraw draw, std::span<const PageNote> notes, float text_size, float height) {
@@ -207,8 +210,8 @@ void PageNotes(PlotDraw draw, std::span<const PageNote> notes, const NotesPlace&
     const GksPoint at{page.area_x + column * static_cast<float>(i / place.rows),
                       top - pitch * static_cast<float>(i % place.rows + 1)};
     PageNote note = notes[i];
-    note.text = CutToWidth(draw, note.text, place.height, room - SampleOf(notes) * place.height);
-    DrawNote(draw, note, at, place.height, SampleOf(notes));
+    note.text = CutToWidth(draw, note.text, place.height, room - SampleOf(draw, notes) * place.height);
+    DrawNote(draw, note, at, place.height, SampleOf(draw, notes));
   }
 }
 

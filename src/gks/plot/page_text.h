@@ -9,8 +9,8 @@
 
 namespace zaview {
 
-// A solid line in the graph, thinned where points are closer than pixels.
-void DrawSolid(PlotDraw draw, std::span<const float> x, std::span<const float> y);
+// A line in the graph, thinned where points are closer than pixels.
+void DrawThinned(PlotDraw draw, std::span<const float> x, std::span<const float> y);
 
 // Solid, dashes, dots, chains of both, long dashes, short ones: six that can be told apart.
 inline constexpr int kDashes = 6;

@@ -15,6 +15,7 @@
 #include "gks/kernel/gks_transform.h"
 #include "gks/plot/page_inside.h"
 #include "gks/plot/plot_layer.h"
+#include "gks/plot/plot_look.h"
 
 namespace zaview {
 
@@ -271,7 +272,7 @@ void DrawYName(PlotDraw draw, const GksRectangle& labels) {
   const float middle = page.area_y + 0.5F * page.area_height;
   float right = labels.xmin - kYNameGap * page.char_height;
   if (page.y_name_turned) right = std::min(right, page.area_x - kYNameTurned * page.char_height);
-  if (!draw.gks.window.bitmap_font) return DrawTurnedName(draw, right, middle);
+  if (!draw.gks.window.bitmap_font || LookOf(draw.gks).names_turned) return DrawTurnedName(draw, right, middle);
   GSCHUP(draw.gks, 0, 1);
   GSTXAL(draw.gks, kRight, kHalf);
   const float level = right - kLevelNameGap * page.char_height;  // in the same line as a label

@@ -13,6 +13,7 @@
 #include "gks/kernel/gks_draw.h"
 #include "gks/kernel/gks_transform.h"
 #include "gks/plot/page_inside.h"
+#include "gks/plot/plot_look.h"
 
 namespace zaview {
 
@@ -237,6 +238,13 @@ void dgThickness(PlotDraw draw, float thickness) {
   draw.page.thickness = thickness;
   const float scale = thickness / draw.page.page_width * kLineWidthsPerPage;
   GSLWSC(draw.gks, scale > 1.0F ? scale : 1.0F);
+}
+
+void dgCurveThickness(PlotDraw draw, float thickness) {
+  dgThickness(draw, thickness);
+  const SelectedTransform page(draw.gks, kPageTransform);
+  GSLWSC(draw.gks,
+         std::max(draw.gks.attribute.line_width, LookOf(draw.gks).curve_width * gksPixelsPerUnit(draw.gks).x));
 }
 
 void dgColour(PlotDraw draw, int index) {

@@ -49,6 +49,7 @@ void dgYName90(PlotDraw draw, int flag);
 void dgHeading(PlotDraw draw, std::string_view text, float factor, int lines);
 void dgCharHeight(PlotDraw draw, float height);
 void dgThickness(PlotDraw draw, float thickness);
+void dgCurveThickness(PlotDraw draw, float thickness);  // at least as thick as curves of this look are
 void dgColour(PlotDraw draw, int index);
 void dgClip(PlotDraw draw, float flag);
 void dgDot(PlotDraw draw);

@@ -86,9 +86,8 @@ void LeaveView(GksState& gks) {
 }
 
 bool Store(GksState& gks) {
-  if (!gks.sheet.open()) return GKSDUMP(*gks.platform, gks, kDumpOption);
-  gks.dump.name.clear();
-  return AddToSheet(*gks.platform, gks);
+  if (gks.sheet.open()) gks.dump.name.clear();
+  return GKSDUMP(*gks.platform, gks, kDumpOption);
 }
 
 void Dump(GksState& gks) {

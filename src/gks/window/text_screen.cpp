@@ -183,7 +183,7 @@ void gksScreenShow(const Platform& platform, GksState& gks) {
 void DrawTextScreen(const Platform& platform, GksState& gks) {
   gksOpenTo(gks, GksLevel::active);
   GCLRWK(gks);
-  const GksColour colour = gks.window.reverse_video ? GksColour{} : GksColour{1.0F, 1.0F, 1.0F};
+  const GksColour colour = gksIsWhite(gks) ? GksColour{} : GksColour{1.0F, 1.0F, 1.0F};
   TextScreen& screen = gks.screen;
   int y = FirstBaseline(gks, screen);
   for (int i = screen.first; i <= screen.last; ++i, y += kPitch)

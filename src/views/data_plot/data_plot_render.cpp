@@ -10,6 +10,7 @@
 #include "gks/plot/line_colours.h"
 #include "gks/plot/page_heading.h"
 #include "gks/plot/page_text.h"
+#include "gks/plot/plot_look.h"
 #include "views/data_plot/data_plot.h"
 #include "views/data_plot/plot_type.h"
 #include "views/state/axes_marks.h"
@@ -21,16 +22,15 @@ namespace zaview {
 
 namespace {
 
-constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
+constexpr PageMargins kMargins, kWithRightAxis{0.15F, 1.1F};  // of an area that fills the page
 constexpr std::size_t kTitleColumns = 70;
 constexpr int kFrameOption = 2;  // of axis_option, and the one above
 
 // The axes stay on the page, with room for their labels, whatever size was asked for.
 void SetPage(const DataPlotState& plot, PlotDraw draw) {
   const AxesLength length = LengthOf(plot);
-  dgNoFrame(draw);
-  dgPage(draw, kPageWidth, kPageHeight);
-  dgArea(draw, std::min(length.x, kLargestArea.x), std::min(length.y, kLargestArea.y));
+  SetPlotPage(draw, {std::min(length.x, kLargestArea.x), std::min(length.y, kLargestArea.y)},
+              plot.kind == PlotKind::history && plot.wave_overlay ? kWithRightAxis : kMargins);
   dgCharHeight(draw, plot.text_size);
 }
 
@@ -65,11 +65,11 @@ std::vector<std::string> HeadingLines(const PlotFacts& facts, const DataPlotStat
 }
 
 // What one axis has lost the other gives up as well, where a unit is as long on both.
-void KeepShape(const DataPlotState& plot, float width, float height, PlotPage& page) {
+void KeepShape(const DataPlotState& plot, AxesLength length, PlotPage& page) {
   if (!RowOf(plot.kind).units_as_long || !plot.keep_aspect) return;
-  const float factor = std::min(page.area_width / width, page.area_height / height);
-  page.area_width = factor * width;
-  page.area_height = factor * height;
+  const float factor = std::min(page.area_width / length.x, page.area_height / length.y);
+  page.area_width = factor * length.x;
+  page.area_height = factor * length.y;
 }
 
 // ---- Axes
@@ -77,12 +77,9 @@ void DrawAxes(const DataPlotState& plot, const PlotLimits& l, PlotDraw draw) {
   dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
   dgThickness(draw, 0);
   dgColour(draw, 1);
-  if (plot.axis_option >= kFrameOption) DrawAreaFrame(draw);
+  DrawGridLines(draw, plot.grid_on);
+  if (plot.axis_option >= kFrameOption || LookOf(draw.gks).boxed) DrawAreaFrame(draw);
   dgZeroLines(draw, plot.vertical_zero, plot.horizontal_zero);
-  if (!plot.grid_on) return;
-  dgDot(draw);
-  dgGrid(draw, 1, 1);
-  dgReset(draw, "dot");
 }
 
 void NameAxes(const DataPlotState& plot, std::string_view x, std::string_view y, PlotDraw draw) {
@@ -113,12 +110,12 @@ void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   if (type.names != nullptr) type.names(facts, plot, names);
   if (type.notes != nullptr) type.notes(facts, plot, notes);
   NameAxes(plot, names.x, names.y, draw);
-  const float width = draw.page.area_width, height = draw.page.area_height;
+  const AxesLength length = LengthOf(plot);
   MakeRoomLeft(draw, plot.axes.limits.y_min, plot.axes.limits.y_step, plot.axes.limits.y_max);
   const std::vector<std::string> heading = ClearOfLabels(draw, HeadingLines(facts, plot, names));
   const NotesPlace place = PlaceOfNotes(draw, notes, plot.text_size, plot.annot_size);
   MakeRoom(draw, heading.size(), place.columns > 0 ? place.depth : 0.0F);
-  KeepShape(plot, width, height, draw.page);
+  KeepShape(plot, length, draw.page);
   DrawHeading(draw, heading);
   DrawGraph(facts, plot, draw);
   PageNotes(draw, notes, place);
@@ -132,7 +129,7 @@ void zaviewrender(Session& session) {
   TakeReverse(session.run, session.gks);
   const PlotDraw draw = DrawOf(session);
   if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
-  SetLegibleColours(draw);
+  SetCurveColours(draw);
   SetPage(session.data_plot, draw);
   DrawPage(FactsOf(session), session.data_plot, draw);
   (void)dgFrame(draw, -3);

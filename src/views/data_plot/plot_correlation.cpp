@@ -127,8 +127,8 @@ void CorrelationNames(const PlotFacts& facts, const DataPlotState& plot, PlotNam
 void DrawEnvelopes(const DataPlotState& plot, PlotDraw draw) {
   const DataPlotDerived& d = plot.derived;
   dgColour(draw, ColourOf(plot, kEnvelopeColour));
-  DrawSolid(draw, d.env_lag, d.env_R);
-  DrawSolid(draw, d.low_lag, d.low_R);
+  DrawThinned(draw, d.env_lag, d.env_R);
+  DrawThinned(draw, d.low_lag, d.low_R);
 }
 
 float CutoffOf(const DataPlotState& plot) {

@@ -61,10 +61,11 @@ void DrawLine(const DataPlotState& plot, PlotDraw draw, const DrawnCurve& curve)
     dgMarkerScale(draw, kDotSize * plot.mark_size);
     return dgCurve(draw, curve.x.first(1), curve.y.first(1), -1);
   }
-  const int dash = DashOf(plot, curve.component);
-  if (dash == 0) return DrawSolid(draw, curve.x, curve.y);
+  const int dash = DashOf(LookOf(draw.gks), plot, curve.component);
+  if (dash == 0) return DrawThinned(draw, curve.x, curve.y);
   SetDash(draw, dash);
-  dgCurve(draw, curve.x, curve.y, 0);
+  if (LookOf(draw.gks).dashed) DrawThinned(draw, curve.x, curve.y);
+  else dgCurve(draw, curve.x, curve.y, 0);
   SetDash(draw, 0);
 }
 
@@ -127,9 +128,9 @@ int ColourOf(const DataPlotState& plot, int index) {
   return plot.colour_on ? index : 1;
 }
 
-int DashOf(const DataPlotState& plot, int component) {
+int DashOf(const PlotLook& look, const DataPlotState& plot, int component) {
   const bool one = plot.plot_component > 0 || plot.plot_component_count == 1;
-  return plot.colour_on || one || component < 1 ? 0 : (component - 1) % kDashes;
+  return (plot.colour_on && !look.dashed) || one || component < 1 ? 0 : (component - 1) % kDashes;
 }
 
 void DrawCurves(const DataPlotState& plot, PlotDraw draw) {
@@ -139,7 +140,7 @@ void DrawCurves(const DataPlotState& plot, PlotDraw draw) {
   NumberPlace place{0, static_cast<int>(curves.size())};
   for (const DrawnCurve& curve : curves) {
     dgColour(draw, ColourOf(plot, curve.component + 1));
-    dgThickness(draw, plot.line_thickness);
+    dgCurveThickness(draw, plot.line_thickness);
     if (plot.mark_every >= 0) DrawLine(plot, draw, curve);
     DrawMarks(plot, draw, curve);
     ++place.position;

@@ -101,10 +101,10 @@ void DrawFit(const DataPlotState& plot, PlotDraw draw) {
   constexpr float kFit = 0.045F, kPaper = 0.1F;  // page units
   dgThickness(draw, plot.line_thickness + kPaper);
   GSPLCI(draw.platform.console, draw.gks, 0);
-  DrawSolid(draw, h.mid, h.expected);
+  DrawThinned(draw, h.mid, h.expected);
   dgThickness(draw, plot.line_thickness + kFit);
   dgColour(draw, ColourOf(plot, kFitColour));
-  DrawSolid(draw, h.mid, h.expected);
+  DrawThinned(draw, h.mid, h.expected);
   const float x[] = {draw.page.x_origin, draw.page.x_end}, y[] = {0, 0};  // where nothing is expected the axis shows
   dgThickness(draw, 0);
   dgColour(draw, 1);
@@ -122,7 +122,7 @@ void HistogramNotes(const PlotFacts& facts, const DataPlotState& plot, std::vect
 }
 
 void DrawHistogram(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
-  dgThickness(draw, plot.line_thickness);
+  dgCurveThickness(draw, plot.line_thickness);
   DrawBars(plot, draw);
   DrawFit(plot, draw);
   dgThickness(draw, 0);

@@ -153,18 +153,18 @@ void DrawOwnScale(const DataPlotState& plot, PlotDraw draw) {
   const float bottom = draw.page.y_origin, height = draw.page.y_end - bottom;
   std::transform(wave.begin(), wave.end(), y.begin(),
                  [&](float value) { return bottom + (value - axis.low) / (axis.high - axis.low) * height; });
-  DrawSolid(draw, XOf(plot), y);
+  DrawThinned(draw, XOf(plot), y);
   DrawRightAxis(plot, draw, axis);
 }
 
 void DrawWave(const DataPlotState& plot, PlotDraw draw) {
   if (!plot.wave_overlay || plot.derived.history.wave.empty()) return;
   dgColour(draw, WaveColour(plot));
-  dgThickness(draw, plot.line_thickness);
+  dgCurveThickness(draw, plot.line_thickness);
   if (plot.wave_own_scale) {
     DrawOwnScale(plot, draw);
   } else {
-    DrawSolid(draw, XOf(plot), plot.derived.history.wave);
+    DrawThinned(draw, XOf(plot), plot.derived.history.wave);
     const float x = draw.page.area_x + draw.page.area_width;
     PageText(draw, kWave, x + kGap, draw.page.area_y + draw.page.area_height - plot.annot_size, plot.annot_size,
              TextSide::left);
@@ -283,7 +283,7 @@ void AddLegend(const PlotFacts& facts, const DataPlotState& plot, std::vector<Pa
       i = std::min(i, static_cast<std::size_t>(std::lower_bound(curve.x.begin(), curve.x.end(), plot.axes.measure.x) -
                                                curve.x.begin()));
     if (plot.values_in_legend) text += fmt::format(" = {}", ShortNumber(curve.y[i]));
-    notes.push_back({text, ColourOf(plot, curve.component + 1), DashOf(plot, curve.component)});
+    notes.push_back({text, ColourOf(plot, curve.component + 1), DashOf(facts.look, plot, curve.component)});
   }
 }
 

@@ -150,7 +150,7 @@ void DrawEnsemble(const DataPlotState& plot, PlotDraw draw) {
 }
 
 void DrawIntervals(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {
-  dgThickness(draw, plot.line_thickness);
+  dgCurveThickness(draw, plot.line_thickness);
   DrawEnsemble(plot, draw);
   DrawRecords(plot, draw);
   dgThickness(draw, 0);

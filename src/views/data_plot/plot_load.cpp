@@ -118,7 +118,7 @@ void DrawLoad(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   dgCurve(draw, d.cut, d.load_largest, 0);
   dgReset(draw, "dash");
   dgColour(draw, ColourOf(plot, kPresentColour));
-  dgThickness(draw, plot.line_thickness);
+  dgCurveThickness(draw, plot.line_thickness);
   if (plot.mark_every >= 0) dgCurve(draw, d.cut, d.load, 0);
   dgMarkerType(draw, kMark);
   dgMarkerScale(draw, plot.mark_size);

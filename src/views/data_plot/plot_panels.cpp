@@ -105,14 +105,14 @@ void DrawParts(PlotDraw draw, const ResultCurve& curve, int mode) {
     std::size_t end = first;
     while (end < n && is_there(end)) ++end;
     const std::span x(curve.x.data() + first, end - first), y(curve.y.data() + first, end - first);
-    if (mode == 0 && end > first) DrawSolid(draw, x, y);
+    if (mode == 0 && end > first) DrawThinned(draw, x, y);
     else if (end > first) dgCurve(draw, x, y, mode);
     first = end + 1;
   }
 }
 
-int DashOfCurve(const DataPlotState& plot, const ResultCurve& curve, int index) {
-  return curve.style == ResultStyle::dashed ? kDashed : DashOf(plot, index);
+int DashOfCurve(const PlotLook& look, const DataPlotState& plot, const ResultCurve& curve, int index) {
+  return curve.style == ResultStyle::dashed ? kDashed : DashOf(look, plot, index);
 }
 
 void DrawPanelCurve(const DataPlotState& plot, PlotDraw draw, const ResultCurve& curve, int index) {
@@ -122,8 +122,8 @@ void DrawPanelCurve(const DataPlotState& plot, PlotDraw draw, const ResultCurve&
     dgMarkerScale(draw, kPointSize * plot.mark_size);
     return DrawParts(draw, curve, -1);
   }
-  dgThickness(draw, plot.line_thickness);
-  const int dash = DashOfCurve(plot, curve, index);
+  dgCurveThickness(draw, plot.line_thickness);
+  const int dash = DashOfCurve(LookOf(draw.gks), plot, curve, index);
   if (dash == 0) DrawParts(draw, curve, 0);
   else {
     SetDash(draw, dash);
@@ -140,18 +140,19 @@ void DrawPanel(const DataPlotState& plot, PlotDraw draw, const ResultPanel& pane
   dgColour(draw, 1);
 }
 
-void AddNotes(const DataPlotState& plot, const ResultPanel& panel, std::vector<PageNote>& notes) {
+void AddNotes(const PlotLook& look, const DataPlotState& plot, const ResultPanel& panel, std::vector<PageNote>& notes) {
   int index = 0;
   for (const ResultCurve& curve : panel.curves) {
     ++index;
-    if (!curve.name.empty()) notes.push_back({curve.name, ColourOf(plot, index + 1), DashOfCurve(plot, curve, index)});
+    if (!curve.name.empty())
+      notes.push_back({curve.name, ColourOf(plot, index + 1), DashOfCurve(look, plot, curve, index)});
   }
   for (const std::string& note : panel.notes) notes.push_back({note});
 }
 
-std::vector<PageNote> NotesOf(const DataPlotState& plot, const ResultPanel& panel) {
+std::vector<PageNote> NotesOf(const PlotLook& look, const DataPlotState& plot, const ResultPanel& panel) {
   std::vector<PageNote> notes;
-  if (plot.legend != LegendUse::off) AddNotes(plot, panel, notes);
+  if (plot.legend != LegendUse::off) AddNotes(look, plot, panel, notes);
   return notes;
 }
 
@@ -159,7 +160,7 @@ std::vector<PageNote> NotesOf(const DataPlotState& plot, const ResultPanel& pane
 float LegendWidth(const DataPlotState& plot, PlotDraw draw) {
   float width = 0;
   for (const ResultPanel& panel : PanelsOf(plot))
-    if (const std::vector<PageNote> notes = NotesOf(plot, panel); !notes.empty())
+    if (const std::vector<PageNote> notes = NotesOf(LookOf(draw.gks), plot, panel); !notes.empty())
       width = std::max(width, SizeOfNotes(draw, notes, plot.annot_size).width + 2.0F * kLegendGap);
   return width;
 }
@@ -167,7 +168,7 @@ float LegendWidth(const DataPlotState& plot, PlotDraw draw) {
 // Right of the area, from its top.
 void DrawLegend(const DataPlotState& plot, const ResultPanel& panel, PlotDraw draw) {
   const PlotPage& page = draw.page;
-  const std::vector<PageNote> notes = NotesOf(plot, panel);
+  const std::vector<PageNote> notes = NotesOf(LookOf(draw.gks), plot, panel);
   if (!notes.empty())
     PaperNotes(draw, notes, page.area_x + page.area_width + kLegendGap, page.area_y + page.area_height,
                plot.annot_size);
@@ -225,8 +226,8 @@ void PanelNames(const PlotFacts&, const DataPlotState& plot, PlotNames& names) {
   names.title = ShownPanels(plot).title;
 }
 
-void PanelNotes(const PlotFacts&, const DataPlotState& plot, std::vector<PageNote>& notes) {
-  if (!PanelsOf(plot).empty() && !ShowsAll(plot)) AddNotes(plot, PanelOf(plot), notes);
+void PanelNotes(const PlotFacts& facts, const DataPlotState& plot, std::vector<PageNote>& notes) {
+  if (!PanelsOf(plot).empty() && !ShowsAll(plot)) AddNotes(facts.look, plot, PanelOf(plot), notes);
 }
 
 void DrawPanels(const PlotFacts&, const DataPlotState& plot, PlotDraw draw) {

@@ -11,6 +11,7 @@
 #include "frame/ground/output_file.h"
 #include "gks/plot/page_text.h"
 #include "gks/plot/plot_layer.h"
+#include "gks/plot/plot_look.h"
 #include "stats/tables/stat_table.h"
 #include "views/state/data_plot_state.h"
 #include "views/state/plot_source.h"
@@ -71,7 +72,8 @@ extern const PlotType kHistoryPlot, kTrajectoryPlot, kLoadPlot, kHistogramPlot, 
 [[nodiscard]] int OneComponent(const DataPlotState& plot);                               // of kinds that show one
 [[nodiscard]] std::string CurveName(const PlotFacts& facts, const DataPlotState& plot);  // "Position of CG, pmgg(3)"
 [[nodiscard]] int ColourOf(const DataPlotState& plot, int index);                        // 1 without colours
-[[nodiscard]] int DashOf(const DataPlotState& plot, int component);                      // LineDash; solid with colours
+// Of SetDash: with colours that tell curves apart by themselves solid.
+[[nodiscard]] int DashOf(const PlotLook& look, const DataPlotState& plot, int component);
 // Colours, dashes, marks, thickness, numbers; curve 0 is left to its kind.
 void DrawCurves(const DataPlotState& plot, PlotDraw draw);
 // The note on a curve that is selected and left out where all are plotted, at the page's lower left corner.

@@ -6,6 +6,7 @@
 #include "base/message.h"
 #include "frame/ground/zaview_exit.h"
 #include "gks/kernel/gks_control.h"
+#include "gks/picture/picture_sheet.h"
 #include "gks/window/gks_window.h"
 #include "menu/menu_build.h"
 #include "menu/menu_window.h"
@@ -131,6 +132,7 @@ void startgraphics(Session& session) {
 void zaviewexit(Session& session, int status) {
   constexpr int kDeactivate = 4;
   StopRun(session);
+  static_cast<void>(FinishSheet(session.platform, session.gks));
   DropOrder(session.plot_session);
   if (session.plot_session.graphics_started)
     static_cast<void>(dgFrame({session.platform, session.gks, session.page}, kDeactivate));
@@ -144,9 +146,9 @@ void TopRender(Session& session, bool force) {
   else if (run.plot_module == PlotModule::none) LeaveForDialogue(session);
   gksWindowShow(session.gks);
   if (force) run.redraw = true;
-  const bool reversed = session.gks.window.reverse_video;
+  const bool white = gksIsWhite(session.gks);
   if (const View* view = ViewOf(session)) view->render(session);
-  if (reversed != session.gks.window.reverse_video) gksMenuRefresh(session.menus.kit, 0);
+  if (white != gksIsWhite(session.gks)) gksMenuRefresh(session.menus.kit, 0);
   if (run.exit_requested) zaviewexit(session, run.exit_status);
   if (run.plot_module == PlotModule::none) return GiveUpView(session);
   if (!session.plot_session.run_on) RefreshMenus(session);  // what is fitted is known now

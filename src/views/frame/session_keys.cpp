@@ -52,6 +52,12 @@ bool RequestReverse(Session& s) {
   return true;
 }
 
+bool NextStyle(Session& s) {
+  const bool report = s.gks.style == PictureStyle::report;
+  gksSetStyle(s.gks, report ? PictureStyle::classic : PictureStyle::report);
+  return true;
+}
+
 // Keys may come faster than their pictures: the file holds what the one before asked for.
 void WriteImageFile(Session& s) {
   if (s.run.redraw) {
@@ -110,6 +116,8 @@ constexpr ViewKey kKeys[] = {
      {" r      Redraw"}},
     {Ctrl('r'),       kAnyView, RequestReverse,
      {"^r      Reverse background color"}},
+    {CtrlShift('r'),  kAnyView, NextStyle,
+     {"^R      Change style of pictures (classic, for a report)"}},
     {Ctrl('s'),       kRecords, AskCount<kSkipFirst>,
      {"^s      Set # of initial time steps to skip in calulating statistics, etc."}},
     {CtrlShift('s'),  kRecords, AskCount<kSkipLast>,

@@ -12,6 +12,7 @@
 #include "geometry/hull_cells.h"
 #include "gks/plot/line_colours.h"
 #include "gks/plot/page_heading.h"
+#include "gks/plot/plot_look.h"
 #include "views/geometry/geometry_items.h"
 #include "views/state/axes_limits.h"
 #include "views/state/axes_marks.h"
@@ -21,9 +22,9 @@ namespace zaview {
 
 namespace {
 
-constexpr float kPageWidth = 11.0F, kPageHeight = 8.5F;
-constexpr float kAround = 0.03F;  // of the extent stays free about the hull
-constexpr int kDot = 15;          // marker of points
+constexpr PageMargins kMargins{0.9F, 0.35F};  // page units right of an area that fills the page
+constexpr float kAround = 0.03F;              // of the extent stays free about the hull
+constexpr int kDot = 15;                      // marker of points
 constexpr float kDotSize = 0.4F;
 constexpr double kNormalLength = 0.02;  // of the largest extent
 constexpr int kFrameOption = 2;         // of axis_option, and the one above
@@ -252,12 +253,9 @@ void DrawAxes(const GeometryViewState& view, PlotDraw draw) {
   dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
   dgThickness(draw, 0);
   dgColour(draw, 1);
-  if (view.axis_option >= kFrameOption) DrawAreaFrame(draw);
+  DrawGridLines(draw, view.grid_on);
+  if (view.axis_option >= kFrameOption || LookOf(draw.gks).boxed) DrawAreaFrame(draw);
   DrawZeroLines(view, draw);
-  if (!view.grid_on) return;
-  dgDot(draw);
-  dgGrid(draw, 1, 1);
-  dgReset(draw, "dot");
 }
 
 }  // namespace
@@ -268,10 +266,8 @@ void GeoRender2D(Session& session) {
   TakeReverse(session.run, session.gks);
   const PlotDraw draw = GeometryDraw(session);
   if (!dgFrame(draw, 2) || !dgFrame(draw, 1)) return;
-  SetLegibleColours(draw);
-  dgNoFrame(draw);
-  dgPage(draw, kPageWidth, kPageHeight);
-  dgArea(draw, kGeometryArea.x, kGeometryArea.y);
+  SetCurveColours(draw);
+  SetPlotPage(draw, {kGeometryArea.x, kGeometryArea.y}, kMargins);
   dgCharHeight(draw, view.annot_size);
   const Hull input = ShownHull(session.case_store);
   const ControlRecords& control = session.case_store.control;

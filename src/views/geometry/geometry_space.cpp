@@ -297,7 +297,7 @@ void GeoRender3D(Session& session) {
   const ZbDraw draw{session.platform.console, session.gks, session.zb3d};
   zb3dInit(draw);
   SetPens(draw);
-  SetLegibleColours(page);
+  SetCurveColours(page);
   SetSpacePage(page);
   dgThickness(page, view.line_thickness);
   const Hull input = ShownHull(session.case_store);

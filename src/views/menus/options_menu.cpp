@@ -1,4 +1,5 @@
 // The parts of the options menu that are the same in every view: which plot, which menus, picture, colours, font.
+#include "gks/kernel/gks_control.h"
 #include "menu/menu_window.h"
 #include "views/menus/menus.h"
 #include "views/menus/option_builder.h"
@@ -93,6 +94,13 @@ std::string_view SwapColours(Session& s, const OptionEvent&) {
   return {};
 }
 
+constexpr OptionBinding kReportStyle = {
+    [](Session& s, int) { return OptionValue{.integer = s.gks.style == PictureStyle::report ? 1 : 0}; },
+    [](Session& s, const OptionEvent& event) {
+      gksSetStyle(s.gks, event.integer != 0 ? PictureStyle::report : PictureStyle::classic);
+      return std::string_view();
+    }};
+
 template <void (*change)(MenuToolkit&)>
 std::string_view ChangeFont(Session& s, const OptionEvent&) {
   change(s.menus.kit);
@@ -134,6 +142,8 @@ constexpr OptionItem kLast[] = {
     Label(" Menu Font:"),
     Button("-", ChangeFont<gksMenuFontDown>),
     Button("+", ChangeFont<gksMenuFontUp>),
+    Row(),
+    Check("Pictures for a report", kReportStyle),
 };
 
 constexpr OptionBlock kFirstBlocks[] = {{kFirst}};

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "case/quantity_catalogue.h"
+#include "gks/kernel/gks_control.h"
 #include "menu/menu_build.h"
 #include "views/menus/option_builder.h"
 #include "views/state/plot_selection.h"
@@ -71,7 +72,7 @@ void BuildColours(Session& session) {
       if (column > 0) gksMenuAddItemI(kit, MenuItemType::tab_columns, column * kColourColumns);
       gksMenuAddItemI(kit, MenuItemType::colour, colour);
       if (colour == present) gksMenuSetAttribute(kit, MenuAttribute::style, kChipChosen);
-      gksMenuSetAttributeS(kit, MenuAttribute::text, ColourName(colour, session.gks.window.reverse_video));
+      gksMenuSetAttributeS(kit, MenuAttribute::text, ColourName(colour, gksIsWhite(session.gks)));
     }
   }
   AddClose(kit);

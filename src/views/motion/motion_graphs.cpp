@@ -203,11 +203,11 @@ void DrawGraphCurves(const MotionViewState& view, const MotionGraph& graph, cons
       const float width = draw.gks.attribute.line_width;
       UsePen(draw, kPaperColour);
       GSLWSC(draw.gks, width + kHalo);
-      DrawSolid(draw, x, y);
+      DrawThinned(draw, x, y);
       GSLWSC(draw.gks, width);
     }
     UsePen(draw, colour);
-    DrawSolid(draw, x, y);
+    DrawThinned(draw, x, y);
     dgThickness(draw, 0);
     if (graph.mark) {
       UsePen(draw, kInkColour);

@@ -225,6 +225,8 @@ constexpr ViewKey kKeys[] = {
      {" R      Redraw"}},
     {Ctrl('r'),       kAlways,  kOfSession,
      {"^r      Reverse background color"}},
+    {CtrlShift('r'),  kAlways,  kOfSession,
+     {"^R      Change style of pictures (classic, for a report)"}},
     {'s',             kAlways,  NextStand,
      {" s      Change what view point goes along with (ship, its heading, nothing, bridge)"}},
     {Ctrl('s'),       kAlways,  Toggle<&MotionViewState::fs_solid>,

@@ -17,7 +17,7 @@ void SetOverlayColours(PlotDraw draw) {
   constexpr int kTan = 10, kGrey = 14;  // pens of other colours elsewhere
   GSCR(draw.platform.console, draw.gks, kTan, {0.82F, 0.71F, 0.55F});
   GSCR(draw.platform.console, draw.gks, kGrey, {0.6F, 0.6F, 0.6F});
-  SetLegibleColours(draw);
+  SetCurveColours(draw);
 }
 
 void UsePen(PlotDraw draw, int colour) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/session.h"
+#include "gks/plot/plot_look.h"
 #include "stats/tables/ensemble_data.h"
 
 namespace zaview {
@@ -21,13 +22,14 @@ struct PlotFacts {  // only looked at
   const CaseStore& store;
   const EnsembleStore& ensemble;
   const StatisticsState& statistics;
+  const PlotLook& look = ClassicLook();
 };
 
 [[nodiscard]] inline PlotSource SourceOf(Session& s) {
   return {s.platform, s.output, s.case_store, s.ensemble, s.statistics};
 }
 [[nodiscard]] inline PlotFacts FactsOf(const Session& s) {
-  return {s.output, s.case_store, s.ensemble, s.statistics};
+  return {s.output, s.case_store, s.ensemble, s.statistics, LookOf(s.gks)};
 }
 
 }  // namespace zaview

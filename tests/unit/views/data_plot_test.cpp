@@ -369,9 +369,13 @@ TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
     EXPECT_EQ(got, row.want);
   }
   view.plot().colour_on = false;
-  for (int i = 1; i <= 6; ++i) EXPECT_EQ(DashOf(view.plot(), i), i - 1);
+  for (int i = 1; i <= 6; ++i) EXPECT_EQ(DashOf(ClassicLook(), view.plot(), i), i - 1);
+  view.plot().colour_on = true;
+  EXPECT_EQ(DashOf(ClassicLook(), view.plot(), 3), 0);
+  gksSetStyle(view.session.gks, PictureStyle::report);
+  for (int i = 1; i <= 6; ++i) EXPECT_EQ(DashOf(LookOf(view.session.gks), view.plot(), i), i - 1);
   view.plot().plot_component = 3;
-  EXPECT_EQ(DashOf(view.plot(), 3), 0);  // nothing to tell it from
+  EXPECT_EQ(DashOf(LookOf(view.session.gks), view.plot(), 3), 0);  // nothing to tell it from
 }
 
 TEST(DataPlotPicture, MarksEveryNth) {

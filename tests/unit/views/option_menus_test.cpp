@@ -75,6 +75,10 @@ TEST(OptionMenus, LeadFromViewToView) {
   v.Press(menu, {.text = "-"});
   EXPECT_EQ(v.session.menus.kit.font_step, 2);
   v.Press(menu, {.text = "Swap B/W"});
+  v.Press(menu, {.text = "Pictures for a report"});
+  EXPECT_EQ(v.session.gks.style, PictureStyle::report);
+  v.Press(menu, {.text = "Pictures for a report"});
+  EXPECT_EQ(v.session.gks.style, PictureStyle::classic);
   EXPECT_TRUE(v.session.gks.window.reverse_video);
   v.Press(menu, {.text = "Write Image File"});
   EXPECT_TRUE(v.fake.files.contains("dump0001.png")) << v.fake.output;
