@@ -51,8 +51,8 @@ DataFault Count(const StatWork& work, const QuantityRequest& request, Counted& c
 }
 
 std::string TitleOf(const StatWork& work, const QuantityRequest& request) {
-  return fmt::format("Rainflow counts of {}{} for ZAVO file {}", EnsembleCurveName(work.settings, request, work.cases),
-                     PointNote(work.current(), request), work.current().file_name);
+  return fmt::format("Rainflow counts of {}{}", EnsembleCurveName(work.settings, request, work.cases),
+                     PointNote(work.current(), request));
 }
 
 Shown ShownOf(double value) {
@@ -63,9 +63,10 @@ Shown ShownOf(double value) {
 
 void WriteTable(const StatWork& work, const QuantityRequest& request, const Counted& counted, OutputFile& out) {
   std::string text = out.had_text ? "\n" : "";
-  fmt::format_to(std::back_inserter(text), "{}\nTotal time= {}\nNumber of cycles= {}\nLargest range= {}\n",
-                 TitleOf(work, request), ShownOf(counted.time), ShownOf(counted.totals.cycles),
-                 ShownOf(counted.totals.largest));
+  fmt::format_to(std::back_inserter(text),
+                 "{} for ZAVO file {}\nTotal time= {}\nNumber of cycles= {}\nLargest range= {}\n",
+                 TitleOf(work, request), work.current().file_name, ShownOf(counted.time),
+                 ShownOf(counted.totals.cycles), ShownOf(counted.totals.largest));
   text +=
       "Equivalent range of N cycles for the slope m of an S-N curve: (sum n S^m / N)^(1/m), N the number of cycles\n";
   for (const double m : kSlopes)

@@ -34,6 +34,7 @@ constexpr float kSampleUp = 0.4F;
 constexpr float kColumnGap = 1.0F;  // heights of letters, as drawn or not, between columns of notes
 constexpr float kBoxMargin = 0.15F;
 constexpr int kNoteAlign = 4;  // baseline
+constexpr int kDot = 15;       // marker
 
 class OnPage {  // the page's transformation for a while, and text attributes back at its end
  public:
@@ -90,22 +91,32 @@ float AxisDepth(PlotDraw draw, float text_size) {
   return kAxisTexts * LetterHeight(draw, text_size) + kNameSpace * text_size;
 }
 
-void DrawNote(PlotDraw draw, const PageNote& note, GksPoint at, float height, float indent) {
-  if (note.colour != 0) {
-    const OnPage page(draw);
-    const bool clip = draw.gks.attribute.clip;
-    GSCLIP(draw.gks, 0);
-    const float x[] = {at.x, at.x + LookOf(draw.gks).sample * height},
-                y[] = {at.y + kSampleUp * height, at.y + kSampleUp * height};
-    dgColour(draw, note.colour);
+// A piece of its line, or a dot in the middle of it.
+void DrawSample(PlotDraw draw, const PageNote& note, GksPoint at, float height) {
+  const OnPage page(draw);
+  const bool clip = draw.gks.attribute.clip;
+  const float length = LookOf(draw.gks).sample * height, level = at.y + kSampleUp * height;
+  GSCLIP(draw.gks, 0);
+  dgColour(draw, note.colour);
+  if (note.dot > 0.0F) {
+    const float x[] = {at.x + 0.5F * length}, y[] = {level};
+    dgMarkerType(draw, kDot);
+    dgMarkerScale(draw, note.dot * draw.page.area_height / draw.page.page_height);
+    dgCurve(draw, x, y, -1);
+  } else {
+    const float x[] = {at.x, at.x + length}, y[] = {level, level};
     SetDash(draw, note.dash);
     dgCurveThickness(draw, draw.page.thickness);
     dgCurve(draw, x, y, 0);
     dgThickness(draw, draw.page.thickness);
     SetDash(draw, 0);
-    GSCLIP(draw.gks, clip ? 1 : 0);
-    dgColour(draw, 1);
   }
+  GSCLIP(draw.gks, clip ? 1 : 0);
+  dgColour(draw, 1);
+}
+
+void DrawNote(PlotDraw draw, const PageNote& note, GksPoint at, float height, float indent) {
+  if (note.colour != 0) DrawSample(draw, note, at, height);
   PageText(draw, note.text, at.x + indent * height, at.y, height, TextSide::left);
 }
 

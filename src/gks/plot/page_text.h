@@ -33,6 +33,7 @@ struct PageNote {  // in the foreground colour, behind a dash of the line that i
   std::string text;
   int colour = 0;  // 0: of no line
   int dash = 0;
+  float dot = 0;  // size of the dots that it tells of; 0: of a line
 };
 // What notes in columns below the plot and its axis need; no columns: there are no notes.
 struct NotesPlace {

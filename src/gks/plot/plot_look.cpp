@@ -20,6 +20,7 @@ constexpr PlotLook kLooks[] = {
      .grid = true,
      .grid_colour = {0.85F, 0.85F, 0.85F},
      .names_turned = true,
+     .panel_gap = 0.45F,
      .curve_width = 0.027F,
      .dashes = {0, 1, 5, 3, 7, 6},
      .sample = 4,

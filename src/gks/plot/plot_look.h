@@ -17,6 +17,7 @@ struct PlotLook {
   bool grid = false;                            // grid lines where nobody asked for them; who asks takes them away
   GksColour grid_colour{};                      // of lines that go through; without `grid` they are dotted in ink
   bool names_turned = false;                    // the vertical axis' name goes along it with any font
+  float panel_gap = 0;                          // page units between panels of one name, which the lowest has; 0: all
   float curve_width = 0;                        // page units, at least
   std::array<int, 6> dashes{0, 1, 2, 3, 5, 6};  // of SetDash: line styles of the kernel; 4 looks as 2 does
   float sample = 2.5F;                          // the piece of its line ahead of a note, character heights

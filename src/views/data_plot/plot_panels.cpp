@@ -111,32 +111,36 @@ void DrawParts(PlotDraw draw, const ResultCurve& curve, int mode) {
   }
 }
 
-int DashOfCurve(const PlotLook& look, const DataPlotState& plot, const ResultCurve& curve, int index) {
-  return curve.style == ResultStyle::dashed ? kDashed : DashOf(look, plot, index);
+// Of points the size of the dots, of lines their dash.
+PageNote NoteOf(const PlotLook& look, const DataPlotState& plot, const ResultPanel& panel, int index) {
+  const ResultCurve& curve = panel.curves[static_cast<std::size_t>(index - 1)];
+  PageNote note{curve.name, ColourOf(plot, index + 1)};
+  if (curve.style == ResultStyle::points || plot.mark_every < 0) note.dot = kPointSize * plot.mark_size;
+  else if (curve.style == ResultStyle::dashed) note.dash = kDashed;
+  else if (panel.curves.size() > 1 && (look.dashed || !plot.colour_on)) note.dash = (index - 1) % kDashes;
+  return note;
 }
 
-void DrawPanelCurve(const DataPlotState& plot, PlotDraw draw, const ResultCurve& curve, int index) {
-  dgColour(draw, ColourOf(plot, index + 1));
-  if (curve.style == ResultStyle::points || plot.mark_every < 0) {
+void DrawPanelCurve(const DataPlotState& plot, PlotDraw draw, const ResultCurve& curve, const PageNote& note) {
+  dgColour(draw, note.colour);
+  if (note.dot > 0.0F) {
     dgMarkerType(draw, kDot);
-    dgMarkerScale(draw, kPointSize * plot.mark_size);
+    dgMarkerScale(draw, note.dot);
     return DrawParts(draw, curve, -1);
   }
   dgCurveThickness(draw, plot.line_thickness);
-  const int dash = DashOfCurve(LookOf(draw.gks), plot, curve, index);
-  if (dash == 0) DrawParts(draw, curve, 0);
-  else {
-    SetDash(draw, dash);
-    dgCurve(draw, curve.x, curve.y, 0);
-    SetDash(draw, 0);
-  }
+  SetDash(draw, note.dash);
+  if (note.dash == 0 || LookOf(draw.gks).dashed) DrawParts(draw, curve, 0);
+  else dgCurve(draw, curve.x, curve.y, 0);
+  SetDash(draw, 0);
   dgThickness(draw, 0);
 }
 
 void DrawPanel(const DataPlotState& plot, PlotDraw draw, const ResultPanel& panel) {
   DrawBands(plot, panel, draw);
   int index = 0;
-  for (const ResultCurve& curve : panel.curves) DrawPanelCurve(plot, draw, curve, ++index);
+  for (const ResultCurve& curve : panel.curves)
+    DrawPanelCurve(plot, draw, curve, NoteOf(LookOf(draw.gks), plot, panel, ++index));
   dgColour(draw, 1);
 }
 
@@ -144,8 +148,7 @@ void AddNotes(const PlotLook& look, const DataPlotState& plot, const ResultPanel
   int index = 0;
   for (const ResultCurve& curve : panel.curves) {
     ++index;
-    if (!curve.name.empty())
-      notes.push_back({curve.name, ColourOf(plot, index + 1), DashOfCurve(look, plot, curve, index)});
+    if (!curve.name.empty()) notes.push_back(NoteOf(look, plot, panel, index));
   }
   for (const std::string& note : panel.notes) notes.push_back({note});
 }
@@ -174,28 +177,70 @@ void DrawLegend(const DataPlotState& plot, const ResultPanel& panel, PlotDraw dr
                plot.annot_size);
 }
 
+PlotLimits StackLimits(const DataPlotState& plot, const ResultPanel& panel, AxesLength length) {
+  Span x;
+  TakeX(panel, x);
+  PlotLimits limits = LimitsOf(panel, x, length);
+  if (SharesAxis(plot, panel)) {
+    limits.x_min = plot.axes.limits.x_min;
+    limits.x_step = plot.axes.limits.x_step;
+    limits.x_max = plot.axes.limits.x_max;
+  }
+  return limits;
+}
+
+bool NamedBelow(const PlotLook& look, const std::vector<ResultPanel>& panels, std::size_t i) {
+  return look.panel_gap > 0.0F && i + 1 < panels.size() && panels[i].x_name == panels[i + 1].x_name;
+}
+
+struct Stack {  // page units
+  float top = 0, width = 0, height = 0;
+  std::vector<float> gaps;  // below each panel
+};
+
+Stack StackOf(const DataPlotState& plot, PlotDraw draw) {
+  const PlotPage& page = draw.page;
+  const std::vector<ResultPanel>& panels = PanelsOf(plot);
+  Stack stack{page.area_y + page.area_height,
+              std::min(page.area_width, page.page_width - page.area_x - LegendWidth(plot, draw)),
+              0,
+              {}};
+  float left = stack.top - kFoot;
+  for (std::size_t i = 0; i < panels.size(); ++i) {
+    stack.gaps.push_back(NamedBelow(LookOf(draw.gks), panels, i) ? LookOf(draw.gks).panel_gap : kGap);
+    if (i > 0) left -= stack.gaps[i - 1];
+  }
+  stack.height = std::max(left / static_cast<float>(panels.size()), kLeastPanel);
+  return stack;
+}
+
+// The labels of all panels have room where the area takes what they leave.
+void MakeRoomForAll(const DataPlotState& plot, PlotDraw draw) {
+  if (!LookOf(draw.gks).fills_page) return;
+  const Stack stack = StackOf(plot, draw);
+  for (const ResultPanel& panel : PanelsOf(plot)) {
+    const PlotLimits limits = StackLimits(plot, panel, {stack.width, stack.height});
+    MakeRoomLeft(draw, limits.y_min, limits.y_step, limits.y_max);
+  }
+}
+
 // All panels, from the top of the area that was set up for one down to the foot of the page.
 void DrawStack(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame) {
-  const PlotPage whole = draw.page;
+  MakeRoomForAll(plot, draw);
+  const float left = draw.page.area_x;
+  const Stack stack = StackOf(plot, draw);
   const std::vector<ResultPanel>& panels = PanelsOf(plot);
-  const auto count = static_cast<float>(panels.size());
-  float top = whole.area_y + whole.area_height;
-  const float height = std::max((top - kFoot - kGap * (count - 1.0F)) / count, kLeastPanel);
-  const float width = std::min(whole.area_width, whole.page_width - whole.area_x - LegendWidth(plot, draw));
-  for (const ResultPanel& panel : panels) {
-    Span x;
-    TakeX(panel, x);
-    PlotLimits limits = LimitsOf(panel, x, {width, height});
-    if (SharesAxis(plot, panel)) {
-      limits.x_min = plot.axes.limits.x_min;
-      limits.x_step = plot.axes.limits.x_step;
-      limits.x_max = plot.axes.limits.x_max;
-    }
-    dgAreaAt(draw, whole.area_x, top - height, width, height);
-    frame.axes(plot, panel.x_name, CutToWidth(draw, panel.y_name, plot.text_size, height + kGap / 2.0F), limits, draw);
+  float top = stack.top;
+  for (std::size_t i = 0; i < panels.size(); ++i) {
+    const ResultPanel& panel = panels[i];
+    const PlotLimits limits = StackLimits(plot, panel, {stack.width, stack.height});
+    dgAreaAt(draw, left, top - stack.height, stack.width, stack.height);
+    const bool below = NamedBelow(LookOf(draw.gks), panels, i);
+    frame.axes(plot, below ? std::string_view() : panel.x_name,
+               CutToWidth(draw, panel.y_name, plot.text_size, stack.height + stack.gaps[i] / 2.0F), limits, draw);
     DrawPanel(plot, draw, panel);
     DrawLegend(plot, panel, draw);
-    top -= height + kGap;
+    top -= stack.height + stack.gaps[i];
   }
 }
 

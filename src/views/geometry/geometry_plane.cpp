@@ -249,7 +249,6 @@ void DrawZeroLines(const GeometryViewState& view, PlotDraw draw) {
 
 void DrawAxes(const GeometryViewState& view, PlotDraw draw) {
   const PlotLimits& l = view.axes.limits;
-  dgYName90(draw, view.axis_option % kFrameOption);
   dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
   dgThickness(draw, 0);
   dgColour(draw, 1);
@@ -274,12 +273,17 @@ void GeoRender2D(Session& session) {
   const Plane plane{AxisOf(view.geo_plane, true), AxisOf(view.geo_plane, false)};
   dgXName(draw, kNames[plane.h]);
   dgYName(draw, kNames[plane.v]);
+  dgYName90(draw, view.axis_option % kFrameOption);
   const std::vector<PointGroup> groups = PointGroupsOf(view, control);
   const std::vector<PageNote> notes = GeometryNotes(view, input, groups);
   const std::vector<std::string> heading = GeometryHeading(view, input, session.case_store.file_name);
   const NotesPlace place = PlaceOfNotes(draw, notes, view.annot_size, view.annot_size);
   MakeRoom(draw, heading.size(), place.columns > 0 ? place.depth : 0.0F);
   UpdateLimits(input, plane, session.page, view);
+  if (LookOf(draw.gks).fills_page) {
+    MakeRoomLeft(draw, view.axes.limits.y_min, view.axes.limits.y_step, view.axes.limits.y_max);
+    UpdateLimits(input, plane, session.page, view);
+  }
   DrawHeading(draw, heading);
   DrawAxes(view, draw);
   const bool twice = view.geo_mirror && view.geo_plane != GeometryPlane::x_z;  // there both sides are one
