@@ -204,12 +204,18 @@ def check_file(check, program, path):
     name = "run" + os.path.splitext(path)[1]
     shutil.copy(path, os.path.join(folder, name))
     read = f'READ_KINO {name} CALM "" 9.81 1025 0 0 0 0 0 0' if name.endswith(".mot") else f"READ {name}"
-    lines = [read, "WRITE_HISTORY MOT h:UNFORM", f"SKIP_STEPS {SKIP}"] + COMMANDS
-    for _, curve in MOTIONS:
+    skip = f"SKIP_STEPS {SKIP}"
+    run(program, folder, [read, "WRITE_HISTORY MOT h:UNFORM"])
+    samples = history(folder, "h")[SKIP:]
+    curves = [curve for _, curve in MOTIONS if np.ptp(samples[:, curve]) > 0]  # a constant has no cycles
+    lines = [read, skip] + COMMANDS
+    for curve in curves:
         lines += [f"WRITE_{table} MOT {curve} q{curve}.{table.lower()}" for table in TABLES]
     run(program, folder, lines)
-    samples = history(folder, "h")[SKIP:]
     for _, curve in MOTIONS:
+        if curve not in curves:
+            print(f"{os.path.basename(path)} MOT {curve}: constant, left out")
+            continue
         check.begin(f"{os.path.basename(path)} MOT {curve}", [samples[:, curve]])
         for table in TABLES.values():
             table(check, folder, f"q{curve}", samples[:, curve], samples[:, 0])

@@ -57,6 +57,26 @@ double Vertex(double before, double here, double after) {
   return curvature < 0 ? std::clamp(0.5 * (before - after) / curvature, -0.5, 0.5) : 0.0;
 }
 
+// Probability of less than x: the lower incomplete gamma function's series, sum of z^n/(a (a+1) .. (a+n)).
+double ChiSquareProbability(double x, double freedom) {
+  const double a = freedom / 2.0, z = x / 2.0;
+  if (!(z > 0)) return 0;
+  constexpr double kLeast = 1e-16;
+  double term = 1.0 / a, sum = term;
+  for (double n = 1; term > kLeast * sum; ++n) sum += term *= z / (a + n);
+  return sum * std::exp(a * std::log(z) - z - std::lgamma(a));
+}
+
+double ChiSquareAt(double probability, double freedom) {
+  constexpr int kHalvings = 80;
+  double low = 0, high = freedom + 10.0 * std::sqrt(2.0 * freedom) + 60.0;
+  for (int i = 0; i < kHalvings; ++i) {
+    const double middle = (low + high) / 2.0;
+    (ChiSquareProbability(middle, freedom) < probability ? low : high) = middle;
+  }
+  return high;
+}
+
 }  // namespace
 
 std::size_t UsualSegment(std::size_t n) {
@@ -97,6 +117,11 @@ bool FindWelchSpectrum(std::span<const std::span<const float>> x, double dt, std
   constexpr double kNeighbours = 1.0 / 36.0;
   out.freedom = 2.0 * count / (1.0 + 2.0 * kNeighbours * (1.0 - 1.0 / count));
   return true;
+}
+
+DensityLimits LimitsOfDensity(double freedom, double probability) {
+  const double outside = (1.0 - std::clamp(probability, 0.0, 0.999999)) / 2.0;
+  return {freedom / ChiSquareAt(1.0 - outside, freedom), freedom / ChiSquareAt(outside, freedom)};
 }
 
 SpectralMoments MomentsOf(const WelchSpectrum& spectrum) {

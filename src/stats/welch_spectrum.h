@@ -27,6 +27,14 @@ struct WelchSpectrum {
 // Segments for a record of n samples if nobody chose: an eighth of it, at least 256 samples, at most half of it; even.
 [[nodiscard]] std::size_t UsualSegment(std::size_t n);
 
+// Factors of a line's density that give the limits which hold its true value with this probability (0 .. 0.999999, cut
+// to that): freedom/chi^2 at (1 + probability)/2 and at (1 - probability)/2, R. B. Blackman and J. W. Tukey, The
+// measurement of power spectra, Bell System Technical Journal 37 (1958). Freedom above 0.
+struct DensityLimits {
+  double low = 1, high = 1;
+};
+[[nodiscard]] DensityLimits LimitsOfDensity(double freedom, double probability);
+
 struct SpectralMoments {  // m(i) = sum of w^i S dw over all lines but the first
   double m_1 = 0, m0 = 0, m1 = 0, m2 = 0, m4 = 0;
   double w_peak = 0;  // of the parabola through the highest line and its neighbours

@@ -117,7 +117,8 @@ ResultCurve BinPoints(std::span<const RangeBin> bins) {
 DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultPlot& plot) {
   Counted counted;
   if (const DataFault fault = Count(work, request, counted); fault != DataFault::none) return fault;
-  plot.title = TitleOf(work, request);
+  plot.title = fmt::format("Rainflow counts: {}{}", EnsembleCurveName(work.settings, request, work.cases),
+                           PointNote(work.current(), request));
   ResultPanel panel;
   panel.x_name = WithUnit("Range", CurveUnit(work.current(), work.settings, request.iqnt, request.curve));
   panel.y_name = "log10 of cycles above";

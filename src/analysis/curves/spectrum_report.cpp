@@ -29,6 +29,8 @@ constexpr double kTwoPi = 2.0 * std::numbers::pi;
 struct CurveSpectrum {
   WelchSpectrum welch;
   SpectralMoments m;
+  DensityLimits limits;
+  double probability = 0;  // of the limits
   double dt = 0;
 };
 
@@ -76,6 +78,8 @@ DataFault Make(const StatWork& work, const QuantityRequest& request, CurveSpectr
     return DataFault::said;
   }
   spectrum.m = MomentsOf(spectrum.welch);
+  spectrum.probability = static_cast<double>(work.settings.statistics.confidence_probability);
+  spectrum.limits = LimitsOfDensity(spectrum.welch.freedom, spectrum.probability);
   return DataFault::none;
 }
 
@@ -117,20 +121,26 @@ void WriteTable(const StatWork& work, const QuantityRequest& request, const Curv
   std::string text = out.had_text ? "\n" : "";
   const WelchSpectrum& welch = spectrum.welch;
   fmt::format_to(std::back_inserter(text),
-                 "{}\nSegments= {}, of {} steps, half overlapping, Hann window\nDegrees of freedom= {}\n",
-                 TitleOf(work, request), welch.segments, welch.segment, ShownOf(welch.freedom));
+                 "{}\nSegments= {}, of {} steps, half overlapping, Hann window\nDegrees of freedom= {}\n"
+                 "Probability of limits of S(w)= {}\n",
+                 TitleOf(work, request), welch.segments, welch.segment, ShownOf(welch.freedom),
+                 ShownOf(spectrum.probability));
   for (const Figure& figure : kFigures) {
     const bool has_formula = figure.name.find('=') != std::string_view::npos;
     fmt::format_to(std::back_inserter(text), "{}{}= {}\n", figure.name, has_formula ? " " : "",
                    ShownOf(figure.value(spectrum)));
   }
-  const std::string names[] = {"w (rad/time)", "f (1/time)", "S(w)", "S(f)"};
+  const std::string names[] = {"w (rad/time)", "f (1/time)", "S(w)", "S(f)", "S(w) low", "S(w) high"};
   const TableLayout layout = LayoutFor(work.settings.writing.separator, names);
   AppendHeading(text, layout, names);
   for (std::size_t k = 0; k < welch.S.size(); ++k) {
     const double w = static_cast<double>(k) * welch.dw;
-    const float cells[] = {static_cast<float>(w), static_cast<float>(w / kTwoPi), static_cast<float>(welch.S[k]),
-                           static_cast<float>(kTwoPi * welch.S[k])};
+    const float cells[] = {static_cast<float>(w),
+                           static_cast<float>(w / kTwoPi),
+                           static_cast<float>(welch.S[k]),
+                           static_cast<float>(kTwoPi * welch.S[k]),
+                           static_cast<float>(spectrum.limits.low * welch.S[k]),
+                           static_cast<float>(spectrum.limits.high * welch.S[k])};
     AppendRow(text, layout, cells);
     WriteGathered(out, text);
   }
@@ -158,17 +168,23 @@ DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultP
   const std::string unit = CurveUnit(work.current(), work.settings, request.iqnt, request.curve);
   panel.y_name = unit.empty() ? "S(w)" : fmt::format("S(w) ({}^2 time/rad)", unit);
   ResultCurve curve;
+  ResultCurve low{"low limit", {}, {}, ResultStyle::dashed}, high{"high limit", {}, {}, ResultStyle::dashed};
   for (std::size_t k = 0; k <= LastShown(spectrum) && k < spectrum.welch.S.size(); ++k) {
     curve.x.push_back(static_cast<float>(static_cast<double>(k) * spectrum.welch.dw));
     curve.y.push_back(static_cast<float>(spectrum.welch.S[k]));
+    low.y.push_back(static_cast<float>(spectrum.limits.low * spectrum.welch.S[k]));
+    high.y.push_back(static_cast<float>(spectrum.limits.high * spectrum.welch.S[k]));
   }
-  panel.curves.push_back(std::move(curve));
+  low.x = high.x = curve.x;
+  curve.name = "density";
+  for (ResultCurve* drawn : {&curve, &low, &high}) panel.curves.push_back(std::move(*drawn));
   for (const Figure& figure : kFigures)
     if (figure.shown)
       panel.notes.push_back(
           fmt::format("{}: {:.4g}", figure.name.substr(0, figure.name.find('=')), figure.value(spectrum)));
   panel.notes.push_back(
       fmt::format("{} segments, {:.3g} degrees of freedom", spectrum.welch.segments, spectrum.welch.freedom));
+  panel.notes.push_back(fmt::format("limits of probability {:.3g}", spectrum.probability));
   plot.panels.push_back(std::move(panel));
   return DataFault::none;
 }

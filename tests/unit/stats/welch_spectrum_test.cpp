@@ -57,6 +57,16 @@ TEST(WelchSpectrum, NoiseGivesItsVarianceOverAllLines) {
   EXPECT_GT(s.freedom, 2 * s.segments * 0.94);
 }
 
+// Tabulated quantiles of chi^2; of two degrees of freedom in closed form, of many near to the normal distribution.
+TEST(WelchSpectrum, LimitsAreThoseOfChiSquare) {
+  const DensityLimits ten = LimitsOfDensity(10, 0.95), two = LimitsOfDensity(2, 0.9), many = LimitsOfDensity(1e5, 0.95);
+  EXPECT_NEAR(10 / ten.low, 20.483177, 1e-6);
+  EXPECT_NEAR(10 / ten.high, 3.246973, 1e-6);
+  EXPECT_NEAR(2 / two.low, -2 * std::log(0.05), 1e-9);
+  EXPECT_NEAR(2 / two.high, -2 * std::log(0.95), 1e-9);
+  EXPECT_NEAR(1 / many.high, 1 - 1.959964 * std::sqrt(2 / 1e5), 3e-5);
+}
+
 TEST(WelchSpectrum, RefusesWhatHoldsNoSegment) {
   const std::vector<float> x(100, 1.0F);
   const std::span<const float> all[] = {x};
