@@ -13,7 +13,7 @@ import sys
 import tempfile
 
 import numpy as np
-from scipy import optimize, stats
+from scipy import optimize, signal, stats
 
 from ensemble_check import MOTIONS, Check, history, run, text_of
 from ensemble_formulas import KA, SKIP, envelope_lag, f4, half_cycles, lags
@@ -193,10 +193,28 @@ def check_rainflow(check, folder, key, x, t):
     check.close("WRITE_RAINFLOW: means", rows[:, 4], sums / np.maximum(count, 0.25), x.std())
 
 
+# ---- Spectrum
+
+def check_spectrum(check, folder, key, x, t):
+    lines = text_of(folder, key + ".spectrum")
+    first = next(i for i, line in enumerate(lines) if line.startswith("w (rad/time)")) + 1
+    rows = np.array([[float(word) for word in line.split(",")] for line in lines[first:]])
+    segment, freedom = int(lines[1].split(" of ")[1].split()[0]), float(lines[2].split("= ")[1])
+    dt = (t[-1] - t[0]) / (len(t) - 1)
+    f, S = signal.welch(x - x.mean(), 1 / dt, "hann", segment, segment // 2, detrend=False)
+    limits = freedom / stats.chi2.ppf([0.975, 0.025], freedom)
+    check.close("WRITE_SPECTRUM: frequencies", rows[:, :2], np.c_[2 * np.pi * f, f], 1 / dt)
+    check.close("WRITE_SPECTRUM: densities", rows[:, 2:], np.c_[S / 2 / np.pi, S, np.outer(S / 2 / np.pi, limits)], S.max())
+    w, s = 2 * np.pi * f[1:], S[1:] * f[1]
+    m = [float((s * w ** p).sum()) for p in (-1, 0, 1, 2, 4)]
+    got = [float(line.split("= ")[-1]) for line in lines[4:9]]
+    check.close("WRITE_SPECTRUM: moments", got, m)
+
+
 # ---- All of a file
 
 COMMANDS = [f"EXTREME_MAXIMUM {HOURS} {QUANTILE}", f"RAINFLOW_BINS {BINS}", "COMMA"]
-TABLES = {"EXTREMES": check_extremes, "RAINFLOW": check_rainflow}
+TABLES = {"SPECTRUM": check_spectrum, "EXTREMES": check_extremes, "RAINFLOW": check_rainflow}
 
 
 def check_file(check, program, path):

@@ -22,6 +22,7 @@ namespace {
 constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in spectrum";
 constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for spectrum";
 constexpr std::string_view kTooShort = "ERROR - the record is too short for a spectrum by segments of {} steps";
+constexpr std::string_view kNoRecord = "ERROR - no spectrum: the record has no two values in succession";
 constexpr std::string_view kUneven = "ERROR - no spectrum: the time steps are not equal";
 
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
@@ -69,7 +70,7 @@ DataFault Make(const StatWork& work, const QuantityRequest& request, CurveSpectr
     spectrum.dt = (static_cast<double>(t.back()) - static_cast<double>(t.front())) / static_cast<double>(t.size() - 1);
   }
   if (stretches.empty() || !(spectrum.dt > 0) || !IsEven(stretches, spectrum.dt)) {
-    SayLine(work.console(), kUneven);
+    SayLine(work.console(), stretches.empty() ? kNoRecord : kUneven);
     return DataFault::said;
   }
   const std::size_t segment = SegmentOf(work, stretches, spectrum.dt);
