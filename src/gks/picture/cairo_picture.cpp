@@ -39,6 +39,7 @@ namespace {
   X(restore, cairo_restore)                              \
   X(translate, cairo_translate)                          \
   X(rotate, cairo_rotate)                                \
+  X(scale, cairo_scale)                                  \
   X(rectangle, cairo_rectangle)                          \
   X(clip, cairo_clip)                                    \
   X(source_rgb, cairo_set_source_rgb)                    \
@@ -67,6 +68,8 @@ namespace {
   X(init, FT_Init_FreeType)       \
   X(new_face, FT_New_Memory_Face) \
   X(char_index, FT_Get_Char_Index)
+
+constexpr double kPoint = 0.75;  // a pixel on paper, as SVG has it
 
 struct CairoCalls {
 #define X(member, call) decltype(&call) member = nullptr;
@@ -300,11 +303,12 @@ void Picture(const Sheet& sheet, const PictureRecording& from, KeptPixels& kept)
   }
 }
 
-// Takes the surface. False: something failed.
-bool Draw(const Drawing& with, cairo_surface_t* surface, const RecordedPage& page, bool snapped) {
+// Takes the surface. Lines keep to pixels where they are as large as those of the surface. False: something failed.
+bool Draw(const Drawing& with, cairo_surface_t* surface, const RecordedPage& page, double scale) {
   const CairoCalls& cairo = with.cairo;
   KeptPixels kept;
-  const Sheet sheet{with, cairo.create(surface), snapped};
+  const Sheet sheet{with, cairo.create(surface), scale == 1.0};
+  cairo.scale(sheet.to, scale, scale);
   cairo_font_options_t* const options = cairo.options_create();
   cairo.hint_style(options, CAIRO_HINT_STYLE_NONE);
   cairo.hint_metrics(options, CAIRO_HINT_METRICS_OFF);
@@ -313,6 +317,8 @@ bool Draw(const Drawing& with, cairo_surface_t* surface, const RecordedPage& pag
   cairo.font_face(sheet.to, with.letters);
   cairo.line_join(sheet.to, CAIRO_LINE_JOIN_ROUND);
   const auto draw = [&] {
+    SetInk(sheet, page.cells[0]->paper);
+    cairo.paint(sheet.to);
     for (std::size_t i = 0; i < page.cells.size(); ++i) {
       const PagePlace at = PlaceOf(page, i);
       cairo.save(sheet.to);
@@ -348,9 +354,9 @@ bool PutPdf(const RecordedPage& page, std::string& bytes) {
   const Drawing& with = TheDrawing();
   if (!with.ready) return false;
   const PagePlace size = SizeOf(page);
-  cairo_surface_t* const surface = with.cairo.pdf_for_stream(TakeBytes, &bytes, size.x, size.y);
+  cairo_surface_t* const surface = with.cairo.pdf_for_stream(TakeBytes, &bytes, kPoint * size.x, kPoint * size.y);
   with.cairo.pdf_metadata(surface, CAIRO_PDF_METADATA_CREATE_DATE, "");  // the same picture is the same file
-  return Draw(with, surface, page, /*snapped=*/false);
+  return Draw(with, surface, page, kPoint);
 }
 
 bool DrawPage(const RecordedPage& page, PictureImage& image) {
@@ -362,7 +368,7 @@ bool DrawPage(const RecordedPage& page, PictureImage& image) {
   if (!Grow(pixels, pixels_in_all) || !Grow(image.rgb, pixels_in_all * kSamples)) return false;
   image.width = size.x;
   image.height = size.y;
-  if (!Draw(with, SurfaceOf(with.cairo, pixels, size.x, size.y), page, /*snapped=*/true)) return false;
+  if (!Draw(with, SurfaceOf(with.cairo, pixels, size.x, size.y), page, 1.0)) return false;
   GivePixels(pixels, image);
   return true;
 }

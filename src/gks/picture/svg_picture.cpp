@@ -188,6 +188,7 @@ bool PutPicture(std::string& out, const PictureRecording& from) {
 bool PutSvg(const RecordedPage& page, std::string& bytes) {
   const PagePlace size = SizeOf(page);
   bytes += fmt::format(kHead, size.x, size.y);
+  if (page.cells.size() > 1) bytes += fmt::format(kPaper, size.x, size.y, InkOf(page.cells[0]->paper));
   for (std::size_t i = 0; i < page.cells.size(); ++i) {
     const PagePlace at = PlaceOf(page, i);
     bytes += fmt::format(kCell, at.x, at.y, page.cells[i]->width, page.cells[i]->height);

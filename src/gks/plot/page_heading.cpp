@@ -31,6 +31,18 @@ float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float 
   return factor;
 }
 
+// Of a plot that shares its sheet with others, so wide that its letters can be read when all are printed on one A4.
+float PageWidth(const GksState& gks, const PlotLook& look, float width, float height) {
+  constexpr float kShort = 535, kLong = 782, kPoint = 0.75F,
+                  kWanted = 8;       // A4 within margins, a pixel, letters; points
+  constexpr float kLetters = 0.22F;  // of the usual size, page units
+  constexpr float kNarrowest = 5, kWidest = 12;
+  if (!gks.sheet.open()) return look.page_width;
+  const float across = width * static_cast<float>(gks.sheet.columns), up = height * static_cast<float>(gks.sheet.rows);
+  const float print = std::max(std::min(kShort / across, kLong / up), std::min(kLong / across, kShort / up));
+  return std::clamp(std::min(print, kPoint) * width * kLetters / kWanted, kNarrowest, kWidest);
+}
+
 }  // namespace
 
 void SetPlotPage(PlotDraw draw, GksPoint area, PageMargins margins) {
@@ -40,9 +52,10 @@ void SetPlotPage(PlotDraw draw, GksPoint area, PageMargins margins) {
     dgPage(draw, look.page_width, kPageHeight);
     return dgArea(draw, area.x, area.y);
   }
-  const float shape =
-      static_cast<float>(std::max(draw.gks.window.height, 1)) / static_cast<float>(std::max(draw.gks.window.width, 1));
-  const float width = std::max(look.page_width, look.page_side / std::min(shape, 1.0F));
+  const auto across = static_cast<float>(std::max(draw.gks.window.width, 1));
+  const auto up = static_cast<float>(std::max(draw.gks.window.height, 1));
+  const float shape = up / across;
+  const float width = std::max(PageWidth(draw.gks, look, across, up), look.page_side / std::min(shape, 1.0F));
   dgPage(draw, width, width * shape);
   dgAreaAt(draw, margins.left, 0, width - margins.left - margins.right, width * shape);
 }
@@ -66,7 +79,8 @@ void MakeRoom(PlotDraw draw, std::size_t heading_lines, float notes_depth) {
   PlotPage& page = draw.page;
   const float pitch = std::max(1.2F * page.char_height, 1.1F * LetterHeight(draw, page.char_height));
   const float lines = static_cast<float>(heading_lines);
-  const float above = heading_lines == 0 ? 0.0F : kFirstLine * page.char_height + pitch * lines;
+  const float heading = heading_lines == 0 ? 0.0F : kFirstLine * page.char_height + pitch * lines;
+  const float above = heading + LookOf(draw.gks).above;
   const float below = std::max(notes_depth + kPageMargin, kAxisTexts * pitch);
   page.area_height = std::min(page.area_height, std::max(page.page_height - above - below, kLowest * page.page_height));
   page.area_y = std::max(std::min(page.area_y, page.page_height - page.area_height - above), below);

@@ -16,6 +16,7 @@ constexpr PlotLook kLooks[] = {
     {.style = PictureStyle::report,
      .fills_page = true,
      .page_width = 9,
+     .above = 0.12F,
      .boxed = true,
      .grid = true,
      .grid_colour = {0.85F, 0.85F, 0.85F},

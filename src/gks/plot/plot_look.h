@@ -13,6 +13,7 @@ struct PlotLook {
   bool fills_page = false;  // the page has the picture's shape, the area what its texts leave free
   float page_width = 11;    // page units; of a page that is filled at least, and at least `page_side` each way
   float page_side = 5;
+  float above = 0;                              // page units that stay free above the heading
   bool boxed = false;                           // a frame about the area, whatever is asked for
   bool grid = false;                            // grid lines where nobody asked for them; who asks takes them away
   GksColour grid_colour{};                      // of lines that go through; without `grid` they are dotted in ink
