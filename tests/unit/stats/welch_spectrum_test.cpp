@@ -67,6 +67,30 @@ TEST(WelchSpectrum, LimitsAreThoseOfChiSquare) {
   EXPECT_NEAR(1 / many.high, 1 - 1.959964 * std::sqrt(2 / 1e5), 3e-5);
 }
 
+// Bretschneider's sea on every fourth line: tapers part its variance among three lines, so m0 and m1 are exact and m2
+// is larger by m0 dw^2/3.
+TEST(WelchSpectrum, KnownSeaGivesBackHeightAndPeriods) {
+  constexpr double dt = 0.25, dw = kTwoPi / (2048 * dt), wp = 60 * dw, hs = 4;
+  std::vector<float> x(8192);
+  double m0 = 0, m1 = 0, m2 = 0;
+  for (int k = 32; k < 480; k += 4) {
+    const double w = k * dw, r = std::pow(wp / w, 4);
+    const double part = 5.0 / 16 * hs * hs * r / w * std::exp(-1.25 * r) * 4 * dw;
+    m0 += part, m1 += part * w, m2 += part * (w * w + dw * dw / 3);
+    const std::vector<float> wave = Wave(x.size(), dt, std::sqrt(2 * part), w, 0);
+    for (std::size_t i = 0; i < x.size(); ++i) x[i] += wave[i];
+  }
+  const std::span<const float> all[] = {x};
+  WelchSpectrum s;
+  ASSERT_TRUE(FindWelchSpectrum(all, dt, 2048, s));
+  const SpectralMoments m = MomentsOf(s);
+  EXPECT_NEAR(4 * std::sqrt(m.m0), 4 * std::sqrt(m0), 1e-5 * hs);
+  EXPECT_NEAR(m.m1 / m.m0 / (m1 / m0), 1, 1e-5);
+  EXPECT_NEAR(m.m2 / m.m0 / (m2 / m0), 1, 1e-5);
+  EXPECT_NEAR(4 * std::sqrt(m.m0), hs, 0.02 * hs);
+  EXPECT_NEAR(m.w_peak / wp, 1, 0.03);
+}
+
 TEST(WelchSpectrum, RefusesWhatHoldsNoSegment) {
   const std::vector<float> x(100, 1.0F);
   const std::span<const float> all[] = {x};
