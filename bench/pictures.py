@@ -56,6 +56,32 @@ def timed(args, cwd, env=None):
     return time.perf_counter() - begin, done.stdout
 
 
+def report_pictures(program, writer, work, env):
+    """A picture a process in the style for reports, over a table of the same run; and SVG files of the long run."""
+    subprocess.run([writer, "--steps", "400", os.path.join(work, "short.out")], check=True)
+
+    def best(lines, run, times):
+        with open(os.path.join(work, "s"), "w") as script:
+            script.write("\n".join(lines) + "\n")
+        return min(timed([program, run, "-script", "s"], work, env)[0] for _ in range(times)) * 1e3
+
+    style = ["PICTURE_STYLE REPORT", f"WINDOW_SIZE {WIDTH} {HEIGHT}"]
+    table = best(["WRITE_HISTORY MOT 3 h.txt"], "short.out", 40)
+    for kind in ("png", "svg", "pdf"):
+        one = best(style + [f"PLOT_HISTORY MOT 3 r.{kind}"], "short.out", 40)
+        more = best(style + [f"PLOT_HISTORY MOT 3 r{i}.{kind}" for i in range(21)], "short.out", 10)
+        each = (more - one) / 20
+        print(f"a process with one {kind} for a report: {one - table:.1f} ms over one with a table ({table:.1f} ms), of them "
+              f"{one - table - each:.1f} start-up and {each:.1f} for the picture   goal of the start-up <= 10")
+    read = best(["WRITE_LABEL x x.txt"], "long.out", 10)
+    took = {kind: best(style + [f"PLOT_HISTORY MOT 3 r{i}.{kind}" for i in range(20)], "long.out", 5) - read
+            for kind in ("png", "svg", "pdf")}
+    size = os.path.getsize(os.path.join(work, "r0.svg"))
+    print(f"{STEPS} points for a report: png {took['png'] / 20:.1f} ms, svg {took['svg'] / 20:.1f} ms, "
+          f"pdf {took['pdf'] / 20:.1f} ms; svg / png {took['svg'] / took['png']:.2f}   goal <= 1")
+    print(f"svg of {STEPS} points: {size / 1e3:.0f} kB   goal <= 300")
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("build")
@@ -86,6 +112,8 @@ def main():
     made = len([name for name in os.listdir(work) if name.startswith("p") and name.endswith(".png")])
     ours = options.count / seconds * 60
     print(f"{made} pictures of {STEPS} steps at {WIDTH}x{HEIGHT}: {ours:.0f} a minute, peak memory {peak:.0f} MB")
+
+    report_pictures(program, writer, work, env)
 
     with open(os.path.join(work, "mpl.py"), "w") as source:
         source.write(MATPLOTLIB.format(count=OTHERS))

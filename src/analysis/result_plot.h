@@ -21,6 +21,7 @@ struct ResultPanel {
   std::vector<ResultCurve> curves;
   std::vector<std::pair<float, float>> bands;  // stretches of x that are marked: the range of positive stability
   std::vector<std::string> notes;              // lines beside the curves
+  bool log_y = false;                          // y is the logarithm, to base 10, of what the axis shows
 };
 
 struct ResultPlot {

@@ -121,7 +121,8 @@ DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultP
                            PointNote(work.current(), request));
   ResultPanel panel;
   panel.x_name = WithUnit("Range", CurveUnit(work.current(), work.settings, request.iqnt, request.curve));
-  panel.y_name = "log10 of cycles above";
+  panel.y_name = "Cycles above";
+  panel.log_y = true;
   panel.curves.push_back(ExceedanceLine(counted.cycles));
   panel.curves.push_back(BinPoints(BinRanges(counted.cycles, work.settings.statistics.rainflow_bins)));
   panel.notes.push_back(fmt::format("{} cycles", ShownOf(counted.totals.cycles)));

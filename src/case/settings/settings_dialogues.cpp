@@ -181,8 +181,9 @@ void AskSmoothing(const Console& console, OutputSettings& settings) {
 void AskIntervalMethod(const Console& console, OutputSettings& settings) {
   for (const std::string_view line : kIntervalMenu) SayLine(console, line);
   StatisticSettings asked = settings.statistics;
-  const auto ask = [&](std::string_view prompt, int value, std::string_view illegal, auto set) {
+  const auto ask = [&](std::string_view prompt, int present, std::string_view illegal, auto set) {
     for (;;) {
+      int value = present;
       const Answer answer = ask_integer(console, prompt, true, value);
       if (answer != Answer::ok || set(value) == SettingFault::none) return answer == Answer::ok;
       SayLine(console, illegal);

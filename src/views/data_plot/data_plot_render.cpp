@@ -1,5 +1,6 @@
 // One page: heading, axes, the curves of the kind of plot, what is measured, the popup. From the state alone.
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "gks/plot/page_text.h"
 #include "gks/plot/plot_look.h"
 #include "views/data_plot/data_plot.h"
+#include "views/data_plot/plot_panels.h"
 #include "views/data_plot/plot_type.h"
 #include "views/state/axes_marks.h"
 #include "views/state/plot_kinds.h"
@@ -73,13 +75,20 @@ void KeepShape(const DataPlotState& plot, AxesLength length, PlotPage& page) {
 }
 
 // ---- Axes
-void DrawAxes(const DataPlotState& plot, const PlotLimits& l, PlotDraw draw) {
-  dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
+float PowerOfTen(float exponent) {
+  constexpr float kMost = 37.0F;
+  return std::pow(10.0F, std::clamp(exponent, -kMost, kMost));
+}
+
+void DrawAxes(const DataPlotState& plot, const PlotLimits& l, bool log_y, PlotDraw draw) {
+  if (log_y) dgGrafLog(draw, l.x_min, l.x_step, l.x_max, PowerOfTen(l.y_min), PowerOfTen(l.y_max));
+  else dgGraf(draw, l.x_min, l.x_step, l.x_max, l.y_min, l.y_step, l.y_max);
   dgThickness(draw, 0);
   dgColour(draw, 1);
   DrawGridLines(draw, plot.grid_on);
-  if (plot.axis_option >= kFrameOption || LookOf(draw.gks).boxed) DrawAreaFrame(draw);
   dgZeroLines(draw, plot.vertical_zero, plot.horizontal_zero);
+  draw.page.log_y = false;  // what is drawn from here on comes as logarithms
+  if (plot.axis_option >= kFrameOption || LookOf(draw.gks).boxed) DrawAreaFrame(draw);
 }
 
 void NameAxes(const DataPlotState& plot, std::string_view x, std::string_view y, PlotDraw draw) {
@@ -89,16 +98,15 @@ void NameAxes(const DataPlotState& plot, std::string_view x, std::string_view y,
   dgYName90(draw, plot.axis_option % kFrameOption);
 }
 
-void DrawPanelAxes(const DataPlotState& plot, std::string_view x_name, std::string_view y_name,
-                   const PlotLimits& limits, PlotDraw draw) {
-  NameAxes(plot, x_name, y_name, draw);
-  DrawAxes(plot, limits, draw);
+void DrawPanelAxes(const DataPlotState& plot, const PanelAxes& axes, const PlotLimits& limits, PlotDraw draw) {
+  NameAxes(plot, axes.x_name, axes.y_name, draw);
+  DrawAxes(plot, limits, axes.log_y, draw);
 }
 
 void DrawGraph(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) {
   const PlotType& type = PlotTypeOf(plot.kind);
   if (type.draw_all != nullptr && type.draw_all(plot, draw, {DrawPanelAxes})) return;
-  DrawAxes(plot, plot.axes.limits, draw);
+  DrawAxes(plot, plot.axes.limits, HasLogAxis(plot), draw);
   if (type.draw != nullptr) type.draw(facts, plot, draw);
   else DrawCurves(plot, draw);
 }
@@ -119,7 +127,7 @@ void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   DrawHeading(draw, heading);
   DrawGraph(facts, plot, draw);
   PageNotes(draw, notes, place);
-  DrawAxesMarks(plot.axes, plot.annot_size, draw);
+  DrawAxesMarks(plot.axes, plot.annot_size, draw, HasLogAxis(plot));
   DrawPopup(plot.axes.popup, kDataPlotPopup, draw);
 }
 

@@ -59,6 +59,13 @@ void TakeX(const ResultPanel& panel, Span& x) {
   for (const ResultCurve& curve : panel.curves) x.Take(curve.x);
 }
 
+// Whole decades, one at least.
+void TakeDecades(PlotLimits& limits) {
+  limits.y_min = std::floor(limits.y_min);
+  limits.y_max = std::max(std::ceil(limits.y_max), limits.y_min + 1.0F);
+  limits.y_step = 1.0F;
+}
+
 // Limits of a panel in an area of this height; x as given.
 PlotLimits LimitsOf(const ResultPanel& panel, const Span& x, AxesLength length) {
   Span y;
@@ -67,7 +74,8 @@ PlotLimits LimitsOf(const ResultPanel& panel, const Span& x, AxesLength length) 
   if (!x.empty()) limits.x_min = x.low, limits.x_max = x.high;
   if (!y.empty()) limits.y_min = y.low, limits.y_max = y.high;
   RoundX(limits, length.x);
-  RoundY(limits, length.y);
+  if (panel.log_y) TakeDecades(limits);
+  else RoundY(limits, length.y);
   return limits;
 }
 
@@ -236,8 +244,8 @@ void DrawStack(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame
     const PlotLimits limits = StackLimits(plot, panel, {stack.width, stack.height});
     dgAreaAt(draw, left, top - stack.height, stack.width, stack.height);
     const bool below = NamedBelow(LookOf(draw.gks), panels, i);
-    frame.axes(plot, below ? std::string_view() : panel.x_name,
-               CutToWidth(draw, panel.y_name, plot.text_size, stack.height + stack.gaps[i] / 2.0F), limits, draw);
+    const std::string y_name = CutToWidth(draw, panel.y_name, plot.text_size, stack.height + stack.gaps[i] / 2.0F);
+    frame.axes(plot, {below ? std::string_view() : panel.x_name, y_name, panel.log_y}, limits, draw);
     DrawPanel(plot, draw, panel);
     DrawLegend(plot, panel, draw);
     top -= stack.height + stack.gaps[i];
@@ -248,6 +256,11 @@ void DrawStack(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame
 
 const ResultPlot& ShownPanels(const DataPlotState& plot) {
   return RowOf(plot.kind).makes_panels ? plot.derived.panels : plot.result;
+}
+
+bool HasLogAxis(const DataPlotState& plot) {
+  return (RowOf(plot.kind).makes_panels || plot.kind == PlotKind::result) && !PanelsOf(plot).empty() &&
+         PanelOf(plot).log_y;
 }
 
 void PanelCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves) {

@@ -8,6 +8,8 @@ namespace zaview {
 
 [[nodiscard]] const ResultPlot& ShownPanels(const DataPlotState& plot);
 
+// Does the vertical axis that mouse and limits are of show powers of ten?
+[[nodiscard]] bool HasLogAxis(const DataPlotState& plot);
 void PanelCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves);
 void FitPanels(const DataPlotState& plot, PlotLimits& limits);
 void PanelNames(const PlotFacts& facts, const DataPlotState& plot, PlotNames& names);

@@ -31,9 +31,13 @@ struct PlotNames {
   std::string note;   // the last line of the heading, whatever else of it is shown
 };
 
+struct PanelAxes {
+  std::string_view x_name, y_name;
+  bool log_y = false;  // the limits of y are logarithms to base 10
+};
+
 struct PanelFrame {  // names, axes and grid of one of several graphs, by the looks that are set
-  void (*axes)(const DataPlotState& plot, std::string_view x_name, std::string_view y_name, const PlotLimits& limits,
-               PlotDraw draw) = nullptr;
+  void (*axes)(const DataPlotState& plot, const PanelAxes& names, const PlotLimits& limits, PlotDraw draw) = nullptr;
 };
 
 struct PlotType {

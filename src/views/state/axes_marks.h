@@ -8,6 +8,7 @@ namespace zaview {
 
 // The first corner of a zoom; the measured point, with its values at the lower right corner of the page, in letters of
 // `height` page units. Into the graph that is set up.
-void DrawAxesMarks(const AxesState& axes, float height, PlotDraw draw);
+// log_y: y is the logarithm of what is measured.
+void DrawAxesMarks(const AxesState& axes, float height, PlotDraw draw, bool log_y = false);
 
 }  // namespace zaview
