@@ -44,7 +44,8 @@ constexpr Command kCurves[] = {
      kRecord,
      RunSpectrum,
      "sel tail file",
-     "Spectral density of the current record (Welch's method), with its moments, heights, periods and bandwidth"},
+     "Spectral density of the record, or averaged over an ensemble (Welch's method), with its moments, heights, "
+     "periods and bandwidth"},
     {{"WRITE_EXTREMES"},
      kRecord,
      RunExtremes,

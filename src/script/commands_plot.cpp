@@ -200,7 +200,7 @@ constexpr Command kPlots[] = {
      D | R | G,
      RunOneCurve<PlotKind::spectrum>,
      "sel tail picture",
-     "Spectral density of the current record, with heights, periods and bandwidth"},
+     "Spectral density of the record or the ensemble, with heights, periods and bandwidth"},
     {{"PLOT_EXTREMES"},
      D | R | G,
      RunOneCurve<PlotKind::extremes>,

@@ -38,10 +38,7 @@ struct Record {  // what the fits are made from
 };
 
 void TakeStretches(const StatWork& work, Record& record) {
-  const EnsembleData& data = work.state.ensemble;
-  for (std::size_t i = 0; i < data.X.size(); ++i)
-    AppendStretches(work.cases.record(static_cast<int>(i) + 1), {data.X[i], data.t[i], data.first_step[i], data.stride},
-                    static_cast<int>(i) + 1, record.stretches);
+  AppendLoadedStretches(work, record.stretches);
   record.samples = SamplesOf(record.stretches);
   record.mean = MeanOf(record.stretches);
   record.time = TimeOf(record.stretches);

@@ -22,6 +22,13 @@ void AppendStretches(const CaseStore& store, const CurveSamples& samples, int re
   }
 }
 
+void AppendLoadedStretches(const StatWork& work, std::vector<CurveStretch>& stretches) {
+  const EnsembleData& data = work.state.ensemble;
+  for (std::size_t i = 0; i < data.X.size(); ++i)
+    AppendStretches(work.cases.record(static_cast<int>(i) + 1), {data.X[i], data.t[i], data.first_step[i], data.stride},
+                    static_cast<int>(i) + 1, stretches);
+}
+
 std::vector<std::span<const float>> SamplesOf(std::span<const CurveStretch> stretches) {
   std::vector<std::span<const float>> samples;
   samples.reserve(stretches.size());

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "case/case_store.h"
+#include "stats/tables/ensemble_data.h"
 
 namespace zaview {
 
@@ -22,6 +23,9 @@ struct CurveSamples {
 // Appends the stretches of at least two samples.
 void AppendStretches(const CaseStore& store, const CurveSamples& samples, int record,
                      std::vector<CurveStretch>& stretches);
+
+// The same of all records of the curve that is loaded (LoadEnsemble): one record, or an ensemble.
+void AppendLoadedStretches(const StatWork& work, std::vector<CurveStretch>& stretches);
 
 [[nodiscard]] std::vector<std::span<const float>> SamplesOf(std::span<const CurveStretch> stretches);
 [[nodiscard]] double TimeOf(std::span<const CurveStretch> stretches);  // of all together

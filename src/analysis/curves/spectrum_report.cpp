@@ -13,7 +13,6 @@
 #include "base/number_format.h"
 #include "base/table_text.h"
 #include "case/quantity_label.h"
-#include "stats/tables/statistic_values.h"
 #include "stats/welch_spectrum.h"
 
 namespace zaview {
@@ -58,13 +57,9 @@ DataFault Make(const StatWork& work, const QuantityRequest& request, CurveSpectr
   QuantityRequest one = request;
   one.curve = std::max(1, request.curve);
   one.wave_overlay = false;
-  StatRecord record;
-  if (const DataFault fault = TakeRecord(work, one, kTooManySkipped, kNoMemory, record); fault != DataFault::none)
-    return fault;
-  const int stride = std::max(1, work.settings.reading.step_stride);
-  const CaseStore& c = work.current();
+  if (const DataFault fault = LoadEnsemble(work, one, kTooManySkipped); fault != DataFault::none) return fault;
   std::vector<CurveStretch> stretches;
-  AppendStretches(c, {record.curve(0), record.t(), c.first_step + record.range.first * stride, stride}, 1, stretches);
+  AppendLoadedStretches(work, stretches);
   if (!stretches.empty()) {
     const std::span<const float> t = stretches.front().t;
     spectrum.dt = (static_cast<double>(t.back()) - static_cast<double>(t.front())) / static_cast<double>(t.size() - 1);
@@ -84,9 +79,14 @@ DataFault Make(const StatWork& work, const QuantityRequest& request, CurveSpectr
   return DataFault::none;
 }
 
+std::string NameOf(const StatWork& work, const QuantityRequest& request) {
+  return EnsembleCurveName(work.settings, request, work.cases) + PointNote(work.current(), request);
+}
+
 std::string TitleOf(const StatWork& work, const QuantityRequest& request) {
-  return fmt::format("Spectrum of {}{} for ZAVO file {}", EnsembleCurveName(work.settings, request, work.cases),
-                     PointNote(work.current(), request), work.current().file_name);
+  const int records = work.cases.count();
+  if (records > 1) return fmt::format("Spectrum of {}; {} records", NameOf(work, request), records);
+  return fmt::format("Spectrum of {} for ZAVO file {}", NameOf(work, request), work.current().file_name);
 }
 
 // ---- What follows from the moments
@@ -162,8 +162,8 @@ std::size_t LastShown(const CurveSpectrum& spectrum) {
 DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultPlot& plot) {
   CurveSpectrum spectrum;
   if (const DataFault fault = Make(work, request, spectrum); fault != DataFault::none) return fault;
-  plot.title = fmt::format("Spectrum: {}{}", EnsembleCurveName(work.settings, request, work.cases),
-                           PointNote(work.current(), request));
+  plot.title = fmt::format("Spectrum: {}", NameOf(work, request));
+  if (work.cases.count() > 1) plot.title += fmt::format("; {} records", work.cases.count());
   ResultPanel panel;
   panel.x_name = "w (rad/time)";
   const std::string unit = CurveUnit(work.current(), work.settings, request.iqnt, request.curve);

@@ -1,4 +1,5 @@
-// The spectrum of a curve of the current record as table and plot, with its moments and what follows from them.
+// The spectrum of a curve, averaged over the records of an ensemble, as table and plot, with its moments and what
+// follows from them.
 #pragma once
 
 #include "analysis/result_plot.h"
