@@ -114,8 +114,10 @@ TextBox MakeBox(const GksState& gks, std::string_view text) {
     const BitmapChoice* choice = kBitmapFonts;
     while (choice != std::end(kBitmapFonts) - 1 && !(wanted < choice->below)) ++choice;
     box.font = choice->font;
-    box.cap = 0.75F * choice->nominal;
-    box.descender = 0.25F * choice->nominal;
+    const bool any_size = gks.paint.scalable && gks.style == PictureStyle::report;
+    const float size = any_size ? wanted : choice->nominal;  // else as large as in pictures of pixels
+    box.cap = 0.75F * size;
+    box.descender = 0.25F * size;
     if (!ReadsUpward(a)) alignment = Permuted(a);
   } else {
     box.scale = height / kStrokeCap;

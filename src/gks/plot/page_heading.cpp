@@ -34,8 +34,8 @@ float HeadingFactor(PlotDraw draw, const std::vector<std::string>& lines, float 
 // Of a plot that shares its sheet with others, so wide that its letters can be read when all are printed on one A4.
 float PageWidth(const GksState& gks, const PlotLook& look, float width, float height) {
   constexpr float kShort = 535, kLong = 782, kPoint = 0.75F,
-                  kWanted = 8;       // A4 within margins, a pixel, letters; points
-  constexpr float kLetters = 0.22F;  // of the usual size, page units
+                  kWanted = 8;        // A4 within margins, a pixel, letters; points
+  constexpr float kLetters = 0.203F;  // of the usual size, page units
   constexpr float kNarrowest = 5, kWidest = 12;
   if (!gks.sheet.open()) return look.page_width;
   const float across = width * static_cast<float>(gks.sheet.columns), up = height * static_cast<float>(gks.sheet.rows);

@@ -331,6 +331,13 @@ void ShowRecording(void* self) {
   if (recording.shown != nullptr) static_cast<void>(DrawRecorded(recording, *recording.shown));
 }
 
+// Without a display a picture that goes into a vector file, or onto a page, needs no pixels.
+bool NeedsPixels(const Platform& platform, const GksState& gks) {
+  if (!platform.window.offscreen || !gks.dump.waiting) return true;
+  PictureFormat format{};
+  return !gks.sheet.open() && !(FormatOfName(gks.dump.name, format) && IsVector(format));
+}
+
 // ---- Opening
 
 bool Refuse(const Console& console, std::string_view cause) {
@@ -403,11 +410,11 @@ void glResizeWindow(const Platform& platform, GksState& gks, int width, int heig
 void gksBeginDrawing(const Platform& platform, GksState& gks) {
   gksBeginPicture(platform.window, gks);
   if (!IsRecorded(gks) || gks.paint.self == nullptr) return;
-  const bool smooth = CanDrawRecorded();
+  const bool pixels = NeedsPixels(platform, gks), smooth = !pixels || CanDrawRecorded();
   if (!smooth && !std::exchange(gks.smooth_warned, true)) SayLine(platform.console, kNoSmooth);
   if (!smooth && !IsDumping(gks)) return;
   PictureImage& image = *static_cast<PictureImage*>(gks.paint.self);
-  gks.recording.shown = &image;
+  gks.recording.shown = pixels ? &image : nullptr;
   gks.paint = RecordingPaint(gks.recording, image.width, image.height);
   gks.paint.finish = ShowRecording;
 }

@@ -36,6 +36,8 @@ TEST(RecordedPicture, IsSvgOfShortStepsDashesAndText) {
   EXPECT_TRUE(has("stroke-dasharray=\"1,7,1,7\" stroke-dashoffset=\"13\""));  // bits 3 and 11
   EXPECT_TRUE(has("transform=\"rotate(-90 20 80)\">Heave &lt;&amp;&gt; \xC2\xB0 2</text>"));
   EXPECT_FALSE(has("M1 1"));
+  ASSERT_TRUE(EncodeRecorded(PictureFormat::svg, {{&recording, &recording, &recording}, 2}, svg));
+  EXPECT_TRUE(has("<rect width=\"400\" height=\"200\" fill=\"#ffffff\"/>"));  // paper where no cell is
 }
 
 TEST(RecordedPicture, IsPdfWithTextAndSmoothImage) {

@@ -378,6 +378,26 @@ TEST(DataPlotPicture, SeveralCurvesCanBeToldApart) {
   EXPECT_EQ(DashOf(LookOf(view.session.gks), view.plot(), 3), 0);  // nothing to tell it from
 }
 
+// Printed as large as an A4 with margins allows, by its shape upright or not.
+TEST(DataPlotPicture, LettersOfAPageCanBeReadInPrint) {
+  SmallView view;
+  view.Choose(PlotKind::history, 1, 3);
+  GksState& gks = view.session.gks;
+  gksSetStyle(gks, PictureStyle::report);
+  for (const auto& [rows, columns] : {std::pair{1, 2}, {2, 2}, {4, 2}, {3, 1}}) {
+    gks.sheet.rows = rows;
+    gks.sheet.columns = columns;
+    gks.paint = RecordingPaint(gks.recording, gks.window.width, gks.window.height);
+    zaviewsetaxes(view.session);
+    zaviewrender(view.session);
+    const double across = gks.window.width * columns, up = gks.window.height * rows;
+    const double print = std::max(std::min(535 / across, 782 / up), std::min(782 / across, 535 / up));
+    double largest = 0;
+    for (const RecordedItem& item : gks.recording.items) largest = std::max<double>(largest, item.size);
+    EXPECT_TRUE(largest * print > 7 && largest * print < 9) << rows << " " << columns << " " << largest * print;
+  }
+}
+
 TEST(DataPlotPicture, MarksEveryNth) {
   SmallView view;
   view.Choose(PlotKind::history, 1, 1);
