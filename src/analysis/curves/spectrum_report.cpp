@@ -163,7 +163,6 @@ DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultP
   CurveSpectrum spectrum;
   if (const DataFault fault = Make(work, request, spectrum); fault != DataFault::none) return fault;
   plot.title = fmt::format("Spectrum: {}", NameOf(work, request));
-  if (work.cases.count() > 1) plot.title += fmt::format("; {} records", work.cases.count());
   ResultPanel panel;
   panel.x_name = "w (rad/time)";
   const std::string unit = CurveUnit(work.current(), work.settings, request.iqnt, request.curve);
@@ -183,8 +182,8 @@ DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultP
     if (figure.shown)
       panel.notes.push_back(
           fmt::format("{}: {:.4g}", figure.name.substr(0, figure.name.find('=')), figure.value(spectrum)));
-  panel.notes.push_back(
-      fmt::format("{} segments, {:.3g} degrees of freedom", spectrum.welch.segments, spectrum.welch.freedom));
+  panel.notes.push_back(fmt::format("{} segments", spectrum.welch.segments));
+  panel.notes.push_back(fmt::format("{:.3g} degrees of freedom", spectrum.welch.freedom));
   panel.notes.push_back(fmt::format("limits of probability {:.3g}", spectrum.probability));
   plot.panels.push_back(std::move(panel));
   return DataFault::none;

@@ -24,7 +24,7 @@ constexpr PlotLook kLooks[] = {
      .panel_gap = 0.45F,
      .curve_width = 0.027F,
      .dashes = {0, 1, 5, 3, 7, 6},
-     .sample = 4,
+     .sample = 3.5F,
      .dashed = true,
      .colours = kReportColours},
 };

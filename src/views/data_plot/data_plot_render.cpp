@@ -47,7 +47,8 @@ std::string ModeLine(const PlotFacts& facts, const DataPlotState& plot) {
   const CaseStore& store = facts.store;
   const EnsembleStore& ensemble = facts.ensemble;
   if (RowOf(plot.kind).of_panels) return {};  // its title tells what it is of
-  if (ShowsEnsemble(plot)) return ensemble.nrec > 1 ? fmt::format("Ensemble of {} records", ensemble.nrec) : "Ensemble";
+  if (ShowsEnsemble(plot) && ensemble.nrec > 1) return fmt::format("Ensemble of {} records", ensemble.nrec);
+  if (ShowsEnsemble(plot)) return RowOf(plot.kind).makes_panels ? "" : "Ensemble";
   if (ensemble.nrec > 1) return fmt::format("Record {} of {}", ensemble.irec, ensemble.nrec);
   if (store.irf_case && plot.quantity.iqnt >= 1 && static_cast<std::size_t>(plot.quantity.iqnt) <= store.irfs.size())
     return store.irfs[static_cast<std::size_t>(plot.quantity.iqnt - 1)].label;

@@ -29,8 +29,8 @@ constexpr std::array<PlotKindRow, kPlotKinds> kRows = {{
     {.kind = PlotKind::autocorrelation, .averages = Averages::if_asked},
     {.kind = PlotKind::interval, .averages = Averages::always},
     {.kind = PlotKind::result, .shows_all = true, .by_component = false, .of_quantity = false, .of_panels = true},
-    {.kind = PlotKind::spectrum, .makes_panels = true},
-    {.kind = PlotKind::extremes, .makes_panels = true},
+    {.kind = PlotKind::spectrum, .makes_panels = true, .averages = Averages::always},
+    {.kind = PlotKind::extremes, .makes_panels = true, .averages = Averages::always},
     {.kind = PlotKind::rainflow, .makes_panels = true},
 }};
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "case/settings/step_settings.h"
 #include "gks/window/gks_window.h"
 #include "script/open_script_file.h"
 #include "unit/views/data_plot_fields.h"
 #include "unit/views/menu_view.h"
-#include "case/settings/step_settings.h"
 #include "views/data_plot/plot_type.h"
 #include "views/menus/option_builder.h"
 #include "views/state/popup.h"
@@ -179,8 +179,8 @@ TEST(DataPlotOptions, EachItemSetsItsOwn) {
   const struct {
     char key;
     const char* want;
-  } kKeys[] = {{'K', "kind 9"},  {'U', "segment 100"}, {'u', "segment 50"}, {'K', "kind 10"}, {'U', "hours 48"},
-               {'K', "kind 11"}, {'u', "bins 6"},      {'K', "kind 1"}};
+  } kKeys[] = {{'K', "kind 9 ensemble 1"}, {'U', "segment 100"},        {'u', "segment 50"}, {'K', "kind 10"},
+               {'U', "hours 48"},          {'K', "kind 11 ensemble 0"}, {'u', "bins 6"},     {'K', "kind 1"}};
   for (const auto& c : kKeys) {
     const std::vector<float> before = PlotValues(six.session);
     six.Key(c.key);
