@@ -60,9 +60,9 @@ void SetPlotPage(PlotDraw draw, GksPoint area, PageMargins margins) {
   dgAreaAt(draw, margins.left, 0, width - margins.left - margins.right, width * shape);
 }
 
-void MakeRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end) {
+void MakeRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end, bool log_y) {
   PlotPage& page = draw.page;
-  const float wanted = dgRoomLeft(draw, y_origin, y_step, y_end) - page.area_x;
+  const float wanted = dgRoomLeft(draw, y_origin, y_step, y_end, log_y) - page.area_x;
   const float more = std::min(wanted, kMostLeft * page.area_width);
   if (!(more > 0.0F)) return;
   page.area_x += more;

@@ -17,7 +17,7 @@ struct PageMargins {
 void SetPlotPage(PlotDraw draw, GksPoint area, PageMargins margins);
 
 // Where labels and name of a vertical axis with these limits are wide for the page, the area begins further right.
-void MakeRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end);
+void MakeRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end, bool log_y = false);
 
 // The lines, with a blank one where the last is so wide that it would stand on the highest label.
 [[nodiscard]] std::vector<std::string> ClearOfLabels(PlotDraw draw, std::vector<std::string> lines);

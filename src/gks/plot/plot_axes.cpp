@@ -361,13 +361,13 @@ void GridLines(PlotDraw draw, bool upright, const Axis& axis) {
 
 }  // namespace
 
-float dgRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end) {
+float dgRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end, bool log_y) {
   SetApart(y_origin, y_step, y_end);
   const PlotPage& page = draw.page;
   const SelectedTransform on_page(draw.gks, kPageTransform);
   const SavedAttributes saved(draw.gks);
   SetLetterHeight(draw, page.char_height);
-  const Axis axis = {y_origin, y_step, y_end, page.area_y, page.area_height, 1, false};
+  const Axis axis = {y_origin, y_step, y_end, page.area_y, page.area_height, 1, log_y};
   LabelRow row;
   const std::vector<Label> labels = YLabels(draw, axis, TicksOf(draw, axis), row);
   float left = row.across;

@@ -67,7 +67,7 @@ void dgSelectGraf(PlotDraw draw, int index);
 
 // ---- Axes (plot_axes.cpp)
 // What ticks, labels and turned name of the vertical axis with these limits take left of the area.
-[[nodiscard]] float dgRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end);
+[[nodiscard]] float dgRoomLeft(PlotDraw draw, float y_origin, float y_step, float y_end, bool log_y);
 void dgGraf(PlotDraw draw, float x_origin, float x_step, float x_end, float y_origin, float y_step, float y_end);
 void dgGrafLog(PlotDraw draw, float x_origin, float x_step, float x_end, float y_min, float y_max);
 void dgZeroLines(PlotDraw draw, bool vertical = true, bool horizontal = true);

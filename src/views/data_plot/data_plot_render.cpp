@@ -120,7 +120,7 @@ void DrawPage(const PlotFacts& facts, const DataPlotState& plot, PlotDraw draw) 
   if (type.notes != nullptr) type.notes(facts, plot, notes);
   NameAxes(plot, names.x, names.y, draw);
   const AxesLength length = LengthOf(plot);
-  MakeRoomLeft(draw, plot.axes.limits.y_min, plot.axes.limits.y_step, plot.axes.limits.y_max);
+  MakeRoomLeft(draw, plot.axes.limits.y_min, plot.axes.limits.y_step, plot.axes.limits.y_max, HasLogAxis(plot));
   const std::vector<std::string> heading = ClearOfLabels(draw, HeadingLines(facts, plot, names));
   const NotesPlace place = PlaceOfNotes(draw, notes, plot.text_size, plot.annot_size);
   MakeRoom(draw, heading.size(), place.columns > 0 ? place.depth : 0.0F);

@@ -168,12 +168,20 @@ std::vector<PageNote> NotesOf(const PlotLook& look, const DataPlotState& plot, c
 }
 
 // What the widest of the legends needs right of the areas.
-float LegendWidth(const DataPlotState& plot, PlotDraw draw) {
+float LegendWidth(const DataPlotState& plot, PlotDraw draw, float letters) {
   float width = 0;
   for (const ResultPanel& panel : PanelsOf(plot))
     if (const std::vector<PageNote> notes = NotesOf(LookOf(draw.gks), plot, panel); !notes.empty())
-      width = std::max(width, SizeOfNotes(draw, notes, plot.annot_size).width + 2.0F * kLegendGap);
+      width = std::max(width, SizeOfNotes(draw, notes, letters).width + 2.0F * kLegendGap);
   return width;
+}
+
+// Of the legends, smaller where they would leave little to areas that fill the page.
+float LegendLetters(const DataPlotState& plot, PlotDraw draw) {
+  constexpr float kMost = 0.38F, kSmallest = 0.6F;  // of the page, of their size
+  const float width = LegendWidth(plot, draw, plot.annot_size), room = kMost * draw.page.page_width;
+  if (!LookOf(draw.gks).fills_page || !(width > room)) return plot.annot_size;
+  return plot.annot_size * std::max(room / width, kSmallest);
 }
 
 // Right of the area, from its top.
@@ -182,7 +190,7 @@ void DrawLegend(const DataPlotState& plot, const ResultPanel& panel, PlotDraw dr
   const std::vector<PageNote> notes = NotesOf(LookOf(draw.gks), plot, panel);
   if (!notes.empty())
     PaperNotes(draw, notes, page.area_x + page.area_width + kLegendGap, page.area_y + page.area_height,
-               plot.annot_size);
+               LegendLetters(plot, draw));
 }
 
 PlotLimits StackLimits(const DataPlotState& plot, const ResultPanel& panel, AxesLength length) {
@@ -209,16 +217,21 @@ struct Stack {  // page units
 Stack StackOf(const DataPlotState& plot, PlotDraw draw) {
   const PlotPage& page = draw.page;
   const std::vector<ResultPanel>& panels = PanelsOf(plot);
-  Stack stack{page.area_y + page.area_height,
-              std::min(page.area_width, page.page_width - page.area_x - LegendWidth(plot, draw)),
-              0,
-              {}};
-  float left = stack.top - kFoot;
+  Stack stack{
+      page.area_y + page.area_height,
+      std::min(page.area_width, page.page_width - page.area_x - LegendWidth(plot, draw, LegendLetters(plot, draw))),
+      0,
+      {}};
+  const PlotLook& look = LookOf(draw.gks);
+  int narrow = 0;
   for (std::size_t i = 0; i < panels.size(); ++i) {
-    stack.gaps.push_back(NamedBelow(LookOf(draw.gks), panels, i) ? LookOf(draw.gks).panel_gap : kGap);
-    if (i > 0) left -= stack.gaps[i - 1];
+    const bool is_narrow = NamedBelow(look, panels, i);
+    stack.gaps.push_back(is_narrow ? look.panel_gap : kGap);
+    narrow += is_narrow ? 1 : 0;
   }
-  stack.height = std::max(left / static_cast<float>(panels.size()), kLeastPanel);
+  const auto count = static_cast<float>(panels.size()), narrow_gaps = static_cast<float>(narrow);
+  const float gaps = kGap * (count - 1.0F - narrow_gaps) + look.panel_gap * narrow_gaps;
+  stack.height = std::max((stack.top - kFoot - gaps) / count, kLeastPanel);
   return stack;
 }
 
@@ -228,7 +241,7 @@ void MakeRoomForAll(const DataPlotState& plot, PlotDraw draw) {
   const Stack stack = StackOf(plot, draw);
   for (const ResultPanel& panel : PanelsOf(plot)) {
     const PlotLimits limits = StackLimits(plot, panel, {stack.width, stack.height});
-    MakeRoomLeft(draw, limits.y_min, limits.y_step, limits.y_max);
+    MakeRoomLeft(draw, limits.y_min, limits.y_step, limits.y_max, panel.log_y);
   }
 }
 
@@ -243,6 +256,7 @@ void DrawStack(const DataPlotState& plot, PlotDraw draw, const PanelFrame& frame
     const ResultPanel& panel = panels[i];
     const PlotLimits limits = StackLimits(plot, panel, {stack.width, stack.height});
     dgAreaAt(draw, left, top - stack.height, stack.width, stack.height);
+    dgCharHeight(draw, plot.text_size);  // a legend may have smaller letters
     const bool below = NamedBelow(LookOf(draw.gks), panels, i);
     const std::string y_name = CutToWidth(draw, panel.y_name, plot.text_size, stack.height + stack.gaps[i] / 2.0F);
     frame.axes(plot, {below ? std::string_view() : panel.x_name, y_name, panel.log_y}, limits, draw);
