@@ -4,10 +4,10 @@ set -euo pipefail
 
 packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-dev libfftw3-dev
           libedit-dev libgl-dev libegl-dev libegl1 freeglut3-dev libx11-dev libpng-dev libgd-dev
-          libfreetype-dev libcairo2-dev fonts-dejavu-core fonts-liberation)
+          libfreetype-dev libcairo2-dev libnetcdf-dev fonts-dejavu-core fonts-liberation)
 case ${1-} in
   "") ;;
-  --tests) packages+=(libgtest-dev xvfb ffmpeg) ;;
+  --tests) packages+=(libgtest-dev xvfb ffmpeg netcdf-bin) ;;
   *) echo "usage: install_packages.sh [ --tests ]" >&2; exit 2 ;;
 esac
 

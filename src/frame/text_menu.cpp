@@ -19,6 +19,7 @@
 #include "case/read/read_output_file.h"
 #include "case/settings/settings_dialogues.h"
 #include "case/tables/history_dialogue.h"
+#include "frame/export_dialogue.h"
 #include "frame/ground/option_menu.h"
 #include "frame/picture_dialogue.h"
 #include "frame/plot_menus.h"
@@ -143,6 +144,14 @@ void RunScriptFile(Session& s) {
 
 void WriteKino(Session& s) {
   AskKinoFiles(s.platform, s.output, s.case_store);
+}
+
+void WriteNetcdf(Session& s) {
+  AskNetcdf(s.platform, s.output, s.case_store);
+}
+
+void WriteVtk(Session& s) {
+  AskVtk(s.platform, s.output, s.case_store);
 }
 
 void SetPictures(Session& s) {
@@ -273,6 +282,8 @@ constexpr Option kOptions[] = {
     {"30 - Write/Plot rainflow counts",                         TimeHistory,    nullptr, MenuRainflow, true},
     {"31 - Set method of confidence intervals",                 TimeHistory,    SetIntervalMethod },
     {"32 - Set style and pages of pictures",                    Always,         SetPictures       },
+    {"33 - Write NetCDF file of all histories",                 TimeHistory,    WriteNetcdf       },
+    {"34 - Write hull and sea for a viewer (VTK)",              TimeHistory,    WriteVtk          },
 };
 // clang-format on
 

@@ -6,6 +6,8 @@
 #include "analysis/run_exports/moving_mesh.h"
 #include "analysis/run_exports/nndata.h"
 #include "analysis/run_exports/point_slams.h"
+#include "analysis/run_exports/run_netcdf.h"
+#include "analysis/run_exports/run_vtk.h"
 #include "base/text.h"
 #include "script/command_table.h"
 #include "script/fault_status.h"
@@ -20,6 +22,7 @@ inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}"
 inline constexpr std::string_view kLongName = "ERROR opening NNDATA module file {}";
 inline constexpr std::string_view kBlankName = "ERROR - Blank file name for {} command";
 inline constexpr std::string_view kNoHistory = "ERROR - {} : there is no time history in store";
+inline constexpr std::string_view kVtkWritten = "Hull and sea written to {}.pvd and its files";
 inline constexpr std::string_view kWritingNetwork = "Writing NNDATA output file for all steps...";
 
 int OpenPlain(ScriptCall& call, OutputArgument& output) {
@@ -71,6 +74,25 @@ int RunNetworkData(ScriptCall& call) {
   return FinishOutput(call, output, StatusOf(call, "WAV", fault), "NNDATA output written to file");
 }
 
+int RunNetcdf(ScriptCall& call) {
+  Session& session = call.session;
+  OutputArgument output;
+  output.name = Trim(NextScriptWord(call.words, kFreeText));
+  if (output.name.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
+  if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
+  const bool good = WriteRunNetcdf(call.console(), session.output, session.case_store, output.file);
+  return FinishOutput(call, output, good ? kScriptOk : kScriptFailed, "Histories written to NetCDF file");
+}
+
+int RunVtk(ScriptCall& call) {
+  Session& session = call.session;
+  const std::string root(Trim(NextScriptWord(call.words, kFreeText)));
+  if (root.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
+  if (!WriteRunVtk(session.platform, session.output, root, session.case_store)) return kScriptFailed;
+  Say(call.console(), kVtkWritten, root);
+  return kScriptOk;
+}
+
 constexpr Command kExports[] = {
     {{"WRITE_POINT_SLAMS"},
      kNeedsCase | kNeedsMotion,
@@ -82,6 +104,16 @@ constexpr Command kExports[] = {
      RunMovingMesh,
      "name text",
      "An HRL mesh, or the hull for a blank name, as it moves with the ship: a mesh a step in the file text"},
+    {{"WRITE_NETCDF"},
+     kNeedsCase | kNeedsMotion,
+     RunNetcdf,
+     "file",
+     "All histories of the run with units and long names, and its control text, as a NetCDF file"},
+    {{"WRITE_VTK"},
+     kNeedsCase | kNeedsMotion,
+     RunVtk,
+     "root",
+     "The hull on its track and the sea, step by step, as VTK files for a viewer: root.pvd opens them all"},
     {{"NNDATA"},
      kNone,
      RunNetworkData,

@@ -15,9 +15,9 @@
 #include FT_FREETYPE_H
 
 #include "base/grow.h"
+#include "base/opened_library.h"
 #include "gks/kernel/fonts.h"
 #include "gks/picture/letters_file.h"
-#include "gks/picture/opened_library.h"
 #include "gks/picture/recorded_cells.h"
 
 namespace zaview {

@@ -13,9 +13,9 @@
 #include <png.h>
 
 #include "base/grow.h"
+#include "base/opened_library.h"
 #include "base/text.h"
 #include "frame/ground/output_file.h"
-#include "gks/picture/opened_library.h"
 
 namespace zaview {
 

@@ -9,7 +9,7 @@
 #include <new>
 #include <utility>
 
-#include "gks/picture/opened_library.h"
+#include "base/opened_library.h"
 #include "gks/picture/picture_buffer.h"
 
 namespace zaview {

@@ -1,9 +1,12 @@
 #include <cmath>
+#include <cstdio>
+#include <fstream>
 #include <numbers>
 
 #include <gtest/gtest.h>
 
 #include "analysis/run_exports/moving_mesh.h"
+#include "analysis/run_exports/netcdf_file.h"
 #include "analysis/run_exports/nndata.h"
 #include "analysis/run_exports/point_slams.h"
 #include "fake_platform.h"
@@ -49,6 +52,40 @@ TEST(MovingMesh, OfSurfacesAndElements) {
   EXPECT_EQ(mesh.nodes[7][0], 0.5);
   EXPECT_EQ(mesh.elements[3].node, (std::array{8, 9, 12, 11}));
   EXPECT_EQ(mesh.elements[4].node, (std::array{13, 14, 15, 0}));
+}
+
+// Read by another program; without it the format's first bytes are looked at alone.
+TEST(NetcdfFile, IsReadByAnotherProgram) {
+  NetcdfTable table;
+  table.attributes = {{"title", "a \"run\""}, {"none", ""}};
+  table.rows = 3;
+  table.variables = {{"time", "Time", "s"}, {"vbm_2", "Vertical Bending Moment, X=25", "kN m"}, {"bare", "Bare", ""}};
+  table.values = [](std::size_t i, std::vector<float>& values) {
+    values = {0.5F, 1.5F * static_cast<float>(i), -7.0E8F};
+    return true;
+  };
+  std::string bytes;
+  ASSERT_EQ(EncodeNetcdf(table, bytes), NetcdfFault::none);
+  EXPECT_EQ(bytes.substr(0, 4), std::string("CDF\2"));
+  const std::string name = testing::TempDir() + "zaview_netcdf_test.nc", dump = "ncdump " + name + " 2>&1";
+  std::ofstream(name, std::ios::binary) << bytes;
+  std::string said;
+  if (FILE* const pipe = popen(dump.c_str(), "r")) {
+    for (char block[512]; fgets(block, sizeof block, pipe) != nullptr;) said += block;
+    pclose(pipe);
+  }
+  std::remove(name.c_str());
+  if (said.find("netcdf zaview") == std::string::npos) GTEST_SKIP() << said;
+  for (const char* part : {"time = 3 ;", "float vbm_2(time) ;", "vbm_2:long_name = \"Vertical Bending Moment, X=25\" ;",
+                           "vbm_2:units = \"kN m\" ;", ":title = \"a \\\"run\\\"\" ;", "vbm_2 = 0.5, 1.5, -7e+08 ;",
+                           "bare = 0.5, 3, -7e+08 ;"})
+    EXPECT_NE(said.find(part), std::string::npos) << part << "\n" << said;
+  EXPECT_EQ(said.find("bare:units"), std::string::npos);
+  table.values = [](std::size_t, std::vector<float>& values) {
+    values.resize(2);
+    return true;
+  };
+  EXPECT_EQ(EncodeNetcdf(table, bytes), NetcdfFault::no_values);
 }
 
 TEST(NetworkInput, AnnouncedAndInOrder) {

@@ -1,4 +1,4 @@
-// Calls of a library that is opened on need. Private to gks.
+// Calls of a library that is opened on need, so that what does without it starts without it.
 #pragma once
 
 #include <dlfcn.h>

@@ -1,0 +1,153 @@
+#include "analysis/run_exports/run_netcdf.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "analysis/run_exports/netcdf_file.h"
+#include "base/grow.h"
+#include "base/message.h"
+#include "base/text.h"
+#include "case/plot_data.h"
+#include "case/quantity_catalogue.h"
+#include "case/quantity_label.h"
+#include "control/write_control_records.h"
+
+namespace zaview {
+namespace {
+
+constexpr std::string_view kNoLibrary = "ERROR - the library of NetCDF files (libnetcdf19) is not here";
+constexpr std::string_view kNoMemory = "ERROR - no memory for the NetCDF file";
+constexpr std::string_view kNothing = "ERROR - there are no time steps to write";
+constexpr std::string_view kLeftOut = "WARNING - {} can't be had and is left out";
+
+struct Column {  // of the file, behind the time
+  int iqnt = 0, curve = 0;
+};
+
+bool IsWritten(const CaseStore& store, int iqnt) {
+  const QuantityRow* row = FindQuantity(iqnt);
+  return row != nullptr && !IsPointQuantity(iqnt) && !IsKinoFile(iqnt) && row->need != QuantityNeed::file_only &&
+         QuantityValid(store, iqnt);
+}
+
+// The columns of a quantity, loaded once for all of them.
+class Quantity {
+ public:
+  Quantity(const Console& console, const OutputSettings& settings, CaseStore& store)
+      : console_(console), settings_(settings), store_(store) {}
+  [[nodiscard]] bool Load(int iqnt) {
+    if (iqnt == loaded_) return true;
+    QuantityRequest request;
+    request.iqnt = iqnt;
+    loaded_ = SetPlotData(console_, settings_, request, store_, data_) == DataFault::none && data_.n > 0 ? iqnt : 0;
+    return loaded_ == iqnt;
+  }
+  [[nodiscard]] const PlotData& data() const { return data_; }
+
+ private:
+  const Console& console_;
+  const OutputSettings& settings_;
+  CaseStore& store_;
+  PlotData data_;
+  int loaded_ = 0;
+};
+
+std::string NameOf(const QuantityRow& row, int curve, int curves) {
+  std::string name(row.words[0]);
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return curves > 1 ? fmt::format("{}_{}", name, curve) : name;
+}
+
+std::string ControlText(const CaseStore& store) {
+  std::string text;
+  if (store.kino_input) return text;
+  const bool whole = store.ship_texts.empty()
+                         ? WriteControlRecords(store.control, text)
+                         : std::all_of(store.ship_texts.begin(), store.ship_texts.end(),
+                                       [&text](const ControlRecords& ship) { return WriteControlRecords(ship, text); });
+  return whole ? text : std::string();
+}
+
+void Describe(const OutputSettings& settings, const CaseStore& store, std::vector<Column>& columns,
+              NetcdfTable& table) {
+  table.attributes = {{"Conventions", "CF-1.8"},
+                      {"title", std::string(Trim(store.control.DESCR))},
+                      {"source", "ZAVO run, written by ZAVIEW"},
+                      {"run_file", store.file_name},
+                      {"control_text", ControlText(store)}};
+  table.variables.push_back({"time", "Time", std::string(TimeUnit(store, settings))});
+  for (const QuantityRow& row : AllQuantities()) {
+    if (!IsWritten(store, row.iqnt)) continue;
+    const int curves = CurveCount(store, row.iqnt);
+    for (int curve = 1; curve <= curves; ++curve) {
+      columns.push_back({row.iqnt, curve});
+      table.variables.push_back({NameOf(row, curve, curves),
+                                 fmt::format("{}, {}", row.long_label, CurveLabel(store, settings, row.iqnt, curve)),
+                                 CurveUnit(store, settings, row.iqnt, curve)});
+    }
+  }
+}
+
+// Quantities whose waves can't be evaluated are told and left out.
+void LeaveOutWhatCantBeHad(const Console& console, Quantity& quantity, std::vector<Column>& columns,
+                           NetcdfTable& table) {
+  int last = 0;
+  bool good = true;
+  for (std::size_t i = 0; i < columns.size();) {
+    if (columns[i].iqnt != last) {
+      last = columns[i].iqnt;
+      good = FindQuantity(last)->need != QuantityNeed::wave || quantity.Load(last);
+      if (!good) Say(console, kLeftOut, cQntLong(last));
+    }
+    if (good) {
+      ++i;
+      continue;
+    }
+    columns.erase(columns.begin() + static_cast<std::ptrdiff_t>(i));
+    table.variables.erase(table.variables.begin() + static_cast<std::ptrdiff_t>(i + 1));
+  }
+}
+
+bool Write(const Console& console, const OutputSettings& settings, CaseStore& store, OutputFile& out) {
+  NetcdfTable table;
+  std::vector<Column> columns;
+  Describe(settings, store, columns, table);
+  Quantity quantity(console, settings, store);
+  LeaveOutWhatCantBeHad(console, quantity, columns, table);
+  if (columns.empty() || !quantity.Load(columns[0].iqnt)) {
+    SayLine(console, kNothing);
+    return false;
+  }
+  table.rows = static_cast<std::size_t>(quantity.data().n);
+  const std::vector<float> time = quantity.data().x;
+  table.values = [&](std::size_t variable, std::vector<float>& values) {
+    if (variable == 0) values = time;
+    else if (const Column& column = columns[variable - 1]; quantity.Load(column.iqnt))
+      values = quantity.data().y[static_cast<std::size_t>(column.curve - 1)];
+    else return false;
+    return true;
+  };
+  std::string bytes;
+  const NetcdfFault fault = EncodeNetcdf(table, bytes);
+  if (fault != NetcdfFault::none) SayLine(console, fault == NetcdfFault::no_library ? kNoLibrary : kNoMemory);
+  else WriteOutput(out, bytes);
+  return fault == NetcdfFault::none;
+}
+
+}  // namespace
+
+bool WriteRunNetcdf(const Console& console, const OutputSettings& settings, CaseStore& store, OutputFile& out) {
+  enum class Outcome : unsigned char { failed, no_memory, ok };
+  const auto write = [&] { return Write(console, settings, store, out) ? Outcome::ok : Outcome::failed; };
+  const Outcome outcome = Guarded(write, Outcome::no_memory);
+  if (outcome == Outcome::no_memory) SayLine(console, kNoMemory);
+  return outcome == Outcome::ok;
+}
+
+}  // namespace zaview
