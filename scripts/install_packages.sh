@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what building needs on Debian 12, with `--tests` what testing needs too. Does nothing when all of it is there.
+# Installs what building needs on Debian 12, with `--tests` or `--package` what testing or packing needs too. Does nothing when all of it is there.
 set -euo pipefail
 
 packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-dev libfftw3-dev
@@ -7,8 +7,9 @@ packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-
           libfreetype-dev libcairo2-dev libnetcdf-dev fonts-dejavu-core fonts-liberation)
 case ${1-} in
   "") ;;
+  --package) packages+=(dpkg-dev file) ;;
   --tests) packages+=(libgtest-dev xvfb ffmpeg netcdf-bin) ;;
-  *) echo "usage: install_packages.sh [ --tests ]" >&2; exit 2 ;;
+  *) echo "usage: install_packages.sh [ --tests | --package ]" >&2; exit 2 ;;
 esac
 
 missing=()

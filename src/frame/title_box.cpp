@@ -10,7 +10,7 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kVersion = "VERSION 4.1.7 / April 28, 2022";
+constexpr std::string_view kVersion = "VERSION " ZAVIEW_VERSION " / April 28, 2022";
 
 constexpr std::size_t kBoxWidth = 70;
 constexpr std::size_t kHalfInside = 28;  // between the arrows
