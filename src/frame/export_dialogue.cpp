@@ -17,8 +17,6 @@ namespace {
 constexpr std::string_view kNetcdfFile = "Enter NetCDF output file name:\n(BLANK or QUIT to abort)";
 constexpr std::string_view kVtkRoot = "Enter name that the VTK files begin with:\n(BLANK or QUIT to abort)";
 constexpr std::string_view kNotOpen = "ERROR opening output file: {}{}";
-constexpr std::string_view kNetcdfWritten = "Histories written to NetCDF file {}";
-constexpr std::string_view kVtkWritten = "Hull and sea written to {}.pvd and its files";
 
 // False: there is none.
 bool AskName(const Console& console, std::string_view prompt, std::string& name) {
@@ -37,7 +35,7 @@ void AskNetcdf(const Platform& platform, const OutputSettings& settings, CaseSto
     return;
   }
   if (!WriteRunNetcdf(console, settings, store, out)) return DiscardOutput(out);
-  if (CloseOutput(out)) Say(console, kNetcdfWritten, Trim(name));
+  if (CloseOutput(out)) Say(console, "{} {}", kNetcdfWritten, Trim(name));
   else Say(console, kNotOpen, Trim(name), Because(out.why));
 }
 

@@ -1,8 +1,7 @@
 // Commands for the control text of the case in store.
-#include <algorithm>
 #include <string>
 
-#include "control/write_control_records.h"
+#include "case/case_control_text.h"
 #include "script/command_table.h"
 #include "script/open_script_file.h"
 #include "script/output_argument.h"
@@ -14,13 +13,6 @@ namespace {
 inline constexpr std::string_view kNoControlText = "ERROR - the case was read from {} and has no control text";
 inline constexpr std::string_view kNoMemory = "ERROR - no memory to write the control text";
 
-// The texts of all ships, as a run file has them.
-bool AllTexts(const CaseStore& store, std::string& text) {
-  if (store.ship_texts.empty()) return WriteControlRecords(store.control, text);
-  return std::all_of(store.ship_texts.begin(), store.ship_texts.end(),
-                     [&text](const ControlRecords& records) { return WriteControlRecords(records, text); });
-}
-
 int RunWriteControl(ScriptCall& call) {
   const CaseStore& store = call.session.case_store;
   if (store.kino_input) return Fail(call, kScriptFailed, kNoControlText, store.from_table() ? "a table" : "KINO files");
@@ -28,7 +20,7 @@ int RunWriteControl(ScriptCall& call) {
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
   std::string text;
   int status = kScriptOk;
-  if (AllTexts(store, text)) WriteOutput(output.file, text);
+  if (AppendControlText(store, text)) WriteOutput(output.file, text);
   else status = Fail(call, kScriptFailed, kNoMemory);
   return FinishOutput(call, output, status, "Control text written to file");
 }

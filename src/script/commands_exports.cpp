@@ -22,7 +22,6 @@ inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}"
 inline constexpr std::string_view kLongName = "ERROR opening NNDATA module file {}";
 inline constexpr std::string_view kBlankName = "ERROR - Blank file name for {} command";
 inline constexpr std::string_view kNoHistory = "ERROR - {} : there is no time history in store";
-inline constexpr std::string_view kVtkWritten = "Hull and sea written to {}.pvd and its files";
 inline constexpr std::string_view kWritingNetwork = "Writing NNDATA output file for all steps...";
 
 int OpenPlain(ScriptCall& call, OutputArgument& output) {
@@ -81,7 +80,7 @@ int RunNetcdf(ScriptCall& call) {
   if (output.name.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
   if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
   const bool good = WriteRunNetcdf(call.console(), session.output, session.case_store, output.file);
-  return FinishOutput(call, output, good ? kScriptOk : kScriptFailed, "Histories written to NetCDF file");
+  return FinishOutput(call, output, good ? kScriptOk : kScriptFailed, kNetcdfWritten);
 }
 
 int RunVtk(ScriptCall& call) {

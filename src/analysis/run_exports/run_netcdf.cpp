@@ -12,10 +12,10 @@
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
+#include "case/case_control_text.h"
 #include "case/plot_data.h"
 #include "case/quantity_catalogue.h"
 #include "case/quantity_label.h"
-#include "control/write_control_records.h"
 
 namespace zaview {
 namespace {
@@ -64,23 +64,15 @@ std::string NameOf(const QuantityRow& row, int curve, int curves) {
   return curves > 1 ? fmt::format("{}_{}", name, curve) : name;
 }
 
-std::string ControlText(const CaseStore& store) {
-  std::string text;
-  if (store.kino_input) return text;
-  const bool whole = store.ship_texts.empty()
-                         ? WriteControlRecords(store.control, text)
-                         : std::all_of(store.ship_texts.begin(), store.ship_texts.end(),
-                                       [&text](const ControlRecords& ship) { return WriteControlRecords(ship, text); });
-  return whole ? text : std::string();
-}
-
 void Describe(const OutputSettings& settings, const CaseStore& store, std::vector<Column>& columns,
               NetcdfTable& table) {
+  std::string control_text;
+  if (!AppendControlText(store, control_text)) control_text.clear();
   table.attributes = {{"Conventions", "CF-1.8"},
                       {"title", std::string(Trim(store.control.DESCR))},
                       {"source", "ZAVO run, written by ZAVIEW"},
                       {"run_file", store.file_name},
-                      {"control_text", ControlText(store)}};
+                      {"control_text", control_text}};
   table.variables.push_back({"time", "Time", std::string(TimeUnit(store, settings))});
   for (const QuantityRow& row : AllQuantities()) {
     if (!IsWritten(store, row.iqnt)) continue;

@@ -10,6 +10,8 @@
 
 namespace zaview {
 
+inline constexpr std::string_view kVtkWritten = "Hull and sea written to {}.pvd and its files";
+
 // root.pvd names root_hull_N.vtp (a surface of polygons; cell data "above": 1 where a cell's middle is out of the
 // water) and root_sea_N.vts (a surface over 3 by 2 lengths around the ship; point data "elevation"), N the step. Earth
 // axes, z up, output lengths. The steps in use. Without a hull there is the sea alone, without waves it is flat. False:
