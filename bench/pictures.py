@@ -14,6 +14,8 @@ import subprocess
 import tempfile
 import time
 
+from ratios import line
+
 STEPS = 50_000
 WIDTH, HEIGHT = 1100, 850
 OTHERS = 30  # pictures of the other programs
@@ -71,15 +73,16 @@ def report_pictures(program, writer, work, env):
         one = best(style + [f"PLOT_HISTORY MOT 3 r.{kind}"], "short.out", 40)
         more = best(style + [f"PLOT_HISTORY MOT 3 r{i}.{kind}" for i in range(21)], "short.out", 10)
         each = (more - one) / 20
-        print(f"a process with one {kind} for a report: {one - table:.1f} ms over one with a table ({table:.1f} ms), of them "
-              f"{one - table - each:.1f} start-up and {each:.1f} for the picture   goal of the start-up <= 10")
+        print(f"a process with one {kind} for a report: {one - table:.1f} ms over one with a table ({table:.1f} ms)")
+        line(f"start-up for a {kind} in the style for reports, milliseconds", f"{one - table - each:.1f}", "<= 10")
     read = best(["WRITE_LABEL x x.txt"], "long.out", 10)
     took = {kind: best(style + [f"PLOT_HISTORY MOT 3 r{i}.{kind}" for i in range(20)], "long.out", 5) - read
             for kind in ("png", "svg", "pdf")}
     size = os.path.getsize(os.path.join(work, "r0.svg"))
     print(f"{STEPS} points for a report: png {took['png'] / 20:.1f} ms, svg {took['svg'] / 20:.1f} ms, "
-          f"pdf {took['pdf'] / 20:.1f} ms; svg / png {took['svg'] / took['png']:.2f}   goal <= 1")
-    print(f"svg of {STEPS} points: {size / 1e3:.0f} kB   goal <= 300")
+          f"pdf {took['pdf'] / 20:.1f} ms")
+    line(f"SVG of {STEPS} points / PNG of them, time", f"{took['svg'] / took['png']:.2f}", "<= 1")
+    line(f"SVG of {STEPS} points, kilobytes", f"{size / 1e3:.0f}", "<= 300")
 
 
 def main():
@@ -88,10 +91,14 @@ def main():
     parser.add_argument("--count", type=int, default=1000)
     parser.add_argument("--work")
     options = parser.parse_args()
-    work = options.work or tempfile.mkdtemp(prefix="zaview_pictures_")
+    all_pictures(options.build, options.count, options.work)
+
+
+def all_pictures(build, count, folder=None):
+    work = folder or tempfile.mkdtemp(prefix="zaview_pictures_")
     os.makedirs(work, exist_ok=True)
-    program = os.path.abspath(os.path.join(options.build, "zaview"))
-    writer = os.path.abspath(os.path.join(options.build, "tools", "run_writer"))
+    program = os.path.abspath(os.path.join(build, "zaview"))
+    writer = os.path.abspath(os.path.join(build, "tools", "run_writer"))
     subprocess.run([writer, "--steps", str(STEPS), os.path.join(work, "long.out")], check=True)
     env = {k: v for k, v in os.environ.items() if k != "DISPLAY"}
 
@@ -105,12 +112,12 @@ def main():
 
     with open(os.path.join(work, "s"), "w") as script:
         script.write(f"WINDOW_SIZE {WIDTH} {HEIGHT}\n")
-        for i in range(options.count):
+        for i in range(count):
             script.write(f"PLOT_HISTORY MOT 3 p{i:04}.png\n")
     seconds = timed([program, "long.out", "-script", "s"], work, env)[0]
     peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
     made = len([name for name in os.listdir(work) if name.startswith("p") and name.endswith(".png")])
-    ours = options.count / seconds * 60
+    ours = count / seconds * 60
     print(f"{made} pictures of {STEPS} steps at {WIDTH}x{HEIGHT}: {ours:.0f} a minute, peak memory {peak:.0f} MB")
 
     report_pictures(program, writer, work, env)
@@ -118,12 +125,14 @@ def main():
     with open(os.path.join(work, "mpl.py"), "w") as source:
         source.write(MATPLOTLIB.format(count=OTHERS))
     theirs = OTHERS / float(timed(["/usr/bin/python3", "mpl.py"], work)[1]) * 60
-    print(f"matplotlib Agg: {theirs:.0f} a minute; ours / theirs {ours / theirs:.2f}   goal >= 4")
+    print(f"matplotlib Agg: {theirs:.0f} a minute")
+    line("pictures a minute / matplotlib (Agg)", f"{ours / theirs:.1f}", ">= 4")
 
     with open(os.path.join(work, "g.plt"), "w") as source:
         source.write(GNUPLOT.format(width=WIDTH, height=HEIGHT, count=OTHERS, steps=STEPS))
     theirs = OTHERS / timed(["gnuplot", "g.plt"], work)[0] * 60
-    print(f"gnuplot png (gd): {theirs:.0f} a minute; ours / theirs {ours / theirs:.2f}   goal >= 0.67, hoped for 1")
+    print(f"gnuplot png (gd): {theirs:.0f} a minute")
+    line("pictures a minute / gnuplot (png by gd)", f"{ours / theirs:.2f}", ">= 0.67, hoped for 1")
 
 
 if __name__ == "__main__":

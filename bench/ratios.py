@@ -47,7 +47,11 @@ def seconds_of(call):
     return time.perf_counter() - begin
 
 
+ROWS = []  # of the lines below, for bench/performance.py
+
+
 def line(question, value, goal):
+    ROWS.append((question, value, goal))
     print(f"{question:<66} {value:>16}   goal {goal}", flush=True)
 
 
@@ -273,6 +277,36 @@ def mesh(build, work):
         line("4900 elements of NASTRAN read, checked and turned, milliseconds", f"{milliseconds:.1f}", "< 50")
 
 
+def spectrum(build, work):
+    """Welch's method on 200 000 samples, by the same segments."""
+    times = bench_times(build, work, "welch_bench", "--benchmark_repetitions=5")
+    if not times:
+        return
+    try:
+        from scipy import signal
+    except ImportError:
+        print("no scipy: spectra aren't compared")
+        return
+    x = numpy.random.default_rng(11).random(STEPS, dtype=numpy.float32)
+    theirs = 1000 * best(lambda: seconds_of(lambda: signal.welch(x, 2, "hann", 25_000, 12_500, detrend="constant")))
+    ours = times["Spectrum"]
+    print(f"spectrum of {STEPS} samples: {ours:.1f} ms, scipy {theirs:.1f} ms")
+    line("scipy.signal.welch / spectrum of 200 000 samples", f"{theirs / ours:.2f}", ">= 1")
+
+
+def bootstrap(build, work):
+    times = bench_times(build, work, "bootstrap_bench")
+    for records, goal in ((1, "< 1000"), (100, "< 60000")):
+        if times:
+            line(f"intervals of {records} x 20 000 samples by 1000 resamples, milliseconds",
+                 f"{times[f'AllStatistics/bootstrap/{records}']:.0f}", goal)
+
+
+def curves(build, work):
+    for name, milliseconds in bench_times(build, work, "curves_bench").items():
+        line(f"{name} of curves_bench, milliseconds", f"{milliseconds:.0f}", "none")
+
+
 def first_line(program, work):
     with open(os.path.join(work, "empty.script"), "w") as script:
         script.write("STOP\n")
@@ -287,16 +321,23 @@ def main():
     parser.add_argument("--work", default=None)
     options = parser.parse_args()
     build = os.path.abspath(options.build)
+    all_ratios(build, options.mb, options.work)
+
+
+def all_ratios(build, megabytes, folder=None):
     program = os.path.join(build, "zaview")
     writer = os.path.join(build, "tools", "run_writer")
-    with tempfile.TemporaryDirectory(dir=options.work) as work:
+    with tempfile.TemporaryDirectory(dir=folder) as work:
         first_line(program, work)
-        reading(program, writer, work, options.mb)
+        reading(program, writer, work, megabytes)
         tables(program, writer, work)
         lag_sums(build, work)
         waves(build, work)
         mesh(build, work)
         ensemble(build, work)
+        spectrum(build, work)
+        bootstrap(build, work)
+        curves(build, work)
         many_runs(program, writer, work)
         layouts(build, work)
         companion(build, work)
