@@ -43,8 +43,7 @@ int RunIntervalMethod(ScriptCall& call) {
   auto statistics = call.session.output.statistics;
   (void)SetIntervalMethod(method, statistics);
   std::vector<float> values;
-  if (!ParseRealList(call.words, -2, values))
-    return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (!ParseRealList(call.words, -2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
   const auto value = [&](std::size_t i) { return RoundToInt(static_cast<double>(values[i])); };
   if ((!values.empty() && SetResamples(value(0), statistics) != SettingFault::none) ||
       (values.size() > 1 && SetSeed(value(1), statistics) != SettingFault::none))

@@ -6,7 +6,6 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNoMemory = "ERROR - memory is out : {}";
 inline constexpr std::string_view kNoWave = "ERROR - {} option {} needs the incident wave, which could not be made";
 
 }  // namespace
@@ -20,7 +19,7 @@ int StatusOf(const ScriptCall& call, std::string_view word, DataFault fault, std
     case DataFault::no_wave:
       return Fail(call, kScriptFailed, kNoWave, call.command, word);
     case DataFault::no_memory:
-      return Fail(call, kScriptFailed, kNoMemory, call.command);
+      return Fail(call, kScriptFailed, kMemoryOut, call.command);
     case DataFault::said:
       break;
   }

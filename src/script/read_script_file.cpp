@@ -1,5 +1,6 @@
 #include "script/read_script_file.h"
 
+#include "base/grow.h"
 #include "base/text.h"
 #include "script/open_script_file.h"
 #include "script/script_text.h"
@@ -75,7 +76,9 @@ int RunLine(Session& session, std::span<const CommandFamily> commands, const Scr
     return kScriptUnknownCommand;
   }
   if (!PreconditionsMet(call, command->needs)) return kScriptFailed;
-  const int status = command->run(call);
+  constexpr int kNoRoom = -1000;  // no status of a command
+  const int status = Guarded([&] { return command->run(call); }, kNoRoom);
+  if (status == kNoRoom) return Fail(call, kScriptFailed, kMemoryOut, call.command);
   WarnOfWords(call, commands, *command, status);
   return status;
 }

@@ -28,6 +28,7 @@ template <typename... Args>
   return status;
 }
 
+inline constexpr std::string_view kMemoryOut = "ERROR - memory is out : {}";
 inline constexpr std::string_view kFewArguments = "ERROR - Insufficient arguments for {} command...";
 inline constexpr std::string_view kInvalidArgument = "ERROR - Invalid argument ({}) for {} command...";
 inline constexpr std::string_view kInvalidValue = "ERROR - Invalid value for {} command...";

@@ -356,7 +356,8 @@ bool PutPdf(const RecordedPage& page, std::string& bytes) {
   const PagePlace size = SizeOf(page);
   cairo_surface_t* const surface = with.cairo.pdf_for_stream(TakeBytes, &bytes, kPoint * size.x, kPoint * size.y);
   with.cairo.pdf_metadata(surface, CAIRO_PDF_METADATA_CREATE_DATE, "");  // the same picture is the same file
-  return Draw(with, surface, page, kPoint);
+  // Where memory is out at its end, the library tells of no fault, and the end is missing.
+  return Draw(with, surface, page, kPoint) && bytes.ends_with("%%EOF\n");
 }
 
 bool DrawPage(const RecordedPage& page, PictureImage& image) {

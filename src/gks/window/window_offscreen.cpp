@@ -102,7 +102,11 @@ bool OpenContext(OffscreenWindows& windows) {
 
 // ---- The calls of the record
 
-bool Start(void* self, const WindowEvents& events, std::string&) {
+bool Start(void* self, const WindowEvents& events, std::string& why) {
+  if (self == nullptr) {
+    why = "ERROR - no memory for windows";
+    return false;
+  }
   OffscreenWindows& windows = Of(self);
   if (!std::exchange(windows.started, true)) windows.events = events;
   return true;
