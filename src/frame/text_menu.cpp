@@ -48,6 +48,10 @@ bool TimeHistory(const Session& s) {
   return s.case_store.has_steps() && s.case_store.time_history();
 }
 
+bool Motions(const Session& s) {
+  return TimeHistory(s) && s.case_store.motions_known;
+}
+
 bool Geometry(const Session& s) {
   return HasHull(s.case_store);
 }
@@ -265,17 +269,17 @@ constexpr Option kOptions[] = {
     {"13 - Run script file",                                    Always,         RunScriptFile     },
     {"14 - GZ curve analysis",                                  HullAndHistory, AskRightingArms   },
     {"15 - Compute roll decay coefficients",                    RollDecay,      WriteRollDecayTable},
-    {"16 - Wave celerity analysis",                             TimeHistory,    AnalyzeWaves      },
-    {"17 - Write KINO motion, seaway and command files",        TimeHistory,    WriteKino         },
+    {"16 - Wave celerity analysis",                             Motions,        AnalyzeWaves      },
+    {"17 - Write KINO motion, seaway and command files",        Motions,        WriteKino         },
     {"18 - Set data smoothing option",                          Always,         SetSmoothing      },
-    {"19 - Wave field output",                                  TimeHistory,    WriteWaves        },
+    {"19 - Wave field output",                                  Motions,        WriteWaves        },
     {"20 - Ensemble statistics",                                SeveralRecords, EnsembleTable     },
     {"21 - Ensemble statistics with confidence interval",       SeveralRecords, EnsembleIntervals },
     {"22 - Plot statistics with confidence intervals",          TimeHistory,    nullptr, MenuIntervals, true},
     {"23 - Write/Plot autocorrelation",                         TimeHistory,    nullptr, MenuAutocorrelation, true},
     {"24 - Upcrossings and exceedances",                        TimeHistory,    Rates             },
-    {"25 - Sensor view analysis",                               TimeHistory,    SensorView        },
-    {"26 - Crane and cargo simulation",                         TimeHistory,    Crane             },
+    {"25 - Sensor view analysis",                               Motions,        SensorView        },
+    {"26 - Crane and cargo simulation",                         Motions,        Crane             },
     {"27 - Plot result of last analysis",                       Analysed,       nullptr, MenuResult},
     {"28 - Write/Plot spectrum",                                TimeHistory,    nullptr, MenuSpectrum, true},
     {"29 - Write/Plot extremes",                                TimeHistory,    nullptr, MenuExtremes, true},
@@ -283,7 +287,7 @@ constexpr Option kOptions[] = {
     {"31 - Set method of confidence intervals",                 TimeHistory,    SetIntervalMethod },
     {"32 - Set style and pages of pictures",                    Always,         SetPictures       },
     {"33 - Write NetCDF file of all histories",                 TimeHistory,    WriteNetcdf       },
-    {"34 - Write hull and sea for a viewer (VTK)",              TimeHistory,    WriteVtk          },
+    {"34 - Write hull and sea for a viewer (VTK)",              Motions,        WriteVtk          },
 };
 // clang-format on
 

@@ -27,6 +27,7 @@ namespace {
 
 constexpr std::string_view kNoMemory = "ERROR - no memory for the VTK files";
 constexpr std::string_view kNoHull = "WARNING - the geometry of this case could not be read: the sea is written alone";
+constexpr std::string_view kNoMotions = "ERROR - the motions of the ship are not known";
 constexpr std::string_view kFlat = "WARNING - the waves of this case are not known: the sea is flat";
 constexpr std::string_view kNotOpen = "ERROR opening output file: {}{}";
 constexpr std::string_view kNotWritten = "ERROR writing {}";
@@ -215,6 +216,10 @@ bool WriteSteps(const Work& work) {
 }
 
 bool Write(const Platform& platform, const OutputSettings& settings, std::string_view root, CaseStore& store) {
+  if (!store.motions_known) {
+    SayLine(platform.console, kNoMotions);
+    return false;
+  }
   Work work{platform, settings, store, std::string(root), {}, false};
   if (!EnsureHull(platform, store)) SayLine(platform.console, kNoHull);
   else if (!MeshOfHull(store, store.hull, work.mesh)) {

@@ -32,7 +32,7 @@ bool CanAnimate(const CaseStore& store) {
 }
 
 bool HasTrack(const CaseStore& store) {
-  return IsHistory(store) && store.labels.VERSION >= 0;
+  return IsHistory(store) && store.labels.VERSION >= 0 && store.motions_known;
 }
 
 bool HasLoadCuts(const CaseStore& store) {
