@@ -94,7 +94,7 @@ struct StepContents {  // what the layout of the file's steps has; the rest is 0
   bool force = true, other_force = true, load_moment = true, rudder = true, prop_rps = true;
 };
 
-struct MeasuredColumn {  // of a table of measured data
+struct MeasuredColumn {    // of a table of measured data
   std::string name, unit;  // as they stand in its heading; unit blank: none there
 };
 

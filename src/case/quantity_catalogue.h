@@ -53,7 +53,18 @@ struct CurveGroup {
   int slots = 1;
 };
 
-enum class QuantityNeed : std::uint8_t { none, other_force, x_cuts, y_cuts, wave, point, missile, rudder, file_only, table };
+enum class QuantityNeed : std::uint8_t {
+  none,
+  other_force,
+  x_cuts,
+  y_cuts,
+  wave,
+  point,
+  missile,
+  rudder,
+  file_only,
+  table
+};
 
 struct QuantityRow {
   int iqnt;
@@ -70,7 +81,8 @@ struct QuantityRow {
 [[nodiscard]] std::string_view cQntLong(int iqnt);        // blank: no such number
 [[nodiscard]] std::string_view cQntMed(int iqnt);
 
-// Curve i of a quantity: its group and the place in it, from 0. group null: no such curve. Cuts and measured columns have any number.
+// Curve i of a quantity: its group and the place in it, from 0. group null: no such curve. Cuts and measured columns
+// have any number.
 struct CurvePlace {
   const CurveGroup* group = nullptr;
   int place = 0;
@@ -90,7 +102,8 @@ inline constexpr int kImpulse = 2;
 // Has this case data for it? What the steps of the file don't hold is not valid. 36 to 38 have data, but only for
 // tables of time histories (need is file_only); 25, 26 and 30 belong to every case with steps, whether or not their
 // wave can be evaluated. 34 and 35 are files of their own form without curves. A case from separate files (kino_input)
-// has positions only: 1, 4, 25 to 27, 30, 34, 35. One from a table has 49 and, if motions are among its columns, 1, 4, 27, 34.
+// has positions only: 1, 4, 25 to 27, 30, 34, 35. One from a table has 49 and, if motions are among its columns, 1, 4,
+// 27, 34.
 [[nodiscard]] bool QuantityValid(const CaseStore& case_store, int iqnt);
 // The coordinate of a sectional cut as it is shown: input coordinate times LENOUT/LENIN (X; Y for 19 to 24).
 [[nodiscard]] float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int cut);

@@ -26,140 +26,21 @@ constexpr std::size_t kFadingLength = 2, kFadingStarts = 8;  // of blocks that f
 constexpr std::size_t kResamplesAtOnce = 8;
 constexpr std::size_t kFirstLags = 256;  // of the correlation; each further look doubles them
 constexpr std::size_t kMean = kBlockEstimates;
-constexpr std::array<std::size_t, 2> kFirstOf = {1, 5};  // estimates of the highest 1/3, 1/N
-constexpr std::size_t kAll = 0, kTop = 1, kBottom = 2, kDouble = 3;
 
 double Square(double x) {
   return x * x;
 }
 
-struct Workspace {  // kept from resample to resample
-  std::vector<TimeBlock> blocks;
-  std::vector<std::int32_t> weight;
-  std::vector<double> over;                                          // running sums of what peaks are over a threshold
-  std::array<std::array<std::vector<double>, kPeakSides>, 2> parts;  // of each block in an average, by N and side
-};
-
-// ---- What blocks tell
-
-void EstimateVariance(const BlockRecords& records, std::span<const TimeBlock> blocks, BlockEstimate& out) {
-  double length = 0, sum = 0, squares = 0;
-  for (const TimeBlock& block : blocks) {
-    length += block.length;
-    sum += SumOf(block, records.sum);
-    squares += SumOf(block, records.squares);
-  }
-  const double mean = sum / length, variance = squares / length - mean * mean;
-  double spread = 0;
-  for (const TimeBlock& block : blocks)
-    spread += Square(SumOf(block, records.squares) - 2 * mean * SumOf(block, records.sum) +
-                     block.length * (mean * mean - variance));
-  out.value[0] = variance;
-  out.error[0] = std::sqrt(spread) / (length * variance);
-}
-
-// How often each peak is in the blocks; the result is the number of them all.
-double WeighPeaks(const PeakHeights& peaks, std::span<const TimeBlock> blocks, std::vector<std::int32_t>& weight) {
-  weight.assign(peaks.height.size() + 1, 0);
-  double all = 0;
-  for (const TimeBlock& block : blocks) {
-    for (const TimeBlock::Part& part : block.parts) {
-      const std::uint32_t from = peaks.first[part.from], to = peaks.first[part.to];
-      ++weight[from];
-      --weight[to];
-      all += static_cast<double>(to - from);
-    }
-  }
-  for (std::size_t i = 1; i < weight.size(); ++i) weight[i] += weight[i - 1];
-  return all;
-}
-
-struct HighestAverage {
-  double average = 0, threshold = 0;
-};
-
-// The averages of the highest `count` peaks; counts ascend.
-void AverageHighest(const PeakHeights& peaks, std::span<const std::int32_t> weight, std::span<const double> counts,
-                    std::span<HighestAverage> out) {
-  double taken = 0, sum = 0;
-  std::size_t next = 0;
-  for (const std::uint32_t i : peaks.order) {
-    const double here = weight[i], height = peaks.height[i];
-    for (; next < counts.size() && taken + here >= counts[next]; ++next)
-      out[next] = {(sum + (counts[next] - taken) * height) / counts[next], height};
-    if (next == counts.size()) return;
-    taken += here;
-    sum += here * height;
-  }
-}
-
-// What each block adds to an average.
-void PeakParts(const PeakHeights& peaks, std::span<const TimeBlock> blocks, const HighestAverage& highest, double N,
-               double all, std::vector<double>& over, std::vector<double>& parts) {
-  over.resize(peaks.height.size() + 1);
-  over[0] = 0;
-  for (std::size_t i = 0; i < peaks.height.size(); ++i)
-    over[i + 1] = over[i] + std::max(peaks.height[i] - highest.threshold, 0.0);
-  parts.clear();
-  for (const TimeBlock& block : blocks) {
-    double part = 0;
-    for (const TimeBlock::Part& p : block.parts) {
-      const std::uint32_t from = peaks.first[p.from], to = peaks.first[p.to];
-      part += N * (over[to] - over[from]) + (highest.threshold - highest.average) * static_cast<double>(to - from);
-    }
-    parts.push_back(part / all);
-  }
-}
-
-double RootOfSquares(std::span<const double> parts) {
-  double sum = 0;
-  for (const double part : parts) sum += part * part;
-  return std::sqrt(sum);
-}
-
-void EstimatePeaks(const Bootstrap& b, std::span<const TimeBlock> blocks, Workspace& work, BlockEstimate& out) {
-  const std::array<double, 2> N = {3.0, static_cast<double>(std::max(1, b.request.N))};
-  const std::size_t rarer = N[1] >= N[0] ? 1 : 0;  // the one of fewer peaks
-  for (std::size_t side = 0; side < kPeakSides; ++side) {
-    const PeakHeights& peaks = b.records.peaks[side];
-    const double all = WeighPeaks(peaks, blocks, work.weight);
-    const std::array<double, 2> counts = {all / N[rarer], all / N[1 - rarer]};
-    std::array<HighestAverage, 2> highest;
-    AverageHighest(peaks, work.weight, counts, highest);
-    for (std::size_t i = 0; i < 2; ++i) {
-      const std::size_t which = i == 0 ? rarer : 1 - rarer;
-      std::vector<double>& parts = work.parts[which][side];
-      PeakParts(peaks, blocks, highest[i], N[which], all, work.over, parts);
-      out.value[kFirstOf[which] + side] = highest[i].average;
-      out.error[kFirstOf[which] + side] = RootOfSquares(parts) / highest[i].average;
-    }
-  }
-  for (std::size_t which = 0; which < 2; ++which) {
-    std::vector<double>& parts = work.parts[which][kTop];
-    for (std::size_t i = 0; i < parts.size(); ++i) parts[i] += work.parts[which][kBottom][i];
-    const std::size_t first = kFirstOf[which];
-    const double height = out.value[first + kTop] + out.value[first + kBottom];
-    out.value[first + kDouble] = height;
-    out.error[first + kDouble] = RootOfSquares(parts) / height;
-  }
-}
-
-// Errors are those of as many blocks as there are.
-void EstimateOf(const Bootstrap& b, std::span<const TimeBlock> blocks, Workspace& work, BlockEstimate& out) {
-  EstimateVariance(b.records, blocks, out);
-  if (b.request.peaks) EstimatePeaks(b, blocks, work, out);
-}
-
 // ---- The records themselves
 
 // From overlapping blocks all over the records.
-BlockEstimate EstimateRecords(const Bootstrap& b, std::size_t length, Workspace& work) {
+BlockEstimate EstimateRecords(const Bootstrap& b, std::size_t length, BlockWorkspace& work) {
   const std::size_t step = std::max<std::size_t>(1, length / kStartsPerBlock);
   work.blocks.clear();
   for (std::size_t first = 0; first < b.records.samples(); first += step)
     work.blocks.push_back(BlockAt(b.records, first, length));
   BlockEstimate out;
-  EstimateOf(b, work.blocks, work, out);
+  EstimateBlocks(b.records, b.request.N, b.request.peaks, work.blocks, work, out);
   const double seen = static_cast<double>(work.blocks.size());
   const double apart = static_cast<double>(b.records.samples()) / static_cast<double>(length);
   for (double& error : out.error) error *= std::sqrt(seen / (apart - 1));
@@ -218,7 +99,7 @@ double ShortRecordFactor(const Bootstrap& b, int N) {
 
 void AllowForLength(Bootstrap& b) {
   for (std::size_t i = 0; i < kBlockEstimates; ++i)
-    b.estimate.error[i] *= ShortRecordFactor(b, i < kFirstOf[1] ? 3 : b.request.N);
+    b.estimate.error[i] *= ShortRecordFactor(b, i < kFirstHighest[1] ? 3 : b.request.N);
   b.mean_error *= ShortRecordFactor(b, 3);
 }
 
@@ -263,13 +144,13 @@ void FindDependence(const std::vector<std::vector<float>>& centred, Bootstrap& b
 
 // ---- Resamples
 
-void MakeResample(Bootstrap& b, std::size_t which, Workspace& work) {
+void MakeResample(Bootstrap& b, std::size_t which, BlockWorkspace& work) {
   RandomStream random(static_cast<std::uint64_t>(b.request.seed), which);
   work.blocks.clear();
   for (std::size_t i = 0; i < b.blocks; ++i)
     work.blocks.push_back(BlockAt(b.records, random.Below(b.records.samples()), b.length));
   BlockEstimate here;
-  EstimateOf(b, work.blocks, work, here);
+  EstimateBlocks(b.records, b.request.N, b.request.peaks, work.blocks, work, here);
   const double blocks = static_cast<double>(b.blocks), fewer = std::sqrt(blocks / (blocks - 1));
   for (std::size_t i = 0; i < kBlockEstimates; ++i)
     b.t[i][which] = std::log(here.value[i] / b.estimate.value[i]) / (here.error[i] * fewer);
@@ -326,10 +207,10 @@ bool EnoughPeaks(const Bootstrap& b, int N) {
 
 void PeakIntervals(const Bootstrap& b, int N, std::size_t first, std::array<BootstrapInterval, 4>& out) {
   if (!EnoughPeaks(b, N)) return;
-  for (std::size_t side = kAll; side <= kDouble; ++side) out[side] = PositiveInterval(b, first + side);
+  for (std::size_t side = kBlockAll; side <= kBlockDouble; ++side) out[side] = PositiveInterval(b, first + side);
   const auto mean = static_cast<float>(b.records.mean);
-  out[kTop] = {mean + out[kTop].low, mean + out[kTop].high, out[kTop].told};
-  out[kBottom] = {mean - out[kBottom].high, mean - out[kBottom].low, out[kBottom].told};
+  out[kBlockTop] = {mean + out[kBlockTop].low, mean + out[kBlockTop].high, out[kBlockTop].told};
+  out[kBlockBottom] = {mean - out[kBlockBottom].high, mean - out[kBlockBottom].low, out[kBlockBottom].told};
 }
 
 }  // namespace
@@ -363,7 +244,7 @@ void BeginBootstrap(EnsembleRecords X, const BootstrapRequest& request, Bootstra
   out.length = std::min(out.length, shortest);
   out.blocks = static_cast<std::size_t>(
       std::lround(static_cast<double>(out.records.samples()) / static_cast<double>(out.length)));
-  Workspace work;
+  BlockWorkspace work;
   out.estimate = EstimateRecords(out, out.length, work);
   const bool whole_records = out.length * out.records.records() == out.records.samples();  // nothing beyond a block
   if (!whole_records) LeadOn(EstimateRecords(out, std::max<std::size_t>(2, out.length / 2), work), out.estimate);
@@ -377,7 +258,7 @@ bool MakeResamples(Bootstrap& b, int count) {
   const auto from = static_cast<std::size_t>(b.made);
   const auto to = static_cast<std::size_t>(std::min(b.made + std::max(count, 1), b.request.resamples));
   SideBySide((to - from + kResamplesAtOnce - 1) / kResamplesAtOnce, b.request.threads, [&](std::size_t task) {
-    Workspace work;
+    BlockWorkspace work;
     const std::size_t first = from + task * kResamplesAtOnce;
     for (std::size_t i = first; i < std::min(first + kResamplesAtOnce, to); ++i) MakeResample(b, i, work);
   });
@@ -393,8 +274,8 @@ BootstrapIntervals IntervalsOf(const Bootstrap& b) {
   out.mean = Told(b.records.mean - t.high * b.mean_error, b.records.mean - t.low * b.mean_error);
   out.variance = PositiveInterval(b, 0);
   if (!b.request.peaks) return out;
-  PeakIntervals(b, 3, kFirstOf[0], out.third);
-  PeakIntervals(b, std::max(1, b.request.N), kFirstOf[1], out.nth);
+  PeakIntervals(b, 3, kFirstHighest[0], out.third);
+  PeakIntervals(b, std::max(1, b.request.N), kFirstHighest[1], out.nth);
   return out;
 }
 

@@ -23,6 +23,7 @@
 #include <span>
 #include <vector>
 
+#include "stats/block_estimates.h"
 #include "stats/bootstrap_blocks.h"
 
 namespace zaview {
@@ -58,11 +59,6 @@ inline constexpr int kFewestHighest = 5;
 // The resamples that are made where `resamples` are asked for: at least as many as have one beyond each end, to
 // kMostBootstrapResamples. At a probability of 1 the ends are those of the outermost resamples.
 [[nodiscard]] int ResamplesFor(float prob, int resamples);
-
-inline constexpr std::size_t kBlockEstimates = 9;  // variance; of 1/3, of 1/N: amplitude, top, bottom, double amplitude
-struct BlockEstimate {
-  std::array<double, kBlockEstimates> value{}, error{};  // error: relative, of the logarithm
-};
 
 // Records made ready, and the resamples made so far.
 struct Bootstrap {

@@ -57,7 +57,8 @@ bool ExtrapolationAllowed(const Console& console, const CaseStore& store, const 
     Say(console, kBadTime, Shown{request.T_out});
     return false;
   }
-  if (request.option == 1 && store.kino_input) Say(console, kNoVelocities, store.from_table() ? "a table has" : "KINO files have");
+  if (request.option == 1 && store.kino_input)
+    Say(console, kNoVelocities, store.from_table() ? "a table has" : "KINO files have");
   return request.option == 0 || !store.kino_input;
 }
 

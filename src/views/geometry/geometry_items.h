@@ -16,7 +16,7 @@
 namespace zaview {
 
 inline constexpr std::string_view kGeometryPopup[] = {"Options Menu", "Help"};
-inline constexpr float kGeometryMargin = 0.15F;  // page units to the edge of the page
+inline constexpr float kGeometryMargin = 0.15F;         // page units to the edge of the page
 inline constexpr AxesLength kGeometryArea{9.0F, 6.6F};  // of the plane view; page units
 inline constexpr int kNormalColour = 2, kAppendageColour = 8;
 

@@ -12,9 +12,9 @@ namespace zaview {
 bool ForgetLimits(AxesState& axes);                          // fitted at the next display
 void FitUnlessChanged(AxesState& axes);                      // the same, unless the user has chosen them
 bool TakeLimits(AxesState& axes, const PlotLimits& limits);  // chosen by the user; false: not finite, nothing changes
-// One limit or increment that is typed. The larger limit may stand first, which reverses the axis; the increment has the
-// sign of the range, and is a round one where less than one or too many would be in it. False: not finite, no range or
-// an increment of 0; nothing changes.
+// One limit or increment that is typed. The larger limit may stand first, which reverses the axis; the increment has
+// the sign of the range, and is a round one where less than one or too many would be in it. False: not finite, no range
+// or an increment of 0; nothing changes.
 bool TakeLimit(AxesState& axes, float PlotLimits::*limit, float value, AxesLength length);
 bool UndoZoom(AxesState& axes);    // what was chosen is forgotten; false: nothing was
 bool KeepLimits(AxesState& axes);  // those in use become those that a click outside brings back

@@ -7,8 +7,8 @@
 
 #include "unit/views/plot_view.h"
 #include "views/data_plot/plot_type.h"
-#include "views/state/popup.h"
 #include "views/frame/session_keys.h"
+#include "views/state/popup.h"
 
 namespace zaview {
 namespace {

@@ -37,7 +37,8 @@ void Renew(GeometryPicture& v, bool space) {
 void ExpectChanges(const KeyCase& c, std::vector<double> want, const View& view) {
   TakeChanges(kGeometryFields, c.changes, want);
   for (std::size_t i = 0; i < want.size(); ++i)
-    EXPECT_NEAR(kGeometryFields[i].value(view), want[i], 1e-4) << c.space << ": " << c.keys << ": " << kGeometryFields[i].name;
+    EXPECT_NEAR(kGeometryFields[i].value(view), want[i], 1e-4)
+        << c.space << ": " << c.keys << ": " << kGeometryFields[i].name;
 }
 
 constexpr bool kPlane = false, kSpace = true;

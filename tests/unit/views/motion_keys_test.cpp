@@ -45,7 +45,8 @@ struct Animation : PlotView {
     TakeChanges(kMotionFields, c.changes, want);
     const std::vector<double> got = FieldsOf(session);
     for (std::size_t i = 0; i < want.size(); ++i)
-      EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i]))) << c.keys << ": " << kMotionFields[i].name;
+      EXPECT_NEAR(got[i], want[i], 1.0e-5 * std::max(1.0, std::abs(want[i])))
+          << c.keys << ": " << kMotionFields[i].name;
     EXPECT_TRUE(*c.changes != '\0' || !session.run.redraw) << c.keys;
     EXPECT_EQ(fake.output, c.said) << c.keys;
   }
