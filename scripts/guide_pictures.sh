@@ -25,7 +25,7 @@ mv ./*.png made
 mkdir /tmp/runs
 trap 'rm -rf "$work" /tmp/runs' EXIT
 cp "$root"/samples/* /tmp/runs
-"$build/tools/menu_pictures" /tmp/runs made >menus.log 2>&1 || { cat menus.log; exit 1; }
+(cd /tmp/runs && "$build/tools/menu_pictures" . "$work/made") >menus.log 2>&1 || { cat menus.log; exit 1; }
 
 for picture in made/*.png; do
   [ "$(stat -c %s "$picture")" -gt 60000 ] || continue

@@ -11,6 +11,7 @@ namespace {
 
 inline constexpr std::string_view kInterrupted = "ERROR - interrupted ahead of this command";
 inline constexpr std::string_view kNearest = "        the nearest command is {}";
+inline constexpr std::string_view kHelp = "        zaview -help {} tells its arguments";
 inline constexpr std::string_view kCarried =
     "WARNING - {} took the command {} of the next line for its argument : \"\" stands for none";
 inline constexpr std::string_view kLeftOver = "WARNING - words left over on the line : {}";
@@ -60,12 +61,20 @@ void WarnOfWords(const ScriptCall& call, std::span<const CommandFamily> commands
   if (status == kScriptOk && !rest.empty() && !command.last) Say(call.console(), kLeftOver, rest);
 }
 
+struct FirstWord {
+  std::string_view word;
+  std::size_t end = 0;  // of it in the line
+};
+FirstWord CommandOf(std::string_view line) {
+  const std::size_t begin = std::min(line.find_first_not_of(" \t"), line.size());
+  const std::size_t end = std::min(line.find_first_of(" \t", begin), line.size());
+  return {line.substr(begin, end - begin), end};
+}
+
 int RunLine(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
   const Console& console = session.platform.console;
   const std::string_view text = line.text;
-  const std::size_t begin = std::min(text.find_first_not_of(" \t"), text.size());
-  const std::size_t end = std::min(text.find_first_of(" \t", begin), text.size());
-  const std::string_view word = text.substr(begin, end - begin);
+  const auto [word, end] = CommandOf(text);
   Say(console, "ZAVIEW Scripting: {}", text);
   ScriptCall call{session, Capitals(word), {&console, session.script.final_text, &session.script.next_line, text, end}};
   const Command* command = FindCommand(commands, call.command);
@@ -119,6 +128,7 @@ int ReadScriptFile(Session& session, std::span<const CommandFamily> commands) {
     if (IsBlank(line.text)) continue;
     status = RunUnlessInterrupted(session, commands, line);
     if (status != kScriptOk) SayLine(console, AtLine(script.files, line.origin, line.text));
+    if (status == kScriptBadArgument) Say(console, kHelp, CommandOf(line.text).word);
   }
   trace("exiting");
   return status;

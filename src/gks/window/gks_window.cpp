@@ -21,7 +21,8 @@ namespace {
 
 constexpr fmt::string_view kCause = "GLGKS - {}";
 constexpr std::string_view kNoGraphics = "graphics are not available";
-constexpr std::string_view kNoDisplay = "no display: plots can only be written to files";
+constexpr std::string_view kNoDisplay =
+    "no display: plots can only be written to files (name one behind the plot command; from the menu: GLDUMPONLY=yes)";
 constexpr std::string_view kNobody = "no display: nobody can leave this view";
 
 constexpr std::string_view kNoSmooth = "WARNING - There is no library for smooth pictures, they are drawn as ever";

@@ -10,7 +10,8 @@ namespace {
 using enum FedEvent::Kind;
 
 constexpr const char* kNoDisplay =
-    "GLGKS - no display: plots can only be written to files\nGLGKS - Error Initializing Window...\n";
+    "GLGKS - no display: plots can only be written to files (name one behind the plot command; from the menu: "
+    "GLDUMPONLY=yes)\nGLGKS - Error Initializing Window...\n";
 constexpr const char* kNobody =
     "GLGKS - no display: nobody can leave this view\nGLGKS - Error Initializing Window...\n";
 

@@ -18,9 +18,8 @@ void ExpectRun(const CommandCase& c, bool with_case) {
   ScriptRun run(c.script, with_case);
   run.Run();
   EXPECT_EQ(run.status, c.status) << c.script << run.fake.output;
-  std::string expected = c.said;
-  if (c.status != 0) expected += "        at line 1 of s : " + c.script.substr(0, c.script.find('\n')) + "\n";
-  EXPECT_EQ(Said(run.fake.output), expected + kEnd[c.status]) << c.script;
+  const std::string end = c.status == 0 ? kEnd[0] : AfterFault(1, c.script.substr(0, c.script.find('\n')), c.status);
+  EXPECT_EQ(Said(run.fake.output), c.said + end) << c.script;
   EXPECT_EQ(run.fake.OpenHandles(), 0U);
   EXPECT_FALSE(run.session.script.open);
 }

@@ -69,4 +69,12 @@ inline constexpr const char* kEnd[] = {"\nSuccessfully parsed ZAVIEW script file
                                        "Argument ERROR in ZAVIEW script file : s\n",
                                        "ERROR executing ZAVIEW script file : s\n"};
 
+// The lines behind the message of a fault.
+inline std::string AfterFault(int line_number, const std::string& line, int status) {
+  const std::string place = "        at line " + std::to_string(line_number) + " of s : " + line + "\n";
+  const std::string command = line.substr(0, line.find(' '));
+  return place + (status == kScriptBadArgument ? "        zaview -help " + command + " tells its arguments\n" : "") +
+         kEnd[status];
+}
+
 }  // namespace zaview

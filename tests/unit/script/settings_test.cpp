@@ -186,8 +186,7 @@ void ExpectRefused(const Setting& setting, const std::string& word, const Refuse
   const SettingRun run(before + line + "\n", true);
   EXPECT_EQ(run.status, refused.status) << line << run.fake.output;
   EXPECT_EQ(setting.read(run.session), setting.read(baseline.session)) << line;
-  const std::string end = Filled(refused.said, word) + "\n        at line " + (before.empty() ? "1" : "2") +
-                          " of s : " + line + "\n" + kEnd[refused.status];
+  const std::string end = Filled(refused.said, word) + "\n" + AfterFault(before.empty() ? 1 : 2, line, refused.status);
   const std::string said = Said(run.fake.output);
   const bool ends = said.size() >= end.size() && said.compare(said.size() - end.size(), end.size(), end) == 0;
   EXPECT_TRUE(ends) << said << "\nshould end:\n" << end;
