@@ -22,10 +22,10 @@ for step in *0001.png; do mv "$step" "${step%0001.png}.png"; done
 mv ./*.png made
 
 # The file selector shows where the runs are.
-mkdir /tmp/runs
-trap 'rm -rf "$work" /tmp/runs' EXIT
-cp "$root"/samples/* /tmp/runs
-(cd /tmp/runs && "$build/tools/menu_pictures" . "$work/made") >menus.log 2>&1 || { cat menus.log; exit 1; }
+mkdir /tmp/zaview_runs
+trap 'rm -rf "$work" /tmp/zaview_runs' EXIT
+cp "$root"/samples/* /tmp/zaview_runs
+(cd /tmp/zaview_runs && "$build/tools/menu_pictures" . "$work/made") >menus.log 2>&1 || { cat menus.log; exit 1; }
 
 for picture in made/*.png; do
   [ "$(stat -c %s "$picture")" -gt 60000 ] || continue
