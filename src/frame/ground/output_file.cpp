@@ -101,6 +101,22 @@ void RemoveTraces(const OutputFile& out) {
 
 }  // namespace
 
+OutputFile::~OutputFile() {
+  DiscardOutput(*this);
+}
+
+OutputFile::OutputFile(OutputFile&& other) noexcept : OutputFileParts(std::move(other)) {
+  other.file = kNoFile;
+}
+
+OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
+  if (this == &other) return *this;
+  DiscardOutput(*this);
+  OutputFileParts::operator=(std::move(other));
+  other.file = kNoFile;
+  return *this;
+}
+
 bool OpenOutput(const Platform& platform, std::string_view name, OpenHow how, OutputFile& out) {
   out = OutputFile{};
   out.platform = &platform;

@@ -14,7 +14,7 @@ namespace zaview {
 
 enum class OpenHow : std::uint8_t { replace, append };
 
-struct OutputFile {
+struct OutputFileParts {
   const Platform* platform = nullptr;
   std::string name;  // as given; blank: the console
   bool to_console = true;
@@ -29,6 +29,14 @@ struct OutputFile {
   OpenHow how = OpenHow::replace;
   bool made = false;       // the target itself was made by the open
   bool cut_first = false;  // in place over an old file, which is still whole: emptied ahead of the first bytes
+};
+
+// What ends without having been closed is discarded: the work was given up on its way.
+struct OutputFile : OutputFileParts {
+  OutputFile() = default;
+  ~OutputFile();
+  OutputFile(OutputFile&& other) noexcept;
+  OutputFile& operator=(OutputFile&& other) noexcept;
 };
 
 // False: it can't be opened (nothing is left behind). Told before any computing.
