@@ -20,6 +20,8 @@ namespace zaview {
 namespace {
 
 constexpr fmt::string_view kIllegalOption = "LOGIC error - Illegal Dump_Option={} in GKSDUMP";
+constexpr fmt::string_view kUnknownEnding =
+    "WARNING - {} : pictures end in .png, .svg, .pdf, .gif or .bmp; this one is written as {}";
 constexpr fmt::string_view kWriting = "DumpWindow - Writing PNG file {}";
 constexpr fmt::string_view kConverting = "DumpWindow - ppm2gif {} {}";
 
@@ -98,6 +100,8 @@ bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
   if (name.empty() && gks.sheet.open()) return AddToSheet(platform, gks);
   if (!name.empty()) {
     const DumpKind* const named = KindOfName(name);
+    if (named == nullptr && name.find('.') != std::string::npos)
+      Say(platform.console, kUnknownEnding, name, kind->capital);
     return WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);
   }
   if (wanted == kind->fixed) return WriteWindow(platform, gks, *kind, fmt::format("gl.{}", kind->extension));

@@ -119,7 +119,9 @@ TEST(WindowDump, NamesTheFileByOptionAndOrder) {
       {"", 3, "gl.bmp", "BM", "DumpWindow - ppm2gif gl.png gl.bmp\n"},
       {"x.PNG", 2, "x.PNG", "\x89PNG", "DumpWindow - Writing PNG file x.PNG\n"},
       {"", 2, "dump0002.gif", "GIF8", "DumpWindow - ppm2gif gl.png dump0002.gif\n"},  // a name counts once
-      {"v1.2", 4, "v1.2", "BM", "DumpWindow - ppm2gif gl.png v1.2\n"},
+      {"v1.2", 4, "v1.2", "BM",
+       "WARNING - v1.2 : pictures end in .png, .svg, .pdf, .gif or .bmp; this one is written as BMP\n"
+       "DumpWindow - ppm2gif gl.png v1.2\n"},
       {"", 7, "", "", "LOGIC error - Illegal Dump_Option=7 in GKSDUMP\n"},
       {"no/x.bmp", 6, "", "", "DumpWindow - ppm2gif gl.png no/x.bmp\nERROR - Picture can't be written : no/x.bmp\n"},
   };
