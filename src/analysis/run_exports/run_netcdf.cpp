@@ -68,11 +68,12 @@ void Describe(const OutputSettings& settings, const CaseStore& store, std::vecto
               NetcdfTable& table) {
   std::string control_text;
   if (!AppendControlText(store, control_text)) control_text.clear();
-  table.attributes = {{"Conventions", "CF-1.8"},
-                      {"title", std::string(Trim(store.control.DESCR))},
-                      {"source", "ZAVO run, written by ZAVIEW"},
-                      {"run_file", store.file_name},
-                      {"control_text", control_text}};
+  table.attributes = {
+      {"Conventions", "CF-1.8"},
+      {"title", std::string(Trim(store.control.DESCR))},
+      {"source", store.from_table() ? "Measured data, written by ZAVIEW" : "ZAVO run, written by ZAVIEW"},
+      {"run_file", store.file_name},
+      {"control_text", control_text}};
   table.variables.push_back({"time", "Time", std::string(TimeUnit(store, settings))});
   for (const QuantityRow& row : AllQuantities()) {
     if (!IsWritten(store, row.iqnt)) continue;
