@@ -244,13 +244,17 @@ std::int64_t ReadFile(void*, FileHandle file, char* to, std::size_t size) {
 FileHandle OpenWrite(void* self, const std::string& name, WriteHow how, unsigned mode) {
   const bool may_make = how != WriteHow::create_new && ::access(name.c_str(), F_OK) != 0;
   const int ways[] = {O_CREAT | O_EXCL, O_CREAT | O_TRUNC, O_CREAT | O_APPEND};
+  // What memory this takes it takes ahead of the file: none is left that nobody knows of.
+  std::string kept = name;
+  Of(self).unfinished.reserve(Of(self).unfinished.size() + 1);
+  Of(self).made_in_place.reserve(Of(self).made_in_place.size() + 1);
   const int file =
       ::open(name.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | ways[static_cast<std::size_t>(how)], kNewFileMode);
   if (file < 0) return OpenFault(Of(self), errno);
   if (how == WriteHow::create_new || may_make) ForgetRead(Of(self), file);
   if (mode != 0) static_cast<void>(::fchmod(file, mode));  // refused by some file systems: no reason to fail
-  if (how == WriteHow::create_new) Of(self).unfinished.push_back(name);
-  if (may_make) Of(self).made_in_place.emplace_back(file, name);
+  if (how == WriteHow::create_new) Of(self).unfinished.push_back(std::move(kept));
+  else if (may_make) Of(self).made_in_place.emplace_back(file, std::move(kept));
   return file;
 }
 
