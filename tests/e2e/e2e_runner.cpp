@@ -12,6 +12,7 @@
 #include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -25,6 +26,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kAnyLines = "...";
 constexpr double kNear = 2e-5;  // what 4-byte sums leave of a closed form
+constexpr std::pair<std::string_view, unsigned char> kGrounds[] = {{"white", 255}, {"black", 0}};  // of pictures
 
 constexpr std::string_view kBareSteps[] = {"copy", "stdin", "run", "console", "exit", "absent", "picture"};
 constexpr std::string_view kNamedSteps[] = {"file", "holds", "near"};  // "word NAME:" instead of "word: rest"
@@ -76,18 +78,20 @@ std::vector<std::string> Lines(const std::string& text) {
   return lines;
 }
 
-// "@ NAME FROM TO": lines of a file that a step above writes, or else of the project.
-void AddLinesOf(const Text& text, const std::string& words, std::vector<std::string>& to) {
+// "@ NAME FROM TO": lines of a file that a step above writes, or else of the project. False: it hasn't all of them.
+bool AddLinesOf(const Text& text, const std::string& words, std::vector<std::string>& to) {
   std::istringstream in(words);
   std::string name;
-  size_t first = 1, last = 0;
+  size_t first = 0, last = 0;
   in >> name >> first >> last;
   std::vector<std::string> from;
   for (const Step& step : text.steps) {
     if (step.word == "file" && step.rest == name) from = step.lines;
   }
   if (from.empty()) from = Lines(FileBytes(ProjectFile(name)));
-  for (size_t i = std::max(first, size_t{1}); i <= std::min(last, from.size()); ++i) to.push_back(from[i - 1]);
+  if (first < 1 || last < first || last > from.size()) return false;
+  for (size_t i = first; i <= last; ++i) to.push_back(from[i - 1]);
+  return true;
 }
 
 Text ReadText(const fs::path& path) {
@@ -105,10 +109,11 @@ Text ReadText(const fs::path& path) {
         return text;
       }
       std::vector<std::string>& lines = text.steps.back().lines;
-      if (trimmed[0] == '@') {
-        AddLinesOf(text, trimmed.substr(1), lines);
-      } else {  // blanks at the end of a line count; those ahead of the bar do not
+      if (trimmed[0] == '|') {  // blanks at the end of a line count; those ahead of the bar do not
         lines.push_back(BodyLine(std::string_view(line).substr(line.find('|'))));
+      } else if (!AddLinesOf(text, trimmed.substr(1), lines)) {
+        text.fault = "line " + std::to_string(number) + ": no such lines: " + trimmed;
+        return text;
       }
       continue;
     }
@@ -144,13 +149,23 @@ bool IsNumber(const std::string& word, double& value) {
   return !word.empty() && *end == '\0';
 }
 
-// Numbers within kNear of each other (of 1, if they are smaller); all other words equal, blanks between do not matter.
+// The unit of the last digit that is written: 0.01 of 2.50, 1 of 40.
+double LastDigit(const std::string& number) {
+  const std::size_t exponent = number.find_first_of("eE"), end = std::min(exponent, number.size());
+  const std::size_t point = std::min(number.find('.'), end);
+  const double digits = point == end ? 0.0 : static_cast<double>(end - point - 1);
+  return std::pow(10.0, (exponent == std::string::npos ? 0 : std::atoi(number.c_str() + exponent + 1)) - digits);
+}
+
+// Numbers within kNear of each other, and half a unit of the last digit that is expected; within kNear alone where that
+// is less, or 0 is expected. All other words equal, blanks between do not matter.
 bool NearLine(const std::string& expected, const std::string& got) {
   const std::vector<std::string> e = Words(expected), g = Words(got);
   return std::equal(e.begin(), e.end(), g.begin(), g.end(), [](const std::string& a, const std::string& b) {
     double x = 0, y = 0;
     if (!IsNumber(a, x) || !IsNumber(b, y)) return a == b;
-    return std::fabs(x - y) <= kNear * std::max(1.0, std::fabs(x));
+    const double size = std::fabs(x), most = kNear * std::max(1.0, size);
+    return std::fabs(x - y) <= (size > 0 ? std::min(most, kNear * size + LastDigit(a) / 2) : most);
   });
 }
 
@@ -224,6 +239,7 @@ class Session {
     }
     CheckRunIsOver();
     EXPECT_GT(runs_, 0) << text_ << " runs nothing";
+    EXPECT_EQ(input_, "") << text_ << ": no run reads it";
   }
 
  private:
@@ -278,10 +294,13 @@ class Session {
     EXPECT_EQ(outcome_.status, 0) << text_.filename() << ", console:\n" << outcome_.console;
   }
 
-  // picture: NAME.png 500x400 lit 2 10: its size, and how many of a hundred pixels haven't the colour of the corner.
+  // picture: NAME.png 500x400 on white lit 2 10: its size and ground, and how many of a hundred pixels aren't ground.
   void LookAt(const Step& step) {
     const std::vector<std::string> words = Words(step.rest);
-    ASSERT_TRUE(words.size() == 5 && words[2] == "lit") << At(step);
+    ASSERT_TRUE(words.size() == 7 && words[2] == "on" && words[4] == "lit") << At(step);
+    const auto ground =
+        std::find_if(std::begin(kGrounds), std::end(kGrounds), [&](const auto& one) { return one.first == words[3]; });
+    ASSERT_NE(ground, std::end(kGrounds)) << At(step);
     int width = 0, height = 0;
     std::vector<unsigned char> rgb;
     ASSERT_TRUE(ReadPng(folder_.Name(words[0]), width, height, rgb))
@@ -289,10 +308,10 @@ class Session {
         << outcome_.console;
     EXPECT_EQ(std::to_string(width) + "x" + std::to_string(height), words[1]) << At(step);
     size_t lit = 0;
-    for (size_t i = 0; i < rgb.size(); i += 3) lit += std::equal(&rgb[i], &rgb[i] + 3, rgb.data()) ? 0 : 1;
+    for (size_t i = 0; i < rgb.size(); i += 3) lit += std::count(&rgb[i], &rgb[i] + 3, ground->second) == 3 ? 0 : 1;
     const double percent = 300.0 * static_cast<double>(lit) / static_cast<double>(rgb.size());
-    EXPECT_GE(percent, std::stod(words[3])) << At(step);
-    EXPECT_LE(percent, std::stod(words[4])) << At(step);
+    EXPECT_GE(percent, std::stod(words[5])) << At(step);
+    EXPECT_LE(percent, std::stod(words[6])) << At(step);
   }
 
   void Holds(const Step& step, const LineTest& same) {
