@@ -29,6 +29,7 @@ for ((first = 0; first < ${#finished[@]}; first += PER_PAGE)); do
       echo "PLOT_HISTORY MOT 3"
     done
   } > "$results/page.script"
-  "${ZAVIEW:-zaview}" -script "$results/page.script" < /dev/null > "$results/page.log" 2>&1
+  "${ZAVIEW:-zaview}" -script "$results/page.script" < /dev/null > "$results/page.log" 2>&1 ||
+    { echo "collect.sh: no $page, see $results/page.log" >&2; exit 1; }
 done
 "$(dirname "${BASH_SOURCE[0]}")/status.sh" "$results"
