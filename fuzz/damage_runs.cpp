@@ -144,10 +144,16 @@ void DamageRun(const std::string& input, Counts& counts) {
 }  // namespace zaview
 
 int main(int count, char** names) {
-  int wrong = 0;
+  if (count < 2) fmt::print(stderr, "usage : damage_runs FILE...\n");
+  int wrong = count < 2 ? 1 : 0;
   for (int i = 1; i < count; ++i) {
     std::ifstream file(names[i], std::ios::binary);
     const std::string input((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    if (input.empty()) {
+      fmt::print(stderr, "damage_runs: {} can't be read\n", names[i]);
+      ++wrong;
+      continue;
+    }
     zaview::Counts counts;
     zaview::DamageRun(input, counts);
     fmt::print("{}: {} cuts, {} flipped bits, {} reads in pieces; {} refused, {} wrong\n", names[i], counts.cuts,

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what building needs on Debian 12, with `--tests` or `--package` what testing or packing needs too. Does nothing when all of it is there.
+# Installs what building needs on Debian 12, with `--tests` or `--package` what testing or packing needs too. Does nothing
+# when all of it is there.
 set -euo pipefail
 
 packages=(build-essential cmake ninja-build pkg-config libfmt-dev libfast-float-dev libfftw3-dev

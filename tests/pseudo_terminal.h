@@ -70,10 +70,12 @@ class PseudoTerminal {
     const winsize size{24, columns, 0, 0};
     EXPECT_EQ(::ioctl(master_, TIOCSWINSZ, &size), 0);
   }
-  // Exit status; -n: ended by signal n.
+  // Exit status; -n: ended by signal n, -SIGKILL also where nothing has come for a minute.
   [[nodiscard]] int End() {
-    while (ReadMore()) {
+    constexpr int kHangs = 60'000;  // ms
+    while (ReadMore(kHangs)) {
     }
+    if (is_silent_) ::kill(child_, SIGKILL);
     int status = 0;
     if (::waitpid(std::exchange(child_, -1), &status, 0) < 0) return -1000;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
@@ -100,11 +102,11 @@ class PseudoTerminal {
     ::close(ends[1]);
     return child;
   }
-  bool ReadMore() {
-    constexpr int kPatience = 10'000;  // ms
+  bool ReadMore(int patience = 10'000) {  // ms
     pollfd wanted{master_, POLLIN, 0};
     char bytes[4096];
-    if (::poll(&wanted, 1, kPatience) <= 0) return false;
+    is_silent_ = ::poll(&wanted, 1, patience) <= 0;
+    if (is_silent_) return false;
     const ssize_t n = ::read(master_, bytes, sizeof bytes);  // fails when the child is gone
     if (n > 0) screen_.append(bytes, static_cast<std::size_t>(n));
     return n > 0;
@@ -112,6 +114,7 @@ class PseudoTerminal {
 
   int master_ = -1;
   pid_t child_ = -1;
+  bool is_silent_ = false;
   std::string screen_;
   std::size_t seen_ = 0;
 };

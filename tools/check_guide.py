@@ -5,7 +5,8 @@
 
 Each section (`## ..`) is followed in an empty folder. In a block of code, below a line that ends with a name and a colon
 (`name`:), stands that file. From a line that begins with "$ " on a block is a session: "$ " is given to bash, "> " is
-typed at a question of the program, all else is printed, "..." stands for any lines. Other blocks are only looked at. PROGRAM and what is beside it (tools/run_writer) are on the path; the samples are those of the project.
+typed at a question of the program, all else is printed, "..." stands for any lines. Other blocks are only looked at.
+PROGRAM and what is beside it (tools/run_writer) are on the path; the samples are those of the project.
 Pictures that a section makes and shows are copied to PICTURES. Tells what differs, with its line; status 1 then.
 """
 import os

@@ -215,7 +215,8 @@ int main(int count, char** words) {
   }
   out += "\n}  // namespace zaview\n";
   std::FILE* const file = std::fopen(words[1], "wb");
-  if (file == nullptr) return 1;
-  const bool written = std::fwrite(out.data(), 1, out.size(), file) == out.size();
-  return std::fclose(file) == 0 && written ? 0 : 1;
+  const bool written = file != nullptr && std::fwrite(out.data(), 1, out.size(), file) == out.size();
+  if (file != nullptr && std::fclose(file) == 0 && written) return 0;
+  std::fprintf(stderr, "font_tables: %s can't be written\n", words[1]);
+  return 1;
 }

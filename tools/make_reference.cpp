@@ -13,7 +13,10 @@ int main(int argc, char** argv) {
   for (const zaview::ReferenceFile& file : zaview::ReferenceFiles()) {
     std::ofstream out(std::string(argv[1]) + '/' + std::string(file.name), std::ios::binary);
     out << file.text();
-    if (!out.flush()) return 1;
+    if (!out.flush()) {
+      std::fprintf(stderr, "make_reference: %s/%s can't be written\n", argv[1], std::string(file.name).c_str());
+      return 1;
+    }
   }
   return 0;
 }

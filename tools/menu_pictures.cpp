@@ -134,10 +134,10 @@ const std::vector<Scene>& Scenes() {
   return scenes;
 }
 
-void Read(Session& s, const std::string& name) {
+bool Read(Session& s, const std::string& name) {
   ReadRequest request;
   request.name = name;
-  static_cast<void>(read_output_file(request, s.platform, s.run, s.output, s.case_store, s.ensemble));
+  return read_output_file(request, s.platform, s.run, s.output, s.case_store, s.ensemble) == ReadOutcome::ok;
 }
 
 void Enter(Session& s, const Scene& scene) {
@@ -157,9 +157,10 @@ bool Draw(const Scene& scene, const std::string& samples, const std::string& fol
   s.platform.choose_window = [](const Platform& machine) { return machine.window; };
   s.run.skip_prompt = SkipPrompt::silent;
   SetHooks(s);
-  Read(s, samples + '/' + scene.file);
+  if (!Read(s, samples + '/' + scene.file)) return false;
   if (scene.plot.of_ensemble)
-    for (const char* more : {"/sea_2.out", "/sea_3.out"}) Read(s, samples + more);
+    for (const char* more : {"/sea_2.out", "/sea_3.out"})
+      if (!Read(s, samples + more)) return false;
   glResizeWindow(s.platform, s.gks, kWindow, kWindow * 3 / 4);
   Enter(s, scene);
   for (const KeyOf& key : scene.keys) FeedEvent(*windows, {FedEvent::Kind::key, 1, key.key, key.modifiers});
@@ -195,6 +196,10 @@ int main(int argc, char** argv) {
     return 2;
   }
   bool all = true;
-  for (const Scene& scene : Scenes()) all = Draw(scene, argv[1], argv[2]) && all;
+  for (const Scene& scene : Scenes())
+    if (!Draw(scene, argv[1], argv[2])) {
+      std::fprintf(stderr, "menu_pictures: no %s.png\n", scene.name);
+      all = false;
+    }
   return all ? 0 : 1;
 }

@@ -18,8 +18,6 @@ using Vec3 = std::array<double, 3>;
 using Mat3 = std::array<Vec3, 3>;
 
 constexpr double kPi = std::numbers::pi;
-constexpr double kMass = 1.0 / 360;
-constexpr Vec3 kInertia = {kMass * 0.035 * 0.035, kMass * 0.25 * 0.25, kMass * 0.25 * 0.25};
 
 // amplitude exp(-decay t) cos(frequency t + angle), in one of the six modes.
 struct Harmonic {

@@ -12,9 +12,6 @@ namespace run_writer {
 
 namespace {
 
-// The hull of every run, non-dimensional: mass over rho L^3, radii over L, CG below the origin of the ship axes.
-constexpr double kMass = 1.0 / 360;
-constexpr std::array<double, 3> kInertia = {kMass * 0.035 * 0.035, kMass * 0.25 * 0.25, kMass * 0.25 * 0.25};
 constexpr double kOriginZ = 0.0625, kCgZ = 0.05;  // GORIG and RGRAV over L, above the keel
 
 bool IsCurrent(int version) {

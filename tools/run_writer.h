@@ -12,6 +12,10 @@
 
 namespace run_writer {
 
+// The hull of every run, non-dimensional: mass over rho L^3, moments of inertia by radii of gyration over L.
+inline constexpr double kMass = 1.0 / 360;
+inline constexpr std::array<double, 3> kInertia = {kMass * 0.035 * 0.035, kMass * 0.25 * 0.25, kMass * 0.25 * 0.25};
+
 struct RunSpec {
   std::string title = "Run";
   std::string version_line = " VERSION   : 4.1.7 / April 28, 2022";  // blank: none

@@ -80,6 +80,8 @@ int WriteBenchmark(const std::vector<std::string>& args) {
       if (!Parse(args[++i], 0, kMostCuts, cuts)) return Usage();
     } else if (!more && !args[i].starts_with("--")) {
       path = args[i];
+    } else {
+      return Usage();
     }
   }
   if (path.empty() || (bytes == 0) == (steps == 0)) return Usage();

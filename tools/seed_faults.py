@@ -25,13 +25,18 @@ FAULTS = [  # what is looked for, what takes its place
 NO_CODE = re.compile(r"^\s*(//|#|\*|template|using|namespace|constexpr std::string_view|struct|static_assert|\}|$)")
 
 
+def lines_of(path):
+    """Line ends alone part lines: other bytes that Python takes for one may stand in a text."""
+    return path.read_text(encoding="latin1").split("\n")
+
+
 def candidates(rooms):
     found = []
     for path in sorted((ROOT / "src").rglob("*.cpp")):
         name = str(path.relative_to(ROOT))
         if not re.search(rooms, name):
             continue
-        for number, line in enumerate(path.read_text(encoding="latin1").splitlines()):
+        for number, line in enumerate(lines_of(path)):
             code = line.split("//")[0]
             if NO_CODE.match(line) or '"' in code:
                 continue
@@ -47,7 +52,7 @@ def place(fault):
     text = fault["line"].strip()
     places = []
     for path in sorted((ROOT / "src").rglob("*.cpp")):
-        for number, line in enumerate(path.read_text(encoding="latin1").splitlines()):
+        for number, line in enumerate(lines_of(path)):
             if line.strip() == text:
                 places.append((path, number, line))
     stem = pathlib.Path(fault["file"]).name
@@ -70,8 +75,8 @@ def try_fault(build, fault):
     if spot is None:
         return "gone", ""
     path, number, line = spot
-    before = path.read_text(encoding="latin1")
-    lines = before.split("\n")
+    lines = lines_of(path)
+    before = "\n".join(lines)
     lines[number] = line.replace(fault["line"].strip(), fault["changed"].strip())
     path.write_text("\n".join(lines), encoding="latin1")
     try:
