@@ -9,34 +9,22 @@
 #include <benchmark/benchmark.h>
 
 #include "animation_case.h"
-#include "base/platform_posix.h"
 #include "frame/session.h"
-#include "gks/kernel/gks_control.h"
 #include "gks/picture/picture_file.h"
-#include "gks/window/window_offscreen.h"
 #include "views/motion/motion_view.h"
 #include "waves/elevation_grid.h"
+#include "window_in_memory.h"
 
 namespace {
 
 using namespace zaview;
 
 struct Animation {
-  OffscreenWindows* windows = MakeOffscreenWindows();
   Session session;
   std::vector<unsigned char> rgb = std::vector<unsigned char>(static_cast<std::size_t>(kWidth * kHeight) * 3);
 
   Animation() {
-    setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
-    session.platform = PosixPlatform();
-    session.platform.window = OffscreenWindowSystem(windows);
-    const WindowSystem& window = session.platform.window;
-    std::string why;
-    if (!window.start(window.self, {}, why)) std::abort();
-    session.gks.window.width = kWidth;
-    session.gks.window.height = kHeight;
-    session.gks.window.id = window.create_window(window.self, "", 0, 0, kWidth, kHeight);
-    gksSetReverse(session.gks, false);
+    OpenWindowInMemory(kWidth, kHeight, session.platform, session.gks);
     session.run.script_active = true;
     session.run.plot_module = PlotModule::animation;
     session.output.units.scales.position.fill(kLength);

@@ -6,14 +6,12 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
-#include "base/platform_posix.h"
-#include "gks/kernel/gks_control.h"
 #include "gks/picture/picture_buffer.h"
-#include "gks/window/window_offscreen.h"
 #include "menu/file_selector.h"
 #include "menu/menu_build.h"
 #include "menu/menu_draw.h"
 #include "menu/menu_window.h"
+#include "window_in_memory.h"
 
 namespace {
 
@@ -26,14 +24,10 @@ void OpenAndDraw(benchmark::State& state) {
   const fs::path folder = fs::temp_directory_path() / fmt::format("zaview_selector_{}", kNames);
   fs::create_directories(folder);
   for (std::size_t i = 0; i < kNames; ++i) std::ofstream(folder / fmt::format("a_run_of_some_length_{}.out", i)) << i;
-  Platform platform = PosixPlatform();
-  platform.window = OffscreenWindowSystem(MakeOffscreenWindows());
-  platform.window.offscreen = false;
+  Platform platform;
   GksState gks;
-  std::string why;
-  if (!platform.window.start(platform.window.self, {}, why)) std::abort();
-  gks.window.id = platform.window.create_window(platform.window.self, "", 0, 0, 500, 400);
-  gksSetReverse(gks, false);
+  OpenWindowInMemory(500, 400, platform, gks);
+  platform.window.offscreen = false;
   MenuToolkit kit;
   gksMenuAttach(kit, platform, gks, {});
   PictureImage image;

@@ -6,11 +6,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "base/platform_posix.h"
 #include "frame/session.h"
-#include "gks/kernel/gks_control.h"
-#include "gks/window/window_offscreen.h"
 #include "views/geometry/geometry_view.h"
+#include "window_in_memory.h"
 
 namespace {
 
@@ -35,21 +33,10 @@ void PutHull(CaseStore& store) {
 }
 
 struct View {
-  OffscreenWindows* windows = MakeOffscreenWindows();
   Session session;
 
   View() {
-    setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
-    session.platform = PosixPlatform();
-    session.platform.window = OffscreenWindowSystem(windows);
-    std::string why;
-    const WindowSystem& window = session.platform.window;
-    GksState& gks = session.gks;
-    if (!window.start(window.self, {}, why)) std::abort();
-    gks.window.width = kWidth;
-    gks.window.height = kHeight;
-    gks.window.id = window.create_window(window.self, "", 0, 0, kWidth, kHeight);
-    gksSetReverse(gks, false);
+    OpenWindowInMemory(kWidth, kHeight, session.platform, session.gks);
     PutHull(session.case_store);
     GeometryViewState& view = session.geometry_view;
     view.geo_3d = view.own_radius = view.own_centre = true;

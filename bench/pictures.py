@@ -9,12 +9,12 @@ missed.
 """
 import argparse
 import os
-import resource
 import subprocess
+import sys
 import tempfile
 import time
 
-from ratios import line
+from ratios import line, run
 
 STEPS = 50_000
 WIDTH, HEIGHT = 1100, 850
@@ -50,22 +50,22 @@ do for [i=1:{count}] {{
 """
 
 
-def timed(args, cwd, env=None):
+def timed(args, cwd):
     begin = time.perf_counter()
-    done = subprocess.run(args, cwd=cwd, env=env, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+    done = subprocess.run(args, cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True, text=True)
     if done.returncode != 0:
         raise SystemExit(f"{args[0]} ended with status {done.returncode}:\n{done.stdout[-2000:]}{done.stderr[-2000:]}")
     return time.perf_counter() - begin, done.stdout
 
 
-def report_pictures(program, writer, work, env):
+def report_pictures(program, writer, work):
     """A picture a process in the style for reports, over a table of the same run; and SVG files of the long run."""
     subprocess.run([writer, "--steps", "400", os.path.join(work, "short.out")], check=True)
 
-    def best(lines, run, times):
+    def best(lines, name, times):
         with open(os.path.join(work, "s"), "w") as script:
             script.write("\n".join(lines) + "\n")
-        return min(timed([program, run, "-script", "s"], work, env)[0] for _ in range(times)) * 1e3
+        return min(timed([program, name, "-script", "s"], work)[0] for _ in range(times)) * 1e3
 
     style = ["PICTURE_STYLE REPORT", f"WINDOW_SIZE {WIDTH} {HEIGHT}"]
     table = best(["WRITE_HISTORY MOT 3 h.txt"], "short.out", 40)
@@ -95,16 +95,19 @@ def main():
 
 
 def all_pictures(build, count, folder=None):
-    work = folder or tempfile.mkdtemp(prefix="zaview_pictures_")
-    os.makedirs(work, exist_ok=True)
+    os.environ.pop("DISPLAY", None)
+    with tempfile.TemporaryDirectory(prefix="zaview_pictures_", dir=folder) as work:
+        compare(build, count, work)
+
+
+def compare(build, count, work):
     program = os.path.abspath(os.path.join(build, "zaview"))
     writer = os.path.abspath(os.path.join(build, "tools", "run_writer"))
     subprocess.run([writer, "--steps", str(STEPS), os.path.join(work, "long.out")], check=True)
-    env = {k: v for k, v in os.environ.items() if k != "DISPLAY"}
 
     with open(os.path.join(work, "s"), "w") as script:
         script.write(f"WINDOW_SIZE {WIDTH} {HEIGHT}\nWRITE_HISTORY MOT curve_all.txt\n")
-    timed([program, "long.out", "-script", "s"], work, env)
+    timed([program, "long.out", "-script", "s"], work)
     import numpy
     curve = numpy.loadtxt(os.path.join(work, "curve_all.txt"), skiprows=2, usecols=(0, 3), dtype=numpy.float32)
     numpy.savetxt(os.path.join(work, "curve.txt"), curve)
@@ -114,17 +117,17 @@ def all_pictures(build, count, folder=None):
         script.write(f"WINDOW_SIZE {WIDTH} {HEIGHT}\n")
         for i in range(count):
             script.write(f"PLOT_HISTORY MOT 3 p{i:04}.png\n")
-    seconds = timed([program, "long.out", "-script", "s"], work, env)[0]
-    peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
+    seconds, peak = run(program, ["long.out", "-script", "s"], work)
     made = len([name for name in os.listdir(work) if name.startswith("p") and name.endswith(".png")])
     ours = count / seconds * 60
-    print(f"{made} pictures of {STEPS} steps at {WIDTH}x{HEIGHT}: {ours:.0f} a minute, peak memory {peak:.0f} MB")
+    print(f"{made} pictures of {STEPS} steps at {WIDTH}x{HEIGHT}: {ours:.0f} a minute, "
+          f"peak memory {peak / 1024:.0f} MB")
 
-    report_pictures(program, writer, work, env)
+    report_pictures(program, writer, work)
 
     with open(os.path.join(work, "mpl.py"), "w") as source:
         source.write(MATPLOTLIB.format(count=OTHERS))
-    theirs = OTHERS / float(timed(["/usr/bin/python3", "mpl.py"], work)[1]) * 60
+    theirs = OTHERS / float(timed([sys.executable, "mpl.py"], work)[1]) * 60
     print(f"matplotlib Agg: {theirs:.0f} a minute")
     line("pictures a minute / matplotlib (Agg)", f"{ours / theirs:.1f}", ">= 4")
 

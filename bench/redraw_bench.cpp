@@ -6,11 +6,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "base/platform_posix.h"
-#include "gks/kernel/gks_control.h"
 #include "gks/plot/dense_curve.h"
 #include "gks/plot/plot_layer.h"
-#include "gks/window/window_offscreen.h"
+#include "window_in_memory.h"
 
 namespace {
 
@@ -20,22 +18,14 @@ constexpr int kWidth = 1100, kHeight = 850, kCurves = 6;
 constexpr std::size_t kSteps = 200000;
 
 struct Picture {
-  OffscreenWindows* windows = MakeOffscreenWindows();
-  Platform platform = PosixPlatform();
+  Platform platform;
   GksState gks;
   PlotPage page;
   std::vector<float> t;
   std::vector<std::vector<float>> curves;
 
   Picture() {
-    setenv("LIBGL_ALWAYS_SOFTWARE", "1", 1);
-    platform.window = OffscreenWindowSystem(windows);
-    std::string why;
-    if (!platform.window.start(platform.window.self, {}, why)) std::abort();
-    gks.window.width = kWidth;
-    gks.window.height = kHeight;
-    gks.window.id = platform.window.create_window(platform.window.self, "", 0, 0, kWidth, kHeight);
-    gksSetReverse(gks, false);
+    OpenWindowInMemory(kWidth, kHeight, platform, gks);
     for (std::size_t i = 0; i < kSteps; ++i) t.push_back(static_cast<float>(i) * 0.1F);
     for (int c = 0; c < kCurves; ++c) {
       std::vector<float> y;

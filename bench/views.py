@@ -57,16 +57,11 @@ def main():
     if shutil.which("ffmpeg") is None:
         print("no ffmpeg: no video")
         return
-    work = args.work or tempfile.mkdtemp(prefix="views_")
-    os.makedirs(work, exist_ok=True)
-    try:
-        low, high, seconds = video(os.path.join(build, "zaview"), os.path.join(build, "tools", "run_writer"), args.steps,
-                                   work)
-        print(f"video of {args.steps} steps, 320x240: {args.steps / seconds:.0f} steps/s, memory {low} to {high} kB "
-              f"({100 * (high - low) / low:.2f} %)")
-    finally:
-        if not args.work:
-            shutil.rmtree(work)
+    program, writer = os.path.join(build, "zaview"), os.path.join(build, "tools", "run_writer")
+    with tempfile.TemporaryDirectory(prefix="zaview_views_", dir=args.work) as work:
+        low, high, seconds = video(program, writer, args.steps, work)
+    print(f"video of {args.steps} steps, 320x240: {args.steps / seconds:.0f} steps/s, memory {low} to {high} kB "
+          f"({100 * (high - low) / low:.2f} %)")
 
 
 if __name__ == "__main__":
