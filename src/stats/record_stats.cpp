@@ -25,25 +25,6 @@ std::vector<float> CentredSquares(std::span<const float> c, float xv) {
   return y;
 }
 
-// Mean and extremes in one pass; what is not a number is no extreme.
-void FindExtent(std::span<const float> x, RecordStats& out) {
-  float sum = 0.0F, xmin = kNoMinimum, xmax = kNoMaximum;
-  for (const float v : x) {
-    sum += v;
-    xmin = v < xmin ? v : xmin;
-    xmax = v > xmax ? v : xmax;
-  }
-  out.xm = sum / static_cast<float>(x.size());
-  out.xmin = xmin;
-  out.xmax = xmax;
-}
-
-float SquaresAbout(float xm, std::span<const float> x) {
-  float squares = 0.0F;
-  for (const float v : x) squares += (v - xm) * (v - xm);
-  return squares;
-}
-
 float VarianceOfMean(std::span<const float> c, int m, RecordStatsTrace* trace) {
   const int np = static_cast<int>(c.size());
   const int last = trace != nullptr ? std::max(m, np / 2) : m - 1;
@@ -92,6 +73,27 @@ std::vector<std::string> StatFaultLines(StatFault faults, std::string_view routi
   return lines;
 }
 
+// What is not a number is no extreme.
+RecordStats MeanAndExtremes(std::span<const float> x) {
+  float sum = 0.0F, xmin = kNoMinimum, xmax = kNoMaximum;
+  for (const float v : x) {
+    sum += v;
+    xmin = v < xmin ? v : xmin;
+    xmax = v > xmax ? v : xmax;
+  }
+  RecordStats out;
+  out.xm = sum / static_cast<float>(x.size());
+  out.xmin = xmin;
+  out.xmax = xmax;
+  return out;
+}
+
+float VarianceAbout(float xm, std::span<const float> x) {
+  float squares = 0.0F;
+  for (const float v : x) squares += (v - xm) * (v - xm);
+  return squares / static_cast<float>(static_cast<int>(x.size()) - 1);
+}
+
 float MeanOf(std::span<const float> x) {
   if (x.empty()) return 0.0F;
   return std::accumulate(x.begin(), x.end(), 0.0F) / static_cast<float>(x.size());
@@ -113,9 +115,9 @@ StatFault CalcRecordStats(int iopt, std::span<const float> x, float prob, Record
   float probCoef = 0.0F;
   if (iopt != 3) (void)getGaussPDFka(prob, probCoef);
 
-  FindExtent(x, out);
+  out = MeanAndExtremes(x);
   if (iopt != 2) {
-    out.xv = SquaresAbout(out.xm, x) / static_cast<float>(np - 1);
+    out.xv = VarianceAbout(out.xm, x);
     if (out.xv > 0.0F) out.xs = std::sqrt(out.xv);
   }
   if (iopt == 3) return faults;

@@ -43,6 +43,10 @@ struct RecordStatsTrace {  // what a trace prints; filled only on demand
 [[nodiscard]] StatFault CalcRecordStats(int iopt, std::span<const float> x, float prob, RecordStats& out,
                                         RecordStatsTrace* trace = nullptr);
 
+// The parts of it that need no half width, each in one pass. x: at least one sample.
+[[nodiscard]] RecordStats MeanAndExtremes(std::span<const float> x);    // xm, xmin, xmax; the others are 0
+[[nodiscard]] float VarianceAbout(float xm, std::span<const float> x);  // sum of (x - xm)^2 over np - 1
+
 // Sum of x in ascending order over np; 0 samples: 0.
 [[nodiscard]] float MeanOf(std::span<const float> x);
 

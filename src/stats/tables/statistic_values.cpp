@@ -15,8 +15,6 @@ namespace zaview {
 namespace {
 
 constexpr int kThird = 3, kHundredth = 100;
-constexpr int kNoIntervals = 3;  // CalcRecordStats: mean, variance, extremes
-constexpr float kAnyProbability = 0.5F;
 
 constexpr bool Between(int low, int number, int high) {
   return low <= number && number <= high;
@@ -32,11 +30,9 @@ bool NeedsPeaks(int number) {
          IsSideOf(kStatHundredth, number) || number == kStatNdtf || number == kStatTransfer;
 }
 
-void FindMoments(std::span<const float> x, RecordValues& values) {
-  RecordStats stats;
-  (void)CalcRecordStats(kNoIntervals, x, kAnyProbability, stats);
+void FindMean(std::span<const float> x, RecordValues& values) {
+  const RecordStats stats = MeanAndExtremes(x);
   values.xm = stats.xm;
-  values.xv = stats.xv;
   values.xmin = stats.xmin;
   values.xmax = stats.xmax;
 }
@@ -51,13 +47,15 @@ void FindPeaks(int N, std::span<const float> x, RecordValues& values) {
 }
 
 // What of a curve needs its mean and nothing else.
-enum class Part : std::uint8_t { peaks, between, phase };
+enum class Part : std::uint8_t { peaks, between, variance, phase };
 
 std::vector<Part> PartsOf(int number, bool phases) {
   std::vector<Part> parts;
   if (NeedsPeaks(number)) parts.push_back(Part::peaks);
   if (number == kStatTable || Between(kStatBetweenUpcrossings, number, kStatBetweenPeaks))
     parts.push_back(Part::between);
+  if (number == kStatTable || number == kStatStdev || number == kStatVariance || number == kStatSsa)
+    parts.push_back(Part::variance);
   if (phases) parts.push_back(Part::phase);
   return parts;
 }
@@ -135,7 +133,7 @@ void FindRecordValues(const StatisticName& statistic, const StatRecord& record, 
   const std::size_t curves = record.data.y.size();
   values.assign(curves, {});
   phases.assign(wave != nullptr ? curves : 0, 0.0F);
-  SideBySide(curves, threads, [&](std::size_t i) { FindMoments(record.curve(i), values[i]); });
+  SideBySide(curves, threads, [&](std::size_t i) { FindMean(record.curve(i), values[i]); });
   const std::vector<Part> parts = PartsOf(statistic.number, wave != nullptr);
   SideBySide(curves * parts.size(), threads, [&](std::size_t task) {
     const std::size_t i = task / parts.size();
@@ -143,6 +141,7 @@ void FindRecordValues(const StatisticName& statistic, const StatRecord& record, 
     const Part part = parts[task % parts.size()];
     if (part == Part::peaks) FindPeaks(statistic.N, x, values[i]);
     else if (part == Part::between) CalcAvgBetween(record.t(), x, values[i].xm, values[i].between);
+    else if (part == Part::variance) values[i].xv = VarianceAbout(values[i].xm, x);
     else phases[i] = PhaseLag(*wave, x, values[i].xm);
   });
 }
