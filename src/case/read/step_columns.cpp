@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -9,6 +10,7 @@
 
 #include "base/grow.h"
 #include "base/number_parse.h"
+#include "base/side_by_side.h"
 #include "control/input_scales.h"
 
 namespace zaview {
@@ -256,27 +258,37 @@ constexpr HistoryRow kHistories[] = {
   return true;
 }
 
-// ---- Impulsive runs
+// ---- After the last step
 
-void Divide(StepHistory& history, float force, float moment) {
-  for (std::size_t i = 0; i < history.component.size(); ++i)
-    for (float& value : history.component[i]) value /= i < 3 ? force : moment;
+// All columns there are, whose first value belongs to step `first` from now on.
+[[nodiscard]] bool ListColumns(int first, CaseStore& fresh, std::vector<std::vector<float>*>& all) {
+  const auto list = [&](StepHistory& history) {
+    history.first = first;
+    const std::size_t before = all.size();
+    if (!Grow(all, before + history.component.size())) return false;
+    for (std::size_t i = 0; i < history.component.size(); ++i) all[before + i] = &history.component[i];
+    return true;
+  };
+  bool listed = list(fresh.time);
+  for (const HistoryRow& row : kHistories) listed = list(fresh.*row.history) && listed;
+  for (StepHistory& history : fresh.load_force) listed = list(history) && listed;
+  for (StepHistory& history : fresh.load_moment) listed = list(history) && listed;
+  return listed;
 }
 
-void MakeNonDimensional(CaseStore& fresh) {
+// Added masses and impulses over rho g L^3, those of moments over rho g L^4.
+void MakeNonDimensional(int threads, CaseStore& fresh) {
   const ControlRecords& r = fresh.control;
   const double factor = StepTimeFactor(fresh);
   for (float& t : fresh.time.component[0]) t = static_cast<float>(static_cast<double>(t) * factor);
   const double L = r.LENOUT;
   const double force = r.RHOOUT * r.GRAVOUT * L * L * L;
-  for (StepHistory* history : {&fresh.tadm, &fresh.fimp})
-    Divide(*history, static_cast<float>(force), static_cast<float>(force * L));
-}
-
-[[nodiscard]] bool Cover(int first, std::size_t n, StepHistory& history) {
-  history.first = first;
-  return std::all_of(history.component.begin(), history.component.end(),
-                     [n](std::vector<float>& column) { return Grow(column, n); });
+  for (StepHistory* history : {&fresh.tadm, &fresh.fimp}) {
+    SideBySide(history->component.size(), threads, [&](std::size_t i) {
+      const auto unit = static_cast<float>(i < 3 ? force : force * L);
+      for (float& value : history->component[i]) value /= unit;
+    });
+  }
 }
 
 }  // namespace
@@ -297,13 +309,15 @@ bool PrepareColumns(CaseStore& fresh, StepColumns& columns) {
   return true;
 }
 
-bool FinishColumns(int first, int kept, CaseStore& fresh) {
-  const std::size_t n = Count(kept);
-  bool covered = Cover(first, n, fresh.time);
-  for (const HistoryRow& row : kHistories) covered = Cover(first, n, fresh.*row.history) && covered;
-  for (StepHistory& history : fresh.load_force) covered = Cover(first, n, history) && covered;
-  for (StepHistory& history : fresh.load_moment) covered = Cover(first, n, history) && covered;
-  if (covered && Impulsive(fresh)) MakeNonDimensional(fresh);
+bool FinishColumns(int first, int kept, int threads, CaseStore& fresh) {
+  constexpr int kFewSteps = 10'000;  // done sooner than a thread begins
+  if (kept < kFewSteps) threads = 1;
+  std::vector<std::vector<float>*> all;
+  std::atomic<bool> covered = ListColumns(first, fresh, all);
+  SideBySide(all.size(), threads, [&](std::size_t i) {
+    if (!Grow(*all[i], Count(kept))) covered = false;
+  });
+  if (covered && Impulsive(fresh)) MakeNonDimensional(threads, fresh);
   return covered;
 }
 

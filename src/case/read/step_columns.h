@@ -25,8 +25,9 @@ struct StepColumns {
 [[nodiscard]] bool PrepareColumns(CaseStore& fresh, StepColumns& columns);
 
 // After the last step: every history covers `kept` steps from `first` on, with zeros where the layout has nothing for
-// it; the dimensional values of an impulsive run become non-dimensional. False: out of memory.
-[[nodiscard]] bool FinishColumns(int first, int kept, CaseStore& fresh);
+// it; the dimensional values of an impulsive run become non-dimensional. threads: as of SideBySide. False: out of
+// memory.
+[[nodiscard]] bool FinishColumns(int first, int kept, int threads, CaseStore& fresh);
 
 // How many steps a file may hold: NSTEP, of an impulsive run twice as many.
 [[nodiscard]] std::int64_t MostSteps(const CaseStore& fresh);

@@ -215,7 +215,8 @@ StepsRead ReadTimeSteps(BlockStream& stream, std::int64_t file_size, CaseStore& 
   if (threads > 1 && second.Begin()) r.second = &second;
   ReadSteps(r, progress, std::max<std::size_t>(block, 1));
   AcceptEnd(fresh, r.result);
-  if (!FinishColumns(r.result.first, r.result.kept, fresh)) r.result.end = StepsEnd::out_of_memory;
+  if (!FinishColumns(r.result.first, r.result.kept, static_cast<int>(threads), fresh))
+    r.result.end = StepsEnd::out_of_memory;
   for (float* const time : {&r.result.previous_time, &r.result.new_time})
     *time = static_cast<float>(static_cast<double>(*time) * StepTimeFactor(fresh));
   return r.result;

@@ -313,7 +313,8 @@ CompanionRead ReadUnformattedSteps(BlockStream& stream, std::int64_t file_size, 
   if (fresh.control.NSTEP <= 0) return r.result;
   ReadSteps(r, progress, block);
   AcceptEnd(fresh, steps);
-  if (!FinishColumns(steps.first, steps.kept, fresh)) steps.end = StepsEnd::out_of_memory;
+  constexpr int kAllThreads = 0;
+  if (!FinishColumns(steps.first, steps.kept, kAllThreads, fresh)) steps.end = StepsEnd::out_of_memory;
   for (float* const time : {&steps.previous_time, &steps.new_time})
     *time = static_cast<float>(static_cast<double>(*time) * r.time_factor);
   return r.result;
