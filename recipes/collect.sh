@@ -3,7 +3,8 @@
 set -euo pipefail
 shopt -s nullglob
 
-runs=$1 results=$2
+runs=$(realpath "$1") results=$2 program=${ZAVIEW:-zaview}
+[[ $program != */* ]] || program=$(realpath "$program")
 readonly ROWS=5 ACROSS=4
 readonly PER_PAGE=$((ROWS * ACROSS))
 
@@ -18,18 +19,18 @@ mv "$results/table.csv.part" "$results/table.csv"
 # A page a process: runs that were read stay in memory until it ends.
 rm -f "$results"/page*.pdf
 for ((first = 0; first < ${#finished[@]}; first += PER_PAGE)); do
-  page=$results/page.pdf
-  ((${#finished[@]} <= PER_PAGE)) || page=$results/page_$((first / PER_PAGE + 1)).pdf
+  page=page.pdf
+  ((${#finished[@]} <= PER_PAGE)) || page=page_$((first / PER_PAGE + 1)).pdf
   {
     echo "PICTURE_STYLE REPORT"
     echo "WINDOW_SIZE 400 300"
-    echo "PLOT_PAGE $ROWS $ACROSS \"$page\""
+    echo "PLOT_PAGE $ROWS $ACROSS $page"
     for file in "${finished[@]:first:PER_PAGE}"; do
       echo "READ \"$runs/$(basename "$file" .done).out\""
       echo "PLOT_HISTORY MOT 3"
     done
   } > "$results/page.script"
-  "${ZAVIEW:-zaview}" -script "$results/page.script" < /dev/null > "$results/page.log" 2>&1 ||
+  (cd "$results" && "$program" -script page.script < /dev/null > page.log 2>&1) ||
     { echo "collect.sh: no $page, see $results/page.log" >&2; exit 1; }
 done
 "$(dirname "${BASH_SOURCE[0]}")/status.sh" "$results"

@@ -3,18 +3,20 @@
 set -uo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-run=$1 results=$2
-name=$(basename "$run" .out)
-mkdir -p "$results"
-[[ -e $results/$name.done ]] && exit 0
+run=$(realpath "$1") name=$(basename "$1" .out) program=${ZAVIEW:-zaview}
+[[ $program != */* ]] || program=$(realpath "$program")
+mkdir -p "$2" && cd "$2" || exit 1
+[[ -e $name.done ]] && exit 0
 
-rm -f "$results/$name.failed"
-date > "$results/$name.started"
-ZAVIEW=${ZAVIEW:-zaview}
-"$ZAVIEW" "$run" -v run "$name" -v out "$results" -script "$here/one_run.script" < /dev/null > "$results/$name.log" 2>&1
+rm -f "$name.failed"
+date > "$name.started"
+row=$(mktemp -u .row_XXXXXX)  # of a table the program cuts the name at a blank, which the run's may have
+"$program" "$run" -v run "$name" -v row "$row" -script "$here/one_run.script" < /dev/null > "$name.log" 2>&1 &&
+  mv "$row" "$name.row" 2>> "$name.log"
 status=$?
 if [[ $status -ne 0 ]]; then
-  [[ $status -gt 128 ]] || echo "$status" > "$results/$name.failed"
+  rm -f "$row"
+  [[ $status -gt 128 ]] || echo "$status" > "$name.failed"
   exit "$status"
 fi
-date > "$results/$name.done"
+date > "$name.done"

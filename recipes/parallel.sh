@@ -8,5 +8,5 @@ runs=$1 results=$2 jobs=${3:-$(nproc)}
 command -v parallel > /dev/null || { echo "parallel.sh: GNU parallel is not here (apt install parallel)" >&2; exit 1; }
 mkdir -p "$results"
 find "$runs" -maxdepth 1 -name '*.out' | sort |
-  parallel --will-cite --jobs "$jobs" --joblog "$results/jobs.log" "$here/one_run.sh" {} "$results"
+  parallel --quote --will-cite --jobs "$jobs" --joblog "$results/jobs.log" "$here/one_run.sh" {} "$results"
 "$here/collect.sh" "$runs" "$results"

@@ -4,8 +4,9 @@
 set -euo pipefail
 
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+runs=$(cd "$1" && pwd)
 mkdir -p "$2"
-runs=$(cd "$1" && pwd) results=$(cd "$2" && pwd) at_once=${3:-20}
+results=$(cd "$2" && pwd) at_once=${3:-20}
 list=$results/runs.list
 find "$runs" -maxdepth 1 -name '*.out' | sort | while read -r run; do
   [[ -e $results/$(basename "$run" .out).done ]] || echo "$run"
