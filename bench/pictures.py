@@ -68,7 +68,7 @@ def report_pictures(program, writer, work):
         return min(timed([program, name, "-script", "s"], work)[0] for _ in range(times)) * 1e3
 
     style = ["PICTURE_STYLE REPORT", f"WINDOW_SIZE {WIDTH} {HEIGHT}"]
-    table = best(["WRITE_HISTORY MOT 3 h.txt"], "short.out", 40)
+    table = best(["WRITE_HISTORY MOT h.txt"], "short.out", 40)
     for kind in ("png", "svg", "pdf"):
         one = best(style + [f"PLOT_HISTORY MOT 3 r.{kind}"], "short.out", 40)
         more = best(style + [f"PLOT_HISTORY MOT 3 r{i}.{kind}" for i in range(21)], "short.out", 10)
