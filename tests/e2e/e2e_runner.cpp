@@ -157,15 +157,17 @@ double LastDigit(const std::string& number) {
   return std::pow(10.0, (exponent == std::string::npos ? 0 : std::atoi(number.c_str() + exponent + 1)) - digits);
 }
 
-// Numbers within kNear of each other, and half a unit of the last digit that is expected; within kNear alone where that
-// is less, or 0 is expected. All other words equal, blanks between do not matter.
+// Numbers within kNear of the expected one; below 1 half a unit of its last digit more, but no more than kNear in all;
+// 0 within kNear. All other words equal, blanks between do not matter.
 bool NearLine(const std::string& expected, const std::string& got) {
   const std::vector<std::string> e = Words(expected), g = Words(got);
   return std::equal(e.begin(), e.end(), g.begin(), g.end(), [](const std::string& a, const std::string& b) {
     double x = 0, y = 0;
     if (!IsNumber(a, x) || !IsNumber(b, y)) return a == b;
-    const double size = std::fabs(x), most = kNear * std::max(1.0, size);
-    return std::fabs(x - y) <= (size > 0 ? std::min(most, kNear * size + LastDigit(a) / 2) : most);
+    const double size = std::fabs(x);
+    double apart = kNear * std::max(1.0, size);
+    if (size > 0 && size < 1) apart = std::min(kNear, kNear * size + LastDigit(a) / 2);
+    return std::fabs(x - y) <= apart;
   });
 }
 
