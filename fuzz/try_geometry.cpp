@@ -5,6 +5,7 @@
 
 #include "fake_platform.h"
 #include "fuzz/try_input.h"
+#include "geometry/case_geometry.h"
 #include "geometry/read_geometry.h"
 #include "geometry/surface_checks.h"
 

@@ -13,6 +13,7 @@
 #include "base/platform_posix.h"
 #include "geometry/element_shape.h"
 #include "geometry/read_geometry.h"
+#include "geometry/reflect_geometry.h"
 
 namespace {
 

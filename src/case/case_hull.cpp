@@ -1,6 +1,6 @@
 #include "case/case_hull.h"
 
-#include "geometry/read_geometry.h"
+#include "geometry/case_geometry.h"
 
 namespace zaview {
 

@@ -1,3 +1,5 @@
+#include "geometry/case_geometry.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -5,6 +7,7 @@
 #include "control/options_lookup.h"
 #include "geometry/input_transform.h"
 #include "geometry/read_geometry.h"
+#include "geometry/reflect_geometry.h"
 
 namespace zaview {
 namespace {
@@ -59,10 +62,9 @@ bool AddGeometry(const Platform& platform, const GeometryRequest& request, const
   Hull part;
   const GeometryStatus status = ReadGeometry(platform, request, part);
   if (status == GeometryStatus::skipped) SayLine(platform.console, kSkipped);
-  if (status == GeometryStatus::cannot_open) {
-    const std::string file(SplitGeometryName(request.name).file);
-    Say(platform.console, kNotOpen, file, WhyNotOpened(platform.files, file));
-  }
+  if (status == GeometryStatus::cannot_open)
+    Say(platform.console, kNotOpen, SplitGeometryName(request.name).file,
+        WhyGeometryNotOpened(platform.files, request.name, request.folder));
   if (status != GeometryStatus::ok) return status == GeometryStatus::skipped;
   if (request.half && !ReflectGeometry(platform.console, request.LENIN, part)) return false;
   TransformHull(transform, part);

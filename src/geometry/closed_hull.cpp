@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/grow.h"
+#include "geometry/hull_box.h"
 #include "geometry/hull_cells.h"
 #include "geometry/same_points.h"
 
@@ -29,7 +30,7 @@ class Closing {
 
   void Run() {
     MergePoints();
-    FindBox();
+    FindCentre();
     std::size_t surface = 0, element = 0;
     for (part_ = 0; part_ < parts_.size(); ++part_)
       for (const std::size_t end = std::min(surface + parts_[part_].surfaces, hull_.surfaces.size()); surface < end;
@@ -45,32 +46,34 @@ class Closing {
   }
 
  private:
+  // Points of the surfaces and, behind them, nodes of the elements: of the others there is nothing to close.
   void MergePoints() {
     std::vector<Vector3> points;
     for (const HullSurface& surface : hull_.surfaces)
       points.insert(points.end(), surface.points.begin(), surface.points.end());
+    const std::size_t nodes = points.size();
     points.insert(points.end(), hull_.mesh.nodes.begin(), hull_.mesh.nodes.end());
     (void)FindSamePoints(kSamePlace * L_, points, vertex_of_);
+    std::vector<bool> kept(points.size());
+    for (std::size_t i = 0; i < nodes; ++i) kept[vertex_of_[i]] = true;
+    for (const HullElement& element : hull_.mesh.elements)
+      for (int k = 0; k < element.corners(); ++k)
+        kept[vertex_of_[nodes + static_cast<std::size_t>(element.node[static_cast<std::size_t>(k)] - 1)]] = true;
     for (std::size_t i = 0; i < points.size(); ++i) {
       const std::uint32_t first = vertex_of_[i];
       if (first < i) {
         vertex_of_[i] = vertex_of_[first];
-        continue;
+      } else if (kept[i]) {
+        vertex_of_[i] = static_cast<std::uint32_t>(out_.vertices.size());
+        out_.vertices.push_back(points[i]);
       }
-      vertex_of_[i] = static_cast<std::uint32_t>(out_.vertices.size());
-      out_.vertices.push_back(points[i]);
     }
   }
 
-  void FindBox() {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    Vector3 low{kInfinity, kInfinity, kInfinity}, high{-kInfinity, -kInfinity, -kInfinity};
-    for (const Vector3& p : out_.vertices)
-      for (std::size_t k = 0; k < 3; ++k) {
-        low[k] = std::min(low[k], p[k]);
-        high[k] = std::max(high[k], p[k]);
-      }
-    for (std::size_t k = 0; k < 3; ++k) centre_[k] = (low[k] + high[k]) / 2;
+  void FindCentre() {
+    HullBox box = EmptyBox();
+    for (const Vector3& p : out_.vertices) Include(p, box);
+    centre_ = CentreOf(box);
   }
 
   [[nodiscard]] double FromPlane(const Vector3& p, std::size_t part) const {

@@ -22,10 +22,11 @@ struct ClosedHull {
 };
 
 // L: reference length in lengths of the hull. Transom elements are there.
-// - Points closer than 1e-6 L are one vertex. A cell of four corners is four triangles about their mean, so that the
-//   result doesn't depend on which end the points start from. Triangles smaller than 1e-12 L^2 are left out.
+// - Points closer than 1e-6 L are one vertex; nodes of no element are none. A cell of four corners is four triangles
+//   about their mean, so that the result doesn't depend on which end the points start from. Triangles smaller than
+//   1e-12 L^2 are left out.
 // - A structured surface is turned as a whole if its flux of r - r0 is negative, r0 the centre of the box around all
-//   points, on the centreplane for a half; elements stand as they are (FENORM).
+//   vertices, on the centreplane for a half; elements stand as they are (FENORM).
 // - y is the distance from the centreplane of the input, wherever that lies in the axes of the hull: each part has its
 //   own. Of a half, cells in the centreplane (all |y| < 1e-6 L) are dropped.
 // - A directed edge a -> b without its reverse is closed by (b, a, a') and (b, a', b'), a' being a with y = 0, unless

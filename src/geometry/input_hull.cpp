@@ -1,26 +1,11 @@
 #include "geometry/input_hull.h"
 
-#include <algorithm>
-#include <limits>
-#include <span>
+#include <cstddef>
 
 #include "geometry/element_shape.h"
 #include "geometry/input_transform.h"
 
 namespace zaview {
-namespace {
-
-constexpr double kNothing = std::numeric_limits<double>::max();
-
-void Include(const Vector3& p, HullBox& box) {
-  for (std::size_t k = 0; k < 3; ++k) {
-    box.low[k] = std::min(box.low[k], p[k]);
-    box.high[k] = std::max(box.high[k], p[k]);
-  }
-}
-
-}  // namespace
-
 Hull InputHull(const Hull& hull, const ControlRecords& records) {
   const InputTransform transform = TransformOf(records);
   Hull input;
@@ -49,23 +34,19 @@ int ComponentType(const Hull& input, int component) {
   return input.surfaces[static_cast<std::size_t>(component - 1)].resampling.KCTYPE0;
 }
 
-HullBox BoxOf(const Hull& input, int component, bool mirrored) {
-  HullBox box{{kNothing, kNothing, kNothing}, {-kNothing, -kNothing, -kNothing}};
+HullBox BoxOf(const Hull& hull, int component, bool mirrored) {
+  HullBox box = EmptyBox();
   const auto include = [&](const Vector3& p) {
     Include(p, box);
     if (mirrored) Include({p[0], -p[1], p[2]}, box);
   };
-  for (std::size_t i = 0; i < input.surfaces.size(); ++i)
+  for (std::size_t i = 0; i < hull.surfaces.size(); ++i)
     if (component == 0 || component == static_cast<int>(i) + 1)
-      for (const Vector3& p : input.surfaces[i].points) include(p);
-  if (component == 0 || IsMesh(input, component))
-    for (const HullElement& element : input.mesh.elements)
-      for (int k = 0; k < element.corners(); ++k) include(Corner(input.mesh, element, k));
-  return box.low[0] > box.high[0] ? HullBox{} : box;
-}
-
-double LargestExtent(const HullBox& box) {
-  return std::max({box.high[0] - box.low[0], box.high[1] - box.low[1], box.high[2] - box.low[2]});
+      for (const Vector3& p : hull.surfaces[i].points) include(p);
+  if (component == 0 || IsMesh(hull, component))
+    for (const HullElement& element : hull.mesh.elements)
+      for (int k = 0; k < element.corners(); ++k) include(Corner(hull.mesh, element, k));
+  return IsEmpty(box) ? HullBox{} : box;
 }
 
 }  // namespace zaview

@@ -1,9 +1,8 @@
 // The hull as it was input: its components without their mirror images, in the axes and lengths of the input. Pure.
 #pragma once
 
-#include <cstddef>
-
 #include "geometry/hull.h"
+#include "geometry/hull_box.h"
 
 namespace zaview {
 
@@ -18,12 +17,8 @@ namespace zaview {
 }
 [[nodiscard]] int ComponentType(const Hull& input, int component);  // KCTYPE; 0 of a mesh
 
-struct HullBox {  // 0 about nothing
-  Vector3 low{}, high{};
-  bool operator==(const HullBox&) const = default;
-};
-// About the points of the component, of all with 0; mirrored: about their mirror images in y = 0 as well.
-[[nodiscard]] HullBox BoxOf(const Hull& input, int component, bool mirrored);
-[[nodiscard]] double LargestExtent(const HullBox& box);
+// About the points of the component, of all with 0; mirrored: about their mirror images in y = 0 as well. Of any hull;
+// nodes of no element don't count. 0 about nothing.
+[[nodiscard]] HullBox BoxOf(const Hull& hull, int component, bool mirrored);
 
 }  // namespace zaview

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/message.h"
 #include "base/text.h"
 #include "control/control_text.h"
 #include "geometry/read_hrl.h"
@@ -64,6 +65,11 @@ GeometryName SplitGeometryName(std::string_view name) {
 std::string GeometryPath(const Files& files, std::string_view name, std::string_view folder) {
   const GeometryName split = SplitGeometryName(name);
   return split.format == GeometryFormat::none ? std::string{} : PathOf(files, split.file, folder);
+}
+
+std::string WhyGeometryNotOpened(const Files& files, std::string_view name, std::string_view folder) {
+  const std::string path = GeometryPath(files, name, folder);
+  return WhyNotOpened(files, path.empty() ? SplitGeometryName(name).file : path);
 }
 
 GeometryStatus ReadGeometry(const Platform& platform, const GeometryRequest& request, Hull& hull) {

@@ -39,24 +39,11 @@ enum class GeometryStatus : std::uint8_t { ok, skipped, cannot_open, failed };  
 // The path at which that file is; blank: there is none, or no name.
 [[nodiscard]] std::string GeometryPath(const Files& files, std::string_view name, std::string_view folder);
 
+// Why that file, or the one of that name here, isn't opened, for the end of a message (message.h).
+[[nodiscard]] std::string WhyGeometryNotOpened(const Files& files, std::string_view name, std::string_view folder);
+
 // Fills a fresh hull: one file, not reflected, not transformed. An unstructured surface is cleaned and oriented
 // (surface_checks.h). On failure the hull is empty.
 [[nodiscard]] GeometryStatus ReadGeometry(const Platform& platform, const GeometryRequest& request, Hull& hull);
-
-// Appends the mirror image in y = 0 of each surface (" (ref)" behind its name) and of the mesh, node order of elements
-// reversed. False (told: ERR147, ERR375): too many. WRN247 warns of points more than 1e-6 L off on both sides.
-[[nodiscard]] bool ReflectGeometry(const Console& console, double L, Hull& hull);
-
-// Whether a hull may hold so much: MAXCMP surfaces, MAXFEG nodes and elements. False (told: ERR147, ERR375).
-[[nodiscard]] bool HullFits(const Console& console, std::size_t surfaces, std::size_t nodes, std::size_t elements);
-
-// All geometry of a case: FGEOM of record 04, then each $ADDGEOM: block, reflected (SYMINP) and transformed each by its
-// own shift, origin and rotation. Result in ship axes, non-dimensional. False: no hull (told why).
-[[nodiscard]] bool ReadCaseGeometry(const Platform& platform, const ControlRecords& records, std::string_view folder,
-                                    Hull& hull);
-
-// The files of that geometry count as read from now on: nothing of this run is written over them, whether the hull is
-// needed or not.
-void HoldCaseGeometry(const Files& files, const ControlRecords& records, std::string_view folder);
 
 }  // namespace zaview

@@ -66,6 +66,15 @@ bool ReadGrid(NastranText& text) {
   return true;
 }
 
+// The next line, comments passed over. False: it is a card of its own, or there is none.
+bool NextContinuation(NastranText& text) {
+  constexpr std::string_view kBegins = "*+ ";
+  do {
+    if (!NextLine(text.lines)) return false;
+  } while (text.lines.line.starts_with('$'));
+  return text.lines.line.empty() || kBegins.find(text.lines.line.front()) != std::string_view::npos;
+}
+
 bool ReadLongGrid(NastranText& text) {
   int identifier = 0;
   Vector3 p{};
@@ -73,7 +82,7 @@ bool ReadLongGrid(NastranText& text) {
       !Coordinate(FieldOf(text.lines.line, 4, kLongField), p[0]) ||
       !Coordinate(FieldOf(text.lines.line, 5, kLongField), p[1]))
     return false;
-  if (!NextLine(text.lines) || !Coordinate(FieldOf(text.lines.line, 2, kLongField), p[2])) return false;
+  if (!NextContinuation(text) || !Coordinate(FieldOf(text.lines.line, 2, kLongField), p[2])) return false;
   AddNode(text, identifier, p);
   return true;
 }

@@ -1,9 +1,10 @@
+#include "geometry/reflect_geometry.h"
+
 #include <algorithm>
 
 #include "base/message.h"
 #include "control/control_records.h"
 #include "geometry/element_shape.h"
-#include "geometry/read_geometry.h"
 
 namespace zaview {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "base/message.h"
 #include "geometry/element_shape.h"
+#include "geometry/hull_box.h"
 #include "geometry/same_points.h"
 
 namespace zaview {
@@ -205,15 +206,10 @@ Orientation OrientByConnectivity(const std::vector<HullElement>& elements) {
 }
 
 Vector3 CentreOfBox(const HullMesh& mesh, bool half) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  Vector3 low{kInfinity, kInfinity, kInfinity}, high{-kInfinity, -kInfinity, -kInfinity}, centre{};
+  HullBox box = EmptyBox();
   for (const HullElement& element : mesh.elements)
-    for (int i = 0; i < element.corners(); ++i)
-      for (std::size_t k = 0; k < 3; ++k) {
-        low[k] = std::min(low[k], Corner(mesh, element, i)[k]);
-        high[k] = std::max(high[k], Corner(mesh, element, i)[k]);
-      }
-  for (std::size_t k = 0; k < 3; ++k) centre[k] = (low[k] + high[k]) / 2;
+    for (int i = 0; i < element.corners(); ++i) Include(Corner(mesh, element, i), box);
+  Vector3 centre = CentreOf(box);
   if (half) centre[1] = 0;
   return centre;
 }

@@ -23,7 +23,7 @@
 #include "case/wave_at_cg.h"
 #include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
-#include "geometry/read_geometry.h"
+#include "geometry/case_geometry.h"
 
 namespace zaview {
 namespace {

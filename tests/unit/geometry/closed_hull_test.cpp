@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "geometry/deck_edge.h"
-#include "geometry/read_geometry.h"
+#include "geometry/reflect_geometry.h"
 #include "geometry/wetted_hull.h"
 #include "meshes.h"
 
@@ -42,6 +42,11 @@ Hull Barge(bool open_stern) {
       Patch({50, 0, 0}, {50, 10, 0}, {50, 0, 10}, 4, 4), Patch({50, 0, 0}, {50, 0, 10}, {-50, 0, 0}, 3, 3)};
   if (!open_stern) hull.surfaces.push_back(Patch({-50, 0, 0}, {-50, 10, 0}, {-50, 0, 10}, 4, 4));
   Complete(hull);
+  return hull;
+}
+
+Hull WithFarNode(Hull hull) {  // which no element uses: it must not tell which way surfaces face
+  hull.mesh.nodes.push_back({5000, 0, 5000});
   return hull;
 }
 
@@ -98,7 +103,8 @@ TEST(ClosedHull, AreasAddToNothing) {
   } cases[] = {{"open at the top", Barge(false), 20000, 2000},
                {"and astern", Barge(true), 20000, 2200},
                {"the other way round", Reversed(Barge(true)), 20000, 2200},
-               {"closed as it is", BoxMesh(), 20000, 0}};
+               {"closed as it is", BoxMesh(), 20000, 0},
+               {"beside a node of no element", WithFarNode(Barge(false)), 20000, 2000}};
   for (const auto& c : cases) {
     ClosedHull closed;
     ASSERT_TRUE(CloseHull(c.hull, 100, closed));
@@ -115,6 +121,7 @@ TEST(ClosedHull, AreasAddToNothing) {
     EXPECT_NEAR(std::hypot(area[0], area[1], area[2]), 0, 1e-9) << c.what;
     EXPECT_NEAR(volume, c.volume, 1e-8) << c.what;
     EXPECT_NEAR(strips, c.strip_area, 1e-9) << c.what;
+    for (const Vector3& p : closed.vertices) EXPECT_LT(std::abs(p[0]), 51) << c.what;
   }
 }
 

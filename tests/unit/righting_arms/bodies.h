@@ -13,7 +13,7 @@
 
 #include "analysis/righting_arms/righting_arm_curve.h"
 #include "fake_platform.h"
-#include "geometry/read_geometry.h"
+#include "geometry/case_geometry.h"
 
 namespace zaview {
 
