@@ -7,13 +7,7 @@
 #include <numeric>
 
 #include "base/side_by_side.h"
-
-// Vector code is chosen when the program starts; sanitizers and other compilers take the plain form.
-#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && !defined(ZAVIEW_NO_TARGET_CLONES)
-#define ZAVIEW_VECTOR_CLONES __attribute__((target_clones("avx2", "default")))
-#else
-#define ZAVIEW_VECTOR_CLONES
-#endif
+#include "base/vector_clones.h"
 
 namespace zaview {
 

@@ -3,31 +3,23 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/vector_clones.h"
 #include "waves/phase_reduction.h"
 #include "waves/wave_sums.h"
 
 namespace zaview {
 namespace {
 
-constexpr std::size_t kPart = 32;  // components taken at once; their tables stay near the processor
-constexpr std::size_t kTile = 64;  // points of a row and of a column taken at once
-constexpr std::size_t kLane = 16;  // points of a row side by side
+constexpr std::size_t kPart = 32;             // components taken at once; their tables stay near the processor
+constexpr std::size_t kTile = kPhasesAtOnce;  // points of a row and of a column taken at once
+constexpr std::size_t kLane = 16;             // points of a row side by side
 
 struct Tables {  // [component][point]
   float c[kPart][kTile], s[kPart][kTile];
 };
 
-ZAVIEW_WAVE_CLONES
-void SinesAndCosines(const double* psi, float* c, float* s) {
-  float quarter[kTile];
-  for (std::size_t i = 0; i < kTile; ++i) quarter[i] = CosQuarter(psi[i]);
-  for (std::size_t i = 0; i < kTile; ++i) c[i] = QuarterSine(quarter[i]);
-  for (std::size_t i = 0; i < kTile; ++i) quarter[i] = SinQuarter(psi[i]);
-  for (std::size_t i = 0; i < kTile; ++i) s[i] = QuarterSine(quarter[i]);
-}
-
 // Adds to one row of a tile; each part of the components is summed by itself.
-ZAVIEW_WAVE_CLONES
+ZAVIEW_VECTOR_CLONES
 void AddRow(const Tables& along_x, const Tables& along_y, std::size_t n, std::size_t j, std::span<float> row) {
   for (std::size_t from = 0; from < row.size(); from += kLane) {
     float sum[kLane] = {};

@@ -14,6 +14,7 @@ constexpr double kLeastSpread = 1e-5;  // degrees
 constexpr double kGrowth = 1.1;
 constexpr int kFourthPower = 2;  // SPEC_SPREADOPT
 constexpr int kMostHeadings = 1'000'001;
+constexpr int kMostFanned = 10'001;  // the innermost of more would be too narrow for a number
 
 double WeightOf(double c, double theta, int SPEC_SPREADOPT) {
   const double cosine = std::cos(c * theta);
@@ -32,7 +33,8 @@ void FanWidths(std::size_t half, std::vector<double>& width) {
 }  // namespace
 
 bool LayHeadings(int NHEAD, double SPREAD, int SPEC_SPREADOPT, Headings& headings) {
-  int n = std::clamp(NHEAD, 1, kMostHeadings);
+  const bool equal = SPREAD > kLeastSpread;
+  int n = std::clamp(NHEAD, 1, equal ? kMostHeadings : kMostFanned);
   if (n % 2 == 0) ++n;
   const auto count = static_cast<std::size_t>(n);
   const std::size_t half = count / 2;
@@ -42,7 +44,6 @@ bool LayHeadings(int NHEAD, double SPREAD, int SPEC_SPREADOPT, Headings& heading
     headings.share[0] = 1;
     return true;
   }
-  const bool equal = SPREAD > kLeastSpread;
   const double c = equal ? 180.0 / (n * SPREAD) : 1.0;
   std::vector<double> width;
   if (!Grow(width, count)) return false;

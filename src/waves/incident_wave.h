@@ -4,6 +4,7 @@
 // side give the same bits as one by one. Pure.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -21,6 +22,11 @@ namespace zaview {
 
 // Says how many components were left out although they have an amplitude.
 void SayLeftOut(const Console& console, const IncidentWave& wave);
+
+// The phase of component i, from 0, not reduced.
+[[nodiscard]] inline double PhaseOf(const IncidentWave& wave, std::size_t i, double x, double y, double time) {
+  return ((wave.kx[i] * x + wave.ky[i] * y) - wave.w[i] * time) + wave.p[i];
+}
 
 struct WaveMoment {
   double time = 0;   // simulation time

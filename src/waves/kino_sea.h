@@ -1,10 +1,5 @@
 // KINO seaway files: a count of comment lines, the comments, a kind number and its data (free format, dimensional,
 // phases and headings in degrees), then closing lines for whoever reads the file.
-//    0  calm: none                  1  one linear wave: frequency, phase, amplitude, heading
-//    2  Stokes wave: order, then as 1 with the nominal frequency
-//    3  linear waves: n, then n rows as 1
-//    4  grid: n1 n2, then n1 n2 rows KX KY amplitude phase frequency heading
-//   -1  second-order waves of one heading: n, heading, then n rows amplitude phase frequency
 #pragma once
 
 #include <cstdint>
@@ -17,6 +12,20 @@
 #include "waves/seaway.h"
 
 namespace zaview {
+
+// The kind number, and the data behind it.
+enum class KinoSeaKind : int {
+  calm = 0,           // none
+  regular = 1,        // one linear wave: frequency, phase, amplitude, heading
+  stokes = 2,         // order, then as 1 with the nominal frequency
+  superposition = 3,  // n, then n rows as 1
+  grid = 4,           // n1 n2, then n1 n2 rows KX KY amplitude phase frequency heading
+  second_order = -1,  // of one heading: n, heading, then n rows amplitude phase frequency
+};
+
+// Closing lines that begin with these words make the seaway, too: depth; time and factor in pairs.
+inline constexpr std::string_view kKinoDepthOption = "-depth";
+inline constexpr std::string_view kKinoScaleOption = "-wave_scale";
 
 struct KinoSeaUnits {      // of the file
   double g = 9.81, L = 1;  // gravity and reference length

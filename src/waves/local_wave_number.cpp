@@ -10,21 +10,7 @@ namespace zaview {
 namespace {
 
 constexpr double kLeastEnvelope = 1e-20;
-constexpr std::size_t kPart = 128;  // components taken at once
-
-struct Part {
-  std::array<double, kPart> psi{};
-  std::array<float, kPart> c{}, s{};
-};
-
-ZAVIEW_WAVE_CLONES
-void SinesAndCosines(Part& part) {
-  float quarter[kPart];
-  for (std::size_t i = 0; i < kPart; ++i) quarter[i] = CosQuarter(part.psi[i]);
-  for (std::size_t i = 0; i < kPart; ++i) part.c[i] = QuarterSine(quarter[i]);
-  for (std::size_t i = 0; i < kPart; ++i) quarter[i] = SinQuarter(part.psi[i]);
-  for (std::size_t i = 0; i < kPart; ++i) part.s[i] = QuarterSine(quarter[i]);
-}
+constexpr std::size_t kPart = 2 * kPhasesAtOnce;  // components taken at once
 
 }  // namespace
 
@@ -45,17 +31,15 @@ WaveNumbers WaveNumbersOf(const IncidentWave& wave) {
 
 double LocalWaveNumber(const IncidentWave& wave, const WaveNumbers& numbers, WaveMoment moment, double x, double y) {
   double ac = 0, as = 0, akc = 0, aks = 0;
-  Part part;
+  std::array<double, kPart> psi{};
+  std::array<float, kPart> cosine, sine;
   for (std::size_t from = 0; from < wave.size(); from += kPart) {
     const std::size_t n = std::min(wave.size() - from, kPart);
-    for (std::size_t i = 0; i < n; ++i) {
-      const std::size_t m = from + i;
-      part.psi[i] = ((wave.kx[m] * x + wave.ky[m] * y) - wave.w[m] * moment.time) + wave.p[m];
-    }
-    SinesAndCosines(part);
+    for (std::size_t i = 0; i < n; ++i) psi[i] = PhaseOf(wave, from + i, x, y, moment.time);
+    SinesAndCosines(psi, cosine.data(), sine.data());
     for (std::size_t i = 0; i < n; ++i) {
       const double a = static_cast<double>(wave.a[from + i]) * moment.scale;
-      const double c = a * static_cast<double>(part.c[i]), s = a * static_cast<double>(part.s[i]);
+      const double c = a * static_cast<double>(cosine[i]), s = a * static_cast<double>(sine[i]);
       ac += c;
       as += s;
       akc += wave.k[from + i] * c;

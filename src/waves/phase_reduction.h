@@ -4,15 +4,9 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 #include <numbers>
-
-// Vector code is chosen when the program starts; sanitizers and other compilers take the plain form. No clone may fuse
-// a multiplication with an addition: all give the same bits.
-#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && !defined(ZAVIEW_NO_TARGET_CLONES)
-#define ZAVIEW_WAVE_CLONES __attribute__((target_clones("avx2", "default")))
-#else
-#define ZAVIEW_WAVE_CLONES
-#endif
+#include <span>
 
 namespace zaview {
 
@@ -45,5 +39,9 @@ inline float SinQuarter(double psi) {
   const float magnitude = g < kLeast ? kLeast : g;
   return r < 0.0 ? -magnitude : magnitude;
 }
+
+// Cosine and sine of each phase; as many as a multiple of kPhasesAtOnce.
+inline constexpr std::size_t kPhasesAtOnce = 64;
+void SinesAndCosines(std::span<const double> psi, float* c, float* s);
 
 }  // namespace zaview

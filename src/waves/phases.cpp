@@ -1,6 +1,7 @@
 #include "waves/phases.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "base/clean_text.h"
@@ -54,6 +55,7 @@ Take TakeItem(std::string_view token, std::vector<float>& phases) {
   RepeatedItem item;
   float value = 0;
   if (!SplitRepeat(token, item) || (!item.null && !ParseFloat(item.value, value))) return Take::unreadable;
+  if (!std::isfinite(value)) return Take::unreadable;  // one such wave would take the whole sea away
   if (phases.size() + item.repeat > kPhaseFileLimit) return Take::too_many;
   phases.insert(phases.end(), static_cast<std::size_t>(item.repeat), value);
   return Take::more;

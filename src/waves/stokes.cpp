@@ -8,7 +8,7 @@ namespace zaview {
 namespace {
 
 double Phase(const IncidentWave& wave, std::size_t i, const WavePlace& place) {
-  return ((wave.kx[i] * place.x + wave.ky[i] * place.y) - wave.w[i] * place.t) + wave.p[i];
+  return PhaseOf(wave, i, place.x, place.y, place.t);
 }
 
 double Amplitude(const IncidentWave& wave, std::size_t i, const WavePlace& place) {

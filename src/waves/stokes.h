@@ -7,10 +7,9 @@
 namespace zaview {
 
 // G. G. Stokes, On the theory of oscillatory waves, Transactions of the Cambridge Philosophical Society 8 (1847). The
-// expansion in e = k a; powers above the order are
-// dropped. Elevation k eta = sum of A_n cos(n psi), n = 1..5: e, e^2/2 + 17/24 e^4, 3/8 e^3 + 1.1953125 e^5, e^4/3,
-// 0.32552084 e^5. Potential k phi = (w/k) times the sum of D_n E^n sin(n psi), E = exp(k z'): e - 0.675 e^3 - 0.7708333
-// e^5, e^4/2, e^5/12.
+// expansion in e = k a; powers above the order are dropped. Elevation k eta = sum of A_n cos(n psi), n = 1..5: e,
+// e^2/2 + 17/24 e^4, 3/8 e^3 + 1.1953125 e^5, e^4/3, 0.32552084 e^5. Potential k phi = (w/k) times the sum of D_n E^n
+// sin(n psi), E = exp(k z'): e - 0.675 e^3 - 0.7708333 e^5, e^4/2, e^5/12.
 inline constexpr double kStokesThirdOrder = 0.675;
 struct StokesCoefficients {
   double A[5] = {}, D[3] = {};

@@ -22,7 +22,7 @@ struct DirectionSums {  // a times powers of K and w, with cos and sin
 DirectionSums SumAlong(const IncidentWave& wave, WaveMoment moment, const Vector3& point, const double direction[2]) {
   DirectionSums sum;
   for (std::size_t i = 0; i < wave.size(); ++i) {
-    const double psi = ((wave.kx[i] * point[0] + wave.ky[i] * point[1]) - wave.w[i] * moment.time) + wave.p[i];
+    const double psi = PhaseOf(wave, i, point[0], point[1], moment.time);
     const double a = static_cast<double>(wave.a[i]) * moment.scale;
     const double K = wave.kx[i] * direction[0] + wave.ky[i] * direction[1];
     const double ac = a * std::cos(psi);

@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/vector_clones.h"
 #include "waves/phase_reduction.h"
 #include "waves/stokes.h"
 
 namespace zaview {
 namespace {
 
-constexpr std::size_t kLanes = 4;   // component i is added to lane i mod 4
-constexpr std::size_t kPart = 128;  // components taken at once at one point; a multiple of the lanes
+constexpr std::size_t kLanes = 4;                 // component i is added to lane i mod 4
+constexpr std::size_t kPart = 2 * kPhasesAtOnce;  // components taken at once at one point; a multiple of the lanes
 
 struct Lists {
   const double *kx, *ky, *w, *p;
@@ -23,8 +24,8 @@ Lists ListsOf(const IncidentWave& wave, std::size_t from = 0) {
           wave.p.data() + from,  wave.a.data() + from,  wave.size() - from};
 }
 
-// The clamped quarter is stored on the way: one loop over both would branch at the clamp and lose its vectors.
-ZAVIEW_WAVE_CLONES
+// Quarters are stored on the way, as in phase_reduction.cpp.
+ZAVIEW_VECTOR_CLONES
 void LaneSums(const Lists& list, const PointBlock& block, float* eta) {
   float lanes[kLanes][kSideBySide] = {};
   for (std::size_t i = 0; i < list.n; ++i) {
@@ -46,22 +47,13 @@ struct Part {  // components at one point, filled with components of amplitude 0
   std::array<float, kPart> C, S;             // depth factors
 };
 
-ZAVIEW_WAVE_CLONES
-void SinesAndCosines(const double* psi, float* c, float* s) {
-  float quarter[kPart];
-  for (std::size_t i = 0; i < kPart; ++i) quarter[i] = CosQuarter(psi[i]);
-  for (std::size_t i = 0; i < kPart; ++i) c[i] = QuarterSine(quarter[i]);
-  for (std::size_t i = 0; i < kPart; ++i) quarter[i] = SinQuarter(psi[i]);
-  for (std::size_t i = 0; i < kPart; ++i) s[i] = QuarterSine(quarter[i]);
-}
-
 void FillPart(const IncidentWave& wave, std::size_t from, const WavePlace& place, Part& part) {
   const Lists list = ListsOf(wave, from);
   const std::size_t n = std::min(list.n, kPart);
   std::array<double, kPart> psi{};
   part.n = (n + kLanes - 1) / kLanes * kLanes;
   for (std::size_t i = 0; i < n; ++i) {
-    psi[i] = ((list.kx[i] * place.x + list.ky[i] * place.y) - list.w[i] * place.t) + list.p[i];
+    psi[i] = PhaseOf(wave, from + i, place.x, place.y, place.t);
     part.a[i] = list.a[i] * place.scale;
     part.kx[i] = static_cast<float>(list.kx[i]);
     part.ky[i] = static_cast<float>(list.ky[i]);
@@ -73,7 +65,7 @@ void FillPart(const IncidentWave& wave, std::size_t from, const WavePlace& place
     part.w[i] = 1.0F;
     part.C[i] = part.S[i] = 0.0F;
   }
-  SinesAndCosines(psi.data(), part.c.data(), part.s.data());
+  SinesAndCosines(psi, part.c.data(), part.s.data());
 }
 
 // Written with falling exponentials alone, cosh k(z'+h)/cosh kh doesn't overflow in any depth.

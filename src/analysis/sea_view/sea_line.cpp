@@ -9,7 +9,7 @@
 #include <numbers>
 
 #include "base/grow.h"
-#include "waves/phase_reduction.h"
+#include "base/vector_clones.h"
 #include "waves/wave_sums.h"
 
 namespace zaview {
@@ -55,7 +55,7 @@ inline void AddAndTurn(double* eta, const Four& turn_c, const Four& turn_s, Four
 }
 
 // In four groups with names of their own: as an array they would not stay in registers.
-ZAVIEW_WAVE_CLONES
+ZAVIEW_VECTOR_CLONES
 void AddComponent(const ComponentRow& row, std::size_t rows, double* eta) {
   const Four turn_c = {row.next.c, row.next.c, row.next.c, row.next.c};
   const Four turn_s = {row.next.s, row.next.s, row.next.s, row.next.s};
@@ -118,7 +118,7 @@ constexpr std::size_t kPart = 64;  // components at one place, taken at once
 // Of phases up to 1e6, to 1e-15 and the rounding of the phase itself: the nearest quarter turn is taken off, the rest
 // is a Taylor series. Adding 1.5 * 2^52 leaves no place for a fraction, and the count of quarter turns in the last
 // bits.
-ZAVIEW_WAVE_CLONES
+ZAVIEW_VECTOR_CLONES
 void SinesAndCosines(const double* psi, double* sine, double* cosine) {
   constexpr double kNoFraction = 6755399441055744.0;
   constexpr double kQuarter = 0x1.921fb544p0;  // a quarter turn, in two parts
