@@ -133,19 +133,19 @@ StatFault CalcEnsembleStats(int iopt, EnsembleRecords X, float prob, int nmany, 
   const Weights weights = WeightsOf(X);
   if (weights.npmax == 0) return faults;
   float probCoef = 0.0F;
-  if (iopt != 3) (void)getGaussPDFka(prob, probCoef);
+  if (iopt != kNoHalfWidths) (void)getGaussPDFka(prob, probCoef);
 
   out.xme = weights.xme;
   out.xm = weights.xm;
   Extremes(X, out);
   Centres centres = CentresOf(X, weights.xme);
-  if (iopt != 2) Variances(weights, centres, out);
-  if (iopt == 3) return faults;
+  if (iopt != kMeanHalfWidth) Variances(weights, centres, out);
+  if (iopt == kNoHalfWidths) return faults;
 
   const bool large = SchemeOf(nmany, static_cast<int>(X.size())) == EnsembleScheme::large;
   out.VarMe = large ? Spread(weights.w, out.xm, out.xme) : DependentVariance(centres.views, weights);
   out.xmeci = std::sqrt(out.VarMe) * probCoef;
-  if (iopt == 2) return faults;
+  if (iopt == kMeanHalfWidth) return faults;
 
   if (large) {
     out.VarVe = Spread(weights.w, out.xv, out.xve);
@@ -169,7 +169,7 @@ StatFault CalcEnsemblePeakStats(std::span<const int> N, int iopt, EnsembleRecord
   const Weights weights = WeightsOf(X);
   if (weights.npmax == 0) return faults;
   float probCoef = 0.0F;
-  if (iopt == 0) (void)getGaussPDFka(prob, probCoef);
+  if (iopt == kPeakHalfWidths) (void)getGaussPDFka(prob, probCoef);
   Peaks peaks;
   GetPeaks(X, weights.xme, peaks);
   Dependence dependence;

@@ -27,10 +27,10 @@ struct EnsembleStats {
   std::vector<float> xm, xv;  // of each record
 };
 
-// iopt 1: all; 2: mean and its half width; 3: no half widths. Faults as CalcRecordStats; no samples at all: zeros.
+// iopt, faults as CalcRecordStats; no samples at all: zeros.
 [[nodiscard]] StatFault CalcEnsembleStats(int iopt, EnsembleRecords X, float prob, int nmany, EnsembleStats& out);
 
-// Peak averages over all records with one threshold xme; iopt 0 with half widths, 1 without. out[j] belongs to N[j].
+// Peak averages over all records with one threshold xme; iopt as CalcRecordPeakStats. out[j] belongs to N[j].
 [[nodiscard]] StatFault CalcEnsemblePeakStats(std::span<const int> N, int iopt, EnsembleRecords X, float prob,
                                               std::span<RecordPeakStats> out);
 

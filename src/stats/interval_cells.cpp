@@ -30,8 +30,8 @@ IntervalCells PeakCells(int side, const RecordPeakStats& p) {
 }
 
 IntervalCells FormulaCells(int number, const IntervalValues& v) {
-  if (number >= kStatNth && number < kStatNth + kStatSides) return PeakCells(number - kStatNth, v.nth);
-  if (number >= kStatThird && number < kStatThird + kStatSides) return PeakCells(number - kStatThird, v.third);
+  if (IsSideOf(kStatNth, number)) return PeakCells(number - kStatNth, v.nth);
+  if (IsSideOf(kStatThird, number)) return PeakCells(number - kStatThird, v.third);
   if (number == kStatMean) return Symmetric(v.record.xm, v.record.xmci);
   if (number == kStatVariance) return NotNegative(v.record.xv, v.record.xvci);
   IntervalCells cells = Symmetric(v.record.xs, v.record.xsci);
@@ -42,8 +42,8 @@ IntervalCells FormulaCells(int number, const IntervalValues& v) {
 
 const BootstrapInterval& BlockInterval(int number, const BootstrapIntervals& blocks) {
   const auto side = [number](int first) { return static_cast<std::size_t>(number - first); };
-  if (number >= kStatNth && number < kStatNth + kStatSides) return blocks.nth[side(kStatNth)];
-  if (number >= kStatThird && number < kStatThird + kStatSides) return blocks.third[side(kStatThird)];
+  if (IsSideOf(kStatNth, number)) return blocks.nth[side(kStatNth)];
+  if (IsSideOf(kStatThird, number)) return blocks.third[side(kStatThird)];
   return number == kStatMean ? blocks.mean : blocks.variance;
 }
 
@@ -76,7 +76,7 @@ bool IsTold(const IntervalCells& cells) {
 }
 
 bool IntervalNeedsPeaks(int number) {
-  return number == kStatTable || (number >= kStatThird && number < kStatNth + kStatSides);
+  return number == kStatTable || IsSideOf(kStatThird, number) || IsSideOf(kStatNth, number);
 }
 
 }  // namespace zaview

@@ -114,7 +114,7 @@ void CalcPeakAvgN(int N, int iopt, const PeakList& peaks, float fact, int ndti, 
   float sum = 0.0F;
   for (const std::size_t i : kept.index) sum += peaks.value[i];
   out.xpkN = sum / static_cast<float>(out.npN);
-  if (iopt != 0) return;
+  if (iopt != kPeakHalfWidths) return;
 
   kept.deviation.reserve(kept.index.size());
   for (const std::size_t i : kept.index) kept.deviation.push_back(peaks.value[i] - out.xpkN);
@@ -130,13 +130,13 @@ void CalcPeakAvgN(int N, int iopt, const PeakList& peaks, float fact, int ndti, 
 StatFault PeakFaults(std::span<const int> N, int iopt, float prob) {
   StatFault faults = StatFault::none;
   if (std::any_of(N.begin(), N.end(), [](int n) { return n < 1; })) faults = faults | StatFault::peak_frequency;
-  if (iopt != 0 && iopt != 1) faults = faults | StatFault::option;
+  if (iopt != kPeakHalfWidths && iopt != kPeakAveragesOnly) faults = faults | StatFault::option;
   if (!(prob > 0.0F && prob < 1.0F)) faults = faults | StatFault::probability;
   return faults;
 }
 
 bool NeedsDependence(std::span<const int> N, int iopt, const Peaks& peaks) {
-  return iopt == 0 && std::any_of(N.begin(), N.end(), [&](int n) { return Enough(n, peaks.all); });
+  return iopt == kPeakHalfWidths && std::any_of(N.begin(), N.end(), [&](int n) { return Enough(n, peaks.all); });
 }
 
 void AveragePeaks(std::span<const int> N, int iopt, const Peaks& peaks, int ndti, float probCoef,
@@ -170,7 +170,7 @@ StatFault CalcRecordPeakStats(std::span<const int> N, int iopt, std::span<const 
   const StatFault faults = PeakFaults(N, iopt, prob);
   if (faults != StatFault::none || x.empty()) return faults;
   float probCoef = 0.0F;
-  if (iopt == 0) (void)getGaussPDFka(prob, probCoef);
+  if (iopt == kPeakHalfWidths) (void)getGaussPDFka(prob, probCoef);
   const float xm = MeanOf(x);
   Peaks peaks;
   GetPeaks(std::span(&x, 1), xm, peaks);

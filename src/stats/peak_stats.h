@@ -8,6 +8,9 @@
 
 namespace zaview {
 
+// iopt of the routines below: averages with their half widths; averages alone.
+inline constexpr int kPeakHalfWidths = 0, kPeakAveragesOnly = 1;
+
 struct PeakAverage {
   float xpkN = 0, xpkNci = 0;
   int npN = 0, Nclpks = 0, Mclmax = 0;  // kept peaks, clusters, largest cluster
@@ -15,7 +18,7 @@ struct PeakAverage {
 
 // The average of the int(np/N + 0.5) highest of np peaks, values as they stand, and its half width: peaks at most ndti
 // steps behind the one before, in one record, form a cluster, and only inside a cluster do peaks depend on each other.
-// iopt 0: with interval; 1: average only. fact -1 ranks the most negative first.
+// fact -1 ranks the most negative first.
 void CalcPeakAvgN(int N, int iopt, const PeakList& peaks, float fact, int ndti, float probCoef, PeakAverage& out);
 
 struct RecordPeakStats {  // of all peaks, bottoms (b), tops (t), each with its half width (ci); counts; length in steps

@@ -54,7 +54,7 @@ float VarianceOfVariance(std::span<const float> c, float xv, int m) {
 
 StatFault StatFaults(int iopt, float prob) {
   StatFault faults = StatFault::none;
-  if (iopt < 1 || iopt > 3) faults = faults | StatFault::option;
+  if (iopt < kAllHalfWidths || iopt > kNoHalfWidths) faults = faults | StatFault::option;
   if (iopt == 0 || iopt == 4) faults = faults | StatFault::option_peaks;
   if (!(prob > 0.0F && prob < 1.0F)) faults = faults | StatFault::probability;
   return faults;
@@ -113,20 +113,20 @@ StatFault CalcRecordStats(int iopt, std::span<const float> x, float prob, Record
   if (faults != StatFault::none || x.empty()) return faults;
   const int np = static_cast<int>(x.size());
   float probCoef = 0.0F;
-  if (iopt != 3) (void)getGaussPDFka(prob, probCoef);
+  if (iopt != kNoHalfWidths) (void)getGaussPDFka(prob, probCoef);
 
   out = MeanAndExtremes(x);
-  if (iopt != 2) {
+  if (iopt != kMeanHalfWidth) {
     out.xv = VarianceAbout(out.xm, x);
     if (out.xv > 0.0F) out.xs = std::sqrt(out.xv);
   }
-  if (iopt == 3) return faults;
+  if (iopt == kNoHalfWidths) return faults;
 
   const std::vector<float> c = Centred(x, out.xm);
   const int m = static_cast<int>(std::sqrt(static_cast<float>(np)));
   out.xmci = std::sqrt(VarianceOfMean(c, m, trace)) * probCoef;
   float VarS = 0.0F;
-  if (iopt == 1) {
+  if (iopt == kAllHalfWidths) {
     const float VarV = VarianceOfVariance(c, out.xv, m);
     out.xvci = std::sqrt(VarV) * probCoef;
     VarS = out.xv > 0.0F ? (0.25F * VarV) / out.xv : 0.0F;

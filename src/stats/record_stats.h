@@ -39,7 +39,8 @@ struct RecordStatsTrace {  // what a trace prints; filled only on demand
   std::vector<float> Rx;  // all M + 1 lags
 };
 
-// iopt 1: all; 2: mean, extremes, half width of the mean; 3: no half widths.
+// iopt: all; mean, extremes and the half width of the mean; no half widths.
+inline constexpr int kAllHalfWidths = 1, kMeanHalfWidth = 2, kNoHalfWidths = 3;
 [[nodiscard]] StatFault CalcRecordStats(int iopt, std::span<const float> x, float prob, RecordStats& out,
                                         RecordStatsTrace* trace = nullptr);
 

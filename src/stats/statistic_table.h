@@ -16,6 +16,9 @@ inline constexpr int kStatUnknown = -1, kStatTable = 0, kStatMean = 1, kStatStde
                      kStatNdtf = 15, kStatPhase = 16, kStatPhaseLead = 17, kStatBetweenUpcrossings = 18,
                      kStatBetweenPeaks = 19, kStatHundredth = 20, kStatSsa = 24, kStatTransfer = 25;
 inline constexpr int kStatSides = 4;
+[[nodiscard]] constexpr bool IsSideOf(int first, int number) {  // first: kStatThird, kStatNth or kStatHundredth
+  return first <= number && number < first + kStatSides;
+}
 
 struct StatisticName {
   int number = kStatUnknown;

@@ -130,6 +130,20 @@ std::vector<std::span<const float>> TimesOf(const EnsembleData& data) {
   return ViewsOf(data.t);
 }
 
+std::int64_t SampleCount(const EnsembleData& data) {
+  std::int64_t count = 0;
+  for (const std::vector<float>& x : data.X) count += static_cast<std::int64_t>(x.size());
+  return count;
+}
+
+float MeanOfAll(const EnsembleData& data) {
+  float sum = 0;
+  for (const std::vector<float>& record : data.X)
+    for (const float x : record) sum += x;
+  const std::int64_t count = SampleCount(data);
+  return count == 0 ? 0.0F : sum / static_cast<float>(count);
+}
+
 DataFault UpdateDependence(const StatWork& work, const QuantityRequest& request) {
   const Console& console = work.platform.console;
   const float cutoff = work.settings.statistics.autocorrelation_cutoff;

@@ -1,6 +1,7 @@
 // The records of an ensemble for one curve, loaded once for its key, and their dependence length.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -48,6 +49,9 @@ inline constexpr std::string_view kNoWorkingArrays = "ERR493 - Error allocating 
 // Views of the loaded samples, and of their times.
 [[nodiscard]] std::vector<std::span<const float>> SamplesOf(const EnsembleData& data);
 [[nodiscard]] std::vector<std::span<const float>> TimesOf(const EnsembleData& data);
+
+[[nodiscard]] std::int64_t SampleCount(const EnsembleData& data);  // of all records
+[[nodiscard]] float MeanOfAll(const EnsembleData& data);           // of all samples, one sum; 0 without any
 
 // Loads, and makes state.dependence current: "Computing autocorrelation...", "Done" when it has to be computed,
 // and a line where the cut-off isn't reached.

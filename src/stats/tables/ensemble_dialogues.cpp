@@ -42,17 +42,15 @@ struct DataRange {
 
 DataRange RangeOf(const EnsembleData& data) {
   DataRange range;
-  float sum = 0;
-  std::size_t count = 0;
+  bool first = true;
   for (const std::vector<float>& record : data.X)
     for (const float x : record) {
-      if (count == 0) range.min = range.max = x;
+      if (first) range.min = range.max = x;
+      first = false;
       range.min = std::fmin(range.min, x);
       range.max = std::fmax(range.max, x);
-      sum += x;
-      ++count;
     }
-  range.mean = count == 0 ? 0.0F : sum / static_cast<float>(count);
+  range.mean = MeanOfAll(data);
   return range;
 }
 

@@ -21,10 +21,8 @@ namespace {
 inline constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in statistics output";
 inline constexpr std::string_view kNotRelevant = "ERR494 - NDTF/RAO and PHASE not relevant for ensemble statistics";
 inline constexpr std::string_view kNotHere = "ERR496 - statistic option not implemented for ensemble statistics";
-inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
 inline constexpr std::string_view kBadCurve = "ERROR - Invalid curve index for specified quantity";
 
-constexpr int kNoIntervals = 3, kPeakAveragesOnly = 1;  // options of the statistics of a record
 constexpr int kThird = 3;
 constexpr int kTableRows[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, kStatSsa};
 
@@ -33,7 +31,7 @@ bool Available(const Console& console, const StatisticName& statistic) {
   const int number = statistic.number;
   if (number >= kStatNdtf && number <= kStatPhaseLead) SayLine(console, kNotRelevant);
   else if (number > kStatAbsolute && number != kStatSsa) SayLine(console, kNotHere);
-  else if (statistic.interval && !HasInterval(number)) Say(console, kNoInterval, number);
+  else if (statistic.interval && !HasInterval(number)) Say(console, kHasNoInterval, number);
   else return true;
   return false;
 }
@@ -51,7 +49,7 @@ void FindRecords(EnsembleRecords X, float prob, std::vector<RecordRow>& rows) {
   for (const std::span<const float> x : X) {
     RecordStats stats;
     RecordPeakStats peaks;
-    (void)CalcRecordStats(kNoIntervals, x, prob, stats);
+    (void)CalcRecordStats(kNoHalfWidths, x, prob, stats);
     (void)CalcRecordPeakStats(kThird, kPeakAveragesOnly, x, prob, peaks);
     rows.push_back({stats.xm, stats.xs, peaks.xpkN});
   }

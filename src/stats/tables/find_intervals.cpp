@@ -23,8 +23,6 @@ constexpr std::string_view kTooShort =
 constexpr int kBatch = 64;  // resamples from one look at the clock to the next
 
 constexpr int kThird = 3;
-// Options of the statistics.
-constexpr int kAllHalfWidths = 1, kMeanHalfWidth = 2, kNoHalfWidths = 3, kPeakHalfWidths = 0, kPeakAveragesOnly = 1;
 
 // False: it was broken off.
 bool FindBlockIntervals(const Platform& platform, const StatisticSettings& settings, const StatisticName& statistic,
@@ -65,9 +63,8 @@ bool NeedsMoments(int number) {
 
 bool IsMissing(const StatisticName& statistic, const BootstrapIntervals& blocks) {
   const int number = statistic.number;
-  const bool third = number >= kStatThird && number < kStatNth, nth = number >= kStatNth && number < kStatMinimum;
-  if (third) return !blocks.third[0].told;
-  if (nth || number == kStatTable) return !blocks.nth[0].told;
+  if (IsSideOf(kStatThird, number)) return !blocks.third[0].told;
+  if (IsSideOf(kStatNth, number) || number == kStatTable) return !blocks.nth[0].told;
   return !blocks.mean.told;
 }
 

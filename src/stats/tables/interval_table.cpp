@@ -19,7 +19,6 @@ namespace {
 
 inline constexpr std::string_view kTooManySkipped =
     "ERR495 - Too many steps skipped or trimmed in confidence interval calculation";
-inline constexpr std::string_view kNoInterval = "ERROR - statistic {} has no confidence interval";
 
 constexpr std::string_view kQuantityHead = "Quantity      ";
 
@@ -124,7 +123,7 @@ DataFault WriteIntervals(const StatWork& work, const StatRequest& request, Outpu
   const Console& console = work.console();
   const int number = request.statistic.number;
   if (!HasInterval(number)) {
-    Say(console, kNoInterval, number);
+    Say(console, kHasNoInterval, number);
     return DataFault::said;
   }
   return MakeOrSay(console, kNoWorkingArrays, [&] { return WriteTable(work, request, out); });

@@ -14,6 +14,7 @@ namespace zaview {
 
 // The statistics that have an interval: mean to 1/nth double amplitude, SSA, and 0, the table of all.
 [[nodiscard]] bool HasInterval(int number);
+inline constexpr std::string_view kHasNoInterval = "ERROR - statistic {} has no confidence interval";
 
 // request.statistic 0: the table (request.text not blank, or several curves: with the column "Quantity"); 1 to 11 and
 // 24: one line, text, half width, low, estimate, high.

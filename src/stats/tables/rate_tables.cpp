@@ -80,20 +80,6 @@ float PerTime(float amount, float total_time) {
   return total_time > 0.0F ? amount / total_time : 0.0F;
 }
 
-std::int64_t SampleCount(const EnsembleData& data) {
-  std::int64_t count = 0;
-  for (const std::vector<float>& x : data.X) count += static_cast<std::int64_t>(x.size());
-  return count;
-}
-
-float MeanOfAll(const EnsembleData& data) {
-  float sum = 0;
-  for (const std::vector<float>& record : data.X)
-    for (const float x : record) sum += x;
-  const std::int64_t count = SampleCount(data);
-  return count == 0 ? 0.0F : sum / static_cast<float>(count);
-}
-
 // File step of a sample; both numbers from 1.
 int StepOf(const EnsembleData& data, int record, int position) {
   return data.first_step[static_cast<std::size_t>(record - 1)] + (position - 1) * data.stride;
@@ -105,13 +91,14 @@ float DependenceTime(const StatisticsState& state, int ndep) {
   return state.ensemble.dt * static_cast<float>(ndep);
 }
 
-// Writes a list beside the report, in place of the one before. A list that can't be opened is left out.
+// Writes a list beside the report, in place of the one before. A list that can't be written is left out.
 void WriteList(const Platform& platform, std::string_view name, std::string_view done, const std::string& text) {
   OutputFile list;
   if (!OpenOutput(platform, name, OpenHow::replace, list))
     return Say(platform.console, "WARNING - {} is not written{}", name, Because(list.why));
   WriteOutput(list, text);
   if (CloseOutput(list)) Say(platform.console, "{} {}", done, name);
+  else Say(platform.console, "ERROR writing file {}", name);
 }
 
 // One value of a report: its label in the sentence form, in the tabular form, and what stands behind the value.

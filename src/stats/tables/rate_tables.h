@@ -36,7 +36,7 @@ struct ExceedanceRequest {
   ExceedanceResult result = ExceedanceResult::report;
 };
 // Report and tabular forms also write exceedance.list, block_exceedance.list, replaced each time; a list that can't be
-// opened is left out, with a warning.
+// opened is left out, with a warning, and one that can't be written leaves the old one, which is said.
 [[nodiscard]] DataFault WriteExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
 [[nodiscard]] DataFault WriteBlockExceedances(const StatWork& work, const ExceedanceRequest& request, OutputFile& out);
 

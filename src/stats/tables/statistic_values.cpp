@@ -8,6 +8,7 @@
 #include "base/side_by_side.h"
 #include "base/text.h"
 #include "control/input_scales.h"
+#include "geometry/input_hull.h"
 #include "stats/record_stats.h"
 #include "waves/regular_wave.h"
 
@@ -18,11 +19,6 @@ constexpr int kThird = 3, kHundredth = 100;
 
 constexpr bool Between(int low, int number, int high) {
   return low <= number && number <= high;
-}
-
-// Is it one of the four that begin with `first`?
-constexpr bool IsSideOf(int first, int number) {
-  return Between(first, number, first + kStatSides - 1);
 }
 
 bool NeedsPeaks(int number) {
@@ -94,20 +90,11 @@ bool Holds(const NormalRow& row, int iqnt, int component) {
   return (others ? iqnt >= kFirstOther && iqnt != 31 && iqnt != 32 : named) && Between(row.first, component, row.last);
 }
 
-// Largest less smallest x of the hull's points, non-dimensional; 1 without any.
+// Largest less smallest x of the hull, non-dimensional; 1 without any.
 float LengthAlongX(const Hull* hull) {
-  double low = std::numeric_limits<double>::max(), high = std::numeric_limits<double>::lowest();
-  const auto take = [&](const std::vector<Vector3>& points) {
-    for (const Vector3& point : points) {
-      low = std::min(low, point[0]);
-      high = std::max(high, point[0]);
-    }
-  };
-  if (hull != nullptr) {
-    for (const HullSurface& surface : hull->surfaces) take(surface.points);
-    take(hull->mesh.nodes);
-  }
-  return high > low ? static_cast<float>(high - low) : 1.0F;
+  if (hull == nullptr) return 1.0F;
+  const HullBox box = BoxOf(*hull, 0, false);
+  return box.high[0] > box.low[0] ? static_cast<float>(box.high[0] - box.low[0]) : 1.0F;
 }
 
 }  // namespace

@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kMeanColour = 2, kFirstColour = 3, kSecondColour = 4;
 constexpr std::string_view kMean = "Mean", kMeanText = "Mean (avg)  =";
-constexpr int kAverageOnly = 1, kNoHalfWidths = 3;  // options of the statistics
 
 struct PeakTexts {
   int N;
@@ -29,7 +28,7 @@ void AddText(StatOverlay& out, std::string_view label, float value) {
 
 void AddPeaks(const PeakTexts& texts, std::span<const float> x, float prob, StatOverlay& out) {
   RecordPeakStats peaks;
-  const StatFault fault = CalcRecordPeakStats(texts.N, kAverageOnly, x, prob, peaks);
+  const StatFault fault = CalcRecordPeakStats(texts.N, kPeakAveragesOnly, x, prob, peaks);
   // Of fewer peaks than N no average is made.
   if (fault != StatFault::none || peaks.Npks <= texts.N) {
     out.texts.emplace_back(kNoPeaks);

@@ -14,8 +14,6 @@
 namespace zaview {
 namespace {
 
-constexpr int kIntervals = 0;
-
 PeakList ListOf(const std::vector<float>& values, const std::vector<int>& steps) {
   return {std::vector<int>(values.size(), 1), steps, values};
 }
@@ -36,12 +34,12 @@ TEST(RecordPeakStats, PeaksMustOutnumberN) {
   std::vector<float> x(1000);
   for (std::size_t i = 0; i < x.size(); ++i) x[i] = std::sin(6.2831855F * (static_cast<float>(i) + 0.5F) / 100.0F);
   RecordPeakStats s;
-  ASSERT_EQ(CalcRecordPeakStats(1, kIntervals, x, 0.95F, s), StatFault::none);
+  ASSERT_EQ(CalcRecordPeakStats(1, kPeakHalfWidths, x, 0.95F, s), StatFault::none);
   EXPECT_TRUE(s.Npks == 18 || s.Npks == 19) << s.Npks;
   EXPECT_NEAR(s.xpkN, 1.0, 1e-3);
-  ASSERT_EQ(CalcRecordPeakStats(s.Npks, kIntervals, x, 0.95F, s), StatFault::none);
+  ASSERT_EQ(CalcRecordPeakStats(s.Npks, kPeakHalfWidths, x, 0.95F, s), StatFault::none);
   EXPECT_EQ(s.xpkN, 0.0F);
-  ASSERT_EQ(CalcRecordPeakStats(s.Npks - 1, kIntervals, x, 0.95F, s), StatFault::none);
+  ASSERT_EQ(CalcRecordPeakStats(s.Npks - 1, kPeakHalfWidths, x, 0.95F, s), StatFault::none);
   EXPECT_TRUE(s.xpkN > 0.9F && s.xpkNci == 0.0F && s.xpkNt == 0.0F);  // one peak; tops alone are too few
 }
 
@@ -63,7 +61,7 @@ TEST(PeakAverage, TiesAndClusters) {
   // clang-format on
   for (const auto& c : cases) {
     PeakAverage out;
-    CalcPeakAvgN(c.N, kIntervals, ListOf(c.values, c.steps), c.fact, c.ndti, 1.0F, out);
+    CalcPeakAvgN(c.N, kPeakHalfWidths, ListOf(c.values, c.steps), c.fact, c.ndti, 1.0F, out);
     ExpectClose(out.xpkN, c.average, c.name);
     ExpectClose(out.xpkNci, c.half_width, c.name);
     EXPECT_EQ((std::array{out.npN, out.Nclpks, out.Mclmax}), (std::array{c.kept, c.clusters, c.largest})) << c.name;
@@ -79,7 +77,7 @@ TEST(PeakAverage, LongClusters) {
     steps[i] = static_cast<int>(i < 300 ? i : i + 50);
   }
   PeakAverage out;
-  CalcPeakAvgN(1, kIntervals, ListOf(d, steps), 1.0F, 1, 1.0F, out);
+  CalcPeakAvgN(1, kPeakHalfWidths, ListOf(d, steps), 1.0F, 1, 1.0F, out);
   for (float& v : d) v -= out.xpkN;
   std::array<float, 17> R{};
   for (std::size_t k = 0; k < R.size(); ++k) {

@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <random>
 #include <sstream>
-#include <tuple>
 
-#include "stats/tables/autocorrelation_table.h"
 #include "stats/tables/interval_table.h"
 #include "stats/tables/statistic_values.h"
 #include "worked_case.h"
@@ -248,41 +245,13 @@ TEST(Normalisers, LengthBeamAndFollowingSeas) {
   ExpectClose(normals.of(Normal::ka_we2), 16.0 * 1.6 * 1.6, "ka we^2");
   settings.statistics.ndtf_beam = 0.0F;  // then the hull is as long as its x extent, here 1.5 of 2
   Hull hull;
-  hull.mesh.nodes = {{-0.75, 0.1, 0.0}, {0.25, 0.0, -0.2}};
+  hull.mesh.nodes = {{-0.75, 0.1, 0.0}, {0.25, 0.0, -0.2}, {9.0, 0.0, 0.0}};  // the last is no element's
+  hull.mesh.elements = {{{1, 2, 2, 0}}};
   hull.surfaces.emplace_back().points = {{0.0, 0.0, 0.0}, {0.75, 0.0, 0.0}};
   ASSERT_TRUE(FindNormalisers(c.control, settings, &hull, normals));
   ExpectClose(normals.of(Normal::force), 8.0 * 3.0 * 4.0 * 10.0, "force by the hull");
   c.control.seaway.ISEA = 2;
   EXPECT_FALSE(FindNormalisers(c.control, settings, nullptr, normals));
-}
-
-// Each word, its number, N, and + if an interval is asked for.
-TEST(FindStatistic, Words) {
-  std::istringstream cases(
-      "TABLE 0 10 -  all 0 10 -  Average 1 10 -  st.dev 2 10 -  RMS_CI 2 10 +  var_ci 3 10 +  1/3rd 4 10 -  "
-      "1/3RD_TOP_CI 5 10 +  sig_bot 6 10 -  Sig2 7 10 -  1/3RD_HGT 7 10 -  1/10TH 8 10 -  1/100th_amp 8 100 -  "
-      "1/3TH_AMP 8 3 -  1/1TH_TOP 9 1 -  1/05th_bot 10 5 -  1/20TH_HGT_CI 11 20 +  "
-      "1/2147483647TH_HEIGHT 11 2147483647 -  1/nTH 8 10 -  1/TH_TOP 9 10 -  MIN 12 10 -  maximum 13 10 -  "
-      "ABS 14 10 -  NDTF_RAO 15 10 -  phase 16 10 -  PHASE_LEAD 17 10 -  AVG_BETWEEN_UPCROSSINGS 18 10 -  "
-      "AVG_PEAKS 19 10 -  SSA_CI 24 10 +  tf 25 10 -  "
-      // What is none; the ending must be in one case or the other.
-      "VAR_Ci -1 10 -  MEANS -1 10 -  MEA -1 10 -  _CI -1 10 -  X_CI -1 10 +  MEAN_CI_CI -1 10 +  1/ -1 10 -  "
-      "1/10 -1 10 -  1/0TH -1 10 -  1/-3TH -1 10 -  1/+3TH -1 10 -  1/3.5TH -1 10 -  1/2147483648TH -1 10 -  "
-      "1/99999999999999999999TH -1 10 -  1/10TH_SIDE -1 10 -  1/5RD_AMP -1 10 -");
-  std::string word;
-  int number = 0, N = 0;
-  for (char interval = 0; cases >> word >> number >> N >> interval;) {
-    const StatisticName found = FindStatistic(word);
-    EXPECT_EQ(std::tuple(found.number, found.N, found.interval), std::tuple(number, N, interval == '+')) << word;
-  }
-  EXPECT_EQ(FindStatistic("").number, -1);
-  EXPECT_EQ(FindStatistic("1/100th AmpAvg").number, -1);  // a label, not a word
-}
-
-TEST(StatisticLabel, AllAreOfOneWidth) {
-  for (int number = 1; number <= 25; ++number)
-    for (const bool for_file : {false, true}) EXPECT_EQ(StatisticLabel(number, for_file).size(), 14U) << number;
-  for (const int unknown : {-1, 0, 26, 1000}) EXPECT_EQ(StatisticLabel(unknown, false), "") << unknown;
 }
 
 constexpr std::string_view kTitle =
@@ -389,71 +358,6 @@ TEST(IntervalTable, BootstrapStandsInPlaceOfTheFormula) {
   EXPECT_NEAR(half_width, 1.96 / std::sqrt(12.0 * kSteps), 0.0006);
   EXPECT_NEAR(high - low, 2 * half_width, 1e-6);
   EXPECT_TRUE(low < 0.5 && 0.5 < high && low < estimate && estimate < high);
-}
-
-// Worked record 5 as surge.
-CaseStore ShortCase() {
-  CaseStore c = WorkedCase();
-  c.last_read = c.last_step = 24;
-  for (std::size_t i = 0; i < 24; ++i) c.pmgg.component[0][i] = WorkedRecord(5)[i];
-  return c;
-}
-
-Written Write(const CaseStore& c, const OutputSettings& settings, int iqnt = 1, const std::string& before = {}) {
-  QuantityRequest request;
-  request.iqnt = iqnt;
-  request.curve = 1;
-  return WriteWorked([&](const StatWork& work, OutputFile& out) { return WriteAutocorrelation(work, request, out); }, c,
-                     settings, "out.txt", before);
-}
-
-TEST(AutocorrelationTable, FunctionAndEnvelopes) {
-  const std::string begin =
-      "Autocorrelation of Position of CG for ZAVO file run.out\n"
-      "        dTime            Rx\n"
-      "     0.000000      1.000000\n"
-      "    0.5000000     0.6606718\n"
-      "     1.000000    0.03641257\n";
-  const std::string end =
-      // clang-format off
-      "     11.00000     0.5012329\n" "     11.50000      0.000000\n" "\n" "Upper envelope\n"
-      "        dTime            Rx\n" "     4.000000     0.3842421\n" "     8.000000     0.8757797\n"
-      "     11.00000     0.5012329\n" "\n" "Lower envelope\n" "        dTime            Rx\n"
-      "     2.000000    -0.6502960\n" "     6.000000    -0.7866454\n" "     10.00000    -0.4963130\n";
-  // clang-format on
-  const std::string text = Write(ShortCase(), {}).text;
-  EXPECT_EQ(text.substr(0, begin.size()), begin);
-  EXPECT_EQ(text.substr(text.size() - end.size()), end);
-  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2 + 24 + 2 * (3 + 3));
-  EXPECT_EQ(Write(ShortCase(), {}, 1, "old\n").text, "old\n\n" + text);
-}
-
-TEST(AutocorrelationTable, EveryNthSampleBehindTheSkippedOnes) {
-  CaseStore c = ShortCase();
-  OutputSettings settings;
-  c.skip_effective = 20;
-  settings.statistics.autocorrelation_rate = 3;  // positions 21 and 24: R(0) is (x(21) - mean)^2
-  EXPECT_EQ(Write(c, settings).text,
-            "Autocorrelation of Position of CG for ZAVO file run.out\n"
-            // clang-format off
-            "        dTime            Rx\n" "     0.000000      1.000000\n" "     1.500000      0.000000\n"
-            "\nUpper envelope\n" "        dTime            Rx\n" "\nLower envelope\n"
-            // clang-format on
-            "        dTime            Rx\n");
-  settings.statistics.autocorrelation_rate = std::numeric_limits<int>::max();  // one sample: nothing to scale by
-  const std::string one = Write(c, settings).text;
-  EXPECT_NE(one.find("Rx\n     0.000000      0.000000\n\nUpper"), std::string::npos);
-  settings.statistics.autocorrelation_rate = -2;  // as 1
-  EXPECT_NE(Write(c, settings).text.find("\n    0.5000000 "), std::string::npos);
-}
-
-TEST(AutocorrelationTable, Refusals) {
-  CaseStore c = ShortCase();
-  c.skip_effective = 24;
-  const Written none = Write(c, {});
-  EXPECT_EQ(none.fault, DataFault::said);
-  EXPECT_EQ(none.console, "ERR495 - Too many steps skipped or trimmed in autocorrelation setup\n");
-  EXPECT_EQ(Write(ShortCase(), {}, 14).fault, DataFault::not_valid);
 }
 
 }  // namespace
