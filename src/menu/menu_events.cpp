@@ -384,17 +384,11 @@ void EnterListItem(MenuToolkit& kit, const MenuPoint& at) {
   else ChooseItem(kit, at);
 }
 
-// 1 for Tab, -1 for Shift-Tab.
-int WayOfTab(const GksModifiers& held) {
-  return held.shift ? -1 : 1;
-}
-
-bool KeyOfFocus(MenuToolkit& kit, int im, int key, const GksModifiers& held) {
+bool KeyOfFocus(MenuToolkit& kit, int im, int key) {
   const Type type = ElementOf(kit, kit.focus).type;
   if (type == Type::list && KeyOfList(kit, im, key)) return true;
   if (type == Type::run_bar && KeyOfRunBar(kit, key)) return true;
-  if (key == kTab) MoveFocus(kit, im, WayOfTab(held));
-  else if (key == kKeyRight || key == kKeyDown) MoveFocus(kit, im, 1);
+  if (key == kTab || key == kKeyRight || key == kKeyDown) MoveFocus(kit, im, 1);
   else if (key == kKeyLeft || key == kKeyUp) MoveFocus(kit, im, -1);
   else if (key == kReturn && type == Type::list) EnterListItem(kit, kit.focus);
   else if (key == kReturn || key == kSpace) PressFocus(kit);
@@ -428,8 +422,7 @@ bool KeyOfTypeIn(MenuToolkit& kit, int im, int key, const GksModifiers& held) {
     const MenuPoint at = kit.type_in.at;
     DropTypeIn(kit);
     if (SlotOf(kit, im).escape_tells) Tell(kit, at, MenuChange::escape);
-  } else if (key == kTab) GoToTypeIn(kit, im, WayOfTab(held));
-  else if (key == kKeyDown) GoToTypeIn(kit, im, 1);
+  } else if (key == kTab || key == kKeyDown) GoToTypeIn(kit, im, 1);
   else if (key == kKeyUp) GoToTypeIn(kit, im, -1);
   else if (EditTypeIn(kit.type_in, key, modifiers) == TypeInKey::typed) ScrollTypeIn(kit);
   return true;
@@ -455,7 +448,7 @@ bool MenuKey(MenuToolkit& kit, int im, int key) {
   }
   if (kit.type_in.at.menu == im) return KeyOfTypeIn(kit, im, key, held);
   if (held.alt || held.control) return false;
-  if (kit.focus.menu == im) return KeyOfFocus(kit, im, key, held);
+  if (kit.focus.menu == im) return KeyOfFocus(kit, im, key);
   if (key == kEscape && slot.escape_closes) {
     gksMenuClose(kit, im);
     return true;

@@ -164,7 +164,7 @@ TEST(MenuTypeIn, GoesOnWithTheNextField) {
   EXPECT_EQ(at(), std::pair(6, 2));
   w.Do(w.Keys(im, {kTab}));
   EXPECT_EQ(at(), std::pair(5, 2));
-  w.Do(w.Keys(im, {kTab}, kShiftKey));
+  w.Do(w.Keys(im, {kKeyUp}));
   EXPECT_EQ(at(), std::pair(6, 2));
   // A click elsewhere ends it first.
   w.Do(w.Keys(im, {kAll, 'x'}));
@@ -211,8 +211,6 @@ TEST(MenuKeys, ReachEverything) {
   MenuWindow w;
   const int im = BuildAll(w.kit, "menu", /*disabled=*/true);
   for (const auto& c : kSteps) EXPECT_EQ(w.Do(w.Keys(im, c.keys)), c.told);
-  w.Do(w.Keys(im, {kTab}, kShiftKey));
-  EXPECT_EQ(w.Do(w.Keys(im, {kReturn})), "1.13.1 button 0 0 ''; ");
 }
 
 // A menu higher than the screen: the wheel, and keys that leave what is seen, scroll it.
