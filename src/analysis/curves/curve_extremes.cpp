@@ -78,7 +78,7 @@ void FindDependence(const Record& record, BlockDependence& found) {
   found.time = found.steps * record.dt;
 }
 
-// Distances of the peaks from the mean, and the stretch that each is of.
+// Distances of the peaks from the mean.
 void TakeHeights(const Record& record, const PeakList& peaks, std::vector<float>& heights) {
   const auto mean = static_cast<float>(record.mean);
   for (std::size_t i = 0; i < peaks.value.size(); ++i) {

@@ -40,11 +40,10 @@ struct CurveExtremes {
   std::array<ExtremeFit, 4> fits;  // Weibull's and Gumbel's of maxima, then of minima
 };
 
-// A peak is the largest distance from the mean over all samples in a half cycle that is whole; the
-// higher half of them is fitted. Blocks: equal parts of
-// the records, at least three dependence times and eight peaks long, and at most 24; of kFewestRecords records or more,
-// the records. The dependence time is that at which the envelope of the autocorrelation falls to the cut-off of the
-// settings, or to 0.2 where that is higher. Loads the ensemble.
+// A peak is the largest distance from the mean over all samples in a half cycle that is whole; the higher half of them
+// is fitted. Blocks: equal parts of the records, at least three dependence times and eight peaks long, and at most 24;
+// of kFewestRecords records or more, the records. The dependence time is that at which the envelope of the
+// autocorrelation falls to the cut-off of the settings, or to 0.2 where that is higher. Loads the ensemble.
 [[nodiscard]] DataFault FindExtremes(const StatWork& work, const QuantityRequest& request, CurveExtremes& extremes);
 
 // Straight on the paper of its kind.

@@ -50,9 +50,8 @@ DataFault Count(const StatWork& work, const QuantityRequest& request, Counted& c
   return DataFault::said;
 }
 
-std::string TitleOf(const StatWork& work, const QuantityRequest& request) {
-  return fmt::format("Rainflow counts of {}{}", EnsembleCurveName(work.settings, request, work.cases),
-                     PointNote(work.current(), request));
+std::string NameOf(const StatWork& work, const QuantityRequest& request) {
+  return EnsembleCurveName(work.settings, request, work.cases) + PointNote(work.current(), request);
 }
 
 Shown ShownOf(double value) {
@@ -64,9 +63,9 @@ Shown ShownOf(double value) {
 void WriteTable(const StatWork& work, const QuantityRequest& request, const Counted& counted, OutputFile& out) {
   std::string text = out.had_text ? "\n" : "";
   fmt::format_to(std::back_inserter(text),
-                 "{} for ZAVO file {}\nTotal time= {}\nNumber of cycles= {}\nLargest range= {}\n",
-                 TitleOf(work, request), work.current().file_name, ShownOf(counted.time),
-                 ShownOf(counted.totals.cycles), ShownOf(counted.totals.largest));
+                 "Rainflow counts of {} for ZAVO file {}\nTotal time= {}\nNumber of cycles= {}\nLargest range= {}\n",
+                 NameOf(work, request), work.current().file_name, ShownOf(counted.time), ShownOf(counted.totals.cycles),
+                 ShownOf(counted.totals.largest));
   text +=
       "Equivalent range of N cycles for the slope m of an S-N curve: (sum n S^m / N)^(1/m), N the number of cycles\n";
   for (const double m : kSlopes)
@@ -117,8 +116,7 @@ ResultCurve BinPoints(std::span<const RangeBin> bins) {
 DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultPlot& plot) {
   Counted counted;
   if (const DataFault fault = Count(work, request, counted); fault != DataFault::none) return fault;
-  plot.title = fmt::format("Rainflow counts: {}{}", EnsembleCurveName(work.settings, request, work.cases),
-                           PointNote(work.current(), request));
+  plot.title = fmt::format("Rainflow counts: {}", NameOf(work, request));
   ResultPanel panel;
   panel.x_name = WithUnit("Range", CurveUnit(work.current(), work.settings, request.iqnt, request.curve));
   panel.y_name = "Cycles above";

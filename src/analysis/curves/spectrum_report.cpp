@@ -45,19 +45,20 @@ bool IsEven(std::span<const CurveStretch> stretches, double dt) {
   return true;
 }
 
-std::size_t SegmentOf(const StatWork& work, std::span<const CurveStretch> stretches, double dt) {
+std::size_t LongestOf(std::span<const CurveStretch> stretches) {
   std::size_t longest = 0;
   for (const CurveStretch& s : stretches) longest = std::max(longest, s.x.size());
+  return longest;
+}
+
+std::size_t SegmentOf(const StatWork& work, std::size_t longest, double dt) {
   const auto wanted = static_cast<double>(work.settings.statistics.spectrum_segment);
   if (!(wanted > 0)) return UsualSegment(longest);
   return static_cast<std::size_t>(std::min(wanted / dt + 0.5, 1.0e9)) / 2 * 2;
 }
 
 DataFault Make(const StatWork& work, const QuantityRequest& request, CurveSpectrum& spectrum) {
-  QuantityRequest one = request;
-  one.curve = std::max(1, request.curve);
-  one.wave_overlay = false;
-  if (const DataFault fault = LoadEnsemble(work, one, kTooManySkipped); fault != DataFault::none) return fault;
+  if (const DataFault fault = LoadEnsemble(work, request, kTooManySkipped); fault != DataFault::none) return fault;
   std::vector<CurveStretch> stretches;
   AppendLoadedStretches(work, stretches);
   if (!stretches.empty()) {
@@ -68,8 +69,9 @@ DataFault Make(const StatWork& work, const QuantityRequest& request, CurveSpectr
     SayLine(work.console(), stretches.empty() ? kNoRecord : kUneven);
     return DataFault::said;
   }
-  const std::size_t segment = SegmentOf(work, stretches, spectrum.dt);
-  if (!FindWelchSpectrum(SamplesOf(stretches), spectrum.dt, segment, spectrum.welch)) {
+  const std::size_t longest = LongestOf(stretches), segment = SegmentOf(work, longest, spectrum.dt);
+  // Asked first: the room for a segment would be taken and filled, however long it is.
+  if (segment > longest || !FindWelchSpectrum(SamplesOf(stretches), spectrum.dt, segment, spectrum.welch)) {
     Say(work.console(), fmt::runtime(kTooShort), segment);
     return DataFault::said;
   }
@@ -148,15 +150,15 @@ void WriteTable(const StatWork& work, const QuantityRequest& request, const Curv
   WriteOutput(out, text);
 }
 
-// Up to where all but a thousandth of the variance lies below.
-std::size_t LastShown(const CurveSpectrum& spectrum) {
+// Of the densities from the first on: those below which all but a thousandth of the variance lies.
+std::size_t CountShown(const CurveSpectrum& spectrum) {
   constexpr double kShown = 0.999;
   const std::vector<double>& S = spectrum.welch.S;
   const double wanted = kShown * spectrum.m.m0;
   double sum = 0;
   std::size_t k = 1;
   for (; k + 1 < S.size() && sum < wanted; ++k) sum += S[k] * spectrum.welch.dw;
-  return k;
+  return std::min(k + 1, S.size());
 }
 
 DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultPlot& plot) {
@@ -169,7 +171,8 @@ DataFault MakePlot(const StatWork& work, const QuantityRequest& request, ResultP
   panel.y_name = unit.empty() ? "S(w)" : fmt::format("S(w) ({}^2 time/rad)", unit);
   ResultCurve curve;
   ResultCurve low{"low limit", {}, {}, ResultStyle::dashed}, high{"high limit", {}, {}, ResultStyle::dashed};
-  for (std::size_t k = 0; k <= LastShown(spectrum) && k < spectrum.welch.S.size(); ++k) {
+  const std::size_t shown = CountShown(spectrum);
+  for (std::size_t k = 0; k < shown; ++k) {
     curve.x.push_back(static_cast<float>(static_cast<double>(k) * spectrum.welch.dw));
     curve.y.push_back(static_cast<float>(spectrum.welch.S[k]));
     low.y.push_back(static_cast<float>(spectrum.limits.low * spectrum.welch.S[k]));

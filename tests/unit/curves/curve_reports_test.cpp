@@ -1,4 +1,4 @@
-// Extremes and rainflow counts of curves with gaps, of records that don't move, and of ensembles.
+// Spectra, extremes and rainflow counts of curves with gaps, of records that don't move, and of ensembles.
 #include <cmath>
 #include <limits>
 #include <random>
@@ -8,6 +8,7 @@
 #include "analysis/curves/curve_extremes.h"
 #include "analysis/curves/extremes_report.h"
 #include "analysis/curves/rainflow_report.h"
+#include "analysis/curves/spectrum_report.h"
 #include "unit/stats/worked_case.h"
 
 namespace zaview {
@@ -77,6 +78,20 @@ TEST(CurveReports, NoCycleReachesOverAGap) {
   ASSERT_EQ(plot.panels.size(), 1U);
   EXPECT_EQ(plot.panels[0].curves[0].x, Floats{2});
   EXPECT_NEAR(plot.panels[0].curves[0].y.at(0), std::log10(3.0), 1e-6);
+}
+
+TEST(CurveReports, ASegmentBeyondTheRecordTakesNoRoom) {  // of 1e9 steps it would be some 40 GB
+  Work work(CaseOf(Waves(400, 1)));
+  work.settings.statistics.spectrum_segment = 1.0e9F;
+  ResultPlot plot;
+  EXPECT_EQ(MakeSpectrumPlot(work.Of(), kSurge, plot), DataFault::said);
+  EXPECT_EQ(work.fake.output, "ERROR - the record is too short for a spectrum by segments of 1000000000 steps\n");
+  work.settings.statistics.spectrum_segment = 0;
+  ASSERT_EQ(MakeSpectrumPlot(work.Of(), kSurge, plot), DataFault::none);
+  const std::vector<float>& S = plot.panels.at(0).curves.at(0).y;  // its peak at 2 pi/6, all that counts is shown
+  const auto peak = std::max_element(S.begin(), S.end()) - S.begin();
+  EXPECT_NEAR(plot.panels[0].curves[0].x.at(static_cast<std::size_t>(peak)), 2 * M_PI / 6, 0.1);
+  EXPECT_LT(S.size(), 101U);
 }
 
 TEST(CurveReports, ExtremesLeaveAGapOut) {
