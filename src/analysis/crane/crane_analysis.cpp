@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "analysis/crane/crane_files.h"
-#include "base/grow.h"
+#include "analysis/do_or_say.h"
 #include "base/message.h"
 #include "frame/ground/file_dialogue.h"
 #include "frame/ground/prompts.h"
@@ -19,7 +19,6 @@ constexpr std::string_view kMotionsDone = "Crane & cargo motions written to {}";
 constexpr std::string_view kGeometryDone = "Crane & cable geometry written to {}";
 constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
 constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
-constexpr std::string_view kNoMemory = "ERROR - not enough memory for the crane & cargo model";
 
 void Print(const Console& console, const std::string& text) {
   console.write(console.self, text);
@@ -73,11 +72,8 @@ bool TakeCraneInput(const Platform& platform, const std::string& name, CraneInpu
 bool RunCrane(const CraneWork& work, const CraneInput& input, const std::string& name, CraneFiles files,
               CraneRun& run) {
   const Console& console = work.platform.console;
-  enum class Outcome : unsigned char { failed, no_memory, ok };
-  const Outcome outcome = Guarded(
-      [&] { return Simulate(work, input, name, files, run) ? Outcome::ok : Outcome::failed; }, Outcome::no_memory);
-  if (outcome == Outcome::no_memory) SayLine(console, kNoMemory);
-  if (outcome != Outcome::ok) {
+  if (!DoOrSay(console, kNoCraneMemory, [&] { return Simulate(work, input, name, files, run); })) {
+    run.steps.clear();
     Discard(files.motions);
     Discard(files.geometry);
     return false;

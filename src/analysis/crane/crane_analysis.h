@@ -23,7 +23,8 @@ struct CraneFiles {  // open; null: not wanted
 // Reads the model and echoes it. False: told.
 [[nodiscard]] bool TakeCraneInput(const Platform& platform, const std::string& name, CraneInput& input);
 
-// Reports, simulates and writes. Files are closed, or discarded if it fails. False: told; run then has no steps.
+// Reports, simulates and writes. Files are closed, or discarded if it fails. False: told; run then has steps if they
+// are all there, and only a file could not be written.
 [[nodiscard]] bool RunCrane(const CraneWork& work, const CraneInput& input, const std::string& name, CraneFiles files,
                             CraneRun& run);
 

@@ -5,8 +5,8 @@
 #include <span>
 #include <string_view>
 
+#include "analysis/do_or_say.h"
 #include "base/clean_text.h"
-#include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
 #include "control/control_lines.h"
@@ -33,7 +33,8 @@ constexpr std::string_view kTimesFall = "Crane model input error - times of comm
 constexpr std::string_view kUnrecognized = "Unrecognized value ({}) for {}";
 constexpr std::string_view kIllegalCables = "Illegal value ({}) for CRANE_NCBL, MAXCBL={}";
 constexpr std::string_view kNegative = "Illegal (negative) value ({}) for {}";
-constexpr std::string_view kAborted = "Input error for crane & cargo model - Option Aborted";
+
+constexpr int kMostCommands = 100;  // MXBANG
 
 constexpr std::string_view kThreeDof = "3-DOF (Cable swing X, swing Y, stretch)";
 constexpr std::string_view kSixDof = "6-DOF (Cable swing X, swing Y, stretch, + 3 cargo rotations)";
@@ -160,7 +161,7 @@ bool ReadCommands(Reader& reader, CraneInput& input) {  // group 08
                      [&reader](std::array<double, 4>& command) { return Reals(reader, "08", command); });
 }
 
-bool ReadGeometryChoice(Reader& reader, CraneInput& input) {  // groups 09 and 10, which may be missing
+bool ReadGeometryChoice(Reader& reader, CraneInput& input) {  // groups 09 and 10; the latter may be missing
   if (!Choice(reader, "09", "CRANE_GTOPT", 0, 1, input.GTOPT)) return false;
   CleanLists& text = reader.text;
   if (text.next < text.lines.size()) input.BOAT_FGEOM = TextField(text.lines[text.next++].text, kNameLength);
@@ -301,8 +302,8 @@ bool ReadCraneInput(const Platform& platform, const std::string& name, CraneInpu
     Say(platform.console, kMissing, name);
     return false;
   }
-  if (Guarded([&] { return ReadGroups(platform, name, input); }, false)) return true;
-  SayLine(platform.console, kAborted);
+  if (DoOrSay(platform.console, kNoCraneMemory, [&] { return ReadGroups(platform, name, input); })) return true;
+  SayLine(platform.console, kCraneAborted);
   return false;
 }
 

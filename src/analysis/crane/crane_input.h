@@ -5,11 +5,12 @@
 //   03 CRANE_INCABLE; a line a cable                    07 CRANE_DMPCBL(6)
 //   04 CRANE_RBASE0(3), a line a cable                  08 CRANE_ICNTRL; if it isn't 0: CRANE_RTLIM(4); CRANE_ACLIM(4);
 //   05 CRANE_INBOOM; a line a cable                        CRANE_LIMIT(8); CRANE_NBANG; CRANE_BANG(4), a line each
-//   09 CRANE_GTOPT                                      10 BOAT_FGEOM
+//   09 CRANE_GTOPT                                      10 BOAT_FGEOM, which may be missing
 #pragma once
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "analysis/crane/cargo_motion.h"
@@ -18,7 +19,8 @@
 
 namespace zaview {
 
-inline constexpr int kMostCommands = 100;  // MXBANG
+inline constexpr std::string_view kCraneAborted = "Input error for crane & cargo model - Option Aborted";
+inline constexpr std::string_view kNoCraneMemory = "ERROR - not enough memory for the crane & cargo model";
 
 enum CableInput : int { kElasticCable = 1, kCableByStretch = 2, kRigidCable = 3 };
 enum BoomInput : int { kBoomTip = 1, kBoomAngles = 2 };

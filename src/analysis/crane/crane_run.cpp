@@ -23,12 +23,10 @@ namespace {
 constexpr std::string_view kSimulating = "Crane and cargo";
 constexpr std::string_view kReadingCargo = "Reading boat geometry from file: {}";
 constexpr std::string_view kNoCargo = "Error opening geometry file for boat model: {}{}";
-constexpr std::string_view kAborted = "Input error for crane & cargo model - Option Aborted";
 constexpr std::string_view kLength = "cable length error for crane & cargo model - Execution Aborting";
 constexpr std::string_view kLengthAt = "        at step {}";
 constexpr std::string_view kTooStiff = "ERROR - crane & cargo model needs more than {} sub-steps of a time step";
 constexpr std::string_view kInterrupted = "Crane & cargo simulation interrupted at step {}";
-constexpr std::string_view kNoMemory = "ERROR - not enough memory for the crane & cargo model";
 constexpr std::string_view kGap = "ERROR - steps {} to {} hold no motion: crane & cargo need every step in use";
 constexpr std::string_view kNoSteps = "ERROR - there are no steps in use";
 
@@ -120,6 +118,23 @@ void TakeInertia(const ModelMaking& making, CraneModel& model) {
   model.s = making.Lengths(input.RCARGO);
 }
 
+CraneModel CraneModelOf(const CraneInput& input, const CaseStore& store) {
+  const ModelMaking making{input, store, InputScalesOf(store.control)};
+  CraneModel model;
+  model.cables = static_cast<std::size_t>(input.NCBL);
+  model.rigid = input.INCABLE == kRigidCable && input.NCBL == 1;
+  model.mass = input.MCARGO * making.scales.mass;
+  if (input.DOF == 6) TakeInertia(making, model);
+  model.EA = Stiffness(making, model.mass);
+  model.length = input.LCABL0 * making.scales.length;
+  model.z = input.DMPCBL;
+  for (std::size_t b = 0; b < model.cables; ++b) model.booms[b] = BoomOf(making, b);
+  if (input.ICNTRL != 0) TakeCommands(making, model);
+  model.start = StartOf(making);
+  model.sub_steps = std::max(input.ISTP, 1);
+  return model;
+}
+
 // ---- The cargo's geometry
 
 // About the point where the cables end.
@@ -148,9 +163,10 @@ bool ReadCargoHull(const Platform& platform, const CraneInput& input, std::strin
   }
   if (status == GeometryStatus::cannot_open) {
     const std::string file(SplitGeometryName(request.name).file);
-    Say(platform.console, kNoCargo, file, WhyNotOpened(platform.files, file));
+    const std::string path = GeometryPath(platform.files, request.name, request.folder);
+    Say(platform.console, kNoCargo, file, WhyNotOpened(platform.files, path.empty() ? file : path));
   }
-  SayLine(platform.console, kAborted);
+  SayLine(platform.console, kCraneAborted);
   return false;
 }
 
@@ -163,7 +179,7 @@ CraneFault SayFault(const Console& console, CraneFault fault, int step) {
   }
   if (fault == CraneFault::too_stiff) Say(console, kTooStiff, kMostSubSteps);
   if (fault == CraneFault::interrupted) Say(console, kInterrupted, step);
-  if (fault == CraneFault::no_memory) SayLine(console, kNoMemory);
+  if (fault == CraneFault::no_memory) SayLine(console, kNoCraneMemory);
   return fault;
 }
 
@@ -196,23 +212,6 @@ CraneFault Advance(ProgressLine& progress, const CaseStore& store, CraneRun& run
 }
 
 }  // namespace
-
-CraneModel CraneModelOf(const CraneInput& input, const CaseStore& store) {
-  const ModelMaking making{input, store, InputScalesOf(store.control)};
-  CraneModel model;
-  model.cables = static_cast<std::size_t>(input.NCBL);
-  model.rigid = input.INCABLE == kRigidCable && input.NCBL == 1;
-  model.mass = input.MCARGO * making.scales.mass;
-  if (input.DOF == 6) TakeInertia(making, model);
-  model.EA = Stiffness(making, model.mass);
-  model.length = input.LCABL0 * making.scales.length;
-  model.z = input.DMPCBL;
-  for (std::size_t b = 0; b < model.cables; ++b) model.booms[b] = BoomOf(making, b);
-  if (input.ICNTRL != 0) TakeCommands(making, model);
-  model.start = StartOf(making);
-  model.sub_steps = std::max(input.ISTP, 1);
-  return model;
-}
 
 bool PrepareCrane(const Platform& platform, const CraneInput& input, std::string_view name, const CaseStore& store,
                   CraneRun& run) {

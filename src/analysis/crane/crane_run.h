@@ -22,8 +22,6 @@ struct CraneRun {
   std::vector<CraneSnapshot> steps;  // none: not simulated
 };
 
-[[nodiscard]] CraneModel CraneModelOf(const CraneInput& input, const CaseStore& store);
-
 // The model on this ship at the first of its steps, and the geometry of its cargo, which lies beside the file `name` of
 // the model. False: told.
 [[nodiscard]] bool PrepareCrane(const Platform& platform, const CraneInput& input, std::string_view name,

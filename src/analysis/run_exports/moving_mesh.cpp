@@ -4,12 +4,13 @@
 #include <iterator>
 #include <string>
 
+#include "analysis/do_or_say.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
 #include "case/case_hull.h"
+#include "case/settings/step_range.h"
 #include "case/ship_pose.h"
-#include "case/size_history.h"
 #include "geometry/input_transform.h"
 #include "geometry/read_geometry.h"
 #include "geometry/read_hrl.h"
@@ -46,7 +47,7 @@ bool ReadFile(const Platform& platform, const GeometryName& name, const CaseStor
   const GeometryStatus status =
       path.empty() ? GeometryStatus::cannot_open : ReadHrl(platform, path, GeometryRequest{}, hull);
   if (status == GeometryStatus::cannot_open)
-    Say(platform.console, kNotOpen, name.file, WhyNotOpened(platform.files, name.file));
+    Say(platform.console, kNotOpen, name.file, WhyNotOpened(platform.files, path.empty() ? name.file : path));
   if (status != GeometryStatus::ok) return false;
   const InputTransform transform = TransformOf(store.control);
   for (Vector3& p : hull.mesh.nodes) p = InputToShip(transform, p);
@@ -55,9 +56,12 @@ bool ReadFile(const Platform& platform, const GeometryName& name, const CaseStor
 
 bool TakeMesh(const Platform& platform, std::string_view given, CaseStore& store, MovingMesh& mesh) {
   if (IsBlank(given)) {
-    if (EnsureHull(platform, store)) return MeshOfHull(store, store.hull, mesh);
-    SayLine(platform.console, kNoHull);
-    return false;
+    if (!EnsureHull(platform, store)) {
+      SayLine(platform.console, kNoHull);
+      return false;
+    }
+    mesh = MeshOfHull(store, store.hull);
+    return true;
   }
   const GeometryName name = SplitGeometryName(given);
   if (name.format != GeometryFormat::hrl && !name.qualifier.empty()) {
@@ -65,19 +69,19 @@ bool TakeMesh(const Platform& platform, std::string_view given, CaseStore& store
     return false;
   }
   Hull hull;
-  return ReadFile(platform, name, store, hull) && MeshOfHull(store, hull, mesh);
+  if (!ReadFile(platform, name, store, hull)) return false;
+  mesh = MeshOfHull(store, hull);
+  return true;
 }
 
 void WriteSteps(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh, OutputFile& out) {
   const double L = settings.units.LENOUT;
-  const std::int64_t stride = std::max(1, settings.reading.step_stride);
+  const int stride = std::max(1, settings.reading.step_stride);
   std::string text = out.had_text ? "\n" : "", elements;
   for (const HullElement& element : mesh.elements)
     fmt::format_to(std::back_inserter(elements), "{} {} {} {}\n", element.node[0], element.node[1], element.node[2],
                    element.node[3]);
-  for (std::int64_t i = store.first_step; i <= store.last_step; i += stride) {
-    const int step = static_cast<int>(i);
-    if (InGap(store, step)) continue;
+  for (const int step : StepsOf(store, {store.first_step, store.last_step, stride})) {
     const ShipPose pose = PoseAtStep(store, step);
     fmt::format_to(std::back_inserter(text), "!time= {:.9g}\n{} {}\n", store.time.at(1, step) * settings.units.scales.T,
                    mesh.nodes.size(), mesh.elements.size());
@@ -94,24 +98,16 @@ void WriteSteps(const OutputSettings& settings, const CaseStore& store, const Mo
 
 }  // namespace
 
-bool MeshOfHull(const CaseStore& store, const Hull& hull, MovingMesh& mesh) {
-  return Guarded(
-      [&] {
-        mesh = MovingMesh{};
-        for (const HullSurface& surface : hull.surfaces) AppendSurface(surface, mesh);
-        AppendMesh(hull.mesh, mesh);
-        for (Vector3& p : mesh.nodes) p = FromCentre(store, p);
-        return true;
-      },
-      false);
+MovingMesh MeshOfHull(const CaseStore& store, const Hull& hull) {
+  MovingMesh mesh;
+  for (const HullSurface& surface : hull.surfaces) AppendSurface(surface, mesh);
+  AppendMesh(hull.mesh, mesh);
+  for (Vector3& p : mesh.nodes) p = FromCentre(store, p);
+  return mesh;
 }
 
 bool ReadMovingMesh(const Platform& platform, std::string_view name, CaseStore& store, MovingMesh& mesh) {
-  enum class Outcome : unsigned char { failed, no_memory, ok };
-  const Outcome outcome = Guarded([&] { return TakeMesh(platform, name, store, mesh) ? Outcome::ok : Outcome::failed; },
-                                  Outcome::no_memory);
-  if (outcome == Outcome::no_memory) SayLine(platform.console, kNoMemory);
-  return outcome == Outcome::ok;
+  return DoOrSay(platform.console, kNoMemory, [&] { return TakeMesh(platform, name, store, mesh); });
 }
 
 bool WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh, OutputFile& out) {

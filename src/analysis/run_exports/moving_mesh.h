@@ -17,14 +17,15 @@ struct MovingMesh {
   std::vector<HullElement> elements;
 };
 
-// All of a hull: its elements, and the cells of its surfaces as quadrilaterals. False: memory is out.
-[[nodiscard]] bool MeshOfHull(const CaseStore& store, const Hull& hull, MovingMesh& mesh);
+// All of a hull: its elements, and the cells of its surfaces as quadrilaterals. A failure to allocate is thrown.
+[[nodiscard]] MovingMesh MeshOfHull(const CaseStore& store, const Hull& hull);
 
 // name: an HRL file in input axes and lengths, with or without the prefix of its format; its elements stay as they
 // are. Blank: the hull of the case. False: told.
 [[nodiscard]] bool ReadMovingMesh(const Platform& platform, std::string_view name, CaseStore& store, MovingMesh& mesh);
 
-// Each step in use: a comment with its time, counts, nodes in global axes and output lengths, elements.
+// Each step in use: a comment with its time, counts, nodes in global axes and output lengths, elements. False: memory
+// is out.
 [[nodiscard]] bool WriteMovingMesh(const OutputSettings& settings, const CaseStore& store, const MovingMesh& mesh,
                                    OutputFile& out);
 

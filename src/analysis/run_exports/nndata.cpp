@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "analysis/do_or_say.h"
 #include "base/clean_text.h"
 #include "base/grow.h"
 #include "base/message.h"
@@ -30,11 +31,10 @@ constexpr std::string_view kShortSet = "ERR202 - End-of-file reading data set {}
 constexpr std::string_view kBadCount = "ERROR - Illegal value ({}) for number of {}, 0 to {}";
 constexpr std::string_view kNotValid = "ERROR - NNDATA : {} not valid for this output file";
 constexpr std::string_view kTitle = "NNDATA output for ZAVO file {}\n";
+constexpr std::string_view kNoMemory = "ERROR allocating memory for the network data";
 constexpr std::string_view kPrefix = "NNDATA";
 
 // ---- The module
-
-constexpr std::string_view kNoMemory = "ERROR allocating memory for the network data";
 
 struct Reader {
   const Console& console;
@@ -276,11 +276,7 @@ DataFault WriteRows(const Maker& maker, const NetworkInput& input, Columns& colu
 
 bool ReadNetworkInput(const Platform& platform, const std::string& name, NetworkInput& input) {
   input = NetworkInput{};
-  enum class Outcome : unsigned char { failed, no_memory, ok };
-  const Outcome outcome =
-      Guarded([&] { return TakeModule(platform, name, input) ? Outcome::ok : Outcome::failed; }, Outcome::no_memory);
-  if (outcome == Outcome::no_memory) SayLine(platform.console, kNoMemory);
-  return outcome == Outcome::ok;
+  return DoOrSay(platform.console, kNoMemory, [&] { return TakeModule(platform, name, input); });
 }
 
 DataFault WriteNetworkData(const Console& console, const OutputSettings& settings, const NetworkInput& input,

@@ -36,7 +36,8 @@ struct NetworkInput {
 [[nodiscard]] bool ReadNetworkInput(const Platform& platform, const std::string& name, NetworkInput& input);
 
 // A row a step in use: time, motion(6), vmgshp(6), acc(6), Ftotals(6), eta_cg, of each point z and deltaZ, elevations
-// of the grid about the CG, turned by the yaw, y fastest. Output units with sign factors. not_valid: told.
+// of the grid about the CG, turned by the yaw, y fastest. Output units with sign factors. said: the case has
+// no such quantity.
 [[nodiscard]] DataFault WriteNetworkData(const Console& console, const OutputSettings& settings,
                                          const NetworkInput& input, CaseStore& case_store, OutputFile& out);
 

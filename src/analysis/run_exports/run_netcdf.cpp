@@ -8,8 +8,8 @@
 
 #include <fmt/format.h>
 
+#include "analysis/do_or_say.h"
 #include "analysis/run_exports/netcdf_file.h"
-#include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
 #include "case/case_control_text.h"
@@ -136,11 +136,7 @@ bool Write(const Console& console, const OutputSettings& settings, CaseStore& st
 }  // namespace
 
 bool WriteRunNetcdf(const Console& console, const OutputSettings& settings, CaseStore& store, OutputFile& out) {
-  enum class Outcome : unsigned char { failed, no_memory, ok };
-  const auto write = [&] { return Write(console, settings, store, out) ? Outcome::ok : Outcome::failed; };
-  const Outcome outcome = Guarded(write, Outcome::no_memory);
-  if (outcome == Outcome::no_memory) SayLine(console, kNoMemory);
-  return outcome == Outcome::ok;
+  return DoOrSay(console, kNoMemory, [&] { return Write(console, settings, store, out); });
 }
 
 }  // namespace zaview

@@ -10,12 +10,12 @@
 
 #include <fmt/format.h>
 
+#include "analysis/do_or_say.h"
 #include "analysis/run_exports/moving_mesh.h"
-#include "base/grow.h"
 #include "base/message.h"
 #include "case/case_hull.h"
+#include "case/settings/step_range.h"
 #include "case/ship_pose.h"
-#include "case/size_history.h"
 #include "case/wave_at_cg.h"
 #include "frame/ground/output_file.h"
 #include "frame/ground/progress_line.h"
@@ -37,7 +37,7 @@ constexpr std::string_view kHead =
     "<?xml version=\"1.0\"?>\n<VTKFile type=\"{0}\" version=\"1.0\" byte_order=\"LittleEndian\" "
     "header_type=\"UInt32\">\n";
 constexpr double kAhead = 1.5, kAside = 1.0;       // of the sea, in lengths of the ship, either way
-constexpr std::size_t kAcross = 121, kAlong = 81;  // points of the sea in x and in y
+constexpr std::size_t kAlong = 121, kAcross = 81;  // points of the sea in x and in y
 
 struct Work {
   const Platform& platform;
@@ -96,9 +96,9 @@ Sea SeaAt(const Work& work, const ShipPose& pose, int step) {
     for (std::size_t i = 0; i < n; ++i)
       out.push_back(middle + half * (2.0 * static_cast<double>(i) / static_cast<double>(n - 1) - 1.0));
   };
-  spread(kAcross, pose.cg[0], kAhead, sea.x);
-  spread(kAlong, pose.cg[1], kAside, sea.y);
-  sea.eta.assign(kAcross * kAlong, 0.0F);
+  spread(kAlong, pose.cg[0], kAhead, sea.x);
+  spread(kAcross, pose.cg[1], kAside, sea.y);
+  sea.eta.assign(kAlong * kAcross, 0.0F);
   const WaveMoment moment{static_cast<double>(work.store.time.at(1, step)),
                           WaveScaleAtStep(work.store.seaway.scaling, step).scale};
   if (work.has_waves) static_cast<void>(ElevationGrid(work.store.wave, moment, sea.x, sea.y, sea.eta));
@@ -108,13 +108,13 @@ Sea SeaAt(const Work& work, const ShipPose& pose, int step) {
 std::string SeaFile(const Work& work, const Sea& sea) {
   std::vector<float> elevation, points;
   for (const float eta : sea.eta) elevation.push_back(static_cast<float>(static_cast<double>(eta) * work.L()));
-  for (std::size_t j = 0; j < kAlong; ++j)
-    for (std::size_t i = 0; i < kAcross; ++i)
-      AddPoint(work.L(), {sea.x[i], sea.y[j], static_cast<double>(sea.eta[j * kAcross + i])}, points);
+  for (std::size_t j = 0; j < kAcross; ++j)
+    for (std::size_t i = 0; i < kAlong; ++i)
+      AddPoint(work.L(), {sea.x[i], sea.y[j], static_cast<double>(sea.eta[j * kAlong + i])}, points);
   std::string bytes, tags = fmt::format(
                          "<StructuredGrid WholeExtent=\"0 {0} 0 {1} 0 0\">\n<Piece Extent=\"0 {0} 0 {1} 0 0\">\n"
                          "<PointData Scalars=\"elevation\">\n",
-                         kAcross - 1, kAlong - 1);
+                         kAlong - 1, kAcross - 1);
   AddArray("elevation", 1, elevation, tags, bytes);
   tags += "</PointData>\n<Points>\n";
   AddArray("points", 3, points, tags, bytes);
@@ -130,11 +130,11 @@ double ElevationOf(const Sea& sea, const Vector3& p) {
     return (value - axis.front()) / (axis[1] - axis[0]);
   };
   const double u = place(sea.x, p[0]), v = place(sea.y, p[1]);
-  if (!(u >= 0 && v >= 0 && u < static_cast<double>(kAcross - 1) && v < static_cast<double>(kAlong - 1))) return 0;
+  if (!(u >= 0 && v >= 0 && u < static_cast<double>(kAlong - 1) && v < static_cast<double>(kAcross - 1))) return 0;
   const auto i = static_cast<std::size_t>(u), j = static_cast<std::size_t>(v);
   const double a = u - std::floor(u), b = v - std::floor(v);
   const auto eta = [&](std::size_t di, std::size_t dj) {
-    return static_cast<double>(sea.eta[(j + dj) * kAcross + i + di]);
+    return static_cast<double>(sea.eta[(j + dj) * kAlong + i + di]);
   };
   return (1 - a) * ((1 - b) * eta(0, 0) + b * eta(0, 1)) + a * ((1 - b) * eta(1, 0) + b * eta(1, 1));
 }
@@ -173,9 +173,16 @@ std::string HullFile(const Work& work, const ShipPose& pose, const Sea& sea) {
 
 // ---- All steps
 
-// Names in the collection are those beside it.
-std::string_view WithoutFolder(std::string_view name) {
-  return name.substr(name.rfind('/') + 1);
+// As the collection has it: beside it, and as XML has the text of an attribute.
+std::string ReferenceTo(std::string_view name) {
+  std::string text;
+  for (const char c : name.substr(name.rfind('/') + 1)) {
+    if (c == '&') text += "&amp;";
+    else if (c == '<') text += "&lt;";
+    else if (c == '"') text += "&quot;";
+    else text += c;
+  }
+  return text;
 }
 
 bool WriteStep(const Work& work, int step, std::string& collection) {
@@ -186,7 +193,7 @@ bool WriteStep(const Work& work, int step, std::string& collection) {
   const auto put = [&](std::string_view what, int part, std::string_view end, const std::string& text) {
     const std::string name = fmt::format("{}_{}_{}.{}", work.root, what, step, end);
     fmt::format_to(std::back_inserter(collection), "<DataSet timestep=\"{:.7g}\" part=\"{}\" file=\"{}\"/>\n", time,
-                   part, WithoutFolder(name));
+                   part, ReferenceTo(name));
     return StoreFile(work.platform, name, text);
   };
   return (work.mesh.elements.empty() || put("hull", 0, "vtp", HullFile(work, pose, sea))) &&
@@ -198,16 +205,15 @@ bool WriteSteps(const Work& work) {
   std::string collection = fmt::format(fmt::runtime(kHead), "Collection");
   collection += "<Collection>\n";
   ProgressLine progress = StartProgress(work.platform, "VTK files");
-  const std::int64_t stride = std::max(1, work.settings.reading.step_stride);
   bool good = true;
-  for (std::int64_t i = store.first_step; good && i <= store.last_step; i += stride) {
-    const int step = static_cast<int>(i);
-    if (InGap(store, step)) continue;
+  const int stride = std::max(1, work.settings.reading.step_stride);
+  for (const int step : StepsOf(store, {store.first_step, store.last_step, stride})) {
     good = WriteStep(work, step, collection);
     if (good && TakeInterrupt(work.platform.console)) {
       Say(work.platform.console, kInterrupted, step);
       good = false;
     }
+    if (!good) break;
     ShowProgress(progress, static_cast<double>(step - store.first_step) / (store.last_step - store.first_step + 1));
   }
   EndProgress(progress);
@@ -221,11 +227,8 @@ bool Write(const Platform& platform, const OutputSettings& settings, std::string
     return false;
   }
   Work work{platform, settings, store, std::string(root), {}, false};
-  if (!EnsureHull(platform, store)) SayLine(platform.console, kNoHull);
-  else if (!MeshOfHull(store, store.hull, work.mesh)) {
-    SayLine(platform.console, kNoMemory);
-    return false;
-  }
+  if (EnsureHull(platform, store)) work.mesh = MeshOfHull(store, store.hull);
+  else SayLine(platform.console, kNoHull);
   work.has_waves = EnsureSeaway(platform.console, store) == WaveAnswer::ok;
   if (!work.has_waves) SayLine(platform.console, kFlat);
   return WriteSteps(work);
@@ -234,11 +237,7 @@ bool Write(const Platform& platform, const OutputSettings& settings, std::string
 }  // namespace
 
 bool WriteRunVtk(const Platform& platform, const OutputSettings& settings, std::string_view root, CaseStore& store) {
-  enum class Outcome : unsigned char { failed, no_memory, ok };
-  const auto write = [&] { return Write(platform, settings, root, store) ? Outcome::ok : Outcome::failed; };
-  const Outcome outcome = Guarded(write, Outcome::no_memory);
-  if (outcome == Outcome::no_memory) SayLine(platform.console, kNoMemory);
-  return outcome == Outcome::ok;
+  return DoOrSay(platform.console, kNoMemory, [&] { return Write(platform, settings, root, store); });
 }
 
 }  // namespace zaview

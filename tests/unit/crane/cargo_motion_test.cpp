@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "analysis/crane/ship_motion.h"
+
 namespace zaview {
 namespace {
 
@@ -294,6 +296,22 @@ TEST(CraneBoom, FollowsCommandsWithinItsLimits) {
   CraneAxis outside{2, 0, 0};
   FollowTarget({1, 0, -1, 0.5}, 0, 0.1, outside);
   EXPECT_NEAR(outside.value, 1.9, 1e-12);
+}
+
+TEST(ShipMotion, DerivativesOfAPolynomial) {  // of the fourth degree: exact, wherever the places are; of one place 0
+  const std::vector<double> x = {-1, -0.4, 0.1, 0.7, 2};
+  const auto f = [](double t) { return 3 - t + 2 * t * t - t * t * t + 0.5 * t * t * t * t; };
+  for (const double x0 : {-1.0, 0.1, 1.5}) {
+    const DerivativeWeights weights = WeightsAt(x0, x);
+    double first = 0, second = 0;
+    for (std::size_t k = 0; k < x.size(); ++k) {
+      first += weights.first[k] * f(x[k]);
+      second += weights.second[k] * f(x[k]);
+    }
+    EXPECT_NEAR(first, -1 + 4 * x0 - 3 * x0 * x0 + 2 * x0 * x0 * x0, 1e-11) << x0;
+    EXPECT_NEAR(second, 4 - 6 * x0 + 6 * x0 * x0, 1e-11) << x0;
+  }
+  EXPECT_EQ(WeightsAt(0, std::span(x).first(1)).first[0], 0);
 }
 
 TEST(CargoMotion, AnglesThereAndBack) {

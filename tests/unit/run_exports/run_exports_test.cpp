@@ -9,6 +9,7 @@
 #include "analysis/run_exports/netcdf_file.h"
 #include "analysis/run_exports/nndata.h"
 #include "analysis/run_exports/point_slams.h"
+#include "analysis/run_exports/run_vtk.h"
 #include "fake_platform.h"
 
 namespace zaview {
@@ -45,8 +46,7 @@ TEST(MovingMesh, OfSurfacesAndElements) {
   CaseStore store;
   store.ships.resize(1);
   store.ships[0].centre = {0.5, 0, 0};
-  MovingMesh mesh;
-  ASSERT_TRUE(MeshOfHull(store, hull, mesh));
+  const MovingMesh mesh = MeshOfHull(store, hull);
   ASSERT_EQ(mesh.nodes.size(), 15U);
   ASSERT_EQ(mesh.elements.size(), 5U);
   EXPECT_EQ(mesh.nodes[7][0], 0.5);
@@ -67,6 +67,10 @@ TEST(NetcdfFile, IsReadByAnotherProgram) {
   std::string bytes;
   ASSERT_EQ(EncodeNetcdf(table, bytes), NetcdfFault::none);
   EXPECT_EQ(bytes.substr(0, 4), std::string("CDF\2"));
+  NetcdfTable short_table = table;
+  short_table.rows = 4;
+  std::string none;
+  EXPECT_EQ(EncodeNetcdf(short_table, none), NetcdfFault::no_values);
   const std::string name = testing::TempDir() + "zaview_netcdf_test.nc", dump = "ncdump " + name + " 2>&1";
   std::ofstream(name, std::ios::binary) << bytes;
   std::string said;
@@ -81,11 +85,34 @@ TEST(NetcdfFile, IsReadByAnotherProgram) {
                            "bare = 0.5, 3, -7e+08 ;"})
     EXPECT_NE(said.find(part), std::string::npos) << part << "\n" << said;
   EXPECT_EQ(said.find("bare:units"), std::string::npos);
-  table.values = [](std::size_t, std::vector<float>& values) {
-    values.resize(2);
-    return true;
-  };
-  EXPECT_EQ(EncodeNetcdf(table, bytes), NetcdfFault::no_values);
+}
+
+// A file beside the run that can't be read: the reason is that of this one, not of the name as given.
+TEST(MovingMesh, TellsWhyItsFileIsNotOpened) {
+  FakePlatform fake;
+  fake.Put("/run/hull.hrl", "");
+  Platform platform = fake.Get();
+  static std::string asked;  // last
+  platform.files.open_read = [](void*, const std::string& name) { return asked = name, kNoFile; };
+  platform.files.why = [](void*) { return asked == "/run/hull.hrl" ? std::string("locked") : "no such file"; };
+  CaseStore store;
+  store.file_name = "/run/run.out";
+  MovingMesh mesh;
+  EXPECT_FALSE(ReadMovingMesh(platform, "HRL:hull.hrl", store, mesh));
+  EXPECT_EQ(fake.output, "ERROR opening geometry file: hull.hrl (locked)\n");
+}
+
+TEST(RunVtk, NamesAreTextsOfXml) {
+  FakePlatform fake;
+  CaseStore store;
+  store.motions_known = true;
+  store.last_read = store.last_step = 1;
+  store.time.component.assign(1, {0.0F});
+  store.pmgg.component.assign(6, {0.0F});
+  OutputSettings settings;
+  ASSERT_TRUE(WriteRunVtk(fake.Get(), settings, "/a&\"b<c", store)) << fake.output;
+  const std::string collection = fake.Bytes("/a&\"b<c.pvd");
+  EXPECT_NE(collection.find("file=\"a&amp;&quot;b&lt;c_sea_1.vts\""), std::string::npos) << collection;
 }
 
 TEST(NetworkInput, AnnouncedAndInOrder) {
