@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <limits>
 
 #include "base/grow.h"
@@ -13,6 +14,7 @@ namespace zaview {
 
 namespace {
 
+// In the order of RunEventKind.
 constexpr RunEventRow kRows[] = {
     {RunEventKind::slam, "SLAM", "Slam", 'S'},
     {RunEventKind::deck_wet, "DECK_WET", "Water on deck", 'W'},
@@ -21,6 +23,9 @@ constexpr RunEventRow kRows[] = {
     {RunEventKind::pitch_max, "PITCH_MAX", "Largest pitch", 'P'},
     {RunEventKind::pitch_min, "PITCH_MIN", "Smallest pitch", 'p'},
 };
+static_assert(std::all_of(std::begin(kRows), std::end(kRows), [](const RunEventRow& row) {
+  return &row - kRows == static_cast<std::ptrdiff_t>(row.kind);
+}));
 
 class Finder {
  public:
@@ -71,10 +76,6 @@ class Finder {
 };
 
 }  // namespace
-
-std::span<const RunEventRow> AllRunEvents() {
-  return kRows;
-}
 
 const RunEventRow& RowOf(RunEventKind kind) {
   return kRows[static_cast<std::size_t>(kind)];

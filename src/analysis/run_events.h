@@ -2,7 +2,6 @@
 // non-dimensional. Pure, but for DeckImmersion.
 #pragma once
 
-#include <array>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -20,7 +19,6 @@ struct RunEventRow {
   std::string_view name;
   char letter;  // on a bar
 };
-[[nodiscard]] std::span<const RunEventRow> AllRunEvents();  // by kind
 [[nodiscard]] const RunEventRow& RowOf(RunEventKind kind);
 [[nodiscard]] const RunEventRow* FindRunEvent(std::string_view word);  // in capitals; null: there is none
 

@@ -55,7 +55,7 @@ int RunForcedMotion(ScriptCall& call) {
   }
   const ForcedMotionWork work{call.session.platform, call.session.output, call.session.case_store};
   ForcedMotionResult result;
-  if (WriteForcedMotion(work, names[0], names[1], result) != ForcedMotionFault::none) return kScriptFailed;
+  if (!WriteForcedMotion(work, names[0], names[1], result)) return kScriptFailed;
   KeepResult(call.session.data_plot, ForcedMotionPlot(work, result));
   return kScriptOk;
 }

@@ -13,6 +13,10 @@ namespace {
 
 constexpr double kSameHeading = 1e-3;  // degrees
 
+bool IsFollowing(IrfKind kind) {
+  return IsDiffraction(kind) && kind != IrfKind::diffraction_head;
+}
+
 SixRecords ComponentsOf(const StepHistory& history) {
   SixRecords records;
   for (std::size_t i = 0; i < std::min(kModes, history.component.size()); ++i) records[i] = history.component[i];
@@ -101,10 +105,6 @@ IrfWork WorkOf(const IrfBlock& block) {
 int MotionOf(IrfKind kind) {
   if (kind < IrfKind::surge || kind > IrfKind::yaw) return 0;
   return static_cast<int>(kind) - static_cast<int>(IrfKind::surge) + 1;
-}
-
-bool IsFollowing(IrfKind kind) {
-  return IsDiffraction(kind) && kind != IrfKind::diffraction_head;
 }
 
 int BranchOf(IrfKind kind) {

@@ -15,8 +15,7 @@ inline constexpr std::array<std::string_view, kModes> kModeWords = {"surge", "sw
 enum class IrfWork : unsigned char { none, radiation, diffraction, matrices };
 [[nodiscard]] IrfWork WorkOf(const IrfBlock& block);  // none: steady, air cushion, an added mass block without matrices
 [[nodiscard]] int MotionOf(IrfKind kind);             // 1..6; 0: no radiation
-[[nodiscard]] bool IsFollowing(IrfKind kind);
-[[nodiscard]] int BranchOf(IrfKind kind);  // of a diffraction kind; 1 for head seas
+[[nodiscard]] int BranchOf(IrfKind kind);             // of a diffraction kind; 1 for head seas
 
 // Those that can be transformed, in the order of the file.
 [[nodiscard]] std::vector<const IrfBlock*> TransformableBlocks(const CaseStore& store);

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "analysis/do_or_say.h"
 #include "analysis/frequency_domain/frequency_plots.h"
-#include "base/grow.h"
 #include "base/message.h"
 
 namespace zaview {
@@ -55,22 +55,28 @@ void TakeBlock(const FrequencyWork& work, const IrfBlock& block, FrequencyResult
   }
 }
 
-bool MakeResults(const FrequencyWork& work, const IrfBlock* block, FrequencyResults& results) {
+void MakeResults(const FrequencyWork& work, const IrfBlock* block, FrequencyResults& results) {
   results = FrequencyResults{};
   if (block != nullptr) {
     TakeBlock(work, *block, results);
     const IndependentParts parts = PartsOf(work.store, block->ship);
     if (WorkOf(*block) == IrfWork::radiation && parts.read) results.matrices.push_back(parts);
-    return true;
-  }
-  if (work.store.tadm_case) {
+  } else if (work.store.tadm_case) {
     SayLine(work.platform.console, kTransformingRadiation);
     TakeRadiation(work, RadiationOf(work.store), work.store.ship, results);
     if (results.radiation[0].parts.read) results.matrices.push_back(results.radiation[0].parts);
-    return true;
+  } else {
+    for (const IrfBlock* each : TransformableBlocks(work.store)) TakeBlock(work, *each, results);
   }
-  for (const IrfBlock* each : TransformableBlocks(work.store)) TakeBlock(work, *each, results);
-  return true;
+}
+
+std::vector<ResponseRow> ResponsesAt(const ResponseModel& model, std::size_t heading, const std::vector<double>& w) {
+  std::vector<ResponseRow> rows;
+  for (const double each : w) {
+    ResponseRow row;
+    if (MotionResponse(model, model.headings[heading], each, row)) rows.push_back(row);
+  }
+  return rows;
 }
 
 // ---- The files of the whole case
@@ -132,9 +138,10 @@ bool WriteFiles(const FrequencyWork& work, std::vector<CaseFile>& files) {
 }  // namespace
 
 bool MakeFrequencyResults(const FrequencyWork& work, const IrfBlock* block, FrequencyResults& results) {
-  if (Guarded([&] { return MakeResults(work, block, results); }, false)) return true;
-  SayLine(work.platform.console, kNoMemory);
-  return false;
+  return DoOrSay(work.platform.console, kNoMemory, [&] {
+    MakeResults(work, block, results);
+    return true;
+  });
 }
 
 std::string CoefficientText(const FrequencyLooks& looks, CoefficientKind kind, const FrequencyResults& results) {
@@ -166,21 +173,9 @@ bool WriteCoefficientFiles(const FrequencyWork& work, std::string_view root, Res
     plot = CoefficientPlot(LooksOf(work.store, work.settings), results.radiation, results.excitation);
     return true;
   };
-  if (!Guarded(make, false)) {
-    SayLine(work.platform.console, kNoMemory);
-    return false;
-  }
+  if (!DoOrSay(work.platform.console, kNoMemory, make)) return false;
   if (files.empty()) SayLine(work.platform.console, kNothing);
   return !files.empty() && WriteFiles(work, files);
-}
-
-std::vector<ResponseRow> ResponsesAt(const ResponseModel& model, std::size_t heading, const std::vector<double>& w) {
-  std::vector<ResponseRow> rows;
-  for (const double each : w) {
-    ResponseRow row;
-    if (MotionResponse(model, model.headings[heading], each, row)) rows.push_back(row);
-  }
-  return rows;
 }
 
 DataFault WriteResponses(const FrequencyWork& work, std::size_t heading, const std::vector<double>& w_out,

@@ -41,12 +41,9 @@ struct FrequencyResults {
 // none. plot: their picture. False: it was said why.
 [[nodiscard]] bool WriteCoefficientFiles(const FrequencyWork& work, std::string_view root, ResultPlot& plot);
 
-// Responses at wave frequencies, rad per output time, of one heading of the model; transforms, which is said. out is
-// open. plot: their picture.
+// Responses at wave frequencies, rad per output time, of one heading of the model (from 0); those that no block was
+// read for are left out. Transforms, which is said. out is open. plot: their picture.
 [[nodiscard]] DataFault WriteResponses(const FrequencyWork& work, std::size_t heading, const std::vector<double>& w_out,
                                        OutputFile& out, ResultPlot& plot);
-// The same as numbers.
-[[nodiscard]] std::vector<ResponseRow> ResponsesAt(const ResponseModel& model, std::size_t heading,
-                                                   const std::vector<double>& w);
 
 }  // namespace zaview

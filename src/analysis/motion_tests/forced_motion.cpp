@@ -7,7 +7,7 @@
 #include <iterator>
 #include <span>
 
-#include "base/data_fault.h"
+#include "analysis/do_or_say.h"
 #include "base/message.h"
 #include "base/table_text.h"
 #include "case/derived_arrays.h"
@@ -66,17 +66,18 @@ FittedMode RecordOf(const CaseStore& c, int mode, const std::vector<int>& steps)
   return fitted;
 }
 
-DataFault Fit(const ForcedMotionWork& work, ForcedMotionResult& result) {
+// False: told.
+bool Fit(const ForcedMotionWork& work, ForcedMotionResult& result) {
   CaseStore& c = work.store;
   const Console& console = work.platform.console;
   result = ForcedMotionResult{};
   if (c.control.seaway.ISEA > 0)
     for (const std::string_view line : kSeaway) SayLine(console, line);
   const std::vector<int> modes = ForcedModes(c.control);
-  if (!SayFit(console, modes)) return DataFault::said;
+  if (!SayFit(console, modes)) return false;
   if (!EnsureDerived(c, Derived::vmgshp) || !EnsureDerived(c, Derived::force_ship)) {
     SayLine(console, kNoMemory);
-    return DataFault::said;
+    return false;
   }
   const std::vector<int> steps =  // none of them: singular
       StepsOf(c, {c.first_step + std::max(c.skip_effective, 0), c.last_step - work.settings.reading.skip_terminal, 1});
@@ -87,11 +88,11 @@ DataFault Fit(const ForcedMotionWork& work, ForcedMotionResult& result) {
     Trace(console, "Gauss returned {}", solved ? 0 : 1);
     if (!solved) {
       SayLine(console, kNoFit);
-      return DataFault::said;
+      return false;
     }
     result.modes.push_back(fitted);
   }
-  return DataFault::none;
+  return true;
 }
 
 // ---- The report
@@ -237,39 +238,30 @@ void SayWritten(const Console& console, const Targets& targets) {
   Say(console, "Writing coef debug data to {} and {}", targets[2].name, targets[3].name);
 }
 
-DataFault WriteAll(const ForcedMotionWork& work, Targets& targets, ForcedMotionResult& result) {
-  if (const DataFault fault = Fit(work, result); fault != DataFault::none) return fault;
+bool WriteAll(const ForcedMotionWork& work, Targets& targets, ForcedMotionResult& result) {
+  if (!Fit(work, result)) return false;
   WriteOutput(targets[0].out, ReportOf(work, result));
   WriteOutput(targets[1].out, ForcesOf(work, result));
   WriteOutput(targets[2].out, TermTable(work, result, &Terms::mass));
   WriteOutput(targets[3].out, TermTable(work, result, &Terms::damping));
-  return DataFault::none;
-}
-
-ForcedMotionFault FaultOf(DataFault fault) {
-  return fault == DataFault::none ? ForcedMotionFault::none : ForcedMotionFault::said;
+  return true;
 }
 
 }  // namespace
 
-ForcedMotionFault FitForcedMotion(const ForcedMotionWork& work, ForcedMotionResult& result) {
-  return FaultOf(MakeOrSay(work.platform.console, kNoMemory, [&] { return Fit(work, result); }));
-}
-
-ForcedMotionFault WriteForcedMotion(const ForcedMotionWork& work, std::string_view coefficients,
-                                    std::string_view forces, ForcedMotionResult& result) {
+bool WriteForcedMotion(const ForcedMotionWork& work, std::string_view coefficients, std::string_view forces,
+                       ForcedMotionResult& result) {
   const Console& console = work.platform.console;
   Targets targets{Target{std::string(coefficients)}, Target{std::string(forces)}, Target{std::string(kAddedMassTerms)},
                   Target{std::string(kDampingTerms)}};
-  if (!Open(work.platform, targets)) return ForcedMotionFault::said;
-  const DataFault fault = MakeOrSay(console, kNoMemory, [&] { return WriteAll(work, targets, result); });
-  if (fault != DataFault::none) {
+  if (!Open(work.platform, targets)) return false;
+  if (!DoOrSay(console, kNoMemory, [&] { return WriteAll(work, targets, result); })) {
     Discard(targets);
-    return ForcedMotionFault::said;
+    return false;
   }
-  if (!Close(console, targets)) return ForcedMotionFault::said;
+  if (!Close(console, targets)) return false;
   SayWritten(console, targets);
-  return ForcedMotionFault::none;
+  return true;
 }
 
 ResultPlot ForcedMotionPlot(const ForcedMotionWork& work, const ForcedMotionResult& result) {

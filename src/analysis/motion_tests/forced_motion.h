@@ -25,22 +25,17 @@ struct ForcedMotionResult {
   std::vector<FittedMode> modes;
 };
 
-enum class ForcedMotionFault : unsigned char { none, said };
-
 struct ForcedMotionWork {
   const Platform& platform;
   const OutputSettings& settings;
   CaseStore& store;
 };
 
-// Steps first_step + skip .. last_step - terminal skip. Says what is fitted, and why nothing is: motions that are
-// forced in other modes than heave and pitch, or too few steps.
-[[nodiscard]] ForcedMotionFault FitForcedMotion(const ForcedMotionWork& work, ForcedMotionResult& result);
-
-// The coefficients, the histories of the force, and its terms to adm.dbg and dmp.dbg: all four, or none. Blank names:
-// the console.
-[[nodiscard]] ForcedMotionFault WriteForcedMotion(const ForcedMotionWork& work, std::string_view coefficients,
-                                                  std::string_view forces, ForcedMotionResult& result);
+// Fits the force over the steps first_step + skip .. last_step - terminal skip, and writes the coefficients, the
+// histories of the force, and its terms to adm.dbg and dmp.dbg: all four, or none. Blank names: the console. False:
+// told (the motions are forced in other modes than heave and pitch, there are too few steps, a file can't be had).
+[[nodiscard]] bool WriteForcedMotion(const ForcedMotionWork& work, std::string_view coefficients,
+                                     std::string_view forces, ForcedMotionResult& result);
 
 // Force and fit, a panel a mode; output units and signs.
 [[nodiscard]] ResultPlot ForcedMotionPlot(const ForcedMotionWork& work, const ForcedMotionResult& result);

@@ -86,7 +86,7 @@ bool EstimateInertia(const RollDecayWork& work, RollDecayResult& result) {
   const Console& console = work.platform.console;
   const UprightAttitude mean{Mean(InUse(c, c.pmgg, kHeave)), Mean(InUse(c, c.pmgg, kPitch))};
   double GM = 0;
-  if (!EnsureHull(work.platform, work.store) || !TransverseGM(c, mean, GM)) {
+  if (!EnsureHull(work.platform, work.store) || !GMTAtDraft(c, mean, GM)) {
     SayLine(console, kNoBuoyancy);
     return false;
   }
@@ -200,15 +200,11 @@ bool IsRollDecay(const CaseStore& store) {
   return store.pmgg.at(kRoll, store.first_step) != 0 || store.pmgg.at(kRoll, second) != 0;
 }
 
-DataFault FindRollDecay(const RollDecayWork& work, bool bias, RollDecayResult& result) {
-  return MakeOrSay(work.platform.console, kNoMemory, [&] { return FindCycles(work, bias, result); });
-}
-
 DataFault WriteRollDecay(const RollDecayWork& work, bool bias, OutputFile& out, RollDecayResult& result) {
-  if (const DataFault fault = FindRollDecay(work, bias, result); fault != DataFault::none) return fault;
   return MakeOrSay(work.platform.console, kNoMemory, [&] {
-    WriteOutput(out, (out.had_text ? "\n" : "") + ReportOf(work, result));
-    return DataFault::none;
+    const DataFault fault = FindCycles(work, bias, result);
+    if (fault == DataFault::none) WriteOutput(out, (out.had_text ? "\n" : "") + ReportOf(work, result));
+    return fault;
   });
 }
 

@@ -39,11 +39,8 @@ struct RollDecayWork {
   CaseStore& store;
 };
 
-// The hull is read if it wasn't. said: too few peaks, or memory is out; an estimate that can't be made is left out,
-// which is said too.
-[[nodiscard]] DataFault FindRollDecay(const RollDecayWork& work, bool bias, RollDecayResult& result);
-
-// The table and the report behind it. Angles in degrees, always in ZAVO axes.
+// The table and the report behind it. Angles in degrees, always in ZAVO axes. The hull is read if it wasn't. said: too
+// few peaks, or memory is out; an estimate of the added mass that can't be made is left out, which is said too.
 [[nodiscard]] DataFault WriteRollDecay(const RollDecayWork& work, bool bias, OutputFile& out, RollDecayResult& result);
 
 // The two lines that are said of a file that was written, but for its name.

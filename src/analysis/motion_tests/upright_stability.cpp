@@ -33,7 +33,7 @@ bool FindGM(const CaseStore& store, const UprightAttitude& attitude, double& GM)
 
 }  // namespace
 
-bool TransverseGM(const CaseStore& store, const UprightAttitude& attitude, double& GM) {
+bool GMTAtDraft(const CaseStore& store, const UprightAttitude& attitude, double& GM) {
   return Guarded([&] { return FindGM(store, attitude, GM); }, false);
 }
 

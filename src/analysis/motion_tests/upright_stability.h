@@ -12,6 +12,6 @@ struct UprightAttitude {
 
 // GM = (Ixx - Sy^2/Awp)/V + zB - zG, non-dimensional; volume and waterplane of the closed hull in use. False: there is
 // no hull, nothing of it is under water, or memory is out.
-[[nodiscard]] bool TransverseGM(const CaseStore& store, const UprightAttitude& attitude, double& GM);
+[[nodiscard]] bool GMTAtDraft(const CaseStore& store, const UprightAttitude& attitude, double& GM);
 
 }  // namespace zaview

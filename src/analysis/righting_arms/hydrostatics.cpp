@@ -179,12 +179,4 @@ HydrostaticFault EvalHydrostatics(const HydrostaticBody& body, const WaterSurfac
   return HydrostaticForce(water, icalc, work, out);
 }
 
-HydrostaticFault GMTAtDraft(const HydrostaticBody& body, double z_cg, double pitch, Hydrostatics& out) {
-  HydrostaticWork work;
-  Attitude attitude;
-  attitude.cg[2] = z_cg;
-  attitude.pitch = pitch;
-  return EvalHydrostatics(body, WaterSurface{}, attitude, kAllHydrostatics, work, out);
-}
-
 }  // namespace zaview

@@ -77,7 +77,4 @@ enum HydrostaticMode : int { kForceOnly = 1, kForceAndSlopes = 2, kAllHydrostati
                                                 const Attitude& attitude, int icalc, HydrostaticWork& work,
                                                 Hydrostatics& out);
 
-// In calm water, upright, the centre of gravity at height z_cg: everything, GMT being out.GM_volume.
-[[nodiscard]] HydrostaticFault GMTAtDraft(const HydrostaticBody& body, double z_cg, double pitch, Hydrostatics& out);
-
 }  // namespace zaview

@@ -57,6 +57,13 @@ struct ArmCurve {
   std::vector<ArmNote> notes;
 };
 
+// From the most negative angle to the most positive, the upright ship once.
+template <typename Visit>
+void VisitRows(const ArmCurve& curve, Visit visit) {
+  for (std::size_t i = curve.side[1].size(); i-- > 1;) visit(curve.side[1][i]);
+  for (const ArmRow& row : curve.side[0]) visit(row);
+}
+
 // The ship stands as `attitude` tells; an angle a adds to its roll (pitch), sinkage and, in mode 2, pitch (roll) are
 // corrected until the force is that of angle 0, or `still`, to 1e-5, and the moment about the second axis to 1e-5 L F,
 // L the length of the body: at most 40 corrections by the slopes of the waterplane, none above L/100 or 0.01. X and Y

@@ -103,13 +103,6 @@ void AppendStepLine(std::string& text, const RightingArmStep& step) {
   text += '\n';
 }
 
-// From the most negative angle to the most positive, the upright ship once.
-template <typename Visit>
-void VisitRows(const ArmCurve& curve, Visit visit) {
-  for (std::size_t i = curve.side[1].size(); i-- > 1;) visit(curve.side[1][i]);
-  for (const ArmRow& row : curve.side[0]) visit(row);
-}
-
 void AppendCurve(std::string& text, const ArmTables& tables, const RightingArmStep& step) {
   AppendStepLine(text, step);
   const std::string_view head = TextsOf(tables).curve_head;

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "base/grow.h"
+#include "analysis/do_or_say.h"
 #include "base/message.h"
 #include "case/ship_pose.h"
 #include "case/size_history.h"
@@ -345,16 +345,8 @@ void DiscardRightingArmFiles(RightingArmOutputs& outputs) {
 
 ArmsAnswer GZCurves(const Platform& platform, const OutputSettings& settings, const RightingArmRequest& request,
                     CaseStore& case_store, RightingArmOutputs& outputs, RightingArms& result) {
-  bool out_of_memory = true;
-  const bool good = Guarded(
-      [&] {
-        const bool done = Conduct(platform, settings, request, case_store, outputs, result);
-        out_of_memory = false;
-        return done;
-      },
-      false);
-  if (out_of_memory) SayLine(platform.console, kNoMemory);
-  if (!good) {
+  const auto conduct = [&] { return Conduct(platform, settings, request, case_store, outputs, result); };
+  if (!DoOrSay(platform.console, kNoMemory, conduct)) {
     DiscardRightingArmFiles(outputs);
     return ArmsAnswer::failed;
   }

@@ -16,12 +16,10 @@ constexpr PlotTexts kTexts[] = {{"Righting arms (GZ)", "Heel (degrees)", "GZ", "
 ResultCurve CurveOf(const RightingArmStep& step, double LENOUT) {
   ResultCurve curve;
   curve.name = fmt::format("step {} t={}", step.step, Shown{step.time});
-  const auto add = [&](const ArmRow& row) {
+  VisitRows(step.curve, [&](const ArmRow& row) {
     curve.x.push_back(static_cast<float>(row.angle_deg));
     curve.y.push_back(static_cast<float>(row.arm * LENOUT));
-  };
-  for (std::size_t i = step.curve.side[1].size(); i-- > 1;) add(step.curve.side[1][i]);
-  for (const ArmRow& row : step.curve.side[0]) add(row);
+  });
   return curve;
 }
 

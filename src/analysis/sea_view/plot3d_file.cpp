@@ -1,5 +1,6 @@
 #include "analysis/sea_view/plot3d_file.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <string>

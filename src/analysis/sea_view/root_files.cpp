@@ -39,7 +39,6 @@ bool CloseRootFiles(const Console& console, RootFiles& files) {
   for (std::size_t i = 0; i < files.out.size(); ++i) {
     if (CloseOutput(files.out[i])) continue;
     Say(console, kWriteFault, files.out[i].name);
-    files.out.erase(files.out.begin(), files.out.begin() + static_cast<std::ptrdiff_t>(i + 1));
     DiscardRootFiles(files);
     return false;
   }

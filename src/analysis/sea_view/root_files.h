@@ -25,7 +25,7 @@ struct RootFiles {
 // root blank: the case's base name. False: one can't be opened, which is said; nothing is left of the others.
 [[nodiscard]] bool OpenRootFiles(const Platform& platform, const CaseStore& case_store, std::string_view root,
                                  std::span<const RootFile> rows, RootFiles& files);
-// False: one could not be written, which is said.
+// False: one could not be written, which is said; those behind it stay as they were.
 [[nodiscard]] bool CloseRootFiles(const Console& console, RootFiles& files);
 void DiscardRootFiles(RootFiles& files);
 

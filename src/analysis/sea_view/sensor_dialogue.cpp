@@ -32,7 +32,6 @@ constexpr MenuItem kItems[] = {{" 0 - Return to Main Menu"},
 constexpr int kSetSensor = 1, kSetLimits = 2;
 
 constexpr std::string_view kNotSet = "Sensor parameters have not been set";
-constexpr std::string_view kNoRadius = "Earth radius cannot be inferred from GRAVIN - it will need to be specified";
 constexpr std::string_view kAborted = "Option aborted ...";
 constexpr std::string_view kPosition = "Enter sensor position in the INPUT coordinate system";
 constexpr std::string_view kLookdown =

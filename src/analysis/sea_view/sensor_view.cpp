@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <numbers>
 
+#include "analysis/do_or_say.h"
 #include "analysis/sea_view/root_files.h"
 #include "analysis/sea_view/sensor_tables.h"
 #include "base/grow.h"
@@ -23,8 +23,7 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kRadiusSet = "Earth radius set to {} based on GRAVIN= {}";
-constexpr std::string_view kNoRadius[] = {"Earth radius cannot be inferred from GRAVIN - it will need to be specified",
-                                          "ERROR in sensor view calculation - cannot set earth radius based on GRAVIN"};
+constexpr std::string_view kRadiusNotSet = "ERROR in sensor view calculation - cannot set earth radius based on GRAVIN";
 constexpr std::string_view kNoMemory = "ERROR allocate sensor view arrays";
 constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr std::string_view kInterrupted = "Sensor view interrupted at time step {}";
@@ -58,7 +57,8 @@ bool SetLimits(const Console& console, const SensorSettings& limits, SensorWork&
   EarthRadius earth{static_cast<double>(limits.earth_radius), {}};
   if (!(earth.radius > 0)) {
     if (!EarthRadiusOf(work.store, earth)) {
-      for (const std::string_view line : kNoRadius) SayLine(console, line);
+      SayLine(console, kNoRadius);
+      SayLine(console, kRadiusNotSet);
       return false;
     }
     Say(console, kRadiusSet, earth.words, Shown{static_cast<float>(control.GRAVIN)});
@@ -171,9 +171,8 @@ void Keep(const SensorTables& tables, const SightStep& sight, SensorViewResult& 
 
 // ---- All of them
 
-enum class StepsEnd : std::uint8_t { written, no_memory, interrupted };
-
-StepsEnd WriteSteps(const Platform& platform, const SensorWork& work, RootFiles& files, SensorViewResult& result) {
+// False (told): memory is out, or interrupted.
+bool WriteSteps(const Platform& platform, const SensorWork& work, RootFiles& files, SensorViewResult& result) {
   const SensorTables tables{work.settings, work.store, work.request,
                             static_cast<double>(work.settings.units.LENOUT) / work.store.control.LENIN};
   const std::span<const SensorFile> rows = SensorFilesOf(work.request.mode);
@@ -186,12 +185,13 @@ StepsEnd WriteSteps(const Platform& platform, const SensorWork& work, RootFiles&
   const std::size_t count = steps.size();
   const std::size_t at_once =
       std::max<std::size_t>(1, kTasksAtOnce / std::max<std::size_t>(1, tables.request.azimuths.size()));
-  StepsEnd end = StepsEnd::written;
-  for (std::size_t first = 0; first < count && end == StepsEnd::written; first += at_once) {
+  bool good = true;
+  for (std::size_t first = 0; first < count && good; first += at_once) {
     std::vector<SightStep> sights(std::min(at_once, count - first));
     sights.front().is_first = first == 0;
-    if (!LookAtSteps(work, std::span(steps).subspan(first), sights)) end = StepsEnd::no_memory;
-    for (std::size_t i = 0; i < sights.size() && end == StepsEnd::written; ++i) {
+    good = LookAtSteps(work, std::span(steps).subspan(first), sights);
+    if (!good) SayLine(platform.console, kNoMemory);
+    for (std::size_t i = 0; i < sights.size() && good; ++i) {
       Keep(tables, sights[i], result);
       for (std::size_t f = 0; f < rows.size(); ++f) {
         rows[f].append_step(tables, sights[i], texts[f]);
@@ -199,13 +199,13 @@ StepsEnd WriteSteps(const Platform& platform, const SensorWork& work, RootFiles&
       }
     }
     ShowProgress(progress, static_cast<double>(first + sights.size()) / static_cast<double>(count));
-    if (end != StepsEnd::written || !TakeInterrupt(platform.console)) continue;
-    Say(platform.console, kInterrupted, steps[first]);
-    end = StepsEnd::interrupted;
+    if (!good || !TakeInterrupt(platform.console)) continue;
+    Say(platform.console, kInterrupted, steps[first + sights.size() - 1]);
+    good = false;
   }
   EndProgress(progress);
   for (std::size_t f = 0; f < rows.size(); ++f) WriteOutput(files.out[f], texts[f]);
-  return end;
+  return good;
 }
 
 // False (told): there is no sea to look over.
@@ -257,9 +257,8 @@ bool WriteSensorView(const Platform& platform, const OutputSettings& settings, c
   for (const SensorFile& row : SensorFilesOf(request.mode)) rows.push_back(row.file);
   RootFiles files;
   if (!OpenRootFiles(platform, case_store, root, rows, files)) return false;
-  const StepsEnd end = Guarded([&] { return WriteSteps(platform, work, files, result); }, StepsEnd::no_memory);
-  if (end == StepsEnd::written) return CloseRootFiles(console, files);
-  if (end == StepsEnd::no_memory) SayLine(console, kNoMemory);
+  if (DoOrSay(console, kNoMemory, [&] { return WriteSteps(platform, work, files, result); }))
+    return CloseRootFiles(console, files);
   DiscardRootFiles(files);
   return false;
 }

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <span>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "analysis/result_plot.h"
@@ -42,7 +42,9 @@ struct SensorViewResult {  // as the files show it; of what is long the last ste
 inline constexpr int kMostScanned = 100'000;                 // azimuths, distances
 inline constexpr std::size_t kMostSightPoints = 20'000'000;  // both together
 
-// The radius of the earth in input lengths, by the gravity of the case. False: it can't be told.
+// The radius of the earth in input lengths, by the gravity of the case. False: it can't be told (kNoRadius).
+inline constexpr std::string_view kNoRadius =
+    "Earth radius cannot be inferred from GRAVIN - it will need to be specified";
 struct EarthRadius {
   double radius = 0;
   std::string_view words;  // "6.371e6 meters"

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <numbers>
 
+#include "analysis/do_or_say.h"
 #include "analysis/sea_view/root_files.h"
 #include "base/grow.h"
 #include "base/message.h"
@@ -56,6 +57,55 @@ Seaway Redefined(const Seaway& seaway, PhaseDefinition definition) {
   for (float& phase : redefined.waves.PHASEW)
     phase = static_cast<float>(InDefinition(static_cast<double>(phase), definition));
   return redefined;
+}
+
+std::array<float, std::size(kMotionNames)> MotionRow(const OutputSettings& settings, const CaseStore& c,
+                                                     const ShiftOrigin& origin, int step, float eta) {
+  const auto L = static_cast<double>(settings.units.LENOUT);
+  const auto g = static_cast<double>(settings.units.GRAVOUT);
+  const double speed = std::sqrt(g * L);
+  const auto at = [step](const StepHistory& history, int i) { return static_cast<double>(history.at(i, step)); };
+  const double values[] = {(at(c.time, 1) - origin.time) * static_cast<double>(settings.units.scales.T),
+                           (at(c.pmgg, 1) - origin.x) * L,
+                           (at(c.pmgg, 2) - origin.y) * L,
+                           at(c.pmgg, 3) * L,
+                           at(c.pmgg, 4) / kRadians,
+                           at(c.pmgg, 5) / kRadians,
+                           at(c.pmgg, 6) / kRadians,
+                           at(c.vmgg, 3) * speed,
+                           at(c.vmgg, 5) * (speed / L) / kRadians,
+                           at(c.accg, 3) * g,
+                           at(c.accg, 5) * (g / L) / kRadians,
+                           at(c.eta_cg, 1) * L,
+                           static_cast<double>(eta) * L};
+  std::array<float, std::size(kMotionNames)> cells{};
+  std::transform(std::begin(values), std::end(values), cells.begin(),
+                 [](double value) { return static_cast<float>(value); });
+  return cells;
+}
+
+bool MakeMotions(const Console& console, const OutputSettings& settings, const ShiftedWaves& waves, CaseStore& c,
+                 std::string& text) {
+  const std::vector<float> x(StepsInStore(c), static_cast<float>(waves.origin.x));
+  const std::vector<float> y(StepsInStore(c), static_cast<float>(waves.origin.y));
+  std::vector<float> eta(StepsInStore(c));
+  WaveAnswer answer = IncidentWaveAtCG(console, c);
+  if (answer == WaveAnswer::ok) answer = WaveAlong(console, c, x, y, eta);
+  const bool derived = EnsureDerived(c, Derived::vmgg) && EnsureDerived(c, Derived::accg);
+  if (answer == WaveAnswer::no_memory || !derived) SayLine(console, kNoMemory);
+  if (answer != WaveAnswer::ok || !derived) return false;
+
+  const TableLayout layout{settings.writing.separator, {}};
+  const std::vector<std::string> names(std::begin(kMotionNames), std::end(kMotionNames));
+  text.clear();
+  if (layout.separator == Separator::space) text.append(kMotionHead).append("\n");
+  else AppendHeading(text, layout, names);
+  for (int step = waves.origin.step; step <= c.last_step; ++step) {
+    if (InGap(c, step)) continue;
+    const auto s = static_cast<std::size_t>(step - c.first_read);
+    AppendRow(text, layout, MotionRow(settings, c, waves.origin, step, eta[s]));
+  }
+  return true;
 }
 
 }  // namespace
@@ -134,66 +184,9 @@ std::string ComponentTable(const OutputSettings& settings, const CaseStore& case
   return text;
 }
 
-namespace {
-
-std::array<float, std::size(kMotionNames)> MotionRow(const OutputSettings& settings, const CaseStore& c,
-                                                     const ShiftOrigin& origin, int step, float eta) {
-  const auto L = static_cast<double>(settings.units.LENOUT);
-  const auto g = static_cast<double>(settings.units.GRAVOUT);
-  const double speed = std::sqrt(g * L);
-  const auto at = [step](const StepHistory& history, int i) { return static_cast<double>(history.at(i, step)); };
-  const double values[] = {(at(c.time, 1) - origin.time) * static_cast<double>(settings.units.scales.T),
-                           (at(c.pmgg, 1) - origin.x) * L,
-                           (at(c.pmgg, 2) - origin.y) * L,
-                           at(c.pmgg, 3) * L,
-                           at(c.pmgg, 4) / kRadians,
-                           at(c.pmgg, 5) / kRadians,
-                           at(c.pmgg, 6) / kRadians,
-                           at(c.vmgg, 3) * speed,
-                           at(c.vmgg, 5) * (speed / L) / kRadians,
-                           at(c.accg, 3) * g,
-                           at(c.accg, 5) * (g / L) / kRadians,
-                           at(c.eta_cg, 1) * L,
-                           static_cast<double>(eta) * L};
-  std::array<float, std::size(kMotionNames)> cells{};
-  std::transform(std::begin(values), std::end(values), cells.begin(),
-                 [](double value) { return static_cast<float>(value); });
-  return cells;
-}
-
-bool MakeMotions(const Console& console, const OutputSettings& settings, const ShiftedWaves& waves, CaseStore& c,
-                 std::string& text) {
-  const std::vector<float> x(StepsInStore(c), static_cast<float>(waves.origin.x));
-  const std::vector<float> y(StepsInStore(c), static_cast<float>(waves.origin.y));
-  std::vector<float> eta(StepsInStore(c));
-  WaveAnswer answer = IncidentWaveAtCG(console, c);
-  if (answer == WaveAnswer::ok) answer = WaveAlong(console, c, x, y, eta);
-  const bool derived = EnsureDerived(c, Derived::vmgg) && EnsureDerived(c, Derived::accg);
-  if (answer == WaveAnswer::no_memory || !derived) SayLine(console, kNoMemory);
-  if (answer != WaveAnswer::ok || !derived) return false;
-
-  const TableLayout layout{settings.writing.separator, {}};
-  const std::vector<std::string> names(std::begin(kMotionNames), std::end(kMotionNames));
-  text.clear();
-  if (layout.separator == Separator::space) text.append(kMotionHead).append("\n");
-  else AppendHeading(text, layout, names);
-  for (int step = waves.origin.step; step <= c.last_step; ++step) {
-    if (InGap(c, step)) continue;
-    const auto s = static_cast<std::size_t>(step - c.first_read);
-    AppendRow(text, layout, MotionRow(settings, c, waves.origin, step, eta[s]));
-  }
-  return true;
-}
-
-}  // namespace
-
 bool ShiftedMotions(const Console& console, const OutputSettings& settings, const ShiftedWaves& waves,
                     CaseStore& case_store, std::string& text) {
-  enum class Made : unsigned char { yes, no, no_memory };
-  const Made made = Guarded(
-      [&] { return MakeMotions(console, settings, waves, case_store, text) ? Made::yes : Made::no; }, Made::no_memory);
-  if (made == Made::no_memory) SayLine(console, kNoMemory);
-  return made == Made::yes;
+  return DoOrSay(console, kNoMemory, [&] { return MakeMotions(console, settings, waves, case_store, text); });
 }
 
 bool WriteShiftedWaves(const Platform& platform, const OutputSettings& settings, int step, std::string_view root,

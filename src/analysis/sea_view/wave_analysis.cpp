@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <limits>
 
+#include "analysis/do_or_say.h"
 #include "analysis/sea_view/root_files.h"
-#include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/side_by_side.h"
@@ -229,7 +229,7 @@ bool WriteSteps(const Platform& platform, const LineWork& work, RootFiles& files
     }
     ShowProgress(progress, static_cast<double>(first + lines.size()) / static_cast<double>(count));
     if (!TakeInterrupt(platform.console)) continue;
-    Say(platform.console, kInterrupted, work.steps[first]);
+    Say(platform.console, kInterrupted, work.steps[first + lines.size() - 1]);
     good = false;
   }
   EndProgress(progress);
@@ -253,6 +253,22 @@ bool TakesWaves(const Console& console, const IncidentWave& wave) {
     return true;
   }
   return false;
+}
+
+// ---- The picture
+
+constexpr float kFarOut = 5.0F;  // times the median: where the local wave number goes through 0 there is no celerity
+
+// The curve without what would leave no room for the rest of it.
+ResultCurve WithoutSpikes(std::string_view name, const std::vector<float>& time, const std::vector<float>& celerity) {
+  std::vector<float> magnitudes;
+  for (const float c : celerity) magnitudes.push_back(std::abs(c));
+  const auto middle = magnitudes.begin() + static_cast<std::ptrdiff_t>(magnitudes.size() / 2);
+  std::nth_element(magnitudes.begin(), middle, magnitudes.end());
+  ResultCurve curve{std::string(name), time, celerity};
+  for (float& c : curve.y)
+    if (std::abs(c) > kFarOut * *middle) c = std::numeric_limits<float>::quiet_NaN();
+  return curve;
 }
 
 }  // namespace
@@ -284,36 +300,14 @@ bool WriteWaveAnalysis(const Platform& platform, const OutputSettings& settings,
   RootFiles files;
   if (!OpenRootFiles(platform, case_store, root, kFiles, files)) return false;
   result = {};
-  bool out_of_memory = true;
   const auto write = [&] {
     const LineWork work{settings, StepsOf(case_store, steps), case_store, PointsOfLine(case_store)};
-    const bool written = WriteSteps(platform, work, files, result);
-    out_of_memory = false;
-    return written;
+    return WriteSteps(platform, work, files, result);
   };
-  if (Guarded(write, false)) return CloseRootFiles(console, files);
-  if (out_of_memory) SayLine(console, kNoMemory);
+  if (DoOrSay(console, kNoMemory, write)) return CloseRootFiles(console, files);
   DiscardRootFiles(files);
   return false;
 }
-
-namespace {
-
-constexpr float kFarOut = 5.0F;  // times the median: where the local wave number goes through 0 there is no celerity
-
-// The curve without what would leave no room for the rest of it.
-ResultCurve WithoutSpikes(std::string_view name, const std::vector<float>& time, const std::vector<float>& celerity) {
-  std::vector<float> magnitudes;
-  for (const float c : celerity) magnitudes.push_back(std::abs(c));
-  const auto middle = magnitudes.begin() + static_cast<std::ptrdiff_t>(magnitudes.size() / 2);
-  std::nth_element(magnitudes.begin(), middle, magnitudes.end());
-  ResultCurve curve{std::string(name), time, celerity};
-  for (float& c : curve.y)
-    if (std::abs(c) > kFarOut * *middle) c = std::numeric_limits<float>::quiet_NaN();
-  return curve;
-}
-
-}  // namespace
 
 ResultPlot WaveAnalysisPlot(const WaveAnalysisResult& result) {
   ResultPlot plot{.title = "Waves along the ship", .panels = {}};

@@ -13,8 +13,8 @@
 
 namespace zaview {
 
-inline constexpr int kWaveAnalysisOptions =
-    4;  // the wave options of righting arms, 0 to 3: they have the same elevations
+// The wave options of righting arms, 0 to 3: they have the same elevations.
+inline constexpr int kWaveAnalysisOptions = 4;
 
 struct WaveFeature {  // on the line
   bool there = false;

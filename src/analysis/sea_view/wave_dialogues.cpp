@@ -4,9 +4,9 @@
 #include <functional>
 #include <string>
 
+#include "analysis/do_or_say.h"
 #include "analysis/sea_view/shifted_waves.h"
 #include "analysis/sea_view/wave_field.h"
-#include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
@@ -111,13 +111,10 @@ Answer AskShiftedFiles(const Platform& platform, const OutputSettings& settings,
   });
   if (answer != Answer::ok) return answer;
   answer = AskOneFile(platform, kComponentFile, kWritingComponents, [&](std::string& text) {
-    const auto make = [&] {
+    return DoOrSay(console, kNoMemory, [&] {
       text = ComponentTable(settings, c, waves, definition);
       return true;
-    };
-    if (Guarded(make, false)) return true;
-    SayLine(console, kNoMemory);
-    return false;
+    });
   });
   if (answer != Answer::ok) return answer;
   SayAll(console, kAboutMotions);
@@ -170,26 +167,7 @@ Answer AskFlowField(const Platform& platform, const OutputSettings& settings, Ca
   return answer;
 }
 
-}  // namespace
-
-void AskWaveField(const Platform& platform, const OutputSettings& settings, CaseStore& case_store) {
-  const Console& console = platform.console;
-  for (;;) {
-    SayLine(console, "");
-    SayLine(console, kTitle);
-    SayAll(console, kAbout);
-    int item = 0;
-    if (select_option(console, "Wave field Output Options:", "Select =>", kItems, -1, item) != Answer::ok || item == 0)
-      return;
-    const Answer answer =
-        item == 1 ? AskShiftedWaves(platform, settings, case_store) : AskFlowField(platform, settings, case_store);
-    if (answer != Answer::ok) return SayLine(console, kAborted);
-  }
-}
-
 // ---- Wave analysis
-
-namespace {
 
 constexpr std::string_view kAnalysisSteps =
     "Enter the starting, ending, and incremental time step(s) for\n"
@@ -208,6 +186,21 @@ Answer AskWaveOption(const Console& console) {
 }
 
 }  // namespace
+
+void AskWaveField(const Platform& platform, const OutputSettings& settings, CaseStore& case_store) {
+  const Console& console = platform.console;
+  for (;;) {
+    SayLine(console, "");
+    SayLine(console, kTitle);
+    SayAll(console, kAbout);
+    int item = 0;
+    if (select_option(console, "Wave field Output Options:", "Select =>", kItems, -1, item) != Answer::ok || item == 0)
+      return;
+    const Answer answer =
+        item == 1 ? AskShiftedWaves(platform, settings, case_store) : AskFlowField(platform, settings, case_store);
+    if (answer != Answer::ok) return SayLine(console, kAborted);
+  }
+}
 
 void AskWaveAnalysis(const Platform& platform, const OutputSettings& settings, CaseStore& case_store,
                      WaveAnalysisResult& result) {

@@ -5,10 +5,10 @@
 #include <cstddef>
 #include <vector>
 
+#include "analysis/do_or_say.h"
 #include "analysis/sea_view/plot3d_file.h"
 #include "analysis/sea_view/root_files.h"
 #include "analysis/sea_view/shifted_waves.h"
-#include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/side_by_side.h"
@@ -184,14 +184,8 @@ bool WriteWaveField(const Platform& platform, const OutputSettings& settings, co
   RootFiles files;
   if (!SetWaves(platform.console, case_store, work) || !OpenRootFiles(platform, case_store, root, kFiles, files))
     return false;
-  bool out_of_memory = true;
-  const auto write = [&] {
-    const bool written = WriteAll(platform, work, files);
-    out_of_memory = false;
-    return written;
-  };
-  if (Guarded(write, false)) return CloseRootFiles(platform.console, files);
-  if (out_of_memory) SayLine(platform.console, kNoMemory);
+  if (DoOrSay(platform.console, kNoMemory, [&] { return WriteAll(platform, work, files); }))
+    return CloseRootFiles(platform.console, files);
   DiscardRootFiles(files);
   return false;
 }

@@ -95,11 +95,11 @@ TEST(RollDecay, MetacentricHeightOfABarge) {
   store.ships.resize(1);
   store.ships[0].centre = {0, 0, 0.065};
   double GM = 0;
-  ASSERT_TRUE(TransverseGM(store, {0.005, 0}, GM));
+  ASSERT_TRUE(GMTAtDraft(store, {0.005, 0}, GM));
   EXPECT_NEAR(GM, 2.0555556e-2, 1e-9);
-  EXPECT_FALSE(TransverseGM(store, {0.5, 0}, GM));  // in the air
+  EXPECT_FALSE(GMTAtDraft(store, {0.5, 0}, GM));  // in the air
   store.hull = {};
-  EXPECT_FALSE(TransverseGM(store, {0.005, 0}, GM));
+  EXPECT_FALSE(GMTAtDraft(store, {0.005, 0}, GM));
 }
 
 TEST(RollDecay, WhichRunsAreOne) {

@@ -31,8 +31,7 @@ Hydrostatics Evaluate(const HydrostaticBody& body, const WaterSurface& water, co
 TEST(Hydrostatics, BargeUpright) {  // T 6, KG 6.5
   const HydrostaticBody body = BodyOf(ReadHull({HalfBargeText(10, 4)}), {0, 0, 0.065});
   EXPECT_NEAR(body.length, 1, 1e-12);
-  Hydrostatics h;
-  ASSERT_EQ(GMTAtDraft(body, 0.005, 0, h), HydrostaticFault::none);
+  Hydrostatics h = Evaluate(body, {}, {{0, 0, 0.005}});
   const double GM = 0.04 / 12 / 0.06 * 0.01 / 0.01, zB = -0.035;
   EXPECT_NEAR(h.force[2], 0.012, 1e-12);
   EXPECT_NEAR(h.wet.V, 0.012, 1e-12);
@@ -167,8 +166,7 @@ TEST(Hydrostatics, PartsHaveTheirOwnCentreplanes) {
   request.added[0].SYMINP = request.added[1].SYMINP = 1;
   request.added[0].GSHIFT = {0, 47, 0};
   request.added[1].GSHIFT = {200, 0, 3}, request.added[1].GROT = {90, 0, 30};
-  Hydrostatics h;
-  ASSERT_EQ(GMTAtDraft(BodyOf(ReadHull(request), {}), -1, 0, h), HydrostaticFault::none);
+  const Hydrostatics h = Evaluate(BodyOf(ReadHull(request), {}), {}, {{0, 0, -1}});
   EXPECT_NEAR(h.wet.V, 0.06, 1e-12);
   EXPECT_NEAR(h.force[2], 0.06, 1e-12);
   EXPECT_NEAR(h.force[0], 0, 1e-12);
