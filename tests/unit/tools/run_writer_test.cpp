@@ -1,10 +1,10 @@
 // The writer of test runs: its own formatter must lose nothing, and the committed samples must be what it writes.
 #include "run_writer.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
 #include <limits>
 #include <random>
 #include <sstream>
@@ -56,17 +56,28 @@ TEST(RunWriter, ValuesReadBackToTheSameBits) {
   EXPECT_NE(StepText({Limits::quiet_NaN()}).find("NaN"), std::string::npos);
 }
 
+// Not the digits: another mathematical library may round the last one otherwise.
+void ExpectSameNumbers(const std::string& expected, const std::string& got, std::string_view name) {
+  std::istringstream e(expected), g(got);
+  std::string a, b;
+  for (int word = 1; e >> a; ++word) {
+    ASSERT_TRUE(g >> b) << name;
+    const double x = std::strtod(a.c_str(), nullptr), y = std::strtod(b.c_str(), nullptr);
+    ASSERT_LE(std::fabs(x - y), 1e-6 * std::max(std::fabs(x), 1e-3))
+        << name << ", word " << word << ": " << a << " " << b;
+  }
+  EXPECT_FALSE(g >> b) << name;
+}
+
 TEST(RunWriter, SamplesAreWhatTheWriterWrites) {
   for (const std::string_view name : SampleNames()) {
     RunSpec spec;
     ASSERT_TRUE(SampleSpec(name, spec));
-    std::ifstream in(ProjectFile("samples/") + std::string(name) + ".out", std::ios::binary);
-    std::ostringstream sample;
-    sample << in.rdbuf();
-    const std::string header = HeaderText(spec);
-    EXPECT_EQ(sample.str().substr(0, header.size()), header) << name;
-    // Not the digits: another mathematical library may round the last one otherwise.
-    EXPECT_EQ(sample.str().size(), RunText(spec).size()) << name;
+    const std::string sample = SampleBytes(std::string(name) + ".out"), text = RunText(spec);
+    const std::size_t header = HeaderText(spec).size();
+    EXPECT_EQ(sample.substr(0, header), text.substr(0, header)) << name;
+    EXPECT_EQ(sample.size(), text.size()) << name;
+    ExpectSameNumbers(sample.substr(std::min(header, sample.size())), text.substr(header), name);
   }
 }
 
