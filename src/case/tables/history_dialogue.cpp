@@ -1,6 +1,5 @@
 #include "case/tables/history_dialogue.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -19,12 +18,11 @@ constexpr std::string_view kHistoryPrompt =
     "Enter time history output file name:\n"
     "(BLANK to print to screen, QUIT to abort)";
 
-// What is said ahead of the file's name.
-std::string WrittenText(int iqnt, const CaseStore& c) {
-  if (!c.time_history() || !IsKinoFile(iqnt))
-    return fmt::format("Time history of {} written to", QuantityLabel(c, iqnt));
-  return iqnt == kKinoMotions ? "KINO motion data written to" : "KINO seaway data written to";
-}
+struct KinoWords {
+  std::string_view prompt, written;  // ahead of the file's name
+};
+constexpr KinoWords kKinoMotionsWords = {"Enter file name for KINO motions data:", "KINO motion data written to"};
+constexpr KinoWords kKinoSeawayWords = {"Enter file name for KINO seaway data:", "KINO seaway data written to"};
 
 }  // namespace
 
@@ -32,16 +30,17 @@ void AskHistoryFile(const Platform& platform, const OutputSettings& settings, co
                     CaseStore& case_store) {
   const Console& console = platform.console;
   const int iqnt = request.iqnt;
+  const bool kino = case_store.time_history() && IsKinoFile(iqnt);  // an impulsive run has numbers of its own
+  const bool motions = kino && iqnt == kKinoMotions;
+  const KinoWords& words = motions ? kKinoMotionsWords : kKinoSeawayWords;
   TableQuestion question;
-  question.file.prompt = iqnt == kKinoMotions  ? "Enter file name for KINO motions data:"
-                         : iqnt == kKinoSeaway ? "Enter file name for KINO seaway data:"
-                                               : kHistoryPrompt;
-  question.file.blank_is_console = iqnt != kKinoMotions && iqnt != kKinoSeaway;
-  question.done = WrittenText(iqnt, case_store);
+  question.file.prompt = kino ? words.prompt : kHistoryPrompt;
+  question.file.blank_is_console = !kino;
   question.making = Making::history;
   question.quantity = QuantityLabel(case_store, iqnt);
-  question.formatted_only = case_store.time_history() && IsKinoFile(iqnt);
-  if (iqnt == kKinoMotions) question.say_more = [&] { SayKinoTransformation(console, settings, case_store); };
+  question.done = kino ? std::string(words.written) : fmt::format("Time history of {} written to", question.quantity);
+  question.formatted_only = kino;
+  if (motions) question.say_more = [&] { SayKinoTransformation(console, settings, case_store); };
   AskTable(platform, question, [&](ChosenFile& chosen) {
     return write_time_history(console, settings, request, chosen.unformatted, case_store, chosen.out);
   });

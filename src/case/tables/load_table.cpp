@@ -2,16 +2,19 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
+#include <string>
 
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
+#include "case/plot_data.h"
 #include "case/quantity_catalogue.h"
 
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kTooManySkipped = "ERROR - Too many steps skipped or trimmed - over";
+constexpr std::string_view kTooManySkipped = "ERROR - Too many steps skipped or trimmed - over";
 
 struct Extremes {
   float low, high;
@@ -45,7 +48,7 @@ DataFault LoadDistFil(const Console& console, const OutputSettings& settings, in
   if (fault != DataFault::none) return fault;
   if (data.n == 0) {
     SayLine(console, kTooManySkipped);
-    return DataFault::not_valid;
+    return DataFault::said;
   }
 
   step = std::clamp(step, case_store.first_step, case_store.last_step);

@@ -2,7 +2,10 @@
 // over the used steps (trim and stride, no skip).
 #pragma once
 
-#include "case/plot_data.h"
+#include "base/data_fault.h"
+#include "base/platform.h"
+#include "case/case_store.h"
+#include "case/output_settings.h"
 #include "frame/ground/output_file.h"
 
 namespace zaview {

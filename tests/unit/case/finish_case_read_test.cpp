@@ -8,6 +8,7 @@
 #include "case/derived_arrays.h"
 #include "case/read/default_skip.h"
 #include "case/read/restart_combine.h"
+#include "case/smooth_stored.h"
 #include "fake_platform.h"
 #include "small_case.h"
 
@@ -222,6 +223,10 @@ TEST(RestartCombine, GapsAreZeroWithTimesByRule) {
   ASSERT_TRUE(EnsureDerived(second, Derived::motion) && EnsureDerived(second, Derived::accg));
   for (const int step : {3, 4}) EXPECT_TRUE(second.motion.at(1, step) == 0.0F && second.accg.at(3, step) == 0.0F);
   EXPECT_NE(second.motion.at(1, 5), 0.0F);
+  CaseStore smoothed = second;
+  SmoothStored(FakePlatform().Get().console, 1, 5, smoothed);
+  EXPECT_EQ(Column(smoothed.load_moment[5], 1, smoothed)[2] + Column(smoothed.pmgg, 3, smoothed)[3], 0.0F);
+  EXPECT_NE(smoothed.pmgg.at(3, 1), 1.0F);
 
   ASSERT_TRUE(CombineHistories(second, third));  // cuts the gap; what was behind it is gone
   EXPECT_EQ(Column(third.pmgg, 3, third), (Values{1, 1, 0, 3}));

@@ -10,6 +10,7 @@
 #include "base/rotation.h"
 #include "case/quantity_catalogue.h"
 #include "case/quantity_label.h"
+#include "case/tables/history_dialogue.h"
 #include "case/tables/history_table.h"
 #include "case/tables/load_table.h"
 #include "fake_platform.h"
@@ -346,6 +347,22 @@ TEST(HistoryTable, UnformattedRecords) {
   (void)Write({.iqnt = 13, .unformatted = true, .name = "", .fault = DataFault::not_valid});
 }
 
+// An impulsive run has numbers of its own: its 34th function is no KINO file.
+TEST(HistoryTable, AskedForTheFunctionWithTheNumberOfAKinoFile) {
+  FakePlatform fake;
+  fake.input = {"out.txt"};
+  CaseStore c = SmallCase(1, 0);
+  c.control.FGEOM = "hull.geo";
+  c.irf_case = true;
+  c.irfs.resize(kKinoSeaway);
+  FillLine(c.irfs[kKinoMotions - 1].time, 1, 1, 2, 0, 0, 1);
+  FillLine(c.irfs[kKinoMotions - 1].force, 6, 1, 2, 0, 1, 0);
+  AskHistoryFile(fake.Get(), SettingsFor(c), {.iqnt = kKinoMotions}, c);
+  EXPECT_EQ(fake.output.substr(0, fake.output.find('\n')), "Enter time history output file name:") << fake.output;
+  EXPECT_EQ(fake.output.find("-gshift"), std::string::npos) << fake.output;
+  EXPECT_NE(fake.Bytes("out.txt").find("firf(6)"), std::string::npos);
+}
+
 // The value is of any step in use; least and largest are of the points: with stride 2 these are steps 1, 3 and 5.
 TEST(LoadTable, ARowACut) {
   EXPECT_EQ(Write({.iqnt = 13, .steps = 6, .load_step = 2, .stride = 2}),
@@ -356,7 +373,7 @@ TEST(LoadTable, ARowACut) {
   // Smoothed as the extremes are: (-3 12 17 12 -3)/35 about step 4 of 2 (-2 7 1 -9 3).
   const std::string smoothed = Write({.iqnt = 13, .steps = 6, .load_step = 4, .smoothing = 1});
   EXPECT_NEAR(std::stod(smoothed.substr(smoothed.find("25.00000") + 8)), 2 * (6 + 84 + 17 - 108 - 9) / 35.0, 1e-5);
-  EXPECT_EQ(Write({.iqnt = 13, .name = "", .steps = 6, .fault = DataFault::not_valid, .load_step = 1, .first_step = 7}),
+  EXPECT_EQ(Write({.iqnt = 13, .name = "", .steps = 6, .fault = DataFault::said, .load_step = 1, .first_step = 7}),
             "ERROR - Too many steps skipped or trimmed - over\n");
   EXPECT_EQ(Write({.iqnt = 15, .steps = 6, .fault = DataFault::not_valid, .load_step = 1}), "");
 }
