@@ -9,6 +9,7 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
+#include "case/read/step_columns.h"
 #include "case/read/time_steps.h"
 
 namespace zaview {

@@ -1,5 +1,6 @@
 #include "base/child_process.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>

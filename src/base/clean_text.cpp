@@ -1,5 +1,7 @@
 #include "base/clean_text.h"
 
+#include <utility>
+
 #include "base/grow.h"
 #include "base/text.h"
 

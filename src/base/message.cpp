@@ -10,6 +10,10 @@ void SayLine(const Console& console, std::string_view line) {
   console.flush(console.self);
 }
 
+void SayLines(const Console& console, std::span<const std::string_view> lines) {
+  for (const std::string_view line : lines) SayLine(console, line);
+}
+
 std::string Because(std::string_view why) {
   return why.empty() ? "" : fmt::format(" ({})", why);
 }

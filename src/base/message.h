@@ -2,6 +2,7 @@
 // checked when compiling. No line ends in blanks.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,6 +15,7 @@ namespace zaview {
 
 // Writes one line (blanks at its end are dropped) and its line end, and flushes.
 void SayLine(const Console& console, std::string_view line);
+void SayLines(const Console& console, std::span<const std::string_view> lines);
 
 template <typename... Args>
 void Say(const Console& console, fmt::format_string<Args...> text, Args&&... args) {

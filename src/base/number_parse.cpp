@@ -4,8 +4,8 @@
 #include <charconv>
 #include <cmath>
 #include <fast_float/fast_float.h>
+#include <iterator>
 #include <limits>
-#include <span>
 #include <string_view>
 
 #include "base/text.h"
@@ -195,6 +195,15 @@ ParseEnd parse_real(std::string_view text, std::size_t& position, double& value)
     return IsBlank(text.substr(end)) ? ParseEnd::end : ParseEnd::more;
   }
   return ParseEnd::none;
+}
+
+double AsWritten(float value) {
+  constexpr std::size_t kLongestFloat = 32;  // more characters than any shortest text has
+  char text[kLongestFloat];
+  const char* const end = std::to_chars(text, std::end(text), value).ptr;
+  double number = value;
+  std::from_chars(text, end, number);
+  return number;
 }
 
 int RoundToInt(double value) {

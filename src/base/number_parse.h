@@ -19,6 +19,10 @@ namespace zaview {
 enum class ParseEnd : std::uint8_t { more, end, none };
 [[nodiscard]] ParseEnd parse_real(std::string_view text, std::size_t& position, double& value);
 
+// What a 4-byte value stands for: the number of its shortest text, 9.81 itself and not the 4-byte value nearest to it,
+// whose error would show in the last place of what is made of it.
+[[nodiscard]] double AsWritten(float value);
+
 // Nearest integer, halves away from zero, limited to the range of int; NaN gives 0.
 [[nodiscard]] int RoundToInt(double value);
 

@@ -1,7 +1,5 @@
 #include "base/text.h"
 
-#include <algorithm>
-
 namespace zaview {
 
 namespace {
@@ -45,13 +43,6 @@ bool StartsWith(std::string_view text, std::string_view beginning) {
 
 bool Contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
-}
-
-bool SamePadded(std::string_view a, std::string_view b) {
-  const std::size_t common = std::min(a.size(), b.size());
-  if (a.substr(0, common) != b.substr(0, common)) return false;
-  const std::string_view rest = a.size() > b.size() ? a.substr(common) : b.substr(common);
-  return rest.find_first_not_of(' ') == std::string_view::npos;
 }
 
 }  // namespace zaview

@@ -1,4 +1,4 @@
-// Text without a ship: trimming, capitals, columns, words. ASCII only; blanks, tabs and carriage returns are white.
+// Text without a ship: trimming, capitals, comparing. ASCII only; blanks, tabs and carriage returns are white.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,5 @@ namespace zaview {
 [[nodiscard]] std::string Capitals(std::string_view text);
 [[nodiscard]] bool StartsWith(std::string_view text, std::string_view beginning);
 [[nodiscard]] bool Contains(std::string_view text, std::string_view part);
-// Blank-padded comparison: trailing blanks don't count.
-[[nodiscard]] bool SamePadded(std::string_view a, std::string_view b);
 
 }  // namespace zaview

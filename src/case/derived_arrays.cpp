@@ -1,9 +1,12 @@
 #include "case/derived_arrays.h"
 
+#include <array>
 #include <cmath>
+#include <iterator>
 #include <span>
 
 #include "base/rotation.h"
+#include "case/ship_pose.h"
 #include "case/size_history.h"
 #include "control/input_scales.h"
 
@@ -38,7 +41,7 @@ bool TurnTriples(const CaseStore& c, const StepHistory& from, std::span<const Tu
 bool MakeMotion(CaseStore& c) {
   if (!SizeHistory(c, 6, c.motion)) return false;
   const InputScales scales = InputScalesOf(c.control);
-  const double advance = c.control.USHIP * scales.velocity * (c.control.DTH * scales.time);  // a step, in double
+  const double advance = SteadyAdvance(c);
   for (std::size_t i = 0; i < 6; ++i) {
     const double start = c.control.PMGIN[i] * (i < 3 ? scales.length : scales.angle);
     const double growth = i == 0 ? advance : 0.0;
@@ -100,6 +103,12 @@ constexpr DerivedRow kDerived[] = {
 };
 
 }  // namespace
+
+std::optional<Derived> DerivedOf(StepHistory CaseStore::*history) {
+  for (std::size_t i = 0; i < std::size(kDerived); ++i)
+    if (kDerived[i].history == history) return static_cast<Derived>(i);
+  return std::nullopt;
+}
 
 bool EnsureDerived(CaseStore& case_store, Derived what) {
   const DerivedRow& row = kDerived[static_cast<std::size_t>(what)];

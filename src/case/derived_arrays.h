@@ -5,13 +5,16 @@
 //   maneuver: speed, slip, heading, rudder_cmd, rudder_ang, prop_rps.
 #pragma once
 
+#include <optional>
+
 #include "case/case_store.h"
 
 namespace zaview {
 
 enum class Derived : unsigned char { motion, vmgshp, vmgg, accg, force_ship, maneuver };
 
-[[nodiscard]] bool EnsureDerived(CaseStore& case_store, Derived what);  // false: out of memory
+[[nodiscard]] std::optional<Derived> DerivedOf(StepHistory CaseStore::*history);  // none: it is not one of these
+[[nodiscard]] bool EnsureDerived(CaseStore& case_store, Derived what);            // false: out of memory
 void DropDerived(CaseStore& case_store);
 
 }  // namespace zaview

@@ -1,7 +1,8 @@
 #include "case/output_scales.h"
 
-#include <charconv>
 #include <cmath>
+
+#include "base/number_parse.h"
 
 namespace zaview {
 
@@ -26,16 +27,6 @@ std::array<float, 6> SixFactors(double translation, double rotation) {
   const auto t = static_cast<float>(translation);
   const auto r = static_cast<float>(rotation);
   return {t, t, t, r, r, r};
-}
-
-// A scale stands for the number that was written: 9.81 itself, not the 4-byte value nearest to it, whose error would
-// show in the last place of the factors.
-double AsWritten(float scale) {
-  std::array<char, 32> text{};
-  const char* const end = std::to_chars(text.data(), text.data() + text.size(), scale).ptr;
-  double value = scale;
-  std::from_chars(text.data(), end, value);
-  return value;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "base/grow.h"
@@ -16,7 +17,7 @@
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kNoQuantity = "LOGIC ERROR in SetPlotData: iqnt= {}";
+constexpr std::string_view kNoQuantity = "LOGIC ERROR in SetPlotData: iqnt= {}";
 
 // The points in use as places in the columns.
 struct Places {
@@ -161,24 +162,11 @@ DataFault FaultOf(WaveAnswer answer) {
   return answer == WaveAnswer::no_wave ? DataFault::no_wave : DataFault::no_memory;
 }
 
-struct MakerRow {  // of a history that is made on first need
-  StepHistory CaseStore::*history;
-  Derived what;
-};
-constexpr MakerRow kMakers[] = {
-    {&CaseStore::motion, Derived::motion},
-    {&CaseStore::vmgshp, Derived::vmgshp},
-    {&CaseStore::vmgg, Derived::vmgg},
-    {&CaseStore::accg, Derived::accg},
-    {&CaseStore::force_ship, Derived::force_ship},
-    {&CaseStore::maneuver, Derived::maneuver},
-};
-
 DataFault EnsureHistory(const Console& console, const OutputSettings& settings, const QuantityRequest& request,
                         const CurveGroup& group, CaseStore& c) {
   constexpr int kFirstRelative = 10;  // component of point_motion
-  for (const MakerRow& maker : kMakers)
-    if (maker.history == group.history) return EnsureDerived(c, maker.what) ? DataFault::none : DataFault::no_memory;
+  if (const std::optional<Derived> derived = DerivedOf(group.history))
+    return EnsureDerived(c, *derived) ? DataFault::none : DataFault::no_memory;
   if (group.history == &CaseStore::eta_cg || group.history == &CaseStore::eta_origin)
     return FaultOf(IncidentWaveAtCG(console, c));
   if (group.history != &CaseStore::point_motion) return DataFault::none;

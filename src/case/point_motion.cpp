@@ -5,13 +5,12 @@
 #include "base/rotation.h"
 #include "case/ship_pose.h"
 #include "case/size_history.h"
-#include "control/input_scales.h"
 #include "geometry/input_transform.h"
 
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kCalculating = "Calculating motion for ship fixed point...";
+constexpr std::string_view kCalculating = "Calculating motion for ship fixed point...";
 
 Vector3 Sum(const Vector3& a, const Vector3& b) {
   return {a[0] + b[0], a[1] + b[1], a[2] + b[2]};
@@ -68,8 +67,7 @@ WaveAnswer RelativePointMot(const Console& console, CaseStore& case_store) {
   if (const WaveAnswer answer = WaveAlong(console, c, column[0], column[1], eta); answer != WaveAnswer::ok)
     return answer;
 
-  const InputScales scales = InputScalesOf(c.control);
-  const double advance = c.control.USHIP * scales.velocity * (c.control.DTH * scales.time);
+  const double advance = SteadyAdvance(c);
   const Vector3 from_centre = FromCentre(c, InputToShip(c.control, c.built.point));
   const Vector3 start = ShipToEarth(PoseAtStart(c), from_centre);  // the point where the initial position puts it
   for (std::size_t s = 0; s < eta.size(); ++s) {

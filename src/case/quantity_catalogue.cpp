@@ -198,8 +198,8 @@ constexpr bool RowsStandAtTheirNumbers() {
 }
 static_assert(RowsStandAtTheirNumbers());
 
-inline constexpr std::string_view kTransientLabel = "Transient Added Mass";
-inline constexpr std::string_view kResponseLabel = "Impulse Response Function";
+constexpr std::string_view kTransientLabel = "Transient Added Mass";
+constexpr std::string_view kResponseLabel = "Impulse Response Function";
 
 bool IsTransient(int iqnt) {
   return iqnt == kTransientAddedMass || iqnt == kImpulse;
@@ -308,7 +308,8 @@ bool QuantityValid(const CaseStore& case_store, int iqnt) {
 
 float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int cut) {
   const ControlRecords& control = case_store.control;
-  const bool y = iqnt >= 19;
+  const QuantityRow* row = FindQuantity(iqnt);
+  const bool y = row != nullptr && row->need == y_cuts;
   const std::vector<Triple>& at = y ? control.ycut.XMCY : control.XMC;
   const auto index = static_cast<std::size_t>(cut - 1);
   if (cut < 1 || index >= at.size()) return 0.0F;

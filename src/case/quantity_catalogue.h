@@ -94,8 +94,8 @@ struct CurvePlace {
 // diffraction kinds firf(1..12): diffraction, then Froude-Krylov forces. A transient added mass case: these two.
 inline constexpr int kTransientAddedMass = 1;
 inline constexpr int kImpulse = 2;
-[[nodiscard]] std::string_view QuantityLabel(const CaseStore& case_store,
-                                             int iqnt);  // cQntLong, or of an impulsive run
+// cQntLong, or the label of an impulsive run.
+[[nodiscard]] std::string_view QuantityLabel(const CaseStore& case_store, int iqnt);
 
 // Curves of a quantity in this case; 0: none here.
 [[nodiscard]] int CurveCount(const CaseStore& case_store, int iqnt);
@@ -109,7 +109,7 @@ inline constexpr int kImpulse = 2;
 [[nodiscard]] float CutCoordinate(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int cut);
 // "pmgg(3)", "Force, X=25", "Vmag", ...; loads use input coordinates times LENOUT/LENIN.
 [[nodiscard]] std::string CurveLabel(const CaseStore& case_store, const OutputSettings& settings, int iqnt, int curve);
-inline constexpr int kMeasured = 49;
+
 inline constexpr int kKinoMotions = 34, kKinoSeaway = 35;
 [[nodiscard]] bool IsKinoFile(int iqnt);       // these two
 [[nodiscard]] bool IsPointQuantity(int iqnt);  // 27..32, 36..38, 48

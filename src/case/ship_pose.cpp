@@ -34,8 +34,9 @@ Vector3 ShipToEarth(const ShipPose& pose, const Vector3& from_centre) {
   return earth;
 }
 
-Vector3 EarthToShip(const ShipPose& pose, const Vector3& earth) {
-  return ToShip(pose.R, {earth[0] - pose.cg[0], earth[1] - pose.cg[1], earth[2] - pose.cg[2]});
+double SteadyAdvance(const CaseStore& store) {
+  const InputScales scales = InputScalesOf(store.control);
+  return store.control.USHIP * scales.velocity * (store.control.DTH * scales.time);
 }
 
 double StillWater(const CaseStore& store) {

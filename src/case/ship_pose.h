@@ -1,4 +1,4 @@
-// Where the ship is: from ship axes to earth axes and back. Lengths non-dimensional, angles in radians, double from the
+// Where the ship is: from ship axes to earth axes. Lengths non-dimensional, angles in radians, double from the
 // 4-byte histories. Earth axes: z = 0 is the still water, z up. Ship axes have their origin where the geometry input
 // has it; places are told from the centre of gravity, which is at pmgg(1:3) of a step. Pure.
 #pragma once
@@ -20,7 +20,9 @@ struct ShipPose {
 [[nodiscard]] Vector3 FromCentre(const CaseStore& store, const Vector3& ship);  // ship - ShipCentre
 
 [[nodiscard]] Vector3 ShipToEarth(const ShipPose& pose, const Vector3& from_centre);  // cg + R r
-[[nodiscard]] Vector3 EarthToShip(const ShipPose& pose, const Vector3& earth);        // R' (p - cg)
+
+// How far along X a step at the steady speed goes: USHIP DTH.
+[[nodiscard]] double SteadyAdvance(const CaseStore& store);
 
 // Height of the still water in ship axes where the initial position puts it, upright.
 [[nodiscard]] double StillWater(const CaseStore& store);

@@ -8,6 +8,7 @@
 #include "case/case_hull.h"
 #include "case/size_history.h"
 #include "control/options_lookup.h"
+#include "control/spectrum_check.h"
 #include "waves/components.h"
 #include "waves/incident_wave.h"
 #include "waves/phases.h"
@@ -42,15 +43,11 @@ constexpr std::string_view kListHasNoUse[] = {
     "         phase generator : the file is not used"};
 constexpr int kGenerator = 4;  // the phase option that takes no list
 
-bool IsSpectral(int ISEA) {
-  return ISEA == 2 || (ISEA >= 6 && ISEA <= 8);
-}
-
 bool ReadList(const Platform& platform, const CaseStore& c, const std::string& name, int option,
               std::vector<float>& phases) {
   if (name.empty()) return true;
   if (option == kGenerator) {
-    for (const std::string_view line : kListHasNoUse) SayLine(platform.console, line);
+    SayLines(platform.console, kListHasNoUse);
     return true;
   }
   return ReadPhaseFile(platform, name, FolderOf(c.file_name), phases);
@@ -61,7 +58,7 @@ bool ReadList(const Platform& platform, const CaseStore& c, const std::string& n
 bool ReadPhaseLists(const Platform& platform, CaseStore& case_store) {
   CaseStore& c = case_store;
   std::string name;
-  if (IsSpectral(c.control.seaway.ISEA) && FindOption(c.control, kPhaseFile, name) &&
+  if (IsSpectrum(c.control.seaway.ISEA) && FindOption(c.control, kPhaseFile, name) &&
       !ReadList(platform, c, name, PrimaryOptions(c.control).SPEC_PHASEOPTION, c.phases.primary))
     return false;
   if (c.control.added_seaway.empty()) return true;

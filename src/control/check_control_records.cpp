@@ -18,47 +18,45 @@
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kBodyType = "ERR100 - Body hydrodynamics type ZVOTYP= {} invalid : 1<=ZVOTYP<=4";
-inline constexpr std::string_view kMotionType = "ERR101 - Motion type MOTYPE= {} invalid : 0<=MOTYPE<=2";
-inline constexpr std::string_view kStokesOrder = "ERR107 - Stokes wave order WSPEC= {} invalid : 0<=WSPEC<=5";
-inline constexpr SpectrumWords kSpectrumWords = {"ERR108 - Illegal parameter value(s) for incident wave spectrum:"};
-inline constexpr std::string_view kTooManyCuts[] = {"ERR132 - Number of load cuts NBCA= {} is limited",
-                                                    "         by dimensioning parameter MAXBCA= {}"};
-inline constexpr std::string_view kTooManyMassPoints[] = {"ERR133 - Number of mass points NBMX= {} is limited",
-                                                          "         by dimensioning parameter MAXBMP= {}"};
-inline constexpr std::string_view kTooManyComponents[] = {
-    "ERR141 - Too many components specified in the input control file:", "         MAXCMP= {}  while NCOMP0= {}"};
-inline constexpr std::string_view kScalingTimes = "ERR154 - Number of incident wave scale factor times NWSC = {}";
-inline constexpr std::string_view kScalingOrder = "ERR154 - Incident wave scale factor times WSCSTP must ascend";
-inline constexpr std::string_view kNoRestartFile =
+constexpr std::string_view kBodyType = "ERR100 - Body hydrodynamics type ZVOTYP= {} invalid : 1<=ZVOTYP<=4";
+constexpr std::string_view kMotionType = "ERR101 - Motion type MOTYPE= {} invalid : 0<=MOTYPE<=2";
+constexpr std::string_view kStokesOrder = "ERR107 - Stokes wave order WSPEC= {} invalid : 0<=WSPEC<=5";
+constexpr SpectrumWords kSpectrumWords = {"ERR108 - Illegal parameter value(s) for incident wave spectrum:"};
+constexpr std::string_view kTooManyCuts[] = {"ERR132 - Number of load cuts NBCA= {} is limited",
+                                             "         by dimensioning parameter MAXBCA= {}"};
+constexpr std::string_view kTooManyMassPoints[] = {"ERR133 - Number of mass points NBMX= {} is limited",
+                                                   "         by dimensioning parameter MAXBMP= {}"};
+constexpr std::string_view kTooManyComponents[] = {"ERR141 - Too many components specified in the input control file:",
+                                                   "         MAXCMP= {}  while NCOMP0= {}"};
+constexpr std::string_view kScalingTimes = "ERR154 - Number of incident wave scale factor times NWSC = {}";
+constexpr std::string_view kScalingOrder = "ERR154 - Incident wave scale factor times WSCSTP must ascend";
+constexpr std::string_view kNoRestartFile =
     "ERR173 - A non-blank restart file FRST must be specified for restarts (IRST>0)";
-inline constexpr std::string_view kTooManyFins[] = {"ERR175 - Number of wing-like appendages NFIN= {} is limited",
-                                                    "         by dimensioning parameter MXFIN= {}"};
-inline constexpr std::string_view kTooManyBilgeKeels[] = {"ERR176 - Number of plate-like appendages NBK= {} is limited",
-                                                          "         by dimensioning parameter MXBK= {}"};
-inline constexpr std::string_view kWaterDepth =
-    "ERR190 - Water depth, WDEPTH, must be zero (for deep water) or positive";
-inline constexpr std::string_view kStokesDepth =
-    "ERR191 - Stokes waves (ISEA=3) can only be used in deep water (WDEPTH=0.0)";
-inline constexpr std::string_view kStokesSurface =
+constexpr std::string_view kTooManyFins[] = {"ERR175 - Number of wing-like appendages NFIN= {} is limited",
+                                             "         by dimensioning parameter MXFIN= {}"};
+constexpr std::string_view kTooManyBilgeKeels[] = {"ERR176 - Number of plate-like appendages NBK= {} is limited",
+                                                   "         by dimensioning parameter MXBK= {}"};
+constexpr std::string_view kWaterDepth = "ERR190 - Water depth, WDEPTH, must be zero (for deep water) or positive";
+constexpr std::string_view kStokesDepth = "ERR191 - Stokes waves (ISEA=3) can only be used in deep water (WDEPTH=0.0)";
+constexpr std::string_view kStokesSurface =
     "ERR192 - Stokes waves cannot currently be used with the 2nd order free surface (NLFS>0)";
-inline constexpr std::string_view kNotWithIrf =
+constexpr std::string_view kNotWithIrf =
     "ERR198 - {} (ISEA={}) cannot be used with IRF-based hydrodynamics (MIXED=-2,2)";
-inline constexpr std::string_view kBadFrequencies[] = {"ERR199 - Seaway specified with illegal freqency(s):",
-                                                       "{} specified component waves have non-positive frequencies"};
-inline constexpr std::string_view kOldOrigin[] = {"WRN260 - Initial transformation rotation origin (GORIG) modified to",
-                                                  "         accomodate different definition in ZAVO version 3.1.0",
-                                                  "         Here GORIG is used as it stands: check where the hull is"};
-inline constexpr std::string_view kTooOld[] = {"ERR230 - ZAVO version {} is no longer supported",
-                                               "         Files from version {} to {} are supported"};
-inline constexpr std::string_view kTooNew[] = {"WRN231 - File is from a newer version ({}) than this program ({})",
-                                               "         File read or processing may fail"};
+constexpr std::string_view kBadFrequencies[] = {"ERR199 - Seaway specified with illegal freqency(s):",
+                                                "{} specified component waves have non-positive frequencies"};
+constexpr std::string_view kOldOrigin[] = {"WRN260 - Initial transformation rotation origin (GORIG) modified to",
+                                           "         accomodate different definition in ZAVO version 3.1.0",
+                                           "         Here GORIG is used as it stands: check where the hull is"};
+constexpr std::string_view kTooOld[] = {"ERR230 - ZAVO version {} is no longer supported",
+                                        "         Files from version {} to {} are supported"};
+constexpr std::string_view kTooNew[] = {"WRN231 - File is from a newer version ({}) than this program ({})",
+                                        "         File read or processing may fail"};
 
 constexpr int kOriginChanged = 310;  // VERSION
 
 // Tells a fault of lines without values; the number of errors it is.
 int Tell(const Console& console, std::span<const std::string_view> lines) {
-  for (const std::string_view line : lines) SayLine(console, line);
+  SayLines(console, lines);
   return 1;
 }
 int Tell(const Console& console, std::string_view line) {

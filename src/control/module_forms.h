@@ -13,20 +13,6 @@ extern const ModuleForm kAddedGeometryForm, kYCutLoadsForm, kStabilityStepsForm,
 // modules_force.cpp
 extern const ModuleForm kCommandsForm, kExternalForceForm, kRudderRollForm;
 
-// Places of one list, as ModuleField::list gives them.
-template <typename... T>
-bool ModulePlaces(FieldList& list, T&... fields) {
-  list.AddAll(fields...);
-  return true;
-}
-
-// Entry i of a repeated list, made if it is the next one; null when memory is out.
-template <typename T>
-T* ModuleEntryAt(std::vector<T>& entries, std::size_t i) {
-  if (i >= entries.size() && !Grow(entries, i + 1)) return nullptr;
-  return &entries[i];
-}
-
 template <auto array>
 bool ResizeModule(ControlRecords& records, std::size_t entries) {
   return Grow(records.*array, entries);

@@ -1,7 +1,6 @@
 #include "control/module_io.h"
 
 #include <algorithm>
-#include <variant>
 
 #include "base/grow.h"
 #include "base/number_parse.h"
@@ -48,7 +47,7 @@ ModuleFault ReadListField(const ModuleField& field, ModuleLines& text, ModuleSta
   for (std::int64_t i = 0; i < count; ++i) {
     FieldList fields;
     if (!field.list(state, static_cast<std::size_t>(i), fields)) return ModuleFault::fatal;
-    for (const ListItem& item : fields.items()) std::visit([](auto* value) { *value = 0; }, item);
+    fields.SetToZero();
     const ListStatus status = ReadList({&text, NextListLine}, fields.items());
     if (status == ListStatus::end_of_file) return ModuleFault::end_of_file;
     if (status != ListStatus::ok) return ModuleFault::bad_data;
@@ -75,18 +74,6 @@ int AnnouncedSet(std::string_view line, std::string_view prefix) {
   int number = 0;
   if (!ParseInteger(digits, number)) return 0;
   return StartsWith(TrimStart(rest.substr(digits.size())), kContinued) ? 0 : number;
-}
-
-struct SetLines {
-  const ModuleDataSet& set;
-  std::size_t next = 0;
-};
-
-ListLines::Next NextSetLine(void* self, std::string_view& line) {
-  SetLines& text = *static_cast<SetLines*>(self);
-  if (text.next == text.set.lines.size()) return ListLines::Next::end_of_file;
-  line = text.set.lines[text.next++];
-  return ListLines::Next::line;
 }
 
 }  // namespace
@@ -142,11 +129,6 @@ bool SplitDataSets(const ModuleText& module, std::string_view prefix, std::vecto
     lines.back() = data;
   }
   return true;
-}
-
-ListStatus ReadDataSet(const ModuleDataSet& set, std::span<const ListItem> items) {
-  SetLines text{set};
-  return ReadList({&text, NextSetLine}, items);
 }
 
 }  // namespace zaview

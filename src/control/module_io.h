@@ -65,7 +65,4 @@ struct ModuleDataSet {
 // another set. False: memory is out.
 [[nodiscard]] bool SplitDataSets(const ModuleText& module, std::string_view prefix, std::vector<ModuleDataSet>& sets);
 
-// The items of a data set as one list.
-[[nodiscard]] ListStatus ReadDataSet(const ModuleDataSet& set, std::span<const ListItem> items);
-
 }  // namespace zaview

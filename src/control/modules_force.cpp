@@ -15,30 +15,30 @@ constexpr std::string_view kTooManyForces[] = {
 // clang-format off
 constexpr ModuleField kCommands[] = {
     {1, "!COMMANDS01 CMDS_SPD_NTIME - number of speed commands", nullptr,
-     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, s.count); }},
+     [](ModuleState& s, Index, FieldList& f) { return Fields(f, s.count); }},
     {2, "!COMMANDS02 CMDS_SPD_TIME CMDS_SPD - time and speed of each", nullptr,
      [](ModuleState& s, Index i, FieldList& f) {
-       SpeedCommandInput* c = ModuleEntryAt(s.records.commands[s.entry].speeds, i);
-       return c != nullptr && ModulePlaces(f, c->CMDS_SPD_TIME, c->CMDS_SPD);
+       SpeedCommandInput* c = EntryAt(s.records.commands[s.entry].speeds, i);
+       return c != nullptr && Fields(f, c->CMDS_SPD_TIME, c->CMDS_SPD);
      }, ModuleCount},
 };
 
 constexpr ModuleField kExternalForce[] = {
     {1, "!EXTFOR01 EXTFOROPT - system of the external force", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
-       return ModulePlaces(f, s.records.external_forces[s.entry].EXTFOROPT);
+       return Fields(f, s.records.external_forces[s.entry].EXTFOROPT);
      }},
     {2, "!EXTFOR02 EXTFORVAL(1:6) - force and moment", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
-       return ModulePlaces(f, s.records.external_forces[s.entry].EXTFORVAL);
+       return Fields(f, s.records.external_forces[s.entry].EXTFORVAL);
      }},
 };
 
 constexpr ModuleField kRudderRoll[] = {
     {1, "!RRSTAB01 RRSTABGAIN1 - gain on roll", nullptr,
-     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, s.records.rudder_roll[s.entry].RRSTABGAIN1); }},
+     [](ModuleState& s, Index, FieldList& f) { return Fields(f, s.records.rudder_roll[s.entry].RRSTABGAIN1); }},
     {2, "!RRSTAB02 RRSTABGAIN2 - gain on roll rate", nullptr,
-     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, s.records.rudder_roll[s.entry].RRSTABGAIN2); }},
+     [](ModuleState& s, Index, FieldList& f) { return Fields(f, s.records.rudder_roll[s.entry].RRSTABGAIN2); }},
 };
 // clang-format on
 

@@ -20,17 +20,17 @@ constexpr ModuleField kAddedGeometry[] = {
     {1, "!ADDGEOM01 CADDGEOMFILE - Source file for additional geometry",
      [](ModuleState& s) { return &Added(s).CADDGEOMFILE; }},
     {2, "!ADDGEOM02 NADDCMP SYMINP - number of components, =1 for symmetry in input", nullptr,
-     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, s.count, Added(s).SYMINP); }},
+     [](ModuleState& s, Index, FieldList& f) { return Fields(f, s.count, Added(s).SYMINP); }},
     {3, "!ADDGEOM03 KCTYPE0 NEWWL0 KSPWL0 SPWL0 NEWST0 KSPST0 SPST0,1->NADDCMP", nullptr,
      [](ModuleState& s, Index i, FieldList& f) {
-       GeometryComponentInput* c = ModuleEntryAt(Added(s).components, i);
+       GeometryComponentInput* c = EntryAt(Added(s).components, i);
        return c != nullptr &&
-              ModulePlaces(f, c->KCTYPE0, c->NEWWL0, c->KSPWL0, c->SPWL0, c->NEWST0, c->KSPST0, c->SPST0);
+              Fields(f, c->KCTYPE0, c->NEWWL0, c->KSPWL0, c->SPWL0, c->NEWST0, c->KSPST0, c->SPST0);
      }, ModuleCount},
     {4, "!ADDGEOM04 GSHIFT(3), GORIG(3), GROT(3) - Input geometry transformation", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        AddedGeometryInput& a = Added(s);
-       return ModulePlaces(f, a.GSHIFT, a.GORIG, a.GROT);
+       return Fields(f, a.GSHIFT, a.GORIG, a.GROT);
      }, nullptr, false, 3},
 };
 
@@ -38,19 +38,19 @@ constexpr ModuleField kYCutLoads[] = {
     {1, "!YCUTLOADS01 IVMY IHMY ITMY NBCY", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        YCutLoads& y = s.records.ycut;
-       return ModulePlaces(f, y.IVMY, y.IHMY, y.ITMY, s.count);
+       return Fields(f, y.IVMY, y.IHMY, y.ITMY, s.count);
      }},
     {2, "!YCUTLOADS02 XMCY(123,1->NBCY)", nullptr,
      [](ModuleState& s, Index i, FieldList& f) {
-       Triple* cut = ModuleEntryAt(s.records.ycut.XMCY, i);
-       return cut != nullptr && ModulePlaces(f, *cut);
+       Triple* cut = EntryAt(s.records.ycut.XMCY, i);
+       return cut != nullptr && Fields(f, *cut);
      }, ModuleCount},
 };
 
 constexpr ModuleField kStabilitySteps[] = {
     {1, "!GZSTAB01 GZSTABSTEPS - first and last step, increment", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
-       return ModulePlaces(f, s.records.stability_steps[s.entry].GZSTABSTEPS);
+       return Fields(f, s.records.stability_steps[s.entry].GZSTABSTEPS);
      }},
 };
 

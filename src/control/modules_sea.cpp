@@ -42,38 +42,38 @@ std::int64_t IfSpectrum(const ModuleState& s) {
 // clang-format off
 constexpr ModuleField kAddedSeaway[] = {
     {1, "!ADDSEA01 ISEA - additional seaway specifier", nullptr,
-     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, Added(s).sea.ISEA); }},
+     [](ModuleState& s, Index, FieldList& f) { return Fields(f, Added(s).sea.ISEA); }},
     {1, "!ADDSEA01 (cont)  SIGWHT  TMODAL (Bretschneider/Pierson-Mosk", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        SeawayInput& w = Added(s).sea;
-       return ModulePlaces(f, w.SIGWHT, w.TMODAL);
+       return Fields(f, w.SIGWHT, w.TMODAL);
      }, IfKind<2>},
     {1, "!ADDSEA01 (cont)  VWIND10  FETCH  PEAKPRM (JONSWAP from wind)", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        SeawayInput& w = Added(s).sea;
-       return ModulePlaces(f, w.VWIND10, w.FETCH, w.PEAKPRM);
+       return Fields(f, w.VWIND10, w.FETCH, w.PEAKPRM);
      }, IfKind<6>},
     {1, "!ADDSEA01 (cont) SIGWHT1 TMODAL1 SHAPE1 SIGWHT2 TMODAL2 SHAPE2  (OCHI", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        SeawayInput& w = Added(s).sea;
-       return ModulePlaces(f, w.SIGWHT1, w.TMODAL1, w.SHAPE1, w.SIGWHT2, w.TMODAL2, w.SHAPE2);
+       return Fields(f, w.SIGWHT1, w.TMODAL1, w.SHAPE1, w.SIGWHT2, w.TMODAL2, w.SHAPE2);
      }, IfKind<7>},
     {1, "!ADDSEA01 (cont)  SIGWHT  TOMODAL  PEAKPRM (JONSWAP)", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        SeawayInput& w = Added(s).sea;
-       return ModulePlaces(f, w.SIGWHT, w.TOMODAL, w.PEAKPRM);
+       return Fields(f, w.SIGWHT, w.TOMODAL, w.PEAKPRM);
      }, IfKind<8>},
     {1, "!ADDSEA01 (cont) SEAHD  SPREAD  NFREQ  NHEAD  IWVRLZ", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        SeawayInput& w = Added(s).sea;
-       return ModulePlaces(f, w.SEAHD, w.SPREAD, w.NFREQ, w.NHEAD, w.IWVRLZ);
+       return Fields(f, w.SEAHD, w.SPREAD, w.NFREQ, w.NHEAD, w.IWVRLZ);
      }, IfSpectrum},
     {2, "!ADDSEA02 SPEC_FREQ(2) -  frequency range for discretizing wave spectrum", nullptr,
-     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, Added(s).SPEC_FREQ); }, IfSpectrum, true},
+     [](ModuleState& s, Index, FieldList& f) { return Fields(f, Added(s).SPEC_FREQ); }, IfSpectrum, true},
     {2, "!ADDSEA02 (cont) SPEC_CUTOFF SPEC_DISTOPT SPEC_SPREADOPT SPEC_PHASEOPTION", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        AddedSeawayInput& a = Added(s);
-       return ModulePlaces(f, a.SPEC_CUTOFF, a.SPEC_DISTOPT, a.SPEC_SPREADOPT, a.SPEC_PHASEOPTION);
+       return Fields(f, a.SPEC_CUTOFF, a.SPEC_DISTOPT, a.SPEC_SPREADOPT, a.SPEC_PHASEOPTION);
      }, IfSpectrum, true},
     {2, "!ADDSEA02 (cont) SPEC_PHASEFILE", [](ModuleState& s) { return &Added(s).SPEC_PHASEFILE; },
      nullptr, IfSpectrum, true},
@@ -103,7 +103,7 @@ int CheckAddedSeaway(const Console& console, const ControlRecords& records) {
     }
     const int primary = records.seaway.ISEA;
     if (primary != 1 && !IsSpectrum(primary)) {
-      for (const std::string_view line : kNotLinear) SayLine(console, line);
+      SayLines(console, kNotLinear);
       ++errors;
     }
     errors += CheckSpectrum(console, added.sea, kWords) + CheckAddedOptions(console, added);
@@ -117,22 +117,22 @@ constexpr ModuleField kWaveTable[] = {
     {1, "!IWINTERP01 NBASEX NBASEY NBASEZ - points of the incident wave table", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        WaveTableInput& w = s.records.wave_table[s.entry];
-       return ModulePlaces(f, w.NBASEX, w.NBASEY, w.NBASEZ);
+       return Fields(f, w.NBASEX, w.NBASEY, w.NBASEZ);
      }},
     {2, "!IWINTERP02 XINTRP YINTRP ZINTRP - extent of the incident wave table", nullptr,
      [](ModuleState& s, Index, FieldList& f) {
        WaveTableInput& w = s.records.wave_table[s.entry];
-       return ModulePlaces(f, w.XINTRP, w.YINTRP, w.ZINTRP);
+       return Fields(f, w.XINTRP, w.YINTRP, w.ZINTRP);
      }},
 };
 
 constexpr ModuleField kSurfacePoints[] = {
     {1, "!IFSINTERP01 NFSPT - number of points of the free surface", nullptr,
-     [](ModuleState& s, Index, FieldList& f) { return ModulePlaces(f, s.count); }},
+     [](ModuleState& s, Index, FieldList& f) { return Fields(f, s.count); }},
     {2, "!IFSINTERP02 MPT RFSPT(1:3) - kind and place of each point", nullptr,
      [](ModuleState& s, Index i, FieldList& f) {
-       SurfacePointInput* p = ModuleEntryAt(s.records.surface_points[s.entry].points, i);
-       return p != nullptr && ModulePlaces(f, p->MPT, p->RFSPT);
+       SurfacePointInput* p = EntryAt(s.records.surface_points[s.entry].points, i);
+       return p != nullptr && Fields(f, p->MPT, p->RFSPT);
      },
      ModuleCount},
 };

@@ -102,10 +102,6 @@ std::string OptionLine(const OptionRow& row, std::string_view rest, const std::s
 
 }  // namespace
 
-std::span<const OptionRow> OptionRows() {
-  return kOptions;
-}
-
 const OptionRow* FindOptionRow(std::string_view name) {
   const auto row = std::find_if(std::begin(kOptions), std::end(kOptions), [name](const OptionRow& known) {
     return !name.empty() && (known.names.name == name || known.names.other == name);

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <limits>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -25,7 +24,6 @@ struct OptionRow {
   int low = std::numeric_limits<int>::min(), high = std::numeric_limits<int>::max();
 };
 
-[[nodiscard]] std::span<const OptionRow> OptionRows();
 [[nodiscard]] const OptionRow* FindOptionRow(std::string_view name);  // by either spelling, capitals; null: unknown
 
 // Whether the values of all known options are what they must be.

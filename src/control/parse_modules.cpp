@@ -40,10 +40,6 @@ constexpr std::string_view kSomeFailed[] = {
     "         Post-processing tasks related to data from unrecognized or misread",
     "         modules may not work correctly"};
 
-void SayLines(const Console& console, std::span<const std::string_view> lines) {
-  for (const std::string_view line : lines) SayLine(console, line);
-}
-
 std::string ModuleName(std::string_view line) {
   line = TrimStart(WithoutComment(line));
   line.remove_prefix(1);  // the $

@@ -18,18 +18,13 @@ RowStatus ReadTextRow(HeaderText& text, const RecordRow& row, ControlRecords& re
   return RowStatus::ok;
 }
 
-// Items that the text leaves out are 0, also where the record itself has another default.
-void SetToZero(const FieldList& fields) {
-  for (const ListItem& item : fields.items()) std::visit([](auto* value) { *value = 0; }, item);
-}
-
 RowStatus ReadListRow(HeaderText& text, const RecordRow& row, RecordState& state) {
   const std::int64_t count = row.count == nullptr ? 1 : row.count(state);
   if (count < 0) return RowStatus::negative_count;
   for (std::int64_t i = 0; i < count; ++i) {
     FieldList fields;
     if (!row.list(state, static_cast<std::size_t>(i), fields)) return RowStatus::out_of_memory;
-    SetToZero(fields);
+    fields.SetToZero();
     if (ReadList(ListsOf(text), fields.items()) != ListStatus::ok) return RowStatus::bad_record;
   }
   const RecordCheck check = row.check == nullptr ? RecordCheck::ok : row.check(state);

@@ -4,6 +4,7 @@
 
 #include "base/message.h"
 #include "control/control_text.h"
+#include "control/spectrum_check.h"
 
 namespace zaview {
 namespace {
@@ -11,19 +12,6 @@ namespace {
 using State = RecordState;
 using Index = std::size_t;
 using C = ControlRecords;
-
-// Entry i of a repeated list; null when memory is out.
-template <typename T>
-T* EntryAt(std::vector<T>& entries, Index i) {
-  if (i >= entries.size() && !Grow(entries, i + 1)) return nullptr;
-  return &entries[i];
-}
-
-template <typename... T>
-bool Fields(FieldList& list, T&... fields) {
-  list.AddAll(fields...);
-  return true;
-}
 
 bool IsScale(double value) {
   return value > 0.0 && std::isfinite(value);
@@ -44,10 +32,6 @@ RecordCheck OutputScalesAreGood(const State& s) {
 RecordCheck SeawayKindIsKnown(const State& s) {
   const int kind = s.records.seaway.ISEA;
   return kind >= 0 && kind <= 8 ? RecordCheck::ok : RecordCheck::bad_seaway;
-}
-
-bool IsSpectrum(int kind) {
-  return kind == 2 || kind >= 6;
 }
 
 template <int kind>

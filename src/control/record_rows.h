@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "base/grow.h"
@@ -32,7 +33,26 @@ struct FieldList {  // places of the items of one list
     (Add(fields), ...);
   }
   [[nodiscard]] std::span<const ListItem> items() const { return {item.data(), size}; }
+
+  // Items that a text leaves out are 0, also where the record itself has another default.
+  void SetToZero() const {
+    for (const ListItem& place : items()) std::visit([](auto* value) { *value = 0; }, place);
+  }
 };
+
+// The places of one list, as rows give them.
+template <typename... T>
+bool Fields(FieldList& list, T&... fields) {
+  list.AddAll(fields...);
+  return true;
+}
+
+// Entry i of a repeated list, made if it is the next one; null when memory is out.
+template <typename T>
+T* EntryAt(std::vector<T>& entries, std::size_t i) {
+  if (i >= entries.size() && !Grow(entries, i + 1)) return nullptr;
+  return &entries[i];
+}
 
 // The records and the counts that steer repeated lists. The counts are as written in the text: the arrays grow as
 // their lines really come.

@@ -10,26 +10,21 @@
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kEvenHeadings[] = {"WRN139 - For spectral wave definition, NHEAD must be odd.",
-                                                     "         Specified value will be modified"};
-inline constexpr std::string_view kFewFrequencies[] = {
-    "WRN139 - For spectral wave definition, NFREQ < 5 will result in a", "         very coarse frequency distribution"};
-inline constexpr std::string_view kFewHeadings[] = {"WRN139 - For spectral wave definition, NHEAD < 5 will result in a",
-                                                    "         very coarse heading distribution"};
-inline constexpr std::string_view kWideSpread[] = {
-    "WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees",
-    "         This may result in an unrealistic seaway"};
+constexpr std::string_view kEvenHeadings[] = {"WRN139 - For spectral wave definition, NHEAD must be odd.",
+                                              "         Specified value will be modified"};
+constexpr std::string_view kFewFrequencies[] = {"WRN139 - For spectral wave definition, NFREQ < 5 will result in a",
+                                                "         very coarse frequency distribution"};
+constexpr std::string_view kFewHeadings[] = {"WRN139 - For spectral wave definition, NHEAD < 5 will result in a",
+                                             "         very coarse heading distribution"};
+constexpr std::string_view kWideSpread[] = {"WRN139 - Short-crested sea definition has NHEAD*SPREAD > 360 degrees",
+                                            "         This may result in an unrealistic seaway"};
 
-inline constexpr std::string_view kNoFrequencies = " Number of frequencies NFREQ= {}";
-inline constexpr std::string_view kTooManyComponents = " Number of components NFREQ*NHEAD= {} is limited to {}";
+constexpr std::string_view kNoFrequencies = " Number of frequencies NFREQ= {}";
+constexpr std::string_view kTooManyComponents = " Number of components NFREQ*NHEAD= {} is limited to {}";
 
 constexpr int kFewest = 5;          // frequencies or headings
 constexpr double kNoSpread = 1e-5;  // degrees: headings are then laid over a half circle
 constexpr double kFullCircle = 360;
-
-void SayLines(const Console& console, std::span<const std::string_view> lines) {
-  for (const std::string_view line : lines) SayLine(console, line);
-}
 
 struct SpectrumValue {
   std::string_view label;

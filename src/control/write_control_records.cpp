@@ -14,6 +14,7 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kLimitPassed = "!WRN359 - Dimensioning parameter {} exceeded - data echo not accurate\n";
+
 void AppendComment(const RecordRow& row, std::int64_t count, std::string& text) {
   text += row.comment;
   text += '\n';

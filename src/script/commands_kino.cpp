@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "base/number_format.h"
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "case/read/kino_input.h"
@@ -17,13 +16,6 @@ namespace {
 
 inline constexpr std::string_view kBlankName = "ERROR - Blank file name for {} command";
 inline constexpr std::string_view kLongName = "ERROR opening KINO file {}";
-
-// The number that was written, not the 4-byte value nearest to it.
-double AsWritten(float number) {
-  double value = number;
-  (void)ParseDouble(DefaultNumber(number), value);
-  return value;
-}
 
 // Gravity, density, reference point, centre of gravity.
 int ReadNumbers(ScriptCall& call, KinoFiles& files) {

@@ -5,6 +5,7 @@
 
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "case/read/ensemble_match.h"
 #include "case/read/read_output_file.h"
 #include "frame/ground/wildcards.h"
 #include "script/command_table.h"

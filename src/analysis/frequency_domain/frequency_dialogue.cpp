@@ -48,10 +48,6 @@ constexpr FileRow kFiles[] = {  // in the order of CoefficientKind
 constexpr FileRow kExcitationFile = {"Enter file name for wave excitation coefficients (BLANK to write to screen)",
                                      "Wave Excitation coefficients written to file"};
 
-void SayLines(const Console& console, std::span<const std::string_view> lines) {
-  for (const std::string_view line : lines) SayLine(console, line);
-}
-
 // False: QUIT.
 bool AskFile(const Platform& platform, const FileRow& row, const std::string& text) {
   const FileQuestion question{.use = FileUse::output, .prompt = row.prompt, .extension = {}, .blank_is_console = true};

@@ -44,12 +44,8 @@ double Cosine(double value) {
   return std::abs(value) < kAlongAxis ? 0.0 : value;
 }
 
-// The number that was written, not the 4-byte value nearest to it.
 KinoSeaUnits UnitsOf(const OutputSettings& settings) {
-  KinoSeaUnits units{settings.units.GRAVOUT, settings.units.LENOUT};
-  (void)ParseDouble(DefaultNumber(settings.units.GRAVOUT), units.g);
-  (void)ParseDouble(DefaultNumber(settings.units.LENOUT), units.L);
-  return units;
+  return {AsWritten(settings.units.GRAVOUT), AsWritten(settings.units.LENOUT)};
 }
 
 Seaway Redefined(const Seaway& seaway, PhaseDefinition definition) {

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
 #include "case/size_history.h"
 #include "control/input_scales.h"
+#include "control/spectrum_check.h"
 #include "frame/ground/prompts.h"
 
 namespace zaview {
@@ -127,7 +130,7 @@ ShownPeriods FindPeriods(const ControlRecords& control, const DominantWave& wave
 }
 
 void SayPeriods(const Console& console, const DominantWave& wave, const ShownPeriods& periods, std::size_t count) {
-  for (const std::string_view line : kPurpose) SayLine(console, line);
+  SayLines(console, kPurpose);
   if (wave.kind == SeaPeriod::no_clue) SayLine(console, kNoClue);
   if (wave.kind == SeaPeriod::regular) Say(console, "Regular wave .............. wave period= {}", Shown{periods.wave});
   if (wave.kind == SeaPeriod::composite)
@@ -157,7 +160,7 @@ DominantWave FindDominantWave(const ControlRecords& control) {
     wave.frequency *= scales.frequency;
   } else if (sea.ISEA == 5) {
     wave.kind = SeaPeriod::no_clue;
-  } else if (sea.ISEA == 2 || (sea.ISEA >= 6 && sea.ISEA <= 8)) {
+  } else if (IsSpectrum(sea.ISEA)) {
     const double period = ModalPeriod(control) * scales.time;
     if (period > 0 && std::isfinite(period)) wave = {SeaPeriod::spectral, kTwoPi / period, Radians(sea.SEAHD)};
   }

@@ -30,14 +30,14 @@ void SayCuts(const Console& console, int cuts, char axis, const std::vector<int>
   for (const int kind : kinds) SayLine(console, kLoadKinds[static_cast<std::size_t>((kind - 1) % 3)]);
 }
 
-// Deliberate: a request up to last_step itself stands, only what lies beyond it is cut.
-void ApplySkip(const OutputSettings& settings, CaseStore& c) {
-  const int most = std::max(0, c.last_step - 1);
-  if (settings.reading.skip_initial < 0) c.skip_effective = std::min(c.skip_effective, most);
-  else c.skip_effective = settings.reading.skip_initial <= c.last_step ? settings.reading.skip_initial : most;
-}
-
 }  // namespace
+
+void ApplySkip(const OutputSettings& settings, CaseStore& case_store) {
+  const int most = std::max(0, case_store.last_step - 1);
+  const int asked = settings.reading.skip_initial;
+  if (asked < 0) case_store.skip_effective = std::min(case_store.skip_effective, most);
+  else case_store.skip_effective = asked <= case_store.last_step ? asked : most;
+}
 
 TrimOutcome ApplyTrim(const OutputSettings& settings, CaseStore& case_store) {
   CaseStore& c = case_store;
@@ -79,14 +79,13 @@ TrimOutcome RetrimCase(const OutputSettings& settings, CaseStore& case_store) {
 void SayTrim(const Console& console, const TrimOutcome& outcome) {
   if (outcome.incomplete_trimmed) {
     Say(console, "WRN500 - Last {} time steps trimmed from incomplete ZAVO run", outcome.abort_trim);
-    for (const std::string_view line : kRestoreHint) SayLine(console, line);
+    SayLines(console, kRestoreHint);
   }
   SayTrimWhole(console, outcome);
 }
 
 void SayTrimWhole(const Console& console, const TrimOutcome& outcome) {
-  if (!outcome.whole) return;
-  for (const std::string_view line : kTrimWhole) SayLine(console, line);
+  if (outcome.whole) SayLines(console, kTrimWhole);
 }
 
 void SetCaseFlags(CaseStore& case_store) {

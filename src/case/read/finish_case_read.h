@@ -7,9 +7,13 @@
 
 namespace zaview {
 
-// The trim rules of a read alone: sets first_step, last_step and skip_effective, and
-// keeps current_step inside. Says nothing; doing it again changes nothing. Lengths are compared with the count of
-// steps in store, so a restarted part that begins at step 371 is treated like a run that begins at 1.
+// The skip of the settings, or that of the read, put in force: at most last_step - 1. Deliberate: a request of
+// last_step itself stands, only what lies beyond it is cut.
+void ApplySkip(const OutputSettings& settings, CaseStore& case_store);
+
+// The trim rules of a read alone: sets first_step, last_step and skip_effective, and keeps current_step inside. Says
+// nothing; doing it again changes nothing. Lengths are compared with the count of steps in store, so a restarted part
+// that begins at step 371 is treated like a run that begins at 1.
 struct TrimOutcome {
   bool incomplete_trimmed = false;  // WRN500
   int abort_trim = 0;               // steps trimmed for that reason

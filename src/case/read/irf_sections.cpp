@@ -127,8 +127,7 @@ IrfStatus ReadLabel(IrfReader& r, std::string_view line) {
     return SayFault(r, kNoMemory);
   r.steps.back() = steps;
   r.fresh.irfs.back() = std::move(block);
-  if (row->kind == IrfKind::added_mass && !r.fresh.irfs.back().has_matrices)
-    for (const std::string_view text : kNoMatrices) SayLine(r.console, text);
+  if (row->kind == IrfKind::added_mass && !r.fresh.irfs.back().has_matrices) SayLines(r.console, kNoMatrices);
   return IrfStatus::ok;
 }
 
@@ -270,7 +269,7 @@ IrfStatus ReadIrfSections(const Console& console, LineSource& source, CaseStore&
       if (ReadData(r, index, data_end) != IrfStatus::ok) return IrfStatus::failed;
   }
   if (!fresh.irf_case || !fresh.irfs.empty()) return IrfStatus::ok;
-  for (const std::string_view text : kNoIrfs) SayLine(console, text);
+  SayLines(console, kNoIrfs);
   return IrfStatus::failed;
 }
 

@@ -10,14 +10,15 @@
 #include "base/text.h"
 #include "case/case_hull.h"
 #include "case/output_scales.h"
-#include "case/plot_data.h"
 #include "case/read/default_skip.h"
 #include "case/read/ensemble_match.h"
+#include "case/read/finish_case_read.h"
 #include "case/read/irf_sections.h"
 #include "case/read/kino_input.h"
 #include "case/read/output_header.h"
 #include "case/read/read_steps.h"
 #include "case/read/restart_combine.h"
+#include "case/read/step_columns.h"
 #include "case/read/table_input.h"
 #include "case/read/time_steps.h"
 #include "case/wave_at_cg.h"
@@ -98,13 +99,10 @@ Content ReadContent(const Platform& platform, const ReadRequest& request, FileHa
   StartStream(stream, platform.files, file);
   LineSource source;
   source.stream = &stream;
-  const std::string name = fresh.file_name;
-  if (ReadOutputHeader(platform, source, name, fresh) != HeaderStatus::ok) return Content::refused;
-  fresh.file_name = name;
-  fresh.base_name = BaseName(name);
+  if (ReadOutputHeader(platform, source, fresh.file_name, fresh) != HeaderStatus::ok) return Content::refused;
+  fresh.base_name = BaseName(fresh.file_name);
   SetCaseFlags(fresh);
   if (!CheckHeader(console, request, fresh) || !ReadPhaseLists(platform, fresh)) return Content::refused;
-  fresh.nstep_expected = fresh.control.NSTEP;
   if (fresh.nstep_expected == 0 && (fresh.time_history() || NoTextLeft(stream))) return Content::geometry_only;
   if (!fresh.time_history() && ReadIrfSections(console, source, fresh) != IrfStatus::ok) return Content::refused;
   if (fresh.irf_case) return Content::impulse_responses;
@@ -194,7 +192,7 @@ ReadOutcome TakeSteps(const Console& console, const ReadRequest& request, const 
     return ReadOutcome::ok;
   }
   if (steps.end == StepsEnd::no_record || steps.end == StepsEnd::complete) {
-    for (const std::string_view line : kNoSteps) SayLine(console, line);
+    SayLines(console, kNoSteps);
     AcceptWithoutSteps(console, settings, fresh, held);
     return ReadOutcome::ok;
   }

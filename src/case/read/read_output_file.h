@@ -10,9 +10,6 @@
 #include "case/case_store.h"
 #include "case/ensemble_store.h"
 #include "case/output_settings.h"
-#include "case/read/ensemble_match.h"
-#include "case/read/finish_case_read.h"
-#include "case/read/restart_combine.h"
 #include "frame/ground/run_state.h"
 
 namespace zaview {
@@ -33,9 +30,10 @@ struct ReadRequest {
 };
 
 // A good header whose steps can't be read is a failure that leaves a held case alone; where none was held, the new case
-// is kept without steps (its geometry is usable) and the outcome still is `failed`. Memory running out in the steps
-// drops the case. A case with steps is joined to the one held or matched with the ensemble, as the modes say; one
-// without steps empties the ensemble. Giving up at the prompt with no case in store sets run.exit_requested.
+// is kept without steps (its geometry is usable) and the outcome still is `failed`. So it is where the companion can't
+// be opened, held case or not. Memory running out in the steps drops the case. A case with steps is joined to the one
+// held or matched with the ensemble, as the modes say; one without steps empties the ensemble. Giving up at the prompt
+// with no case in store sets run.exit_requested.
 [[nodiscard]] ReadOutcome read_output_file(const ReadRequest& request, const Platform& platform, RunState& run,
                                            OutputSettings& settings, CaseStore& case_store, EnsembleStore& ensemble);
 

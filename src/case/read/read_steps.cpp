@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "base/message.h"
+#include "case/read/step_columns.h"
 #include "case/read/unformatted_steps.h"
 #include "case/smoothing.h"
 #include "frame/ground/progress_line.h"
@@ -37,9 +38,10 @@ void SayVersions(const Console& console, int formatted, int unformatted) {
 }
 
 void SmoothLoads(const Console& console, CaseStore& fresh) {
+  constexpr int kOption = 1;  // what smooth_section_loads is
   for (auto* const loads : {&fresh.load_force, &fresh.load_moment})
     for (StepHistory& kind : *loads)
-      if (!smooth_section_loads(kind)) return SayLine(console, kSmoothingSkipped);
+      if (!smooth_section_loads(kind)) return SayLine(console, SmoothingSkipped(kOption));
 }
 
 [[nodiscard]] bool ReadCompanionStream(const Platform& platform, const std::string& name, BlockStream& stream,

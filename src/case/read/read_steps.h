@@ -17,7 +17,6 @@ inline constexpr std::string_view kCompanionUnparsed = "ERROR parsing unformatte
 inline constexpr std::string_view kVersionsDiffer[] = {
     "WARNING: version number mismatch between formatted and unformated files:", "  formatted   (.out)  file: {}",
     "  unformatted (.outu) file: {}", "Trying to read file anyway..."};
-inline constexpr std::string_view kSmoothingSkipped = "Memory allocation error - smoothing skipped";
 
 // The primary file, whose stream stands at its first step.
 [[nodiscard]] StepsRead ReadFormattedSteps(const Platform& platform, BlockStream& stream, CaseStore& fresh);

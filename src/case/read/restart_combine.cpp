@@ -142,7 +142,7 @@ bool SayObstacle(const Console& console, const CaseStore& old, const CaseStore& 
 
 bool WantsCombination(const Console& console, const CaseStore& old) {
   Say(console, kPreviousSteps, old.first_read, old.last_read);
-  for (const std::string_view line : kExplain) SayLine(console, line);
+  SayLines(console, kExplain);
   std::string answer;
   if (ask_text(console, kCombineOrLast, "", answer) != Answer::ok) return false;
   const std::string_view word = Trim(answer);

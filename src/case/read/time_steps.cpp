@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/grow.h"
+#include "case/read/step_columns.h"
 #include "case/read/step_rows.h"
 
 namespace zaview {

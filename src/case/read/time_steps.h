@@ -7,7 +7,6 @@
 
 #include "base/line_source.h"
 #include "case/case_store.h"
-#include "case/read/step_columns.h"
 
 namespace zaview {
 

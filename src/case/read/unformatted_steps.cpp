@@ -9,6 +9,7 @@
 
 #include "base/grow.h"
 #include "base/large_pages.h"
+#include "case/read/step_columns.h"
 
 namespace zaview {
 namespace {

@@ -7,7 +7,6 @@
 
 #include "base/message.h"
 #include "base/number_format.h"
-#include "base/number_parse.h"
 #include "base/text.h"
 #include "case/settings/output_form.h"
 #include "case/settings/smoothing_settings.h"
@@ -61,8 +60,7 @@ const ConventionRow* PresentConvention(const OutputSettings& settings) {
 // False: the user gave up.
 bool AskConvention(const Console& console, OutputSettings& settings) {
   SayLine(console, "Select coordinate convention for motion and force/moment data");
-  for (const ConventionRow& row : kConventions)
-    for (const std::string_view text : row.text) SayLine(console, text);
+  for (const ConventionRow& row : kConventions) SayLines(console, row.text);
   const ConventionRow* present = PresentConvention(settings);
   if (present == nullptr) SayLine(console, "LOGIC ERROR #3 in CNVFAC - report to Ned");
   const std::string shown(present == nullptr ? "" : present->name.substr(0, kConventionLetters));
@@ -130,7 +128,7 @@ constexpr std::string_view kIntervalMenu[] = {"Confidence intervals:", " 0 - By 
 }  // namespace
 
 void AskOutputScales(const Console& console, OutputSettings& settings, const CaseStore& case_store) {
-  for (const std::string_view line : kScaleHeads) SayLine(console, line);
+  SayLines(console, kScaleHeads);
   for (std::size_t i = 0; i < kScaleNames.size(); ++i)
     Say(console, "{} {}", kScaleTexts[i].line, Shown{settings.units.*kScaleNames[i].factor});
   const bool asked = AskScales(console, case_store, settings.units);
@@ -161,7 +159,7 @@ void retrim_record(const Console& console, OutputSettings& settings, CaseStore& 
 }
 
 void AskSmoothing(const Console& console, OutputSettings& settings) {
-  for (const std::string_view line : kSmoothingMenu) SayLine(console, line);
+  SayLines(console, kSmoothingMenu);
   SmoothingSettings asked = settings.smoothing;
   for (;;) {
     int option = settings.smoothing.option;
@@ -179,7 +177,7 @@ void AskSmoothing(const Console& console, OutputSettings& settings) {
 }
 
 void AskIntervalMethod(const Console& console, OutputSettings& settings) {
-  for (const std::string_view line : kIntervalMenu) SayLine(console, line);
+  SayLines(console, kIntervalMenu);
   StatisticSettings asked = settings.statistics;
   const auto ask = [&](std::string_view prompt, int present, std::string_view illegal, auto set) {
     for (;;) {

@@ -51,8 +51,7 @@ SettingFault SetSkips(int initial, int terminal, OutputSettings& settings, CaseS
   if (initial < 0 || terminal < 0) return SettingFault::illegal;
   settings.reading.skip_initial = initial;
   settings.reading.skip_terminal = terminal;
-  if (case_store.has_steps())
-    case_store.skip_effective = initial <= case_store.last_step ? initial : case_store.last_step - 1;
+  if (case_store.has_steps()) ApplySkip(settings, case_store);
   return SettingFault::none;
 }
 

@@ -12,7 +12,6 @@
 #include "base/text.h"
 #include "case/kino_motions.h"
 #include "case/wave_at_cg.h"
-#include "control/input_scales.h"
 #include "geometry/read_geometry.h"
 #include "waves/kino_sea.h"
 
@@ -30,13 +29,6 @@ inline constexpr std::string_view kTransformation[] = {
 constexpr double kDegrees = 180 / std::numbers::pi;
 constexpr double kUsualGravity = 9.81;  // what a viewer takes if it is told nothing
 constexpr double kSameGravity = 0.001;  // of it
-
-// A scale stands for the number that was written: 9.81 itself, not the 4-byte value nearest to it.
-double AsWritten(float scale) {
-  double value = scale;
-  (void)ParseDouble(DefaultNumber(scale), value);
-  return value;
-}
 
 KinoSeaUnits UnitsOf(const OutputSettings& settings) {
   return {AsWritten(settings.units.GRAVOUT), AsWritten(settings.units.LENOUT)};
@@ -197,7 +189,7 @@ bool WriteKinoSeaway(const Console& console, const OutputSettings& settings, Cas
 void SayKinoTransformation(const Console& console, const OutputSettings& settings, const CaseStore& case_store) {
   if (SplitGeometryName(case_store.control.FGEOM).format == GeometryFormat::none) return;
   const ViewerTransformation viewer = TransformationOf(settings, case_store);
-  for (const std::string_view line : kTransformation) SayLine(console, line);
+  SayLines(console, kTransformation);
   Say(console, "-gshift {}", Numbers(viewer.gshift));
   Say(console, "-gorig {}", Numbers(viewer.gorig));
   Say(console, "-grot  {}", Numbers(viewer.grot_deg));

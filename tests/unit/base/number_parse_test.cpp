@@ -92,6 +92,11 @@ TEST(NumberParse, PromptScannerFindsTheNextNumber) {
   }
 }
 
+TEST(NumberParse, AFourByteValueStandsForItsShortestText) {
+  for (const double number : {9.81, -0.1, 1025.0, 57.29578, 3.4028235e38, 1e-45, 0.0})
+    EXPECT_EQ(AsWritten(static_cast<float>(number)), number);
+}
+
 TEST(NumberParse, NearestIntegerIsLimited) {
   EXPECT_EQ(RoundToInt(-2.5), -3);
   EXPECT_EQ(RoundToInt(0.49999999999999994), 0);
