@@ -1,26 +1,21 @@
 #include "case/read/kino_input.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <numbers>
-#include <span>
 #include <string_view>
-#include <utility>
 
-#include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
-#include "base/rotation.h"
 #include "base/text.h"
 #include "case/kino_motions.h"
 #include "case/output_scales.h"
 #include "case/read/default_skip.h"
 #include "case/read/ensemble_match.h"
 #include "case/read/finish_case_read.h"
-#include "case/size_history.h"
+#include "case/read/kino_case.h"
 #include "case/wave_at_cg.h"
-#include "control/input_scales.h"
 #include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
 #include "geometry/read_geometry.h"
@@ -30,59 +25,45 @@
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kBeginning = "Beginning alternative data input (QUIT to abort)";
-inline constexpr std::string_view kComplete = "Text file data input complete...";
-inline constexpr std::string_view kAskMotions = "Enter an KINO format motions file";
-inline constexpr std::string_view kBlankName = " file specification aborted ... re-specify";
-inline constexpr std::string_view kAskSeaway = "Enter an KINO seaway file name, CALM for no wave, or QUIT to abort";
-inline constexpr std::string_view kAskGravity = "Enter gravitational constant =>";
-inline constexpr std::string_view kAskDensity = "Enter water density =>";
-inline constexpr std::string_view kReenter = "Illegal value - re-enter";
-inline constexpr std::string_view kAskGeometry =
+constexpr std::string_view kBeginning = "Beginning alternative data input (QUIT to abort)";
+constexpr std::string_view kComplete = "Text file data input complete...";
+constexpr std::string_view kAskMotions = "Enter an KINO format motions file";
+constexpr std::string_view kBlankName = " file specification aborted ... re-specify";
+constexpr std::string_view kAskSeaway = "Enter an KINO seaway file name, CALM for no wave, or QUIT to abort";
+constexpr std::string_view kAskGravity = "Enter gravitational constant =>";
+constexpr std::string_view kAskDensity = "Enter water density =>";
+constexpr std::string_view kReenter = "Illegal value - re-enter";
+constexpr std::string_view kAskGeometry =
     "Enter a ZAVO input geometry file name\n"
     "  -or-  a SIMPLE format mesh file as SIMPLE:filename\n"
     "  -or-  a NASTRAN mesh file as NASTRAN:filename\n"
     "  -or-  a HRL/HARLEND geometry input file as HRL:filename\n"
     "  -or-  NONE to continue without geometry\n"
     "  -or-  QUIT to abort";
-inline constexpr std::string_view kAskReference = "Enter position of motion reference point in geometry coordinates=>";
-inline constexpr std::string_view kAskCentre = "Enter position of center of gravity in geometry coordinates=>";
-inline constexpr std::string_view kAskPoint = "Enter position of motion reference point=>";
+constexpr std::string_view kAskReference = "Enter position of motion reference point in geometry coordinates=>";
+constexpr std::string_view kAskCentre = "Enter position of center of gravity in geometry coordinates=>";
+constexpr std::string_view kAskPoint = "Enter position of motion reference point=>";
 
-inline constexpr std::string_view kReadingMotions = "Reading motions data from KINO file {}";
-inline constexpr std::string_view kNoMotions = "ERROR opening KINO motions file {}{}";
-inline constexpr std::string_view kMotionsUnreadable = "ERROR reading KINO motions file {}";
-inline constexpr std::string_view kNoSteps = "ERROR - no time steps read from file";
-inline constexpr std::string_view kNotIncreasing[] = {
-    "ERROR - time values in specified motion data file not increasing.", "        File may be of incorrect format."};
-inline constexpr std::string_view kNoHistoryMemory = "ERROR allocating time history data, istat= 1";
-inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
-inline constexpr std::string_view kCalm = "CALM or blank name specified for Seaway file: incident wave set to calm";
-inline constexpr std::string_view kNoSeaway = "ERROR opening Seaway file: {}{}";
-inline constexpr std::string_view kNoGeometry =
-    "NONE or blank name specified for geometry file: skipping geometry input";
-inline constexpr std::string_view kQualifier = "Format qualifier >{}< name >{}";
-inline constexpr std::string_view kUnknownQualifier =
-    "ERROR - unrecognzied format qualifier ({}) for geometry input file";
-inline constexpr std::string_view kGeometryNotOpen = "ERROR opening geometry file: {}{}";
-inline constexpr std::string_view kBadGravity = "ERROR - illegal value specified for gravitational constant: {}";
-inline constexpr std::string_view kBadDensity = "ERROR - illegal value specified for water density : {}";
+constexpr std::string_view kReadingMotions = "Reading motions data from KINO file {}";
+constexpr std::string_view kNoMotions = "ERROR opening KINO motions file {}{}";
+constexpr std::string_view kMotionsUnreadable = "ERROR reading KINO motions file {}";
+constexpr std::string_view kNoSteps = "ERROR - no time steps read from file";
+constexpr std::string_view kNotIncreasing[] = {"ERROR - time values in specified motion data file not increasing.",
+                                               "        File may be of incorrect format."};
+constexpr std::string_view kNoHistoryMemory = "ERROR allocating time history data, istat= 1";
+constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
+constexpr std::string_view kCalm = "CALM or blank name specified for Seaway file: incident wave set to calm";
+constexpr std::string_view kNoSeaway = "ERROR opening Seaway file: {}{}";
+constexpr std::string_view kNoGeometry = "NONE or blank name specified for geometry file: skipping geometry input";
+constexpr std::string_view kQualifier = "Format qualifier >{}< name >{}";
+constexpr std::string_view kUnknownQualifier = "ERROR - unrecognzied format qualifier ({}) for geometry input file";
+constexpr std::string_view kGeometryNotOpen = "ERROR opening geometry file: {}{}";
+constexpr std::string_view kBadGravity = "ERROR - illegal value specified for gravitational constant: {}";
+constexpr std::string_view kBadDensity = "ERROR - illegal value specified for water density : {}";
 
-constexpr std::string_view kMotionsExtension = ".mot";
 constexpr std::string_view kSeawayExtension = ".sea";
 constexpr std::string_view kQualifiers[] = {"ZAVO",    "zavo",    "SIMPLE",  "simple", "NASTRAN",
                                             "nastran", "HARLEND", "harlend", "HRL",    "hrl"};
-constexpr double kDegrees = 180 / std::numbers::pi;
-
-struct KinoCase {    // what the files gave, as far as the input has come
-  std::string name;  // of the motions file, as opened
-  KinoMotions motions;
-  Seaway seaway;
-  std::string geometry;  // the geometry file as ReadGeometry takes it; blank: none
-  Hull hull;             // input lengths
-  double g = 0, rho = 0;
-  Vector3 reference{}, centre{};
-};
 
 struct Into {  // what the case changes when it is complete
   OutputSettings& settings;
@@ -104,8 +85,7 @@ void SayMotionsFault(const Console& console, MotionsFault fault, const std::stri
   if (fault == MotionsFault::no_steps) SayLine(console, kNoSteps);
   if (fault == MotionsFault::out_of_memory) SayLine(console, kNoHistoryMemory);
   if (fault == MotionsFault::read_error) Say(console, kMotionsUnreadable, name);
-  if (fault == MotionsFault::not_increasing)
-    for (const std::string_view line : kNotIncreasing) SayLine(console, line);
+  if (fault == MotionsFault::not_increasing) SayLines(console, kNotIncreasing);
 }
 
 bool TakeMotions(const Platform& platform, std::string_view given, KinoCase& kino) {
@@ -194,141 +174,17 @@ bool TakeGeometry(const Platform& platform, std::string_view given, KinoCase& ki
   return status == GeometryStatus::ok || status == GeometryStatus::skipped;
 }
 
-// ---- The case
-
-// A control text for what the files tell: everything in input units, which are those of the motions file.
-void FillControl(const KinoCase& kino, ControlRecords& control) {
-  const KinoMotions& motions = kino.motions;
-  const std::vector<double>& time = motions.column[0];
-  control.DESCR = Trim(std::string_view(motions.comment).substr(StartsWith(motions.comment, "!") ? 1 : 0));
-  control.FGEOM = kino.geometry;
-  control.MOTYPE = 0;
-  control.NSTEP = static_cast<int>(motions.steps());
-  control.TINIT = time.front();
-  control.DTH = time.size() > 1 ? (time.back() - time.front()) / static_cast<double>(time.size() - 1) : 0;
-  control.GRAVIN = control.GRAVOUT = kino.g;
-  control.RHOIN = control.RHOOUT = kino.rho;
-  control.LENIN = control.LENOUT = motions.length;
-  control.ANGIN = control.ANGOUT = kDegrees;
-  control.RGRAV = kino.centre;
-}
-
-// The file tells times, the case counts steps.
-void ScaleBySteps(double TINIT, double DTH, WaveScaling& scaling) {
-  if (!(DTH > 0)) DTH = 1;  // a single step: any length will do
-  for (double& position : scaling.WSCSTP) {
-    const double time = scaling.TINIT + (position - 1) * scaling.DTH;
-    position = 1 + (time - TINIT) / DTH;
-  }
-  scaling.TINIT = TINIT;
-  scaling.DTH = DTH;
-}
-
-// The components as the control data of a run would list them.
-bool FillSeawayRecord(const Seaway& sea, ControlRecords& control) {
-  const InputScales scales = InputScalesOf(control);
-  SeawayInput& record = control.seaway;
-  control.WDEPTH = sea.WDEPTH / scales.length;
-  record.ISEA = sea.ISEA;
-  record.WSPEC = sea.WSPEC;
-  record.WAVEDIM1 = sea.alternative.WAVEDIM1;
-  record.WAVEDIM2 = sea.alternative.WAVEDIM2;
-  record.WAVE_HEAD = sea.modes.WAVE_HEAD;
-  const WaveScaling& scaling = sea.scaling;
-  const std::size_t factors = scaling.WSCSTP.size();
-  record.NWSC = static_cast<int>(factors);
-  record.WSCFAC = scaling.WSCFAC;
-  if (!Grow(record.WSCSTP, factors)) return false;
-  for (std::size_t i = 0; i < factors; ++i) record.WSCSTP[i] = RoundToInt(scaling.WSCSTP[i]);
-  if (!Grow(record.waves, sea.waves.size()) || !Grow(record.alternative, sea.alternative.FREQ.size()) ||
-      !Grow(record.modes, sea.modes.MODE_FREQ.size()))
-    return false;
-  for (std::size_t i = 0; i < record.waves.size(); ++i)
-    record.waves[i] = {sea.waves.FREQW[i] / scales.frequency, sea.waves.PHASEW[i], sea.waves.AMPW0[i] / scales.length,
-                       sea.waves.HEADW[i]};
-  const AlternativeWaves& a = sea.alternative;
-  for (std::size_t i = 0; i < record.alternative.size(); ++i)
-    record.alternative[i] = {a.KX[i] * scales.length,      a.KY[i] * scales.length,
-                             a.AMP[i] / scales.length,     a.PHASE[i],
-                             a.FREQ[i] / scales.frequency, a.HEAD[i]};
-  for (std::size_t i = 0; i < record.modes.size(); ++i)
-    record.modes[i] = {sea.modes.MODE_AMP[i] / scales.length, sea.modes.MODE_PHASE[i],
-                       sea.modes.MODE_FREQ[i] / scales.frequency};
-  return true;
-}
-
-// From the reference point to the CG: position + R (centre - reference).
-bool FillHistories(const KinoCase& kino, CaseStore& c) {
-  constexpr std::size_t kSix = 6;
-  if (!SizeHistory(c, 1, c.time) || !SizeHistory(c, kSix, c.pmgg)) return false;
-  // Nothing is known of these: QuantityValid refuses all that would show them.
-  if (!SizeHistory(c, kSix, c.vmg) || !SizeHistory(c, kSix, c.acc)) return false;
-  const double L = kino.motions.length;
-  const double time_scale = InputScalesOf(c.control).time;
-  Vector3 offset{};
-  for (std::size_t i = 0; i < 3; ++i) offset[i] = kino.centre[i] - kino.reference[i];
-  const bool shifted = offset != Vector3{};
-  for (std::size_t s = 0; s < kino.motions.steps(); ++s) {
-    const auto of_file = [&](std::size_t i) { return kino.motions.column[i][s]; };
-    c.time.component[0][s] = static_cast<float>(of_file(0) * time_scale);
-    std::array<float, 3> angles{};
-    for (std::size_t i = 0; i < 3; ++i)
-      c.pmgg.component[3 + i][s] = angles[i] = static_cast<float>(of_file(4 + i) / kDegrees);
-    Vector3 moved{};
-    if (shifted) moved = ToGlobal(ShipToGlobal(angles[0], angles[1], angles[2]), offset);
-    for (std::size_t i = 0; i < 3; ++i) c.pmgg.component[i][s] = static_cast<float>((of_file(1 + i) + moved[i]) / L);
-  }
-  for (std::size_t i = 0; i < kSix; ++i) c.control.PMGIN[i] = c.pmgg.component[i][0] * (i < 3 ? L : kDegrees);
-  return true;
-}
-
-void ScaleHull(double factor, Hull& hull) {
-  const auto scale = [factor](std::vector<Vector3>& points) {
-    for (Vector3& p : points)
-      for (double& x : p) x *= factor;
-  };
-  for (HullSurface& surface : hull.surfaces) scale(surface.points);
-  scale(hull.mesh.nodes);
-}
-
-// Ship axes are the geometry coordinates.
-bool BuildCase(const Console& console, KinoCase& kino, CaseStore& c) {
-  c.file_name = "KINO file " + kino.name;
-  const std::string_view name = std::string_view(kino.name).substr(kino.name.rfind('/') + 1);
-  const bool has_extension = name.size() > kMotionsExtension.size() &&
-                             name.substr(name.size() - kMotionsExtension.size()) == kMotionsExtension;
-  c.base_name = name.substr(0, name.size() - (has_extension ? kMotionsExtension.size() : 0));
-  c.NSHIP = 1;
-  c.kino_input = true;
-  c.holds = {false, false, false, false, false};
-  FillControl(kino, c.control);
-  c.first_read = 1;
-  c.last_read = c.nstep_expected = c.control.NSTEP;
-  c.ships.resize(1);
-  for (std::size_t i = 0; i < 3; ++i) c.ships[0].centre[i] = kino.centre[i] / kino.motions.length;
-  if (!FillHistories(kino, c)) {
-    SayLine(console, kNoHistoryMemory);
-    return false;
-  }
-  const InputScales scales = InputScalesOf(c.control);
-  c.seaway = std::move(kino.seaway);
-  ScaleBySteps(c.control.TINIT * scales.time, c.control.DTH * scales.time, c.seaway.scaling);
-  c.seaway_tried = Tried::there;
-  if (!FillSeawayRecord(c.seaway, c.control) || !PrepareIncidentWave(c.seaway, c.wave)) {
-    SayLine(console, kNoMemory);
-    return false;
-  }
-  SayLeftOut(console, c.wave);
-  c.hull = std::move(kino.hull);
-  ScaleHull(1 / kino.motions.length, c.hull);
-  c.hull_tried = kino.geometry.empty() ? Tried::failed : Tried::there;
-  return true;
-}
+// ---- The case takes its place
 
 KinoInput Accept(const Platform& platform, const RunState& run, KinoCase& kino, Into into) {
   const Console& console = platform.console;
   CaseStore fresh;
-  if (!BuildCase(console, kino, fresh)) return KinoInput::abandoned;
+  const KinoBuild build = BuildKinoCase(kino, fresh);
+  if (build != KinoBuild::ok) {
+    SayLine(console, build == KinoBuild::no_history_memory ? kNoHistoryMemory : kNoMemory);
+    return KinoInput::abandoned;
+  }
+  SayLeftOut(console, fresh.wave);
   SayLine(console, kComplete);
   into.settings.units.user_scale[0] = into.settings.units.user_scale[1] =
       false;  // this gravity and density are the user's, too
@@ -353,17 +209,10 @@ bool AskForMotions(const Platform& platform, KinoCase& kino) {
   return false;
 }
 
-// The number that was typed, not the 4-byte value nearest to it.
-double AsTyped(float number) {
-  double value = number;
-  (void)ParseDouble(DefaultNumber(number), value);
-  return value;
-}
-
 bool AskPositive(const Console& console, std::string_view prompt, double& value) {
   float number = 0;
   while (ask_real(console, prompt, false, number) == Answer::ok) {
-    value = AsTyped(number);
+    value = AsWritten(number);
     if (IsPositive(value)) return true;
     SayLine(console, kReenter);
   }
@@ -373,7 +222,7 @@ bool AskPositive(const Console& console, std::string_view prompt, double& value)
 bool AskPoint(const Console& console, std::string_view prompt, Vector3& point) {
   std::array<float, 3> numbers{};
   if (VINPUT(console, prompt, false, numbers) != Answer::ok) return false;
-  std::transform(numbers.begin(), numbers.end(), point.begin(), AsTyped);
+  std::transform(numbers.begin(), numbers.end(), point.begin(), AsWritten);
   return true;
 }
 

@@ -5,12 +5,12 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <numbers>
 #include <utility>
 
 #include "base/grow.h"
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "case/read/table_units.h"
 
 namespace zaview {
 namespace {
@@ -26,76 +26,6 @@ constexpr char kQuote = '"';
 
 constexpr std::string_view kTimeNames[] = {"TIME", "T"};
 constexpr std::string_view kGapWords[] = {"NAN", "NA", "N/A", "NULL", "-"};
-
-struct UnitRow {
-  std::string_view name;
-  TableUnit unit;
-};
-constexpr std::string_view kDegreeSign = "\xC2\xB0", kDegreeSignLatin = "\xB0";  // UTF-8, Latin 1
-constexpr double kDegree = std::numbers::pi / 180;
-constexpr TableUnit kOther{TableUnitKind::other, 1};
-constexpr TableUnit Length(double factor) {
-  return {TableUnitKind::length, factor};
-}
-constexpr TableUnit Angle(double factor) {
-  return {TableUnitKind::angle, factor};
-}
-constexpr TableUnit Time(double factor) {
-  return {TableUnitKind::time, factor};
-}
-constexpr UnitRow kUnits[] = {
-    {"m", Length(1)},
-    {"cm", Length(0.01)},
-    {"mm", Length(0.001)},
-    {"km", Length(1000)},
-    {"ft", Length(0.3048)},
-    {"feet", Length(0.3048)},
-    {"in", Length(0.0254)},
-    {"deg", Angle(kDegree)},
-    {"degree", Angle(kDegree)},
-    {"degrees", Angle(kDegree)},
-    {kDegreeSign, Angle(kDegree)},
-    {kDegreeSignLatin, Angle(kDegree)},
-    {"rad", Angle(1)},
-    {"s", Time(1)},
-    {"sec", Time(1)},
-    {"seconds", Time(1)},
-    {"ms", Time(0.001)},
-    {"min", Time(60)},
-    {"h", Time(3600)},
-    {"m/s", kOther},
-    {"m/s2", kOther},
-    {"m/s^2", kOther},
-    {"ft/s", kOther},
-    {"ft/s^2", kOther},
-    {"deg/s", kOther},
-    {"deg/s2", kOther},
-    {"deg/s^2", kOther},
-    {"rad/s", kOther},
-    {"rad/s2", kOther},
-    {"rad/s^2", kOther},
-    {"kn", kOther},
-    {"N", kOther},
-    {"kN", kOther},
-    {"MN", kOther},
-    {"Nm", kOther},
-    {"kNm", kOther},
-    {"MNm", kOther},
-    {"N-m", kOther},
-    {"kN-m", kOther},
-    {"lb", kOther},
-    {"ft-lb", kOther},
-    {"Pa", kOther},
-    {"kPa", kOther},
-    {"MPa", kOther},
-    {"bar", kOther},
-    {"Hz", kOther},
-    {"1/s", kOther},
-    {"rpm", kOther},
-    {"kW", kOther},
-    {"V", kOther},
-    {"%", kOther},
-};
 
 bool IsComment(std::string_view line) {
   return !line.empty() && (line[0] == '#' || line[0] == '%' || line[0] == '!');
@@ -177,7 +107,7 @@ std::string PlainNumber(std::string_view field, char separator) {
 
 template <typename Real>
 bool ParsePlain(std::string_view field, Real& value) {
-  if (!field.empty() && field.front() == '+') field.remove_prefix(1);
+  if (field.size() > 1 && field[0] == '+' && field[1] != '-') field.remove_prefix(1);
   const auto [end, fault] = std::from_chars(field.data(), field.data() + field.size(), value);
   return fault == std::errc() && end == field.data() + field.size() && std::fabs(value) <= kLargest;
 }
@@ -236,15 +166,6 @@ bool IsUnitLine(const std::vector<std::string>& fields, const TableHead& head) {
   return any;
 }
 
-// In letters that every picture has.
-std::string PlainUnit(std::string_view unit) {
-  if (unit == kDegreeSign || unit == kDegreeSignLatin) return "deg";
-  std::string text = Printable(unit);
-  for (const std::string_view square : {std::string_view("\xC2\xB2"), std::string_view("\xB2")})
-    if (const std::size_t at = text.find(square); at != std::string::npos) text.replace(at, square.size(), "^2");
-  return text;
-}
-
 // Is it a heading with times? Then it takes the place of the one before.
 bool TakeHeading(std::string_view line, std::int64_t number, TableHead& head) {
   const char separator = SeparatorOf(line);
@@ -258,7 +179,7 @@ bool TakeHeading(std::string_view line, std::int64_t number, TableHead& head) {
   head.units.resize(fields.size());
   for (std::size_t i = 0; i < fields.size(); ++i) SplitHeading(fields[i], head.names[i], head.units[i]);
   for (std::string& name : head.names) name = Printable(name);
-  for (std::string& unit : head.units) unit = PlainUnit(unit);
+  for (std::string& unit : head.units) unit = PlainUnit(Printable(unit));
   while (head.names.size() > head.time_column + 1 && head.names.back().empty()) {  // separators at the end of the line
     head.names.pop_back();
     head.units.pop_back();
@@ -398,44 +319,6 @@ bool BeginsWithNumber(std::string_view line, char separator) {
 }
 
 }  // namespace
-
-TableUnit FindTableUnit(std::string_view unit) {
-  for (const UnitRow& row : kUnits)
-    if (row.name == unit) return row.unit;
-  const std::string small = [&] {
-    std::string text(unit);
-    for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    return text;
-  }();
-  for (const UnitRow& row : kUnits)
-    if (row.unit.kind != TableUnitKind::other && row.name == small) return row.unit;
-  return {};
-}
-
-void SplitHeading(std::string_view field, std::string& name, std::string& unit) {
-  const std::string_view whole = Trim(field);
-  name = whole;
-  unit.clear();
-  for (const auto& [open, close] : {std::pair{'[', ']'}, {'(', ')'}}) {
-    const std::size_t at = whole.rfind(open);
-    if (at == std::string_view::npos || at == 0 || whole.back() != close) continue;
-    const std::string_view inside = Trim(whole.substr(at + 1, whole.size() - at - 2));
-    if (open == '(' && FindTableUnit(inside).kind == TableUnitKind::none && !IsWhite(whole[at - 1]))
-      continue;  // pmgg(3)
-    name = Trim(whole.substr(0, at));
-    unit = inside == "-" ? std::string_view{} : inside;
-    return;
-  }
-  for (const char mark : {',', '_'}) {
-    const std::size_t at = whole.rfind(mark);
-    if (at == std::string_view::npos || at == 0) continue;
-    const std::string_view behind = Trim(whole.substr(at + 1));
-    if (FindTableUnit(behind).kind == TableUnitKind::none) continue;
-    name = Trim(whole.substr(0, at));
-    unit = behind;
-    return;
-  }
-}
 
 TableFault ReadTableHead(LineSource& source, TableHead& head) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

@@ -62,26 +62,15 @@ inline constexpr std::size_t kMostTableColumns = 1000;
 
 // The heading is the last line ahead of the numbers that has a field named time or t. Ahead of it: empty lines,
 // comments
-// (#, %, !; a heading may stand in one), a title. A byte order mark is dropped.
-// A unit stands behind a name as [m], (m), ", m" or _m, or in a line of units alone below. The separator is the tab if
-// there is one, else the semicolon, else the comma.
+// (#, %, !; a heading may stand in one), a title. A byte order mark is dropped. A unit stands behind a name as [m],
+// (m),
+// ", m" or _m, or in a line of units alone below. The separator is the tab if there is one, else the semicolon, else
+// the comma.
 [[nodiscard]] TableFault ReadTableHead(LineSource& source, TableHead& head);
 
 // The rows behind the heading. Fields may stand in double quotes; in a table without commas between fields the point of
 // a number may be a comma. A gap is an empty field or NaN, NA, N/A, NULL, -, of any case. Empty lines and comments are
 // passed over.
 [[nodiscard]] TableFault ReadTableRows(LineSource& source, const TableHead& head, TableRows& rows);
-
-// "roll [deg]", "roll (deg)", "roll, deg", "roll_deg": name and unit. The last form has a unit only if it is a known
-// one.
-void SplitHeading(std::string_view field, std::string& name, std::string& unit);
-
-// What a number of this unit is in metres, radians or seconds. none: no such unit, or a blank one.
-enum class TableUnitKind : std::uint8_t { none, length, angle, time, other };
-struct TableUnit {
-  TableUnitKind kind = TableUnitKind::none;
-  double factor = 1;
-};
-[[nodiscard]] TableUnit FindTableUnit(std::string_view unit);
 
 }  // namespace zaview

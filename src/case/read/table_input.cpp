@@ -19,6 +19,7 @@
 #include "case/read/finish_case_read.h"
 #include "case/read/table_columns.h"
 #include "case/read/table_steps.h"
+#include "case/read/table_units.h"
 #include "case/size_history.h"
 #include "control/input_scales.h"
 #include "waves/incident_wave.h"

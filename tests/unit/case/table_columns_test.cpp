@@ -85,6 +85,7 @@ TEST(TableColumns, FaultsHaveTheirPlace) {
       {"t,y,z\n0,1\n1,2,3\n", TableFaultKind::fields, 2, 0},
       {"t,y,z\n0,1,2\n1,2,3x\n", TableFaultKind::number, 3, 3},
       {"t,z\n0,1e99\n", TableFaultKind::number, 2, 2},
+      {"t,z\n0,+-1\n", TableFaultKind::number, 2, 2},
       {"t,z\n0,1\n,2\n", TableFaultKind::no_time_value, 3, 1},
       {"z,t\n0,1\n0,1\n", TableFaultKind::not_increasing, 3, 2},
       {"t,z\n", TableFaultKind::no_rows, 0, 0},
