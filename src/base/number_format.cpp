@@ -120,6 +120,11 @@ float Finite(float value) {
   return std::isnan(value) ? 0.0F : std::clamp(value, -kMost, kMost);
 }
 
+double Finite(double value) {
+  constexpr double kMost = std::numeric_limits<double>::max();
+  return std::isnan(value) ? 0.0 : std::clamp(value, -kMost, kMost);
+}
+
 void AppendCell(std::string& out, float value) {
   char cell[kCellRoom];
   out.append(cell, PutCell(cell, value));

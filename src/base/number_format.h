@@ -14,6 +14,7 @@ inline constexpr int kCellWidth = 13;  // columns of a table cell; every 4-byte 
 
 // What is shown in place of a value: 0 for NaN, the largest number of its sign for an infinity.
 [[nodiscard]] float Finite(float value);
+[[nodiscard]] double Finite(double value);
 
 // A table cell without padding: 7 significant digits ("9.810000", "-1.659560E-05", "1234567.0").
 void AppendCell(std::string& out, float value);

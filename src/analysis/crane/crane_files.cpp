@@ -32,7 +32,7 @@ constexpr double kDegrees = 180 / std::numbers::pi;
 constexpr double kRounding = 1e-12;  // of the reference length: what is left of a sum that is 0
 
 double LengthOut(double length, double L) {
-  return std::abs(length) < kRounding ? 0.0 : length * L;
+  return std::abs(length) < kRounding ? 0.0 : Finite(length * L);
 }
 
 struct Report {
@@ -234,7 +234,8 @@ void WriteCraneGeometry(const OutputSettings& settings, const CraneRun& run, Out
   text.append(kGeometryTitle).append("\n");
   for (std::size_t i = 0; i < run.steps.size(); ++i) {
     const CraneSnapshot& at = run.steps[i];
-    fmt::format_to(std::back_inserter(text), "{:.9g} {}\n", run.time[i] * scales.T, run.model.cables + panels.size());
+    fmt::format_to(std::back_inserter(text), "{:.9g} {}\n", Finite(run.time[i] * scales.T),
+                   run.model.cables + panels.size());
     for (std::size_t b = 0; b < run.model.cables; ++b)
       AppendPolyline(text, std::array{at.base[b], at.tip[b], at.end}, false, L);
     for (const HullCell& panel : panels) {

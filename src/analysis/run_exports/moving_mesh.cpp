@@ -7,6 +7,7 @@
 #include "analysis/do_or_say.h"
 #include "base/grow.h"
 #include "base/message.h"
+#include "base/number_format.h"
 #include "base/text.h"
 #include "case/case_hull.h"
 #include "case/settings/step_range.h"
@@ -83,11 +84,12 @@ void WriteSteps(const OutputSettings& settings, const CaseStore& store, const Mo
                    element.node[3]);
   for (const int step : StepsOf(store, {store.first_step, store.last_step, stride})) {
     const ShipPose pose = PoseAtStep(store, step);
-    fmt::format_to(std::back_inserter(text), "!time= {:.9g}\n{} {}\n", store.time.at(1, step) * settings.units.scales.T,
-                   mesh.nodes.size(), mesh.elements.size());
+    fmt::format_to(std::back_inserter(text), "!time= {:.9g}\n{} {}\n",
+                   Finite(store.time.at(1, step) * settings.units.scales.T), mesh.nodes.size(), mesh.elements.size());
     for (const Vector3& node : mesh.nodes) {
       const Vector3 p = ShipToEarth(pose, node);
-      fmt::format_to(std::back_inserter(text), "{:.9g} {:.9g} {:.9g}\n", p[0] * L, p[1] * L, p[2] * L);
+      fmt::format_to(std::back_inserter(text), "{:.9g} {:.9g} {:.9g}\n", Finite(p[0] * L), Finite(p[1] * L),
+                     Finite(p[2] * L));
       WriteGathered(out, text);
     }
     text += elements;

@@ -13,6 +13,7 @@
 #include "analysis/do_or_say.h"
 #include "analysis/run_exports/moving_mesh.h"
 #include "base/message.h"
+#include "base/number_format.h"
 #include "case/case_hull.h"
 #include "case/settings/step_range.h"
 #include "case/ship_pose.h"
@@ -85,7 +86,7 @@ std::string WholeFile(std::string_view kind, const std::string& tags, const std:
 }
 
 void AddPoint(double L, const Vector3& p, std::vector<float>& to) {
-  for (const double place : p) to.push_back(static_cast<float>(place * L));
+  for (const double place : p) to.push_back(Finite(static_cast<float>(place * L)));
 }
 
 // ---- The sea
@@ -107,7 +108,7 @@ Sea SeaAt(const Work& work, const ShipPose& pose, int step) {
 
 std::string SeaFile(const Work& work, const Sea& sea) {
   std::vector<float> elevation, points;
-  for (const float eta : sea.eta) elevation.push_back(static_cast<float>(static_cast<double>(eta) * work.L()));
+  for (const float eta : sea.eta) elevation.push_back(Finite(static_cast<float>(static_cast<double>(eta) * work.L())));
   for (std::size_t j = 0; j < kAcross; ++j)
     for (std::size_t i = 0; i < kAlong; ++i)
       AddPoint(work.L(), {sea.x[i], sea.y[j], static_cast<double>(sea.eta[j * kAlong + i])}, points);
@@ -189,7 +190,7 @@ bool WriteStep(const Work& work, int step, std::string& collection) {
   const ShipPose pose = PoseAtStep(work.store, step);
   const Sea sea = SeaAt(work, pose, step);
   const double time =
-      static_cast<double>(work.store.time.at(1, step)) * static_cast<double>(work.settings.units.scales.T);
+      Finite(static_cast<double>(work.store.time.at(1, step)) * static_cast<double>(work.settings.units.scales.T));
   const auto put = [&](std::string_view what, int part, std::string_view end, const std::string& text) {
     const std::string name = fmt::format("{}_{}_{}.{}", work.root, what, step, end);
     fmt::format_to(std::back_inserter(collection), "<DataSet timestep=\"{:.7g}\" part=\"{}\" file=\"{}\"/>\n", time,

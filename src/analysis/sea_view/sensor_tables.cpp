@@ -29,11 +29,11 @@ Shown ShownOf(double value) {
 }
 
 float TimeOf(const SensorTables& t, double time) {
-  return static_cast<float>(time * static_cast<double>(t.settings.units.scales.T));
+  return Finite(static_cast<float>(time * static_cast<double>(t.settings.units.scales.T)));
 }
 
 double LengthOf(const SensorTables& t, double length) {
-  return length * static_cast<double>(t.settings.units.LENOUT);
+  return Finite(length * static_cast<double>(t.settings.units.LENOUT));
 }
 
 TableLayout Cells(const SensorTables& t) {

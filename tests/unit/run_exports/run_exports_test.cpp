@@ -102,17 +102,24 @@ TEST(MovingMesh, TellsWhyItsFileIsNotOpened) {
   EXPECT_EQ(fake.output, "ERROR opening geometry file: hull.hrl (locked)\n");
 }
 
-TEST(RunVtk, NamesAreTextsOfXml) {
+TEST(RunExports, NamesAreTextsOfXmlAndNumbersAreNumbers) {
   FakePlatform fake;
   CaseStore store;
   store.motions_known = true;
   store.last_read = store.last_step = 1;
   store.time.component.assign(1, {0.0F});
-  store.pmgg.component.assign(6, {0.0F});
+  store.pmgg.component.assign(6, {NAN});
   OutputSettings settings;
   ASSERT_TRUE(WriteRunVtk(fake.Get(), settings, "/a&\"b<c", store)) << fake.output;
   const std::string collection = fake.Bytes("/a&\"b<c.pvd");
   EXPECT_NE(collection.find("file=\"a&amp;&quot;b&lt;c_sea_1.vts\""), std::string::npos) << collection;
+  MovingMesh mesh;
+  mesh.nodes = {{1, 0, 0}};
+  OutputFile out;
+  const Platform platform = fake.Get();
+  ASSERT_TRUE(OpenOutput(platform, "/mesh", OpenHow::replace, out));
+  ASSERT_TRUE(WriteMovingMesh(settings, store, mesh, out) && CloseOutput(out));
+  EXPECT_EQ(fake.Bytes("/mesh"), "!time= 0\n1 0\n0 0 0\n") << "what is no number is 0, as in all tables";
 }
 
 TEST(NetworkInput, AnnouncedAndInOrder) {
