@@ -21,9 +21,12 @@ namespace {
 constexpr std::string_view kTooManySkipped = "ERR495 - Too many steps skipped or trimmed in spectrum";
 constexpr std::string_view kNoMemory = "ERR493 - Error allocating working arrays for spectrum";
 constexpr std::string_view kTooShort = "ERROR - the record is too short for a spectrum by segments of {} steps";
+constexpr std::string_view kShortSegment =
+    "ERROR - no spectrum: the segments that are set hold {} steps, at least {} are needed";
 constexpr std::string_view kNoRecord = "ERROR - no spectrum: the record has no two values in succession";
 constexpr std::string_view kUneven = "ERROR - no spectrum: the time steps are not equal";
 
+constexpr std::size_t kLeastSegment = 4;  // steps
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
 
 struct CurveSpectrum {
@@ -70,6 +73,10 @@ DataFault Make(const StatWork& work, const QuantityRequest& request, CurveSpectr
     return DataFault::said;
   }
   const std::size_t longest = LongestOf(stretches), segment = SegmentOf(work, longest, spectrum.dt);
+  if (segment < kLeastSegment && longest >= 2 * kLeastSegment) {
+    Say(work.console(), fmt::runtime(kShortSegment), segment, kLeastSegment);
+    return DataFault::said;
+  }
   // Asked first: the room for a segment would be taken and filled, however long it is.
   if (segment > longest || !FindWelchSpectrum(SamplesOf(stretches), spectrum.dt, segment, spectrum.welch)) {
     Say(work.console(), fmt::runtime(kTooShort), segment);

@@ -86,6 +86,10 @@ TEST(CurveReports, ASegmentBeyondTheRecordTakesNoRoom) {  // of 1e9 steps it wou
   ResultPlot plot;
   EXPECT_EQ(MakeSpectrumPlot(work.Of(), kSurge, plot), DataFault::said);
   EXPECT_EQ(work.fake.output, "ERROR - the record is too short for a spectrum by segments of 1000000000 steps\n");
+  work.fake.output.clear();
+  work.settings.statistics.spectrum_segment = 1.0F;
+  EXPECT_EQ(MakeSpectrumPlot(work.Of(), kSurge, plot), DataFault::said);
+  EXPECT_EQ(work.fake.output, "ERROR - no spectrum: the segments that are set hold 2 steps, at least 4 are needed\n");
   work.settings.statistics.spectrum_segment = 0;
   ASSERT_EQ(MakeSpectrumPlot(work.Of(), kSurge, plot), DataFault::none);
   const std::vector<float>& S = plot.panels.at(0).curves.at(0).y;  // its peak at 2 pi/6, all that counts is shown
