@@ -98,6 +98,7 @@ bool SwitchStepAxis(Session& session) {
   const std::vector<float>& step = plot.derived.step_x;
   const bool to_steps = !plot.x_axis_by_index;
   plot.x_axis_by_index = to_steps;
+  plot.axes.measure.on = false;  // its place was one on the other axis
   if (time.size() < 2 || time.size() != step.size()) return ForgetLimits(plot.axes);
   const std::span<const float> from = to_steps ? time : step, to = to_steps ? step : time;
   MapX(plot, from, to, plot.axes.limits);

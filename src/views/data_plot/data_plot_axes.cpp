@@ -28,6 +28,7 @@ void ForgetOldLimits(const FitKey& wanted, DataPlotState& plot) {
   const PlotSubject& before = plot.fitted_for.subject;
   AxesState& axes = plot.axes;
   const bool kept = plot.keep_scale && before.kind == wanted.subject.kind;
+  if (!(before == wanted.subject)) axes.measure.on = false;  // its point was one of other curves
   if (axes.use == LimitsUse::carried) axes.use = LimitsUse::changed;
   else if (!(before == wanted.subject)) axes.use = kept ? axes.use : LimitsUse::to_fit;
   else if (!(plot.fitted_for == wanted) && !kept) FitUnlessChanged(axes);

@@ -90,8 +90,10 @@ void GiveUpView(Session& s) {
 void AfterEvent(Session& s) {
   if (const View* view = ViewOf(s)) ServeAsk(s, view->keys(s));
   if (s.run.exit_requested) zaviewexit(s, s.run.exit_status);
-  RefreshMenus(s);
-  if (s.run.plot_module == PlotModule::none) gksWindowHideNow(s.platform, s.gks);
+  const bool is_shown = s.run.plot_module != PlotModule::none;
+  RefreshMenus(s);  // they tell limits, for which the data are made: there may be none
+  if (is_shown && s.run.plot_module == PlotModule::none) return GiveUpView(s);
+  if (!is_shown) gksWindowHideNow(s.platform, s.gks);
   else if (s.run.redraw) gksPostRedisplay(s.platform, s.gks);
 }
 

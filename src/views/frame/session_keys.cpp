@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "base/message.h"
-#include "case/quantity_catalogue.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/picture/window_dump.h"
 #include "gks/window/gks_window.h"
@@ -14,6 +13,7 @@
 #include "views/frame/plot_session.h"
 #include "views/frame/screen_dialogue.h"
 #include "views/menus/menus.h"
+#include "views/state/plot_selection.h"
 #include "views/state/step_run.h"
 
 namespace zaview {
@@ -74,7 +74,7 @@ bool AskFor(Session& s) {
 }
 
 bool AskCurveMenu(Session& s) {
-  return CurveCount(s.case_store, s.data_plot.quantity.iqnt) > 1 && AskFor<ViewAsk::curve_menu>(s);
+  return ComponentCount(s.data_plot, s.case_store) > 1 && AskFor<ViewAsk::curve_menu>(s);
 }
 
 template <void (*change)(MenuToolkit&)>

@@ -83,8 +83,10 @@ void UpdateLimits(const Hull& input, Plane plane, const PlotPage& page, Geometry
   GeometryFit wanted = FitOf(view, input);
   wanted.plane = view.geo_plane;
   AxesState& axes = view.axes;
-  if (wanted.plane != view.plane_fit.plane) axes.use = LimitsUse::to_fit;
-  else if (!(wanted == view.plane_fit)) FitUnlessChanged(axes);
+  if (wanted.plane != view.plane_fit.plane) {
+    axes.use = LimitsUse::to_fit;
+    axes.measure.on = false;  // its point was one of the other plane
+  } else if (!(wanted == view.plane_fit)) FitUnlessChanged(axes);
   view.plane_fit = wanted;
   if (axes.use == LimitsUse::to_fit) {
     axes.fitted = FittedLimits(view, input, plane);

@@ -127,8 +127,9 @@ GraphAxes AxesOf(const MotionGraph& graph, const PlotFacts& facts, const PageBox
 // As fixed as the axis lets it be, so that the digits stand still.
 std::string ValueText(const MotionGraph& graph, float value) {
   const float range = graph.y_high - graph.y_low;
+  if (!std::isfinite(value) || !std::isfinite(range)) return ShortNumber(value);
   const int decimals = 3 - static_cast<int>(std::floor(std::log10(range)));
-  if (!std::isfinite(value) || decimals < 0 || decimals > 7) return ShortNumber(value);
+  if (decimals < 0 || decimals > 7) return ShortNumber(value);
   const auto text = [&](float number) { return fmt::format("{:.{}f}", number, decimals); };
   const std::size_t width = std::max(text(graph.y_low).size(), text(graph.y_high).size());
   return fmt::format("{:>{}}", text(value), width);

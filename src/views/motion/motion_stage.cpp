@@ -17,7 +17,8 @@ constexpr double kLeastWidth = 1.0;  // degrees, of the aperture
 constexpr double kHalfLength = 0.5, kHalfBeam = 0.08, kHeight = 0.05;
 
 constexpr double kGridOfLength = 1.5;
-constexpr double kHorizon = 20.0;  // grid sizes
+constexpr double kFarther = 1000.0;  // sizes are drawn within so many parts or times of what fits
+constexpr double kHorizon = 20.0;    // grid sizes
 
 constexpr double kBridgeFromStern = 0.2, kBridgeHeight = 0.08;  // of the hull's length, the latter above its top
 constexpr double kLooksDown = 4.0;                              // degrees
@@ -108,15 +109,15 @@ HullExtent ExtentOf(const StageInput& input) {
 
 double ShownRadius(const MotionViewState& view, const StageInput& input) {
   const double fitting = FittingRadius(view.view, view.scene.extent.reach, input.width, input.height);
-  constexpr double kFarther = 1000.0;
   return view.view.view_radius > 0 ? std::clamp(view.view.view_radius, fitting / kFarther, fitting * kFarther)
                                    : fitting;
 }
 
 double ShownGridSize(const MotionViewState& view, const StageInput& input) {
-  if (view.fs_grid_size > 0) return static_cast<double>(view.fs_grid_size);
-  const HullExtent& hull = view.scene.extent;
-  return kGridOfLength * (input.store.hull.empty() ? input.length : hull.high[0] - hull.low[0]);
+  const double hull = view.scene.extent.high[0] - view.scene.extent.low[0];
+  const double fitting = kGridOfLength * (hull > 0 ? hull : input.length);
+  const auto chosen = static_cast<double>(view.fs_grid_size);
+  return chosen > 0 ? std::clamp(chosen, fitting / kFarther, fitting * kFarther) : fitting;
 }
 
 MotionStage StageOf(const MotionViewState& view, const StageInput& input) {

@@ -69,6 +69,7 @@ bool ChoosePlot(Session& session, PlotKind kind) {
     plot.kind = before;
     return false;
   }
+  if (kind != before) StopRun(session);
   if (RowOf(kind).of_panels && kind != before) plot.plot_component = 0;
   plot.of_ensemble = session.ensemble.nrec > 1 && RowOf(kind).averages != Averages::no;
   ChooseView(session, PlotModule::data_plot);

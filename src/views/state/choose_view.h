@@ -12,7 +12,7 @@ namespace zaview {
 [[nodiscard]] bool HasHull(const CaseStore& store);
 [[nodiscard]] bool CanPlot(const Session& session, PlotKind kind);
 
-// Each from the view that is shown: run mode ends, the window stays.
+// Each from the view or plot that is shown to another: run mode ends, the window stays.
 void ChooseView(Session& session, PlotModule module);
 // A kind of data plot, of the quantity in use, or the first that it can show. False: there is none.
 bool ChoosePlot(Session& session, PlotKind kind);

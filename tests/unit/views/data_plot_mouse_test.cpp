@@ -93,6 +93,11 @@ TEST(DataPlotMouse, MeasuresTheClosestPointOnThePage) {
   v.Show();
   Do(v, {kRight, 20, 0});  // ends it and nothing else
   EXPECT_FALSE(v.plot().axes.measure.on);
+  Do(v, {kRight, 20, 0});
+  v.plot().quantity.iqnt = 2;  // by a menu: the point is none of its curves
+  v.Show();
+  EXPECT_FALSE(v.plot().axes.measure.on);
+  v.Show(PlotKind::history, 1, 3);
   v.plot().axes.measure.closest = false;
   Do(v, {kRight, 20.125F, 0.5F});
   EXPECT_TRUE(v.plot().axes.measure.x == 20.125F && v.plot().axes.measure.y == 0.5F);

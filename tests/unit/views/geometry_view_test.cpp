@@ -274,6 +274,12 @@ TEST(GeometryMouse, ZoomsAndMeasuresInAPlane) {
   EXPECT_TRUE(v.view().axes.measure.on);
   EXPECT_FLOAT_EQ(v.view().axes.measure.x, 35);
   EXPECT_FLOAT_EQ(v.view().axes.measure.y, 12);
+  v.view().geo_plane = GeometryPlane::y_z;  // by the menu: the point is none of this plane
+  v.Show();
+  EXPECT_FALSE(v.view().axes.measure.on);
+  v.view().geo_plane = GeometryPlane::x_z;
+  v.Show();
+  v.view().axes.measure.on = true;
   Press(v.session, "r");
   EXPECT_FALSE(v.view().axes.measure.on);
   GeoMouse(v.session, 1, 0, 2);

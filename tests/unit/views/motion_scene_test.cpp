@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <utility>
 #include <vector>
@@ -495,6 +496,19 @@ TEST(MotionScene, EntryTellsKeysAndTakesTheFirstStepOnce) {
   v.session.run.script_active = true;
   KinoPlotInit(v.session);
   EXPECT_EQ(v.store().current_step, 3);
+}
+
+TEST(MotionScene, TheSeaIsMadeOfNumbersWhateverItsSize) {
+  for (const float size : {std::numeric_limits<float>::denorm_min(), std::numeric_limits<float>::max()}) {
+    MotionView v(100, 75);
+    v.MakeCase();
+    v.AddSea({{0.8, 180, 2, 75}});
+    v.view().fs_grid_size = size;
+    v.view().horizon = true;
+    v.Show();
+    for (const SceneVertex& vertex : v.view().scene.sea.vertices)
+      ASSERT_TRUE(std::isfinite(vertex.place[0]) && std::isfinite(vertex.normal[2])) << size;
+  }
 }
 
 TEST(MotionScene, DoesWithoutWhatIsMissing) {

@@ -98,6 +98,16 @@ TEST(OptionMenus, LeadFromViewToView) {
   v.ExpectAllUsed(LastOptions());
 }
 
+// A menu that is open makes the data for its limits ahead of the picture.
+TEST(OptionMenus, APlotThatTheyFindCannotBeMadeHasFailed) {
+  MenuView v({"sea_1.out", "sea_2.out"});
+  v.EnterPlot(kHeave);
+  v.Key('o', kAltKey);
+  v.session.output.statistics.confidence_probability = 1.5F;
+  v.Press(v.session.menus.m_omenu, {.text = "Conf.Intrvl"});
+  EXPECT_TRUE(v.session.run.plot_failed && v.session.menus.m_omenu == 0) << v.fake.output;
+}
+
 // "Text Menu" leaves a script where it is; the view that is left next goes on with it, as "Continue Script" does.
 TEST(OptionMenus, LeaveAScriptWaitingOrGoOnWithIt) {
   struct {

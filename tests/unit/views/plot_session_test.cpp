@@ -6,6 +6,7 @@
 
 #include "frame/ground/zaview_exit.h"
 #include "plot_view.h"
+#include "views/state/result_choice.h"
 #include "views/state/start_plot.h"
 
 namespace zaview {
@@ -130,6 +131,16 @@ TEST(RunMode, EndsWithTheLastStepAndItsPicture) {
     EXPECT_EQ(run.fake.files.contains("dump0003.png"), dumps);
     EXPECT_FALSE(run.fake.files.contains("dump0004.png"));
   }
+}
+
+// No key of another kind of plot could stop it.
+TEST(RunMode, EndsWhereAnotherPlotIsChosen) {
+  LoadRun run;
+  KeepResult(run.plot(), {"Two points", {{"x", "y", {{"", {0, 1}, {1, 2}}}, {}, {}}}});
+  run.Begin(100);
+  TopKeyboard(run.session, 'A', 0, 0);
+  EXPECT_EQ(run.plot().kind, PlotKind::result);
+  EXPECT_FALSE(run.session.plot_session.run_on || run.session.gks.window.idle_on);
 }
 
 TEST(RunMode, KeepsTimeWithTheClock) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "plot_view.h"
+#include "views/frame/session_keys.h"
 #include "views/state/choose_view.h"
 #include "views/state/result_choice.h"
 
@@ -50,6 +51,10 @@ TEST(ResultPlot, PanelsStandBelowOneAnotherOrAlone) {
   v.Show();
   EXPECT_EQ(v.plot().plot_component, 2);
   EXPECT_EQ(v.plot().axes.limits.y_max, 1000);
+  v.plot().quantity.iqnt = 25;  // of one curve, which is not what can be selected here
+  v.session.gks.modifiers = kAltKey;
+  ActOnKey(v.session, DataPlotKeys(v.session), 's');
+  EXPECT_EQ(v.session.plot_session.ask, ViewAsk::curve_menu);
   EXPECT_TRUE(WritePlotData(v.session, "result.txt"));
   EXPECT_NE(v.fake.Bytes("result.txt").find("heave"), std::string::npos) << v.fake.output;
 }
