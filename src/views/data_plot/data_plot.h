@@ -1,4 +1,4 @@
-// The data plot view: seven kinds of plot of the quantity that is chosen (module 1).
+// The data plot view (PlotModule::data_plot): every kind of PlotKind, most of the quantity that is chosen.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@
 namespace zaview {
 
 void zaviewinit(Session& session);  // entry; the message unless a script runs
-void zaviewsetaxes(
-    Session& session);  // makes data and limits that are out of date; may leave the view (plot_module none)
+// Makes data and limits that are out of date; may leave the view (plot_module none).
+void zaviewsetaxes(Session& session);
 void zaviewrender(Session& session);                               // draws from the state alone
 void zaviewmouse(Session& session, int button, float x, float y);  // world of the graph
 void BeforeDataPlotKey(Session& session);                          // any key ends what the mouse began

@@ -31,12 +31,7 @@ constexpr std::string_view kCubicFit =
     "Data smoothing: Cubic polynomial fit to specified window (currently {} time steps)";
 constexpr int kEscape = 27;
 
-constexpr float kTextFactor = 1.1F, kMarkFactor = 1.414F, kRoot2 = 1.4142135F;
-
-bool Scale(float& value, float factor, float least, float most) {
-  value = std::clamp(value * factor, least, most);
-  return true;
-}
+constexpr float kRoot2 = 1.4142135F;
 
 template <bool DataPlotState::*flag>
 bool Toggle(Session& s) {
@@ -184,13 +179,15 @@ bool NextAxisOption(Session& s) {
 enum class Way : bool { smaller, larger };
 
 template <float DataPlotState::*size, Way way>
-bool ScaleText(Session& s) {
-  return Scale(s.data_plot.*size, way == Way::larger ? kTextFactor : 1.0F / kTextFactor, kLeastText, kMostText);
+bool Text(Session& s) {
+  ScaleText(s.data_plot.*size, way == Way::larger ? kTextFactor : 1.0F / kTextFactor);
+  return true;
 }
 
 template <Way way>
-bool ScaleMarks(Session& s) {
-  return Scale(s.data_plot.mark_size, way == Way::larger ? kMarkFactor : 1.0F / kMarkFactor, kLeastMark, kMostMark);
+bool Marks(Session& s) {
+  ScaleMark(s.data_plot.mark_size, way == Way::larger ? kMarkFactor : 1.0F / kMarkFactor);
+  return true;
 }
 
 // Back to just 1 when it has gone as far up as down.
@@ -198,7 +195,7 @@ template <Way way>
 bool ScaleShip(Session& s) {
   constexpr float kNearOne = 1.0e-4F;
   float& scale = s.data_plot.geometry_scale;
-  Scale(scale, way == Way::larger ? kRoot2 : 1.0F / kRoot2, kLeastShip, kMostShip);
+  scale = std::clamp(scale * (way == Way::larger ? kRoot2 : 1.0F / kRoot2), kLeastShip, kMostShip);
   if (std::abs(scale - 1.0F) < kNearOne) scale = 1.0F;
   return true;
 }
@@ -274,12 +271,12 @@ constexpr ViewKey kKeys[] = {
      {" C      Change drawing of histogram (outline, fill, fill+outline)"}},
     {'d',             kHistory | kLoadDist, ToggleThis,
      {" d      Toggle drawing of selected component"}},
-    {'e',             kAlways,  ScaleText<&DataPlotState::annot_size, Way::larger>,
+    {'e',             kAlways,  Text<&DataPlotState::annot_size, Way::larger>,
      {" e/E    Increase/decrease size of annotation text"}},
-    {'E',             kAlways,  ScaleText<&DataPlotState::annot_size, Way::smaller>},
-    {Ctrl('e'),       kAlways,  ScaleText<&DataPlotState::text_size, Way::smaller>,
+    {'E',             kAlways,  Text<&DataPlotState::annot_size, Way::smaller>},
+    {Ctrl('e'),       kAlways,  Text<&DataPlotState::text_size, Way::smaller>,
      {"^e/^E   Decrease/increase size of titles and axis labels"}},
-    {CtrlShift('e'),  kAlways,  ScaleText<&DataPlotState::text_size, Way::larger>},
+    {CtrlShift('e'),  kAlways,  Text<&DataPlotState::text_size, Way::larger>},
     {'f',             kAlways,  OnAxes<ForgetLimits>,
      {" f      Change axis limits to fit currently plotted data"}},
     {Ctrl('f'),       kAlways,  NextSmoothing,
@@ -322,9 +319,9 @@ constexpr ViewKey kKeys[] = {
      {" n      Toggle numbering of curves"}},
     {'N',             kTrajectory, Toggle<&DataPlotState::time_labels_on>,
      {" N      Toggle time labels"}},
-    {'p',             kSized,  ScaleMarks<Way::smaller>,
+    {'p',             kSized,  Marks<Way::smaller>,
      {" p/P    Decrease/increase size of points"}},
-    {'P',             kSized,  ScaleMarks<Way::larger>},
+    {'P',             kSized,  Marks<Way::larger>},
     {Ctrl('p'),       kHistory,  Cycle<&DataPlotState::show_stats, 5>,
      {"^p      Toggle overlay of 1/3 or 1/10 peak averages or st.dev values",
       "        when a single data curve is plotted"}},

@@ -114,10 +114,8 @@ void TrajectoryCurves(const DataPlotState& plot, std::vector<DrawnCurve>& curves
 }
 
 // ---- The hull
-using ShownPoint = PlotPoint;
-
 // A point of the ship at a place; ship axes from the centre, output units.
-ShownPoint OfShip(const DataPlotState& plot, const HullPlace& place, float x, float y) {
+PlotPoint OfShip(const DataPlotState& plot, const HullPlace& place, float x, float y) {
   const float scale = plot.geometry_scale;
   const float c = scale * std::cos(place.yaw), s = scale * std::sin(place.yaw);
   const std::array<float, 6>& sign = plot.derived.made_of.subject.signs;
@@ -147,7 +145,7 @@ void DrawHulls(const DataPlotState& plot, PlotDraw draw) {
       x.clear();
       y.clear();
       for (std::size_t i = 0; i < ship_x.size(); ++i) {
-        const ShownPoint at = OfShip(plot, place, ship_x[i], ship_y[i]);
+        const PlotPoint at = OfShip(plot, place, ship_x[i], ship_y[i]);
         x.push_back(at.x);
         y.push_back(at.y);
       }
@@ -158,7 +156,7 @@ void DrawHulls(const DataPlotState& plot, PlotDraw draw) {
 }
 
 // ---- Limits and texts
-void Include(const ShownPoint& at, PlotLimits& limits) {
+void Include(const PlotPoint& at, PlotLimits& limits) {
   if (!std::isfinite(at.x) || !std::isfinite(at.y)) return;
   limits.x_min = std::min(limits.x_min, at.x);
   limits.x_max = std::max(limits.x_max, at.x);
@@ -193,7 +191,7 @@ void DrawTimes(const DataPlotState& plot, PlotDraw draw) {
   if (!plot.time_labels_on) return;
   const PlotPage& page = draw.page;
   const float h = plot.annot_size, pitch = LinePitch(draw, h);
-  ShownPoint before{-page.page_width, -page.page_height};
+  PlotPoint before{-page.page_width, -page.page_height};
   float width_before = 0;
   for (const HullPlace& place : plot.derived.hulls) {
     const float x[] = {place.x}, y[] = {place.y};
@@ -201,7 +199,7 @@ void DrawTimes(const DataPlotState& plot, PlotDraw draw) {
     dgMarkerType(draw, kTrackMark);
     dgMarkerScale(draw, kTrackMarkSize * plot.mark_size);
     dgCurve(draw, x, y, -1);
-    ShownPoint at = ToPage(page, {place.x, place.y});
+    PlotPoint at = ToPage(page, {place.x, place.y});
     if (!InPlot(page, {place.x, place.y})) continue;
     const std::string text = ShortNumber(place.time);
     const float width = TextWidth(draw, text, h);

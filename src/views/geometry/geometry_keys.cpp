@@ -1,12 +1,11 @@
 // Keys of the geometry views, with the lines of the help.
-#include <algorithm>
-#include <cmath>
-
 #include "base/message.h"
 #include "views/geometry/geometry_items.h"
 #include "views/geometry/geometry_switches.h"
 #include "views/geometry/geometry_view.h"
 #include "views/state/axes_limits.h"
+#include "views/state/camera_settings.h"
+#include "views/state/drawn_sizes.h"
 #include "views/state/geometry_settings.h"
 
 namespace zaview {
@@ -16,8 +15,6 @@ namespace {
 constexpr std::string_view kGreyBacks = "NOTE: Panel sides facing away from fluid domain are colored grey";
 
 constexpr KeyScope kPlane = 1U, kSpace = 2U, kBoth = kAlways;
-constexpr float kTextFactor = 1.1F, kLeastText = 0.02F, kMostText = 1.0F;
-constexpr float kMarkFactor = 1.414F, kLeastMark = 0.05F, kMostMark = 50.0F;
 constexpr double kShift = 0.1;  // of the radius
 
 GeometryViewState& Of(Session& s) {
@@ -49,24 +46,19 @@ bool Cycle(Session& s) {
 enum class Way : bool { smaller, larger };
 
 template <Way way>
-bool ScaleText(Session& s) {
-  float& size = Of(s).annot_size;
-  size = std::clamp(size * (way == Way::larger ? kTextFactor : 1.0F / kTextFactor), kLeastText, kMostText);
+bool Text(Session& s) {
+  ScaleText(Of(s).annot_size, way == Way::larger ? kTextFactor : 1.0F / kTextFactor);
   return true;
 }
 
 template <Way way>
-bool ScaleMarks(Session& s) {
-  float& size = Of(s).mark_size;
-  size = std::clamp(size * (way == Way::larger ? kMarkFactor : 1.0F / kMarkFactor), kLeastMark, kMostMark);
+bool Marks(Session& s) {
+  ScaleMark(Of(s).mark_size, way == Way::larger ? kMarkFactor : 1.0F / kMarkFactor);
   return true;
 }
 
-bool NextThickness(Session& s) {
-  constexpr float kStep = 0.04F, kMost = 0.08F, kTolerance = 0.001F;
-  float& thickness = Of(s).line_thickness;
-  if (std::abs(thickness) < kTolerance) thickness = kStep;
-  else thickness = std::abs(thickness - kStep) < kTolerance ? kMost : 0.0F;
+bool Thickness(Session& s) {
+  NextThickness(Of(s).line_thickness);
   return true;
 }
 
@@ -148,7 +140,8 @@ bool Zoom(Session& s) {
 
 template <int direction>
 bool Width(Session& s) {
-  return WidenView(Of(s), direction * kSpaceWidthStep);
+  WidenView(Of(s).view, direction * kSpaceWidthStep);
+  return true;
 }
 
 // Pans by half a range, or moves the eye.
@@ -156,8 +149,9 @@ template <int x, int y>
 bool Arrow(Session& s) {
   constexpr float kPart = 0.5F;
   GeometryViewState& view = Of(s);
-  if (view.geo_3d) return TurnEye(view, x * kSpaceTurn, y * kSpaceTurn);
-  return Pan(view.axes, kPart * static_cast<float>(x), kPart * static_cast<float>(y));
+  if (!view.geo_3d) return Pan(view.axes, kPart * static_cast<float>(x), kPart * static_cast<float>(y));
+  TurnEye(view.view, x * kSpaceTurn, y * kSpaceTurn);
+  return true;
 }
 
 // What acts in every view has its place in the help here.
@@ -176,9 +170,9 @@ constexpr ViewKey kKeys[] = {
      {" c      Toggle color"}},
     {Ctrl('c'),       kBoth,  Colour<SwitchColouring>,
      {"^c      Toggle color by component/type"}},
-    {'e',             kBoth,  ScaleText<Way::smaller>,
+    {'e',             kBoth,  Text<Way::smaller>,
      {" e/E    Decrease/increase size of annotation text"}},
-    {'E',             kBoth,  ScaleText<Way::larger>},
+    {'E',             kBoth,  Text<Way::larger>},
     {'f',             kBoth,  OnView<FitPlotted>,
      {" f      Change axis limits/view to fit currently plotted geometry"}},
     {'g',             kBoth,  Toggle<&GeometryViewState::geo_mark_cg>,
@@ -199,9 +193,9 @@ constexpr ViewKey kKeys[] = {
      {"^o      Toggle polygon outlines on solid plots (3-D view)"}},
     {Alt('o'),        kBoth,  kOfSession,
      {"Alt+o bar - Invoke plot options menu"}},
-    {'p',             kBoth,  ScaleMarks<Way::smaller>,
+    {'p',             kBoth,  Marks<Way::smaller>,
      {" p/P    Decrease/increase size of symbols used to mark CG, etc."}},
-    {'P',             kBoth,  ScaleMarks<Way::larger>},
+    {'P',             kBoth,  Marks<Way::larger>},
     {Ctrl('p'),       kSpace, SwitchPerspective,
      {" ^p     Switch between perspective and orthographic projection", " (3-D view)"}},
     {'R',             kBoth,  SwitchMirror,
@@ -212,7 +206,7 @@ constexpr ViewKey kKeys[] = {
      {" S      Select all surfaces/curves"}},
     {Ctrl('s'),       kBoth,  Toggle<&GeometryViewState::geo_solid>,
      {"^s      Toggle ``solid' vs. wireframe plot (3-D view)"}},
-    {'t',             kBoth,  NextThickness,
+    {'t',             kBoth,  Thickness,
      {" t      Change line thickness"}},
     {'T',             kBoth,  Toggle<&GeometryViewState::show_title>,
      {" T      Toggle plot title"}},

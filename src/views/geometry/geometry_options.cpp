@@ -7,6 +7,7 @@
 #include "views/geometry/geometry_switches.h"
 #include "views/geometry/geometry_view.h"
 #include "views/state/axes_limits.h"
+#include "views/state/drawn_sizes.h"
 #include "views/state/geometry_settings.h"
 
 namespace zaview {
@@ -22,9 +23,8 @@ using View = GeometryViewState;
 constexpr KeyScope kXY = 1U, kXZ = 2U, kYZ = 4U, kPlane = kXY | kXZ | kYZ, kSpace = 8U;
 
 constexpr float kAboveZero = std::numeric_limits<float>::min();
-constexpr float kLeastText = 0.02F, kMostText = 1.0F, kLeastMark = 0.05F, kMostMark = 50.0F;  // as the keys have them
-constexpr float kThick = 0.04F, kThicker = 0.08F;                                             // page units
-constexpr int kUprightName = 1, kFrame = 2;                                                   // of axis_option
+constexpr float kThick = 0.04F, kThicker = 0.08F;  // page units
+constexpr int kUprightName = 1, kFrame = 2;        // of axis_option
 
 View& Of(Session& s) {
   return s.geometry_view;

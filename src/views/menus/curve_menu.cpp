@@ -42,14 +42,13 @@ bool IsOfPoint(const Session& s, int index) {
 // ---- Lists
 // `one`: a single choice. They scroll when they get long.
 void BeginList(MenuToolkit& kit, bool one, int count, int value) {
-  constexpr int kOne = 0, kMany = 1, kManyInBox = 2, kOneInBox = 3;
+  constexpr int kOne = 0, kMany = 1, kManyInBox = 2;
   const bool in_box = count > kMostLines;
   const int mode = one ? (in_box ? kOneInBox : kOne) : (in_box ? kManyInBox : kMany);
   gksMenuSelectionList(kit, mode, std::max(count, 1), value, kMostLines);
 }
 
 void BuildQuantityList(MenuToolkit& kit, Session& s) {
-  constexpr int kOneInBox = 3;
   std::vector<int> shown;
   for (int iqnt = 1; iqnt <= QuantityCount(s.case_store); ++iqnt)
     if (CanShowOfPoint(s.platform.console, s.case_store, s.data_plot, iqnt)) shown.push_back(iqnt);

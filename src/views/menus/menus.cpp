@@ -78,28 +78,18 @@ void TakeSelected(Session& s, const MenuEvent& event) {
     SayLine(s.platform.console, refused);
 }
 
-void BuildLines(Session& s, std::span<const std::string> lines, bool as_list) {
+void BuildHelp(Session& s, int) {
   MenuToolkit& kit = s.menus.kit;
-  if (!as_list) {
-    for (const std::string& line : lines) gksMenuText(kit, line);
-    return;
-  }
-  constexpr int kOneInBox = 3;
+  const std::vector<std::string>& lines = s.menus.shown_lines;
+  gksMenuSetAttribute(kit, MenuAttribute::font_step, kHelpFont);
   const int count = std::max(static_cast<int>(lines.size()), 1);
   gksMenuSelectionList(kit, kOneInBox, count, 0, std::min(count, kHelpLines));
   for (std::size_t i = 0; i < lines.size(); ++i) gksMenuAddListItem(kit, lines[i], static_cast<int>(i) + 1);
 }
 
-void BuildHelp(Session& s, int) {
-  gksMenuSetAttribute(s.menus.kit, MenuAttribute::font_step, kHelpFont);
-  BuildLines(s, s.menus.shown_lines, true);
-}
-
 void BuildMessage(Session& s, int) {
-  constexpr int kCentred = 1;
-  BuildLines(s, s.menus.message, false);
-  gksMenuButtonRow(s.menus.kit, kCentred, 1);
-  gksMenuAddItem(s.menus.kit, MenuItemType::button, "Close");
+  for (const std::string& line : s.menus.message) gksMenuText(s.menus.kit, line);
+  AddCloseButton(s.menus.kit);
 }
 
 void CloseMessage(Session& s, const MenuEvent& event) {

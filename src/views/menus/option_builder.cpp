@@ -159,6 +159,12 @@ void AddOptions(Session& session, int im, const ViewOptions& options) {
     for (int index = 1; index <= block.times; ++index) AddBlock({session, im, index, options.scope}, block.items);
 }
 
+void AddCloseButton(MenuToolkit& kit) {
+  constexpr int kCentred = 1;
+  gksMenuButtonRow(kit, kCentred, 1);
+  gksMenuAddItem(kit, MenuItemType::button, "Close");
+}
+
 const OptionPlace* FindOption(const MenuState& menus, const MenuEvent& event) {
   for (const OptionPlace& place : menus.places)
     if (place.menu == event.menu && place.element == event.element && (place.item == 0 || place.item == event.item))

@@ -13,6 +13,10 @@ void AddOptions(Session& session, int im, const ViewOptions& options);
 // What is said of a value that is refused; blank: it was set.
 [[nodiscard]] std::string_view SetOption(Session& session, const OptionItem& item, const OptionEvent& event);
 
+// ---- Parts of menus without a table
+inline constexpr int kOneInBox = 3;     // list of gksMenuSelectionList: a single choice, it scrolls
+void AddCloseButton(MenuToolkit& kit);  // in the middle of a row of its own
+
 // ---- The parts of the options menu that are the same in every view
 [[nodiscard]] std::span<const OptionBlock> FirstOptions();  // kinds of plot, other menus
 [[nodiscard]] std::span<const OptionBlock> LastOptions();   // picture, colours, font

@@ -14,7 +14,7 @@ namespace zaview {
 
 namespace {
 
-constexpr int kOneInBox = 3, kMostShown = 24;
+constexpr int kMostShown = 24;
 constexpr int kColoursAcross = 3, kColourColumns = 16;
 constexpr int kFirstColour = 1;
 
@@ -41,12 +41,6 @@ std::string ColourName(int index, bool reversed) {
   return name;
 }
 
-void AddClose(MenuToolkit& kit) {
-  constexpr int kCentred = 1;
-  gksMenuButtonRow(kit, kCentred, 1);
-  gksMenuAddItem(kit, MenuItemType::button, "Close");
-}
-
 }  // namespace
 
 void BuildQuantities(Session& session) {
@@ -58,7 +52,7 @@ void BuildQuantities(Session& session) {
   gksMenuSelectionList(kit, kOneInBox, std::max(count, 1), Present(session), std::clamp(count, 1, kMostShown));
   for (int iqnt = 1; iqnt <= QuantityCount(session.case_store); ++iqnt)
     if (IsOffered(session, iqnt)) gksMenuAddListItem(kit, QuantityLabel(session.case_store, iqnt), iqnt);
-  AddClose(kit);
+  AddCloseButton(kit);
 }
 
 void BuildColours(Session& session) {
@@ -75,7 +69,7 @@ void BuildColours(Session& session) {
       gksMenuSetAttributeS(kit, MenuAttribute::text, ColourName(colour, gksIsWhite(session.gks)));
     }
   }
-  AddClose(kit);
+  AddCloseButton(kit);
 }
 
 }  // namespace zaview

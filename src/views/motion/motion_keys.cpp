@@ -10,6 +10,8 @@
 #include "views/motion/motion_scene.h"
 #include "views/motion/motion_stage.h"
 #include "views/motion/motion_view.h"
+#include "views/state/camera_settings.h"
+#include "views/state/drawn_sizes.h"
 #include "views/state/motion_settings.h"
 #include "views/state/step_run.h"
 
@@ -25,7 +27,7 @@ constexpr std::string_view kStand = "View point goes along with: {}";
 constexpr std::string_view kStands[] = {"ship", "ship and its heading", "nothing", "bridge"};  // by CameraStand
 constexpr std::string_view kNoEvent = "No further event";
 
-constexpr float kRoot2 = 1.4142135F, kText = 1.1F;
+constexpr float kRoot2 = 1.4142135F;
 constexpr double kZoom = 1.414, kTurn = 5.0, kWider = 5.0;  // the latter two: degrees
 
 template <bool MotionViewState::*flag>
@@ -110,7 +112,7 @@ bool Opacity(Session& s) {
 
 template <Way way>
 bool Text(Session& s) {
-  ScaleText(s.motion_view, way == Way::larger ? kText : 1.0F / kText);
+  ScaleText(s.motion_view.text_size, way == Way::larger ? kTextFactor : 1.0F / kTextFactor);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include "case/quantity_catalogue.h"
 #include "views/motion/motion_scene.h"
 #include "views/motion/motion_view.h"
+#include "views/state/drawn_sizes.h"
 #include "views/state/motion_settings.h"
 
 namespace zaview {
@@ -22,7 +23,7 @@ constexpr std::string_view kNoSuchQuantity =
 
 constexpr float kMost = std::numeric_limits<float>::max();
 constexpr OptionRange kPositive{std::numeric_limits<float>::denorm_min(), kMost};
-constexpr OptionRange kPart{0, 1}, kThick{0, kMost}, kText{0.02F, 1};
+constexpr OptionRange kPart{0, 1}, kThick{0, kMost}, kText{kLeastText, kMostText};
 constexpr float kTenth = 0.1F, kTurn = 5, kThicker = 0.02F;  // of arrows
 constexpr int kTextColumns = 25, kNarrow = 6;                // of a quantity's name, of a short number
 

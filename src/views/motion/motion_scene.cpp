@@ -81,7 +81,7 @@ SceneLine WireOf(const MotionViewState& view, bool over_faces, SceneColour over,
   return line;
 }
 
-void DrawThinned(const SceneMesh& mesh, const MotionViewState& view) {
+void DrawLit(const SceneMesh& mesh, const MotionViewState& view) {
   SceneStyle style;
   style.lit = view.shading_on;
   style.behind_lines = view.hull_wire;
@@ -100,10 +100,10 @@ void DrawShip(const MotionViewState& view, const MotionStage& stage) {
   const MotionSceneState& scene = view.scene;
   PlaceInScene(stage.pose.R, {0, 0, stage.cg[2]});
   const bool solid = view.hull_solid && !view.body_transparent;
-  if (solid) DrawThinned(scene.hull, view);
+  if (solid) DrawLit(scene.hull, view);
   if (view.hull_wire) DrawWires(scene.hull, WireOf(view, view.hull_solid, kHullWire, kHullInk));
-  if (view.hull_solid || view.hull_wire) DrawThinned(scene.plates, view);
-  if (view.show_rudders) DrawThinned(scene.fins, view);
+  if (view.hull_solid || view.hull_wire) DrawLit(scene.plates, view);
+  if (view.show_rudders) DrawLit(scene.fins, view);
   PlaceAsItComes();
 }
 

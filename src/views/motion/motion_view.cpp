@@ -27,6 +27,7 @@ constexpr std::string_view kHints[] = {
     "Mouse click with Alt or Ctrl keys will invoke pop-up menu",
 };
 constexpr fmt::string_view kCause = "GLGKS - {}";
+
 void LeaveView(Session& session) {
   session.run.plot_module = PlotModule::none;
   session.run.redraw = false;

@@ -24,14 +24,9 @@ void UsePen(PlotDraw draw, int colour) {
   gksSetColours(draw.platform.console, draw.gks, colour);
 }
 
-float OnePixel(PlotDraw draw) {
-  dgSelectGraf(draw, 0);
-  const float pixels = gksPixelsPerUnit(draw.gks).y;
-  return pixels > 0.0F ? 1.0F / pixels : 0.0F;
-}
-
 void ClearText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side) {
-  const float pixel = OnePixel(draw);
+  dgSelectGraf(draw, 0);
+  const float pixels = gksPixelsPerUnit(draw.gks).y, pixel = pixels > 0.0F ? 1.0F / pixels : 0.0F;
   UsePen(draw, kPaperColour);
   for (int dx = -kEdge; dx <= kEdge; ++dx)
     for (int dy = -kEdge; dy <= kEdge; ++dy)

@@ -11,8 +11,7 @@ namespace zaview {
 inline constexpr int kPaperColour = 0, kInkColour = 1;
 // Behind dgFrame(2), for this picture: legible ones, two of them as the graphs' colours are called.
 void SetOverlayColours(PlotDraw draw);
-void UsePen(PlotDraw draw, int colour);       // any index of the palette, the paper's too
-[[nodiscard]] float OnePixel(PlotDraw draw);  // of the page, in its units
+void UsePen(PlotDraw draw, int colour);  // any index of the palette, the paper's too
 
 // In the foreground colour with a thin edge of the paper's, at the baseline.
 void ClearText(PlotDraw draw, std::string_view text, float x, float y, float height, TextSide side);

@@ -116,7 +116,7 @@ struct DataPlotState {
   std::vector<int> marked_steps;  // typed by the user; empty: every n-th
 
   // Writing
-  std::string file_name;     // of the last file; blank: none yet
+  std::string file_name;     // chosen last in the options menu; blank: none yet
   bool unformatted = false;  // time histories
 
   DataPlotDerived derived;

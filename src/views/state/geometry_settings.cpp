@@ -1,7 +1,6 @@
 #include "views/state/geometry_settings.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "views/state/axes_limits.h"
 
@@ -108,20 +107,6 @@ bool TakeRadius(GeometryViewState& view, double radius) {
   if (!(radius > 0)) return false;
   view.view.view_radius = radius;
   view.own_radius = true;
-  return true;
-}
-
-bool TurnEye(GeometryViewState& view, double azimuth, double elevation) {
-  constexpr double kCircle = 360.0, kUpright = 90.0;
-  Camera& eye = view.view;
-  eye.view_azimuth = std::fmod(eye.view_azimuth + azimuth + kCircle, kCircle);
-  eye.view_elevation = std::clamp(eye.view_elevation + elevation, -kUpright, kUpright);
-  return true;
-}
-
-bool WidenView(GeometryViewState& view, double degrees) {
-  constexpr double kNarrowest = 5.0, kWidest = 90.0;
-  view.view.view_width = std::clamp(view.view.view_width + degrees, kNarrowest, kWidest);
   return true;
 }
 

@@ -32,8 +32,6 @@ bool KeepSpaceView(GeometryViewState& view);                 // as it stands: it
 bool ZoomSpace(GeometryViewState& view, double factor);      // of the radius
 bool MoveCentre(GeometryViewState& view, ScenePoint parts);  // by parts of the radius, along the axes
 bool TakeCentre(GeometryViewState& view, double ScenePoint::*coordinate, double value);
-bool TakeRadius(GeometryViewState& view, double radius);                  // false: not above 0
-bool TurnEye(GeometryViewState& view, double azimuth, double elevation);  // degrees more
-bool WidenView(GeometryViewState& view, double degrees);
+bool TakeRadius(GeometryViewState& view, double radius);  // false: not above 0
 
 }  // namespace zaview

@@ -15,11 +15,8 @@ namespace {
 constexpr fmt::string_view kGraphOff = "Graph {} is switched off : this case has no {}";
 constexpr std::string_view kPointOff = "The marked point is switched off : this case has no hull";
 
-constexpr double kAround = 360.0, kUpright = 90.0;     // degrees
-constexpr double kNarrowest = 5.0, kWidest = 90.0;     // degrees of the aperture
 constexpr double kNearer = 1.0e-3, kFarther = 1.0e3;   // than what fits
 constexpr double kFinest = 1.0e-2, kCoarsest = 1.0e2;  // grids
-constexpr float kLeastText = 0.02F, kMostText = 1.0F;  // page units
 constexpr float kTenths = 10.0F;
 
 constexpr double kFromAbove = 8.0;  // degrees: the sea is seen, and the ship from the side
@@ -35,16 +32,6 @@ float OnTenths(float value, int tenths) {
 }
 
 }  // namespace
-
-void TurnEye(Camera& view, double azimuth, double elevation) {
-  const double turned = std::fmod(view.view_azimuth + azimuth, kAround);
-  view.view_azimuth = turned < 0 ? turned + kAround : turned;
-  view.view_elevation = std::clamp(view.view_elevation + elevation, -kUpright, kUpright);
-}
-
-void WidenView(Camera& view, double degrees) {
-  view.view_width = std::clamp(view.view_width + degrees, kNarrowest, kWidest);
-}
 
 void ScaleRadius(Camera& view, const SeenSizes& seen, double factor) {
   view.view_radius = std::clamp(seen.radius * factor, kNearer * seen.fitting_radius, kFarther * seen.fitting_radius);
@@ -108,10 +95,6 @@ void StepOpacity(MotionViewState& view, int tenths) {
 void ScaleGrid(MotionViewState& view, const SeenSizes& seen, double factor) {
   const double fits = seen.fitting_radius;
   view.fs_grid_size = static_cast<float>(std::clamp(seen.grid * factor, kFinest * fits, kCoarsest * fits));
-}
-
-void ScaleText(MotionViewState& view, float factor) {
-  view.text_size = std::clamp(view.text_size * factor, kLeastText, kMostText);
 }
 
 bool TakeGraphQuantity(MotionGraph& graph, const CaseStore& store, const PointSettings& point, int iqnt) {

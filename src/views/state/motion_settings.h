@@ -15,8 +15,6 @@ struct SeenSizes {  // as they are drawn, output lengths: what is to fit, or goe
   double grid = 1;
 };
 
-void TurnEye(Camera& view, double azimuth, double elevation);  // degrees to go on
-void WidenView(Camera& view, double degrees);                  // within 5 to 90
 // factor: of the radius, within 0.001 to 1000 times what fits.
 void ScaleRadius(Camera& view, const SeenSizes& seen, double factor);
 // Along a global axis, in tenths of the radius.
@@ -42,7 +40,6 @@ void StepAmbient(MotionViewState& view, int tenths);  // down while above 0.1, u
 void StepOpacity(MotionViewState& view, int tenths);  // within 0.1 to 1
 // Within 0.01 to 100 times the radius that fits.
 void ScaleGrid(MotionViewState& view, const SeenSizes& seen, double factor);
-void ScaleText(MotionViewState& view, float factor);
 
 // A quantity on a graph, with the point that was given last, and its curve in use or the first one; switches it on.
 // False: the case has no such histories, or no point was given for it; nothing changes.

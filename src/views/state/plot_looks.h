@@ -3,12 +3,11 @@
 
 #include "case/case_store.h"
 #include "views/state/data_plot_state.h"
+#include "views/state/drawn_sizes.h"
 
 namespace zaview {
 
-// Sizes stay where something can be seen of them.
-inline constexpr float kLeastText = 0.02F, kMostText = 1.0F;      // page units
-inline constexpr float kLeastMark = 0.05F, kMostMark = 50.0F;     // factor
+// As those of drawn_sizes.h.
 inline constexpr float kLeastShip = 1.0e-3F, kMostShip = 1.0e3F;  // factor
 inline constexpr float kMostThickness = 1.0F;                     // page units
 

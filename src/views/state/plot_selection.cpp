@@ -10,6 +10,7 @@
 #include "case/wave_at_cg.h"
 #include "stats/tables/ensemble_data.h"
 #include "views/state/plot_kinds.h"
+#include "views/state/view_key.h"
 
 namespace zaview {
 
@@ -29,12 +30,6 @@ bool AnyShown(const DataPlotState& plot) {
 // Waves that can't be evaluated have said so once; this kind of quantity is then passed over.
 bool WaveIsThere(const Console& console, CaseStore& store, const QuantityRow& row) {
   return row.need != QuantityNeed::wave || EnsureSeaway(console, store) == WaveAnswer::ok;
-}
-
-template <typename Enum>
-bool Next(Enum& value, int count) {
-  value = static_cast<Enum>((static_cast<int>(value) + 1) % count);
-  return true;
 }
 
 // Another choice of component keeps the curves that are left out.
@@ -167,11 +162,7 @@ bool ChangeQuantity(const Console& console, CaseStore& store, const PointSetting
     iqnt = (iqnt - 1 + (direction < 0 ? count - 1 : 1)) % count + 1;
     if (CanShow(console, store, point, plot, iqnt)) break;
   }
-  if (iqnt == plot.quantity.iqnt || !CanShow(console, store, point, plot, iqnt)) return false;
-  plot.quantity = {.iqnt = iqnt};
-  UsePoint(point, plot.quantity);
-  if (carry) plot.axes.use = LimitsUse::carried;
-  return true;
+  return iqnt != plot.quantity.iqnt && TakeQuantity(console, store, point, plot, iqnt, carry);
 }
 
 bool CanShow(const Console& console, CaseStore& store, const PointSettings& point, const DataPlotState& plot,
@@ -238,11 +229,13 @@ bool SwitchHistogram(DataPlotState& plot, const CaseStore& store, const Ensemble
 }
 
 bool NextHistogramData(HistogramRequest& histogram) {
-  return Next(histogram.data, 3);
+  NextOf(histogram.data, 3);
+  return true;
 }
 
 bool NextOverlay(HistogramRequest& histogram) {
-  return Next(histogram.overlay, 6);
+  NextOf(histogram.overlay, 6);
+  return true;
 }
 
 }  // namespace zaview

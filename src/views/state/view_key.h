@@ -50,7 +50,4 @@ void NextOf(Enum& value, int count) {
   value = static_cast<Enum>((static_cast<int>(value) + 1) % count);
 }
 
-// Of lines, in page units: thin, 0.04, 0.08, and thin again.
-void NextThickness(float& thickness);
-
 }  // namespace zaview
