@@ -159,25 +159,57 @@ def output_and_memory(program, work, every):
 
 # ---- Input
 
-def inputs(writer, work):
+SCRIPT = """! Some of everything
+SKIP_STEPS 4
+COMMA
+out = "means.csv"
+WRITE_LABEL "steps,quantity,mean" {out}
+FOR last IN 40 60 DO
+  SET_STEPS 1 {last}
+  FOR name|curve IN heave|3 pitch|5 DO
+    WRITE_STAT MEAN MOT {curve} "{last},{name}" {out}:APPEND
+  DONE
+DONE
+$INCLUDE:more.inc
+WRITE_HISTORY POINT_ALL 40 0 12 point.txt
+WRITE_STAT TABLE_CI MOT 3 "" ""
+WINDOW_SIZE 320 240
+PLOT_HISTORY MOT 3 heave.svg
+"""
+
+
+def inputs(program, writer, work):
     """Files of each kind, the script that reads them, and how long their header is."""
     here = os.path.join(work, "inputs")
     os.mkdir(here)
     subprocess.run([writer, "--steps", "4", os.path.join(here, "run.out")], check=True)
     for name in ("ship.geo", "turning_circle.mot", "roll_test.csv", "crane.txt", "impulse_responses.out",
-                 "transient_added_mass.out", "gallery.script", "quartering.out"):
+                 "transient_added_mass.out", "quartering.out"):
         shutil.copy(os.path.join(ROOT, "samples", name), here)
     header = open(os.path.join(here, "run.out"), "rb").read().find(b"END_OF_HEADER")
+    subprocess.run([program, "quartering.out", "-command", "WRITE_KINO waves"], cwd=here, check=True,
+                   stdout=subprocess.DEVNULL)
+    with open(os.path.join(ROOT, "fuzz", "corpus", "companion", "regular_head_mode1"), "rb") as both:
+        run_text, companion = both.read().split(b"\n%%%%\n")
+    for name, part in ("binary.out", run_text + b"\n"), ("binary.outu", companion):
+        with open(os.path.join(here, name), "wb") as out:
+            out.write(part)
+    for name, text in ("some.script", SCRIPT), ("more.inc", "STEP_INC 2 ! less of it\nWRITE_LABEL more more.txt\n"):
+        with open(os.path.join(here, name), "w") as out:
+            out.write(text)
     kino = ["READ_KINO turning_circle.mot \"\" ZAVO:ship.geo 9.81 1025 0 0 7 0 0 7", "WRITE_HISTORY MOT x.txt"]
     return here, {
         "run.out": ("a run file", ["READ run.out", "WRITE_HISTORY MOT x.txt", 'WRITE_STAT TABLE MOT 3 "" y.txt'], header),
+        "binary.outu": ("a run in binary", ["READ binary.out", "WRITE_HISTORY MOT x.txt"], 1500),
         "impulse_responses.out": ("impulse responses", ["READ impulse_responses.out", "WRITE_COEFFICIENTS x"], 6000),
         "transient_added_mass.out": ("a transient added mass", ["READ transient_added_mass.out"], 6000),
         "turning_circle.mot": ("KINO motions", kino, 3000),
+        "waves.sea": ("a KINO seaway", ["READ_KINO turning_circle.mot waves.sea ZAVO:ship.geo 9.81 1025 0 0 7 0 0 7",
+                                        "WRITE_HISTORY SEA x.txt"], 1000),
         "ship.geo": ("a geometry", kino + ["PLOT_GEOMETRY g.png"], 4000),
         "roll_test.csv": ("a table of measured data", ["READ roll_test.csv", "WRITE_HISTORY MEASURED x.txt"], 1000),
         "crane.txt": ("a crane", ["READ quartering.out", "SET_STEPS 1 20", "CRANE crane.txt x"], 1500),
-        "gallery.script": ("a script", [], 2500),
+        "some.script": ("a script", [], len(SCRIPT)),
     }
 
 
@@ -190,24 +222,27 @@ def try_bytes(program, here, name, lines, damaged):
         out.write(damaged)
     with open(os.path.join(folder, "try.script"), "w") as script:
         script.write("\n".join(lines or ["INCLUDE " + name]) + "\n")
-    args = ["sea.out", "-script", name] if not lines else ["-script", "try.script"]
+    args = ["quartering.out", "-script", name] if not lines else ["-script", "try.script"]
     status, said = run(program, args, folder)
     shutil.rmtree(folder)
-    return wrong(status, said)
+    return status, said
 
 
 def damaged_input(program, writer, work, every, with_what):
-    here, kinds = inputs(writer, work)
+    here, kinds = inputs(program, writer, work)
     for name, (kind, lines, header) in kinds.items():
         whole = open(os.path.join(here, name), "rb").read()
+        status, said = try_bytes(program, here, name, lines, whole)
+        if status != 0:  # nothing would be tried
+            sys.exit(f"{kind}, undamaged, ended with status {status}\n{said.decode(errors='replace')[-2000:]}")
         cuts = range(0, len(whole), every)
         row(f"{kind}, cut off at a byte{with_what}",
-            side_by_side(lambda n: (f"{name} at {n}", try_bytes(program, here, name, lines, whole[:n])), cuts))
+            side_by_side(lambda n: (f"{name} at {n}", wrong(*try_bytes(program, here, name, lines, whole[:n]))), cuts))
 
         def flipped(n):
             changed = bytearray(whole)
             changed[n] ^= 1 << (n % 8)
-            return f"{name} at {n}", try_bytes(program, here, name, lines, bytes(changed))
+            return f"{name} at {n}", wrong(*try_bytes(program, here, name, lines, bytes(changed)))
 
         row(f"{kind}, a bit of its header changed{with_what}",
             side_by_side(flipped, range(0, min(header, len(whole)), every)))
