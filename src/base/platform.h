@@ -72,7 +72,7 @@ struct Files {
   // What is in a directory ("" is the working directory), in no order; false if it can't be listed.
   bool (*list)(void* self, const std::string& directory, std::vector<DirectoryEntry>& entries) = nullptr;
   std::string (*working_directory)(void* self) = nullptr;  // blank: it is gone
-  std::string (*why)(void* self) = nullptr;  // the last open that gave kNoFile did so: "Permission denied"
+  std::string (*why)(void* self) = nullptr;  // the last of these calls that failed did so: "Permission denied"
 };
 
 struct Clock {

@@ -44,8 +44,14 @@ namespace {
 constexpr mode_t kNewFileMode = 0666;  // less what the user's mask takes away
 constexpr int kLinkHops = 40;          // as the system itself: a longer chain is a loop
 
+// done, of a call that has just been made.
+bool Noted(void* self, bool done) {
+  if (!done) MachineOf(self).fault = errno;
+  return done;
+}
+
 FileHandle OpenFault(PosixMachine& machine, int fault) {
-  machine.open_fault = fault;
+  machine.fault = fault;
   return kNoFile;
 }
 
@@ -95,19 +101,19 @@ FileHandle OpenWrite(void* self, const std::string& name, WriteHow how, unsigned
   return file;
 }
 
-bool WriteFile(void*, FileHandle file, std::string_view bytes) {
-  return WriteAll(file, bytes);
+bool WriteFile(void* self, FileHandle file, std::string_view bytes) {
+  return Noted(self, WriteAll(file, bytes));
 }
 
-bool ResizeFile(void*, FileHandle file, std::int64_t size) {
-  return ::ftruncate(file, size) == 0;
+bool ResizeFile(void* self, FileHandle file, std::int64_t size) {
+  return Noted(self, ::ftruncate(file, size) == 0);
 }
 
 bool CloseFile(void* self, FileHandle file) {
   auto& made = MachineOf(self).made_in_place;
   made.erase(std::remove_if(made.begin(), made.end(), [&](const auto& entry) { return entry.first == file; }),
              made.end());
-  return ::close(file) == 0 || errno == EINTR;
+  return Noted(self, ::close(file) == 0 || errno == EINTR);
 }
 
 // The name behind all links, also where it doesn't exist yet.
@@ -157,7 +163,7 @@ void Forget(PosixMachine& machine, const std::string& name) {
 }
 
 bool Rename(void* self, const std::string& from, const std::string& to) {
-  if (std::rename(from.c_str(), to.c_str()) != 0) return false;
+  if (!Noted(self, std::rename(from.c_str(), to.c_str()) == 0)) return false;
   Forget(MachineOf(self), from);
   Forget(MachineOf(self), to);
   return true;
@@ -190,7 +196,7 @@ std::string WorkingDirectory(void*) {
 }
 
 std::string Why(void* self) {
-  return std::strerror(MachineOf(self).open_fault);
+  return std::strerror(MachineOf(self).fault);
 }
 
 }  // namespace

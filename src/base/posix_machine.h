@@ -27,7 +27,7 @@ struct PosixMachine {
                                         // console takes them away
   std::vector<std::pair<FileHandle, std::string>> made_in_place;  // open files that were made under their own names
   std::vector<std::pair<dev_t, ino_t>> read;                      // plain files that were opened to be read
-  int open_fault = 0;                                             // of the last open that failed
+  int fault = 0;                                                  // of the last call for a file that failed
   Children children;
 };
 

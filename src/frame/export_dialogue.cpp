@@ -17,6 +17,7 @@ namespace {
 constexpr std::string_view kNetcdfFile = "Enter NetCDF output file name:\n(BLANK or QUIT to abort)";
 constexpr std::string_view kVtkRoot = "Enter name that the VTK files begin with:\n(BLANK or QUIT to abort)";
 constexpr std::string_view kNotOpen = "ERROR opening output file: {}{}";
+constexpr std::string_view kNotWritten = "ERROR writing output file: {}{}";
 
 // False: there is none.
 bool AskName(const Console& console, std::string_view prompt, std::string& name) {
@@ -36,7 +37,7 @@ void AskNetcdf(const Platform& platform, const OutputSettings& settings, CaseSto
   }
   if (!WriteRunNetcdf(console, settings, store, out)) return DiscardOutput(out);
   if (CloseOutput(out)) Say(console, "{} {}", kNetcdfWritten, Trim(name));
-  else Say(console, kNotOpen, Trim(name), Because(out.why));
+  else Say(console, kNotWritten, Trim(name), Because(out.why));
 }
 
 void AskVtk(const Platform& platform, const OutputSettings& settings, CaseStore& store) {

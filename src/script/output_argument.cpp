@@ -8,7 +8,7 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
+inline constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 inline constexpr std::string_view kUnknownSwitch = "ERROR - unrecognized output file switch: {}";
 inline constexpr std::string_view kNameCut = "WARNING - output file name cut at blank : {}";
 
@@ -62,7 +62,7 @@ int FinishOutput(ScriptCall& call, OutputArgument& output, int status, std::stri
     DiscardOutput(output.file);
     return status;
   }
-  if (!CloseOutput(output.file)) return Fail(call, kScriptFailed, kWriteFault, output.name);
+  if (!CloseOutput(output.file)) return Fail(call, kScriptFailed, kWriteFault, output.name, Because(output.file.why));
   if (!output.name.empty() && !done.empty()) Say(call.console(), "{} {}", done, output.name);
   return kScriptOk;
 }

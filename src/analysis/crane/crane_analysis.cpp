@@ -18,7 +18,7 @@ constexpr std::string_view kAborted = "Option Aborted";
 constexpr std::string_view kMotionsDone = "Crane & cargo motions written to {}";
 constexpr std::string_view kGeometryDone = "Crane & cable geometry written to {}";
 constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
-constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
+constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 
 void Print(const Console& console, const std::string& text) {
   console.write(console.self, text);
@@ -32,7 +32,8 @@ void Discard(OutputFile* file) {
 bool Close(const Console& console, OutputFile* file, std::string_view done) {
   if (file == nullptr) return true;
   const bool written = CloseOutput(*file);
-  Say(console, fmt::runtime(written ? done : kWriteFault), file->name);
+  if (written) Say(console, fmt::runtime(done), file->name);
+  else Say(console, kWriteFault, file->name, Because(file->why));
   return written;
 }
 

@@ -19,7 +19,7 @@ constexpr std::string_view kSkipped = "WRN434 - Highest of {} frequency componen
 constexpr std::string_view kSkippedWhy = "         parameter MAXFRQ is set to {}";
 constexpr std::string_view kNoMemory = "ERROR allocating memory for the coefficients";
 constexpr std::string_view kNoFile = "ERROR opening output file: {}{}";
-constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
+constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 constexpr std::string_view kNothing = "ERROR - no impulse response function to be transformed";
 
 void SaySkipped(const Console& console, int nskip) {
@@ -128,7 +128,7 @@ bool WriteFiles(const FrequencyWork& work, std::vector<CaseFile>& files) {
       Say(console, "{} {}", file.done, file.name);
       continue;
     }
-    Say(console, kWriteFault, file.name);
+    Say(console, kWriteFault, file.name, Because(file.out.why));
     Discard(files);
     return false;
   }

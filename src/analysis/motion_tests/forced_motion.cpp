@@ -27,7 +27,7 @@ constexpr std::string_view kNotThese =
 constexpr std::string_view kNoFit = "ERROR in Least Squares fit for force coefficients";
 constexpr std::string_view kNoFile = "ERROR opening output file {}{}";
 constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
-constexpr std::string_view kWriteFault = "ERROR writing output file: {}";
+constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::string_view kAddedMassTerms = "adm.dbg", kDampingTerms = "dmp.dbg";
 
@@ -225,7 +225,7 @@ bool Open(const Platform& platform, Targets& targets) {
 bool Close(const Console& console, Targets& targets) {
   for (Target& target : targets) {
     if (CloseOutput(target.out)) continue;
-    Say(console, kWriteFault, target.name);
+    Say(console, kWriteFault, target.name, Because(target.out.why));
     Discard(targets);
     return false;
   }

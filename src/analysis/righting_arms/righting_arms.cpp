@@ -41,7 +41,7 @@ constexpr std::string_view kPanels[] = {
 
 constexpr std::string_view kOpening = "ERRGZSTAB02 - ERROR opening {} {}{}";
 constexpr std::string_view kSameName = "ERRGZSTAB02 - ERROR the analysis has two output files of this name: {}";
-constexpr std::string_view kWriting = "ERROR writing output file: {}";
+constexpr std::string_view kWriting = "ERROR writing output file: {}{}";
 struct FileTexts {
   std::string_view opening[2];  // by direction
   std::string_view ending;      // behind the name of the statistics
@@ -183,7 +183,7 @@ bool CloseFiles(const Platform& platform, const RightingArmRequest& request, Rig
     if (!IsOpen(out)) continue;
     const std::string_view written = kFileTexts[i].written[request.direction - 1];
     if (!CloseOutput(out)) {
-      Say(platform.console, kWriting, out.name);
+      Say(platform.console, kWriting, out.name, Because(out.why));
       DiscardRightingArmFiles(outputs);
       return false;
     }

@@ -31,7 +31,7 @@ constexpr std::string_view kNoHull = "WARNING - the geometry of this case could 
 constexpr std::string_view kNoMotions = "ERROR - the motions of the ship are not known";
 constexpr std::string_view kFlat = "WARNING - the waves of this case are not known: the sea is flat";
 constexpr std::string_view kNotOpen = "ERROR opening output file: {}{}";
-constexpr std::string_view kNotWritten = "ERROR writing {}";
+constexpr std::string_view kNotWritten = "ERROR writing {}{}";
 constexpr std::string_view kInterrupted = "VTK files interrupted at time step {}";
 
 constexpr std::string_view kHead =
@@ -63,7 +63,7 @@ bool StoreFile(const Platform& platform, const std::string& name, const std::str
   }
   WriteOutput(out, text);
   if (CloseOutput(out)) return true;
-  Say(platform.console, kNotWritten, name);
+  Say(platform.console, kNotWritten, name, Because(out.why));
   return false;
 }
 

@@ -9,7 +9,7 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}";
-constexpr std::string_view kWriteFault = "ERROR writing file {}";
+constexpr std::string_view kWriteFault = "ERROR writing file {}{}";
 
 void SayOf(const Console& console, std::string_view words, std::string_view name) {
   if (!words.empty()) Say(console, "{}{}", words, name);
@@ -38,7 +38,7 @@ bool OpenRootFiles(const Platform& platform, const CaseStore& case_store, std::s
 bool CloseRootFiles(const Console& console, RootFiles& files) {
   for (std::size_t i = 0; i < files.out.size(); ++i) {
     if (CloseOutput(files.out[i])) continue;
-    Say(console, kWriteFault, files.out[i].name);
+    Say(console, kWriteFault, files.out[i].name, Because(files.out[i].why));
     DiscardRootFiles(files);
     return false;
   }

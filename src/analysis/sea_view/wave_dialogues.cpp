@@ -54,7 +54,7 @@ constexpr std::string_view kRoot = "Enter root name for output files";
 constexpr std::string_view kBadValue = "ILLEGAL value - re-enter";
 constexpr std::string_view kAborted = "Option aborted ...";
 constexpr std::string_view kNoMemory = "ERROR allocate wave field phase arrays";
-constexpr std::string_view kWriteFault = "ERROR writing file {}";
+constexpr std::string_view kWriteFault = "ERROR writing file {}{}";
 
 void SayAll(const Console& console, std::span<const std::string_view> lines) {
   for (const std::string_view line : lines) SayLine(console, line);
@@ -97,7 +97,7 @@ Answer AskOneFile(const Platform& platform, std::string_view prompt, std::string
     return Answer::ok;
   }
   WriteOutput(chosen.out, chosen.out.had_text ? '\n' + text : text);
-  if (!CloseOutput(chosen.out)) Say(console, kWriteFault, chosen.name);
+  if (!CloseOutput(chosen.out)) Say(console, kWriteFault, chosen.name, Because(chosen.out.why));
   return Answer::ok;
 }
 

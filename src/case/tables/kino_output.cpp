@@ -133,7 +133,7 @@ struct SetFile {
 constexpr SetFile kMotions = {".mot", "ERROR opening KINO motion data file {}{}", "Writing KINO motion data to {}"};
 constexpr SetFile kSeaway = {".sea", "ERROR opening KINO seaway data file {}{}", "Writing KINO seaway data to {}"};
 constexpr SetFile kCommands = {".kno0", "ERROR opening KINO command file {}{}", "Writing KINO commands to {}"};
-inline constexpr std::string_view kWriteFault = "ERROR writing KINO file {}";
+inline constexpr std::string_view kWriteFault = "ERROR writing KINO file {}{}";
 
 // body(out) writes the file; false (told) gives it up.
 template <typename Body>
@@ -150,7 +150,7 @@ bool WriteSetFile(const Platform& platform, const SetFile& row, const std::strin
     return false;
   }
   if (CloseOutput(out)) return true;
-  Say(platform.console, kWriteFault, name);
+  Say(platform.console, kWriteFault, name, Because(out.why));
   return false;
 }
 

@@ -19,6 +19,7 @@ constexpr int kBesideNames = 1000;  // left over by runs that were killed, or in
 constexpr std::string_view kStandardOutput = "/dev/stdout";
 constexpr std::string_view kWasRead = "this run has read that file";
 constexpr std::string_view kDirectory = "Is a directory";
+constexpr std::string_view kNoMemory = "no memory";
 
 std::string BesideName(const std::string& target, int number) {
   const std::size_t slash = target.rfind('/');
@@ -70,12 +71,19 @@ bool OpenTarget(const Files& files, const FileFacts& facts, OutputFile& out) {
   return OpenInPlace(files, facts, out);
 }
 
+// A call for the file that is over now: the first that failed tells why.
+void Note(OutputFile& out, bool done) {
+  if (done || out.failed) return;
+  out.failed = true;
+  out.why = out.platform->files.why(out.platform->files.self);
+}
+
 void Flush(OutputFile& out) {
   const Files& files = out.platform->files;
   if (out.failed || out.pending.empty()) return;
-  if (out.cut_first && !files.resize(files.self, out.file, 0)) out.failed = true;
+  if (out.cut_first) Note(out, files.resize(files.self, out.file, 0));
   out.cut_first = false;
-  if (!out.failed && !files.write(files.self, out.file, out.pending)) out.failed = true;
+  if (!out.failed) Note(out, files.write(files.self, out.file, out.pending));
   out.pending.clear();
 }
 
@@ -145,6 +153,7 @@ void WriteOutput(OutputFile& out, std::string_view text) {
   }
   if (out.failed) return;
   out.failed = !Guarded([&] { return out.pending += text, true; }, false);
+  if (out.failed) out.why = kNoMemory;
   if (out.how == OpenHow::replace && out.pending.size() >= kPendingBytes) Flush(out);
 }
 
@@ -164,9 +173,9 @@ bool CloseOutput(OutputFile& out) {
   if (out.how == OpenHow::append) FlushAppended(out);
   else Flush(out);
   // A file written in place with nothing is an empty file.
-  if (out.cut_first && !out.failed && !files.resize(files.self, out.file, 0)) out.failed = true;
-  if (!files.close(files.self, std::exchange(out.file, kNoFile))) out.failed = true;
-  if (!out.failed && !out.beside.empty() && !files.rename(files.self, out.beside, out.target)) out.failed = true;
+  if (out.cut_first && !out.failed) Note(out, files.resize(files.self, out.file, 0));
+  Note(out, files.close(files.self, std::exchange(out.file, kNoFile)));
+  if (!out.failed && !out.beside.empty()) Note(out, files.rename(files.self, out.beside, out.target));
   if (out.failed) RemoveTraces(out);
   return !out.failed;
 }

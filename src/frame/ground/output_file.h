@@ -20,7 +20,7 @@ struct OutputFileParts {
   bool to_console = true;
   bool had_text = false;  // appending behind something: tables then set off with an empty line
   bool failed = false;    // a write failed: close will discard
-  std::string why;        // of an open that failed, for Because
+  std::string why;        // of an open, or the first write, that failed, for Because
   // Below: the business of output_file.cpp.
   FileHandle file = kNoFile;
   std::string target;   // behind links

@@ -232,12 +232,13 @@ bool EncodePicture(PictureFormat format, int width, int height, std::span<const 
 
 bool StorePicture(const Platform& platform, const std::string& name, std::string_view bytes, std::string* why) {
   OutputFile out;
-  if (!OpenOutput(platform, name, OpenHow::replace, out) || out.to_console) {
-    if (why != nullptr) *why = out.why;
-    return false;
+  bool stored = OpenOutput(platform, name, OpenHow::replace, out) && !out.to_console;
+  if (stored) {
+    WriteOutput(out, bytes);
+    stored = CloseOutput(out);
   }
-  WriteOutput(out, bytes);
-  return CloseOutput(out);
+  if (!stored && why != nullptr) *why = out.why;
+  return stored;
 }
 
 bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width, int height,

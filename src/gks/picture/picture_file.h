@@ -21,7 +21,7 @@ enum class PictureFormat : unsigned char { png, bmp, gif, svg, pdf };
 // is out, or the format has no library here.
 [[nodiscard]] bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb,
                                  std::string& bytes);
-// The file appears when it is complete. False: it can't be written; `why` tells it of one that can't be opened.
+// The file appears when it is complete. False: it can't be written; `why` tells the reason.
 [[nodiscard]] bool StorePicture(const Platform& platform, const std::string& name, std::string_view bytes,
                                 std::string* why = nullptr);
 // Both.

@@ -235,7 +235,7 @@ bool EndVideo(RunOutput& output) {
   const bool written = ended && files.facts(files.self, output.file.beside).size > 0;
   if (written && CloseOutput(output.file)) return true;
   DiscardOutput(output.file);
-  return SayFault(output, kNoVideo, said);
+  return SayFault(output, kNoVideo, said.empty() ? output.file.why : said);
 }
 
 constexpr OutputRow kOutputs[] = {
