@@ -15,6 +15,16 @@ constexpr std::string_view kDone = "ZAVIEW is done...";
 constexpr std::string_view kAborting = "ZAVIEW aborting...";
 constexpr std::string_view kContinuing = "ZAVIEW continuing...";
 
+// From here on somebody is there who reads and answers.
+void EndQuiet(Session& session) {
+  if (!session.run.quiet) return;
+  Console& console = session.platform.console;
+  const bool trace = console.trace;
+  console = session.quiet_console.real;
+  console.trace = trace;
+  session.run.quiet = false;
+}
+
 }  // namespace
 
 void RunScript(Session& session, std::string_view name) {
@@ -30,8 +40,7 @@ void RunScript(Session& session, std::string_view name) {
                                                                  : kRunFailed;
     return;
   }
-  if (run.quiet) session.platform.console = session.quiet_console.real;
-  run.quiet = false;
+  EndQuiet(session);
   SayLine(console, kContinuing);
   run.script_active = false;
   run.script_is_init = false;
@@ -41,6 +50,7 @@ void RunScript(Session& session, std::string_view name) {
 void RunDialogue(Session& session) {
   RunState& run = session.run;
   const bool to_menu = std::exchange(run.menu_wanted, false);
+  if (to_menu) EndQuiet(session);
   if (!to_menu && run.script_active && session.script.open && run.plot_module == PlotModule::none)
     RunScript(session, "");
   while (run.plot_module == PlotModule::none && !run.exit_requested) text_menu(session);

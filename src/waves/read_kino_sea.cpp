@@ -181,7 +181,8 @@ void TakeClosing(const Console& console, SeaText& text, KinoSeaUnits units, Seaw
   std::vector<double> numbers;
   std::string_view line;
   while (NextRawLine(text.source, line)) {
-    if (OptionNumbers(line, kKinoDepthOption, numbers) && !numbers.empty() && numbers[0] > 0) {
+    // What is 0 as a 4-byte number would be written as 0, and that is deep water.
+    if (OptionNumbers(line, kKinoDepthOption, numbers) && !numbers.empty() && static_cast<float>(numbers[0]) > 0) {
       seaway.WDEPTH = numbers[0] / units.L;
       Say(console, kDepthTaken, SentenceNumber(static_cast<float>(numbers[0])));
     }

@@ -1,5 +1,7 @@
 #include "gks/picture/picture_sheet.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -7,6 +9,7 @@
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
+#include "gks/picture/cairo_picture.h"
 #include "gks/picture/dump_names.h"
 #include "gks/picture/picture_file.h"
 #include "gks/picture/recorded_picture.h"
@@ -18,11 +21,25 @@ namespace {
 constexpr fmt::string_view kWriting = "DumpWindow - Writing {} file {}";
 constexpr fmt::string_view kOnPage = "Picture {} of page {}";
 constexpr std::string_view kEmptySheet = "ERROR - Page has no pictures, nothing is written";
+constexpr fmt::string_view kTooLarge =
+    "ERROR - Page {} would have {} x {} pixels, of {} a side at most : fewer rows or columns, a smaller window, "
+    "or an SVG or PDF file";
 constexpr std::string_view kNoLibrary = " (the library of PDF files is not here)";
 
 std::string_view CapitalsOf(PictureFormat format) {
   if (format == PictureFormat::svg) return "SVG";
   return format == PictureFormat::pdf ? "PDF" : "PNG";
+}
+
+// Told with the first picture, not when the last one is there.
+bool Fits(const Platform& platform, const PictureSheet& sheet, const PictureRecording& picture) {
+  PictureFormat format{};
+  if (FormatOfName(sheet.name, format) && IsVector(format)) return true;
+  const std::int64_t width = std::int64_t{picture.width} * sheet.columns;
+  const std::int64_t height = std::int64_t{picture.height} * sheet.rows;
+  if (std::max(width, height) <= kMostImageSide) return true;
+  Say(platform.console, kTooLarge, sheet.name, width, height, kMostImageSide);
+  return false;
 }
 
 }  // namespace
@@ -57,6 +74,10 @@ bool BeginSheet(GksState& gks, int rows, int columns, std::string_view name) {
 
 bool AddToSheet(const Platform& platform, GksState& gks) {
   PictureSheet& sheet = gks.sheet;
+  if (sheet.cells.empty() && !Fits(platform, sheet, gks.recording)) {
+    sheet = PictureSheet{};
+    return false;
+  }
   const auto copy = [&] {
     sheet.cells.push_back(gks.recording);  // a window shows it further on
     return true;

@@ -46,11 +46,10 @@ const DumpKind* KindOfOption(int option) {
 }
 
 const DumpKind* KindOfName(std::string_view name) {
-  const std::size_t dot = name.rfind('.');
-  if (dot == std::string_view::npos) return nullptr;
-  const std::string_view end = name.substr(dot + 1);
+  PictureFormat format{};
+  if (!FormatOfName(name, format)) return nullptr;
   for (const DumpKind& kind : kKinds)
-    if (end == kind.extension || end == kind.capital) return &kind;
+    if (kind.format == format) return &kind;
   return nullptr;
 }
 

@@ -117,7 +117,7 @@ TEST(WindowDump, NamesTheFileByOptionAndOrder) {
       {"", 5, "gl.png", "\x89PNG", "DumpWindow - Writing PNG file gl.png\n"},
       {"", 1, "gl.gif", "GIF8", "DumpWindow - ppm2gif gl.png gl.gif\n"},
       {"", 3, "gl.bmp", "BM", "DumpWindow - ppm2gif gl.png gl.bmp\n"},
-      {"x.PNG", 2, "x.PNG", "\x89PNG", "DumpWindow - Writing PNG file x.PNG\n"},
+      {"x.Png", 2, "x.Png", "\x89PNG", "DumpWindow - Writing PNG file x.Png\n"},
       {"", 2, "dump0002.gif", "GIF8", "DumpWindow - ppm2gif gl.png dump0002.gif\n"},  // a name counts once
       {"v1.2", 4, "v1.2", "BM",
        "WARNING - v1.2 : pictures end in .png, .svg, .pdf, .gif or .bmp; this one is written as BMP\n"

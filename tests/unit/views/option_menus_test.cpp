@@ -108,7 +108,8 @@ TEST(OptionMenus, APlotThatTheyFindCannotBeMadeHasFailed) {
   EXPECT_TRUE(v.session.run.plot_failed && v.session.menus.m_omenu == 0) << v.fake.output;
 }
 
-// "Text Menu" leaves a script where it is; the view that is left next goes on with it, as "Continue Script" does.
+// "Text Menu" leaves a script where it is; the view that is left next goes on with it, as "Continue Script" does. With
+// -quiet the menu is shown and read all the same.
 TEST(OptionMenus, LeaveAScriptWaitingOrGoOnWithIt) {
   struct {
     const char* button;
@@ -120,7 +121,10 @@ TEST(OptionMenus, LeaveAScriptWaitingOrGoOnWithIt) {
     v.fake.Put("s.txt", "PLOT_HISTORY MOT 3 \"\"\nSET_STEPS 1 20\n");
     v.fake.Type(c.typed);
     v.session.dialogue = RunDialogue;
-    v.session.run.script_active = true;
+    Console& console = v.session.platform.console;
+    console.write_error = console.write;
+    console = MakeQuiet(Console(console), v.session.quiet_console);
+    v.session.run.script_active = v.session.run.quiet = true;
     EXPECT_EQ(OpenScriptFile(v.session, "s.txt"), kScriptOk);
     v.Enter();
     v.Key('o', kAltKey);
