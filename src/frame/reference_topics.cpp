@@ -61,7 +61,7 @@ ReferenceTopic CommandTopic() {
   ReferenceTopic topic{"commands", "the commands of scripts", {}};
   const std::span<const CommandFamily> families = AllCommands();
   for (std::size_t i = 0; i < families.size(); ++i) {
-    ReferencePart part{std::string(FamilyTitles()[i]), {}, {}};
+    ReferencePart part{std::string(FamilyTitle(i)), {}, {}};
     for (const Command& command : families[i])
       if (!command.meaning.empty()) part.rows.push_back(CommandEntry(command));
     topic.parts.push_back(std::move(part));

@@ -37,7 +37,6 @@ constexpr std::string_view kShownNotThere = "File does not exist - hit Confirm t
 
 constexpr int kToWrite = 1, kToRead = 2, kLastMode = 3;
 constexpr int kColumns = 40, kLines = 20, kNameLength = 256, kFilterLength = 128;
-constexpr int kOneInBox = 3, kDialogueRow = 1;
 constexpr int kRed = 2;
 constexpr std::string_view kUp = "..";
 
@@ -86,7 +85,7 @@ void AddList(MenuToolkit& kit, const std::vector<std::string>& names, int select
 
 void AddField(MenuToolkit& kit, std::string_view label, const std::string& value, int length) {
   constexpr int kLabelColumns = 7;
-  gksMenuButtonRow(kit, 0, 3);
+  gksMenuButtonRow(kit, kPlainRow, 3);
   gksMenuAddItem(kit, MenuItemType::label, label, kLabelColumns);
   gksMenuAddItem(kit, MenuItemType::text, value, length);
   gksMenuSetAttribute(kit, MenuAttribute::width, kColumns);
@@ -112,7 +111,7 @@ bool Build(MenuToolkit& kit) {
   AddList(kit, selector.shown, selector.selected_file, 0);
   AddField(kit, "File  :", selector.file_name, kNameLength);
   AddField(kit, "Filter:", selector.filter, kFilterLength);
-  gksMenuButtonRow(kit, 0, 1);
+  gksMenuButtonRow(kit, kPlainRow, 1);
   gksMenuAddItem(kit, MenuItemType::label, StatusOf(selector));
   gksMenuSetAttribute(kit, MenuAttribute::colour, kRed);
   gksMenuButtonRow(kit, kDialogueRow, 2);

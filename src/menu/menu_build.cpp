@@ -90,7 +90,7 @@ const Console& ConsoleOf(const MenuToolkit& kit) {
 
 // The menu being built; null, which is said: there is none.
 MenuSlot* Pending(MenuToolkit& kit, std::string_view routine) {
-  if (kit.inmenu_pending > 0) return &kit.slots[static_cast<std::size_t>(kit.inmenu_pending) - 1];
+  if (kit.inmenu_pending > 0) return &SlotOf(kit, kit.inmenu_pending);
   Say(ConsoleOf(kit), kNotPending, routine);
   return nullptr;
 }
@@ -148,13 +148,13 @@ MenuRowItem* AddItem(MenuToolkit& kit, MenuItemType itype, Adder adder) {
 
 int FreeSlot(const MenuToolkit& kit) {
   for (int im = 1; im <= kMenuSlots; ++im)
-    if (kit.slots[static_cast<std::size_t>(im) - 1].status == MenuStatus::free) return im;
+    if (SlotOf(kit, im).status == MenuStatus::free) return im;
   return 0;
 }
 
 int SlotOfTitle(const MenuToolkit& kit, std::string_view title) {
   for (int im = 1; im <= kMenuSlots; ++im) {
-    const MenuSlot& slot = kit.slots[static_cast<std::size_t>(im) - 1];
+    const MenuSlot& slot = SlotOf(kit, im);
     if (slot.status != MenuStatus::free && slot.title == title) return im;
   }
   return 0;
@@ -233,7 +233,7 @@ int gksMenuInit(MenuToolkit& kit, std::string_view title) {
     SayLine(ConsoleOf(kit), kNoneFree);
     return 0;
   }
-  MenuSlot& slot = kit.slots[static_cast<std::size_t>(im) - 1];
+  MenuSlot& slot = SlotOf(kit, im);
   if (found != 0) {
     slot.before = std::move(slot.elements);
     slot.elements.clear();
@@ -284,7 +284,7 @@ void gksMenuButtonRow(MenuToolkit& kit, int mode, int mitem) {
   MenuElement* const element =
       AddElement(kit, MenuElementType::button_row, mitem < 1 ? kBadRowSize : std::string_view());
   if (element == nullptr) return;
-  element->centred = mode == 1;
+  element->centred = mode == kDialogueRow;
   element->capacity = mitem;
 }
 
@@ -303,8 +303,7 @@ void gksMenuAddListItem(MenuToolkit& kit, std::string_view text, int value) {
   const std::size_t count = list.items.size();
   if (static_cast<int>(count) >= list.capacity) return Say(ConsoleOf(kit), kTooMany, kAddList);
   if (!Grow(list.items, count + 1)) return;
-  const bool one = list.mode == ListMode::one || list.mode == ListMode::one_in_box;
-  list.items.back() = {std::string(text), value, 1, one && value == element->value};
+  list.items.back() = {std::string(text), value, 1, IsOneChoice(list) && value == element->value};
 }
 
 void gksMenuAddItem(MenuToolkit& kit, MenuItemType itype, std::string_view text, int length) {
@@ -345,18 +344,18 @@ void gksMenuSetAttributeS(MenuToolkit& kit, MenuAttribute attribute, std::string
 
 int gksMenuElement(const MenuToolkit& kit) {
   if (kit.inmenu_pending == 0) return 0;
-  return static_cast<int>(kit.slots[static_cast<std::size_t>(kit.inmenu_pending) - 1].elements.size());
+  return static_cast<int>(SlotOf(kit, kit.inmenu_pending).elements.size());
 }
 
 int gksMenuItem(const MenuToolkit& kit) {
   if (gksMenuElement(kit) == 0) return 0;
-  const MenuElement& last = kit.slots[static_cast<std::size_t>(kit.inmenu_pending) - 1].elements.back();
+  const MenuElement& last = SlotOf(kit, kit.inmenu_pending).elements.back();
   return static_cast<int>(last.type == MenuElementType::list ? last.list.items.size() : last.items.size());
 }
 
 MenuElement* gksMenuElementAt(MenuToolkit& kit, int im, int element) {
   if (im < 1 || im > kMenuSlots || element < 1) return nullptr;
-  std::vector<MenuElement>& elements = kit.slots[static_cast<std::size_t>(im) - 1].elements;
+  std::vector<MenuElement>& elements = SlotOf(kit, im).elements;
   return static_cast<std::size_t>(element) > elements.size() ? nullptr
                                                              : &elements[static_cast<std::size_t>(element) - 1];
 }

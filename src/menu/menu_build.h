@@ -18,11 +18,13 @@ void gksMenuSetHandler(MenuToolkit& kit, MenuHandler handler);
 
 void gksMenuText(MenuToolkit& kit, std::string_view text);  // lines apart by \n
 void gksMenuSeparator(MenuToolkit& kit, int thickness);     // pixels
-// mode 0: one choice, as high as its items; 1: several, likewise; 2: several, in a box; 3: one, in a box. mitem: most
-// items, above 0. value: that of the item that is chosen, in a list of one choice. box_lines: height of a box.
+// mode: a ListMode. mitem: most items, above 0. value: that of the item that is chosen, in a list of one choice.
+// box_lines: height of a box.
 void gksMenuSelectionList(MenuToolkit& kit, int mode, int mitem, int value, int box_lines = 10);
+inline constexpr int kOneChoice = 0, kSeveralChoices = 1, kSeveralInBox = 2, kOneInBox = 3;  // modes, by ListMode
 void gksMenuCheckBox(MenuToolkit& kit, std::string_view label, int value);
-void gksMenuButtonRow(MenuToolkit& kit, int mode, int mitem);  // mode 1: centred, at the end of a dialogue
+void gksMenuButtonRow(MenuToolkit& kit, int mode, int mitem);
+inline constexpr int kPlainRow = 0, kDialogueRow = 1;  // modes; the second is centred, at the end of a dialogue
 void gksMenuRunBar(MenuToolkit& kit, int step0, int step1, float t0, float t1, int step, bool running);
 
 void gksMenuAddListItem(MenuToolkit& kit, std::string_view text, int value);

@@ -134,8 +134,7 @@ void Text(const Brush& b, GksColour colour, int x, const MenuBox& box, std::stri
 
 void CentredText(const Brush& b, GksColour colour, const MenuBox& box, std::string_view text, int shift) {
   const std::string shown = FittingText(b.font, text, box.width - 4);
-  int width = 0;
-  for (const char c : shown) width += gksCharWidth(b.font.font, static_cast<unsigned char>(c));
+  const int width = LettersWidth(b.font, shown);
   const MenuBox place = {box.x + shift, box.y + shift, box.width, box.height};
   Letters(b, colour, place.x + (box.width - width) / 2, place, shown);
 }
@@ -184,14 +183,8 @@ void DrawCaretAndSelection(const Brush& b, const MenuBox& field) {
   const auto [from, to] = std::minmax(t.caret, t.anchor);
   const int x0 = std::min(x_of(from), right), x1 = std::min(x_of(to), right);
   Fill(b, Mix(b.inks.paper, b.inks.ink, 0.35F), {x0, field.y + 3, x1 - x0, field.height - 6});
-  std::string shown = ScreenText(text.substr(t.first));
-  int width = 0;
-  std::size_t count = 0;
-  for (; count < shown.size(); ++count) {
-    width += gksCharWidth(b.font.font, static_cast<unsigned char>(shown[count]));
-    if (width > field.width) break;
-  }
-  Letters(b, b.inks.ink, field.x, field, shown.substr(0, count));
+  const std::string shown = ScreenText(text.substr(t.first));
+  Letters(b, b.inks.ink, field.x, field, std::string_view(shown).substr(0, LettersWithin(b.font, shown, field.width)));
   Fill(b, b.inks.ink, {std::min(x_of(t.caret), right), field.y + 2, 2, field.height - 4});
 }
 
@@ -227,7 +220,7 @@ void DrawItem(const Brush& b, const MenuRowItem& item, const MenuBox& box, const
   const bool disabled = item.disabled || row_disabled;
   const GksColour colour = ColourOf(b, item.colour, disabled);
   const bool down = IsPressed(b, at.element, at.item) || (item.type == Kind::button && item.style == kButtonDown);
-  const int square = b.font.height + 2;
+  const int square = MarkSide(b.font);
   const MenuBox mark = {box.x, box.y + (box.height - square) / 2, square, square};
   switch (item.type) {
     case Kind::label:
@@ -281,7 +274,7 @@ void DrawScrollBar(const Brush& b, const MenuPlaced& placed, bool pressed) {
 void DrawListItem(const Brush& b, const MenuElement& element, const MenuListItem& item, const MenuBox& box) {
   const GksColour colour = ColourOf(b, item.colour, element.disabled);
   MenuBox inside = {box.x + 2, box.y, box.width - 4, box.height};
-  if (HasTicks(element.list)) {
+  if (!IsOneChoice(element.list)) {
     const int side = b.font.height;
     CheckMark(b, {inside.x, box.y + (box.height - side) / 2, side, side}, item.chosen, false, element.disabled);
     const int beside = TickWidth(b.font);
@@ -289,7 +282,7 @@ void DrawListItem(const Brush& b, const MenuElement& element, const MenuListItem
   } else if (item.chosen) {
     Fill(b, colour, box);
   }
-  Text(b, item.chosen && !HasTicks(element.list) ? b.inks.paper : colour, inside.x, inside, item.text);
+  Text(b, item.chosen && IsOneChoice(element.list) ? b.inks.paper : colour, inside.x, inside, item.text);
 }
 
 void DrawList(const Brush& b, const MenuElement& element, const MenuPlaced& placed, int number) {
@@ -299,7 +292,7 @@ void DrawList(const Brush& b, const MenuElement& element, const MenuPlaced& plac
     const MenuListItem& item = element.list.items[static_cast<std::size_t>(placed.top + line)];
     const MenuBox box = {placed.inner.x, placed.inner.y + line * b.font.pitch, placed.inner.width, b.font.pitch};
     DrawListItem(b, element, item, box);
-    const bool reversed = item.chosen && !HasTicks(element.list);
+    const bool reversed = item.chosen && IsOneChoice(element.list);
     if (IsFocused(b, number, placed.top + line + 1)) FocusRing(b, reversed ? b.inks.paper : b.inks.ink, box);
   }
   if (placed.bar.width > 0) DrawScrollBar(b, placed, IsPressed(b, number, 0));
@@ -313,11 +306,11 @@ void DrawRunBar(const Brush& b, const MenuElement& element, const MenuPlaced& pl
   Button(b, placed.thumb, b.kit.drag == MenuDrag::slider && IsPressed(b, number, 0));
   const int middle = placed.thumb.x + placed.thumb.width / 2;
   Fill(b, b.inks.ink, {middle, placed.thumb.y + 4, 1, placed.thumb.height - 8});
-  const std::string_view words[] = {element.run_bar.running ? "Pause" : "Play", "-Step", "+Step"};
-  for (std::size_t i = 0; i < placed.items.size(); ++i) {
-    const bool down = IsPressed(b, number, static_cast<int>(i) + 1);
-    Button(b, placed.items[i], down);
-    CentredText(b, b.inks.ink, placed.items[i], words[i], down ? 1 : 0);
+  for (int button = kPlayButton; button <= kOnButton; ++button) {
+    const MenuBox& box = placed.items[static_cast<std::size_t>(button) - 1];
+    const bool down = IsPressed(b, number, button);
+    Button(b, box, down);
+    CentredText(b, b.inks.ink, box, BarButtonText(button, element.run_bar.running), down ? 1 : 0);
   }
   const std::string times = RunBarTimes(element.run_bar);
   const MenuBox row = {placed.box.x, placed.items[0].y, placed.box.width, placed.items[0].height};

@@ -61,7 +61,7 @@ int ItemWidth(const MenuRowItem& item, const MenuFont& font) {
     case Kind::file:
       return fixed > 0 ? fixed : ButtonWidth(font, item.text);
     case Kind::check:
-      return font.height + 2 + (item.text.empty() ? 0 : kBesideMark + MenuTextWidth(font, item.text));
+      return MarkSide(font) + (item.text.empty() ? 0 : kBesideMark + MenuTextWidth(font, item.text));
     case Kind::integer:
     case Kind::real:
     case Kind::text:
@@ -92,12 +92,14 @@ int RowWidth(const std::vector<MenuBox>& boxes) {
   return boxes.empty() ? 0 : boxes.back().x + boxes.back().width;
 }
 
-// The longer of the two words, so that nothing moves when they change.
-constexpr std::string_view kBarButtons[] = {"Pause", "-Step", "+Step"};
+// By the longer of the two words of the first, so that nothing moves when they change.
+int BarButtonWidth(const MenuFont& font, int button) {
+  return ButtonWidth(font, BarButtonText(button, /*running=*/true));
+}
 
 int RunBarWidth(const MenuRunBar& bar, const MenuFont& font) {
   int width = MenuTextWidth(font, RunBarTimes(bar));
-  for (const std::string_view word : kBarButtons) width += ButtonWidth(font, word) + kGap;
+  for (int button = kPlayButton; button <= kOnButton; ++button) width += BarButtonWidth(font, button) + kGap;
   return std::max(width, kTrackColumns * font.width);
 }
 
@@ -107,7 +109,8 @@ int ListWidth(const MenuList& list, const MenuFont& font) {
     longest = std::max(
         longest, MenuTextWidth(font, std::string_view(item.text).substr(0, static_cast<std::size_t>(list.columns))));
   const bool scrolls = static_cast<int>(list.items.size()) > ListLines(list);
-  return longest + 2 * kListFrame + kInsideItem + (HasTicks(list) ? TickWidth(font) : 0) + (scrolls ? kScrollBar : 0);
+  return longest + 2 * kListFrame + kInsideItem + (IsOneChoice(list) ? 0 : TickWidth(font)) +
+         (scrolls ? kScrollBar : 0);
 }
 
 int TextLines(std::string_view text) {
@@ -131,7 +134,7 @@ int ElementWidth(const MenuElement& element, const MenuFont& font) {
     case MenuElementType::list:
       return ListWidth(element.list, font);
     case MenuElementType::check_box:
-      return font.height + 2 + 2 * kGap + MenuTextWidth(font, element.text);
+      return MarkSide(font) + 2 * kGap + MenuTextWidth(font, element.text);
     case MenuElementType::separator:
       return 0;
     case MenuElementType::button_row:
@@ -162,6 +165,10 @@ int ElementHeight(const MenuElement& element, const MenuFont& font, int lines) {
 
 // ---- Heights of lists
 
+bool IsBox(const MenuList& list) {
+  return list.mode == ListMode::several_in_box || list.mode == ListMode::one_in_box;
+}
+
 std::vector<int> LinesOf(const MenuSlot& slot) {
   std::vector<int> lines;
   for (const MenuElement& element : slot.elements)
@@ -175,7 +182,7 @@ bool IsElastic(const MenuSlot& slot, std::size_t i) {
   if (element.type != MenuElementType::list) return false;
   if (slot.stretched_list > 0) return static_cast<int>(i) + 1 == slot.stretched_list;
   const MenuList& list = element.list;
-  return list.mode >= ListMode::several_in_box || static_cast<int>(list.items.size()) > ListLines(list);
+  return IsBox(list) || static_cast<int>(list.items.size()) > ListLines(list);
 }
 
 int HeightOf(const MenuSlot& slot, const MenuFont& font, const std::vector<int>& lines) {
@@ -224,14 +231,14 @@ void PlaceList(const MenuElement& element, const MenuFont& font, int top, MenuPl
 void PlaceRunBar(const MenuRunBar& bar, const MenuFont& font, MenuPlaced& placed) {
   const MenuBox& box = placed.box;
   placed.inner = {box.x, box.y, box.width, font.pitch};
-  const int width = kThumbColumns * font.width, way = box.width - width, steps = bar.last_step - bar.first_step;
+  const int thumb = kThumbColumns * font.width, way = box.width - thumb, steps = bar.last_step - bar.first_step;
   const int at = steps < 1 ? 0 : static_cast<int>(static_cast<long long>(way) * (bar.step - bar.first_step) / steps);
-  placed.thumb = {box.x + std::clamp(at, 0, std::max(way, 0)), box.y, width, font.pitch};
+  placed.thumb = {box.x + std::clamp(at, 0, std::max(way, 0)), box.y, thumb, font.pitch};
   int x = box.x;
-  for (const std::string_view word : kBarButtons) {
-    const int button = ButtonWidth(font, word);
-    placed.items.push_back({x, box.y + font.pitch + kBetween, button, RowHeight(font)});
-    x += button + kGap;
+  for (int button = kPlayButton; button <= kOnButton; ++button) {
+    const int width = BarButtonWidth(font, button);
+    placed.items.push_back({x, box.y + font.pitch + kBetween, width, RowHeight(font)});
+    x += width + kGap;
   }
 }
 
@@ -252,7 +259,7 @@ MenuLayout Place(const MenuSlot& slot, const MenuFont& font, const std::vector<i
     MenuPlaced placed;
     placed.lines = lines[i];
     placed.box = {kSide, y, width - 2 * kSide, ElementHeight(element, font, lines[i])};
-    const int square = font.height + 2;
+    const int square = MarkSide(font);
     if (element.type == MenuElementType::check_box)
       placed.inner = {placed.box.x, y + (font.pitch - square) / 2, square, square};
     if (element.type == MenuElementType::list) PlaceList(element, font, i < slot.top.size() ? slot.top[i] : 0, placed);
@@ -278,12 +285,20 @@ int Within(int value, int least, int largest) {
 }  // namespace
 
 int ListLines(const MenuList& list) {
-  const bool box = list.mode >= ListMode::several_in_box;
-  return std::clamp(box ? list.box_lines : static_cast<int>(list.items.size()), 1, kMostLines);
+  return std::clamp(IsBox(list) ? list.box_lines : static_cast<int>(list.items.size()), 1, kMostLines);
 }
 
-bool HasTicks(const MenuList& list) {
-  return list.mode == ListMode::several || list.mode == ListMode::several_in_box;
+bool IsOneChoice(const MenuList& list) {
+  return list.mode == ListMode::one || list.mode == ListMode::one_in_box;
+}
+
+int FirstChosen(const MenuList& list) {
+  const auto found = std::find_if(list.items.begin(), list.items.end(), [](const auto& item) { return item.chosen; });
+  return found == list.items.end() ? 0 : static_cast<int>(found - list.items.begin()) + 1;
+}
+
+int MarkSide(const MenuFont& font) {
+  return font.height + 2;
 }
 
 int TickWidth(const MenuFont& font) {
@@ -302,6 +317,11 @@ std::string ShownValue(const MenuRowItem& item) {
   if (item.type == Kind::integer) return fmt::format("{}", item.value);
   if (item.type == Kind::real) return DefaultNumber(item.real);
   return item.text;
+}
+
+std::string_view BarButtonText(int button, bool running) {
+  if (button == kPlayButton) return running ? "Pause" : "Play";
+  return button == kBackButton ? "-Step" : "+Step";
 }
 
 std::string RunBarTimes(const MenuRunBar& bar) {

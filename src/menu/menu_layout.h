@@ -1,6 +1,8 @@
 // Where things stand in a menu: a menu in, rectangles out. Nothing is drawn or changed here.
 #pragma once
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/window_system.h"
@@ -16,6 +18,7 @@ struct MenuBox {
 
 // Parts of elements, by number: items of a button row from 1 on, and these.
 inline constexpr int kWholeBar = 0, kPlayButton = 1, kBackButton = 2, kOnButton = 3;
+[[nodiscard]] std::string_view BarButtonText(int button, bool running);
 
 struct MenuPlaced {
   MenuBox box;
@@ -56,11 +59,13 @@ struct MenuHit {
 };
 [[nodiscard]] MenuHit HitMenu(const MenuSlot& slot, const MenuLayout& layout, int x, int y);
 
-[[nodiscard]] int ListLines(const MenuList& list);  // that it likes to show
-inline constexpr int kBesideMark = 5;               // pixels from a check or a chip to its text
-[[nodiscard]] bool HasTicks(const MenuList& list);  // of several choices
-[[nodiscard]] int TickWidth(const MenuFont& font);  // ahead of its items
-[[nodiscard]] int ChipWidth(const MenuFont& font);  // of a colour, ahead of its name
+[[nodiscard]] int ListLines(const MenuList& list);     // that it likes to show
+inline constexpr int kBesideMark = 5;                  // pixels from a check or a chip to its text
+[[nodiscard]] bool IsOneChoice(const MenuList& list);  // else each item has a tick of its own
+[[nodiscard]] int FirstChosen(const MenuList& list);   // from 1; 0: none
+[[nodiscard]] int MarkSide(const MenuFont& font);      // of the square or disc of a check
+[[nodiscard]] int TickWidth(const MenuFont& font);     // ahead of its items
+[[nodiscard]] int ChipWidth(const MenuFont& font);     // of a colour, ahead of its name
 [[nodiscard]] bool IsTypeIn(MenuItemType type);
 // What an item shows in its field or on its face.
 [[nodiscard]] std::string ShownValue(const MenuRowItem& item);

@@ -45,24 +45,31 @@ std::string ScreenText(std::string_view text) {
   return out;
 }
 
-int MenuTextWidth(const MenuFont& font, std::string_view text) {
+int LettersWidth(const MenuFont& font, std::string_view letters) {
   int width = 0;
-  for (const char c : ScreenText(text)) width += gksCharWidth(font.font, static_cast<unsigned char>(c));
+  for (const char c : letters) width += gksCharWidth(font.font, static_cast<unsigned char>(c));
   return width;
+}
+
+std::size_t LettersWithin(const MenuFont& font, std::string_view letters, int width) {
+  std::size_t count = 0;
+  for (; count < letters.size(); ++count) {
+    width -= gksCharWidth(font.font, static_cast<unsigned char>(letters[count]));
+    if (width < 0) break;
+  }
+  return count;
+}
+
+int MenuTextWidth(const MenuFont& font, std::string_view text) {
+  return LettersWidth(font, ScreenText(text));
 }
 
 std::string FittingText(const MenuFont& font, std::string_view text, int width) {
   constexpr std::string_view kMore = "..";
   std::string shown = ScreenText(text);
-  const int whole = MenuTextWidth(font, text);
-  if (whole <= width) return shown;
-  int left = width - MenuTextWidth(font, kMore);
-  std::size_t count = 0;
-  for (; count < shown.size(); ++count) {
-    left -= gksCharWidth(font.font, static_cast<unsigned char>(shown[count]));
-    if (left < 0) break;
-  }
-  return shown.substr(0, count).append(kMore);
+  if (LettersWidth(font, shown) <= width) return shown;
+  shown.resize(LettersWithin(font, shown, width - LettersWidth(font, kMore)));
+  return shown.append(kMore);
 }
 
 std::size_t NextLetter(std::string_view text, std::size_t at) {

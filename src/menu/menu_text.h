@@ -19,6 +19,9 @@ inline constexpr int kLeastFont = 1, kMostFont = 3;
 
 [[nodiscard]] std::string ScreenText(std::string_view text);  // as the fonts have it; ? for what they haven't got
 [[nodiscard]] int MenuTextWidth(const MenuFont& font, std::string_view text);  // pixels
+[[nodiscard]] int LettersWidth(const MenuFont& font,
+                               std::string_view letters);  // pixels, of a text as the fonts have it
+[[nodiscard]] std::size_t LettersWithin(const MenuFont& font, std::string_view letters, int width);  // how many of them
 // As many letters from the beginning as fit into so many pixels, with .. at the end if some don't.
 [[nodiscard]] std::string FittingText(const MenuFont& font, std::string_view text, int width);
 

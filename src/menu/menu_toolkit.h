@@ -56,13 +56,8 @@ struct MenuRowItem {
   bool operator==(const MenuRowItem&) const = default;
 };
 
-enum class ListMode : std::uint8_t {
-  one,
-  several,
-  several_in_box,
-  one_in_box
-};  // 0 to 3; the first two as high as
-    // their items
+// A list is as high as its items, or a box.
+enum class ListMode : std::uint8_t { one = 0, several = 1, several_in_box = 2, one_in_box = 3 };
 
 struct MenuListItem {
   std::string text;

@@ -12,7 +12,8 @@
 #include "gks/window/gks_window.h"
 #include "menu/menu_build.h"
 #include "menu/menu_draw.h"
-#include "menu/menu_events.h"
+#include "menu/menu_keys.h"
+#include "menu/menu_mouse.h"
 #include "menu/type_in.h"
 
 namespace zaview {
@@ -57,15 +58,19 @@ bool IsSameRow(const MenuElement& row, const MenuElement& was) {
   return std::equal(row.items.begin(), row.items.end(), was.items.begin(), was.items.end(), same);
 }
 
+// Does the field where the caret is stand where it stood before its menu was built anew?
+bool IsTypedAsBefore(MenuToolkit& kit) {
+  const MenuPoint at = kit.type_in.at;
+  const MenuRowItem* const typed = gksMenuItemAt(kit, at);
+  const MenuSlot& slot = SlotOf(kit, at.menu);
+  const auto row = static_cast<std::size_t>(at.element) - 1;
+  return typed != nullptr && !typed->disabled && row < slot.before.size() &&
+         IsSameRow(slot.elements[row], slot.before[row]);
+}
+
 // A menu that is built anew may have other things where the caret and the keys are.
 void DropStrayInput(MenuToolkit& kit, int im) {
-  const MenuSlot& slot = SlotOf(kit, im);
-  const MenuPoint typed_at = kit.type_in.at;
-  const MenuRowItem* const typed = gksMenuItemAt(kit, typed_at);
-  const auto row = static_cast<std::size_t>(typed_at.element) - 1;
-  const bool same = typed != nullptr && !typed->disabled && row < slot.before.size() &&
-                    IsSameRow(slot.elements[row], slot.before[row]);
-  if (typed_at.menu == im && !same) kit.type_in = TypeIn{};
+  if (kit.type_in.at.menu == im && !IsTypedAsBefore(kit)) kit.type_in = TypeIn{};
   if (kit.focus.menu == im && !CanHaveFocus(kit, kit.focus)) kit.focus = MenuPoint{};
 }
 
@@ -85,11 +90,6 @@ void FollowFileItem(MenuToolkit& kit, int im) {
     }
   }
   gksMenuClose(kit, kit.files.menu);
-}
-
-int FirstChosen(const MenuList& list) {
-  const auto found = std::find_if(list.items.begin(), list.items.end(), [](const auto& item) { return item.chosen; });
-  return found == list.items.end() ? 0 : static_cast<int>(found - list.items.begin()) + 1;
 }
 
 // A list with as many items as before stays where it was scrolled to, unless another item is chosen now.
@@ -200,6 +200,10 @@ const MenuSlot& SlotOf(const MenuToolkit& kit, int im) {
   return kit.slots[static_cast<std::size_t>(im) - 1];
 }
 
+MenuElement& ElementOf(MenuToolkit& kit, const MenuPoint& at) {
+  return SlotOf(kit, at.menu).elements[static_cast<std::size_t>(at.element) - 1];
+}
+
 const MenuFont& FontOf(const MenuToolkit& kit, int im) {
   const int own = SlotOf(kit, im).font_step;
   return MenuFontOf(own > 0 ? own : kit.font_step);
@@ -208,6 +212,14 @@ const MenuFont& FontOf(const MenuToolkit& kit, int im) {
 MenuLayout LayoutOf(const MenuToolkit& kit, int im) {
   const MenuSlot& slot = SlotOf(kit, im);
   return LayOutMenu(slot, FontOf(kit, im), slot.width, slot.height);
+}
+
+MenuPlaced PlacedAt(const MenuToolkit& kit, const MenuPoint& at) {
+  return LayoutOf(kit, at.menu).elements[static_cast<std::size_t>(at.element) - 1];
+}
+
+MenuBox BoxOf(const MenuToolkit& kit, const MenuPoint& at) {
+  return PlacedAt(kit, at).items[static_cast<std::size_t>(at.item) - 1];
 }
 
 void PostMenu(const MenuToolkit& kit, int im) {

@@ -18,18 +18,20 @@ void gksMenuEnable(MenuToolkit& kit, int im);
 void gksMenuRefresh(MenuToolkit& kit, int im);  // im 0: all. Sizes and drawing as the start has them, nothing is built
 void gksMenuFontUp(MenuToolkit& kit);           // steps 1 to 3, of all menus without one of their own
 void gksMenuFontDown(MenuToolkit& kit);
+[[nodiscard]] bool gksMenuIsOpen(const MenuToolkit& kit, int im);  // disabled ones too
 
-// ---- For the rooms' own files
+// ---- For the room's own files
 [[nodiscard]] MenuSlot& SlotOf(MenuToolkit& kit, int im);
 [[nodiscard]] const MenuSlot& SlotOf(const MenuToolkit& kit, int im);
+[[nodiscard]] MenuElement& ElementOf(MenuToolkit& kit, const MenuPoint& at);
 [[nodiscard]] const MenuFont& FontOf(const MenuToolkit& kit, int im);
-[[nodiscard]] MenuLayout LayoutOf(const MenuToolkit& kit, int im);  // in its window
-void PostMenu(const MenuToolkit& kit, int im);                      // is drawn soon
+[[nodiscard]] MenuLayout LayoutOf(const MenuToolkit& kit, int im);               // in its window
+[[nodiscard]] MenuPlaced PlacedAt(const MenuToolkit& kit, const MenuPoint& at);  // the element, there
+[[nodiscard]] MenuBox BoxOf(const MenuToolkit& kit, const MenuPoint& at);        // the item of its row, there
+void PostMenu(const MenuToolkit& kit, int im);                                   // is drawn soon
 void TellApplication(const MenuToolkit& kit, const MenuEvent& event);
 // Brings an element into view in a menu that is higher than its window; an item in its list.
 void ShowElement(MenuToolkit& kit, int im, int element);
 void ShowListItem(MenuToolkit& kit, int im, int element, int item);
-
-[[nodiscard]] bool gksMenuIsOpen(const MenuToolkit& kit, int im);  // disabled ones too
 
 }  // namespace zaview

@@ -143,8 +143,7 @@ TypeInKey EditTypeIn(TypeIn& t, int key, unsigned modifiers) {
 void ScrollTypeIn(MenuToolkit& kit) {
   TypeIn& t = kit.type_in;
   const MenuFont& font = FontOf(kit, t.at.menu);
-  const auto e = static_cast<std::size_t>(t.at.element) - 1, i = static_cast<std::size_t>(t.at.item) - 1;
-  const int room = FieldOf(LayoutOf(kit, t.at.menu).elements[e].items[i]).width - 1;
+  const int room = FieldOf(BoxOf(kit, t.at)).width - 1;
   const std::string_view text = t.buffer;
   t.first = std::min({t.first, t.caret, text.size()});
   while (t.first < t.caret && MenuTextWidth(font, text.substr(t.first, t.caret - t.first)) > room)
@@ -157,8 +156,7 @@ void ScrollTypeIn(MenuToolkit& kit) {
 std::size_t TypeInPlace(const MenuToolkit& kit, int x) {
   const TypeIn& t = kit.type_in;
   const MenuFont& font = FontOf(kit, t.at.menu);
-  const auto e = static_cast<std::size_t>(t.at.element) - 1, i = static_cast<std::size_t>(t.at.item) - 1;
-  int left = FieldOf(LayoutOf(kit, t.at.menu).elements[e].items[i]).x;
+  int left = FieldOf(BoxOf(kit, t.at)).x;
   const std::string_view text = t.buffer;
   for (std::size_t at = t.first; at < text.size();) {
     const std::size_t next = NextLetter(text, at);

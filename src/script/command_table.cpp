@@ -16,44 +16,51 @@ bool Matches(const Command& command, std::string_view word) {
   });
 }
 
+// In the order of lookup.
+constexpr struct {
+  std::string_view title;
+  CommandFamily (*commands)();
+} kFamilies[] = {
+    {"Reading", ReadingCommands},
+    {"Columns, units and signs", OutputTextCommands},
+    {"Steps in use", StepCommands},
+    {"Settings of statistics", StatisticSettings},
+    {"Smoothing", SmoothingCommands},
+    {"Time histories, loads and labels", HistoryCommands},
+    {"Statistics of one record", StatisticCommands},
+    {"Spectrum, extremes and cycles of a curve", CurveCommands},
+    {"Statistics of an ensemble", EnsembleCommands},
+    {"Histograms", HistogramCommands},
+    {"Control text", ControlCommands},
+    {"KINO files", KinoCommands},
+    {"Settings of plots and views", ViewSettings},
+    {"Settings of the animation", AnimationSettings},
+    {"Plots", PlotCommands},
+    {"Animation", AnimateCommands},
+    {"The geometry view", GeometryCommands},
+    {"Righting arms", RightingArmCommands},
+    {"Crane and cargo", CraneCommands},
+    {"For other programs, step by step", ExportCommands},
+    {"Coefficients and motions over frequency", FrequencyCommands},
+    {"Roll decay, forced motion, forecast", MotionTestCommands},
+    {"Rates", RateCommands},
+    {"Sensor view and waves", SeaViewCommands},
+};
+
 }  // namespace
 
 std::span<const CommandFamily> AllCommands() {
-  static const CommandFamily families[] = {
-      ReadingCommands(),   OutputTextCommands(), StepCommands(),        StatisticSettings(), SmoothingCommands(),
-      HistoryCommands(),   StatisticCommands(),  CurveCommands(),       EnsembleCommands(),  HistogramCommands(),
-      ControlCommands(),   KinoCommands(),       ViewSettings(),        AnimationSettings(), PlotCommands(),
-      AnimateCommands(),   GeometryCommands(),   RightingArmCommands(), CraneCommands(),     ExportCommands(),
-      FrequencyCommands(), MotionTestCommands(), RateCommands(),        SeaViewCommands()};
+  static const auto families = [] {
+    std::array<CommandFamily, std::size(kFamilies)> all;
+    std::transform(std::begin(kFamilies), std::end(kFamilies), all.begin(),
+                   [](const auto& row) { return row.commands(); });
+    return all;
+  }();
   return families;
 }
 
-std::span<const std::string_view> FamilyTitles() {
-  static constexpr std::string_view kTitles[] = {"Reading",
-                                                 "Columns, units and signs",
-                                                 "Steps in use",
-                                                 "Settings of statistics",
-                                                 "Smoothing",
-                                                 "Time histories, loads and labels",
-                                                 "Statistics of one record",
-                                                 "Spectrum, extremes and cycles of a curve",
-                                                 "Statistics of an ensemble",
-                                                 "Histograms",
-                                                 "Control text",
-                                                 "KINO files",
-                                                 "Settings of plots and views",
-                                                 "Settings of the animation",
-                                                 "Plots",
-                                                 "Animation",
-                                                 "The geometry view",
-                                                 "Righting arms",
-                                                 "Crane and cargo",
-                                                 "For other programs, step by step",
-                                                 "Coefficients and motions over frequency",
-                                                 "Roll decay, forced motion, forecast",
-                                                 "Rates",
-                                                 "Sensor view and waves"};
-  return kTitles;
+std::string_view FamilyTitle(std::size_t family) {
+  return kFamilies[family].title;
 }
 
 const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word) {

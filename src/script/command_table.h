@@ -18,7 +18,7 @@ enum class NameMatch : unsigned char { whole, beginning };
 struct Command {
   std::array<std::string_view, kAliases> names;
   Needs needs = kNone;
-  int (*run)(ScriptCall& call) = nullptr;  // the status: 0, or one of open_script_file.h
+  int (*run)(ScriptCall& call) = nullptr;  // the status: 0, or one of script_status.h
   std::string_view arguments{};            // as the reference shows them: names of argument_forms.h, "A|B" for words,
                                            // brackets around what may be missing
   std::string_view meaning{};              // a line; blank: the row only refuses, and no list shows it
@@ -56,7 +56,7 @@ using CommandFamily = std::span<const Command>;
 
 // All families in the order of lookup, and what a reader calls them.
 [[nodiscard]] std::span<const CommandFamily> AllCommands();
-[[nodiscard]] std::span<const std::string_view> FamilyTitles();
+[[nodiscard]] std::string_view FamilyTitle(std::size_t family);  // from 0
 
 // The row of a word in capitals; null: there is none.
 [[nodiscard]] const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word);

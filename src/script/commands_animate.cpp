@@ -7,31 +7,28 @@
 #include "gks/kernel/gks_control.h"
 #include "gks/window/gks_window.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
+#include "script/plot_commands.h"
 #include "views/state/run_pictures.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kBadWord =
+constexpr std::string_view kBadWord =
     "ERROR - Invalid argument for {} command : {} (auto, or a name that ends in .png .bmp .gif .mp4 .mkv .webm .avi)";
-inline constexpr std::string_view kNoSeconds = "ERROR - {} {} needs the seconds about it, above 0";
-constexpr int kFromScript = 1;  // plot_suboption
+constexpr std::string_view kNoSeconds = "ERROR - {} {} needs the seconds about it, above 0";
 
 // The next word of this line alone: what stands on the next one is a command. Blank: there is none.
 std::string WordOnLine(ScriptCall& call) {
-  const bool any = !IsBlank(call.words.line.substr(call.words.position));
-  return any ? NextScriptWord(call.words, kFreeText) : std::string();
+  return RestOfLine(call.words).empty() ? std::string() : NextScriptWord(call.words, kFreeText);
 }
 
 // An event and the seconds about it, if the line begins with one.
 int ReadEvent(ScriptCall& call, AnimationOrder& order) {
-  WordScanner ahead = call.words;
-  ScriptCall look{call.session, call.command, ahead};
-  const RunEventRow* const event = FindRunEvent(Capitals(WordOnLine(look)));
+  if (RestOfLine(call.words).empty()) return kScriptOk;
+  const RunEventRow* const event = FindRunEvent(Capitals(PeekScriptWord(call.words, kFreeText)));
   if (event == nullptr) return kScriptOk;
-  (void)WordOnLine(call);
+  (void)NextScriptWord(call.words, kFreeText);
   std::vector<float> seconds;
   if (!ParseRealList(call.words, -1, seconds) || seconds.empty() || !(seconds[0] > 0))
     return Fail(call, kScriptBadArgument, kNoSeconds, call.command, event->word);

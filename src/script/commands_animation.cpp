@@ -6,7 +6,6 @@
 #include "base/number_parse.h"
 #include "base/text.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "script/selectors.h"
 #include "script/setting_words.h"
 #include "views/state/motion_settings.h"
@@ -15,8 +14,10 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kBadWordOf = "Illegal value for KINO_OPT {} : {}";
-inline constexpr std::string_view kBadKey = "ERROR - Invalid quantity for {} command: {}";
+constexpr std::string_view kBadWordOf = "Illegal value for KINO_OPT {} : {}";
+constexpr std::string_view kBadOpacity =
+    "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0";
+constexpr std::string_view kBadKey = "ERROR - Invalid quantity for {} command: {}";
 
 // Anything that isn't a yes is a no.
 bool IsYes(std::string_view word) {
@@ -91,11 +92,10 @@ int SetSea(OptionCall& option) {
   std::vector<float> opacity;
   if (!ParseRealList(option.call.words, -1, opacity) || opacity.empty())
     return Fail(option.call, kScriptBadArgument, "ERROR parsing value for KINO_OPT {}", "SEA TRANSPARENT");
+  const bool good = opacity[0] >= 0 && opacity[0] <= 1;
   view.fs_solid = true;
-  view.fs_opacity = opacity[0];
-  if (opacity[0] >= 0 && opacity[0] <= 1) return kScriptOk;
-  SayLine(option.call.console(), "Illegal opacity value for KINO_OPT SEA TRANSPARENT; should be between 0.0 and 1.0");
-  view.fs_opacity = 1;
+  view.fs_opacity = good ? opacity[0] : 1;
+  if (!good) SayLine(option.call.console(), kBadOpacity);
   return kScriptOk;
 }
 
@@ -243,10 +243,7 @@ int RunAnimateGraph(ScriptCall& call) {
   TakeCase(call.session.platform, call.session.motion_view, call.session.case_store);
   if (const int status = ReadGraph(call, 1, index); status != kScriptOk) return status;
   MotionGraph& graph = call.session.motion_view.graphs[static_cast<std::size_t>(index - 1)];
-  WordScanner ahead = call.words;
-  std::size_t next_line = *call.words.next_line;
-  ahead.next_line = &next_line;
-  if (Capitals(NextScriptWord(ahead, kKeyword)) == "OFF") {
+  if (Capitals(PeekScriptWord(call.words, kKeyword)) == "OFF") {
     (void)NextScriptWord(call.words, kKeyword);
     graph.on = false;
     return kScriptOk;

@@ -3,15 +3,14 @@
 
 #include "case/case_control_text.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "script/output_argument.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNoControlText = "ERROR - the case was read from {} and has no control text";
-inline constexpr std::string_view kNoMemory = "ERROR - no memory to write the control text";
+constexpr std::string_view kNoControlText = "ERROR - the case was read from {} and has no control text";
+constexpr std::string_view kNoMemory = "ERROR - no memory to write the control text";
 
 int RunWriteControl(ScriptCall& call) {
   const CaseStore& store = call.session.case_store;

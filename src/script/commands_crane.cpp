@@ -5,23 +5,15 @@
 #include "analysis/crane/crane_files.h"
 #include "base/text.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
+#include "script/output_argument.h"
 #include "views/state/result_choice.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kBlankName = "ERROR - {} requires non-blank crane+cargo input file name";
-inline constexpr std::string_view kBlankRoot = "        and root for crane+cargo output file names";
-inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}";
-
-int OpenRoot(ScriptCall& call, const std::string& root, std::string_view extension, OutputFile& out) {
-  const std::string name = root + std::string(extension);
-  if (name.size() <= kScriptFileName && OpenOutput(call.session.platform, name, OpenHow::replace, out))
-    return kScriptOk;
-  return Fail(call, kScriptFailed, kOpenFault, name, Because(out.why));
-}
+constexpr std::string_view kBlankName = "ERROR - {} requires non-blank crane+cargo input file name";
+constexpr std::string_view kBlankRoot = "        and root for crane+cargo output file names";
 
 int RunCraneAndCargo(ScriptCall& call) {
   Session& session = call.session;
@@ -34,8 +26,8 @@ int RunCraneAndCargo(ScriptCall& call) {
   CraneInput input;
   if (!TakeCraneInput(session.platform, name, input)) return kScriptFailed;
   OutputFile motions, geometry;
-  if (const int status = OpenRoot(call, root, ".crane_out", motions); status != kScriptOk) return status;
-  if (const int status = OpenRoot(call, root, ".crane_gt", geometry); status != kScriptOk) {
+  if (const int status = OpenNamedOutput(call, root + ".crane_out", motions); status != kScriptOk) return status;
+  if (const int status = OpenNamedOutput(call, root + ".crane_gt", geometry); status != kScriptOk) {
     DiscardOutput(motions);
     return status;
   }

@@ -5,10 +5,8 @@
 #include "analysis/curves/rainflow_report.h"
 #include "analysis/curves/spectrum_report.h"
 #include "script/command_table.h"
-#include "script/fault_status.h"
-#include "script/open_script_file.h"
-#include "script/output_argument.h"
 #include "script/selectors.h"
+#include "script/write_table.h"
 #include "views/state/stat_work.h"
 
 namespace zaview {
@@ -21,10 +19,8 @@ int Write(ScriptCall& call, WriteCurve write, std::string_view written) {
   Selector selector;
   QuantityRequest request;
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = write(WorkOf(call.session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault), written);
+  return WriteTable(call, selector.word, written,
+                    [&](OutputFile& file) { return write(WorkOf(call.session), request, file); });
 }
 
 int RunSpectrum(ScriptCall& call) {

@@ -1,16 +1,13 @@
 // Statistics of the ensemble in store: tables, single values, the averaged autocorrelation.
 #include <string>
-#include <vector>
 
-#include "base/number_parse.h"
 #include "base/text.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/fault_status.h"
-#include "script/open_script_file.h"
-#include "script/output_argument.h"
 #include "script/plot_commands.h"
 #include "script/selectors.h"
 #include "script/statistic_word.h"
+#include "script/write_table.h"
 #include "stats/tables/ensemble_table.h"
 #include "views/state/stat_work.h"
 
@@ -18,12 +15,9 @@ namespace zaview {
 
 namespace {
 
-int WriteEnsemble(ScriptCall& call, const StatRequest& request, const Selector& selector, std::string_view done) {
-  Session& session = call.session;
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = EnsembleStat(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault), done);
+int WriteEnsemble(ScriptCall& call, const StatRequest& request, const Selector& selector) {
+  return WriteTable(call, selector.word, "Ensemble statistics written to",
+                    [&](OutputFile& file) { return EnsembleStat(WorkOf(call.session), request, file); });
 }
 
 int RunEnsembleStat(ScriptCall& call) {
@@ -32,7 +26,7 @@ int RunEnsembleStat(ScriptCall& call) {
   if (const int status = ReadStatistic(call, request.statistic); status != kScriptOk) return status;
   if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
   request.text = NextScriptWord(call.words, kFreeText);
-  return WriteEnsemble(call, request, selector, "Ensemble statistics written to");
+  return WriteEnsemble(call, request, selector);
 }
 
 int RunEnsembleIntervals(ScriptCall& call) {
@@ -41,12 +35,11 @@ int RunEnsembleIntervals(ScriptCall& call) {
   request.statistic.number = kStatTable;
   request.statistic.interval = true;
   if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
-  return WriteEnsemble(call, request, selector, "Ensemble statistics written to");
+  return WriteEnsemble(call, request, selector);
 }
 
 // The whole line decides what is wanted, file names included.
 int RunEnsembleAutocorrelation(ScriptCall& call) {
-  Session& session = call.session;
   const std::string line = call.command + Capitals(call.words.line);
   const bool plot = Contains(line, "PLOT");
   const bool dependence_only = Contains(line, "DEPEND");
@@ -54,17 +47,15 @@ int RunEnsembleAutocorrelation(ScriptCall& call) {
   QuantityRequest request;
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
   if (plot) return HandOverPlot(call, {.kind = PlotKind::autocorrelation, .quantity = request, .of_ensemble = true});
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = EnsembleAutoCorrelation(WorkOf(session), request, dependence_only, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault),
-                      dependence_only ? "Dependence time written to" : "Ensemble averaged autocorrelation written to");
+  return WriteTable(
+      call, selector.word,
+      dependence_only ? "Dependence time written to" : "Ensemble averaged autocorrelation written to",
+      [&](OutputFile& file) { return EnsembleAutoCorrelation(WorkOf(call.session), request, dependence_only, file); });
 }
 
 int RunMany(ScriptCall& call) {
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  const int nmany = RoundToInt(static_cast<double>(values[0]));
+  int nmany = 0;
+  if (const int status = ReadWhole(call, nmany); status != kScriptOk) return status;
   if (nmany < 0) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
   call.session.statistics.nmany = nmany;
   return kScriptOk;

@@ -1,5 +1,6 @@
 // Commands that write what other programs take from a run, step by step.
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -9,38 +10,27 @@
 #include "analysis/run_exports/run_netcdf.h"
 #include "analysis/run_exports/run_vtk.h"
 #include "base/text.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/fault_status.h"
-#include "script/open_script_file.h"
-#include "script/output_argument.h"
+#include "script/write_table.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}";
-inline constexpr std::string_view kLongName = "ERROR opening NNDATA module file {}";
-inline constexpr std::string_view kBlankName = "ERROR - Blank file name for {} command";
-inline constexpr std::string_view kNoHistory = "ERROR - {} : there is no time history in store";
-inline constexpr std::string_view kWritingNetwork = "Writing NNDATA output file for all steps...";
-
-int OpenPlain(ScriptCall& call, OutputArgument& output) {
-  if (output.name.size() <= kScriptFileName &&
-      OpenOutput(call.session.platform, output.name, OpenHow::replace, output.file))
-    return kScriptOk;
-  return Fail(call, kScriptFailed, kOpenFault, output.name, Because(output.file.why));
-}
+constexpr std::string_view kLongName = "ERROR opening NNDATA module file {}";
+constexpr std::string_view kNoHistory = "ERROR - {} : there is no time history in store";
+constexpr std::string_view kWritingNetwork = "Writing NNDATA output file for all steps...";
 
 int RunPointSlams(ScriptCall& call) {
   Session& session = call.session;
   std::vector<float> values;
-  if (!ParseRealList(call.words, 3, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, 3, values); status != kScriptOk) return status;
   std::array<double, 3> point{};
   std::copy(values.begin(), values.end(), point.begin());
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = WritePointSlams(call.console(), session.output, point, session.case_store, output.file);
-  return FinishOutput(call, output, StatusOf(call, "POINT_REL", fault), "Point slam history written to file");
+  return WriteTable(call, "POINT_REL", "Point slam history written to file", [&](OutputFile& file) {
+    return WritePointSlams(call.console(), session.output, point, session.case_store, file);
+  });
 }
 
 int RunMovingMesh(ScriptCall& call) {
@@ -50,7 +40,7 @@ int RunMovingMesh(ScriptCall& call) {
   output.name = Trim(NextScriptWord(call.words, kFreeText));
   MovingMesh mesh;
   if (!ReadMovingMesh(session.platform, name, session.case_store, mesh)) return kScriptFailed;
-  if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
+  if (const int status = OpenNamedOutput(call, output.name, output.file); status != kScriptOk) return status;
   const bool good = WriteMovingMesh(session.output, session.case_store, mesh, output.file);
   return FinishOutput(call, output, StatusOf(call, "MOT", good ? DataFault::none : DataFault::no_memory),
                       "Moving HRL mesh written to file");
@@ -59,15 +49,14 @@ int RunMovingMesh(ScriptCall& call) {
 int RunNetworkData(ScriptCall& call) {
   Session& session = call.session;
   CaseStore& store = session.case_store;
-  const std::string name(Trim(NextScriptWord(call.words, kFreeText)));
-  if (name.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
-  if (name.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, name);
+  std::string name;
+  if (const int status = ReadFileName(call, BlankName::refused, name, kLongName); status != kScriptOk) return status;
   NetworkInput input;
   if (!ReadNetworkInput(session.platform, name, input)) return kScriptFailed;
   if (!store.has_steps() || !store.time_history()) return Fail(call, kScriptFailed, kNoHistory, call.command);
   OutputArgument output;
   output.name = IsBlank(input.NNDATA_FILE) ? store.base_name + ".nndata" : std::string(Trim(input.NNDATA_FILE));
-  if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
+  if (const int status = OpenNamedOutput(call, output.name, output.file); status != kScriptOk) return status;
   SayLine(call.console(), kWritingNetwork);
   const DataFault fault = WriteNetworkData(call.console(), session.output, input, store, output.file);
   return FinishOutput(call, output, StatusOf(call, "WAV", fault), "NNDATA output written to file");
@@ -76,17 +65,16 @@ int RunNetworkData(ScriptCall& call) {
 int RunNetcdf(ScriptCall& call) {
   Session& session = call.session;
   OutputArgument output;
-  output.name = Trim(NextScriptWord(call.words, kFreeText));
-  if (output.name.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
-  if (const int status = OpenPlain(call, output); status != kScriptOk) return status;
+  if (const int status = ReadFileName(call, BlankName::refused, output.name); status != kScriptOk) return status;
+  if (const int status = OpenNamedOutput(call, output.name, output.file); status != kScriptOk) return status;
   const bool good = WriteRunNetcdf(call.console(), session.output, session.case_store, output.file);
   return FinishOutput(call, output, good ? kScriptOk : kScriptFailed, kNetcdfWritten);
 }
 
 int RunVtk(ScriptCall& call) {
   Session& session = call.session;
-  const std::string root(Trim(NextScriptWord(call.words, kFreeText)));
-  if (root.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
+  std::string root;
+  if (const int status = ReadFileName(call, BlankName::refused, root); status != kScriptOk) return status;
   if (!WriteRunVtk(session.platform, session.output, root, session.case_store)) return kScriptFailed;
   Say(call.console(), kVtkWritten, root);
   return kScriptOk;

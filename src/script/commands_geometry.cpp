@@ -3,7 +3,6 @@
 
 #include "base/text.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "script/plot_commands.h"
 #include "script/setting_words.h"
 #include "views/state/axes_limits.h"

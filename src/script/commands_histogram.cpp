@@ -1,16 +1,13 @@
 // Histograms: their settings and their table.
 #include <string>
-#include <vector>
 
-#include "base/number_parse.h"
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/fault_status.h"
-#include "script/open_script_file.h"
-#include "script/output_argument.h"
 #include "script/selectors.h"
 #include "script/setting_words.h"
+#include "script/write_table.h"
 #include "stats/tables/histogram_table.h"
 #include "views/state/stat_work.h"
 
@@ -29,8 +26,8 @@ constexpr WordValue kOverlayWords[] = {
     {"RAYLEIGH", 4}, {"RAY", 4},   {"EXPONENTIAL", 5},
     {"EXP", 5},
 };
+// 1: counts
 constexpr WordValue kAxisWords[] = {
-    // 1: counts
     {"N/NTOT", 0}, {"RATIO", 0}, {"N", 0}, {"TOTAL", 1}, {"COUNT", 1},
 };
 
@@ -56,26 +53,23 @@ int RunAxis(ScriptCall& call) {
 }
 
 int RunRate(ScriptCall& call) {
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  const int rate = RoundToInt(static_cast<double>(values[0]));
+  int rate = 0;
+  if (const int status = ReadWhole(call, rate); status != kScriptOk) return status;
   if (rate < 1) return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
   call.session.statistics.histogram.rate = rate;
   return kScriptOk;
 }
 
-// A name that holds ENS, or several records in store: of the ensemble.
+// A name that holds ENS, or several records in store: of the ensemble. A table needs nothing to draw on.
 int RunWriteHistogram(ScriptCall& call) {
   Session& session = call.session;
   const bool of_ensemble = Contains(call.command, "ENS") || session.ensemble.nrec > 1;
   Selector selector;
   QuantityRequest request;
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = WriteHistogram(WorkOf(session), request, of_ensemble, output.file);
   const std::string done = fmt::format("Histogram of {} written to", QuantityLabel(session.case_store, request.iqnt));
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault), done);
+  return WriteTable(call, selector.word, done,
+                    [&](OutputFile& file) { return WriteHistogram(WorkOf(session), request, of_ensemble, file); });
 }
 
 constexpr Command kHistogram[] = {
@@ -108,11 +102,7 @@ constexpr Command kHistogram[] = {
      kNeedsCase | kNeedsMotion,
      RunWriteHistogram,
      "sel tail file",
-     "Histogram of the current record; of the ensemble with ENSEMBLE, or where there are several records"},  // a table
-                                                                                                             // needs
-                                                                                                             // nothing
-                                                                                                             // to draw
-                                                                                                             // on
+     "Histogram of the current record; of the ensemble with ENSEMBLE, or where there are several records"},
 };
 
 }  // namespace

@@ -1,5 +1,4 @@
 // Commands that write histories, load distributions and labels.
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -10,22 +9,16 @@
 #include "case/tables/kino_output.h"
 #include "case/tables/load_table.h"
 #include "script/command_table.h"
-#include "script/fault_status.h"
-#include "script/open_script_file.h"
-#include "script/output_argument.h"
 #include "script/selectors.h"
+#include "script/write_table.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kHistoryRefused =
-    "WARNING - Time history file quantity {} not valid for this output file";
-inline constexpr std::string_view kFewIrf = "ERROR - Insufficient or invalid arguments for {} command;";
-inline constexpr std::string_view kIrfWanted = "        IRF calculation requires index of IRF  as first argument ...";
-inline constexpr std::string_view kBadIrf = "WARNING - IRF index {} not valid for {}";
-inline constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
-inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for {} command ...";
+constexpr std::string_view kHistoryRefused = "WARNING - Time history file quantity {} not valid for this output file";
+constexpr std::string_view kFewIrf = "ERROR - Insufficient or invalid arguments for {} command;";
+constexpr std::string_view kIrfWanted = "        IRF calculation requires index of IRF  as first argument ...";
 
 // An IRF case has the index of a function where others have a selector.
 int ReadIrfIndex(ScriptCall& call, Selector& selector, QuantityRequest& request) {
@@ -77,26 +70,14 @@ int RunWriteHistory(ScriptCall& call) {
   return status;
 }
 
-bool IsLoad(const Selector& selector) {
-  const QuantityRow* row = FindQuantity(selector.iqnt);
-  return row != nullptr && row->load_kind > 0 && selector.form == TailForm::plain;
-}
-
 int RunWriteLoads(ScriptCall& call) {
   Session& session = call.session;
-  CaseStore& store = session.case_store;
   Selector selector;
-  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
-  if (!IsLoad(selector)) return Fail(call, kScriptBadArgument, kNoLoad, call.command);
-  if (!QuantityValid(store, selector.iqnt))
-    return Fail(call, kScriptBadArgument, kNotValid, call.command, selector.word);
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
-  const int step = std::max(store.first_step, std::min(StepCount(values[0]), store.last_step));
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = LoadDistFil(call.console(), session.output, selector.iqnt, step, store, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Load distribution data written to file");
+  int step = 0;
+  if (const int status = ReadLoadAndStep(call, selector, step); status != kScriptOk) return status;
+  return WriteTable(call, selector.word, "Load distribution data written to file", [&](OutputFile& file) {
+    return LoadDistFil(call.console(), session.output, selector.iqnt, step, session.case_store, file);
+  });
 }
 
 int RunWriteLabel(ScriptCall& call) {

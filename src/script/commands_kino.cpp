@@ -4,24 +4,22 @@
 #include <vector>
 
 #include "base/number_parse.h"
-#include "base/text.h"
 #include "case/read/kino_input.h"
 #include "case/tables/kino_output.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kBlankName = "ERROR - Blank file name for {} command";
-inline constexpr std::string_view kLongName = "ERROR opening KINO file {}";
+constexpr std::string_view kLongName = "ERROR opening KINO file {}";
 
 // Gravity, density, reference point, centre of gravity.
-int ReadNumbers(ScriptCall& call, KinoFiles& files) {
+int ReadConstants(ScriptCall& call, KinoFiles& files) {
   constexpr int kNumbers = 8;
   std::vector<float> values;
-  if (!ParseRealList(call.words, kNumbers, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, kNumbers, values); status != kScriptOk) return status;
   files.g = AsWritten(values[0]);
   files.rho = AsWritten(values[1]);
   std::transform(values.begin() + 2, values.begin() + 5, files.reference.begin(), AsWritten);
@@ -32,12 +30,11 @@ int ReadNumbers(ScriptCall& call, KinoFiles& files) {
 int RunReadKino(ScriptCall& call) {
   Session& session = call.session;
   KinoFiles files;
-  std::string* const names[] = {&files.motions, &files.seaway, &files.geometry};
-  for (std::string* name : names) *name = Trim(NextScriptWord(call.words, kFreeText));
-  if (files.motions.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
-  for (const std::string* name : names)
-    if (name->size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, *name);
-  if (const int status = ReadNumbers(call, files); status != kScriptOk) return status;
+  if (const int status = ReadFileName(call, BlankName::refused, files.motions, kLongName); status != kScriptOk)
+    return status;
+  for (std::string* name : {&files.seaway, &files.geometry})
+    if (const int status = ReadFileName(call, BlankName::allowed, *name, kLongName); status != kScriptOk) return status;
+  if (const int status = ReadConstants(call, files); status != kScriptOk) return status;
   RunState& run = session.run;
   if (run.skip_prompt == SkipPrompt::ask) run.skip_prompt = SkipPrompt::silent;  // nothing asks while a script runs
   const KinoInput input =
@@ -47,8 +44,8 @@ int RunReadKino(ScriptCall& call) {
 
 int RunWriteKino(ScriptCall& call) {
   Session& session = call.session;
-  const std::string root(Trim(NextScriptWord(call.words, kFreeText)));
-  if (root.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, root);
+  std::string root;
+  if (const int status = ReadFileName(call, BlankName::allowed, root, kLongName); status != kScriptOk) return status;
   return write_kino_files(session.platform, root, session.output, session.case_store) == KinoSet::ok ? kScriptOk
                                                                                                      : kScriptFailed;
 }

@@ -6,10 +6,9 @@
 #include "analysis/motion_tests/forced_motion.h"
 #include "analysis/motion_tests/roll_decay_report.h"
 #include "base/number_parse.h"
-#include "base/text.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
 #include "script/fault_status.h"
-#include "script/open_script_file.h"
 #include "script/output_argument.h"
 #include "views/state/result_choice.h"
 
@@ -21,6 +20,7 @@ constexpr std::string_view kNoRollDecay[] = {"ERROR - {} : cannot be run as ZAVO
                                              "   does not seem to simulat a roll decay test."};
 constexpr std::string_view kRollDecayNotOpen = "ERROR opening roll decay output file {}{}";
 constexpr std::string_view kNotOpen = "ERROR opening output file {}{}";
+constexpr std::string_view kLongName = "ERROR opening output file {}";
 
 int WriteDecay(ScriptCall& call, bool bias) {
   OutputArgument output;
@@ -49,10 +49,8 @@ int RunRollDecayBias(ScriptCall& call) {
 
 int RunForcedMotion(ScriptCall& call) {
   std::string names[2];
-  for (std::string& name : names) {
-    name = Trim(NextScriptWord(call.words, kFreeText));
-    if (name.size() > kScriptFileName) return Fail(call, kScriptFailed, kNotOpen, name, "");
-  }
+  for (std::string& name : names)
+    if (const int status = ReadFileName(call, BlankName::allowed, name, kLongName); status != kScriptOk) return status;
   const ForcedMotionWork work{call.session.platform, call.session.output, call.session.case_store};
   ForcedMotionResult result;
   if (!WriteForcedMotion(work, names[0], names[1], result)) return kScriptFailed;
@@ -63,7 +61,7 @@ int RunForcedMotion(ScriptCall& call) {
 int RunExtrapolate(ScriptCall& call) {
   Session& session = call.session;
   std::vector<float> values;
-  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, 2, values); status != kScriptOk) return status;
   const ExtrapolationRequest request{RoundToInt(static_cast<double>(values[0])), values[1]};
   OutputArgument output;
   if (const int status = OpenOutputArgument(call, OutputForms::formatted, output, kNotOpen); status != kScriptOk)

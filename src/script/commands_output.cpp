@@ -7,8 +7,8 @@
 #include "base/number_format.h"
 #include "base/text.h"
 #include "case/settings/output_form.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 
 namespace zaview {
 
@@ -25,7 +25,8 @@ int RunSetDelimiter(ScriptCall& call) {
   return Fail(call, kScriptBadArgument, kInvalidArgument, word, call.command);
 }
 
-struct ScaleText {  // in the order of kScaleNames
+// In the order of kScaleNames.
+struct ScaleText {
   std::string_view label, text;
 };
 constexpr ScaleText kScaleTexts[] = {{"GRAVOUT", "  Gravity"},
@@ -56,15 +57,16 @@ int RunSetScale(ScriptCall& call) {
   const auto* row = std::find_if(kScaleNames.begin(), kScaleNames.end(),
                                  [&capitals](const ScaleName& scale) { return scale.name == capitals; });
   if (row == kScaleNames.end()) return Fail(call, kScriptBadArgument, kInvalidArgument, word, call.command);
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  return ChangeScales(call, static_cast<std::size_t>(row - kScaleNames.begin()), std::span(values).first(1));
+  float value = 0;
+  if (const int status = ReadNumber(call, value); status != kScriptOk) return status;
+  return ChangeScales(call, static_cast<std::size_t>(row - kScaleNames.begin()), std::span(&value, 1));
 }
 
 int RunSetScales(ScriptCall& call) {
   std::vector<float> values;
-  if (!ParseRealList(call.words, 4, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  return ChangeScales(call, 0, std::span(values).first(kScaleNames.size()));
+  if (const int status = ReadNumbers(call, static_cast<int>(kScaleNames.size()), values); status != kScriptOk)
+    return status;
+  return ChangeScales(call, 0, values);
 }
 
 int RunCoordinates(ScriptCall& call) {

@@ -1,6 +1,5 @@
 // Commands that ask for a data plot. Nothing is drawn here: the interpreter stops behind them, and the run loop enters
 // the view.
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -11,39 +10,36 @@
 #include "gks/picture/picture_sheet.h"
 #include "gks/window/gks_window.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "script/plot_commands.h"
 #include "script/selectors.h"
 #include "stats/statistic_table.h"
 #include "views/state/result_choice.h"
 #include "views/state/start_plot.h"
+#include "views/state/step_run.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kFewIrf = "ERROR - Insufficient or invalid arguments for {} command ...";
-inline constexpr std::string_view kBadIrf = "WARNING - IRF index {} not valid for {}";
-inline constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
-inline constexpr std::string_view kFewLoad = "ERROR - Insufficient arguments for {} command ...";
-inline constexpr std::string_view kLongName = "ERROR - name of a picture file is longer than {} characters : {}";
-inline constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical option ({}) for {}";
+constexpr std::string_view kFewIrf = "ERROR - Insufficient or invalid arguments for {} command ...";
+constexpr std::string_view kFewNumbers = "ERROR - Insufficient arguments for {} command ...";
+constexpr std::string_view kLongName = "ERROR - name of a picture file is longer than {} characters : {}";
+constexpr std::string_view kBadStatistic = "ERROR - Invalid statistical option ({}) for {}";
 
-inline constexpr std::string_view kEnd = "END", kNoPage = "ERROR - {} : there is no page open";
-inline constexpr std::string_view kOnPage = "ERROR - {} : a page is open, its pictures have no file of their own ({})";
-inline constexpr std::string_view kBadPage =
+constexpr std::string_view kEnd = "END", kNoPage = "ERROR - {} : there is no page open";
+constexpr std::string_view kOnPage = "ERROR - {} : a page is open, its pictures have no file of their own ({})";
+constexpr std::string_view kBadPage =
     "ERROR - {} takes rows, columns (at most {} pictures) and a file that ends in .svg, .pdf or .png";
-inline constexpr std::string_view kNoResult = "ERROR - {} : there is no result of an analysis";
-inline constexpr std::string_view kNoPanel = "ERROR - {} : the result has no panel {}";
+constexpr std::string_view kNoResult = "ERROR - {} : there is no result of an analysis";
+constexpr std::string_view kNoPanel = "ERROR - {} : the result has no panel {}";
 
 constexpr int kScriptReadFault = -1;  // what a histogram of a quantity that the case lacks ends with
-constexpr int kFromScript = 1;        // plot_suboption
 
 template <typename Start>
 int HandOver(ScriptCall& call, Start start) {
   const bool on_page = call.session.gks.sheet.open();
-  const bool ends_here = IsBlank(call.words.line.substr(std::min(call.words.position, call.words.line.size())));
-  const std::string word = on_page && ends_here ? std::string() : NextScriptWord(call.words, kFreeText);
+  const std::string word =
+      on_page && RestOfLine(call.words).empty() ? std::string() : NextScriptWord(call.words, kFreeText);
   if (on_page && !word.empty()) return Fail(call, kScriptBadArgument, kOnPage, call.command, word);
   if (word.size() > kDumpName) return Fail(call, kScriptBadArgument, kLongName, kDumpName, word);
   gksReadEnvironment(call.session.platform, call.session.gks);
@@ -85,12 +81,6 @@ int RunTrajectory(ScriptCall& call) {
   return HandOverPlot(call, {.kind = PlotKind::trajectory});
 }
 
-bool HasQuantity(const ScriptCall& call, const Selector& selector) {
-  const QuantityRow* row = FindQuantity(selector.iqnt);
-  return row != nullptr && row->need != QuantityNeed::file_only &&
-         QuantityValid(call.session.case_store, selector.iqnt);
-}
-
 int RunHistogram(ScriptCall& call) {
   PlotRequest wanted{.kind = PlotKind::histogram};
   wanted.of_ensemble = Contains(call.command, "ENS") || call.session.ensemble.nrec > 1;
@@ -126,26 +116,19 @@ int RunInterval(ScriptCall& call) {
 }
 
 int RunLoads(ScriptCall& call) {
-  CaseStore& store = call.session.case_store;
   PlotRequest wanted{.kind = PlotKind::load_dist};
   Selector selector;
-  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
-  const QuantityRow* row = FindQuantity(selector.iqnt);
-  if (row == nullptr || row->load_kind == 0 || selector.form != TailForm::plain)
-    return Fail(call, kScriptBadArgument, kNoLoad, call.command);
-  if (!QuantityValid(store, selector.iqnt))
-    return Fail(call, kScriptBadArgument, kNotValid, call.command, selector.word);
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
+  int step = 0;
+  if (const int status = ReadLoadAndStep(call, selector, step); status != kScriptOk) return status;
   wanted.quantity.iqnt = selector.iqnt;
-  store.current_step = std::max(store.first_step, std::min(StepCount(values[0]), store.last_step));
+  GoToStep(call.session, step);
   return HandOverPlot(call, wanted);
 }
 
 // panel: 0 for all of them, one below the other.
 int RunResult(ScriptCall& call) {
   std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewNumbers, call.command);
   const int panel = RoundToInt(static_cast<double>(values[0]));
   return HandOver(call, [&] {
     const int panels = PanelCount(call.session.data_plot);
@@ -161,14 +144,13 @@ int RunResult(ScriptCall& call) {
 // The plots behind it, as long as the page has room for them, are its pictures.
 int RunPage(ScriptCall& call) {
   GksState& gks = call.session.gks;
-  WordScanner ahead = call.words;
-  if (Capitals(NextScriptWord(ahead, kKeyword)) == kEnd) {
-    call.words = ahead;
+  if (Capitals(PeekScriptWord(call.words, kKeyword)) == kEnd) {
+    (void)NextScriptWord(call.words, kKeyword);
     if (!gks.sheet.open()) return Fail(call, kScriptBadArgument, kNoPage, call.command);
     return FinishSheet(call.session.platform, gks) ? kScriptOk : kScriptFailed;
   }
   std::vector<float> sides;
-  if (!ParseRealList(call.words, 2, sides)) return Fail(call, kScriptBadArgument, kFewLoad, call.command);
+  if (!ParseRealList(call.words, 2, sides)) return Fail(call, kScriptBadArgument, kFewNumbers, call.command);
   const std::string name = NextScriptWord(call.words, kFreeText);
   const bool finished = FinishSheet(call.session.platform, gks);
   if (!BeginSheet(gks, StepCount(sides[0]), StepCount(sides[1]), name))

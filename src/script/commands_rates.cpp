@@ -1,16 +1,12 @@
 // Upcrossings, exceedances and block exceedances of the ensemble in store.
-#include <algorithm>
-#include <array>
-#include <string>
 #include <vector>
 
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/fault_status.h"
-#include "script/open_script_file.h"
-#include "script/output_argument.h"
 #include "script/selectors.h"
+#include "script/write_table.h"
 #include "stats/tables/rate_tables.h"
 #include "views/state/stat_work.h"
 
@@ -18,31 +14,28 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNoSelections =
+constexpr std::string_view kNoSelections =
     "WARNING - specified output quantities not yet implemented for BLOCK_EXCEEDANCES";
 
 int RunUpcrossings(ScriptCall& call) {
-  Session& session = call.session;
   Selector selector;
   UpcrossingRequest request;
   if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
   std::vector<float> levels;
-  if (!ParseRealList(call.words, 3, levels)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, 3, levels); status != kScriptOk) return status;
   request.min = levels[0];
   request.max = levels[1];
   request.increment = levels[2];
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = WriteUpcrossings(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Upcrossing statistics written to");
+  return WriteTable(call, selector.word, "Upcrossing statistics written to",
+                    [&](OutputFile& file) { return WriteUpcrossings(WorkOf(call.session), request, file); });
 }
 
 struct ResultWord {
   std::string_view word;
   ExceedanceResult result;
 };
+// The first one found anywhere in the command word counts.
 constexpr ResultWord kResultWords[] = {
-    // the first one found anywhere in the command word counts
     {"RATE_CI", ExceedanceResult::rate_ci},
     {"RATECI", ExceedanceResult::rate_ci},
     {"RATE", ExceedanceResult::rate},
@@ -65,7 +58,6 @@ Direction DirectionOf(std::string_view command) {
 }
 
 int RunExceedances(ScriptCall& call) {
-  Session& session = call.session;
   const bool blocks = StartsWith(call.command, "BLOCK");
   ExceedanceRequest request;
   request.direction = DirectionOf(call.command);
@@ -74,16 +66,13 @@ int RunExceedances(ScriptCall& call) {
   Selector selector;
   if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
   std::vector<float> values;
-  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, 2, values); status != kScriptOk) return status;
   request.threshold = values[0];
   request.ndep = RoundToInt(static_cast<double>(values[1]));
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
   const auto write = blocks ? WriteBlockExceedances : WriteExceedances;
-  const DataFault fault = write(WorkOf(session), request, output.file);
   const bool list = !blocks && request.result == ExceedanceResult::list;
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault),
-                      list ? "Exceedance list written to" : "Exceedance statistics written to");
+  return WriteTable(call, selector.word, list ? "Exceedance list written to" : "Exceedance statistics written to",
+                    [&](OutputFile& file) { return write(WorkOf(call.session), request, file); });
 }
 
 constexpr Command kRates[] = {

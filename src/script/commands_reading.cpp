@@ -8,18 +8,17 @@
 #include "case/read/ensemble_match.h"
 #include "case/read/read_output_file.h"
 #include "frame/ground/wildcards.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kBlankName = "ERROR - Blank file name for {} command";
-inline constexpr std::string_view kLongName = "ERROR - Error opening ZAVO Output File : {}";
-inline constexpr std::string_view kAlternate = "ERROR - alternate input needs READ_KINO_FILES in a script";
-inline constexpr std::string_view kNoWildCards = "ERROR - Wild cards cannot be used with {} command";
-inline constexpr std::string_view kNoMatch = "ERROR - no file(s) found which match {}";
+constexpr std::string_view kLongName = "ERROR - Error opening ZAVO Output File : {}";
+constexpr std::string_view kAlternate = "ERROR - alternate input needs READ_KINO_FILES in a script";
+constexpr std::string_view kNoWildCards = "ERROR - Wild cards cannot be used with {} command";
+constexpr std::string_view kNoMatch = "ERROR - no file(s) found which match {}";
 
 // A name that begins so asks a dialogue for motions, seaway and geometry.
 bool IsAlternateInput(std::string_view name) {
@@ -61,25 +60,25 @@ int ReadMatchingFiles(ScriptCall& call, const std::string& pattern, const ReadMo
   return read > 0 ? kScriptOk : kScriptFailed;
 }
 
-bool ReadChoice(ScriptCall& call, int numbers, ShipChoice& choice) {
+int ReadChoice(ScriptCall& call, int numbers, ShipChoice& choice) {
+  if (numbers == 0) return kScriptOk;
   std::vector<float> values;
-  if (numbers > 0 && !ParseRealList(call.words, numbers, values)) return false;
-  choice.named = numbers > 0;
-  if (numbers > 0) choice.ship = RoundToInt(static_cast<double>(values[0]));
+  if (const int status = ReadNumbers(call, numbers, values); status != kScriptOk) return status;
+  choice.named = true;
+  choice.ship = RoundToInt(static_cast<double>(values[0]));
   if (numbers > 1) choice.vcg = values[1];
-  return true;
+  return kScriptOk;
 }
 
 int ReadFiles(ScriptCall& call, const ReadModes& modes) {
-  const std::string name(Trim(NextScriptWord(call.words, kFreeText)));
-  if (name.empty()) return Fail(call, kScriptBadArgument, kBlankName, call.command);
-  if (name.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, name);
+  std::string name;
+  if (const int status = ReadFileName(call, BlankName::refused, name, kLongName); status != kScriptOk) return status;
   if (IsAlternateInput(name)) return Fail(call, kScriptFailed, kAlternate);
   const bool many = is_pattern(call.session.platform.files, name);
   if (many && modes.restart_mode == RestartMode::combine)
     return Fail(call, kScriptBadArgument, kNoWildCards, call.command);
   ShipChoice choice{call.session.run.selected_ship, call.session.run.selected_vcg};
-  if (!ReadChoice(call, modes.numbers, choice)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadChoice(call, modes.numbers, choice); status != kScriptOk) return status;
   if (many) return ReadMatchingFiles(call, name, modes, choice);
   return ReadOneFile(call.session, name, modes, choice) ? kScriptOk : kScriptFailed;
 }

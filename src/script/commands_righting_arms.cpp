@@ -5,17 +5,16 @@
 #include "analysis/righting_arms/righting_arms.h"
 #include "analysis/righting_arms/righting_arms_plot.h"
 #include "base/number_parse.h"
-#include "base/text.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "views/state/result_choice.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kIllegalArgument = "ERROR - Illegal argument for {} command...";
-inline constexpr std::string_view kLongName = "ERRGZSTAB02 - ERROR opening GZ curve output file: {}";
+constexpr std::string_view kIllegalArgument = "ERROR - Illegal argument for {} command...";
+constexpr std::string_view kLongName = "ERRGZSTAB02 - ERROR opening GZ curve output file: {}";
 
 // First step, last step, increment, balance, wave option, largest angle, number of angles.
 int ReadRequest(ScriptCall& call, RightingArmRequest& request) {
@@ -38,10 +37,8 @@ int RunArms(ScriptCall& call, ArmDirection direction) {
   request.direction = static_cast<int>(direction);
   if (const int status = ReadRequest(call, request); status != kScriptOk) return status;
   std::string names[2];
-  for (std::string& name : names) {
-    name = Trim(NextScriptWord(call.words, kFreeText));
-    if (name.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, name);
-  }
+  for (std::string& name : names)
+    if (const int status = ReadFileName(call, BlankName::allowed, name, kLongName); status != kScriptOk) return status;
   if (!CheckRightingArms(call.console(), session.case_store, request))
     return Fail(call, kScriptBadArgument, kIllegalArgument, call.command);
   RightingArmOutputs outputs;

@@ -9,9 +9,8 @@
 #include "analysis/sea_view/wave_field.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
-#include "base/text.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "views/state/result_choice.h"
 
 namespace zaview {
@@ -28,11 +27,6 @@ constexpr std::string_view kNotPositive = "Illegal value, must be positive";
 constexpr std::string_view kBadWaveOption = "Illegal wave analysis option";
 constexpr std::string_view kBadStep = "Illegal value - must be {} to {}";
 constexpr std::string_view kBadGrid = "ERROR - Illegal grid for {} command...";
-constexpr std::string_view kLongName = "ERROR opening output file: {}";
-
-int FewArguments(ScriptCall& call) {
-  return Fail(call, kScriptFailed, kFewArguments, call.command);
-}
 
 StepRange RangeOf(const std::vector<float>& values) {
   const auto whole = [&](std::size_t i) { return RoundToInt(static_cast<double>(values[i])); };
@@ -41,16 +35,15 @@ StepRange RangeOf(const std::vector<float>& values) {
 
 // The root of the files that a command writes.
 int ReadRoot(ScriptCall& call, std::string& root) {
-  root = Trim(NextScriptWord(call.words, kFreeText));
-  if (root.size() > kScriptFileName) return Fail(call, kScriptFailed, kLongName, root);
-  return kScriptOk;
+  return ReadFileName(call, BlankName::allowed, root);
 }
 
 // ---- Sensor view
 
 int ReadSensor(ScriptCall& call, SensorRequest& request) {
   std::vector<float> steps, sensor;
-  if (!ParseRealList(call.words, 3, steps) || !ParseRealList(call.words, 4, sensor)) return FewArguments(call);
+  if (const int status = ReadNumbers(call, 3, steps); status != kScriptOk) return status;
+  if (const int status = ReadNumbers(call, 4, sensor); status != kScriptOk) return status;
   if (!TakeStepRange(call.session.case_store, RangeOf(steps), request.steps))
     return Fail(call, kScriptBadArgument, kSensorSteps, Shown{steps[0]}, Shown{steps[1]}, Shown{steps[2]});
   std::copy_n(sensor.begin(), 3, request.sensor.position.begin());
@@ -61,7 +54,7 @@ int ReadSensor(ScriptCall& call, SensorRequest& request) {
 
 int ReadScan(ScriptCall& call, std::vector<double>& values) {
   std::vector<float> range;
-  if (!ParseRealList(call.words, 3, range)) return FewArguments(call);
+  if (const int status = ReadNumbers(call, 3, range); status != kScriptOk) return status;
   if (ScanRange(range.data(), values)) return kScriptOk;
   Say(call.console(), kScan[0], call.command);
   return Fail(call, kScriptBadArgument, kScan[1], Shown{range[0]}, Shown{range[1]}, Shown{range[2]});
@@ -71,16 +64,16 @@ int ReadListed(ScriptCall& call, int n, std::vector<double>& values) {
   values.clear();
   while (static_cast<int>(values.size()) < n) {  // a list of the script ends earlier
     std::vector<float> listed;
-    if (!ParseRealList(call.words, n - static_cast<int>(values.size()), listed)) return FewArguments(call);
+    if (const int status = ReadNumbers(call, n - static_cast<int>(values.size()), listed); status != kScriptOk)
+      return status;
     values.insert(values.end(), listed.begin(), listed.end());
   }
   return kScriptOk;
 }
 
 int ReadCountAndDistances(ScriptCall& call, std::vector<double>& distances) {
-  std::vector<float> count;
-  if (!ParseRealList(call.words, 1, count)) return FewArguments(call);
-  const int n = RoundToInt(static_cast<double>(count[0]));
+  int n = 0;
+  if (const int status = ReadWhole(call, n); status != kScriptOk) return status;
   if (n < 1 || n > kMostScanned) return Fail(call, kScriptBadArgument, kDistanceCount, call.command);
   return ReadListed(call, n, distances);
 }
@@ -127,7 +120,7 @@ int RunUnknownSensor(ScriptCall& call) {
 int RunWaveAnalysis(ScriptCall& call) {
   Session& session = call.session;
   std::vector<float> values;
-  if (!ParseRealList(call.words, 4, values)) return FewArguments(call);
+  if (const int status = ReadNumbers(call, 4, values); status != kScriptOk) return status;
   StepRange steps;
   if (!TakeStepRange(session.case_store, RangeOf(values), steps))
     return Fail(call, kScriptBadArgument, kIllegalStepRange);
@@ -143,9 +136,7 @@ int RunWaveAnalysis(ScriptCall& call) {
 }
 
 int ReadStep(ScriptCall& call, int& step) {
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return FewArguments(call);
-  step = RoundToInt(static_cast<double>(values[0]));
+  if (const int status = ReadWhole(call, step); status != kScriptOk) return status;
   const CaseStore& c = call.session.case_store;
   if (step >= c.first_step && step <= c.last_step) return kScriptOk;
   return Fail(call, kScriptBadArgument, kBadStep, c.first_step, c.last_step);
@@ -167,7 +158,7 @@ int RunWaveField(ScriptCall& call) {
   if (const int status = ReadStep(call, request.step); status != kScriptOk) return status;
   for (GridAxis& axis : request.axes) {
     std::vector<float> values;
-    if (!ParseRealList(call.words, 3, values)) return FewArguments(call);
+    if (const int status = ReadNumbers(call, 3, values); status != kScriptOk) return status;
     axis = {values[0], values[1], RoundToInt(static_cast<double>(values[2]))};
   }
   if (!IsGrid(request.axes)) return Fail(call, kScriptBadArgument, kBadGrid, call.command);

@@ -3,22 +3,22 @@
 
 #include "base/number_parse.h"
 #include "case/settings/statistic_settings.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "script/setting_words.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNegative = "ERROR - Invalid argument for {} value cannot be negative";
+constexpr std::string_view kNegative = "ERROR - Invalid argument for {} value cannot be negative";
 
 // One number for a verb.
 template <typename Set>
 int ReadSetting(ScriptCall& call, fmt::format_string<const std::string&> refused, Set set) {
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  if (set(values[0], call.session.output.statistics) == SettingFault::none) return kScriptOk;
+  float value = 0;
+  if (const int status = ReadNumber(call, value); status != kScriptOk) return status;
+  if (set(value, call.session.output.statistics) == SettingFault::none) return kScriptOk;
   return Fail(call, kScriptBadArgument, refused, std::as_const(call.command));
 }
 
@@ -43,7 +43,7 @@ int RunIntervalMethod(ScriptCall& call) {
   auto statistics = call.session.output.statistics;
   (void)SetIntervalMethod(method, statistics);
   std::vector<float> values;
-  if (!ParseRealList(call.words, -2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, -2, values); status != kScriptOk) return status;
   const auto value = [&](std::size_t i) { return RoundToInt(static_cast<double>(values[i])); };
   if ((!values.empty() && SetResamples(value(0), statistics) != SettingFault::none) ||
       (values.size() > 1 && SetSeed(value(1), statistics) != SettingFault::none))
@@ -65,7 +65,7 @@ int RunCutoff(ScriptCall& call) {
 // Both or neither.
 int RunExtremeMaximum(ScriptCall& call) {
   std::vector<float> values;
-  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, 2, values); status != kScriptOk) return status;
   auto statistics = call.session.output.statistics;
   if (SetExtremeHours(values[0], statistics) != SettingFault::none ||
       SetExtremeQuantile(values[1], statistics) != SettingFault::none)
@@ -75,8 +75,7 @@ int RunExtremeMaximum(ScriptCall& call) {
 }
 
 int RunSpectrumSegment(ScriptCall& call) {
-  return ReadSetting(call, kInvalidValue,
-                     [](float time, auto& statistics) { return SetSpectrumSegment(time, statistics); });
+  return ReadSetting(call, kInvalidValue, SetSpectrumSegment);
 }
 
 int RunRainflowBins(ScriptCall& call) {

@@ -4,8 +4,8 @@
 #include "base/number_format.h"
 #include "base/number_parse.h"
 #include "case/settings/smoothing_settings.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "script/setting_words.h"
 
 namespace zaview {
@@ -24,10 +24,9 @@ int RunSmoothData(ScriptCall& call) {
 }
 
 int RunSmoothWindow(ScriptCall& call) {
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  if (SetSmoothingWindow(RoundToInt(static_cast<double>(values[0])), call.session.output.smoothing) !=
-      SettingFault::none)
+  int width = 0;
+  if (const int status = ReadWhole(call, width); status != kScriptOk) return status;
+  if (SetSmoothingWindow(width, call.session.output.smoothing) != SettingFault::none)
     return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
   return kScriptOk;
 }

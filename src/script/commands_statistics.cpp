@@ -1,13 +1,8 @@
 // Commands that write statistics of the current record.
-#include <string>
-
-#include "base/text.h"
 #include "script/command_table.h"
-#include "script/fault_status.h"
-#include "script/open_script_file.h"
-#include "script/output_argument.h"
 #include "script/selectors.h"
 #include "script/statistic_word.h"
+#include "script/write_table.h"
 #include "stats/tables/autocorrelation_table.h"
 #include "stats/tables/interval_table.h"
 #include "stats/tables/stat_table.h"
@@ -17,46 +12,36 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kStatRefused =
-    "ERROR - Time history statistics quantity {1} not valid for this output file";
+constexpr std::string_view kStatRefused = "ERROR - Time history statistics quantity {1} not valid for this output file";
 
 int RunWriteStat(ScriptCall& call) {
-  Session& session = call.session;
   StatRequest request;
   Selector selector;
   if (const int status = ReadStatistic(call, request.statistic); status != kScriptOk) return status;
   if (const int status = ReadCurve(call, selector, request.quantity, kStatRefused); status != kScriptOk) return status;
   request.text = NextScriptWord(call.words, kFreeText);
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
   const auto write = request.statistic.interval ? WriteIntervals : WRSTAT;
-  const DataFault fault = write(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault, kStatRefused),
-                      "Statistical data written to file");
+  return WriteTable(
+      call, selector.word, "Statistical data written to file",
+      [&](OutputFile& file) { return write(WorkOf(call.session), request, file); }, kStatRefused);
 }
 
 int RunWriteIntervals(ScriptCall& call) {
-  Session& session = call.session;
   StatRequest request;
   request.statistic.number = kStatTable;
   request.statistic.interval = true;
   Selector selector;
   if (const int status = ReadCurve(call, selector, request.quantity); status != kScriptOk) return status;
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = WriteIntervals(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Confidence interval data written to file");
+  return WriteTable(call, selector.word, "Confidence interval data written to file",
+                    [&](OutputFile& file) { return WriteIntervals(WorkOf(call.session), request, file); });
 }
 
 int RunWriteAutocorrelation(ScriptCall& call) {
-  Session& session = call.session;
   Selector selector;
   QuantityRequest request;
   if (const int status = ReadCurve(call, selector, request); status != kScriptOk) return status;
-  OutputArgument output;
-  if (const int status = OpenOutputArgument(call, OutputForms::formatted, output); status != kScriptOk) return status;
-  const DataFault fault = WriteAutocorrelation(WorkOf(session), request, output.file);
-  return FinishOutput(call, output, StatusOf(call, selector.word, fault), "Autocorrelation data written to file");
+  return WriteTable(call, selector.word, "Autocorrelation data written to file",
+                    [&](OutputFile& file) { return WriteAutocorrelation(WorkOf(call.session), request, file); });
 }
 
 constexpr Needs kRecord = kNeedsCase | kNeedsMotion;

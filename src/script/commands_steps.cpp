@@ -4,37 +4,31 @@
 #include <vector>
 
 #include "case/settings/step_settings.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kIllegalSteps = "ERROR - Illegal number of steps specified in {} command...";
-inline constexpr std::string_view kAllTrimmed = "ERROR - All steps trimmed by {} command...";
-inline constexpr std::string_view kNoSteps = "ERROR - {} : the case has no time steps";
-inline constexpr std::string_view kIllegalArguments = "ERROR - Illegal arguments for {} command...";
-inline constexpr std::string_view kRangeAtZero = "        Initial time step of range cannot be zero";
-inline constexpr std::string_view kRangeOutside = "        The case has steps {} to {}";
-inline constexpr std::string_view kSkipInForce = "        The case ends at step {}: {} in force";
-inline constexpr std::string_view kLastInForce = "        The case ends at step {}, which is in force";
-inline constexpr std::string_view kRangeUpsideDown = "        Initial time step of range after terminal step";
+constexpr std::string_view kIllegalSteps = "ERROR - Illegal number of steps specified in {} command...";
+constexpr std::string_view kAllTrimmed = "ERROR - All steps trimmed by {} command...";
+constexpr std::string_view kNoSteps = "ERROR - {} : the case has no time steps";
+constexpr std::string_view kIllegalArguments = "ERROR - Illegal arguments for {} command...";
+constexpr std::string_view kRangeAtZero = "        Initial time step of range cannot be zero";
+constexpr std::string_view kRangeOutside = "        The case has steps {} to {}";
+constexpr std::string_view kSkipInForce = "        The case ends at step {}: {} in force";
+constexpr std::string_view kLastInForce = "        The case ends at step {}, which is in force";
+constexpr std::string_view kRangeUpsideDown = "        Initial time step of range after terminal step";
 
-// One or two step counts, the second on the same line or missing.
-bool ReadCounts(ScriptCall& call, std::vector<int>& counts) {
+// One step count, or up to `most` of them, all on the same line.
+int ReadCounts(ScriptCall& call, int most, std::vector<int>& counts) {
   std::vector<float> values;
-  if (!ParseRealList(call.words, -2, values) || values.empty()) return false;
+  if (!ParseRealList(call.words, -most, values) || values.empty())
+    return Fail(call, kScriptFailed, kFewArguments, call.command);
   counts.clear();
   for (const float value : values) counts.push_back(StepCount(value));
-  return true;
-}
-
-bool ReadOne(ScriptCall& call, int n, float& value) {
-  std::vector<float> values;
-  if (!ParseRealList(call.words, n, values) || values.empty()) return false;
-  value = values[0];
-  return true;
+  return kScriptOk;
 }
 
 void SayTrimmed(const Console& console, int n, std::string_view where) {
@@ -44,7 +38,7 @@ void SayTrimmed(const Console& console, int n, std::string_view where) {
 int RunTrimSteps(ScriptCall& call) {
   Session& session = call.session;
   std::vector<int> counts;
-  if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadCounts(call, 2, counts); status != kScriptOk) return status;
   const int initial = counts.front();
   const int terminal = counts.back();  // one number trims both ends
   TrimOutcome outcome;
@@ -62,7 +56,7 @@ int RunTrimSteps(ScriptCall& call) {
 int RunTrimAbort(ScriptCall& call) {
   Session& session = call.session;
   float value = 0;
-  if (!ReadOne(call, 1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumber(call, value); status != kScriptOk) return status;
   TrimOutcome outcome;
   if (SetTrimAbort(session.platform.console, StepCount(value), session.output, session.case_store, session.ensemble,
                    outcome) != SettingFault::none)
@@ -76,7 +70,7 @@ int RunSetSteps(ScriptCall& call) {
   CaseStore& store = call.session.case_store;
   if (!store.has_steps()) return Fail(call, kScriptFailed, kNoSteps, call.command);
   std::vector<int> counts;
-  if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadCounts(call, 2, counts); status != kScriptOk) return status;
   const std::optional<int> last = counts.size() > 1 ? std::optional(counts[1]) : std::nullopt;
   (void)SetOutputSteps(counts[0], last, store);
   Say(call.console(), "Output set to time steps {} to {}", store.first_step, store.last_step);
@@ -85,7 +79,7 @@ int RunSetSteps(ScriptCall& call) {
 
 int RunSkipSteps(ScriptCall& call) {
   std::vector<int> counts;
-  if (!ReadCounts(call, counts)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadCounts(call, 2, counts); status != kScriptOk) return status;
   CaseStore& store = call.session.case_store;
   if (SetSkips(counts[0], counts.size() > 1 ? counts[1] : 0, call.session.output, store) != SettingFault::none)
     return Fail(call, kScriptBadArgument, kIllegalSteps, call.command);
@@ -102,7 +96,7 @@ int RunSkipSteps(ScriptCall& call) {
 
 int RunStatSteps(ScriptCall& call) {
   std::vector<float> values;
-  if (!ParseRealList(call.words, 2, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
+  if (const int status = ReadNumbers(call, 2, values); status != kScriptOk) return status;
   const int first = StepCount(values[0]);
   const int last = StepCount(values[1]);
   CaseStore& store = call.session.case_store;
@@ -120,9 +114,9 @@ int RunStatSteps(ScriptCall& call) {
 }
 
 int RunStepIncrement(ScriptCall& call) {
-  float value = 0;
-  if (!ReadOne(call, -1, value)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  const int n = StepCount(value);
+  std::vector<int> counts;
+  if (const int status = ReadCounts(call, 1, counts); status != kScriptOk) return status;
+  const int n = counts.front();
   if (SetStride(n, call.session.output.reading) != SettingFault::none)
     return Fail(call, kScriptBadArgument, kInvalidValue, call.command);
   Say(call.console(), "Setting output step increment to {}", n);

@@ -8,16 +8,16 @@
 #include "base/text.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/window/gks_window.h"
+#include "script/call_arguments.h"
 #include "script/command_table.h"
-#include "script/open_script_file.h"
 #include "script/setting_words.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kIllegal = "ERROR - illegal arguments for {} command";
-inline constexpr std::string_view kMissing = "ERROR - missing or insufficient arguments for {} command";
+constexpr std::string_view kIllegal = "ERROR - illegal arguments for {} command";
+constexpr std::string_view kMissing = "ERROR - missing or insufficient arguments for {} command";
 
 constexpr std::string_view kBeyondPage =
     "WARNING - {} {} by {} is larger than the page has room for: drawn as {} by {}";
@@ -109,10 +109,7 @@ int RunHistogramStyle(ScriptCall& call) {
 
 template <float SensorSettings::*field>
 int RunSensor(ScriptCall& call) {
-  std::vector<float> values;
-  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptFailed, kFewArguments, call.command);
-  call.session.sensor.*field = values[0];
-  return kScriptOk;
+  return ReadNumber(call, call.session.sensor.*field);
 }
 
 constexpr WordValue kLegendWords[] = {
@@ -160,8 +157,8 @@ constexpr Command kViews[] = {
     {{"PLOT_STATS", "STATS", "STATISTICS", "PEAK_STATS"},
      kNone,
      RunPlotStats,
-     "OFF|NONE|ON|1/3RD|1/3|3|SIGNIFICANT|SIG|1/10TH|1/"
-     "10|10|STDEV|ST.DEV|RMS|VAR|VARIANCE|MIN|MAX|MINIMUM|MAXIMUM|MINMAX",
+     "OFF|NONE|ON|1/3RD|1/3|3|SIGNIFICANT|SIG|1/10TH|1/10|10|"
+     "STDEV|ST.DEV|RMS|VAR|VARIANCE|MIN|MAX|MINIMUM|MAXIMUM|MINMAX",
      "Statistics that a plot of one curve shows: averages of the highest peaks, deviation, extremes",
      "OFF"},
     {{"HISTOGRAM_STYLE", "HIST_STYLE"},

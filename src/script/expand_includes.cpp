@@ -10,10 +10,10 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kInclude = "$INCLUDE";
-inline constexpr std::string_view kNoName = "ERR212 - $INCLUDE directive does not specify a file name";
-inline constexpr std::string_view kNoColon = "         or is missing a colon (:) delimiter";
-inline constexpr std::size_t kIncludeName = 256;  // a longer name fails to open
+constexpr std::string_view kInclude = "$INCLUDE";
+constexpr std::string_view kNoName = "ERR212 - $INCLUDE directive does not specify a file name";
+constexpr std::string_view kNoColon = "         or is missing a colon (:) delimiter";
+constexpr std::size_t kIncludeName = 256;  // a longer name fails to open
 
 enum class DollarKind : unsigned char { none, include, module };
 

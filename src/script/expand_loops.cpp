@@ -1,5 +1,6 @@
 #include "script/expand_loops.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include <fmt/format.h>
@@ -12,14 +13,14 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNameFault = "ERROR parsing script variable loop:  {}";
-inline constexpr std::string_view kSeparatorFault = "ERROR parsing script variable {} misplaced separator |";
-inline constexpr std::string_view kListFault = "ERROR parsing script variable loop for variable {} : {}";
-inline constexpr std::string_view kSequenceFault = "ERROR parsing SEQ specifier in script DO loop";
-inline constexpr std::string_view kNoDone = "ERROR parsing script variable loop : token DONE not found";
-inline constexpr std::string_view kTooDeep = "ERROR - script loops are nested deeper than {} levels";
+constexpr std::string_view kNameFault = "ERROR parsing script variable loop:  {}";
+constexpr std::string_view kSeparatorFault = "ERROR parsing script variable {} misplaced separator |";
+constexpr std::string_view kListFault = "ERROR parsing script variable loop for variable {} : {}";
+constexpr std::string_view kSequenceFault = "ERROR parsing SEQ specifier in script DO loop";
+constexpr std::string_view kNoDone = "ERROR parsing script variable loop : token DONE not found";
+constexpr std::string_view kTooDeep = "ERROR - script loops are nested deeper than {} levels";
 
-inline constexpr std::int64_t kLargestPlain = 9'999'999;  // a number of a sequence without padding has up to 7 digits
+constexpr std::int64_t kLargestPlain = 9'999'999;  // a number of a sequence without padding has up to 7 digits
 
 struct LoopHeader {
   std::string name;         // as written
@@ -154,7 +155,7 @@ bool WriteValue(LoopRound& round, const LoopHeader& header, std::string_view val
   if (!AddAssignment(round, origin, header.variable[0], value)) return false;
   if (two && !AddAssignment(round, origin, header.variable[1], second)) return false;
   for (const ScriptLine& line : body)
-    if (!AddScriptLine(round.out, line)) return false;
+    if (!AddScriptLine(round.out, ScriptLine(line))) return false;
   return true;
 }
 

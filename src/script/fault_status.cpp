@@ -1,12 +1,10 @@
 #include "script/fault_status.h"
 
-#include "script/open_script_file.h"
-
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNoWave = "ERROR - {} option {} needs the incident wave, which could not be made";
+constexpr std::string_view kNoWave = "ERROR - {} option {} needs the incident wave, which could not be made";
 
 }  // namespace
 

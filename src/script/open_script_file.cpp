@@ -17,14 +17,15 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kNamePrompt = "Enter the name of an ZAVIEW Script File (Return to cancel):";
-inline constexpr std::string_view kReading = "Reading ZAVIEW script file : {}";
-inline constexpr std::string_view kOpenFault = "ERROR opening Script File : {}{}";
-inline constexpr std::string_view kParseFault = "ERROR parsing Script File : {}";
-inline constexpr std::size_t kScriptName = 256;  // a longer name fails to open
-inline constexpr std::string_view kEndings[] = {"", ".script", ".scpt"};
+constexpr std::string_view kNamePrompt = "Enter the name of an ZAVIEW Script File (Return to cancel):";
+constexpr std::string_view kReading = "Reading ZAVIEW script file : {}";
+constexpr std::string_view kOpenFault = "ERROR opening Script File : {}{}";
+constexpr std::string_view kParseFault = "ERROR parsing Script File : {}";
+constexpr std::size_t kScriptName = 256;  // a longer name fails to open
+constexpr std::string_view kEndings[] = {"", ".script", ".scpt"};
 
-// The words for the status that the interpreter ended with; the last row is for all others.
+// The words for the status that the interpreter ended with.
+constexpr int kAnyOther = -1;
 struct EndRow {
   int status;
   std::string_view text;
@@ -35,7 +36,7 @@ constexpr EndRow kEnds[] = {
     {kScriptBadArgument, "Argument ERROR in ZAVIEW script file : {}"},
     {kScriptUnknownCommand, "ERROR parsing ZAVIEW script file : {}"},
     {kScriptInterrupted, "Interrupted ZAVIEW script file : {}"},
-    {-1, "ERROR reading ZAVIEW script file : {}"},
+    {kAnyOther, "ERROR reading ZAVIEW script file : {}"},
 };
 
 // The three passes: from the text of the file to the final text.
@@ -70,7 +71,7 @@ int EndScript(Session& session, int status) {
   if (!FinishSheet(session.platform, session.gks) && status == kScriptOk) status = kScriptFailed;
   CloseScript(session.script);
   const EndRow* row = kEnds;
-  while (row->status != status && row->status != -1) ++row;
+  while (row->status != status && row->status != kAnyOther) ++row;
   if (status == kScriptOk) SayLine(session.platform.console, "");
   Say(session.platform.console, fmt::runtime(row->text), name);
   return status;

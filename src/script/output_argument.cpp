@@ -1,16 +1,17 @@
 #include "script/output_argument.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "frame/ground/file_dialogue.h"
-#include "script/open_script_file.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
-inline constexpr std::string_view kUnknownSwitch = "ERROR - unrecognized output file switch: {}";
-inline constexpr std::string_view kNameCut = "WARNING - output file name cut at blank : {}";
+constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
+constexpr std::string_view kUnknownSwitch = "ERROR - unrecognized output file switch: {}";
+constexpr std::string_view kNameCut = "WARNING - output file name cut at blank : {}";
 
 struct Switches {
   bool append = false, unformatted = false;
@@ -39,6 +40,12 @@ std::string_view NameOf(const ScriptCall& call, std::string_view word) {
 }
 
 }  // namespace
+
+int OpenNamedOutput(const ScriptCall& call, const std::string& name, OutputFile& file) {
+  if (name.size() <= kScriptFileName && OpenOutput(call.session.platform, name, OpenHow::replace, file))
+    return kScriptOk;
+  return Fail(call, kScriptFailed, kOutputNotOpen, name, Because(file.why));
+}
 
 int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& output, std::string_view not_open) {
   const std::string token = NextScriptWord(call.words, kFreeText);

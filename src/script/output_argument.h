@@ -19,6 +19,9 @@ struct OutputArgument {
 
 inline constexpr std::string_view kOutputNotOpen = "ERROR opening output file: {}{}";  // name and reason
 
+// Opens a file of that name, which is none of an argument. The status, and its message said.
+[[nodiscard]] int OpenNamedOutput(const ScriptCall& call, const std::string& name, OutputFile& file);
+
 // Reads the argument and opens the file. A blank name, or one that begins with a colon, is the console. Status 0, or
 // kScriptFailed with its message said, that of a file which can't be opened in the words of not_open.
 [[nodiscard]] int OpenOutputArgument(ScriptCall& call, OutputForms forms, OutputArgument& output,

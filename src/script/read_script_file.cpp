@@ -1,21 +1,22 @@
 #include "script/read_script_file.h"
 
+#include <algorithm>
+
 #include "base/grow.h"
 #include "base/text.h"
-#include "script/open_script_file.h"
 #include "script/script_text.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kInterrupted = "ERROR - interrupted ahead of this command";
-inline constexpr std::string_view kNearest = "        the nearest command is {}";
-inline constexpr std::string_view kHelp = "        zaview -help {} tells its arguments";
-inline constexpr std::string_view kCarried =
+constexpr std::string_view kInterrupted = "ERROR - interrupted ahead of this command";
+constexpr std::string_view kNearest = "        the nearest command is {}";
+constexpr std::string_view kHelp = "        zaview -help {} tells its arguments";
+constexpr std::string_view kCarried =
     "WARNING - {} took the command {} of the next line for its argument : \"\" stands for none";
-inline constexpr std::string_view kLeftOver = "WARNING - words left over on the line : {}";
-inline constexpr std::string_view kQuestion = "ERROR - a script has no answer to this question";
+constexpr std::string_view kLeftOver = "WARNING - words left over on the line : {}";
+constexpr std::string_view kQuestion = "ERROR - a script has no answer to this question";
 
 // The console while a command runs: what it asks finds the end of the input, so that no script ever waits.
 struct ScriptConsole {
@@ -57,7 +58,7 @@ Console WithoutInput(ScriptConsole& silent) {
 void WarnOfWords(const ScriptCall& call, std::span<const CommandFamily> commands, const Command& command, int status) {
   if (FindCommand(commands, Capitals(call.words.carried)) != nullptr)
     return Say(call.console(), kCarried, call.command, call.words.carried);
-  const std::string_view rest = Trim(call.words.line.substr(call.words.position));
+  const std::string_view rest = RestOfLine(call.words);
   if (status == kScriptOk && !rest.empty() && !command.last) Say(call.console(), kLeftOver, rest);
 }
 
@@ -92,16 +93,27 @@ int RunLine(Session& session, std::span<const CommandFamily> commands, const Scr
   return status;
 }
 
+// Stands in the place of the session's console while it lives, also where memory runs out.
+struct SilentConsole {
+  Session& session;
+  ScriptConsole silent;
+  explicit SilentConsole(Session& s) : session(s), silent{s.platform.console} {
+    session.platform.console = WithoutInput(silent);
+  }
+  ~SilentConsole() { session.platform.console = silent.console; }
+  SilentConsole(const SilentConsole&) = delete;
+  SilentConsole& operator=(const SilentConsole&) = delete;
+};
+
 // A question that a command asked has failed, whatever the command made of it; long work that a Ctrl-C ended has said
 // so.
 int RunLineSilently(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
-  ScriptConsole silent{session.platform.console};
-  session.platform.console = WithoutInput(silent);
+  const SilentConsole console(session);
+  const ScriptConsole& silent = console.silent;
   const int status = RunLine(session, commands, line);
-  session.platform.console = silent.console;
   if (silent.interrupted) return kScriptInterrupted;
   if (!silent.asked) return status;
-  SayLine(session.platform.console, kQuestion);
+  SayLine(silent.console, kQuestion);
   return status == kScriptOk ? kScriptFailed : status;
 }
 

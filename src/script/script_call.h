@@ -9,6 +9,7 @@
 
 #include "base/message.h"
 #include "frame/session.h"
+#include "script/script_status.h"
 #include "script/script_words.h"
 
 namespace zaview {
@@ -29,7 +30,6 @@ template <typename... Args>
 }
 
 inline constexpr std::string_view kMemoryOut = "ERROR - memory is out : {}";
-inline constexpr std::string_view kFewArguments = "ERROR - Insufficient arguments for {} command...";
 inline constexpr std::string_view kInvalidArgument = "ERROR - Invalid argument ({}) for {} command...";
 inline constexpr std::string_view kInvalidValue = "ERROR - Invalid value for {} command...";
 

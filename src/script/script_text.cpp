@@ -7,7 +7,7 @@
 
 namespace zaview {
 
-bool AddScriptLine(ScriptText& text, ScriptLine line) {
+bool AddScriptLine(ScriptText& text, ScriptLine&& line) {
   text.bytes += line.text.size();
   if (text.lines.size() >= kScriptLines || text.bytes > kScriptBytes) return false;
   if (text.lines.size() == text.lines.capacity() && !Reserve(text.lines, 2 * text.lines.size() + 64)) return false;

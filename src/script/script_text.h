@@ -24,8 +24,8 @@ struct ScriptText {
   std::size_t bytes = 0;
 };
 
-// False: the text is at its limit, or memory is out.
-[[nodiscard]] bool AddScriptLine(ScriptText& text, ScriptLine line);
+// False: the text is at its limit, or memory is out; the line is still whole then.
+[[nodiscard]] bool AddScriptLine(ScriptText& text, ScriptLine&& line);
 
 // What stopped a pass: two lines, and the line of the script it is about.
 struct PassMessage {

@@ -11,8 +11,8 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kBlanks = " \t";
-inline constexpr int kScriptReals = 1024;  // numbers of one list
+constexpr std::string_view kBlanks = " \t";
+constexpr int kScriptReals = 1024;  // numbers of one list
 
 // Moves to the first column of the next word on this line; false if there is none.
 bool FindWord(WordScanner& scanner) {
@@ -85,6 +85,17 @@ std::string NextScriptWord(WordScanner& scanner, std::size_t limit) {
   (void)NextLoopWord(scanner, limit, word);
   if (further && limit == kFreeText) scanner.carried = word;
   return word;
+}
+
+std::string PeekScriptWord(const WordScanner& scanner, std::size_t limit) {
+  WordScanner ahead = scanner;
+  std::size_t next_line = LinesUsed(scanner);
+  if (scanner.next_line != nullptr) ahead.next_line = &next_line;
+  return NextScriptWord(ahead, limit);
+}
+
+std::string_view RestOfLine(const WordScanner& scanner) {
+  return Trim(scanner.line.substr(scanner.position));
 }
 
 bool ParseRealList(WordScanner& scanner, int n, std::vector<float>& values) {

@@ -32,6 +32,12 @@ struct WordScanner {
 // The same; blank at the end of the text. Free text from a further line becomes `carried`.
 [[nodiscard]] std::string NextScriptWord(WordScanner& scanner, std::size_t limit);
 
+// The same, and it stays where it is.
+[[nodiscard]] std::string PeekScriptWord(const WordScanner& scanner, std::size_t limit);
+
+// What is not read of the line in use, without the blanks around it.
+[[nodiscard]] std::string_view RestOfLine(const WordScanner& scanner);
+
 // Numbers apart by blanks or tabs. n > 0: exactly n of them, over as many lines as it takes. n < 0: those on this line,
 // at most -n. Each must be a number from end to end. False: a bad number, or (n > 0) the text ends.
 [[nodiscard]] bool ParseRealList(WordScanner& scanner, int n, std::vector<float>& values);

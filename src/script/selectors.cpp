@@ -7,18 +7,18 @@
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "case/settings/point_settings.h"
-#include "script/open_script_file.h"
 
 namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kInvalidQuantity = "ERROR - Invalid quantity specifier: {}";
-inline constexpr std::string_view kAllRefused = "ERROR - Option ALL not valid for {} command ...";
-inline constexpr std::string_view kFewPlain = "ERROR - Insufficient arguments for {} command ...";
-inline constexpr std::string_view kFewPoint = "ERROR - Insufficient arguments for {} command for point motion...";
-inline constexpr std::string_view kBadMissile = "ERROR - Invalid option index for {} command for missile data...";
-inline constexpr std::string_view kCurveFault = "ERROR - Invalid curve index for {} option {}";
+constexpr std::string_view kInvalidQuantity = "ERROR - Invalid quantity specifier: {}";
+constexpr std::string_view kAllRefused = "ERROR - Option ALL not valid for {} command ...";
+constexpr std::string_view kFewPlain = "ERROR - Insufficient arguments for {} command ...";
+constexpr std::string_view kFewPoint = "ERROR - Insufficient arguments for {} command for point motion...";
+constexpr std::string_view kBadMissile = "ERROR - Invalid option index for {} command for missile data...";
+constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
+constexpr std::string_view kCurveFault = "ERROR - Invalid curve index for {} option {}";
 
 // The only ones of a transient added mass run.
 constexpr SelectorRow kImpulsiveSelectors[] = {
@@ -109,15 +109,33 @@ int CheckCurve(ScriptCall& call, const Selector& selector, const QuantityRequest
   return Fail(call, kScriptBadArgument, kCurveFault, call.command, selector.word);
 }
 
+bool HasQuantity(const ScriptCall& call, const Selector& selector) {
+  const QuantityRow* row = FindQuantity(selector.iqnt);
+  return row != nullptr && row->need != QuantityNeed::file_only &&
+         QuantityValid(call.session.case_store, selector.iqnt);
+}
+
 int ReadCurve(ScriptCall& call, Selector& selector, QuantityRequest& request, std::string_view not_valid,
               CurveIndex curve) {
   if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
-  const QuantityRow* row = FindQuantity(selector.iqnt);
-  const bool valid =
-      row != nullptr && row->need != QuantityNeed::file_only && QuantityValid(call.session.case_store, selector.iqnt);
-  if (!valid) return Fail(call, kScriptBadArgument, fmt::runtime(not_valid), call.command, selector.word);
+  if (!HasQuantity(call, selector))
+    return Fail(call, kScriptBadArgument, fmt::runtime(not_valid), call.command, selector.word);
   if (const int status = ReadTail(call, selector, curve, request); status != kScriptOk) return status;
   return CheckCurve(call, selector, request);
+}
+
+int ReadLoadAndStep(ScriptCall& call, Selector& selector, int& step) {
+  const CaseStore& store = call.session.case_store;
+  if (const int status = ReadSelector(call, selector); status != kScriptOk) return status;
+  const QuantityRow* row = FindQuantity(selector.iqnt);
+  if (row == nullptr || row->load_kind == 0 || selector.form != TailForm::plain)
+    return Fail(call, kScriptBadArgument, kNoLoad, call.command);
+  if (!QuantityValid(store, selector.iqnt))
+    return Fail(call, kScriptBadArgument, kNotValid, call.command, selector.word);
+  std::vector<float> values;
+  if (!ParseRealList(call.words, 1, values)) return Fail(call, kScriptBadArgument, kFewPlain, call.command);
+  step = std::max(store.first_step, std::min(StepCount(values[0]), store.last_step));
+  return kScriptOk;
 }
 
 }  // namespace zaview

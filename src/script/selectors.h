@@ -54,7 +54,13 @@ enum class CurveIndex : unsigned char { none, given, given_or_all };
 // Selector and tail with its curve index, tested against the case. not_valid: what is said of a quantity that this
 // case lacks, with slots {0} command and {1} selector.
 inline constexpr std::string_view kNotValid = "ERROR - {0} option {1} not valid for this output file";
+[[nodiscard]] bool HasQuantity(const ScriptCall& call, const Selector& selector);
 [[nodiscard]] int ReadCurve(ScriptCall& call, Selector& selector, QuantityRequest& request,
                             std::string_view not_valid = kNotValid, CurveIndex curve = CurveIndex::given);
+
+// A quantity of sectional loads and a time step; step: the nearest one in use.
+[[nodiscard]] int ReadLoadAndStep(ScriptCall& call, Selector& selector, int& step);
+
+inline constexpr std::string_view kBadIrf = "WARNING - IRF index {} not valid for {}";  // the script goes on
 
 }  // namespace zaview

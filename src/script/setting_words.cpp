@@ -4,7 +4,6 @@
 
 #include "base/number_parse.h"
 #include "base/text.h"
-#include "script/open_script_file.h"
 
 namespace zaview {
 

@@ -1,6 +1,5 @@
 #include "script/statistic_word.h"
 
-#include "script/open_script_file.h"
 #include "stats/tables/interval_table.h"
 
 namespace zaview {

@@ -14,13 +14,13 @@ namespace zaview {
 
 namespace {
 
-inline constexpr std::string_view kEmptyBraces = "Error - empty set of script variable delimiters: {}";
-inline constexpr std::string_view kNoBrace = "Error - missing script variable delimiter }";
-inline constexpr std::string_view kBlankName = "ERROR blank script variable";
-inline constexpr std::string_view kUndefined = "Undefined script variable: {}";
-inline constexpr std::string_view kBadAssignment = "ERROR in script variable assignment:";
-inline constexpr std::string_view kTooMany = "Limit of {} script variables exceeded";
-inline constexpr std::string_view kEndless = "ERROR - more than {} script variables substituted in {}";
+constexpr std::string_view kEmptyBraces = "Error - empty set of script variable delimiters: {}";
+constexpr std::string_view kNoBrace = "Error - missing script variable delimiter }";
+constexpr std::string_view kBlankName = "ERROR blank script variable";
+constexpr std::string_view kUndefined = "Undefined script variable: {}";
+constexpr std::string_view kBadAssignment = "ERROR in script variable assignment:";
+constexpr std::string_view kTooMany = "Limit of {} script variables exceeded";
+constexpr std::string_view kEndless = "ERROR - more than {} script variables substituted in {}";
 
 bool InQuotes(std::string_view line, std::size_t eq, char quote) {
   const auto before = std::count(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(eq), quote);

@@ -42,9 +42,8 @@ bool IsOfPoint(const Session& s, int index) {
 // ---- Lists
 // `one`: a single choice. They scroll when they get long.
 void BeginList(MenuToolkit& kit, bool one, int count, int value) {
-  constexpr int kOne = 0, kMany = 1, kManyInBox = 2;
   const bool in_box = count > kMostLines;
-  const int mode = one ? (in_box ? kOneInBox : kOne) : (in_box ? kManyInBox : kMany);
+  const int mode = one ? (in_box ? kOneInBox : kOneChoice) : (in_box ? kSeveralInBox : kSeveralChoices);
   gksMenuSelectionList(kit, mode, std::max(count, 1), value, kMostLines);
 }
 

@@ -109,7 +109,7 @@ void AddRow(const Place& at, Items row) {
   const auto has_something = [&](const OptionItem& item) { return item.kind != OptionKind::tab && Stands(item, at); };
   if (!Stands(row.front(), at) || !(label_alone || std::any_of(row.begin() + 1, row.end(), has_something))) return;
   MenuToolkit& kit = at.s.menus.kit;
-  gksMenuButtonRow(kit, 0, kMostInRow);
+  gksMenuButtonRow(kit, kPlainRow, kMostInRow);
   const OptionItem& begin = row.front();
   const OptionValue value = begin.value.shows == nullptr ? OptionValue{} : begin.value.shows(at.s, at.index);
   if (!TextOf(begin, value).empty()) gksMenuAddItem(kit, MenuItemType::label, TextOf(begin, value), begin.width);
@@ -160,8 +160,7 @@ void AddOptions(Session& session, int im, const ViewOptions& options) {
 }
 
 void AddCloseButton(MenuToolkit& kit) {
-  constexpr int kCentred = 1;
-  gksMenuButtonRow(kit, kCentred, 1);
+  gksMenuButtonRow(kit, kDialogueRow, 1);
   gksMenuAddItem(kit, MenuItemType::button, "Close");
 }
 

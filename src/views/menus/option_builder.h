@@ -14,7 +14,6 @@ void AddOptions(Session& session, int im, const ViewOptions& options);
 [[nodiscard]] std::string_view SetOption(Session& session, const OptionItem& item, const OptionEvent& event);
 
 // ---- Parts of menus without a table
-inline constexpr int kOneInBox = 3;     // list of gksMenuSelectionList: a single choice, it scrolls
 void AddCloseButton(MenuToolkit& kit);  // in the middle of a row of its own
 
 // ---- The parts of the options menu that are the same in every view

@@ -60,7 +60,7 @@ void BuildColours(Session& session) {
   const int present = Present(session), rows = (kColours - kFirstColour) / kColoursAcross;
   gksMenuText(kit, "Color");
   for (int row = 0; row < rows; ++row) {
-    gksMenuButtonRow(kit, 0, 2 * kColoursAcross);
+    gksMenuButtonRow(kit, kPlainRow, 2 * kColoursAcross);
     for (int column = 0; column < kColoursAcross; ++column) {
       const int colour = kFirstColour + column * rows + row;
       if (column > 0) gksMenuAddItemI(kit, MenuItemType::tab_columns, column * kColourColumns);

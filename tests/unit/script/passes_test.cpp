@@ -142,7 +142,7 @@ TEST(Substitute, TextAndFaults) {
   const std::string endless = "ERROR - more than 1000 script variables substituted in one line";
   // clang-format off
   const struct { Lines in, out; std::string message; } cases[] = {
-      {{"a={v}{v}", "x {a}"}, {"x 11"}, ""},  // a value is not expanded in its turn
+      {{"a={v}{v}", "x {a}"}, {"x 11"}, ""},  // by what it holds where it is set
       {{"a=1", "{a}", "a=2", "{a}"}, {"1", "2"}, ""},
       {{"v=9", "{v}"}, {"9"}, ""},
       {{"e=", "<{e}>"}, {"<>"}, ""},

@@ -39,6 +39,18 @@ TEST(ScriptWords, Words) {
   EXPECT_EQ(NextScriptWord(words.scanner, 80), std::string(80, 'w'));
 }
 
+// On a further line as well: what comes behind the look still finds that line whole.
+TEST(ScriptWords, APeekTakesNothing) {
+  Words words({"a", "", "2 3"});
+  EXPECT_EQ(PeekScriptWord(words.scanner, 80), "a");
+  EXPECT_EQ(NextScriptWord(words.scanner, 80), "a");
+  EXPECT_EQ(PeekScriptWord(words.scanner, 80), "2");
+  EXPECT_EQ(RestOfLine(words.scanner), "");
+  std::vector<float> values;
+  EXPECT_TRUE(ParseRealList(words.scanner, 2, values));
+  EXPECT_EQ(values, (std::vector<float>{2, 3}));
+}
+
 TEST(ScriptWords, Reals) {
   // clang-format off
   const struct {

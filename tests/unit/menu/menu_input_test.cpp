@@ -1,6 +1,4 @@
 // Mouse and keys in menus, as the window tells them, and what the application is told.
-#include "menu/menu_events.h"
-
 #include "unit/menu/menu_window.h"
 
 namespace zaview {
@@ -57,6 +55,9 @@ TEST(MenuMouse, ButtonsAreDrawnDownUntilTheyAreReleased) {
   const std::vector<FedEvent> click = w.ClickOn(im, 3, 1);
   w.Do({click[0]});
   EXPECT_NE(w.Picture(im).rgb, up);
+  w.Do({click[1], w.ClickOn(im, 6, 5)[0]});  // a disabled one stays up
+  EXPECT_EQ(w.Picture(im).rgb, up);
+  w.Do({click[1], click[0]});
   w.gks.dump.waiting = true;  // "Write Image File" was it
   FeedEvent(*w.windows, click[1]);
   w.Do({});
@@ -280,6 +281,18 @@ TEST(MenuKeys, AMenuThatGoesTakesItsCaretAlong) {
   gksMenuAddItemI(w.kit, Kind::integer, 12);
   gksMenuStart(w.kit);
   EXPECT_EQ(w.kit.type_in.at.menu, 0);
+}
+
+// Another menu shrinks below the row where the caret is in this one.
+TEST(MenuKeys, ACaretStaysWhileOtherMenusChange) {
+  MenuWindow w;
+  const int im = BuildAll(w.kit, "menu");
+  BuildAll(w.kit, "other");
+  w.Do(w.ClickOn(im, 6, 2));
+  static_cast<void>(gksMenuInit(w.kit, "other"));
+  gksMenuText(w.kit, "nothing");
+  gksMenuStart(w.kit);
+  EXPECT_EQ(w.Do(w.Type(im, "!\r")), "1.6.2 text 0 0 'G\xC3\xB6teborg!' entered; ");
 }
 
 }  // namespace
