@@ -72,12 +72,14 @@ class PseudoTerminal {
   }
   // Exit status; -n: ended by signal n, -SIGKILL also where nothing has come for a minute.
   [[nodiscard]] int End() {
+    constexpr int kNone = -1000;  // no status of a program
+    if (child_ < 0) return kNone;
     constexpr int kHangs = 60'000;  // ms
     while (ReadMore(kHangs)) {
     }
     if (is_silent_) ::kill(child_, SIGKILL);
     int status = 0;
-    if (::waitpid(std::exchange(child_, -1), &status, 0) < 0) return -1000;
+    if (::waitpid(std::exchange(child_, -1), &status, 0) < 0) return kNone;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
   }
   [[nodiscard]] pid_t Child() const { return child_; }

@@ -7,6 +7,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <memory>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -171,7 +172,7 @@ bool Rename(void* self, const std::string& from, const std::string& to) {
 
 bool Remove(void* self, const std::string& name) {
   Forget(MachineOf(self), name);
-  return ::unlink(name.c_str()) == 0;
+  return Noted(self, ::unlink(name.c_str()) == 0);
 }
 
 // The kind stands in the entry itself, but for links, and on file systems that don't tell.
@@ -182,11 +183,10 @@ bool IsDirectoryEntry(int directory, const dirent& entry) {
 }
 
 bool List(void*, const std::string& directory, std::vector<DirectoryEntry>& entries) {
-  DIR* const open = ::opendir(directory.empty() ? "." : directory.c_str());
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(directory.empty() ? "." : directory.c_str()), ::closedir);
   if (open == nullptr) return false;
-  while (const dirent* entry = ::readdir(open))
-    entries.push_back({entry->d_name, IsDirectoryEntry(::dirfd(open), *entry)});
-  ::closedir(open);
+  while (const dirent* entry = ::readdir(open.get()))
+    entries.push_back({entry->d_name, IsDirectoryEntry(::dirfd(open.get()), *entry)});
   return true;
 }
 

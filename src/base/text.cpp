@@ -45,4 +45,12 @@ bool Contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
 }
 
+std::string_view CutAtLetter(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return text;
+  const auto goes_on = [&](std::size_t at) { return (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U; };
+  std::size_t end = most;
+  while (end > 0 && goes_on(end)) --end;
+  return text.substr(0, end);
+}
+
 }  // namespace zaview

@@ -14,6 +14,8 @@ namespace zaview {
 [[nodiscard]] bool IsBlank(std::string_view text);
 [[nodiscard]] std::string Capitals(std::string_view text);
 [[nodiscard]] bool StartsWith(std::string_view text, std::string_view beginning);
+// The first bytes, at most so many, without a part of a letter of UTF-8 at their end.
+[[nodiscard]] std::string_view CutAtLetter(std::string_view text, std::size_t most);
 [[nodiscard]] bool Contains(std::string_view text, std::string_view part);
 
 }  // namespace zaview

@@ -112,6 +112,7 @@ void WriteCommandFile(const Platform& platform, std::string_view text) {
   OutputFile out;
   const bool free = files.facts(files.self, name).target == name || files.remove(files.self, name);
   const bool opened = free && OpenOutput(platform, name, OpenHow::replace, out);
+  if (!free) out.why = files.why(files.self);
   if (opened) WriteOutput(out, text);
   if (!opened || !CloseOutput(out)) Say(platform.console, kNoCommandFile, kCommandFile, Because(out.why));
 }

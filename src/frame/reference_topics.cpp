@@ -1,5 +1,6 @@
 #include "frame/reference_topics.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include <fmt/format.h>
@@ -69,8 +70,7 @@ ReferenceTopic CommandTopic() {
   topic.parts.front().ahead = {
       "A command and its words may be typed in any case; names in one entry are equal. Small letters stand for an "
       "argument (topic arguments), words with a bar between them are the choice, brackets stand around what may be "
-      "left "
-      "out."};
+      "left out."};
   return topic;
 }
 
@@ -94,7 +94,6 @@ constexpr UnitRow kUnits[] = {
     {ScaleKind::position, "m; rad"}, {ScaleKind::velocity, "m/s; rad/s"}, {ScaleKind::acceleration, "m/s2; rad/s2"},
     {ScaleKind::force, "N; N m"},    {ScaleKind::load_force, "N"},        {ScaleKind::load_moment, "N m"},
     {ScaleKind::length, "m"},        {ScaleKind::speed, "m/s; rad; 1/s"},
-
 };
 
 std::string UnitOf(const QuantityRow& quantity) {
@@ -152,8 +151,7 @@ ReferenceTopic StatisticTopic() {
   ReferencePart part;
   part.ahead = {
       "The words of statistics. _CI behind one of the first eleven, of SSA and of TABLE asks for its confidence "
-      "interval "
-      "as well: half width, low, estimate, high. n is any number from 1."};
+      "interval as well: half width, low, estimate, high. n is any number from 1."};
   for (const StatisticEntry& row : AllStatistics()) part.rows.push_back({row.words, {std::string(TrimEnd(row.label))}});
   return {"statistics", "words of WRITE_STAT and ENSEMBLE_STAT", {part}};
 }
@@ -209,7 +207,8 @@ std::vector<ReferenceRow> RowsOfKeys(const ViewKeys& view) {
   std::vector<ReferenceRow> rows;
   for (const KeyInHelp& in_help : KeysInOrder(view)) {
     const ViewKey& key = *in_help.row;
-    const bool of_other_views = &view.rows.front() > &key || &key > &view.rows.back();
+    const auto own = [&](const ViewKey& row) { return &row == &key; };
+    const bool of_other_views = std::none_of(view.rows.begin(), view.rows.end(), own);
     if (of_other_views && !in_help.acts && view.by_step) continue;
     for (std::string_view line : key.help) {
       constexpr std::size_t kText = 8;  // column of a help line; a long name has a dash behind it

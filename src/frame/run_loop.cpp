@@ -42,9 +42,13 @@ void RunScript(Session& session, std::string_view name) {
   }
   EndQuiet(session);
   SayLine(console, kContinuing);
+  EndInitScript(run);
+}
+
+void EndInitScript(RunState& run) {
   run.script_active = false;
   run.script_is_init = false;
-  run.skip_prompt = SkipPrompt::ask;  // the user is there again
+  run.skip_prompt = SkipPrompt::ask;
 }
 
 void RunDialogue(Session& session) {

@@ -12,6 +12,9 @@ namespace zaview {
 // session stays open.
 void RunScript(Session& session, std::string_view name);
 
+// Behind a script that was started for the sake of what follows: the user is there again.
+void EndInitScript(RunState& run);
+
 // Continues the script, else shows the text menu, until a view or the end of the run is wanted.
 void RunDialogue(Session& session);
 

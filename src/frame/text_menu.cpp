@@ -24,6 +24,7 @@
 #include "frame/picture_dialogue.h"
 #include "frame/plot_menus.h"
 #include "frame/quantity_menu.h"
+#include "frame/run_loop.h"
 #include "gks/picture/picture_sheet.h"
 #include "script/open_script_file.h"
 #include "stats/tables/ensemble_dialogues.h"
@@ -141,9 +142,7 @@ void RunScriptFile(Session& s) {
   const int status = OpenScriptFile(s, "");
   if (s.run.plot_module != PlotModule::none) return;
   if (status != kScriptCancelled && status != kScriptNotRun) SayLine(s.platform.console, "ZAVIEW continuing...");
-  s.run.script_active = false;
-  s.run.script_is_init = false;
-  s.run.skip_prompt = SkipPrompt::ask;
+  EndInitScript(s.run);
 }
 
 void WriteKino(Session& s) {

@@ -223,7 +223,7 @@ void gksMenuAttach(MenuToolkit& kit, Platform& platform, GksState& gks, MenuHand
 
 int gksMenuInit(MenuToolkit& kit, std::string_view title) {
   Trace(ConsoleOf(kit), kTag, "gksMenuInit:");
-  const std::string name(TrimEnd(title).substr(0, kMenuTitle));
+  const std::string name(CutAtLetter(TrimEnd(title), kMenuTitle));
   if (kit.inmenu_pending != 0) {
     SayLine(ConsoleOf(kit), kStillPending);
     return 0;

@@ -20,6 +20,7 @@ constexpr std::string_view kStandardOutput = "/dev/stdout";
 constexpr std::string_view kWasRead = "this run has read that file";
 constexpr std::string_view kDirectory = "Is a directory";
 constexpr std::string_view kNoMemory = "no memory";
+constexpr std::string_view kLeftOver = "its folder is full of files .zaview-*.part of runs that were killed";
 
 std::string BesideName(const std::string& target, int number) {
   const std::size_t slash = target.rfind('/');
@@ -38,6 +39,7 @@ bool OpenBeside(const Files& files, const FileFacts& facts, OutputFile& out) {
     }
     if (!files.facts(files.self, name).exists) return false;  // the folder takes no new file
   }
+  out.why = kLeftOver;
   return false;
 }
 
@@ -140,9 +142,10 @@ bool OpenOutput(const Platform& platform, std::string_view name, OpenHow how, Ou
     out.why = facts.was_read ? kWasRead : kDirectory;
     return false;
   }
-  if (OpenTarget(platform.files, facts, out)) return true;
-  out.why = platform.files.why(platform.files.self);
-  return false;
+  const bool opened = OpenTarget(platform.files, facts, out);
+  if (opened) out.why.clear();
+  else if (out.why.empty()) out.why = platform.files.why(platform.files.self);
+  return opened;
 }
 
 void WriteOutput(OutputFile& out, std::string_view text) {

@@ -10,6 +10,7 @@
 #include "base/message.h"
 #include "base/number_parse.h"
 #include "base/text.h"
+#include "gks/kernel/primitives.h"
 
 namespace zaview {
 
@@ -23,7 +24,6 @@ constexpr std::string_view kNotSetable = "GLGKS WARNING: color indices 0 and 1 n
 constexpr std::string_view kBadWindowSize = "GLGKS ERROR : GLWINDOWSIZE value invalid";
 
 constexpr float kDegrees = 180.0F / 3.1415925F;
-constexpr int kMarkerTypes = 22;
 constexpr std::size_t kSwitchText = 80, kNotSetColumns = 8;  // columns that are looked at
 
 std::string_view OutOfRange(int index) {

@@ -62,7 +62,7 @@ constexpr Shape kShapes[] = {
     {{kDiamond}, true, false},                                // 21
 };
 
-constexpr int kMarkerTypes = static_cast<int>(std::size(kShapes));
+static_assert(std::size(kShapes) == kMarkerTypes);
 constexpr std::size_t kMostPoints = kCirclePoints;
 
 struct Sizes {

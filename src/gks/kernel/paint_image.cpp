@@ -18,7 +18,9 @@ constexpr int kLevels = 16;  // of coverage: few colours, so that picture files 
 constexpr int kCuts = 4;     // of a row of pixels, by a polygon's edges
 constexpr std::size_t kSamples = 3;
 
-constexpr float kWidest = 255.0F;  // pixels of a line
+constexpr float kWidest = 255.0F;   // pixels of a line
+constexpr int kPatternSteps = 16;   // until it begins anew
+constexpr float kLargest = 1.0e6F;  // pixels: what lies beyond is far outside of any picture
 
 using Ink = std::array<unsigned char, kSamples>;
 
@@ -58,7 +60,7 @@ struct Brush {
   Ink ink;
   int width = 1;
   unsigned pattern = kSolid;
-  int steps = 0;  // gone along the pattern
+  int steps = 0;  // gone along the pattern since it began anew
 };
 
 void PutBox(PictureImage& image, const Ink& ink, int left, int right, int top, int bottom) {  // ends not included
@@ -95,7 +97,7 @@ void PutSegment(PictureImage& image, Brush& brush, const Span& span, bool with_e
   const double middle = span.across - (brush.width % 2 == 0 ? 0.5 : 0.0);  // whole pixels of even widths too
   const double half = 0.5 * brush.width * std::sqrt(1.0 + span.slope * span.slope);
   const int start = brush.steps;
-  brush.steps += steps;
+  brush.steps = (brush.steps + steps) % kPatternSteps;
   if (begin >= end) return;
   if (span.slope == 0.0 && brush.pattern == kSolid) {
     const int a = first + way * begin, b = first + way * (end - 1), side = static_cast<int>(std::lround(middle - half));
@@ -104,17 +106,16 @@ void PutSegment(PictureImage& image, Brush& brush, const Span& span, bool with_e
     return;
   }
   for (int k = begin; k < end; ++k) {
-    if ((brush.pattern >> (static_cast<unsigned>(start + k) % 16U) & 1U) == 0) continue;
+    if ((brush.pattern >> static_cast<unsigned>((start + k) % kPatternSteps) & 1U) == 0) continue;
     const int along = first + way * k;
     const double centre = middle + span.slope * (along + 0.5 - span.from);
     PutAcross<upright>(image, brush.ink, along, centre - half, centre + half);
   }
 }
 
-// Of pixels; what lies beyond is far outside of any picture. Drawn letters of any size come here.
-double Limited(float place) {
-  constexpr float kLimit = 1.0e6F;
-  return std::clamp(place, -kLimit, kLimit);
+// Drawn letters of any size come here.
+float Limited(float place) {
+  return std::clamp(place, -kLargest, kLargest);
 }
 
 // Each segment ends ahead of the pixel where the next one begins.
@@ -125,7 +126,8 @@ void Line(void* self, const GksPen& pen, std::span<const GksPoint> strip) {
     const bool is_last = i + 1 == strip.size();
     const GksPoint a = strip[i - 1], b = strip[i];
     if (std::isnan(a.x + a.y + b.x + b.y)) continue;
-    const double x0 = Limited(a.x) + 0.5, y0 = Limited(a.y) + 0.5, x1 = Limited(b.x) + 0.5, y1 = Limited(b.y) + 0.5;
+    const double x0 = double{Limited(a.x)} + 0.5, y0 = double{Limited(a.y)} + 0.5;
+    const double x1 = double{Limited(b.x)} + 0.5, y1 = double{Limited(b.y)} + 0.5;
     const double dx = x1 - x0, dy = y1 - y0;
     if (std::abs(dx) >= std::abs(dy)) PutSegment<false>(image, brush, {x0, x1, y0, dx == 0.0 ? 0.0 : dy / dx}, is_last);
     else PutSegment<true>(image, brush, {y0, y1, x0, dx / dy}, is_last);
@@ -170,15 +172,34 @@ Range Touched(float low, float high, int limit) {
 
 // Sides along the axes, between pixels: most of what menus are made of.
 bool IsWholeBox(std::span<const GksPoint> p) {
-  constexpr float kLargest = 1.0e6F;
   const auto is_whole = [](float place) { return std::abs(place) <= kLargest && std::floor(place) == place; };
   return p.size() == 4 && p[0].y == p[1].y && p[1].x == p[2].x && p[2].y == p[3].y && p[3].x == p[0].x &&
          is_whole(p[0].x) && is_whole(p[0].y) && is_whole(p[2].x) && is_whole(p[2].y);
 }
 
+bool IsNearby(std::span<const GksPoint> polygon) {
+  return std::all_of(polygon.begin(), polygon.end(),
+                     [](GksPoint p) { return std::abs(p.x) <= kLargest && std::abs(p.y) <= kLargest; });
+}
+
+// With its corners no further away than that. False: one has no place, or memory is out.
+bool Approach(std::span<const GksPoint> polygon, std::vector<GksPoint>& nearby) {
+  if (!Grow(nearby, polygon.size())) return false;
+  for (std::size_t i = 0; i < polygon.size(); ++i) {
+    if (std::isnan(polygon[i].x + polygon[i].y)) return false;
+    nearby[i] = {Limited(polygon[i].x), Limited(polygon[i].y)};
+  }
+  return true;
+}
+
 void Fill(void* self, GksColour colour, std::span<const GksPoint> polygon) {
   PictureImage& image = Of(self);
   if (polygon.empty()) return;
+  std::vector<GksPoint> nearby;
+  if (!IsNearby(polygon)) {
+    if (!Approach(polygon, nearby)) return;
+    polygon = nearby;
+  }
   const Ink ink = InkOf(colour);
   if (IsWholeBox(polygon)) {
     const auto [left, right] = std::minmax({static_cast<int>(polygon[0].x), static_cast<int>(polygon[2].x)});

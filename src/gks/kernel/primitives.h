@@ -8,6 +8,8 @@
 
 namespace zaview {
 
+inline constexpr int kMarkerTypes = 22;
+
 [[nodiscard]] GksColour gksColourOf(const GksState& gks, int index);
 void gksDrawLine(const GksState& gks, const GksPen& pen, std::span<const float> x, std::span<const float> y);
 void gksDrawFill(const GksState& gks, GksColour colour, std::span<const float> x, std::span<const float> y);

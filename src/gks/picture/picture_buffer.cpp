@@ -6,6 +6,7 @@
 
 #include <GL/gl.h>
 #include <GL/glext.h>
+#include <fmt/format.h>
 
 #include "base/grow.h"
 
@@ -13,7 +14,9 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kTooLarge = "OpenGL can't draw a picture that large";
+constexpr fmt::string_view kTooLarge = "OpenGL draws pictures of {} pixels a side at most here";
+constexpr std::string_view kNoFrame = "OpenGL has no memory for the picture";
+constexpr std::string_view kNoRoom = "no memory for the picture";
 constexpr std::string_view kUnread = "the picture drawn by OpenGL can't be read";
 
 constexpr int kSamples = 4;  // a pixel, of smooth pictures
@@ -53,6 +56,12 @@ bool MakeParts(SceneBuffer& scene, int width, int height, bool smooth) {
   return MakePart(scene.drawn, 0, true, width, height);
 }
 
+std::string WhyNoParts(int side) {
+  GLint most = 0;
+  glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &most);
+  return side > most ? fmt::format(kTooLarge, most) : std::string(kNoFrame);
+}
+
 void TakeColours(const unsigned char* drawn, std::size_t pixels, unsigned char* rgb) {
   for (std::size_t i = 0; i < pixels; ++i)
     for (std::size_t k = 0; k < kParts; ++k) rgb[i * kParts + k] = drawn[i * kDrawnParts + k];
@@ -88,9 +97,10 @@ bool BindSceneBuffer(SceneBuffer& scene, int width, int height, bool smooth, std
   if (scene.width != width || scene.height != height || scene.smooth != smooth) {
     FreeSceneBuffer(scene);
     const std::size_t bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kDrawnParts;
-    if (!MakeParts(scene, width, height, smooth) || !Grow(scene.rgba, bytes)) {
+    const bool made = MakeParts(scene, width, height, smooth);
+    if (!made || !Grow(scene.rgba, bytes)) {
+      why = made ? std::string(kNoRoom) : WhyNoParts(std::max(width, height));
       FreeSceneBuffer(scene);
-      why = kTooLarge;
       return false;
     }
     scene.width = width;
@@ -103,7 +113,12 @@ bool BindSceneBuffer(SceneBuffer& scene, int width, int height, bool smooth, std
 
 bool ReadSceneBuffer(SceneBuffer& scene, PictureImage& image, std::string& why) {
   const int w = scene.width, h = scene.height;
-  while (glGetError() != GL_NO_ERROR) continue;  // of what was drawn before
+  if (!MakeImage(image, w, h)) {
+    why = kNoRoom;
+    return false;
+  }
+  constexpr int kErrorFlags = 16;  // more than there are: a context that is lost tells errors without end
+  for (int i = 0; i < kErrorFlags && glGetError() != GL_NO_ERROR; ++i) continue;  // of what was drawn before
   glBindFramebuffer(GL_READ_FRAMEBUFFER, scene.drawn.frame);
   if (scene.plain.frame != 0) {
     glBindFramebuffer(GL_DRAW_FRAMEBUFFER, scene.plain.frame);
@@ -112,7 +127,7 @@ bool ReadSceneBuffer(SceneBuffer& scene, PictureImage& image, std::string& why) 
   }
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   glReadPixels(0, 0, w, h, GL_RGBA, GL_UNSIGNED_BYTE, scene.rgba.data());  // as it was drawn: other forms are slow
-  const bool read = glGetError() == GL_NO_ERROR && image.width == w && image.height == h;
+  const bool read = glGetError() == GL_NO_ERROR;
   glBindFramebuffer(GL_FRAMEBUFFER, 0);
   if (read) TakeColours(scene.rgba.data(), static_cast<std::size_t>(w) * static_cast<std::size_t>(h), image.rgb.data());
   else why = kUnread;

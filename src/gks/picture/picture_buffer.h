@@ -26,11 +26,11 @@ struct SceneBuffer {  // of the context in which it was made
   std::vector<unsigned char> rgba;  // the picture on its way
 };
 
-// Binds it, made anew where size or samples are other ones. False, with the cause: it can't be that large; there is
-// none then.
+// Binds it, made anew where size or samples are other ones. False, with the cause: it can't be had; there is none
+// then.
 [[nodiscard]] bool BindSceneBuffer(SceneBuffer& scene, int width, int height, bool smooth, std::string& why);
 void FreeSceneBuffer(SceneBuffer& scene);
-// Into an image of its size; the window is bound again. False, with the cause: it can't be read.
+// Into an image, which gets its size; the window is bound again. False, with the cause: it can't be read.
 [[nodiscard]] bool ReadSceneBuffer(SceneBuffer& scene, PictureImage& image, std::string& why);
 
 }  // namespace zaview

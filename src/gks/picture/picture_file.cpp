@@ -21,6 +21,7 @@ namespace zaview {
 
 namespace {
 
+constexpr std::string_view kNoLibrary = "the library of BMP and GIF files is not here";
 constexpr int kPngLevel = 3;         // with the filter UP: a quarter of the time of the library's choice
 constexpr std::size_t kSamples = 3;  // bytes of a pixel
 constexpr std::size_t kPalette = 256;
@@ -188,9 +189,12 @@ gdImagePtr MakeFewColours(const GdCalls& gd, const Rows& rows) {
   return image;
 }
 
-bool PutGdImage(PictureFormat format, const Rows& rows, std::string& out) {
+bool PutGdImage(PictureFormat format, const Rows& rows, std::string& out, std::string_view& why) {
   GdCalls gd;
-  if (!OpenGd(gd)) return false;
+  if (!OpenGd(gd)) {
+    why = kNoLibrary;
+    return false;
+  }
   const gdImagePtr image = format == PictureFormat::gif ? MakeFewColours(gd, rows) : MakeTrueColour(gd, rows);
   if (image == nullptr) return false;
   int size = 0;
@@ -220,14 +224,17 @@ bool FormatOfName(std::string_view name, PictureFormat& format) {
   return false;
 }
 
-bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb,
-                   std::string& bytes) {
+bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb, std::string& bytes,
+                   std::string* why) {
   bytes.clear();
   if (width < 1 || height < 1) return false;
   const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kSamples;
   if (rgb.size() < size || IsVector(format)) return false;
   const Rows rows{width, height, rgb.first(size)};
-  return format == PictureFormat::png ? PutPng(rows, bytes) : PutGdImage(format, rows, bytes);
+  std::string_view fault = kPictureNoRoom;
+  const bool made = format == PictureFormat::png ? PutPng(rows, bytes) : PutGdImage(format, rows, bytes, fault);
+  if (!made && why != nullptr) *why = fault;
+  return made;
 }
 
 bool StorePicture(const Platform& platform, const std::string& name, std::string_view bytes, std::string* why) {
@@ -244,7 +251,7 @@ bool StorePicture(const Platform& platform, const std::string& name, std::string
 bool WritePicture(const Platform& platform, const std::string& name, PictureFormat format, int width, int height,
                   std::span<const unsigned char> rgb, std::string* why) {
   std::string bytes;
-  return EncodePicture(format, width, height, rgb, bytes) && StorePicture(platform, name, bytes, why);
+  return EncodePicture(format, width, height, rgb, bytes, why) && StorePicture(platform, name, bytes, why);
 }
 
 }  // namespace zaview

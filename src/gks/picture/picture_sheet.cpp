@@ -24,7 +24,7 @@ constexpr std::string_view kEmptySheet = "ERROR - Page has no pictures, nothing 
 constexpr fmt::string_view kTooLarge =
     "ERROR - Page {} would have {} x {} pixels, of {} a side at most : fewer rows or columns, a smaller window, "
     "or an SVG or PDF file";
-constexpr std::string_view kNoLibrary = " (the library of PDF files is not here)";
+constexpr std::string_view kNoLibrary = "the library of PDF files and smooth pictures is not here";
 
 std::string_view CapitalsOf(PictureFormat format) {
   if (format == PictureFormat::svg) return "SVG";
@@ -53,7 +53,7 @@ bool WriteRecordings(const Platform& platform, std::string_view name, const std:
   Say(platform.console, kWriting, CapitalsOf(format), file);
   if (!EncodeRecorded(format, {cells, columns}, bytes)) {
     const bool missing = format != PictureFormat::svg && !CanDrawRecorded();
-    Say(platform.console, kNotWritten, file, missing ? kNoLibrary : std::string_view());
+    Say(platform.console, kNotWritten, file, Because(missing ? kNoLibrary : kPictureNoRoom));
     return false;
   }
   if (StorePicture(platform, file, bytes, &why)) return true;

@@ -25,6 +25,7 @@ constexpr fmt::string_view kNoVideo = "ERROR - Video can't be written : {}{}";
 constexpr fmt::string_view kTooMany =
     "ERROR - {} picture{}, and not so many numbers in a row are free : STEP_INCREMENT makes fewer of them";
 constexpr fmt::string_view kNoProgram = "ERROR - {} not found";
+constexpr std::string_view kInPlace = "a video needs a plain file in a folder that takes new ones";
 constexpr std::string_view kOtherSize = "the window has another size by now";
 
 constexpr std::string_view kVideoProgram = "ffmpeg";
@@ -85,7 +86,7 @@ struct RunOutput {
   // The picture in hand; the second thread has it until it is joined.
   int width = 0, height = 0;
   std::vector<unsigned char> rgb;
-  std::string name, bytes;
+  std::string name, bytes, why;  // why: of what could not be made
   bool in_hand = false, made = false;
   std::thread maker;
 
@@ -137,13 +138,12 @@ bool MakeName(RunOutput& output) {
 }
 
 bool Encode(RunOutput& output) {
-  return EncodePicture(output.order.format, output.width, output.height, output.rgb, output.bytes);
+  return EncodePicture(output.order.format, output.width, output.height, output.rgb, output.bytes, &output.why);
 }
 
 bool Store(RunOutput& output) {
-  std::string why;
-  if (output.made && StorePicture(*output.platform, output.name, output.bytes, &why)) return true;
-  return SayFault(output, kNotWritten, why);
+  if (output.made && StorePicture(*output.platform, output.name, output.bytes, &output.why)) return true;
+  return SayFault(output, kNotWritten, output.why);
 }
 
 bool StoreTaken(RunOutput& output) {
@@ -163,10 +163,11 @@ bool OpenVideo(RunOutput& output) {
     Say(platform.console, kNoProgram, kVideoProgram);
     return false;
   }
-  const bool opened = OpenOutput(platform, output.name, OpenHow::replace, output.file);
-  if (opened && !output.file.beside.empty()) return true;
-  if (opened) DiscardOutput(output.file);
-  return SayFault(output, kNoVideo, output.file.why);
+  if (!OpenOutput(platform, output.name, OpenHow::replace, output.file))
+    return SayFault(output, kNoVideo, output.file.why);
+  if (!output.file.beside.empty()) return true;
+  DiscardOutput(output.file);
+  return SayFault(output, kNoVideo, kInPlace);
 }
 
 // Sides are made even, as the usual colours of a video want it; its rows begin at the top.
@@ -238,8 +239,8 @@ bool EndVideo(RunOutput& output) {
   return SayFault(output, kNoVideo, said.empty() ? output.file.why : said);
 }
 
+// By RunPictures.
 constexpr OutputRow kOutputs[] = {
-    // by RunPictures
     {FindNumbers, TakeNumber, Encode, StoreTaken, nullptr},
     {nullptr, MakeName, Encode, Store, nullptr},
     {OpenVideo, FeedVideo, WriteFrame, FrameWritten, EndVideo},

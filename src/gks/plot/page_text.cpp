@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "base/number_format.h"
+#include "base/text.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_draw.h"
 #include "gks/plot/dense_curve.h"
@@ -38,11 +39,8 @@ constexpr int kDot = 15;       // marker
 
 class OnPage {  // the page's transformation for a while, and text attributes back at its end
  public:
-  explicit OnPage(PlotDraw draw) : gks_(draw.gks), before_(draw.gks.attribute), selected_(draw.gks.selected) {
-    dgSelectGraf(draw, 0);
-  }
+  explicit OnPage(PlotDraw draw) : gks_(draw.gks), before_(draw.gks.attribute), page_(draw.gks, kPageTransform) {}
   ~OnPage() {
-    GSELNT(gks_, selected_);
     GSTXAL(gks_, before_.align_x, before_.align_y);
     GSCHH(gks_, before_.char_height);
   }
@@ -52,7 +50,7 @@ class OnPage {  // the page's transformation for a while, and text attributes ba
  private:
   GksState& gks_;
   GksAttributes before_;
-  int selected_;
+  SelectedTransform page_;
 };
 
 struct Extent {
@@ -164,7 +162,7 @@ std::string CutToWidth(PlotDraw draw, std::string_view text, float height, float
   std::string cut(kDots);
   while (fits + 1 < too_long) {
     const std::size_t middle = (fits + too_long) / 2;
-    std::string tried = fmt::format("{}{}", text.substr(0, middle), kDots);
+    std::string tried = fmt::format("{}{}", CutAtLetter(text, middle), kDots);
     const bool fit = !(TextWidth(draw, tried, height) > width);
     (fit ? fits : too_long) = middle;
     if (fit) cut = std::move(tried);

@@ -16,7 +16,7 @@ void DrawThinned(PlotDraw draw, std::span<const float> x, std::span<const float>
 inline constexpr int kDashes = 6;
 void SetDash(PlotDraw draw, int dash);
 
-// At most 8 characters, as many digits as fit: "-12.3457", "1.23e12", "NaN".
+// At most 8 characters, as many digits as fit: "-12.3457", "1.23e12"; what is no number is 0.
 [[nodiscard]] std::string ShortNumber(float value);
 
 [[nodiscard]] float TextWidth(PlotDraw draw, std::string_view text, float height);

@@ -109,7 +109,7 @@ float HeadingBaseline(PlotDraw draw, float height, std::string_view text, int li
 }
 
 void TakeName(std::string_view text, std::string& name, bool& named) {
-  name = PlotText(text).substr(0, kNameRoom);
+  name = CutAtLetter(PlotText(text), kNameRoom);
   named = true;
 }
 

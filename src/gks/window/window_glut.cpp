@@ -460,7 +460,7 @@ bool BeginScene(void* self, int id, bool smooth, std::string& why) {
 PictureImage* EndScene(void* self, int id, std::string& why) {
   GlutWindows& windows = Of(self);
   Row* const row = Find(windows, id);
-  if (row == nullptr || !MakeImage(row->image, row->width, row->height)) return nullptr;
+  if (row == nullptr) return nullptr;
   const InWindow in(windows, *row);
   return ReadSceneBuffer(row->scene, row->image, why) ? &row->image : nullptr;
 }

@@ -235,14 +235,14 @@ bool BeginScene(void* self, int id, bool smooth, std::string& why) {
 
 PictureImage* EndScene(void* self, int id, std::string& why) {
   Row* const row = Find(Of(self), id);
-  if (row == nullptr || !MakeImage(row->image, row->width, row->height)) return nullptr;
+  if (row == nullptr) return nullptr;
   return ReadSceneBuffer(row->scene, row->image, why) ? &row->image : nullptr;
 }
 
 void Present(void*, int) {}
 
 bool ReadMainPicture(void* self, int width, int height, unsigned char* rgb) {
-  return ReadOffscreenPicture(Of(self), 1, width, height, rgb);
+  return ReadOffscreenPicture(Of(self), kMainWindow, width, height, rgb);
 }
 
 void SetIdle(void* self, bool on) {

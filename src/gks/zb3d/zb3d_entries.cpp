@@ -7,6 +7,7 @@
 
 #include "base/grow.h"
 #include "base/message.h"
+#include "base/text.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/plot/page_inside.h"
 #include "gks/zb3d/zb3d_project.h"
@@ -190,7 +191,7 @@ void zb3dPolygon(ZbDraw draw, std::span<const ScenePoint> points, ZbFill fill, i
 void zb3dText(ZbDraw draw, std::string_view text, ScenePoint at) {
   const Zb3dState& zb = draw.zb;
   ZbText words{.height = zb.char_height, .align_x = zb.align_x, .align_y = zb.align_y};
-  text = text.substr(0, kZbTextRoom);
+  text = CutAtLetter(text, kZbTextRoom);
   words.length = static_cast<int>(text.size());
   std::copy(text.begin(), text.end(), words.characters.begin());
   ZbEntity row = NextEntity(zb, ZbKind::text, 1);

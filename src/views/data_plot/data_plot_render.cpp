@@ -61,7 +61,7 @@ std::vector<std::string> HeadingLines(const PlotFacts& facts, const DataPlotStat
     if (!IsBlank(line)) lines.emplace_back(TrimEnd(line));
   };
   if (plot.texts.file) add(FileLine(facts.store, ShowsEnsemble(plot) && facts.ensemble.nrec > 1));
-  if (plot.texts.quantity) add(std::string_view(names.title).substr(0, kTitleColumns));
+  if (plot.texts.quantity) add(CutAtLetter(names.title, kTitleColumns));
   if (plot.texts.mode) add(ModeLine(facts, plot));
   add(names.note);
   return lines;

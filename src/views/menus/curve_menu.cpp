@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "case/settings/point_settings.h"
 #include "menu/menu_build.h"
@@ -54,7 +55,7 @@ void BuildQuantityList(MenuToolkit& kit, Session& s) {
   const int count = std::max(static_cast<int>(shown.size()), 1);
   gksMenuSelectionList(kit, kOneInBox, count, s.data_plot.quantity.iqnt, std::min(count, kQuantityLines));
   for (const int iqnt : shown)
-    gksMenuAddListItem(kit, QuantityLabel(s.case_store, iqnt).substr(0, kQuantityColumns), iqnt);
+    gksMenuAddListItem(kit, CutAtLetter(QuantityLabel(s.case_store, iqnt), kQuantityColumns), iqnt);
 }
 
 // One of a point that was never given begins with the origin of the input, and asks for it.

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "base/platform_posix.h"
@@ -85,6 +86,22 @@ TEST(OutputFile, NothingShowsBeforeTheEnd) {
   }
   EXPECT_EQ(fake.Bytes("d/t"), piece + piece);
   EXPECT_EQ(fake.Bytes("d/u"), "(no file)");
+}
+
+// Names of runs that were killed are passed by; where all are taken that is the reason, and the old file stays.
+TEST(OutputFile, LeftOverNamesAreTold) {
+  FakePlatform fake;
+  for (int number = 0; number < 999; ++number) fake.Put(fmt::format("/d/.zaview-{}.part", number), "");
+  fake.Put("/d/t", "old");
+  const Platform platform = fake.Get();
+  OutputFile out;
+  EXPECT_TRUE(OpenOutput(platform, "/d/t", OpenHow::replace, out));
+  EXPECT_EQ(out.why, "");
+  DiscardOutput(out);
+  fake.Put("/d/.zaview-999.part", "");
+  EXPECT_FALSE(OpenOutput(platform, "/d/t", OpenHow::replace, out));
+  EXPECT_EQ(out.why, "its folder is full of files .zaview-*.part of runs that were killed");
+  EXPECT_EQ(fake.Bytes("/d/t"), "old");
 }
 
 TEST(OutputFile, TwoOfOneFileAreTold) {

@@ -351,5 +351,21 @@ TEST(Colours, EachPrimitiveHasItsOwnAndReverseVideoTurnsThem) {
   }
 }
 
+// Whatever a painter is given it stays within its picture.
+TEST(GksPaint, PlacesFarOutsideAndNone) {
+  constexpr float kFar = 3.0e38F;
+  PictureImage image{8, 8, std::vector<unsigned char>(8 * 8 * 3, 0)};
+  const GksPaint paint = ImagePaint(image);
+  const auto lit = [&] { return std::count(image.rgb.begin(), image.rgb.end(), 0xFF) / 3; };
+  paint.fill(paint.self, {1, 1, 1}, std::vector<GksPoint>{{-kFar, -kFar}, {kFar, -kFar}, {NAN, 4}});
+  EXPECT_EQ(lit(), 0);
+  paint.fill(paint.self, {1, 1, 1}, std::vector<GksPoint>{{-kFar, -kFar}, {kFar, -kFar}, {kFar, 4}, {-kFar, 4}});
+  EXPECT_EQ(lit(), 8 * 4);
+  std::vector<GksPoint> line;  // as long as the range of int is not
+  for (int i = 0; i < 4000; ++i) line.push_back({i % 2 == 0 ? -kFar : kFar, 6});
+  paint.line(paint.self, {{1, 1, 1}, 1, 0x5555}, line);
+  EXPECT_EQ(lit(), 8 * 4 + 4);
+}
+
 }  // namespace
 }  // namespace zaview
