@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "base/angles.h"
 #include "base/side_by_side.h"
 #include "stats/record_stats.h"
 
@@ -91,7 +92,7 @@ bool FourierCoefficients(const FourierRequest& request, double dt, std::span<con
   t = t.first(n);
   x = x.first(n);
   const double T = static_cast<double>(n - 1) * dt;
-  const double dw = 2.0 * std::numbers::pi / T;
+  const double dw = kTwoPi / T;
   out.a0 = (2.0 / T) * MeanIntegral(dt, x);
   const int nfreq = ComponentCount(request, dt, dw, out.nskip);
   Harmonic harmonic;
@@ -118,7 +119,7 @@ bool FindWavePhase(std::span<const float> t, std::span<const float> wave, WavePh
   if (n < 2 || wave.size() != n) return false;
   out.dt = (double{t.back()} - t.front()) / static_cast<double>(n - 1);
   if (!(out.dt > 0)) return false;
-  FindHarmonic(2.0 * std::numbers::pi / (static_cast<double>(n - 1) * out.dt), t, out.first);
+  FindHarmonic(kTwoPi / (static_cast<double>(n - 1) * out.dt), t, out.first);
   out.found = FirstPhase(out, wave, MeanOf(wave), out.phase);
   return out.found;
 }

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <fftw3.h>
 #include <memory>
-#include <numbers>
 
+#include "base/angles.h"
 #include "base/grow.h"
 
 namespace zaview {
@@ -13,7 +13,6 @@ namespace zaview {
 namespace {
 
 constexpr std::size_t kLeastSegment = 4, kLargestSegment = std::size_t{1} << 30U;
-constexpr double kTwoPi = 2.0 * std::numbers::pi;
 
 struct FreeFftw {
   void operator()(void* memory) const { fftw_free(memory); }

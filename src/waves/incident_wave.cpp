@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <numbers>
 
+#include "base/angles.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "waves/dispersion.h"
@@ -15,7 +15,6 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kLeftOut = "WRN199 - {} wave component(s) with non-positive frequency are left out";
-constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr int kHighestOrder = 5;
 
 bool ReserveAll(IncidentWave& wave, std::size_t n) {

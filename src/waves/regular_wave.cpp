@@ -1,18 +1,14 @@
 #include "waves/regular_wave.h"
 
 #include <cmath>
-#include <numbers>
 
+#include "base/angles.h"
 #include "control/input_scales.h"
 #include "waves/dispersion.h"
 #include "waves/stokes.h"
 
 namespace zaview {
-namespace {
-
-constexpr double kRadians = std::numbers::pi / 180.0;
-
-}  // namespace
+namespace {}  // namespace
 
 bool FindRegularWave(const ControlRecords& records, RegularWave& wave) {
   const SeawayInput& seaway = records.seaway;

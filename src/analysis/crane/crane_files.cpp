@@ -4,10 +4,10 @@
 #include <array>
 #include <cmath>
 #include <iterator>
-#include <numbers>
 #include <string_view>
 
 #include "analysis/crane/crane_vectors.h"
+#include "base/angles.h"
 #include "base/grow.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
@@ -26,8 +26,6 @@ constexpr std::string_view kRigid = "Cable(s) are assumed to be rigid";
 constexpr std::string_view kGlobal = "- Initial positions are in global coordinates";
 constexpr std::string_view kNotFedBack =
     "- Motions of the ship are given: tensions of cables do not act on it (CRANE_IFRC 1)";
-
-constexpr double kDegrees = 180 / std::numbers::pi;
 
 constexpr double kRounding = 1e-12;  // of the reference length: what is left of a sum that is 0
 
@@ -63,11 +61,11 @@ void AppendCables(const CraneInput& input, const CraneModel& m, Report& report) 
     const double w = std::sqrt(static_cast<double>(m.cables) * k / m.mass);
     report.Value("Cable spring constant           -", k * report.scales.force[0] / report.length());
     report.Value("Cable nat. frequency in stretch -", w / report.T);
-    report.Value("Cable nat. period in stretch    -", 2 * std::numbers::pi / w * report.T);
+    report.Value("Cable nat. period in stretch    -", kTwoPi / w * report.T);
   }
   const double swing = std::sqrt(m.gravity / length);
   report.Value("Approx nat. frequency in swing  -", swing / report.T);
-  report.Value("Approx nat. period in swing     -", 2 * std::numbers::pi / swing * report.T);
+  report.Value("Approx nat. period in swing     -", kTwoPi / swing * report.T);
 }
 
 void AppendPlaces(const CraneRun& run, Report& report) {

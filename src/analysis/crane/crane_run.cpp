@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <string_view>
 
 #include "analysis/crane/crane_vectors.h"
 #include "analysis/crane/ship_motion.h"
+#include "base/angles.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
@@ -30,7 +30,6 @@ constexpr std::string_view kInterrupted = "Crane & cargo simulation interrupted 
 constexpr std::string_view kGap = "ERROR - steps {} to {} hold no motion: crane & cargo need every step in use";
 constexpr std::string_view kNoSteps = "ERROR - there are no steps in use";
 
-constexpr double kDegree = std::numbers::pi / 180;
 constexpr double kRigidStretch = 1e-3;  // of the length, for several rigid cables: each takes its share then
 
 // ---- From the input to the model
@@ -63,8 +62,8 @@ Boom BoomOf(const ModelMaking& making, std::size_t cable) {
   boom.base = making.ShipPoint(input.RBASE0[cable]);
   if (input.INBOOM == kBoomAngles) {
     boom.length = given[0] * making.scales.length;
-    boom.slew = given[1] * kDegree;
-    boom.luff = given[2] * kDegree;
+    boom.slew = given[1] * kRadians;
+    boom.luff = given[2] * kRadians;
     return boom;
   }
   const Vector3 along = Minus(making.ShipPoint(given), boom.base);
@@ -77,7 +76,7 @@ Boom BoomOf(const ModelMaking& making, std::size_t cable) {
 // axis: 0 luff, 2 slew, 3 cable.
 AxisLimits LimitsOf(const ModelMaking& making, std::size_t axis) {
   const CraneInput& input = making.input;
-  const double unit = axis == 3 ? making.scales.length : kDegree, T = making.scales.time;
+  const double unit = axis == 3 ? making.scales.length : kRadians, T = making.scales.time;
   return {input.RTLIM[axis] * unit / T, input.ACLIM[axis] * unit / (T * T), input.LIMIT[2 * axis] * unit,
           input.LIMIT[2 * axis + 1] * unit};
 }
@@ -91,7 +90,7 @@ void TakeCommands(const ModelMaking& making, CraneModel& model) {
   model.length_limits = LimitsOf(making, 3);
   for (const std::array<double, 4>& command : making.input.BANG)
     model.commands.push_back(
-        {command[0] / T, command[1] * kDegree, command[2] * kDegree, command[3] * making.scales.length});
+        {command[0] / T, command[1] * kRadians, command[2] * kRadians, command[3] * making.scales.length});
 }
 
 CargoStart StartOf(const ModelMaking& making) {
@@ -99,13 +98,13 @@ CargoStart StartOf(const ModelMaking& making) {
   CargoStart start;
   start.by_swing = input.INCARGO == kCargoSwing;
   if (start.by_swing) {
-    start.azimuth = input.cargo[0] * kDegree;
-    start.elevation = input.cargo[1] * kDegree;
+    start.azimuth = input.cargo[0] * kRadians;
+    start.elevation = input.cargo[1] * kRadians;
     start.stretch = input.cargo[2] * making.scales.length;
   } else {
     start.end = making.ShipPoint(input.cargo);
   }
-  if (input.DOF == 6) start.euler = Times(kDegree, input.ACARGO);
+  if (input.DOF == 6) start.euler = Times(kRadians, input.ACARGO);
   return start;
 }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "base/angles.h"
 #include "case/ship_pose.h"
 #include "control/input_scales.h"
 
@@ -41,7 +41,7 @@ Rates RatesFromPositions(const CaseStore& store, int step) {
     const double here = store.pmgg.at(component, step);
     for (std::size_t k = 0; k < n; ++k) {
       double apart = store.pmgg.at(component, from + static_cast<int>(k)) - here;
-      if (i >= 3) apart = std::remainder(apart, 2 * std::numbers::pi);
+      if (i >= 3) apart = std::remainder(apart, kTwoPi);
       rates.first[i] += weights.first[k] * apart;
       rates.second[i] += weights.second[k] * apart;
     }

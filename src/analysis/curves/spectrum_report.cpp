@@ -4,11 +4,11 @@
 #include <cmath>
 #include <cstddef>
 #include <iterator>
-#include <numbers>
 #include <string>
 #include <vector>
 
 #include "analysis/curves/curve_stretches.h"
+#include "base/angles.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
@@ -27,7 +27,6 @@ constexpr std::string_view kNoRecord = "ERROR - no spectrum: the record has no t
 constexpr std::string_view kUneven = "ERROR - no spectrum: the time steps are not equal";
 
 constexpr std::size_t kLeastSegment = 4;  // steps
-constexpr double kTwoPi = 2.0 * std::numbers::pi;
 
 struct CurveSpectrum {
   WelchSpectrum welch;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "analysis/motion_tests/upright_stability.h"
+#include "base/angles.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
@@ -22,7 +23,6 @@ namespace {
 
 constexpr int kFreeMotion = 2;
 constexpr int kHeave = 3, kRoll = 4, kPitch = 5;
-constexpr double kDegrees = 180 / std::numbers::pi;
 
 constexpr std::string_view kFewPeaks = "ERR476 - Not enough amplitude peaks to compute the roll decay coefficients";
 constexpr std::string_view kNoMemory = "ERROR allocating memory";
@@ -50,7 +50,7 @@ double Mean(std::span<const float> x) {
 }
 
 double Frequency(double period) {
-  return period > 0 ? 2 * std::numbers::pi / period : 0;
+  return period > 0 ? kTwoPi / period : 0;
 }
 
 double Ratio(double a, double b) {
@@ -182,7 +182,7 @@ ResultCurve FittedDecay(const RollDecayResult& result) {
     const double turns = (result.time[i] - begin) / T;
     const double size = (first.value - middle) * std::exp(-coefficient * 2 * std::numbers::pi * turns);
     fit.x.push_back(result.time[i]);
-    fit.y.push_back(static_cast<float>(middle + size * std::cos(2 * std::numbers::pi * turns)));
+    fit.y.push_back(static_cast<float>(middle + size * std::cos(kTwoPi * turns)));
   }
   return fit;
 }

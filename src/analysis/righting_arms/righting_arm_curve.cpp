@@ -2,15 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <utility>
 
+#include "base/angles.h"
 #include "base/grow.h"
 
 namespace zaview {
 namespace {
 
-constexpr double kRadians = std::numbers::pi / 180;
 constexpr int kMostIterations = 40;
 constexpr int kHalvedStep = 20;         // deliberate: it breaks an oscillation between two states
 constexpr double kTolerance = 1e-5;     // of the force, and of force times length

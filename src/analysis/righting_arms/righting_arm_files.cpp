@@ -2,17 +2,15 @@
 
 #include <cmath>
 #include <iterator>
-#include <numbers>
 #include <vector>
 
+#include "base/angles.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/text.h"
 
 namespace zaview {
 namespace {
-
-constexpr double kDegrees = 180 / std::numbers::pi;
 
 struct DirectionTexts {
   std::string_view title, statistics_head, curve_head;

@@ -3,8 +3,8 @@
 #include <array>
 #include <cmath>
 #include <iterator>
-#include <numbers>
 
+#include "base/angles.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
 #include "case/kino_motions.h"
@@ -22,7 +22,6 @@ constexpr std::string_view kLineHead = "  Distance    Visible_height  for time= 
 constexpr std::string_view kPointsTitle = "Visible heights above mean free surface";
 constexpr std::string_view kPointsHeads[] = {"                Visible height at distance:", "   Time      "};
 constexpr std::string_view kPointsName = "Visible height at distance={}";
-constexpr double kRadians = std::numbers::pi / 180.0;
 
 Shown ShownOf(double value) {
   return {static_cast<float>(value)};

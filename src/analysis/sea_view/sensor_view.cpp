@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "analysis/do_or_say.h"
 #include "analysis/sea_view/root_files.h"
 #include "analysis/sea_view/sensor_tables.h"
+#include "base/angles.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
@@ -25,7 +25,6 @@ namespace {
 constexpr std::string_view kRadiusSet = "Earth radius set to {} based on GRAVIN= {}";
 constexpr std::string_view kRadiusNotSet = "ERROR in sensor view calculation - cannot set earth radius based on GRAVIN";
 constexpr std::string_view kNoMemory = "ERROR allocate sensor view arrays";
-constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr std::string_view kInterrupted = "Sensor view interrupted at time step {}";
 constexpr std::size_t kTasksAtOnce = 32;  // lines between two looks at the clock
 constexpr std::size_t kHistories = 6;     // points whose histories are kept for a picture

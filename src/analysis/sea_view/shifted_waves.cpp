@@ -4,10 +4,10 @@
 #include <array>
 #include <cmath>
 #include <iterator>
-#include <numbers>
 
 #include "analysis/do_or_say.h"
 #include "analysis/sea_view/root_files.h"
+#include "base/angles.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/number_format.h"
@@ -36,7 +36,6 @@ constexpr std::string_view kMotionHead =
     "           ElevCG       Elev_orig";
 constexpr std::string_view kMotionNames[] = {"Time",   "Xcg",    "Ycg",    "Zcg",    "Roll",   "Pitch",    "Yaw",
                                              "VHeave", "Vpitch", "AHeave", "APitch", "ElevCG", "Elev_orig"};
-constexpr double kRadians = std::numbers::pi / 180.0;
 
 // Of a direction along an axis, whose degrees are no whole radians.
 double Cosine(double value) {
@@ -164,7 +163,7 @@ std::string ComponentTable(const OutputSettings& settings, const CaseStore& case
   for (std::size_t i = 0; i < list.size(); ++i) {
     const auto w = static_cast<double>(list.FREQW[i]);
     const double b = static_cast<double>(list.HEADW[i]) * kRadians;
-    const double period = w > 0.0 ? 2.0 * std::numbers::pi / w * T : 0.0;
+    const double period = w > 0.0 ? kTwoPi / w * T : 0.0;
     const double values[] = {w / T,
                              period,
                              static_cast<double>(list.HEADW[i]),

@@ -4,14 +4,13 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <numbers>
 
+#include "base/angles.h"
 #include "base/grow.h"
 
 namespace zaview {
 namespace {
 
-constexpr double kDegrees = 180.0 / std::numbers::pi;
 constexpr double kLowest = -std::numeric_limits<double>::infinity();
 
 constexpr double kSamplesAWave = 16.0;
@@ -105,7 +104,7 @@ double SampleStep(const IncidentWave& wave, double nearest, double farthest) {
   for (std::size_t i = 0; i < wave.size(); ++i) {
     if (largest > 0.0 && std::abs(static_cast<double>(wave.a[i])) >= kLeastShare * largest) k = std::max(k, wave.k[i]);
   }
-  const double step = k > 0.0 ? 2.0 * std::numbers::pi / (kSamplesAWave * k) : farthest / kCalmSamples;
+  const double step = k > 0.0 ? kTwoPi / (kSamplesAWave * k) : farthest / kCalmSamples;
   return std::max(std::min(step, nearest / kNearestShare), farthest / kMostSamples);
 }
 

@@ -2,16 +2,14 @@
 
 #include <cmath>
 #include <cstddef>
-#include <numbers>
 
+#include "base/angles.h"
 #include "base/grow.h"
 #include "waves/dispersion.h"
 #include "waves/stokes.h"
 
 namespace zaview {
 namespace {
-
-constexpr double kRadians = std::numbers::pi / 180.0;
 
 double Folded(double degrees) {
   const double rest = std::remainder(degrees, 360.0);

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/angles.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
@@ -27,8 +28,6 @@ inline constexpr std::string_view kHowMany = "How many time steps to skip=>";
 constexpr int kLongRun = 500;  // above: kLongSkip
 constexpr int kLongSkip = 300;
 constexpr int kShortRun = 100;  // below: the relevant period; between: half the run
-
-constexpr double kTwoPi = 2 * std::numbers::pi;
 
 double Radians(double degrees) {
   return degrees * std::numbers::pi / 180;

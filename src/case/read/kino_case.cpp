@@ -1,10 +1,10 @@
 #include "case/read/kino_case.h"
 
 #include <array>
-#include <numbers>
 #include <utility>
 #include <vector>
 
+#include "base/angles.h"
 #include "base/grow.h"
 #include "base/number_parse.h"
 #include "base/text.h"
@@ -14,8 +14,6 @@
 
 namespace zaview {
 namespace {
-
-constexpr double kDegrees = 180 / std::numbers::pi;
 
 // A control text for what the files tell: everything in input units, which are those of the motions file.
 void FillControl(const KinoCase& kino, ControlRecords& control) {

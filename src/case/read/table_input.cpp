@@ -4,12 +4,12 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <numbers>
 #include <optional>
 #include <span>
 #include <utility>
 #include <vector>
 
+#include "base/angles.h"
 #include "base/grow.h"
 #include "base/line_source.h"
 #include "base/message.h"
@@ -78,7 +78,6 @@ constexpr FaultText kFaults[] = {
 constexpr std::string_view kEndings[] = {".CSV", ".TSV"};
 constexpr std::size_t kListed = 20;  // columns told one by one
 constexpr std::size_t kSix = 6;
-constexpr double kDegrees = 180 / std::numbers::pi;
 constexpr double kFoot = 0.3048;
 constexpr double kLargest = std::numeric_limits<float>::max();
 

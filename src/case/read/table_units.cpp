@@ -1,8 +1,8 @@
 #include "case/read/table_units.h"
 
-#include <numbers>
 #include <utility>
 
+#include "base/angles.h"
 #include "base/text.h"
 
 namespace zaview {
@@ -13,7 +13,6 @@ struct UnitRow {
   TableUnit unit;
 };
 constexpr std::string_view kDegreeSign = "\xC2\xB0", kDegreeSignLatin = "\xB0";  // UTF-8, Latin 1
-constexpr double kDegree = std::numbers::pi / 180;
 constexpr TableUnit kOther{TableUnitKind::other, 1};
 constexpr TableUnit Length(double factor) {
   return {TableUnitKind::length, factor};
@@ -32,11 +31,11 @@ constexpr UnitRow kUnits[] = {
     {"ft", Length(0.3048)},
     {"feet", Length(0.3048)},
     {"in", Length(0.0254)},
-    {"deg", Angle(kDegree)},
-    {"degree", Angle(kDegree)},
-    {"degrees", Angle(kDegree)},
-    {kDegreeSign, Angle(kDegree)},
-    {kDegreeSignLatin, Angle(kDegree)},
+    {"deg", Angle(kRadians)},
+    {"degree", Angle(kRadians)},
+    {"degrees", Angle(kRadians)},
+    {kDegreeSign, Angle(kRadians)},
+    {kDegreeSignLatin, Angle(kRadians)},
     {"rad", Angle(1)},
     {"s", Time(1)},
     {"sec", Time(1)},

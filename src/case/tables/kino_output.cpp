@@ -3,9 +3,9 @@
 #include <array>
 #include <cmath>
 #include <iterator>
-#include <numbers>
 #include <span>
 
+#include "base/angles.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
@@ -26,7 +26,6 @@ inline constexpr std::string_view kTransformation[] = {
     "To use this file with geometry specified in ZAVO input coordinates,",
     "an initial transformation must be specified:"};
 
-constexpr double kDegrees = 180 / std::numbers::pi;
 constexpr double kUsualGravity = 9.81;  // what a viewer takes if it is told nothing
 constexpr double kSameGravity = 0.001;  // of it
 

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+
+#include "base/angles.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr double kNarrowest = 1.0;  // degrees
 constexpr double kAround = 1.1;     // of the reach: a margin
 

@@ -2,15 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "base/angles.h"
 #include "geometry/hull_cells.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr double kLeastWidth = 1.0;  // degrees, of the aperture
 
 // Half of a ship of length 1 where no hull is known.
