@@ -1,12 +1,9 @@
 #include "case/case_hull.h"
 
+#include "frame/ground/input_file.h"
 #include "geometry/case_geometry.h"
 
 namespace zaview {
-
-std::string_view FolderOf(std::string_view name) {
-  return name.substr(0, name.rfind('/') + 1);
-}
 
 bool EnsureHull(const Platform& platform, CaseStore& case_store) {
   if (!case_store.has_case) return false;

@@ -9,7 +9,4 @@ namespace zaview {
 // case_store.hull. Prints the lines of its reading the first time. False: the geometry could not be read.
 [[nodiscard]] bool EnsureHull(const Platform& platform, CaseStore& case_store);
 
-// Directory of a file name with its slash; blank for the working directory.
-[[nodiscard]] std::string_view FolderOf(std::string_view name);
-
 }  // namespace zaview

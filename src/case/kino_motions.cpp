@@ -11,6 +11,7 @@
 #include "base/grow.h"
 #include "base/line_source.h"
 #include "base/list_read.h"
+#include "base/number_format.h"
 #include "base/text.h"
 
 namespace zaview {
@@ -83,7 +84,7 @@ MotionsFault ReadKinoMotions(const Files& files, FileHandle file, KinoMotions& m
 
 void AppendKinoStep(std::string& text, const std::array<double, 7>& step) {
   for (const double& value : step)
-    fmt::format_to(std::back_inserter(text), "{}{:.9g}", &value == step.data() ? "" : " ", value + 0.0);
+    fmt::format_to(std::back_inserter(text), "{}{:.9g}", &value == step.data() ? "" : " ", Finite(value) + 0.0);
   text += '\n';
 }
 

@@ -9,6 +9,7 @@
 #include "case/size_history.h"
 #include "control/options_lookup.h"
 #include "control/spectrum_check.h"
+#include "frame/ground/input_file.h"
 #include "waves/components.h"
 #include "waves/incident_wave.h"
 #include "waves/phases.h"

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "control/module_table.h"
 #include "control/options_module.h"
+#include "frame/ground/input_file.h"
 
 namespace zaview {
 namespace {
@@ -77,15 +78,9 @@ struct FileRoom {
 
 enum class FileStatus : std::uint8_t { ok, not_opened, too_long };
 
-FileHandle OpenPlain(const Files& files, const std::string& name) {
-  return files.facts(files.self, name).plain ? files.open_read(files.self, name) : kNoFile;
-}
-
 FileHandle OpenModuleFile(const Files& files, const std::string& name, const std::string& run) {
-  const FileHandle file = OpenPlain(files, name);
-  const std::size_t slash = run.rfind('/');
-  if (file != kNoFile || name.front() == '/' || slash == std::string::npos) return file;
-  return OpenPlain(files, run.substr(0, slash + 1) + name);
+  const std::string path = NamedFile(files, name, FolderOf(run));
+  return path.empty() ? kNoFile : files.open_read(files.self, path);
 }
 
 // A module's own $ line may stand in its file ahead of the data; one behind them ends it.
@@ -186,7 +181,8 @@ void ReadOne(ModuleReading& reading, const ModuleRow& row, ModuleText& module) {
   const std::string file = ModuleFile(module.header);
   FileStatus status = FileStatus::ok;
   if (!file.empty()) status = ReadModuleFile(reading.platform.files, file, reading.run, reading.room, module.lines);
-  if (status == FileStatus::not_opened) Say(console, kNoModuleFile, file, WhyNotOpened(reading.platform.files, file));
+  if (status == FileStatus::not_opened)
+    Say(console, kNoModuleFile, file, WhyNoNamedFile(reading.platform.files, file, FolderOf(reading.run)));
   if (status == FileStatus::too_long) Say(console, kLongModuleFile, file);
   int set = 1;
   const ModuleFault fault = ReadFields(row, module, reading.records, set);

@@ -16,8 +16,6 @@ namespace {
 
 constexpr std::string_view kNetcdfFile = "Enter NetCDF output file name:\n(BLANK or QUIT to abort)";
 constexpr std::string_view kVtkRoot = "Enter name that the VTK files begin with:\n(BLANK or QUIT to abort)";
-constexpr std::string_view kNotOpen = "ERROR opening output file: {}{}";
-constexpr std::string_view kNotWritten = "ERROR writing output file: {}{}";
 
 // False: there is none.
 bool AskName(const Console& console, std::string_view prompt, std::string& name) {
@@ -32,12 +30,12 @@ void AskNetcdf(const Platform& platform, const OutputSettings& settings, CaseSto
   if (!AskName(console, kNetcdfFile, name)) return;
   OutputFile out;
   if (!OpenOutput(platform, Trim(name), OpenHow::replace, out)) {
-    Say(console, kNotOpen, Trim(name), Because(out.why));
+    Say(console, kOutputNotOpen, Trim(name), Because(out.why));
     return;
   }
   if (!WriteRunNetcdf(console, settings, store, out)) return DiscardOutput(out);
   if (CloseOutput(out)) Say(console, "{} {}", kNetcdfWritten, Trim(name));
-  else Say(console, kNotWritten, Trim(name), Because(out.why));
+  else Say(console, kOutputNotWritten, Trim(name), Because(out.why));
 }
 
 void AskVtk(const Platform& platform, const OutputSettings& settings, CaseStore& store) {

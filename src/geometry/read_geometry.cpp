@@ -5,6 +5,7 @@
 #include "base/message.h"
 #include "base/text.h"
 #include "control/control_text.h"
+#include "frame/ground/input_file.h"
 #include "geometry/read_hrl.h"
 #include "geometry/read_nastran.h"
 #include "geometry/read_simple.h"
@@ -28,16 +29,6 @@ constexpr FormatRow kFormats[] = {
 
 bool IsNone(std::string_view name) {
   return name.empty() || name == "NONE" || name == "none";
-}
-
-// Relative names: in the working directory, then beside the file that names them. Blank: there is no such file. Only
-// plain ones: a pipe or terminal that a run file names would be waited for.
-std::string PathOf(const Files& files, const std::string& name, std::string_view folder) {
-  const auto is_file = [&files](const std::string& path) { return files.facts(files.self, path).plain; };
-  if (is_file(name)) return name;
-  if (folder.empty() || name.front() == '/') return {};
-  std::string beside = std::string(folder) + name;
-  return is_file(beside) ? beside : std::string{};
 }
 
 bool CheckMesh(const Console& console, const GeometryRequest& request, HullMesh& mesh) {
@@ -64,19 +55,18 @@ GeometryName SplitGeometryName(std::string_view name) {
 
 std::string GeometryPath(const Files& files, std::string_view name, std::string_view folder) {
   const GeometryName split = SplitGeometryName(name);
-  return split.format == GeometryFormat::none ? std::string{} : PathOf(files, split.file, folder);
+  return split.format == GeometryFormat::none ? std::string{} : NamedFile(files, split.file, folder);
 }
 
 std::string WhyGeometryNotOpened(const Files& files, std::string_view name, std::string_view folder) {
-  const std::string path = GeometryPath(files, name, folder);
-  return WhyNotOpened(files, path.empty() ? SplitGeometryName(name).file : path);
+  return WhyNoNamedFile(files, SplitGeometryName(name).file, folder);
 }
 
 GeometryStatus ReadGeometry(const Platform& platform, const GeometryRequest& request, Hull& hull) {
   hull = Hull{};
   const GeometryName name = SplitGeometryName(request.name);
   if (name.format == GeometryFormat::none) return GeometryStatus::skipped;
-  const std::string path = PathOf(platform.files, name.file, request.folder);
+  const std::string path = NamedFile(platform.files, name.file, request.folder);
   if (path.empty()) return GeometryStatus::cannot_open;
   const auto* const row = std::find_if(std::begin(kFormats), std::end(kFormats),
                                        [&name](const FormatRow& format) { return format.format == name.format; });

@@ -5,6 +5,7 @@
 #include "base/clean_text.h"
 #include "base/message.h"
 #include "base/text.h"
+#include "frame/ground/input_file.h"
 
 namespace zaview {
 
@@ -128,8 +129,7 @@ bool IncludeFile(IncludePass& pass, std::string_view line, ScriptOrigin origin, 
 IncludeStatus ExpandIncludes(const Platform& platform, const std::string& name, BlockStream& script,
                              std::vector<std::string>& files, ScriptText& clean) {
   files.assign(1, name);
-  const std::size_t slash = name.rfind('/');
-  IncludePass pass{platform, slash == std::string::npos ? "" : name.substr(0, slash + 1), files, clean};
+  IncludePass pass{platform, std::string(FolderOf(name)), files, clean};
   LineSource source;
   source.stream = &script;
   std::string line;

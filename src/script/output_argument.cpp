@@ -9,7 +9,6 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 constexpr std::string_view kUnknownSwitch = "ERROR - unrecognized output file switch: {}";
 constexpr std::string_view kNameCut = "WARNING - output file name cut at blank : {}";
 
@@ -69,7 +68,8 @@ int FinishOutput(ScriptCall& call, OutputArgument& output, int status, std::stri
     DiscardOutput(output.file);
     return status;
   }
-  if (!CloseOutput(output.file)) return Fail(call, kScriptFailed, kWriteFault, output.name, Because(output.file.why));
+  if (!CloseOutput(output.file))
+    return Fail(call, kScriptFailed, kOutputNotWritten, output.name, Because(output.file.why));
   if (!output.name.empty() && !done.empty()) Say(call.console(), "{} {}", done, output.name);
   return kScriptOk;
 }

@@ -17,8 +17,6 @@ struct OutputArgument {
   bool unformatted = false;
 };
 
-inline constexpr std::string_view kOutputNotOpen = "ERROR opening output file: {}{}";  // name and reason
-
 // Opens a file of that name, which is none of an argument. The status, and its message said.
 [[nodiscard]] int OpenNamedOutput(const ScriptCall& call, const std::string& name, OutputFile& file);
 

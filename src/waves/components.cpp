@@ -11,6 +11,7 @@
 #include "base/number_format.h"
 #include "control/input_scales.h"
 #include "control/options_lookup.h"
+#include "control/spectrum_check.h"
 #include "waves/headings.h"
 #include "waves/phases.h"
 #include "waves/spectra.h"
@@ -24,7 +25,7 @@ inline constexpr std::string_view kMemory = "ERR325 - Error allocating memory fo
 constexpr int kGenerator = 4;  // SPEC_PHASEOPTION
 
 bool IsLinear(int ISEA) {
-  return ISEA == 1 || ISEA == 2 || (ISEA >= 6 && ISEA <= 8);
+  return ISEA == 1 || IsSpectrum(ISEA);
 }
 
 // Entry `index` of a list that repeats itself in both directions.

@@ -9,6 +9,7 @@
 #include "base/list_item.h"
 #include "base/message.h"
 #include "base/number_parse.h"
+#include "frame/ground/input_file.h"
 
 namespace zaview {
 namespace {
@@ -83,13 +84,6 @@ bool Stop(const Console& console) {
 }
 
 // The name as it stands, or in the folder of the file that names it.
-std::string Find(const Files& files, std::string_view name, std::string_view folder) {
-  std::string here(name);
-  if (name.starts_with('/') || files.facts(files.self, here).plain) return here;
-  std::string there = std::string(folder) + here;
-  return files.facts(files.self, there).plain ? there : here;
-}
-
 }  // namespace
 
 std::span<const float> PhaseTable271() {
@@ -125,13 +119,13 @@ float PhaseGenerator::Next() {
 bool ReadPhaseFile(const Platform& platform, std::string_view name, std::string_view folder,
                    std::vector<float>& phases) {
   const Console& console = platform.console;
-  const std::string file = Find(platform.files, name, folder);
+  const std::string found = NamedFile(platform.files, name, folder);
+  const std::string file(found.empty() ? name : found);
   phases.clear();
   Say(console, kReading, file);
   std::vector<CleanLine> lines;
-  // A pipe or terminal that a run file names would be waited for.
-  const bool plain = platform.files.facts(platform.files.self, file).plain;
-  const CleanFault fault = plain ? CopyCleanText(platform.files, file, nullptr, lines) : CleanFault::cannot_open;
+  const CleanFault fault =
+      found.empty() ? CleanFault::cannot_open : CopyCleanText(platform.files, file, nullptr, lines);
   if (fault != CleanFault::none) {
     if (fault == CleanFault::cannot_open) Say(console, kCannotOpen, file, WhyNotOpened(platform.files, file));
     else Say(console, kUnreadable, file);

@@ -18,7 +18,6 @@ constexpr std::string_view kAborted = "Option Aborted";
 constexpr std::string_view kMotionsDone = "Crane & cargo motions written to {}";
 constexpr std::string_view kGeometryDone = "Crane & cable geometry written to {}";
 constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
-constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 
 void Print(const Console& console, const std::string& text) {
   console.write(console.self, text);
@@ -33,7 +32,7 @@ bool Close(const Console& console, OutputFile* file, std::string_view done) {
   if (file == nullptr) return true;
   const bool written = CloseOutput(*file);
   if (written) Say(console, fmt::runtime(done), file->name);
-  else Say(console, kWriteFault, file->name, Because(file->why));
+  else Say(console, kOutputNotWritten, file->name, Because(file->why));
   return written;
 }
 
@@ -46,15 +45,6 @@ bool Simulate(const CraneWork& work, const CraneInput& input, const std::string&
   Print(console, TensionReport(work.settings, run));
   if (files.motions != nullptr) WriteCraneMotions(work.settings, run, *files.motions);
   if (files.geometry != nullptr) WriteCraneGeometry(work.settings, run, *files.geometry);
-  return true;
-}
-
-// A file of the results; blank: skipped. False: given up.
-bool AskFile(const Platform& platform, std::string_view prompt, std::string_view extension, ChosenFile& chosen) {
-  const FileQuestion question{
-      .use = FileUse::output, .prompt = prompt, .extension = extension, .blank_is_console = true};
-  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return false;
-  if (chosen.unformatted) SayLine(platform.console, kFormattedOnly);
   return true;
 }
 
@@ -91,8 +81,8 @@ void AskCrane(const CraneWork& work, CraneRun& run) {
   (void)platform.files.close(platform.files.self, model.file);
   CraneInput input;
   if (!TakeCraneInput(platform, model.name, input)) return;
-  if (!AskFile(platform, kAskMotions, ".crane_out", motions)) return SayLine(platform.console, kAborted);
-  if (!AskFile(platform, kAskGeometry, ".crane_gt", geometry)) {
+  if (!AskFormattedFile(platform, kAskMotions, ".crane_out", motions)) return SayLine(platform.console, kAborted);
+  if (!AskFormattedFile(platform, kAskGeometry, ".crane_gt", geometry)) {
     DiscardOutput(motions.out);
     return SayLine(platform.console, kAborted);
   }

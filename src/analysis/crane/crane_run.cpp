@@ -13,6 +13,7 @@
 #include "case/case_hull.h"
 #include "case/ship_pose.h"
 #include "control/input_scales.h"
+#include "frame/ground/input_file.h"
 #include "frame/ground/progress_line.h"
 #include "geometry/input_transform.h"
 #include "geometry/read_geometry.h"
@@ -160,11 +161,9 @@ bool ReadCargoHull(const Platform& platform, const CraneInput& input, std::strin
     MoveTo(input.XCARGO, InputScalesOf(store.control).length, cargo);
     return true;
   }
-  if (status == GeometryStatus::cannot_open) {
-    const std::string file(SplitGeometryName(request.name).file);
-    const std::string path = GeometryPath(platform.files, request.name, request.folder);
-    Say(platform.console, kNoCargo, file, WhyNotOpened(platform.files, path.empty() ? file : path));
-  }
+  if (status == GeometryStatus::cannot_open)
+    Say(platform.console, kNoCargo, SplitGeometryName(request.name).file,
+        WhyGeometryNotOpened(platform.files, request.name, request.folder));
   SayLine(platform.console, kCraneAborted);
   return false;
 }

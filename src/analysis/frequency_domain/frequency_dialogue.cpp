@@ -34,7 +34,6 @@ constexpr std::string_view kSelect = "Select =>";
 constexpr std::string_view kReturn = " 0 - Return to main menu";
 constexpr std::string_view kResponses = "Motion RAOs";
 constexpr std::string_view kAborted = "Impulse response output aborted...";
-constexpr std::string_view kWriteFault = "ERROR writing file {}{}";
 
 struct FileRow {
   std::string_view prompt, done;
@@ -50,12 +49,10 @@ constexpr FileRow kExcitationFile = {"Enter file name for wave excitation coeffi
 
 // False: QUIT.
 bool AskFile(const Platform& platform, const FileRow& row, const std::string& text) {
-  const FileQuestion question{.use = FileUse::output, .prompt = row.prompt, .extension = {}, .blank_is_console = true};
   ChosenFile chosen;
-  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return false;
-  if (chosen.unformatted) SayLine(platform.console, kFormattedOnly);
+  if (!AskFormattedFile(platform, row.prompt, {}, chosen)) return false;
   WriteOutput(chosen.out, chosen.out.had_text ? '\n' + text : text);
-  if (!CloseOutput(chosen.out)) Say(platform.console, kWriteFault, chosen.name, Because(chosen.out.why));
+  if (!CloseOutput(chosen.out)) Say(platform.console, kFileNotWritten, chosen.name, Because(chosen.out.why));
   else if (!chosen.out.to_console) Say(platform.console, "{} {}", row.done, chosen.name);
   return true;
 }

@@ -7,6 +7,7 @@
 #include "analysis/do_or_say.h"
 #include "analysis/frequency_domain/frequency_plots.h"
 #include "base/message.h"
+#include "frame/ground/output_set.h"
 
 namespace zaview {
 namespace {
@@ -18,8 +19,6 @@ constexpr std::string_view kResponseDiffraction = "Transforming diffraction & FK
 constexpr std::string_view kSkipped = "WRN434 - Highest of {} frequency components will skipped since";
 constexpr std::string_view kSkippedWhy = "         parameter MAXFRQ is set to {}";
 constexpr std::string_view kNoMemory = "ERROR allocating memory for the coefficients";
-constexpr std::string_view kNoFile = "ERROR opening output file: {}{}";
-constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 constexpr std::string_view kNothing = "ERROR - no impulse response function to be transformed";
 
 void SaySkipped(const Console& console, int nskip) {
@@ -84,13 +83,13 @@ std::vector<ResponseRow> ResponsesAt(const ResponseModel& model, std::size_t hea
 struct CaseFile {
   std::string name, text;
   std::string_view done;
-  OutputFile out;
 };
 
 struct Ending {
   std::string_view ending, done;
 };
-constexpr Ending kEndings[] = {  // three in the order of CoefficientKind
+constexpr Ending kEndings[] = {
+    // three in the order of CoefficientKind
     {".adm", "Added Mass coefficients written to file"},
     {".dmp", "Damping coefficients written to file"},
     {".stf", "Stiffness coefficients written to file"},
@@ -110,28 +109,15 @@ std::vector<CaseFile> FilesOf(const FrequencyWork& work, std::string_view root, 
   return files;
 }
 
-void Discard(std::vector<CaseFile>& files) {
-  for (CaseFile& file : files) DiscardOutput(file.out);
-}
-
-bool WriteFiles(const FrequencyWork& work, std::vector<CaseFile>& files) {
+bool WriteFiles(const FrequencyWork& work, const std::vector<CaseFile>& files) {
   const Console& console = work.platform.console;
-  for (CaseFile& file : files) {
-    if (OpenOutput(work.platform, file.name, OpenHow::replace, file.out)) continue;
-    Say(console, kNoFile, file.name, Because(file.out.why));
-    Discard(files);
-    return false;
-  }
-  for (CaseFile& file : files) WriteOutput(file.out, file.text);
-  for (CaseFile& file : files) {
-    if (CloseOutput(file.out)) {
-      Say(console, "{} {}", file.done, file.name);
-      continue;
-    }
-    Say(console, kWriteFault, file.name, Because(file.out.why));
-    Discard(files);
-    return false;
-  }
+  std::vector<std::string> names;
+  for (const CaseFile& file : files) names.push_back(file.name);
+  std::vector<OutputFile> outs;
+  if (!OpenAll(work.platform, names, kOutputNotOpen, outs)) return false;
+  for (std::size_t i = 0; i < files.size(); ++i) WriteOutput(outs[i], files[i].text);
+  if (!CloseAll(console, outs)) return false;
+  for (const CaseFile& file : files) Say(console, "{} {}", file.done, file.name);
   return true;
 }
 

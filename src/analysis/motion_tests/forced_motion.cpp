@@ -12,7 +12,7 @@
 #include "base/table_text.h"
 #include "case/derived_arrays.h"
 #include "case/settings/step_range.h"
-#include "frame/ground/output_file.h"
+#include "frame/ground/output_set.h"
 
 namespace zaview {
 namespace {
@@ -25,9 +25,8 @@ constexpr std::string_view kSeaway[] = {"WARNING - forced motion analysis for a 
 constexpr std::string_view kNotThese =
     "ERROR - Force Motion Analysis not implemented for this combination of forced motions:{}";
 constexpr std::string_view kNoFit = "ERROR in Least Squares fit for force coefficients";
-constexpr std::string_view kNoFile = "ERROR opening output file {}{}";
+constexpr std::string_view kNotOpen = "ERROR opening output file {}{}";
 constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
-constexpr std::string_view kWriteFault = "ERROR writing output file: {}{}";
 constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::string_view kAddedMassTerms = "adm.dbg", kDampingTerms = "dmp.dbg";
 
@@ -190,60 +189,18 @@ std::string TermTable(const ForcedMotionWork& work, const ForcedMotionResult& re
 
 // ---- The files
 
-struct Target {
-  std::string name;
-  OutputFile out{};
-};
-using Targets = std::array<Target, 4>;
-
-void Discard(Targets& targets) {
-  for (Target& target : targets) DiscardOutput(target.out);
+void SayWritten(const Console& console, std::span<const OutputFile> files) {
+  if (!files[0].to_console) Say(console, "Coefficients written to {}", files[0].name);
+  if (!files[1].to_console) Say(console, "Writing coef-based forces to {}", files[1].name);
+  Say(console, "Writing coef debug data to {} and {}", files[2].name, files[3].name);
 }
 
-bool AllDifferent(const Console& console, const Targets& targets) {
-  for (std::size_t i = 1; i < targets.size(); ++i)
-    for (std::size_t k = 0; k < i; ++k) {
-      if (!SpoilEachOther(targets[i].out, targets[k].out)) continue;
-      Say(console, kSameName, targets[k].name);
-      return false;
-    }
-  return true;
-}
-
-bool Open(const Platform& platform, Targets& targets) {
-  for (Target& target : targets) {
-    if (OpenOutput(platform, target.name, OpenHow::replace, target.out)) continue;
-    Say(platform.console, kNoFile, target.name, Because(target.out.why));
-    Discard(targets);
-    return false;
-  }
-  if (AllDifferent(platform.console, targets)) return true;
-  Discard(targets);
-  return false;
-}
-
-bool Close(const Console& console, Targets& targets) {
-  for (Target& target : targets) {
-    if (CloseOutput(target.out)) continue;
-    Say(console, kWriteFault, target.name, Because(target.out.why));
-    Discard(targets);
-    return false;
-  }
-  return true;
-}
-
-void SayWritten(const Console& console, const Targets& targets) {
-  if (!targets[0].out.to_console) Say(console, "Coefficients written to {}", targets[0].name);
-  if (!targets[1].out.to_console) Say(console, "Writing coef-based forces to {}", targets[1].name);
-  Say(console, "Writing coef debug data to {} and {}", targets[2].name, targets[3].name);
-}
-
-bool WriteAll(const ForcedMotionWork& work, Targets& targets, ForcedMotionResult& result) {
+bool WriteAll(const ForcedMotionWork& work, std::span<OutputFile> files, ForcedMotionResult& result) {
   if (!Fit(work, result)) return false;
-  WriteOutput(targets[0].out, ReportOf(work, result));
-  WriteOutput(targets[1].out, ForcesOf(work, result));
-  WriteOutput(targets[2].out, TermTable(work, result, &Terms::mass));
-  WriteOutput(targets[3].out, TermTable(work, result, &Terms::damping));
+  WriteOutput(files[0], ReportOf(work, result));
+  WriteOutput(files[1], ForcesOf(work, result));
+  WriteOutput(files[2], TermTable(work, result, &Terms::mass));
+  WriteOutput(files[3], TermTable(work, result, &Terms::damping));
   return true;
 }
 
@@ -252,15 +209,17 @@ bool WriteAll(const ForcedMotionWork& work, Targets& targets, ForcedMotionResult
 bool WriteForcedMotion(const ForcedMotionWork& work, std::string_view coefficients, std::string_view forces,
                        ForcedMotionResult& result) {
   const Console& console = work.platform.console;
-  Targets targets{Target{std::string(coefficients)}, Target{std::string(forces)}, Target{std::string(kAddedMassTerms)},
-                  Target{std::string(kDampingTerms)}};
-  if (!Open(work.platform, targets)) return false;
-  if (!DoOrSay(console, kNoMemory, [&] { return WriteAll(work, targets, result); })) {
-    Discard(targets);
+  const std::string names[] = {std::string(coefficients), std::string(forces), std::string(kAddedMassTerms),
+                               std::string(kDampingTerms)};
+  std::vector<OutputFile> files;
+  if (!OpenAll(work.platform, names, kNotOpen, files)) return false;
+  if (!AreDifferent(console, files, kSameName) ||
+      !DoOrSay(console, kNoMemory, [&] { return WriteAll(work, files, result); })) {
+    DiscardAll(files);
     return false;
   }
-  if (!Close(console, targets)) return false;
-  SayWritten(console, targets);
+  if (!CloseAll(console, files)) return false;
+  SayWritten(console, files);
   return true;
 }
 

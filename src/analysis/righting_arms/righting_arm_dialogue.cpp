@@ -106,13 +106,8 @@ bool AskRequest(const Console& console, const CaseStore& store, RightingArmReque
 }
 
 bool AskFile(const Platform& platform, std::string_view prompt, OutputFile& out) {
-  FileQuestion question;
-  question.use = FileUse::output;
-  question.prompt = prompt;
-  question.blank_is_console = true;
   ChosenFile chosen;
-  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return false;
-  if (chosen.unformatted) SayLine(platform.console, kFormattedOnly);
+  if (!AskFormattedFile(platform, prompt, {}, chosen)) return false;
   out = std::move(chosen.out);
   return true;
 }

@@ -10,6 +10,7 @@
 #include "case/size_history.h"
 #include "case/wave_at_cg.h"
 #include "control/input_scales.h"
+#include "frame/ground/output_set.h"
 #include "frame/ground/progress_line.h"
 #include "waves/wave_scale.h"
 
@@ -41,7 +42,6 @@ constexpr std::string_view kPanels[] = {
 
 constexpr std::string_view kOpening = "ERRGZSTAB02 - ERROR opening {} {}{}";
 constexpr std::string_view kSameName = "ERRGZSTAB02 - ERROR the analysis has two output files of this name: {}";
-constexpr std::string_view kWriting = "ERROR writing output file: {}{}";
 struct FileTexts {
   std::string_view opening[2];  // by direction
   std::string_view ending;      // behind the name of the statistics
@@ -166,28 +166,12 @@ bool OpenOne(const Platform& platform, ArmDirection direction, ArmFile kind, con
   return false;
 }
 
-bool AllDifferent(const Console& console, const RightingArmOutputs& outputs) {
-  for (const OutputFile& one : outputs.file)
-    for (const OutputFile& other : outputs.file)
-      if (&one != &other && SpoilEachOther(one, other)) {
-        Say(console, kSameName, one.name);
-        return false;
-      }
-  return true;
-}
-
 // Behind one that can't be written the others stay as they were.
 bool CloseFiles(const Platform& platform, const RightingArmRequest& request, RightingArmOutputs& outputs) {
+  if (!CloseAll(platform.console, outputs.file)) return false;
   for (std::size_t i = 0; i < kArmFiles; ++i) {
-    OutputFile& out = outputs.file[i];
-    if (!IsOpen(out)) continue;
     const std::string_view written = kFileTexts[i].written[request.direction - 1];
-    if (!CloseOutput(out)) {
-      Say(platform.console, kWriting, out.name, Because(out.why));
-      DiscardRightingArmFiles(outputs);
-      return false;
-    }
-    if (!written.empty()) Say(platform.console, "{}{}", written, out.name);
+    if (IsOpen(outputs.file[i]) && !written.empty()) Say(platform.console, "{}{}", written, outputs.file[i].name);
   }
   return true;
 }
@@ -322,7 +306,7 @@ bool OpenBesideStatistics(const Platform& platform, ArmDirection direction, Righ
     const std::string beside = name + std::string(kFileTexts[static_cast<std::size_t>(kind)].ending);
     good = good && (name.empty() || OpenOne(platform, direction, kind, beside, how, outputs));
   }
-  good = good && AllDifferent(platform.console, outputs);
+  good = good && AreDifferent(platform.console, outputs.file, kSameName);
   if (!good) DiscardRightingArmFiles(outputs);
   return good;
 }
@@ -339,7 +323,7 @@ bool OpenRightingArmFiles(const Platform& platform, ArmDirection direction, cons
 }
 
 void DiscardRightingArmFiles(RightingArmOutputs& outputs) {
-  for (OutputFile& out : outputs.file) DiscardOutput(out);
+  DiscardAll(outputs.file);
   outputs = RightingArmOutputs{};
 }
 

@@ -12,6 +12,7 @@
 #include "case/case_hull.h"
 #include "case/settings/step_range.h"
 #include "case/ship_pose.h"
+#include "frame/ground/input_file.h"
 #include "geometry/input_transform.h"
 #include "geometry/read_geometry.h"
 #include "geometry/read_hrl.h"
@@ -44,11 +45,12 @@ void AppendMesh(const HullMesh& from, MovingMesh& mesh) {
 
 // The mesh as the file has it: nothing is merged, left out or turned.
 bool ReadFile(const Platform& platform, const GeometryName& name, const CaseStore& store, Hull& hull) {
-  const std::string path = GeometryPath(platform.files, name.file, FolderOf(store.file_name));
+  const std::string_view folder = FolderOf(store.file_name);
+  const std::string path = NamedFile(platform.files, name.file, folder);
   const GeometryStatus status =
       path.empty() ? GeometryStatus::cannot_open : ReadHrl(platform, path, GeometryRequest{}, hull);
   if (status == GeometryStatus::cannot_open)
-    Say(platform.console, kNotOpen, name.file, WhyNotOpened(platform.files, path.empty() ? name.file : path));
+    Say(platform.console, kNotOpen, name.file, WhyNoNamedFile(platform.files, name.file, folder));
   if (status != GeometryStatus::ok) return false;
   const InputTransform transform = TransformOf(store.control);
   for (Vector3& p : hull.mesh.nodes) p = InputToShip(transform, p);

@@ -30,7 +30,6 @@ constexpr std::string_view kNoMemory = "ERROR - no memory for the VTK files";
 constexpr std::string_view kNoHull = "WARNING - the geometry of this case could not be read: the sea is written alone";
 constexpr std::string_view kNoMotions = "ERROR - the motions of the ship are not known";
 constexpr std::string_view kFlat = "WARNING - the waves of this case are not known: the sea is flat";
-constexpr std::string_view kNotOpen = "ERROR opening output file: {}{}";
 constexpr std::string_view kNotWritten = "ERROR writing {}{}";
 constexpr std::string_view kInterrupted = "VTK files interrupted at time step {}";
 
@@ -58,7 +57,7 @@ struct Sea {  // at a step
 bool StoreFile(const Platform& platform, const std::string& name, const std::string& text) {
   OutputFile out;
   if (!OpenOutput(platform, name, OpenHow::replace, out)) {
-    Say(platform.console, kNotOpen, name, Because(out.why));
+    Say(platform.console, kOutputNotOpen, name, Because(out.why));
     return false;
   }
   WriteOutput(out, text);

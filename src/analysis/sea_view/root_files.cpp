@@ -4,12 +4,10 @@
 
 #include "base/message.h"
 #include "base/text.h"
+#include "frame/ground/output_set.h"
 
 namespace zaview {
 namespace {
-
-constexpr std::string_view kOpenFault = "ERROR opening output file: {}{}";
-constexpr std::string_view kWriteFault = "ERROR writing file {}{}";
 
 void SayOf(const Console& console, std::string_view words, std::string_view name) {
   if (!words.empty()) Say(console, "{}{}", words, name);
@@ -20,34 +18,22 @@ void SayOf(const Console& console, std::string_view words, std::string_view name
 bool OpenRootFiles(const Platform& platform, const CaseStore& case_store, std::string_view root,
                    std::span<const RootFile> rows, RootFiles& files) {
   const std::string stem(IsBlank(root) ? std::string_view(case_store.base_name) : Trim(root));
+  std::vector<std::string> names;
+  for (const RootFile& row : rows) names.push_back(stem + std::string(row.extension));
   files.rows.assign(rows.begin(), rows.end());
-  files.out.clear();
-  for (const RootFile& row : rows) {
-    const std::string name = stem + std::string(row.extension);
-    files.out.emplace_back();
-    if (OpenOutput(platform, name, OpenHow::replace, files.out.back())) continue;
-    Say(platform.console, kOpenFault, name, Because(files.out.back().why));
-    files.out.pop_back();
-    DiscardRootFiles(files);
-    return false;
-  }
-  for (std::size_t i = 0; i < rows.size(); ++i) SayOf(platform.console, rows[i].writing, files.out[i].name);
+  if (!OpenAll(platform, names, kOutputNotOpen, files.out)) return false;
+  for (std::size_t i = 0; i < rows.size(); ++i) SayOf(platform.console, rows[i].writing, names[i]);
   return true;
 }
 
 bool CloseRootFiles(const Console& console, RootFiles& files) {
-  for (std::size_t i = 0; i < files.out.size(); ++i) {
-    if (CloseOutput(files.out[i])) continue;
-    Say(console, kWriteFault, files.out[i].name, Because(files.out[i].why));
-    DiscardRootFiles(files);
-    return false;
-  }
+  if (!CloseAll(console, files.out, kFileNotWritten)) return false;
   for (std::size_t i = 0; i < files.out.size(); ++i) SayOf(console, files.rows[i].written, files.out[i].name);
   return true;
 }
 
 void DiscardRootFiles(RootFiles& files) {
-  for (OutputFile& out : files.out) DiscardOutput(out);
+  DiscardAll(files.out);
   files.out.clear();
 }
 

@@ -16,6 +16,7 @@
 #include "case/derived_arrays.h"
 #include "case/ship_pose.h"
 #include "case/size_history.h"
+#include "case/tables/kino_output.h"
 #include "case/wave_at_cg.h"
 #include "control/input_scales.h"
 #include "geometry/input_transform.h"
@@ -41,10 +42,6 @@ constexpr std::string_view kMotionNames[] = {"Time",   "Xcg",    "Ycg",    "Zcg"
 double Cosine(double value) {
   constexpr double kAlongAxis = 1e-15;
   return std::abs(value) < kAlongAxis ? 0.0 : value;
-}
-
-KinoSeaUnits UnitsOf(const OutputSettings& settings) {
-  return {AsWritten(settings.units.GRAVOUT), AsWritten(settings.units.LENOUT)};
 }
 
 Seaway Redefined(const Seaway& seaway, PhaseDefinition definition) {
@@ -142,7 +139,7 @@ bool ShiftedSeawayText(const OutputSettings& settings, const CaseStore& case_sto
           form.comments.push_back(fmt::format(fmt::runtime(kStokesNote), case_store.seaway.WSPEC));
         if (definition == PhaseDefinition::negative_sine) form.comments.emplace_back(kOfSine);
         const std::string name = fmt::format("{} shifted to time step {}", case_store.file_name, waves.origin.step);
-        return KINOSE(case_store.control, Redefined(waves.seaway, definition), UnitsOf(settings), name, text, form);
+        return KINOSE(case_store.control, Redefined(waves.seaway, definition), KinoUnitsOf(settings), name, text, form);
       },
       false);
 }

@@ -15,6 +15,7 @@
 #include "case/ship_pose.h"
 #include "case/wave_at_cg.h"
 #include "frame/ground/progress_line.h"
+#include "geometry/input_hull.h"
 #include "waves/wave_elevation.h"
 #include "waves/wave_scale.h"
 #include "waves/wave_sums.h"
@@ -54,17 +55,9 @@ std::vector<double> PointsOfLine(const CaseStore& c) {
   double stern = -0.5;
   double bow = 0.5;
   if (c.hull_tried == Tried::there && !c.hull.empty()) {
-    stern = 1e30;
-    bow = -1e30;
-    const auto take = [&](const Vector3& point) {
-      stern = std::min(stern, point[0]);
-      bow = std::max(bow, point[0]);
-    };
-    for (const HullSurface& surface : c.hull.surfaces)
-      std::for_each(surface.points.begin(), surface.points.end(), take);
-    std::for_each(c.hull.mesh.nodes.begin(), c.hull.mesh.nodes.end(), take);
-    stern -= ShipCentre(c)[0];
-    bow -= ShipCentre(c)[0];
+    const HullBox box = BoxOf(c.hull, 0, /*mirrored=*/false);
+    stern = box.low[0] - ShipCentre(c)[0];
+    bow = box.high[0] - ShipCentre(c)[0];
   }
   std::vector<double> s(kPoints);
   for (std::size_t i = 0; i < kPoints; ++i)

@@ -54,7 +54,6 @@ constexpr std::string_view kRoot = "Enter root name for output files";
 constexpr std::string_view kBadValue = "ILLEGAL value - re-enter";
 constexpr std::string_view kAborted = "Option aborted ...";
 constexpr std::string_view kNoMemory = "ERROR allocate wave field phase arrays";
-constexpr std::string_view kWriteFault = "ERROR writing file {}{}";
 
 void SayAll(const Console& console, std::span<const std::string_view> lines) {
   for (const std::string_view line : lines) SayLine(console, line);
@@ -85,11 +84,9 @@ Answer AskDefinition(const Console& console, PhaseDefinition& definition) {
 Answer AskOneFile(const Platform& platform, std::string_view prompt, std::string_view writing,
                   const std::function<bool(std::string&)>& make) {
   const Console& console = platform.console;
-  const FileQuestion question{.use = FileUse::output, .prompt = prompt, .extension = {}, .blank_is_console = true};
   ChosenFile chosen;
-  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return Answer::quit;
+  if (!AskFormattedFile(platform, prompt, {}, chosen)) return Answer::quit;
   if (chosen.out.to_console) return Answer::ok;
-  if (chosen.unformatted) SayLine(console, kFormattedOnly);
   Say(console, "{}{}", writing, chosen.name);
   std::string text;
   if (!make(text)) {
@@ -97,7 +94,7 @@ Answer AskOneFile(const Platform& platform, std::string_view prompt, std::string
     return Answer::ok;
   }
   WriteOutput(chosen.out, chosen.out.had_text ? '\n' + text : text);
-  if (!CloseOutput(chosen.out)) Say(console, kWriteFault, chosen.name, Because(chosen.out.why));
+  if (!CloseOutput(chosen.out)) Say(console, kFileNotWritten, chosen.name, Because(chosen.out.why));
   return Answer::ok;
 }
 

@@ -166,7 +166,7 @@ bool TakeGeometry(const Platform& platform, std::string_view given, KinoCase& ki
   request.LENIN = kino.motions.length;
   const GeometryStatus status = ReadGeometry(platform, request, kino.hull);
   if (status == GeometryStatus::cannot_open)
-    Say(platform.console, kGeometryNotOpen, file, WhyNotOpened(platform.files, std::string(file)));
+    Say(platform.console, kGeometryNotOpen, file, WhyGeometryNotOpened(platform.files, kino.geometry, {}));
   if (status == GeometryStatus::skipped) {
     SayLine(platform.console, kNoGeometry);
     kino.geometry.clear();

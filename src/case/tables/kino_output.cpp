@@ -29,10 +29,6 @@ inline constexpr std::string_view kTransformation[] = {
 constexpr double kUsualGravity = 9.81;  // what a viewer takes if it is told nothing
 constexpr double kSameGravity = 0.001;  // of it
 
-KinoSeaUnits UnitsOf(const OutputSettings& settings) {
-  return {AsWritten(settings.units.GRAVOUT), AsWritten(settings.units.LENOUT)};
-}
-
 // ---- The transformation of input geometry
 
 struct ViewerTransformation {
@@ -117,7 +113,7 @@ std::string ViewerCommands(const OutputSettings& settings, const CaseStore& c, s
     if (viewer.lf_scale != 1) AppendLine(text, "-lf_scale {}", Number(viewer.lf_scale));
   }
   AppendLine(text, "-sea {}", sea_name);
-  const KinoSeaUnits units = UnitsOf(settings);
+  const KinoSeaUnits units = KinoUnitsOf(settings);
   if (std::fabs(units.g - kUsualGravity) > kSameGravity * kUsualGravity) AppendLine(text, "-grav {}", Number(units.g));
   if (c.seaway.WDEPTH > 0) AppendLine(text, "-depth {}", Number(c.seaway.WDEPTH * units.L));
   AppendWaveScale(text, settings, c.seaway.scaling);
@@ -155,9 +151,13 @@ bool WriteSetFile(const Platform& platform, const SetFile& row, const std::strin
 
 }  // namespace
 
+KinoSeaUnits KinoUnitsOf(const OutputSettings& settings) {
+  return {AsWritten(settings.units.GRAVOUT), AsWritten(settings.units.LENOUT)};
+}
+
 void WriteKinoMotions(const OutputSettings& settings, const CaseStore& case_store, OutputFile& out) {
   const CaseStore& c = case_store;
-  const KinoSeaUnits units = UnitsOf(settings);
+  const KinoSeaUnits units = KinoUnitsOf(settings);
   const double T = std::sqrt(units.L / units.g);
   std::string text = out.had_text ? "\n" : "";
   AppendLine(text, "!KINO motion data from ZAVO output file {}", c.file_name);
@@ -176,7 +176,7 @@ void WriteKinoMotions(const OutputSettings& settings, const CaseStore& case_stor
 bool WriteKinoSeaway(const Console& console, const OutputSettings& settings, CaseStore& case_store, OutputFile& out) {
   if (EnsureSeaway(console, case_store) != WaveAnswer::ok) return false;
   std::string text;
-  if (!KINOSE(case_store.control, case_store.seaway, UnitsOf(settings), case_store.file_name, text)) {
+  if (!KINOSE(case_store.control, case_store.seaway, KinoUnitsOf(settings), case_store.file_name, text)) {
     SayLine(console, kNoMemory);
     return false;
   }

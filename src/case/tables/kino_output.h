@@ -9,8 +9,11 @@
 #include "case/case_store.h"
 #include "case/output_settings.h"
 #include "frame/ground/output_file.h"
+#include "waves/kino_sea.h"
 
 namespace zaview {
+
+[[nodiscard]] KinoSeaUnits KinoUnitsOf(const OutputSettings& settings);  // of the files that are written
 
 // The bodies of quantities 34 and 35, into an open output. Motions: comment line, LENOUT, then time, x y z, three
 // angles in degrees of each step in use, in ZAVO signs. False (told): the seaway can't be built.

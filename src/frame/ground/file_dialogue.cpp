@@ -117,4 +117,13 @@ FileAnswer OPNFIL(const Platform& platform, const FileQuestion& question, Chosen
   }
 }
 
+bool AskFormattedFile(const Platform& platform, std::string_view prompt, std::string_view extension,
+                      ChosenFile& chosen) {
+  const FileQuestion question{
+      .use = FileUse::output, .prompt = prompt, .extension = extension, .blank_is_console = true};
+  if (OPNFIL(platform, question, chosen) != FileAnswer::opened) return false;
+  if (chosen.unformatted) SayLine(platform.console, kFormattedOnly);
+  return true;
+}
+
 }  // namespace zaview

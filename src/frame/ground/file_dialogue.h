@@ -39,4 +39,8 @@ enum class FileAnswer : std::uint8_t { opened, aborted, word };
 // file or APPEND is given.
 [[nodiscard]] FileAnswer OPNFIL(const Platform& platform, const FileQuestion& question, ChosenFile& chosen);
 
+// An output file for a table, or the console for a blank answer. That UNFORMATTED is ignored is told. False: given up.
+[[nodiscard]] bool AskFormattedFile(const Platform& platform, std::string_view prompt, std::string_view extension,
+                                    ChosenFile& chosen);
+
 }  // namespace zaview

@@ -1,5 +1,7 @@
 #include "frame/ground/input_file.h"
 
+#include "base/message.h"
+
 namespace zaview {
 
 namespace {
@@ -22,6 +24,24 @@ FoundFile OpenFirst(const Files& files, std::string_view name, std::span<const s
     one_is_there = one_is_there || is_there;
   }
   return found;
+}
+
+std::string_view FolderOf(std::string_view name) {
+  return name.substr(0, name.rfind('/') + 1);
+}
+
+std::string NamedFile(const Files& files, std::string_view name, std::string_view folder) {
+  const auto is_file = [&files](const std::string& path) { return files.facts(files.self, path).plain; };
+  std::string here(name);
+  if (is_file(here)) return here;
+  if (folder.empty() || name.starts_with('/')) return {};
+  std::string beside = std::string(folder) + here;
+  return is_file(beside) ? beside : std::string{};
+}
+
+std::string WhyNoNamedFile(const Files& files, std::string_view name, std::string_view folder) {
+  const std::string path = NamedFile(files, name, folder);
+  return WhyNotOpened(files, path.empty() ? std::string(name) : path);
 }
 
 }  // namespace zaview

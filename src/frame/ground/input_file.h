@@ -20,4 +20,14 @@ struct FoundFile {
 [[nodiscard]] FoundFile OpenFirst(const Files& files, std::string_view name, std::span<const std::string_view> endings,
                                   std::size_t longest);
 
+// Directory of a file name with its slash; blank for the working directory.
+[[nodiscard]] std::string_view FolderOf(std::string_view name);
+
+// ---- Files that a file names
+// As it is named, or else in the folder of the file that names it. Only a plain one: a pipe or terminal would be waited
+// for. Blank: there is none.
+[[nodiscard]] std::string NamedFile(const Files& files, std::string_view name, std::string_view folder);
+// Why that one can't be opened, as WhyNotOpened tells it.
+[[nodiscard]] std::string WhyNoNamedFile(const Files& files, std::string_view name, std::string_view folder);
+
 }  // namespace zaview

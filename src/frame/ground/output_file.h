@@ -12,6 +12,11 @@
 
 namespace zaview {
 
+// What is said of a file: its name, and Because of the reason.
+inline constexpr std::string_view kOutputNotOpen = "ERROR opening output file: {}{}";
+inline constexpr std::string_view kOutputNotWritten = "ERROR writing output file: {}{}";
+inline constexpr std::string_view kFileNotWritten = "ERROR writing file {}{}";
+
 enum class OpenHow : std::uint8_t { replace, append };
 
 struct OutputFileParts {

@@ -6,11 +6,9 @@
 namespace zaview {
 namespace {
 
-constexpr std::string_view kWriteFault = "ERROR writing file {}{}";
-
 void Finish(const Console& console, const TableQuestion& question, DataFault fault, ChosenFile& chosen) {
   if (!SayDataFault(console, fault, question.making, question.quantity)) return DiscardOutput(chosen.out);
-  if (!CloseOutput(chosen.out)) return Say(console, kWriteFault, chosen.name, Because(chosen.out.why));
+  if (!CloseOutput(chosen.out)) return Say(console, kFileNotWritten, chosen.name, Because(chosen.out.why));
   if (chosen.out.to_console) return;
   Say(console, "{} {}", question.done, chosen.name);
   if (question.say_more) question.say_more();

@@ -98,7 +98,7 @@ void WriteList(const Platform& platform, std::string_view name, std::string_view
     return Say(platform.console, "WARNING - {} is not written{}", name, Because(list.why));
   WriteOutput(list, text);
   if (CloseOutput(list)) Say(platform.console, "{} {}", done, name);
-  else Say(platform.console, "ERROR writing file {}{}", name, Because(list.why));
+  else Say(platform.console, kFileNotWritten, name, Because(list.why));
 }
 
 // One value of a report: its label in the sentence form, in the tabular form, and what stands behind the value.

@@ -14,7 +14,6 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kOpenFault = "ERROR opening file {}{}";
-constexpr std::string_view kWriteFault = "ERROR writing file {}{}";
 
 }  // namespace
 
@@ -39,7 +38,7 @@ bool WritePlotData(Session& session, const std::string& name) {
   }
   const bool complete = CloseOutput(out);
   if (complete) SayLine(console, type.written);
-  else Say(console, kWriteFault, name, Because(out.why));
+  else Say(console, kFileNotWritten, name, Because(out.why));
   return complete;
 }
 

@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -143,6 +145,25 @@ TEST(Layers, EveryIncludeOfSrcGoesDown) {
   EXPECT_EQ(faults, "");
   EXPECT_FALSE(stems.empty());
   for (const std::string& record : layers.records) EXPECT_TRUE(stems.contains(record)) << record;
+}
+
+// The rooms of the build are these, and link what they may include.
+TEST(Layers, TheBuildHasTheSameRooms) {
+  std::ifstream in(ProjectFile("CMakeLists.txt"));
+  const std::string build{std::istreambuf_iterator<char>(in), {}};
+  const std::regex row("\\nzaview_room\\((\\w+)\\s+(\\S+?)(?:\\s+LINK\\s+([^)]*))?\\)");
+  std::map<std::string, std::string> folders;  // of the targets
+  std::stringstream drawing;
+  for (std::sregex_iterator found(build.begin(), build.end(), row), end; found != end; ++found) {
+    folders[(*found)[1]] = (*found)[2];
+    drawing << (*found)[2] << ":";
+    std::istringstream links((*found)[3].str());
+    for (std::string target; links >> target;) drawing << ' ' << folders[target];
+    drawing << '\n';
+  }
+  const Layers of_build = ReadLayers(drawing);
+  EXPECT_EQ(of_build.below, ProjectLayers().below);
+  EXPECT_TRUE(of_build.faults.empty()) << of_build.faults.front();
 }
 
 // The checker itself: what a wrong reading of the drawing would let through or refuse.

@@ -1,0 +1,25 @@
+// Several files of one work: all are opened ahead of it, and appear when it is done. What goes wrong is said, and the
+// others are discarded then.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/ground/output_file.h"
+
+namespace zaview {
+
+// not_open, not_written, same_name: what is said, with slots for the name and, of the first two, the reason.
+[[nodiscard]] bool OpenAll(const Platform& platform, std::span<const std::string> names, std::string_view not_open,
+                           std::vector<OutputFile>& files);
+// False: two of them are one file.
+[[nodiscard]] bool AreDifferent(const Console& console, std::span<const OutputFile> files, std::string_view same_name);
+// Files that were never opened are passed over. False: one could not be written; those ahead of it are there, those
+// behind it stay as they were.
+[[nodiscard]] bool CloseAll(const Console& console, std::span<OutputFile> files,
+                            std::string_view not_written = kOutputNotWritten);
+void DiscardAll(std::span<OutputFile> files);
+
+}  // namespace zaview
