@@ -32,6 +32,9 @@ std::string DefaultNumber(float value);
 struct Shown {
   float value;
 };
+[[nodiscard]] inline Shown ShownOf(double value) {
+  return {static_cast<float>(value)};
+}
 
 }  // namespace zaview
 

@@ -4,15 +4,12 @@
 #include <cstddef>
 #include <numbers>
 
+#include "base/vectors.h"
 #include "control/input_scales.h"
 #include "geometry/input_transform.h"
 
 namespace zaview {
 namespace {
-
-double Dot(const Vector3& a, const Vector3& b) {
-  return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
 
 // One without direction becomes 0.
 Vector3 WithLength(const Vector3& v, double length) {

@@ -2,20 +2,10 @@
 
 #include <algorithm>
 
+#include "base/vectors.h"
 #include "geometry/element_shape.h"
 
 namespace zaview {
-namespace {
-
-Vector3 Minus(const Vector3& a, const Vector3& b) {
-  return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-}
-
-double Dot(const Vector3& a, const Vector3& b) {
-  return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-}  // namespace
 
 Vector3 CellCentre(const HullCell& cell) {
   Vector3 sum{};

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/crane/crane_vectors.h"
+#include "base/vectors.h"
 
 namespace zaview {
 namespace {

@@ -6,12 +6,12 @@
 #include <iterator>
 #include <string_view>
 
-#include "analysis/crane/crane_vectors.h"
 #include "base/angles.h"
 #include "base/grow.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
 #include "base/text.h"
+#include "base/vectors.h"
 #include "geometry/hull_cells.h"
 
 namespace zaview {

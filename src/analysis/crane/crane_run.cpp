@@ -4,12 +4,12 @@
 #include <cmath>
 #include <string_view>
 
-#include "analysis/crane/crane_vectors.h"
 #include "analysis/crane/ship_motion.h"
 #include "base/angles.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
+#include "base/vectors.h"
 #include "case/case_hull.h"
 #include "case/ship_pose.h"
 #include "control/input_scales.h"

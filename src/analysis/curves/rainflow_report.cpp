@@ -54,10 +54,6 @@ std::string NameOf(const StatWork& work, const QuantityRequest& request) {
   return EnsembleCurveName(work.settings, request, work.cases) + PointNote(work.current(), request);
 }
 
-Shown ShownOf(double value) {
-  return {static_cast<float>(value)};
-}
-
 // ---- The table
 
 void WriteTable(const StatWork& work, const QuantityRequest& request, const Counted& counted, OutputFile& out) {

@@ -122,10 +122,6 @@ constexpr Figure kFigures[] = {
     {"Bandwidth nu", [](const CurveSpectrum& s) { return BandwidthNu(s.m); }, true},
 };
 
-Shown ShownOf(double value) {
-  return {static_cast<float>(value)};
-}
-
 void WriteTable(const StatWork& work, const QuantityRequest& request, const CurveSpectrum& spectrum, OutputFile& out) {
   std::string text = out.had_text ? "\n" : "";
   const WelchSpectrum& welch = spectrum.welch;

@@ -23,10 +23,6 @@ constexpr std::string_view kPointsTitle = "Visible heights above mean free surfa
 constexpr std::string_view kPointsHeads[] = {"                Visible height at distance:", "   Time      "};
 constexpr std::string_view kPointsName = "Visible height at distance={}";
 
-Shown ShownOf(double value) {
-  return {static_cast<float>(value)};
-}
-
 float TimeOf(const SensorTables& t, double time) {
   return Finite(static_cast<float>(time * static_cast<double>(t.settings.units.scales.T)));
 }

@@ -16,10 +16,6 @@ double HalfWidth(const Camera& camera) {
   return 0.5 * std::max(camera.view_width, kNarrowest) * kRadians;
 }
 
-double Dot(ScenePoint a, ScenePoint b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
 }  // namespace
 
 CameraAxes AxesOf(const Camera& camera) {

@@ -7,6 +7,9 @@ namespace zaview {
 struct ScenePoint {
   double x = 0, y = 0, z = 0;
 };
+[[nodiscard]] inline double Dot(ScenePoint a, ScenePoint b) {
+  return a.x * b.x + a.y * b.y + a.z * b.z;
+}
 
 struct Camera {                // data only
   ScenePoint view_centre;      // what it looks at

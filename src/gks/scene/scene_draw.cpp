@@ -15,10 +15,6 @@ constexpr double kCloser = 1.0e-4;  // of the range of depths
 
 enum Kept : std::size_t { kVertices, kTriangles, kLines };
 
-double Dot(ScenePoint a, ScenePoint b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
 void SetProjection(const Eye& eye, int width, int height) {
   const double high = eye.tangent * (eye.perspective ? eye.nearest : eye.distance), wide = high * width / height;
   glMatrixMode(GL_PROJECTION);

@@ -11,10 +11,6 @@ namespace {
 
 constexpr float kFar = 1.0e20F;
 
-double Dot(ScenePoint a, ScenePoint b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
 }  // namespace
 
 ScenePoint EyePlace(const Zb3dState& zb) {

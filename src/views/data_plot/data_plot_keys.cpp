@@ -31,8 +31,6 @@ constexpr std::string_view kCubicFit =
     "Data smoothing: Cubic polynomial fit to specified window (currently {} time steps)";
 constexpr int kEscape = 27;
 
-constexpr float kRoot2 = 1.4142135F;
-
 template <bool DataPlotState::*flag>
 bool Toggle(Session& s) {
   s.data_plot.*flag = !(s.data_plot.*flag);

@@ -9,12 +9,12 @@
 #include "views/menus/option_builder.h"
 #include "views/state/step_counts.h"
 #include "views/state/step_run.h"
+#include "views/state/view_key.h"
 
 namespace zaview {
 
 namespace {
 
-constexpr float kRoot2 = 1.4142135F;
 constexpr float kMost = std::numeric_limits<float>::max();
 constexpr OptionRange kCount{0, 1.0e9F};
 constexpr OptionRange kPositive{std::numeric_limits<float>::denorm_min(), kMost};

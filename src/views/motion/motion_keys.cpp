@@ -27,7 +27,6 @@ constexpr std::string_view kStand = "View point goes along with: {}";
 constexpr std::string_view kStands[] = {"ship", "ship and its heading", "nothing", "bridge"};  // by CameraStand
 constexpr std::string_view kNoEvent = "No further event";
 
-constexpr float kRoot2 = 1.4142135F;
 constexpr double kZoom = 1.414, kTurn = 5.0, kWider = 5.0;  // the latter two: degrees
 
 template <bool MotionViewState::*flag>

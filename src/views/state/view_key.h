@@ -25,6 +25,8 @@ inline constexpr int kWithShift = 1 << 20, kWithAlt = 1 << 21;
   return key | kWithAlt;
 }
 
+inline constexpr float kRoot2 = 1.4142135F;  // a press that makes something larger or smaller does so by this factor
+
 using KeyScope = unsigned;  // bits; what they mean is told by the table
 inline constexpr KeyScope kAlways = ~0U;
 

@@ -1,4 +1,4 @@
-// Sums of vectors, as the formulas of crane and cargo have them.
+// Sums and products of vectors.
 #pragma once
 
 #include <cmath>
