@@ -28,7 +28,4 @@ struct CommandLineResult {
 // Title box, version line and the walk; usage behind any error. Reads no output file.
 [[nodiscard]] CommandLineResult ParseCommandLine(Session& session, std::span<const std::string> arguments);
 
-// The whole of the start-up: ParseCommandLine, then the files, the start-up script, the initial plot.
-[[nodiscard]] CommandLineResult read_defaults_and_arguments(Session& session, std::span<const std::string> arguments);
-
 }  // namespace zaview

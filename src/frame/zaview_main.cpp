@@ -1,9 +1,9 @@
 #include "frame/zaview_main.h"
 
 #include "base/message.h"
-#include "frame/command_line.h"
 #include "frame/run_loop.h"
 #include "frame/session.h"
+#include "frame/start_up.h"
 #include "views/frame/plot_session.h"
 
 namespace zaview {

@@ -9,7 +9,7 @@
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/platform.h"
-#include "gks/window/gks_window.h"
+#include "gks/window/side_windows.h"
 #include "menu/menu_build.h"
 #include "menu/menu_draw.h"
 #include "menu/menu_keys.h"

@@ -6,13 +6,13 @@
 
 #include <fmt/format.h>
 
-#include "base/grow.h"
 #include "base/message.h"
 #include "gks/kernel/gks_control.h"
 #include "gks/kernel/gks_transform.h"
 #include "gks/picture/picture_sheet.h"
 #include "gks/picture/recorded_picture.h"
 #include "gks/picture/window_dump.h"
+#include "gks/window/side_windows.h"
 #include "gks/window/text_screen.h"
 
 namespace zaview {
@@ -122,83 +122,6 @@ void DumpSoon(GksState& gks) {
   else SetIdle(*gks.platform, gks, true);
 }
 
-// ---- Windows beside the main one
-
-GksSideWindow* FindSide(GksState& gks, int id) {
-  for (GksSideWindow& row : gks.side_windows)
-    if (row.id == id) return &row;
-  return nullptr;
-}
-
-void PostSide(GksState& gks, int id) {
-  if (FindSide(gks, id) != nullptr) Windows(gks).post_redisplay(Windows(gks).self, id);
-}
-
-void DisplaySide(GksState& gks, int id) {
-  const GksSideWindow* const row = FindSide(gks, id);
-  if (row == nullptr) return;
-  PictureImage* const image = Windows(gks).begin_image(Windows(gks).self, id);
-  if (image == nullptr) return;
-  row->display(row->self, ImagePaint(*image), row->width, row->height);
-  Windows(gks).present(Windows(gks).self, id);
-}
-
-// True: it was one for this window.
-bool KeyOfSide(GksState& gks, int id, int code, unsigned modifiers) {
-  const GksSideWindow* const row = FindSide(gks, id);
-  if (row == nullptr) return true;
-  gks.modifiers = modifiers;
-  const bool taken = row->key(row->self, code);
-  gks.modifiers = 0;
-  PostSide(gks, id);
-  return taken;
-}
-
-void MouseOfSide(GksState& gks, int id, int button, unsigned modifiers, int x, int y) {
-  const GksSideWindow* const row = FindSide(gks, id);
-  if (row == nullptr) return;
-  gks.modifiers = modifiers;
-  row->mouse(row->self, button, x, y);
-  gks.modifiers = 0;
-  PostSide(gks, id);
-}
-
-void ReleaseOfSide(void* self, int id, int button, unsigned modifiers, int x, int y) {
-  GksState& gks = Of(self);
-  const GksSideWindow* const row = FindSide(gks, id);
-  if (row == nullptr || row->release == nullptr) return;  // buttons spring back while a picture is made, too
-  gks.modifiers = modifiers;
-  row->release(row->self, button, x, y);
-  gks.modifiers = 0;
-  PostSide(gks, id);
-}
-
-void DragOfSide(void* self, int id, int x, int y) {
-  GksState& gks = Of(self);
-  const GksSideWindow* const row = FindSide(gks, id);
-  if (row == nullptr || row->drag == nullptr || IsDumping(gks)) return;
-  row->drag(row->self, x, y);
-  PostSide(gks, id);
-}
-
-void ReshapeSide(GksState& gks, int id, int width, int height) {
-  GksSideWindow* const row = FindSide(gks, id);
-  if (row == nullptr) return;
-  row->width = width;
-  row->height = height;
-  if (row->resized != nullptr) row->resized(row->self, width, height);
-  PostSide(gks, id);
-}
-
-// The row is gone ahead of its handler, which may open the window anew.
-void CloseSide(GksState& gks, int id) {
-  const GksSideWindow* const found = FindSide(gks, id);
-  if (found == nullptr) return;
-  const GksSideWindow row = *found;
-  std::erase_if(gks.side_windows, [id](const GksSideWindow& side) { return side.id == id; });
-  row.closed(row.self);
-}
-
 // ---- What the window system calls
 
 void OnDisplay(void* self, int id, bool damaged) {
@@ -268,6 +191,15 @@ void OnMouse(void* self, int id, int button, unsigned modifiers, int x, int y) {
   gks.modifiers = 0;
 }
 
+// Buttons spring back while a picture is made, too.
+void OnRelease(void* self, int id, int button, unsigned modifiers, int x, int y) {
+  ReleaseOfSide(Of(self), id, button, modifiers, x, y);
+}
+
+void OnDrag(void* self, int id, int x, int y) {
+  if (!IsDumping(Of(self))) DragOfSide(Of(self), id, x, y);
+}
+
 bool OpenWindow(GksState& gks) {
   const WindowSystem& windows = Windows(gks);
   GksWindow& window = gks.window;
@@ -318,8 +250,8 @@ WindowEvents EventsOf(GksState& gks) {
   events.visible = OnVisible;
   events.key = OnKey;
   events.mouse = OnMouse;
-  events.release = ReleaseOfSide;
-  events.drag = DragOfSide;
+  events.release = OnRelease;
+  events.drag = OnDrag;
   events.closed = OnClosed;
   events.idle = OnIdle;
   return events;
@@ -434,23 +366,6 @@ void gksWindowHideNow(const Platform& platform, GksState& gks) {
   Hide(platform, gks);
   gks.window.force = true;
   gksPostRedisplay(platform, gks);
-}
-
-int gksOpenSideWindow(const Platform& platform, GksState& gks, std::string_view title, int x, int y,
-                      const GksSideWindow& row) {
-  const WindowSystem& windows = platform.window;
-  if (gks.window.id == 0 || windows.offscreen || !Reserve(gks.side_windows, gks.side_windows.size() + 1)) return 0;
-  const int id = windows.create_window(windows.self, std::string(title), x, y, row.width, row.height);
-  if (id == 0) return 0;
-  gks.side_windows.push_back(row);
-  gks.side_windows.back().id = id;
-  static_cast<void>(windows.set_current(windows.self, gks.window.id));
-  return id;
-}
-
-void gksCloseSideWindow(const Platform& platform, GksState& gks, int id) {
-  if (std::erase_if(gks.side_windows, [id](const GksSideWindow& row) { return row.id == id; }) > 0)
-    platform.window.destroy_window(platform.window.self, id);
 }
 
 void gksIdleOn(const Platform& platform, GksState& gks) {

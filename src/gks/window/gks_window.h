@@ -1,4 +1,4 @@
-// The one window: opening, its event loop, and what is called back from there. Everything that happens after the first
+// The main window: opening, its event loop, and what is called back from there. Everything that happens after the first
 // picture, console dialogues included, happens inside a call of gksTop.
 #pragma once
 
@@ -32,11 +32,6 @@ void gksBeginDrawing(const Platform& platform, GksState& gks);
 void gksPostRedisplay(const Platform& platform, const GksState& gks);
 void gksWindowShow(GksState& gks);                               // at the end of the next display
 void gksWindowHideNow(const Platform& platform, GksState& gks);  // menus too; one display is still to come
-// A window beside the main one, as large as its row says. The number it has, which the row of the state holds as well;
-// 0: there can't be any, for nobody sees them in memory.
-[[nodiscard]] int gksOpenSideWindow(const Platform& platform, GksState& gks, std::string_view title, int x, int y,
-                                    const GksSideWindow& row);
-void gksCloseSideWindow(const Platform& platform, GksState& gks, int id);
 
 void gksIdleOn(const Platform& platform, GksState& gks);  // both do nothing in dump-only mode
 void gksIdleOff(const Platform& platform, GksState& gks);

@@ -1,4 +1,5 @@
 #include "gks/window/gks_window.h"
+#include "gks/window/side_windows.h"
 
 #include <string>
 
