@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <dlfcn.h>
 #include <gd.h>
+#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -21,6 +22,7 @@ namespace zaview {
 
 namespace {
 
+constexpr std::string_view kWords[] = {"PNG", "BMP", "GIF", "SVG", "PDF"};  // by PictureFormat
 constexpr std::string_view kNoLibrary = "the library of BMP and GIF files is not here";
 constexpr int kPngLevel = 3;         // with the filter UP: a quarter of the time of the library's choice
 constexpr std::size_t kSamples = 3;  // bytes of a pixel
@@ -209,19 +211,17 @@ bool PutGdImage(PictureFormat format, const Rows& rows, std::string& out, std::s
 }  // namespace
 
 bool FormatOfName(std::string_view name, PictureFormat& format) {
-  struct Row {
-    std::string_view end;
-    PictureFormat format;
-  };
-  constexpr Row kRows[] = {{".PNG", PictureFormat::png},
-                           {".BMP", PictureFormat::bmp},
-                           {".GIF", PictureFormat::gif},
-                           {".SVG", PictureFormat::svg},
-                           {".PDF", PictureFormat::pdf}};
   const std::string capitals = Capitals(TrimEnd(name));
-  for (const Row& row : kRows)
-    if (std::string_view(capitals).ends_with(row.end)) return format = row.format, true;
-  return false;
+  const std::size_t dot = capitals.rfind('.');
+  if (dot == std::string::npos) return false;
+  const auto* const word = std::find(std::begin(kWords), std::end(kWords), std::string_view(capitals).substr(dot + 1));
+  if (word == std::end(kWords)) return false;
+  format = static_cast<PictureFormat>(word - std::begin(kWords));
+  return true;
+}
+
+std::string_view FormatWord(PictureFormat format) {
+  return kWords[static_cast<std::size_t>(format)];
 }
 
 bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb, std::string& bytes,

@@ -13,6 +13,7 @@ enum class PictureFormat : unsigned char { png, bmp, gif, svg, pdf };
 
 // By the end of a name, in small or capital letters. False: it is none of these.
 [[nodiscard]] bool FormatOfName(std::string_view name, PictureFormat& format);
+[[nodiscard]] std::string_view FormatWord(PictureFormat format);  // "PNG", as messages have it
 [[nodiscard]] constexpr bool IsVector(PictureFormat format) {
   return format == PictureFormat::svg || format == PictureFormat::pdf;
 }

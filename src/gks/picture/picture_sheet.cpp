@@ -26,11 +26,6 @@ constexpr fmt::string_view kTooLarge =
     "or an SVG or PDF file";
 constexpr std::string_view kNoLibrary = "the library of PDF files and smooth pictures is not here";
 
-std::string_view CapitalsOf(PictureFormat format) {
-  if (format == PictureFormat::svg) return "SVG";
-  return format == PictureFormat::pdf ? "PDF" : "PNG";
-}
-
 // Told with the first picture, not when the last one is there.
 bool Fits(const Platform& platform, const PictureSheet& sheet, const PictureRecording& picture) {
   PictureFormat format{};
@@ -50,7 +45,7 @@ bool WriteRecordings(const Platform& platform, std::string_view name, const std:
   static_cast<void>(FormatOfName(name, format));
   const std::string file(name);
   std::string bytes, why;
-  Say(platform.console, kWriting, CapitalsOf(format), file);
+  Say(platform.console, kWriting, FormatWord(format), file);
   if (!EncodeRecorded(format, {cells, columns}, bytes)) {
     const bool missing = format != PictureFormat::svg && !CanDrawRecorded();
     Say(platform.console, kNotWritten, file, Because(missing ? kNoLibrary : kPictureNoRoom));

@@ -30,14 +30,10 @@ constexpr std::string_view kOtherSize = "the window has another size by now";
 
 constexpr std::string_view kVideoProgram = "ffmpeg";
 
-// What a name's extension orders.
-struct ExtensionRow {
-  std::string_view extension;
-  RunPictures kind;
-  PictureFormat format;                     // of pictures
-  std::string_view capital;                 // in messages
-  std::string_view container{};             // of a video, as its program calls it
-  std::vector<std::string> (*more)() = {};  // and what else it is told
+struct VideoRow {
+  std::string_view word;                         // the extension in capitals, as messages have it
+  std::string_view container;                    // as the program calls it
+  std::vector<std::string> (*more)() = nullptr;  // and what else it is told
 };
 std::vector<std::string> IndexAhead() {  // a player can begin before it has all
   return {"-movflags", "+faststart"};
@@ -45,12 +41,7 @@ std::vector<std::string> IndexAhead() {  // a player can begin before it has all
 std::vector<std::string> Quickly() {  // the encoder's own choice takes seconds a picture
   return {"-deadline", "realtime", "-cpu-used", "8", "-b:v", "4M"};
 }
-const ExtensionRow kExtensions[] = {
-    {"png", RunPictures::named, PictureFormat::png, "PNG"}, {"bmp", RunPictures::named, PictureFormat::bmp, "BMP"},
-    {"gif", RunPictures::named, PictureFormat::gif, "GIF"}, {"mp4", RunPictures::video, {}, "MP4", "mp4", IndexAhead},
-    {"mkv", RunPictures::video, {}, "MKV", "matroska"},     {"webm", RunPictures::video, {}, "WEBM", "webm", Quickly},
-    {"avi", RunPictures::video, {}, "AVI", "avi"},
-};
+const VideoRow kVideos[] = {{"MP4", "mp4", IndexAhead}, {"MKV", "matroska"}, {"WEBM", "webm", Quickly}, {"AVI", "avi"}};
 
 std::string_view ExtensionOf(std::string_view name) {
   const std::size_t dot = name.rfind('.');
@@ -59,11 +50,11 @@ std::string_view ExtensionOf(std::string_view name) {
   return name.substr(dot + 1);
 }
 
-const ExtensionRow* RowOfName(std::string_view name) {
+const VideoRow* VideoOfName(std::string_view name) {
   const std::string end = Capitals(ExtensionOf(name));
-  const auto* const found = std::find_if(std::begin(kExtensions), std::end(kExtensions),
-                                         [&](const ExtensionRow& row) { return row.capital == end; });
-  return found == std::end(kExtensions) ? nullptr : found;
+  const auto* const found =
+      std::find_if(std::begin(kVideos), std::end(kVideos), [&](const VideoRow& row) { return row.word == end; });
+  return found == std::end(kVideos) ? nullptr : found;
 }
 
 // What is done with the pictures of one kind of run. Null: nothing.
@@ -133,7 +124,7 @@ bool MakeName(RunOutput& output) {
   const std::size_t root = name.size() - ExtensionOf(name).size() - 1;
   const std::size_t digits = std::max(kLeastDigits, std::to_string(output.order.count).size());
   output.name = fmt::format("{}{:0{}}{}", name.substr(0, root), output.number++, digits, name.substr(root));
-  Say(output.platform->console, kWriting, RowOfName(name)->capital, output.name);
+  Say(output.platform->console, kWriting, FormatWord(output.order.format), output.name);
   return true;
 }
 
@@ -172,7 +163,7 @@ bool OpenVideo(RunOutput& output) {
 
 // Sides are made even, as the usual colours of a video want it; its rows begin at the top.
 std::vector<std::string> WordsOf(const RunOutput& output) {
-  const ExtensionRow& row = *RowOfName(output.order.name);
+  const VideoRow& row = *VideoOfName(output.order.name);
   std::vector<std::string> words = {std::string(kVideoProgram),
                                     "-loglevel",
                                     "error",
@@ -211,7 +202,7 @@ bool EndVideoBadly(RunOutput& output, std::string_view why) {
 bool FeedVideo(RunOutput& output) {
   const Programs& programs = output.platform->programs;
   if (output.child == kNoChild) {
-    Say(output.platform->console, kWriting, RowOfName(output.name)->capital, output.name);
+    Say(output.platform->console, kWriting, VideoOfName(output.name)->word, output.name);
     output.child = programs.start(programs.self, WordsOf(output));
     if (output.child == kNoChild) return EndVideoBadly(output, "");
   }
@@ -293,10 +284,10 @@ bool ReadInto(RunOutput& output, int width, int height) {
 }  // namespace
 
 bool OrderOfName(std::string_view name, RunOutputOrder& order) {
-  const ExtensionRow* const row = RowOfName(name);
-  if (row == nullptr) return false;
-  order.kind = row->kind;
-  order.format = row->format;
+  name = TrimEnd(name);
+  const bool video = VideoOfName(name) != nullptr;
+  if (!video && (!FormatOfName(name, order.format) || IsVector(order.format))) return false;
+  order.kind = video ? RunPictures::video : RunPictures::named;
   order.name = name;
   return true;
 }

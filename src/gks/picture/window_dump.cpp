@@ -30,12 +30,12 @@ constexpr std::string_view kStep = "gl.png";  // on the way to the other formats
 struct DumpKind {
   int fixed, numbered;  // options
   PictureFormat format;
-  std::string_view capital, extension;
+  std::string_view extension;
 };
 constexpr DumpKind kKinds[] = {
-    {1, 2, PictureFormat::gif, "GIF", "gif"},
-    {3, 4, PictureFormat::bmp, "BMP", "bmp"},
-    {5, 6, PictureFormat::png, "PNG", "png"},
+    {1, 2, PictureFormat::gif, "gif"},
+    {3, 4, PictureFormat::bmp, "bmp"},
+    {5, 6, PictureFormat::png, "png"},
 };
 constexpr int kUsualOption = 6;  // what -1 stands for
 
@@ -100,7 +100,7 @@ bool GKSDUMP(const Platform& platform, GksState& gks, int option) {
   if (!name.empty()) {
     const DumpKind* const named = KindOfName(name);
     if (named == nullptr && name.find('.') != std::string::npos)
-      Say(platform.console, kUnknownEnding, name, kind->capital);
+      Say(platform.console, kUnknownEnding, name, FormatWord(kind->format));
     return WriteWindow(platform, gks, named == nullptr ? *kind : *named, name);
   }
   if (wanted == kind->fixed) return WriteWindow(platform, gks, *kind, fmt::format("gl.{}", kind->extension));
