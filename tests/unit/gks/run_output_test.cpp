@@ -169,6 +169,12 @@ TEST(RunOutput, AVideoThatFailsLeavesTheOldOne) {
   }
   EXPECT_TRUE(dropped.fake.files.empty());
   EXPECT_EQ(BeginRunOutput(dropped.platform, {.kind = RunPictures::video, .name = "no/run.mp4"}), nullptr);
+  dropped.fake.Put("d/run.mp4", "old");
+  dropped.fake.no_new_files_in = {"d"};
+  EXPECT_EQ(BeginRunOutput(dropped.platform, {.kind = RunPictures::video, .name = "d/run.mp4"}), nullptr);
+  EXPECT_TRUE(dropped.fake.output.ends_with(
+      "Video can't be written : d/run.mp4 (a video needs a plain file in a folder that takes new ones)\n"));
+  EXPECT_EQ(dropped.fake.Bytes("d/run.mp4"), "old");
 }
 
 }  // namespace
