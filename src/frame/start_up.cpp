@@ -17,7 +17,6 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kNoMatch = "ERROR - no file(s) found which match {}";
 using Lines = std::span<const std::string_view>;
 constexpr std::string_view kNotOneEnsembleLines[] = {
     "ERR411 - Multiple output files were specified on the command line but",

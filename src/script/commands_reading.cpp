@@ -18,7 +18,6 @@ namespace {
 constexpr std::string_view kLongName = "ERROR - Error opening ZAVO Output File : {}";
 constexpr std::string_view kAlternate = "ERROR - alternate input needs READ_KINO_FILES in a script";
 constexpr std::string_view kNoWildCards = "ERROR - Wild cards cannot be used with {} command";
-constexpr std::string_view kNoMatch = "ERROR - no file(s) found which match {}";
 
 // A name that begins so asks a dialogue for motions, seaway and geometry.
 bool IsAlternateInput(std::string_view name) {

@@ -108,7 +108,7 @@ struct SilentConsole {
 // A question that a command asked has failed, whatever the command made of it; long work that a Ctrl-C ended has said
 // so.
 int RunLineSilently(Session& session, std::span<const CommandFamily> commands, const ScriptLine& line) {
-  const SilentConsole console(session);
+  SilentConsole console(session);
   const ScriptConsole& silent = console.silent;
   const int status = RunLine(session, commands, line);
   if (silent.interrupted) return kScriptInterrupted;

@@ -15,6 +15,7 @@ namespace zaview {
 // The same, unless a file of just that name exists.
 [[nodiscard]] bool is_pattern(const Files& files, const std::string& name);
 
+inline constexpr std::string_view kNoMatch = "ERROR - no file(s) found which match {}";
 inline constexpr std::string_view kSomeUnread = "{} of {} files could not be read";
 
 // The files whose names match, sorted by byte, without directories and dot files (unless the pattern's own last part
