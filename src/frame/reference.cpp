@@ -88,8 +88,7 @@ bool PrintTopic(const Console& console, std::string_view name) {
     return true;
   }
   Say(console, "ERROR - there is no help on {}", name);
-  if (const auto nearest = NearestCommand(AllCommands(), Capitals(name)); !nearest.empty())
-    Say(console, "        the nearest command is {}", nearest);
+  if (const std::string meant = CommandsMeant(AllCommands(), Capitals(name)); !meant.empty()) SayLine(console, meant);
   PrintTopicNames(console);
   return false;
 }

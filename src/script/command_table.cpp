@@ -1,6 +1,10 @@
 #include "script/command_table.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string>
+
+#include <fmt/format.h>
 
 #include "base/text.h"
 #include "script/nearest_word.h"
@@ -72,14 +76,23 @@ const Command* FindCommand(std::span<const CommandFamily> families, std::string_
   return nullptr;
 }
 
-std::string_view NearestCommand(std::span<const CommandFamily> families, std::string_view word) {
+std::string CommandsMeant(std::span<const CommandFamily> families, std::string_view word) {
+  constexpr std::size_t kMost = 6;  // on a line
   NearestWord nearest{word};
+  const std::string part = std::string(word) + '_';
+  std::string begin_so;
+  std::size_t count = 0;
   for (const CommandFamily& family : families)
     for (const Command& command : family) {
       if (command.meaning.empty()) continue;
       for (const std::string_view name : command.names) nearest.Offer(name);
+      const auto* const name = std::find_if(command.names.begin(), command.names.end(),
+                                            [&](std::string_view each) { return each.starts_with(part); });
+      if (name != command.names.end() && ++count <= kMost) begin_so.append(" ").append(*name);
     }
-  return nearest.nearest;
+  if (count > 0) return fmt::format("        commands that begin so:{}{}", begin_so, count > kMost ? " .." : "");
+  if (nearest.nearest.empty()) return {};
+  return fmt::format("        the nearest command is {}", nearest.nearest);
 }
 
 }  // namespace zaview

@@ -61,7 +61,8 @@ using CommandFamily = std::span<const Command>;
 // The row of a word in capitals; null: there is none.
 [[nodiscard]] const Command* FindCommand(std::span<const CommandFamily> families, std::string_view word);
 
-// The name that a mistyped word is nearest to; blank: none is near.
-[[nodiscard]] std::string_view NearestCommand(std::span<const CommandFamily> families, std::string_view word);
+// A line for somebody who wrote a word, in capitals, that is no command: those of which it is the first part, else the
+// one that it is nearest to; blank: none is near.
+[[nodiscard]] std::string CommandsMeant(std::span<const CommandFamily> families, std::string_view word);
 
 }  // namespace zaview

@@ -11,7 +11,6 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kInterrupted = "ERROR - interrupted ahead of this command";
-constexpr std::string_view kNearest = "        the nearest command is {}";
 constexpr std::string_view kHelp = "        zaview -help {} tells its arguments";
 constexpr std::string_view kCarried =
     "WARNING - {} took the command {} of the next line for its argument : \"\" stands for none";
@@ -82,7 +81,7 @@ int RunLine(Session& session, std::span<const CommandFamily> commands, const Scr
   if (command == nullptr) {
     SayLine(console, "");
     Say(console, "ERROR parsing script file - unrecognized command: {}", word);
-    if (const auto nearest = NearestCommand(commands, call.command); !nearest.empty()) Say(console, kNearest, nearest);
+    if (const std::string meant = CommandsMeant(commands, call.command); !meant.empty()) SayLine(console, meant);
     return kScriptUnknownCommand;
   }
   if (!PreconditionsMet(call, command->needs)) return kScriptFailed;

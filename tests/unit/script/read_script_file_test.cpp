@@ -30,6 +30,9 @@ TEST(Script, Errors) {
       {"FOO 1\n", 3, "\nERROR parsing script file - unrecognized command: FOO\n"},
       {"trim_step 1\n", 3,
        "\nERROR parsing script file - unrecognized command: trim_step\n        the nearest command is TRIM_STEPS\n"},
+      {"animate on\n", 3,
+       "\nERROR parsing script file - unrecognized command: animate\n"
+       "        commands that begin so: ANIMATE_GRAPH ANIMATE_GRAPH_OPTION ANIMATE_OPTION ANIMATE_MOTIONS\n"},
       {"TBA\n", 3,
        "\nERROR parsing script file - unrecognized command: TBA\n        the nearest command is TAB\n"},
       {"READ KINO\n", 5, "ERROR - alternate input needs READ_KINO_FILES in a script\n"},
