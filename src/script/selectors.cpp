@@ -7,18 +7,23 @@
 #include "base/text.h"
 #include "case/quantity_catalogue.h"
 #include "case/settings/point_settings.h"
+#include "script/nearest_word.h"
 
 namespace zaview {
 
 namespace {
 
 constexpr std::string_view kInvalidQuantity = "ERROR - Invalid quantity specifier: {}";
+constexpr std::string_view kNearest = "        the nearest quantity is {}";
+constexpr std::string_view kHelp = "        zaview -help quantities tells them";
 constexpr std::string_view kAllRefused = "ERROR - Option ALL not valid for {} command ...";
 constexpr std::string_view kFewPlain = "ERROR - Insufficient arguments for {} command ...";
 constexpr std::string_view kFewPoint = "ERROR - Insufficient arguments for {} command for point motion...";
 constexpr std::string_view kBadMissile = "ERROR - Invalid option index for {} command for missile data...";
 constexpr std::string_view kNoLoad = "ERROR - Invalid quantity for {} command ...";
 constexpr std::string_view kCurveFault = "ERROR - Invalid curve index for {} option {}";
+constexpr std::string_view kOneCurve = "        {} has one curve";
+constexpr std::string_view kCurves = "        {} has the curves 1 to {}";
 
 // The only ones of a transient added mass run.
 constexpr SelectorRow kImpulsiveSelectors[] = {
@@ -35,6 +40,14 @@ struct TailRow {
 };
 constexpr TailRow kTails[] = {
     {0, 1, kFewPlain, kScriptBadArgument}, {3, 4, kFewPoint, kScriptFailed}, {8, 8, kFewMissile, kScriptFailed}};
+
+void SayQuantityMeant(const Console& console, std::span<const SelectorRow> rows, std::string_view word) {
+  const std::string capitals = Capitals(word);
+  NearestWord nearest{capitals};
+  for (const SelectorRow& row : rows) nearest.Offer(row.word);
+  if (nearest.nearest.empty()) SayLine(console, kHelp);
+  else Say(console, kNearest, nearest.nearest);
+}
 
 }  // namespace
 
@@ -64,7 +77,11 @@ int ReadSelector(ScriptCall& call, Selector& selector) {
   const std::span<const SelectorRow> rows = SelectorWords(call.session.case_store.tadm_case);
   const int index = ParseQuantitySpecifier(call.words, rows, selector.word);
   if (index == kSelectAll) return Fail(call, kScriptBadArgument, kAllRefused, call.command);
-  if (index < 1) return Fail(call, kScriptBadArgument, kInvalidQuantity, selector.word);
+  if (index < 1) {
+    Say(call.console(), kInvalidQuantity, selector.word);
+    SayQuantityMeant(call.console(), rows, selector.word);
+    return kScriptBadArgument;
+  }
   const SelectorRow& row = rows[static_cast<std::size_t>(index - 1)];
   selector.iqnt = row.iqnt;
   selector.form = IsPointQuantity(row.iqnt) ? TailForm::point : TailForm::plain;
@@ -105,8 +122,12 @@ int ReadTail(ScriptCall& call, Selector& selector, CurveIndex curve, QuantityReq
 
 int CheckCurve(ScriptCall& call, const Selector& selector, const QuantityRequest& request) {
   if (selector.all_curves) return kScriptOk;
-  if (request.curve >= 1 && request.curve <= CurveCount(call.session.case_store, request.iqnt)) return kScriptOk;
-  return Fail(call, kScriptBadArgument, kCurveFault, call.command, selector.word);
+  const int count = CurveCount(call.session.case_store, request.iqnt);
+  if (request.curve >= 1 && request.curve <= count) return kScriptOk;
+  Say(call.console(), kCurveFault, call.command, selector.word);
+  if (count == 1) Say(call.console(), kOneCurve, selector.word);
+  else if (count > 1) Say(call.console(), kCurves, selector.word, count);
+  return kScriptBadArgument;
 }
 
 bool HasQuantity(const ScriptCall& call, const Selector& selector) {
