@@ -211,8 +211,8 @@ DataFault FillSmoothed(const Console& console, const OutputSettings& settings, c
   const DataFault fault = FillRequested(settings, request, row, every, curve, c, y);
   if (fault != DataFault::none) return fault;
   Trace(console, "SmoothInput opt0= {} npt0= {}", settings.smoothing.option, settings.smoothing.window);
-  if (!SmoothInput(settings.smoothing.option, settings.smoothing.window, y))
-    SayLine(console, SmoothingSkipped(settings.smoothing.option));
+  const FilterStatus smoothed = SmoothInput(console, settings.smoothing.option, settings.smoothing.window, y);
+  if (smoothed == FilterStatus::interrupted) return DataFault::said;
   for (std::size_t j = 0; j < places.n; ++j) y[j] = y[j * places.stride];
   y.resize(places.n);
   return DataFault::none;

@@ -31,8 +31,8 @@ struct PlotData {
 // Shown values, smoothed as the settings say: y = stored x scale, then x sign factor, in 4 bytes; slots of force are
 // summed in their order first. Curve 4 of 28 and 29 is the length of the stored three. 48: C1 ax + C2 ay + C3 az + C4,
 // (ax ay az) = R' (a + (0,0,1)) as shown. Impulsive runs: time x T, values as stored x sign factor; a function of an
-// IRF case by all its steps and the stride. not_valid is the caller's to say. Samples take the memory of those that
-// data held before.
+// IRF case by all its steps and the stride. said: smoothing was interrupted. not_valid is the caller's to say. Samples
+// take the memory of those that data held before.
 [[nodiscard]] DataFault SetPlotData(const Console& console, const OutputSettings& settings,
                                     const QuantityRequest& request, CaseStore& case_store, PlotData& data);
 

@@ -8,27 +8,37 @@
 namespace zaview {
 namespace {
 
-bool SmoothHistory(int option, int width, const CaseStore& c, StepHistory& history) {
-  bool done = true;
-  for (std::vector<float>& column : history.component) done = done && SmoothInput(option, width, column);
+constexpr std::string_view kInPart =
+    "WARNING - only a part of the stored data is smoothed: read the file again to have all as it was";
+
+FilterStatus SmoothHistory(const Console& console, int option, int width, const CaseStore& c, StepHistory& history) {
+  FilterStatus status = FilterStatus::ok;
+  for (std::vector<float>& column : history.component)
+    if (status == FilterStatus::ok) status = SmoothInput(console, option, width, column);
   ClearGaps(c, history);  // of the steps at its ends something has come into a gap
-  return done;
+  return status;
 }
 
 }  // namespace
 
-void SmoothStored(const Console& console, int option, int width, CaseStore& case_store) {
+bool SmoothStored(const Console& console, int option, int width, CaseStore& case_store) {
   CaseStore& c = case_store;
-  bool done = true;
+  FilterStatus status = FilterStatus::ok;
+  const auto smooth = [&](StepHistory& history) {
+    if (status == FilterStatus::ok) status = SmoothHistory(console, option, width, c, history);
+  };
   Trace(console, "SmoothInput opt0= {} npt0= {}", option, width);
   for (StepHistory* history :
        {&c.pmgg, &c.vmg, &c.acc, &c.force, &c.rudder_cmd, &c.rudder_ang, &c.prop_rps, &c.tadm, &c.fimp, &c.measured})
-    done = done && SmoothHistory(option, width, c, *history);
-  for (std::size_t kind = 0; kind < c.load_force.size(); ++kind)
-    done = done && SmoothHistory(option, width, c, c.load_force[kind]) &&
-           SmoothHistory(option, width, c, c.load_moment[kind]);
-  if (!done) SayLine(console, SmoothingSkipped(option));
+    smooth(*history);
+  for (std::size_t kind = 0; kind < c.load_force.size(); ++kind) {
+    smooth(c.load_force[kind]);
+    smooth(c.load_moment[kind]);
+  }
   DropDerived(c);
+  if (status != FilterStatus::interrupted) return true;
+  SayLine(console, kInPart);
+  return false;
 }
 
 }  // namespace zaview

@@ -40,12 +40,14 @@ class Quantity {
  public:
   Quantity(const Console& console, const OutputSettings& settings, CaseStore& store)
       : console_(console), settings_(settings), store_(store) {}
-  [[nodiscard]] bool Load(int iqnt) {
-    if (iqnt == loaded_) return true;
+  [[nodiscard]] DataFault Load(int iqnt) {
+    if (iqnt == loaded_) return DataFault::none;
     QuantityRequest request;
     request.iqnt = iqnt;
-    loaded_ = SetPlotData(console_, settings_, request, store_, data_) == DataFault::none && data_.n > 0 ? iqnt : 0;
-    return loaded_ == iqnt;
+    DataFault fault = SetPlotData(console_, settings_, request, store_, data_);
+    if (fault == DataFault::none && data_.n <= 0) fault = DataFault::not_valid;
+    loaded_ = fault == DataFault::none ? iqnt : 0;
+    return fault;
   }
   [[nodiscard]] const PlotData& data() const { return data_; }
 
@@ -87,15 +89,18 @@ void Describe(const OutputSettings& settings, const CaseStore& store, std::vecto
   }
 }
 
-// Quantities whose waves can't be evaluated are told and left out.
-void LeaveOutWhatCantBeHad(const Console& console, Quantity& quantity, std::vector<Column>& columns,
+// Quantities whose waves can't be evaluated are told and left out. False (told): the work was given up.
+bool LeaveOutWhatCantBeHad(const Console& console, Quantity& quantity, std::vector<Column>& columns,
                            NetcdfTable& table) {
   int last = 0;
   bool good = true;
   for (std::size_t i = 0; i < columns.size();) {
     if (columns[i].iqnt != last) {
       last = columns[i].iqnt;
-      good = FindQuantity(last)->need != QuantityNeed::wave || quantity.Load(last);
+      const bool needs_wave = FindQuantity(last)->need == QuantityNeed::wave;
+      const DataFault fault = needs_wave ? quantity.Load(last) : DataFault::none;
+      if (fault == DataFault::said) return false;
+      good = fault == DataFault::none;
       if (!good) Say(console, kLeftOut, cQntLong(last));
     }
     if (good) {
@@ -105,6 +110,7 @@ void LeaveOutWhatCantBeHad(const Console& console, Quantity& quantity, std::vect
     columns.erase(columns.begin() + static_cast<std::ptrdiff_t>(i));
     table.variables.erase(table.variables.begin() + static_cast<std::ptrdiff_t>(i + 1));
   }
+  return true;
 }
 
 bool Write(const Console& console, const OutputSettings& settings, CaseStore& store, OutputFile& out) {
@@ -112,24 +118,28 @@ bool Write(const Console& console, const OutputSettings& settings, CaseStore& st
   std::vector<Column> columns;
   Describe(settings, store, columns, table);
   Quantity quantity(console, settings, store);
-  LeaveOutWhatCantBeHad(console, quantity, columns, table);
-  if (columns.empty() || !quantity.Load(columns[0].iqnt)) {
-    SayLine(console, kNothing);
+  if (!LeaveOutWhatCantBeHad(console, quantity, columns, table)) return false;
+  DataFault loaded = columns.empty() ? DataFault::not_valid : quantity.Load(columns[0].iqnt);
+  if (loaded != DataFault::none) {
+    if (loaded != DataFault::said) SayLine(console, kNothing);
     return false;
   }
   table.rows = static_cast<std::size_t>(quantity.data().n);
   const std::vector<float> time = quantity.data().x;
   table.values = [&](std::size_t variable, std::vector<float>& values) {
-    if (variable == 0) values = time;
-    else if (const Column& column = columns[variable - 1]; quantity.Load(column.iqnt))
-      values = quantity.data().y[static_cast<std::size_t>(column.curve - 1)];
-    else return false;
-    return true;
+    if (variable == 0) {
+      values = time;
+      return true;
+    }
+    const Column& column = columns[variable - 1];
+    loaded = quantity.Load(column.iqnt);
+    if (loaded == DataFault::none) values = quantity.data().y[static_cast<std::size_t>(column.curve - 1)];
+    return loaded == DataFault::none;
   };
   std::string bytes;
   const NetcdfFault fault = EncodeNetcdf(table, bytes);
-  if (fault != NetcdfFault::none) SayLine(console, fault == NetcdfFault::no_library ? kNoLibrary : kNoMemory);
-  else WriteOutput(out, bytes);
+  if (fault == NetcdfFault::none) WriteOutput(out, bytes);
+  else if (loaded != DataFault::said) SayLine(console, fault == NetcdfFault::no_library ? kNoLibrary : kNoMemory);
   return fault == NetcdfFault::none;
 }
 

@@ -21,12 +21,13 @@ SettingFault SmoothRecords(const Console& console, int option, int width, CaseSt
                            EnsembleStore& ensemble) {
   if (option != 1 && (option != kCubicSmoothing || width < kLeastWindow)) return SettingFault::illegal;
   const auto smooth = [&](CaseStore& record) {
-    SmoothStored(console, option, option == 1 ? kLeastWindow : width, record);
+    const bool done = SmoothStored(console, option, option == 1 ? kLeastWindow : width, record);
     MarkChanged(ensemble, record);
+    return done;
   };
-  smooth(case_store);
-  for (std::size_t i = 0; i < ensemble.record.size(); ++i)
-    if (static_cast<int>(i) + 1 != ensemble.irec) smooth(ensemble.record[i]);
+  bool going_on = smooth(case_store);
+  for (std::size_t i = 0; i < ensemble.record.size() && going_on; ++i)
+    if (static_cast<int>(i) + 1 != ensemble.irec) going_on = smooth(ensemble.record[i]);
   return SettingFault::none;
 }
 

@@ -16,6 +16,7 @@ inline constexpr int kLeastWindow = 5;
 [[nodiscard]] SettingFault SetSmoothingWindow(int width, SmoothingSettings& smoothing);  // kLeastWindow and above
 
 // Option 1, or 3 with its window, of every record: statistics of an ensemble must not mix smoothed records with others.
+// An interrupt ends it, told.
 [[nodiscard]] SettingFault SmoothRecords(const Console& console, int option, int width, CaseStore& case_store,
                                          EnsembleStore& ensemble);
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "case/ship_pose.h"
+#include "case/smooth_stored.h"
 #include "case/smoothing.h"
 #include "small_case.h"
 
@@ -80,6 +81,8 @@ TEST(ShipPose, AtAStepAndAtTheStart) {
   ExpectNear(FromCentre(c, {1, 2, 3}), {1, 2, 3}, 0);
 }
 
+const Console kNobody;  // asks to stop
+
 // Expected values by numpy.polyfit over each window.
 TEST(Smoothing, LeastSquaresFits) {
   constexpr float kSamples[] = {0.5F, -1.25F, 3, 2, 8, -4, 0.75F, 1, 6, -2.5F, 3.5F, 7};
@@ -98,7 +101,8 @@ TEST(Smoothing, LeastSquaresFits) {
   // clang-format on
   for (const auto& c : cases) {
     std::vector<float> output(c.fits.size());
-    ASSERT_EQ(TimeDataFilter(c.option, c.width, std::span(kSamples).first(output.size()), output), FilterStatus::ok);
+    ASSERT_EQ(TimeDataFilter(kNobody, c.option, c.width, std::span(kSamples).first(output.size()), output),
+              FilterStatus::ok);
     for (std::size_t i = 0; i < output.size(); ++i)
       EXPECT_NEAR(output[i], c.fits[i], 1e-6) << c.option << ' ' << c.width << ' ' << i;
   }
@@ -109,14 +113,38 @@ TEST(Smoothing, ConstantsStayAndOddInput) {
   std::vector<float> smooth(300), samples(20, 1), output(20, 5);
   for (const int option : {1, 3})
     for (const int width : {5, 11, 12, 101}) {
-      EXPECT_EQ(TimeDataFilter(option, width, constant, smooth), FilterStatus::ok);
+      EXPECT_EQ(TimeDataFilter(kNobody, option, width, constant, smooth), FilterStatus::ok);
       EXPECT_EQ(smooth, constant) << option << ' ' << width;
     }
-  EXPECT_EQ(TimeDataFilter(2, 11, samples, output), FilterStatus::bad_option);
+  EXPECT_EQ(TimeDataFilter(kNobody, 2, 11, samples, output), FilterStatus::bad_option);
   EXPECT_EQ(output[0], 5);
   samples[10] = std::numeric_limits<float>::quiet_NaN();
-  EXPECT_EQ(TimeDataFilter(1, 5, samples, output), FilterStatus::ok);
+  EXPECT_EQ(TimeDataFilter(kNobody, 1, 5, samples, output), FilterStatus::ok);
   for (std::size_t i = 0; i < 20; ++i) EXPECT_EQ(std::isnan(output[i]), i >= 8 && i <= 12) << i;
+}
+
+// Half a minute of work for each curve: what is not smoothed when the user stops it stays, and no further curve begins.
+TEST(Smoothing, EndsWithAnInterrupt) {
+  static int looks = 0;  // the record of the console takes no state of a test
+  static std::string said;
+  looks = 0;
+  Console console;
+  console.write = [](void*, std::string_view text) { said += text; };
+  console.flush = [](void*) {};
+  console.take_interrupt = [](void*) { return ++looks == 2; };
+  constexpr int kSteps = 100'000;
+  CaseStore c;
+  c.pmgg.component.assign(2, std::vector<float>(kSteps));
+  for (std::size_t i = 0; i < kSteps; ++i) c.pmgg.component[0][i] = c.pmgg.component[1][i] = i % 2 == 0 ? 1.0F : -1.0F;
+  const StepHistory before = c.pmgg;
+  EXPECT_FALSE(SmoothStored(console, 3, kSteps, c));
+  EXPECT_EQ(looks, 2);
+  EXPECT_EQ(c.pmgg.component, before.component);
+  EXPECT_EQ(said,
+            "Smoothing interrupted\nWARNING - only a part of the stored data is smoothed: read the file again to have "
+            "all as it was\n");
+  EXPECT_TRUE(SmoothStored(console, 3, 11, c));  // looked for in vain
+  EXPECT_NE(c.pmgg.component[1], before.component[1]);
 }
 
 }  // namespace

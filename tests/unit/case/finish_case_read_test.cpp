@@ -224,7 +224,7 @@ TEST(RestartCombine, GapsAreZeroWithTimesByRule) {
   for (const int step : {3, 4}) EXPECT_TRUE(second.motion.at(1, step) == 0.0F && second.accg.at(3, step) == 0.0F);
   EXPECT_NE(second.motion.at(1, 5), 0.0F);
   CaseStore smoothed = second;
-  SmoothStored(FakePlatform().Get().console, 1, 5, smoothed);
+  ASSERT_TRUE(SmoothStored(FakePlatform().Get().console, 1, 5, smoothed));
   EXPECT_EQ(Column(smoothed.load_moment[5], 1, smoothed)[2] + Column(smoothed.pmgg, 3, smoothed)[3], 0.0F);
   EXPECT_NE(smoothed.pmgg.at(3, 1), 1.0F);
 
