@@ -124,14 +124,13 @@ bool TakeSeaway(const Platform& platform, std::string_view given, double g, Kino
   return status == KinoSeaStatus::ok;
 }
 
-// The file is read where it is named, but its frequencies wait for the gravity: then it is read again, in silence.
+// The file is read where it is named, but its frequencies wait for the gravity: then it is read again, in silence as
+// long as that goes well.
 bool TakeSeawayAgain(const Platform& platform, std::string_view given, KinoCase& kino) {
   Platform silent = platform;
   silent.console.write = [](void*, std::string_view) {};
   silent.console.flush = [](void*) {};
-  if (TakeSeaway(silent, given, kino.g, kino)) return true;
-  Say(platform.console, kNoSeaway, Trim(given), "");
-  return false;
+  return TakeSeaway(silent, given, kino.g, kino) || TakeSeaway(platform, given, kino.g, kino);
 }
 
 // ---- Geometry

@@ -166,6 +166,22 @@ TEST(KinoInput, SeawayTakesTheGravityAskedFor) {
   EXPECT_EQ(s.fake.output.find("Reading KINO seaway file", once + 1), std::string::npos);
 }
 
+// Whoever took it away while the question stood: what is said is what the second reading found.
+TEST(KinoInput, SeawayIsGoneWhenItsGravityIsKnown) {
+  Session s;
+  for (const std::string_view answer : {"tow", "wave", "2.5", "1025", "NONE"}) s.fake.input.emplace_back(answer);
+  s.platform.console.read_line = [](void* self, std::string& line) {
+    FakePlatform& fake = *static_cast<FakePlatform*>(self);
+    line = fake.input.front();
+    fake.input.pop_front();
+    if (line == "1025") fake.files.erase(fake.Target("wave.sea"));
+    return true;
+  };
+  EXPECT_EQ(AskForKinoFiles(s.platform, s.run, s.settings, s.store, s.ensemble), KinoInput::abandoned);
+  EXPECT_TRUE(s.fake.output.ends_with("ERROR opening Seaway file: wave\n")) << s.fake.output;
+  EXPECT_EQ(s.fake.input.size(), 1U);
+}
+
 MotionsFault Read(std::string text, KinoMotions& motions) {
   FakePlatform fake;
   fake.Put("a.mot", std::move(text));
