@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kInterrupted = "Smoothing interrupted";
 constexpr int kMostDegree = 3;
-constexpr std::size_t kLookAfter = 1U << 20U;    // samples in windows, before the next look for an interrupt
+constexpr std::size_t kAskAfter = 1U << 20U;     // samples in windows, until it is asked again
 constexpr std::size_t kMostSamples = 1U << 30U;  // lengths of a transform are int
 
 // Polynomials of degree 0..d that are orthogonal over the samples 0..W-1 of a window, and their norms.
@@ -59,23 +59,23 @@ float Fit(const std::vector<double>& weights, const float* x) {
   return static_cast<float>(sum);
 }
 
-FilterStatus FitAlong(const Console& console, std::size_t width, int degree, std::span<const float> input,
-                      std::span<float> output) {
+FilterStatus FitAlong(std::size_t width, int degree, std::span<const float> input, std::span<float> output,
+                      const std::function<bool()>& is_over) {
   const std::size_t n = input.size();
   const std::size_t W = std::min(width, n);
   Gram gram;
   std::vector<double> centre, end;
   if (!MakeGram(W, degree, gram) || !Grow(centre, W) || !Grow(end, W)) return FilterStatus::out_of_memory;
   FitWeights(gram, W / 2, centre);
-  std::size_t fitted = 0;  // samples since the last look
+  std::size_t fitted = 0;  // samples since it was asked last
   for (std::size_t i = 0; i < n; ++i) {
     const std::size_t begin = std::min(i > W / 2 ? i - W / 2 : 0, n - W);
     const bool inside = i - begin == W / 2;
     if (!inside) FitWeights(gram, i - begin, end);
     output[i] = Fit(inside ? centre : end, input.data() + begin);
     fitted += W;
-    if (fitted < kLookAfter) continue;
-    if (TakeInterrupt(console)) return FilterStatus::interrupted;
+    if (fitted < kAskAfter) continue;
+    if (is_over && is_over()) return FilterStatus::interrupted;
     fitted = 0;
   }
   return FilterStatus::ok;
@@ -83,8 +83,8 @@ FilterStatus FitAlong(const Console& console, std::size_t width, int degree, std
 
 }  // namespace
 
-FilterStatus TimeDataFilter(const Console& console, int option, int width, std::span<const float> input,
-                            std::span<float> output) {
+FilterStatus TimeDataFilter(int option, int width, std::span<const float> input, std::span<float> output,
+                            const std::function<bool()>& is_over) {
   constexpr int kSmallWindow = 5;
   if (option != 1 && option != 3) return FilterStatus::bad_option;
   if (input.size() < 2 || width < 1) {
@@ -92,7 +92,7 @@ FilterStatus TimeDataFilter(const Console& console, int option, int width, std::
     return FilterStatus::ok;
   }
   const auto W = static_cast<std::size_t>(option == 1 ? kSmallWindow : width);
-  return FitAlong(console, W, option == 1 ? 2 : 3, input, output);
+  return FitAlong(W, option == 1 ? 2 : 3, input, output, is_over);
 }
 
 bool fourier_smooth(double cutoff, std::span<const float> input, std::span<float> output) {
@@ -138,7 +138,8 @@ FilterStatus SmoothInput(const Console& console, int option, int width, std::vec
   std::vector<float> smoothed;
   FilterStatus status = FilterStatus::out_of_memory;
   if (Grow(smoothed, curve.size())) {
-    if (option != 2) status = TimeDataFilter(console, option, width, curve, smoothed);
+    const auto is_over = [&console] { return TakeInterrupt(console); };
+    if (option != 2) status = TimeDataFilter(option, width, curve, smoothed, is_over);
     else if (fourier_smooth(kCutoff, curve, smoothed)) status = FilterStatus::ok;
   }
   if (status == FilterStatus::ok) curve.swap(smoothed);
@@ -147,11 +148,10 @@ FilterStatus SmoothInput(const Console& console, int option, int width, std::vec
 }
 
 bool smooth_section_loads(StepHistory& loads) {
-  const Console nobody;  // asks to stop: short work within a read
   std::vector<float> smoothed;
   for (std::vector<float>& column : loads.component) {
     if (!Grow(smoothed, column.size())) return false;
-    if (TimeDataFilter(nobody, 1, 1, column, smoothed) != FilterStatus::ok) return false;
+    if (TimeDataFilter(1, 1, column, smoothed) != FilterStatus::ok) return false;
     column.swap(smoothed);
   }
   return true;

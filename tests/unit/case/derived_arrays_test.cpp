@@ -81,7 +81,6 @@ TEST(ShipPose, AtAStepAndAtTheStart) {
   ExpectNear(FromCentre(c, {1, 2, 3}), {1, 2, 3}, 0);
 }
 
-const Console kNobody;  // asks to stop
 
 // Expected values by numpy.polyfit over each window.
 TEST(Smoothing, LeastSquaresFits) {
@@ -101,8 +100,7 @@ TEST(Smoothing, LeastSquaresFits) {
   // clang-format on
   for (const auto& c : cases) {
     std::vector<float> output(c.fits.size());
-    ASSERT_EQ(TimeDataFilter(kNobody, c.option, c.width, std::span(kSamples).first(output.size()), output),
-              FilterStatus::ok);
+    ASSERT_EQ(TimeDataFilter(c.option, c.width, std::span(kSamples).first(output.size()), output), FilterStatus::ok);
     for (std::size_t i = 0; i < output.size(); ++i)
       EXPECT_NEAR(output[i], c.fits[i], 1e-6) << c.option << ' ' << c.width << ' ' << i;
   }
@@ -113,13 +111,13 @@ TEST(Smoothing, ConstantsStayAndOddInput) {
   std::vector<float> smooth(300), samples(20, 1), output(20, 5);
   for (const int option : {1, 3})
     for (const int width : {5, 11, 12, 101}) {
-      EXPECT_EQ(TimeDataFilter(kNobody, option, width, constant, smooth), FilterStatus::ok);
+      EXPECT_EQ(TimeDataFilter(option, width, constant, smooth), FilterStatus::ok);
       EXPECT_EQ(smooth, constant) << option << ' ' << width;
     }
-  EXPECT_EQ(TimeDataFilter(kNobody, 2, 11, samples, output), FilterStatus::bad_option);
+  EXPECT_EQ(TimeDataFilter(2, 11, samples, output), FilterStatus::bad_option);
   EXPECT_EQ(output[0], 5);
   samples[10] = std::numeric_limits<float>::quiet_NaN();
-  EXPECT_EQ(TimeDataFilter(kNobody, 1, 5, samples, output), FilterStatus::ok);
+  EXPECT_EQ(TimeDataFilter(1, 5, samples, output), FilterStatus::ok);
   for (std::size_t i = 0; i < 20; ++i) EXPECT_EQ(std::isnan(output[i]), i >= 8 && i <= 12) << i;
 }
 
