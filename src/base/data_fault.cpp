@@ -13,8 +13,7 @@ constexpr FaultTexts kTexts[] = {
     {kNotInFile, "ERROR allocating memory for the time history"},
     {kNotInFile, "ERROR allocating memory for the table"},
     {kNotInFile, "ERROR allocating memory for the plot"},
-    {"ERROR - Quantity {} not valid for this output file",
-     "ERROR allocating memory - please report this to ZAVO developers"},
+    {"ERROR - Quantity {} not valid for this output file", kReportNoMemory},
 };
 
 }  // namespace

@@ -18,6 +18,10 @@ enum class DataFault : std::uint8_t {
   no_memory
 };
 
+// Memory is out, and nothing tells for what.
+inline constexpr std::string_view kNoMemoryLeft = "ERROR allocating memory";
+inline constexpr std::string_view kReportNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
+
 // What was to be made: each names a fault in words of its own.
 enum class Making : std::uint8_t { history, table, plot_table, plot };
 

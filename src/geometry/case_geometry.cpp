@@ -12,9 +12,6 @@
 namespace zaview {
 namespace {
 
-inline constexpr std::string_view kSkipped = "NONE or blank name specified for geometry file: skipping geometry input";
-inline constexpr std::string_view kNotOpen = "ERROR opening geometry file: {}{}";
-
 constexpr OptionNames kNormals = {"UGEOMNORM"};
 constexpr int kByConnectivity = 1;
 
@@ -61,9 +58,9 @@ bool AddGeometry(const Platform& platform, const GeometryRequest& request, const
                  Hull& hull) {
   Hull part;
   const GeometryStatus status = ReadGeometry(platform, request, part);
-  if (status == GeometryStatus::skipped) SayLine(platform.console, kSkipped);
+  if (status == GeometryStatus::skipped) SayLine(platform.console, kGeometrySkipped);
   if (status == GeometryStatus::cannot_open)
-    Say(platform.console, kNotOpen, SplitGeometryName(request.name).file,
+    Say(platform.console, kGeometryNotOpen, SplitGeometryName(request.name).file,
         WhyGeometryNotOpened(platform.files, request.name, request.folder));
   if (status != GeometryStatus::ok) return status == GeometryStatus::skipped;
   if (request.half && !ReflectGeometry(platform.console, request.LENIN, part)) return false;

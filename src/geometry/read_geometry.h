@@ -36,6 +36,11 @@ struct GeometryRequest {
 
 enum class GeometryStatus : std::uint8_t { ok, skipped, cannot_open, failed };  // told: failed only
 
+// What is said of a file that is skipped; of one that can't be opened, with the name and WhyGeometryNotOpened.
+inline constexpr std::string_view kGeometrySkipped =
+    "NONE or blank name specified for geometry file: skipping geometry input";
+inline constexpr std::string_view kGeometryNotOpen = "ERROR opening geometry file: {}{}";
+
 // The path at which that file is; blank: there is none, or no name.
 [[nodiscard]] std::string GeometryPath(const Files& files, std::string_view name, std::string_view folder);
 

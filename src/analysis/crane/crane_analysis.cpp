@@ -6,6 +6,7 @@
 #include "analysis/do_or_say.h"
 #include "base/message.h"
 #include "frame/ground/file_dialogue.h"
+#include "frame/ground/output_set.h"
 #include "frame/ground/prompts.h"
 
 namespace zaview {
@@ -17,7 +18,6 @@ constexpr std::string_view kAskGeometry = "Enter name for KINO crane & cable geo
 constexpr std::string_view kAborted = "Option Aborted";
 constexpr std::string_view kMotionsDone = "Crane & cargo motions written to {}";
 constexpr std::string_view kGeometryDone = "Crane & cable geometry written to {}";
-constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
 
 void Print(const Console& console, const std::string& text) {
   console.write(console.self, text);
@@ -87,9 +87,9 @@ void AskCrane(const CraneWork& work, CraneRun& run) {
     return SayLine(platform.console, kAborted);
   }
   if (SpoilEachOther(motions.out, geometry.out)) {
-    Say(platform.console, kSameName, geometry.name);
-    Discard(&motions.out);
-    Discard(&geometry.out);
+    Say(platform.console, kSameOutput, geometry.name);
+    DiscardOutput(motions.out);
+    DiscardOutput(geometry.out);
     return SayLine(platform.console, kAborted);
   }
   (void)RunCrane(work, input, model.name, {Wanted(motions), Wanted(geometry)}, run);

@@ -22,7 +22,6 @@ constexpr std::string_view kGeometryTitle = "ZAVO crane and cable geometry";
 constexpr std::string_view kThreeDof[] = {"NOTE: In 3-DOF model, cargo CG assumed to be at cable end",
                                           "      and cargo rotations cannot be modeled",
                                           "      Setting CRANE_RCARGO and CRANE_ACARGO to (0.0,0.0,0.0)"};
-constexpr std::string_view kRigid = "Cable(s) are assumed to be rigid";
 constexpr std::string_view kGlobal = "- Initial positions are in global coordinates";
 constexpr std::string_view kNotFedBack =
     "- Motions of the ship are given: tensions of cables do not act on it (CRANE_IFRC 1)";
@@ -53,7 +52,7 @@ void AppendCables(const CraneInput& input, const CraneModel& m, Report& report) 
   const bool rigid = input.INCABLE == kRigidCable;
   const double stretch = rigid ? 0.0 : StaticStretch(m);
   const double length = m.length + stretch;
-  if (rigid) report.Line(kRigid);
+  if (rigid) report.Line(kRigidCables);
   report.Value("Cable stretch under static load -", stretch * report.length());
   report.Value("Cable length  under static load -", length * report.length());
   if (!rigid) {

@@ -38,7 +38,6 @@ constexpr int kMostCommands = 100;  // MXBANG
 
 constexpr std::string_view kThreeDof = "3-DOF (Cable swing X, swing Y, stretch)";
 constexpr std::string_view kSixDof = "6-DOF (Cable swing X, swing Y, stretch, + 3 cargo rotations)";
-constexpr std::string_view kRigid = "Cable(s) are assumed to be rigid";
 
 // ---- Reading
 
@@ -245,7 +244,7 @@ void WriteCables(const CraneInput& input, Writer& to) {
                                           "CRANE_LCABL0 CRANE_R0, a line a cable", "CRANE_LCABL0, a line a cable"};
   to.Comment("03 CRANE_INCABLE");
   to.Integer(input.INCABLE);
-  if (input.INCABLE == kRigidCable) to.Comment(kRigid);
+  if (input.INCABLE == kRigidCable) to.Comment(kRigidCables);
   to.Comment(kFields[input.INCABLE - 1]);
   std::vector<double> values{input.LCABL0};
   if (input.INCABLE == kElasticCable) values.insert(values.end(), {input.ACABL, input.ECABL});

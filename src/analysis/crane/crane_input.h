@@ -20,6 +20,7 @@
 namespace zaview {
 
 inline constexpr std::string_view kCraneAborted = "Input error for crane & cargo model - Option Aborted";
+inline constexpr std::string_view kRigidCables = "Cable(s) are assumed to be rigid";
 inline constexpr std::string_view kNoCraneMemory = "ERROR - not enough memory for the crane & cargo model";
 
 enum CableInput : int { kElasticCable = 1, kCableByStretch = 2, kRigidCable = 3 };

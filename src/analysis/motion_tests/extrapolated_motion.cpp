@@ -5,6 +5,7 @@
 #include <string>
 
 #include "analysis/motion_tests/motion_forecast.h"
+#include "base/data_fault.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
@@ -18,7 +19,6 @@ constexpr std::string_view kBadOption = "Invalid extrapolation option: {}";
 constexpr std::string_view kBadTime = "Invalid extrapolation time: {}";
 constexpr std::string_view kNoVelocities = "ERROR - {} no velocities to extrapolate by";
 constexpr fmt::string_view kBeyondRun = "ERROR - the run has no steps to tell of {} from now";
-constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::size_t kSix = 6;
 
 Six At(const StepHistory& history, int step) {
@@ -64,9 +64,9 @@ bool ExtrapolationAllowed(const Console& console, const CaseStore& store, const 
 
 DataFault WriteExtrapolatedMotion(const Console& console, const OutputSettings& settings,
                                   const ExtrapolationRequest& request, CaseStore& store, OutputFile& out) {
-  return MakeOrSay(console, kNoMemory, [&] {
+  return MakeOrSay(console, kNoMemoryLeft, [&] {
     if (request.option == 1 && !EnsureDerived(store, Derived::accg)) {
-      SayLine(console, kNoMemory);
+      SayLine(console, kNoMemoryLeft);
       return DataFault::said;
     }
     const double to_output = settings.units.scales.T, T = request.T_out / to_output;

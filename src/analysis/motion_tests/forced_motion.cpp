@@ -8,6 +8,7 @@
 #include <span>
 
 #include "analysis/do_or_say.h"
+#include "base/data_fault.h"
 #include "base/message.h"
 #include "base/table_text.h"
 #include "case/derived_arrays.h"
@@ -26,8 +27,6 @@ constexpr std::string_view kNotThese =
     "ERROR - Force Motion Analysis not implemented for this combination of forced motions:{}";
 constexpr std::string_view kNoFit = "ERROR in Least Squares fit for force coefficients";
 constexpr std::string_view kNotOpen = "ERROR opening output file {}{}";
-constexpr std::string_view kSameName = "ERROR - the analysis has two output files of this name: {}";
-constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::string_view kAddedMassTerms = "adm.dbg", kDampingTerms = "dmp.dbg";
 
 // ---- What is fitted
@@ -75,7 +74,7 @@ bool Fit(const ForcedMotionWork& work, ForcedMotionResult& result) {
   const std::vector<int> modes = ForcedModes(c.control);
   if (!SayFit(console, modes)) return false;
   if (!EnsureDerived(c, Derived::vmgshp) || !EnsureDerived(c, Derived::force_ship)) {
-    SayLine(console, kNoMemory);
+    SayLine(console, kNoMemoryLeft);
     return false;
   }
   const std::vector<int> steps =  // none of them: singular
@@ -213,8 +212,8 @@ bool WriteForcedMotion(const ForcedMotionWork& work, std::string_view coefficien
                                std::string(kDampingTerms)};
   std::vector<OutputFile> files;
   if (!OpenAll(work.platform, names, kNotOpen, files)) return false;
-  if (!AreDifferent(console, files, kSameName) ||
-      !DoOrSay(console, kNoMemory, [&] { return WriteAll(work, files, result); })) {
+  if (!AreDifferent(console, files, kSameOutput) ||
+      !DoOrSay(console, kNoMemoryLeft, [&] { return WriteAll(work, files, result); })) {
     DiscardAll(files);
     return false;
   }

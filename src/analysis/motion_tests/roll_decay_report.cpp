@@ -10,6 +10,7 @@
 
 #include "analysis/motion_tests/upright_stability.h"
 #include "base/angles.h"
+#include "base/data_fault.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/table_text.h"
@@ -25,7 +26,6 @@ constexpr int kFreeMotion = 2;
 constexpr int kHeave = 3, kRoll = 4, kPitch = 5;
 
 constexpr std::string_view kFewPeaks = "ERR476 - Not enough amplitude peaks to compute the roll decay coefficients";
-constexpr std::string_view kNoMemory = "ERROR allocating memory";
 constexpr std::string_view kNoBuoyancy = "ERROR computing buoyancy force";
 constexpr std::string_view kNoMass = "WARNING - ship mass is not known, roll added mass is not estimated";
 constexpr std::string_view kTitle = "Roll Decay Coefficients for ZAVO file {}";
@@ -201,7 +201,7 @@ bool IsRollDecay(const CaseStore& store) {
 }
 
 DataFault WriteRollDecay(const RollDecayWork& work, bool bias, OutputFile& out, RollDecayResult& result) {
-  return MakeOrSay(work.platform.console, kNoMemory, [&] {
+  return MakeOrSay(work.platform.console, kNoMemoryLeft, [&] {
     const DataFault fault = FindCycles(work, bias, result);
     if (fault == DataFault::none) WriteOutput(out, (out.had_text ? "\n" : "") + ReportOf(work, result));
     return fault;

@@ -21,7 +21,6 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kNotHrl = "ERROR - {} : only a mesh in HRL format can be moved";
-constexpr std::string_view kNotOpen = "ERROR opening geometry file: {}{}";
 constexpr std::string_view kNoHull = "ERROR - the geometry of this case could not be read";
 constexpr std::string_view kNoMemory = "ERROR allocating memory for the moving mesh";
 
@@ -50,7 +49,7 @@ bool ReadFile(const Platform& platform, const GeometryName& name, const CaseStor
   const GeometryStatus status =
       path.empty() ? GeometryStatus::cannot_open : ReadHrl(platform, path, GeometryRequest{}, hull);
   if (status == GeometryStatus::cannot_open)
-    Say(platform.console, kNotOpen, name.file, WhyNoNamedFile(platform.files, name.file, folder));
+    Say(platform.console, kGeometryNotOpen, name.file, WhyNoNamedFile(platform.files, name.file, folder));
   if (status != GeometryStatus::ok) return false;
   const InputTransform transform = TransformOf(store.control);
   for (Vector3& p : hull.mesh.nodes) p = InputToShip(transform, p);

@@ -12,6 +12,8 @@
 
 namespace zaview {
 
+inline constexpr std::string_view kAskRoot = "Enter root name for output files";
+
 struct RootFile {
   std::string_view extension;
   std::string_view writing, written;  // said of the name when it is opened, and when it is there; blank: nothing

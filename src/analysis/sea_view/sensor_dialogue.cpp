@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "analysis/sea_view/root_files.h"
 #include "analysis/sea_view/sensor_view.h"
 #include "base/message.h"
 #include "base/number_format.h"
@@ -55,7 +56,6 @@ constexpr std::string_view kDirection = "Enter scanning direction (azimuth)";
 constexpr std::string_view kDistances = "Enter min, max, and increment for scanning distances";
 constexpr std::string_view kCount = "Enter number of scanning distances";
 constexpr std::string_view kListed = "Enter scanning distances";
-constexpr std::string_view kRoot = "Enter root name for output files";
 
 constexpr std::string_view kBadLookdown = "Illegal value, must be between 0 and 90";
 constexpr std::string_view kNotPositive = "Illegal value, must be positive";
@@ -174,7 +174,7 @@ Answer AskRequest(const Console& console, const CaseStore& c, SensorRequest& req
   Answer answer = AskStepRange(console, c, kSteps, kBadSteps, request.steps);
   if (answer == Answer::ok) answer = AskDirections(console, request);
   if (answer == Answer::ok) answer = AskDistances(console, request);
-  return answer == Answer::ok ? ask_text(console, kRoot, c.base_name, root) : answer;
+  return answer == Answer::ok ? ask_text(console, kAskRoot, c.base_name, root) : answer;
 }
 
 Answer Write(const Platform& platform, const OutputSettings& settings, const SensorSettings& sensor, SensorMode mode,

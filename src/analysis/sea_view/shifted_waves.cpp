@@ -27,7 +27,6 @@ namespace zaview {
 namespace {
 
 constexpr std::string_view kNotAvailable = "ERROR - wave field output not available for this seaway";
-constexpr std::string_view kNoMemory = "ERROR allocate wave field phase arrays";
 constexpr std::string_view kScaled = "NOTE: the wave scale at this time step is {} : amplitudes are not scaled";
 constexpr std::string_view kStokesNote = "NOTE: regular Stokes wave of order {} taken as one linear component";
 constexpr std::string_view kOfSine = "phases are those of -sin(k*x-omega*t-phase)";
@@ -84,7 +83,7 @@ bool MakeMotions(const Console& console, const OutputSettings& settings, const S
   WaveAnswer answer = IncidentWaveAtCG(console, c);
   if (answer == WaveAnswer::ok) answer = WaveAlong(console, c, x, y, eta);
   const bool derived = EnsureDerived(c, Derived::vmgg) && EnsureDerived(c, Derived::accg);
-  if (answer == WaveAnswer::no_memory || !derived) SayLine(console, kNoMemory);
+  if (answer == WaveAnswer::no_memory || !derived) SayLine(console, kNoShiftMemory);
   if (answer != WaveAnswer::ok || !derived) return false;
 
   const TableLayout layout{settings.writing.separator, {}};
@@ -121,7 +120,7 @@ bool MakeShiftedWaves(const Console& console, int step, CaseStore& case_store, S
   }
   waves.origin = ShiftOriginOf(case_store, step);
   if (answer == WaveAnswer::no_memory || !ShiftWaves(seaway, waves.origin, waves.seaway)) {
-    SayLine(console, kNoMemory);
+    SayLine(console, kNoShiftMemory);
     return false;
   }
   if (seaway.ISEA == 3) Say(console, kStokesNote, seaway.WSPEC);
@@ -178,7 +177,7 @@ std::string ComponentTable(const OutputSettings& settings, const CaseStore& case
 
 bool ShiftedMotions(const Console& console, const OutputSettings& settings, const ShiftedWaves& waves,
                     CaseStore& case_store, std::string& text) {
-  return DoOrSay(console, kNoMemory, [&] { return MakeMotions(console, settings, waves, case_store, text); });
+  return DoOrSay(console, kNoShiftMemory, [&] { return MakeMotions(console, settings, waves, case_store, text); });
 }
 
 bool WriteShiftedWaves(const Platform& platform, const OutputSettings& settings, int step, std::string_view root,
@@ -192,7 +191,7 @@ bool WriteShiftedWaves(const Platform& platform, const OutputSettings& settings,
     return false;
   std::string sea, motions;
   const bool sea_made = ShiftedSeawayText(settings, case_store, waves, PhaseDefinition::cosine, sea);
-  if (!sea_made) SayLine(console, kNoMemory);
+  if (!sea_made) SayLine(console, kNoShiftMemory);
   if (!sea_made || !ShiftedMotions(console, settings, waves, case_store, motions)) {
     DiscardRootFiles(files);
     return false;

@@ -14,6 +14,7 @@ namespace zaview {
 inline constexpr std::string_view kWritingSeaway = "Writing KINO seaway data to ";
 inline constexpr std::string_view kWritingComponents = "Writing CD-adapco waves data to ";
 inline constexpr std::string_view kWritingMotions = "Writing shifted motion data to ";
+inline constexpr std::string_view kNoShiftMemory = "ERROR allocate wave field phase arrays";
 
 // x = U (time - TINIT) + X, y = Y, (X, Y) the place of the geometry's input origin at the initial position.
 [[nodiscard]] ShiftOrigin ShiftOriginOf(const CaseStore& case_store, int step);

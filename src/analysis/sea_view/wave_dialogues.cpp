@@ -5,6 +5,7 @@
 #include <string>
 
 #include "analysis/do_or_say.h"
+#include "analysis/sea_view/root_files.h"
 #include "analysis/sea_view/shifted_waves.h"
 #include "analysis/sea_view/wave_field.h"
 #include "base/message.h"
@@ -50,10 +51,8 @@ constexpr std::string_view kSelected = "Selected time step corresponds to T= {}"
 constexpr std::string_view kSeawayFile = "KINO seaway file (blank to skip)";
 constexpr std::string_view kComponentFile = "CD-adapco wave file (blank to skip)";
 constexpr std::string_view kMotionFile = "Shifted motion file (blank to skip)";
-constexpr std::string_view kRoot = "Enter root name for output files";
 constexpr std::string_view kBadValue = "ILLEGAL value - re-enter";
 constexpr std::string_view kAborted = "Option aborted ...";
-constexpr std::string_view kNoMemory = "ERROR allocate wave field phase arrays";
 
 void SayAll(const Console& console, std::span<const std::string_view> lines) {
   for (const std::string_view line : lines) SayLine(console, line);
@@ -103,12 +102,12 @@ Answer AskShiftedFiles(const Platform& platform, const OutputSettings& settings,
   const Console& console = platform.console;
   Answer answer = AskOneFile(platform, kSeawayFile, kWritingSeaway, [&](std::string& text) {
     if (ShiftedSeawayText(settings, c, waves, definition, text)) return true;
-    SayLine(console, kNoMemory);
+    SayLine(console, kNoShiftMemory);
     return false;
   });
   if (answer != Answer::ok) return answer;
   answer = AskOneFile(platform, kComponentFile, kWritingComponents, [&](std::string& text) {
-    return DoOrSay(console, kNoMemory, [&] {
+    return DoOrSay(console, kNoShiftMemory, [&] {
       text = ComponentTable(settings, c, waves, definition);
       return true;
     });
@@ -159,7 +158,7 @@ Answer AskFlowField(const Platform& platform, const OutputSettings& settings, Ca
     most /= request.axes[i].n;
   }
   std::string root;
-  if (answer == Answer::ok) answer = ask_text(console, kRoot, c.base_name, root);
+  if (answer == Answer::ok) answer = ask_text(console, kAskRoot, c.base_name, root);
   if (answer == Answer::ok) (void)WriteWaveField(platform, settings, request, root, c);  // it says what it can't
   return answer;
 }
@@ -206,7 +205,7 @@ void AskWaveAnalysis(const Platform& platform, const OutputSettings& settings, C
   std::string root;
   Answer answer = AskStepRange(console, case_store, kAnalysisSteps, kIllegalStepRange, steps);
   if (answer == Answer::ok) answer = AskWaveOption(console);
-  if (answer == Answer::ok) answer = ask_text(console, kRoot, case_store.base_name, root);
+  if (answer == Answer::ok) answer = ask_text(console, kAskRoot, case_store.base_name, root);
   if (answer != Answer::ok) return SayLine(console, kAborted);
   WaveAnalysisResult written;  // it is said why not
   if (WriteWaveAnalysis(platform, settings, steps, root, case_store, written)) result = std::move(written);

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/data_fault.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "case/read/finish_case_read.h"
@@ -21,7 +22,6 @@ inline constexpr std::string_view kIdentical = "Case seems to be identical to pr
 inline constexpr std::string_view kRealization =
     "Case seems to be new realization of previous case(s) - adding to ensemble data";
 inline constexpr std::string_view kNoMatch = "Case does not match previous case(s) - resetting ensemble data";
-inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 
 constexpr double kSameSpeed = 1E-4;  // over sqrt(gL)
 
@@ -99,7 +99,7 @@ void match_case_to_ensemble(const Console& console, EnsembleMode ensemble_mode, 
     const Outcome outcome = OutcomeOf(ensemble_mode, match);
     SayLine(console, outcome.words);
     if (outcome.added && AddRecord(fresh, ensemble, case_store)) return;
-    if (outcome.added) SayLine(console, kNoMemory);
+    if (outcome.added) SayLine(console, kReportNoMemory);
   }
   case_store = std::move(fresh);
   reset_ensemble(case_store, ensemble);

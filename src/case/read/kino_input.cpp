@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "base/data_fault.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
@@ -16,6 +17,7 @@
 #include "case/read/finish_case_read.h"
 #include "case/read/kino_case.h"
 #include "case/wave_at_cg.h"
+#include "frame/ground/file_dialogue.h"
 #include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
 #include "geometry/read_geometry.h"
@@ -28,7 +30,6 @@ namespace {
 constexpr std::string_view kBeginning = "Beginning alternative data input (QUIT to abort)";
 constexpr std::string_view kComplete = "Text file data input complete...";
 constexpr std::string_view kAskMotions = "Enter an KINO format motions file";
-constexpr std::string_view kBlankName = " file specification aborted ... re-specify";
 constexpr std::string_view kAskSeaway = "Enter an KINO seaway file name, CALM for no wave, or QUIT to abort";
 constexpr std::string_view kAskGravity = "Enter gravitational constant =>";
 constexpr std::string_view kAskDensity = "Enter water density =>";
@@ -51,13 +52,10 @@ constexpr std::string_view kNoSteps = "ERROR - no time steps read from file";
 constexpr std::string_view kNotIncreasing[] = {"ERROR - time values in specified motion data file not increasing.",
                                                "        File may be of incorrect format."};
 constexpr std::string_view kNoHistoryMemory = "ERROR allocating time history data, istat= 1";
-constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 constexpr std::string_view kCalm = "CALM or blank name specified for Seaway file: incident wave set to calm";
 constexpr std::string_view kNoSeaway = "ERROR opening Seaway file: {}{}";
-constexpr std::string_view kNoGeometry = "NONE or blank name specified for geometry file: skipping geometry input";
 constexpr std::string_view kQualifier = "Format qualifier >{}< name >{}";
 constexpr std::string_view kUnknownQualifier = "ERROR - unrecognzied format qualifier ({}) for geometry input file";
-constexpr std::string_view kGeometryNotOpen = "ERROR opening geometry file: {}{}";
 constexpr std::string_view kBadGravity = "ERROR - illegal value specified for gravitational constant: {}";
 constexpr std::string_view kBadDensity = "ERROR - illegal value specified for water density : {}";
 
@@ -154,7 +152,7 @@ bool SplitQualifier(const Console& console, std::string_view given, std::string&
 bool TakeGeometry(const Platform& platform, std::string_view given, KinoCase& kino) {
   const std::string_view trimmed = Trim(given);
   if (IsOneOf(trimmed, "NONE", "none")) {
-    SayLine(platform.console, kNoGeometry);
+    SayLine(platform.console, kGeometrySkipped);
     return true;
   }
   std::string file;
@@ -167,7 +165,7 @@ bool TakeGeometry(const Platform& platform, std::string_view given, KinoCase& ki
   if (status == GeometryStatus::cannot_open)
     Say(platform.console, kGeometryNotOpen, file, WhyGeometryNotOpened(platform.files, kino.geometry, {}));
   if (status == GeometryStatus::skipped) {
-    SayLine(platform.console, kNoGeometry);
+    SayLine(platform.console, kGeometrySkipped);
     kino.geometry.clear();
   }
   return status == GeometryStatus::ok || status == GeometryStatus::skipped;
@@ -180,7 +178,7 @@ KinoInput Accept(const Platform& platform, const RunState& run, KinoCase& kino, 
   CaseStore fresh;
   const KinoBuild build = BuildKinoCase(kino, fresh);
   if (build != KinoBuild::ok) {
-    SayLine(console, build == KinoBuild::no_history_memory ? kNoHistoryMemory : kNoMemory);
+    SayLine(console, build == KinoBuild::no_history_memory ? kNoHistoryMemory : kReportNoMemory);
     return KinoInput::abandoned;
   }
   SayLeftOut(console, fresh.wave);
@@ -203,7 +201,7 @@ bool AskForMotions(const Platform& platform, KinoCase& kino) {
   std::string name;
   while (ask_text(platform.console, kAskMotions, "", name) == Answer::ok) {
     if (!IsBlank(name)) return TakeMotions(platform, name, kino);
-    SayLine(platform.console, kBlankName);
+    SayLine(platform.console, kNameWanted);
   }
   return false;
 }

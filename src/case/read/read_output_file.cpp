@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "base/data_fault.h"
 #include "base/line_source.h"
 #include "base/message.h"
 #include "base/number_format.h"
@@ -22,6 +23,7 @@
 #include "case/read/table_input.h"
 #include "case/read/time_steps.h"
 #include "case/wave_at_cg.h"
+#include "frame/ground/file_dialogue.h"
 #include "frame/ground/input_file.h"
 #include "frame/ground/prompts.h"
 #include "geometry/case_geometry.h"
@@ -31,7 +33,6 @@ namespace {
 
 inline constexpr std::string_view kAskName = "Enter ZAVO output file name (KINO for alternate input, QUIT to abort)";
 inline constexpr std::string_view kNotOpened = "ERROR - Error opening ZAVO Output File : {}{}";
-inline constexpr std::string_view kBlankName = " file specification aborted ... re-specify";
 inline constexpr std::string_view kAlternateInScript = "ERROR - alternate input needs READ_KINO_FILES in a script";
 inline constexpr std::string_view kGeometryOnly = "Specified ZAVO file is for a geometry only (NSTEP=0) run";
 inline constexpr std::string_view kNoSteps[] = {"ERR487 - The ZAVO file contains no steps.",
@@ -43,7 +44,6 @@ inline constexpr std::string_view kNoMoreSteps = "         Additional steps will
 inline constexpr std::string_view kNoMoreStepsError = "         Additional steps will be not be available";
 inline constexpr std::string_view kReadAborted = "         File read aborted";
 inline constexpr std::string_view kNotProgrammed = "oops - have not programmed this yet - contact Ned";
-inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 
 constexpr FileHandle kAlternateInput = -2;  // no file: motions, seaway and hull are asked for
 constexpr std::size_t kNameField = 256;     // columns; a longer name fails to open, it is never cut
@@ -182,7 +182,7 @@ void AcceptWithSteps(const Console& console, const ReadRequest& request, const R
 ReadOutcome TakeSteps(const Console& console, const ReadRequest& request, const RunState& run, const StepsRead& steps,
                       OutputSettings& settings, CaseStore& fresh, Held& held) {
   if (steps.end == StepsEnd::out_of_memory) {
-    SayLine(console, kNoMemory);
+    SayLine(console, kReportNoMemory);
     held.case_store = CaseStore{};
     reset_ensemble(held.case_store, held.ensemble);
     return ReadOutcome::failed;
@@ -248,7 +248,7 @@ FileHandle AskForFile(const Platform& platform, bool script_active, std::string&
   while (ask_text(platform.console, kAskName, "", name) == Answer::ok) {
     name = std::string(Trim(name));
     if (name.empty()) {
-      SayLine(platform.console, kBlankName);
+      SayLine(platform.console, kNameWanted);
       continue;
     }
     const FileHandle file = FindFile(platform, script_active, name);

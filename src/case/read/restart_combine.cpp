@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/data_fault.h"
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
@@ -32,7 +33,6 @@ inline constexpr std::string_view kNotLater =
     "WARNING - Output histories not combined : first step {} does not come after step {}";
 inline constexpr std::string_view kLongGap =
     "WARNING - Output histories not combined : too long a gap from step {} through {}";
-inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 
 using Histories = std::array<StepHistory CaseStore::*, 8>;
 constexpr Histories kHistories = {&CaseStore::time,       &CaseStore::pmgg,    &CaseStore::vmg,
@@ -199,7 +199,7 @@ void OfferCombination(const Console& console, RestartMode mode, bool can_ask, co
   if (asks && !WantsCombination(console, old)) return;
   if (SayObstacle(console, old, fresh)) return;
   const int new_first = fresh.first_read;
-  if (!CombineHistories(old, fresh)) return SayLine(console, kNoMemory);
+  if (!CombineHistories(old, fresh)) return SayLine(console, kReportNoMemory);
   SayCombined(console, old.last_read, new_first, fresh);
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "base/angles.h"
+#include "base/data_fault.h"
 #include "base/message.h"
 #include "base/number_format.h"
 #include "base/number_parse.h"
@@ -21,7 +22,6 @@ namespace {
 inline constexpr std::string_view kNotImpulsive = "ERROR - KINO output not relevant for impulsive motion";
 inline constexpr std::string_view kNotIrf = "ERROR - KINO output not relevant for IRF calculation";
 inline constexpr std::string_view kNoMotions = "ERROR - no column of the table is a motion";
-inline constexpr std::string_view kNoMemory = "ERROR allocating memory - please report this to ZAVO developers";
 inline constexpr std::string_view kTransformation[] = {
     "To use this file with geometry specified in ZAVO input coordinates,",
     "an initial transformation must be specified:"};
@@ -177,7 +177,7 @@ bool WriteKinoSeaway(const Console& console, const OutputSettings& settings, Cas
   if (EnsureSeaway(console, case_store) != WaveAnswer::ok) return false;
   std::string text;
   if (!KINOSE(case_store.control, case_store.seaway, KinoUnitsOf(settings), case_store.file_name, text)) {
-    SayLine(console, kNoMemory);
+    SayLine(console, kReportNoMemory);
     return false;
   }
   if (out.had_text) WriteOutput(out, "\n");

@@ -8,7 +8,6 @@ namespace zaview {
 
 namespace {
 
-constexpr std::string_view kAborted = " file specification aborted ... re-specify";
 constexpr std::string_view kMissing = "ERROR - File {} does not exist ... re-specify";
 constexpr std::string_view kOpenFailed = "ERROR opening file {} ... re-specify{}";
 constexpr std::string_view kExists = "File {} already exists";
@@ -96,7 +95,7 @@ Step AskOnce(const Platform& platform, const FileQuestion& question, ChosenFile&
   if (question.use == FileUse::output && !IsBlank(chosen.name)) return OpenForOutput(platform, question, chosen);
   if (question.use == FileUse::output && question.blank_is_console)
     return OpenOutput(platform, "", OpenHow::replace, chosen.out) ? Step::done : Step::aborted;
-  SayLine(platform.console, kAborted);
+  SayLine(platform.console, kNameWanted);
   return Step::again;
 }
 

@@ -29,6 +29,8 @@ struct ChosenFile {
   OutputFile out;             // output
 };
 
+// What is said of a blank answer where a file must be named.
+inline constexpr std::string_view kNameWanted = " file specification aborted ... re-specify";
 // What is said where a file of this form is asked for and there is none.
 inline constexpr std::string_view kFormattedOnly = "Option only supports formatted output - UNFORM switch ignored";
 

@@ -11,6 +11,8 @@
 
 namespace zaview {
 
+inline constexpr std::string_view kSameOutput = "ERROR - the analysis has two output files of this name: {}";
+
 // not_open, not_written, same_name: what is said, with slots for the name and, of the first two, the reason.
 [[nodiscard]] bool OpenAll(const Platform& platform, std::span<const std::string> names, std::string_view not_open,
                            std::vector<OutputFile>& files);
