@@ -147,6 +147,27 @@ TEST(Layers, EveryIncludeOfSrcGoesDown) {
   for (const std::string& record : layers.records) EXPECT_TRUE(stems.contains(record)) << record;
 }
 
+// A folder without a line would pass as a part of the room around it.
+TEST(Layers, EveryFolderOfSrcIsARoomThatIsDescribed) {
+  Names rooms, folders, described;
+  for (const auto& [room, below] : ProjectLayers().below) rooms.insert(room);
+  const fs::path src = ProjectFile("src");
+  for (const auto& entry : fs::recursive_directory_iterator(src))
+    if (entry.is_regular_file()) folders.insert(fs::relative(entry.path().parent_path(), src).generic_string());
+  EXPECT_EQ(folders, rooms);
+
+  std::ifstream page(ProjectFile("docs/ARCHITECTURE.md"));
+  std::string line;
+  while (std::getline(page, line) && !line.starts_with("| room |")) continue;
+  const std::regex name("`([\\w/]+)/`");
+  while (std::getline(page, line) && line.starts_with("|")) {
+    const std::string cell = line.substr(1, line.find('|', 1) - 1);
+    for (std::sregex_iterator found(cell.begin(), cell.end(), name), end; found != end; ++found)
+      described.insert((*found)[1]);
+  }
+  EXPECT_EQ(described, rooms);
+}
+
 // The rooms of the build are these, and link what they may include.
 TEST(Layers, TheBuildHasTheSameRooms) {
   std::ifstream in(ProjectFile("CMakeLists.txt"));
