@@ -81,7 +81,6 @@ TEST(ShipPose, AtAStepAndAtTheStart) {
   ExpectNear(FromCentre(c, {1, 2, 3}), {1, 2, 3}, 0);
 }
 
-
 // Expected values by numpy.polyfit over each window.
 TEST(Smoothing, LeastSquaresFits) {
   constexpr float kSamples[] = {0.5F, -1.25F, 3, 2, 8, -4, 0.75F, 1, 6, -2.5F, 3.5F, 7};
