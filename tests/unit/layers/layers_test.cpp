@@ -4,7 +4,6 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -172,14 +171,16 @@ TEST(Layers, EveryFolderOfSrcIsARoomThatIsDescribed) {
 TEST(Layers, TheBuildHasTheSameRooms) {
   std::ifstream in(ProjectFile("CMakeLists.txt"));
   const std::string build{std::istreambuf_iterator<char>(in), {}};
-  const std::regex row("\\nzaview_room\\((\\w+)\\s+(\\S+?)(?:\\s+LINK\\s+([^)]*))?\\)");
+  constexpr std::string_view kRoom = "\nzaview_room(";
   std::map<std::string, std::string> folders;  // of the targets
   std::stringstream drawing;
-  for (std::sregex_iterator found(build.begin(), build.end(), row), end; found != end; ++found) {
-    folders[(*found)[1]] = (*found)[2];
-    drawing << (*found)[2] << ":";
-    std::istringstream links((*found)[3].str());
-    for (std::string target; links >> target;) drawing << ' ' << folders[target];
+  for (size_t at = build.find(kRoom); at != std::string::npos; at = build.find(kRoom, at + 1)) {
+    std::istringstream words(build.substr(at + kRoom.size(), build.find(')', at) - at - kRoom.size()));
+    std::string target, folder, link;
+    words >> target >> folder >> link;
+    folders[target] = folder;
+    drawing << folder << ":";
+    while (words >> target) drawing << ' ' << folders[target];
     drawing << '\n';
   }
   const Layers of_build = ReadLayers(drawing);
