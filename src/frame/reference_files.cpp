@@ -1,5 +1,7 @@
 #include "frame/reference_files.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include "base/text.h"

@@ -141,7 +141,7 @@ void FreeScene(const OffscreenWindows& windows, Row& row) {
 int CreateWindow(void* self, const std::string&, int x, int y, int width, int height) {
   OffscreenWindows& windows = Of(self);
   if (!windows.started || width < 1 || height < 1) return 0;
-  int id = 1;
+  int id = kMainWindow;
   while (Find(windows, id) != nullptr) ++id;
   Row row;
   row.x = x;
@@ -281,7 +281,7 @@ bool TellWindows(OffscreenWindows& windows) {
 void Close(OffscreenWindows& windows, int id) {
   if (Find(windows, id) == nullptr) return;
   DestroyWindow(&windows, id);
-  if (id == 1) ++windows.generation;
+  if (id == kMainWindow) ++windows.generation;
   if (windows.events.closed != nullptr) windows.events.closed(windows.events.self, id);
 }
 
