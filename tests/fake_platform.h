@@ -56,6 +56,7 @@ struct FakePlatform {
   std::int64_t room = -1;                 // bytes that may still be written to files; -1: no end
   bool close_fails = false;
   bool rename_fails = false;
+  std::string why;  // of all these, in words
 
   void Put(const std::string& name, std::string bytes, unsigned mode = 0644) {
     files[name] = {std::move(bytes), mode, true};
@@ -232,7 +233,7 @@ inline Platform FakePlatform::Get() {
     return true;
   };
   p.files.working_directory = [](void* self) { return Of(self).working_directory; };
-  p.files.why = [](void*) { return std::string(); };  // nobody knows
+  p.files.why = [](void* self) { return Of(self).why; };
   return p;
 }
 

@@ -88,12 +88,11 @@ struct CaseFile {
 struct Ending {
   std::string_view ending, done;
 };
-constexpr Ending kEndings[] = {
-    // three in the order of CoefficientKind
-    {".adm", "Added Mass coefficients written to file"},
-    {".dmp", "Damping coefficients written to file"},
-    {".stf", "Stiffness coefficients written to file"},
-    {".exc", "Wave Excitation coefficients written to file"}};
+// Three in the order of CoefficientKind.
+constexpr Ending kEndings[] = {{".adm", "Added Mass coefficients written to file"},
+                               {".dmp", "Damping coefficients written to file"},
+                               {".stf", "Stiffness coefficients written to file"},
+                               {".exc", "Wave Excitation coefficients written to file"}};
 
 std::vector<CaseFile> FilesOf(const FrequencyWork& work, std::string_view root, const FrequencyResults& results) {
   const FrequencyLooks looks = LooksOf(work.store, work.settings);
@@ -116,9 +115,7 @@ bool WriteFiles(const FrequencyWork& work, const std::vector<CaseFile>& files) {
   std::vector<OutputFile> outs;
   if (!OpenAll(work.platform, names, kOutputNotOpen, outs)) return false;
   for (std::size_t i = 0; i < files.size(); ++i) WriteOutput(outs[i], files[i].text);
-  if (!CloseAll(console, outs)) return false;
-  for (const CaseFile& file : files) Say(console, "{} {}", file.done, file.name);
-  return true;
+  return CloseAll(console, outs, [&](std::size_t i) { Say(console, "{} {}", files[i].done, files[i].name); });
 }
 
 }  // namespace

@@ -168,12 +168,10 @@ bool OpenOne(const Platform& platform, ArmDirection direction, ArmFile kind, con
 
 // Behind one that can't be written the others stay as they were.
 bool CloseFiles(const Platform& platform, const RightingArmRequest& request, RightingArmOutputs& outputs) {
-  if (!CloseAll(platform.console, outputs.file)) return false;
-  for (std::size_t i = 0; i < kArmFiles; ++i) {
-    const std::string_view written = kFileTexts[i].written[request.direction - 1];
-    if (IsOpen(outputs.file[i]) && !written.empty()) Say(platform.console, "{}{}", written, outputs.file[i].name);
-  }
-  return true;
+  return CloseAll(platform.console, outputs.file, [&](std::size_t i) {
+    const std::string_view words = kFileTexts[i].written[request.direction - 1];
+    if (IsOpen(outputs.file[i]) && !words.empty()) Say(platform.console, "{}{}", words, outputs.file[i].name);
+  });
 }
 
 // ---- The work

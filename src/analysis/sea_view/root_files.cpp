@@ -27,9 +27,8 @@ bool OpenRootFiles(const Platform& platform, const CaseStore& case_store, std::s
 }
 
 bool CloseRootFiles(const Console& console, RootFiles& files) {
-  if (!CloseAll(console, files.out, kFileNotWritten)) return false;
-  for (std::size_t i = 0; i < files.out.size(); ++i) SayOf(console, files.rows[i].written, files.out[i].name);
-  return true;
+  const auto written = [&](std::size_t i) { SayOf(console, files.rows[i].written, files.out[i].name); };
+  return CloseAll(console, files.out, written, kFileNotWritten);
 }
 
 void DiscardRootFiles(RootFiles& files) {

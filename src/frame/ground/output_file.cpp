@@ -19,7 +19,6 @@ constexpr int kBesideNames = 1000;  // left over by runs that were killed, or in
 constexpr std::string_view kStandardOutput = "/dev/stdout";
 constexpr std::string_view kWasRead = "this run has read that file";
 constexpr std::string_view kDirectory = "Is a directory";
-constexpr std::string_view kNoMemory = "no memory";
 constexpr std::string_view kLeftOver = "its folder is full of files .zaview-*.part of runs that were killed";
 
 std::string BesideName(const std::string& target, int number) {
@@ -156,7 +155,7 @@ void WriteOutput(OutputFile& out, std::string_view text) {
   }
   if (out.failed) return;
   out.failed = !Guarded([&] { return out.pending += text, true; }, false);
-  if (out.failed) out.why = kNoMemory;
+  if (out.failed) out.why = kWhyNoMemory;
   if (out.how == OpenHow::replace && out.pending.size() >= kPendingBytes) Flush(out);
 }
 

@@ -17,6 +17,8 @@ inline constexpr std::string_view kOutputNotOpen = "ERROR opening output file: {
 inline constexpr std::string_view kOutputNotWritten = "ERROR writing output file: {}{}";
 inline constexpr std::string_view kFileNotWritten = "ERROR writing file {}{}";
 
+inline constexpr std::string_view kWhyNoMemory = "no memory";  // a reason
+
 enum class OpenHow : std::uint8_t { replace, append };
 
 struct OutputFileParts {

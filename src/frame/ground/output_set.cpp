@@ -30,9 +30,15 @@ bool AreDifferent(const Console& console, std::span<const OutputFile> files, std
   return true;
 }
 
-bool CloseAll(const Console& console, std::span<OutputFile> files, std::string_view not_written) {
-  for (OutputFile& out : files) {
-    if (out.platform == nullptr || CloseOutput(out)) continue;
+bool CloseAll(const Console& console, std::span<OutputFile> files, const std::function<void(std::size_t)>& written,
+              std::string_view not_written) {
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    OutputFile& out = files[i];
+    if (out.platform == nullptr) continue;
+    if (CloseOutput(out)) {
+      if (written) written(i);
+      continue;
+    }
     Say(console, fmt::runtime(not_written), out.name, Because(out.why));
     DiscardAll(files);
     return false;

@@ -2,6 +2,8 @@
 // others are discarded then.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,9 +20,10 @@ inline constexpr std::string_view kSameOutput = "ERROR - the analysis has two ou
                            std::vector<OutputFile>& files);
 // False: two of them are one file.
 [[nodiscard]] bool AreDifferent(const Console& console, std::span<const OutputFile> files, std::string_view same_name);
-// Files that were never opened are passed over. False: one could not be written; those ahead of it are there, those
-// behind it stay as they were.
+// Files that were never opened are passed over; written, if there is one, is told the place of each that is there now.
+// False: one could not be written; those behind it stay as they were.
 [[nodiscard]] bool CloseAll(const Console& console, std::span<OutputFile> files,
+                            const std::function<void(std::size_t)>& written = {},
                             std::string_view not_written = kOutputNotWritten);
 void DiscardAll(std::span<OutputFile> files);
 

@@ -231,7 +231,7 @@ bool EncodePicture(PictureFormat format, int width, int height, std::span<const 
   const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kSamples;
   if (rgb.size() < size || IsVector(format)) return false;
   const Rows rows{width, height, rgb.first(size)};
-  std::string_view fault = kPictureNoRoom;
+  std::string_view fault = kWhyNoMemory;
   const bool made = format == PictureFormat::png ? PutPng(rows, bytes) : PutGdImage(format, rows, bytes, fault);
   if (!made && why != nullptr) *why = fault;
   return made;

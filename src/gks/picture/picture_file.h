@@ -18,10 +18,9 @@ enum class PictureFormat : unsigned char { png, bmp, gif, svg, pdf };
   return format == PictureFormat::svg || format == PictureFormat::pdf;
 }
 
-inline constexpr std::string_view kPictureNoRoom = "no memory";
-
 // rgb: width x height x 3 bytes, bottom row first. bytes: the whole file. Pure: another thread may do it. False: memory
-// is out, or the format has no library here, which `why` tells.
+// is out, or the format has no library here, which `why` tells; or there
+// are fewer bytes than the size wants, or none are wanted (vectors).
 [[nodiscard]] bool EncodePicture(PictureFormat format, int width, int height, std::span<const unsigned char> rgb,
                                  std::string& bytes, std::string* why = nullptr);
 // The file appears when it is complete. False: it can't be written; `why` tells the reason.

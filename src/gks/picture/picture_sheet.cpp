@@ -9,6 +9,7 @@
 #include "base/grow.h"
 #include "base/message.h"
 #include "base/text.h"
+#include "frame/ground/output_file.h"
 #include "gks/picture/cairo_picture.h"
 #include "gks/picture/dump_names.h"
 #include "gks/picture/picture_file.h"
@@ -48,7 +49,7 @@ bool WriteRecordings(const Platform& platform, std::string_view name, const std:
   Say(platform.console, kWriting, FormatWord(format), file);
   if (!EncodeRecorded(format, {cells, columns}, bytes)) {
     const bool missing = format != PictureFormat::svg && !CanDrawRecorded();
-    Say(platform.console, kNotWritten, file, Because(missing ? kNoLibrary : kPictureNoRoom));
+    Say(platform.console, kNotWritten, file, Because(missing ? kNoLibrary : kWhyNoMemory));
     return false;
   }
   if (StorePicture(platform, file, bytes, &why)) return true;

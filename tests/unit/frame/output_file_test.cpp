@@ -102,6 +102,10 @@ TEST(OutputFile, LeftOverNamesAreTold) {
   EXPECT_FALSE(OpenOutput(platform, "/d/t", OpenHow::replace, out));
   EXPECT_EQ(out.why, "its folder is full of files .zaview-*.part of runs that were killed");
   EXPECT_EQ(fake.Bytes("/d/t"), "old");
+  fake.why = "Permission denied";
+  fake.refused = {"/d/t"};
+  EXPECT_FALSE(OpenOutput(platform, "/d/t", OpenHow::replace, out));
+  EXPECT_EQ(out.why, "Permission denied");
 }
 
 TEST(OutputFile, TwoOfOneFileAreTold) {

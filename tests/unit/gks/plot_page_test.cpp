@@ -1,6 +1,7 @@
 #include <cmath>
 #include <limits>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -139,10 +140,21 @@ TEST(PlotPage, NameOfTheYAxis) {
     }
 }
 
-TEST(PlotPage, HeightWithoutBounds) {  // comes back, whatever it draws
-  Plot plot;
-  dgCharHeight(plot.draw, 3e38F);
-  dgHeading(plot.draw, "HEAD", 10, 1);
+// Letters without bounds come to an end, and the next heading is as large as ever.
+TEST(PlotPage, HeightWithoutBounds) {
+  const auto heading = [](float height_before) {
+    Plot plot;
+    if (height_before > 0) {
+      dgCharHeight(plot.draw, height_before);
+      dgHeading(plot.draw, "HEAD", 10, 1);
+      GCLRWK(plot.draw.gks);
+    }
+    dgCharHeight(plot.draw, 0.2F);
+    dgHeading(plot.draw, "HEAD", 1, 1);
+    const Box box = plot.Lit();
+    return std::pair(box.width(), box.height());
+  };
+  EXPECT_EQ(heading(3e38F), heading(0));
 }
 
 // On a small window letters are larger than their lines are apart.
